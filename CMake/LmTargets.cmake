@@ -1,0 +1,46 @@
+# What every target of the project is compiled with.
+
+# Files name themselves by their place in the project (Source/Core/LmString.cpp), not by the machine's
+# folder: diagnostics print that name.
+add_library(LmCompileOptions INTERFACE)
+target_compile_features(LmCompileOptions INTERFACE cxx_std_17)
+target_compile_options(LmCompileOptions INTERFACE
+  "-fmacro-prefix-map=${CMAKE_CURRENT_SOURCE_DIR}/="
+  "-ffile-prefix-map=${CMAKE_CURRENT_SOURCE_DIR}/="
+  -fvisibility=hidden
+  -fvisibility-inlines-hidden
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+  # The platform's four-character codes ('cntl') are multi-character constants.
+  -Wno-multichar
+  # GCC 10 and later mention on PowerPC and i686 that an old ABI detail changed; nothing to act on.
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-psabi>)
+if(LM_WARNINGS_AS_ERRORS)
+  target_compile_options(LmCompileOptions INTERFACE -Werror)
+endif()
+if(LM_SANITIZE)
+  target_compile_options(LmCompileOptions INTERFACE
+    -fsanitize=${LM_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(LmCompileOptions INTERFACE -fsanitize=${LM_SANITIZE})
+endif()
+if(LM_COVERAGE)
+  target_compile_options(LmCompileOptions INTERFACE --coverage -fprofile-update=atomic)
+  target_link_options(LmCompileOptions INTERFACE --coverage)
+endif()
+
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+# lm_configure_target(<target>): the project's own compile options, kept out of what users inherit.
+function(lm_configure_target theTarget)
+  target_compile_features(${theTarget} PUBLIC cxx_std_17)
+  target_link_libraries(${theTarget} PRIVATE $<BUILD_INTERFACE:LmCompileOptions>)
+  set_target_properties(${theTarget} PROPERTIES CXX_EXTENSIONS OFF)
+endfunction()
+
+# lm_configure_library(<target>): an installed shared library with a versioned soname.
+function(lm_configure_library theTarget)
+  lm_configure_target(${theTarget})
+  set_target_properties(${theTarget} PROPERTIES
+    VERSION ${LmBindings_VERSION}
+    SOVERSION ${LmBindings_VERSION_MAJOR})
+endfunction()

@@ -1,0 +1,37 @@
+# The test framework is built from its sources, so that every flavour of the build (sanitizers, 32-bit,
+# big-endian) gets one of its own kind.
+set(LM_GOOGLETEST_SOURCE_DIR "/usr/src/googletest" CACHE PATH "Where the sources of GoogleTest are")
+if(NOT EXISTS "${LM_GOOGLETEST_SOURCE_DIR}/CMakeLists.txt")
+  message(FATAL_ERROR
+    "The sources of GoogleTest are not in ${LM_GOOGLETEST_SOURCE_DIR}. "
+    "Install the package googletest, or set LM_GOOGLETEST_SOURCE_DIR.")
+endif()
+set(INSTALL_GTEST OFF)
+set(BUILD_GMOCK ON)
+add_subdirectory("${LM_GOOGLETEST_SOURCE_DIR}" "${CMAKE_BINARY_DIR}/GoogleTest" EXCLUDE_FROM_ALL SYSTEM)
+if(LM_SANITIZE)
+  foreach(theLibrary gtest gtest_main gmock gmock_main)
+    target_compile_options(${theLibrary} PRIVATE -fsanitize=${LM_SANITIZE})
+  endforeach()
+endif()
+include(GoogleTest)
+
+# lm_add_test(<name> SOURCES <files> [LIBRARIES <targets>] [LABELS <labels>])
+#
+# Makes the test program <name>Tests; each of its cases is a ctest test called <name>.<Suite>.<Case>. The
+# environment that every test runs in is set here and nowhere else.
+function(lm_add_test theName)
+  cmake_parse_arguments(PARSE_ARGV 1 LM "" "" "SOURCES;LIBRARIES;LABELS")
+  set(theTarget ${theName}Tests)
+  add_executable(${theTarget} ${LM_SOURCES})
+  lm_configure_target(${theTarget})
+  target_link_libraries(${theTarget} PRIVATE ${LM_LIBRARIES} LmTestSupport GTest::gmock)
+  gtest_discover_tests(${theTarget}
+    TEST_PREFIX ${theName}.
+    DISCOVERY_MODE PRE_TEST
+    DISCOVERY_TIMEOUT 60
+    PROPERTIES
+      LABELS "${LM_LABELS}"
+      TIMEOUT 300
+      ENVIRONMENT "LM_PRESENTER=headless;LC_ALL=C.UTF-8;ASAN_OPTIONS=detect_leaks=1:allocator_may_return_null=1;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()

@@ -1,0 +1,100 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "StandardErrorCapture.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <regex>
+#include <unistd.h>
+
+namespace {
+
+const int kNoDescriptor = -1;
+int gCaptureFile = kNoDescriptor;
+int gSavedError = kNoDescriptor;
+
+int OpenCaptureFile()
+{
+    FILE* theFile = std::tmpfile();
+    if (theFile == nullptr) {
+        std::perror("tmpfile");
+        std::abort();
+    }
+    return fileno(theFile);
+}
+
+std::string ReadCaptureFile()
+{
+    std::string theText;
+    lseek(gCaptureFile, 0, SEEK_SET);
+    char theBuffer[4096];
+    ssize_t theCount = 0;
+    while ((theCount = read(gCaptureFile, theBuffer, sizeof theBuffer)) > 0) {
+        theText.append(theBuffer, static_cast<size_t>(theCount));
+    }
+    return theText;
+}
+
+void EmptyCaptureFile()
+{
+    if (ftruncate(gCaptureFile, 0) != 0) {
+        std::abort();
+    }
+    lseek(gCaptureFile, 0, SEEK_SET);
+}
+
+} // namespace
+
+void StandardErrorCapture::Begin()
+{
+    std::fflush(stderr);
+    if (gCaptureFile == kNoDescriptor) {
+        gCaptureFile = OpenCaptureFile();
+    }
+    EmptyCaptureFile();
+    gSavedError = dup(STDERR_FILENO);
+    dup2(gCaptureFile, STDERR_FILENO);
+}
+
+std::string StandardErrorCapture::End()
+{
+    std::string theRest = TakeText();
+    dup2(gSavedError, STDERR_FILENO);
+    close(gSavedError);
+    gSavedError = kNoDescriptor;
+    return theRest;
+}
+
+std::string StandardErrorCapture::TakeText()
+{
+    std::fflush(stderr);
+    std::string theText = ReadCaptureFile();
+    EmptyCaptureFile();
+    return theText;
+}
+
+Lines StandardErrorCapture::TakeLines()
+{
+    const std::string theText = TakeText();
+    Lines theLines;
+    size_t theStart = 0;
+    while (theStart < theText.size()) {
+        size_t theEnd = theText.find('\n', theStart);
+        if (theEnd == std::string::npos) {
+            theEnd = theText.size();
+        }
+        theLines.push_back(theText.substr(theStart, theEnd - theStart));
+        theStart = theEnd + 1;
+    }
+    return theLines;
+}
+
+Lines StandardErrorCapture::TakeDiagnostics()
+{
+    static const std::regex kPlace("^([A-Za-z/.]+), line [0-9]+: ");
+    Lines theLines = TakeLines();
+    for (std::string& theLine : theLines) {
+        theLine = std::regex_replace(theLine, kPlace, "$1, line #: ");
+    }
+    return theLines;
+}
