@@ -2,10 +2,14 @@
 
 #include "StandardErrorCapture.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <regex>
 #include <unistd.h>
+
+// Present in sanitized builds only: where the sanitizers write their reports.
+extern "C" void __sanitizer_set_report_fd(void* theDescriptor) __attribute__((weak));
 
 namespace {
 
@@ -43,6 +47,14 @@ void EmptyCaptureFile()
     lseek(gCaptureFile, 0, SEEK_SET);
 }
 
+// A sanitizer's report ends the program, and would be lost with the captured text.
+void KeepSanitizerReportsVisible()
+{
+    if (__sanitizer_set_report_fd != nullptr) {
+        __sanitizer_set_report_fd(reinterpret_cast<void*>(static_cast<intptr_t>(gSavedError)));
+    }
+}
+
 } // namespace
 
 void StandardErrorCapture::Begin()
@@ -53,6 +65,7 @@ void StandardErrorCapture::Begin()
     }
     EmptyCaptureFile();
     gSavedError = dup(STDERR_FILENO);
+    KeepSanitizerReportsVisible();
     dup2(gCaptureFile, STDERR_FILENO);
 }
 
@@ -61,7 +74,8 @@ std::string StandardErrorCapture::End()
     std::string theRest = TakeText();
     dup2(gSavedError, STDERR_FILENO);
     close(gSavedError);
-    gSavedError = kNoDescriptor;
+    gSavedError = STDERR_FILENO;
+    KeepSanitizerReportsVisible();
     return theRest;
 }
 
