@@ -1,0 +1,61 @@
+# What `cmake --install` puts in place: the headers, the shared libraries, the CMake package and the
+# pkg-config file.
+include(CMakePackageConfigHelpers)
+
+set(LM_INSTALLED_LIBRARIES LmBindings)
+if(NOT APPLE)
+  list(APPEND LM_INSTALLED_LIBRARIES LmCarbon LmCoreFoundation)
+else()
+  list(APPEND LM_INSTALLED_LIBRARIES LmSystemCarbon LmSystemCoreFoundation)
+endif()
+
+# Installed libraries stand side by side and find one another there, wherever the folder is moved.
+set_target_properties(${LM_INSTALLED_LIBRARIES} PROPERTIES INSTALL_RPATH "$<IF:$<PLATFORM_ID:Darwin>,@loader_path,$ORIGIN>")
+
+install(TARGETS ${LM_INSTALLED_LIBRARIES}
+  EXPORT LmBindingsTargets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+
+# The headers of the library lie in one folder, because they include one another by bare name.
+foreach(theFolder Core Transforms Bindings)
+  install(DIRECTORY "${PROJECT_SOURCE_DIR}/Source/${theFolder}/"
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/LmBindings
+    FILES_MATCHING PATTERN "*.h")
+endforeach()
+install(FILES "${PROJECT_SOURCE_DIR}/Source/LmBindings.h" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/LmBindings)
+if(NOT APPLE)
+  foreach(theFolder CoreFoundation CoreGraphics Carbon Presentation Simulation)
+    install(DIRECTORY "${PROJECT_SOURCE_DIR}/Platform/${theFolder}/Include/"
+      DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/LmPlatform
+      FILES_MATCHING PATTERN "*.h")
+  endforeach()
+endif()
+
+set(LM_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/LmBindings)
+install(EXPORT LmBindingsTargets NAMESPACE Lm:: DESTINATION ${LM_PACKAGE_DIR})
+configure_package_config_file(
+  "${CMAKE_CURRENT_LIST_DIR}/LmBindingsConfig.cmake.in"
+  "${PROJECT_BINARY_DIR}/LmBindingsConfig.cmake"
+  INSTALL_DESTINATION ${LM_PACKAGE_DIR}
+  NO_SET_AND_CHECK_MACRO)
+write_basic_package_version_file(
+  "${PROJECT_BINARY_DIR}/LmBindingsConfigVersion.cmake"
+  COMPATIBILITY SameMajorVersion)
+install(FILES
+  "${PROJECT_BINARY_DIR}/LmBindingsConfig.cmake"
+  "${PROJECT_BINARY_DIR}/LmBindingsConfigVersion.cmake"
+  DESTINATION ${LM_PACKAGE_DIR})
+
+# The pkg-config file names its folders relative to its own, so the installed tree can be moved.
+file(RELATIVE_PATH LM_PKGCONFIG_TO_PREFIX
+  "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
+if(APPLE)
+  set(LM_PKGCONFIG_CFLAGS "")
+  set(LM_PKGCONFIG_LIBS "-framework Carbon -framework CoreFoundation")
+else()
+  set(LM_PKGCONFIG_CFLAGS "-I\${includedir}/LmPlatform")
+  set(LM_PKGCONFIG_LIBS "-lLmCarbon -lLmCoreFoundation")
+endif()
+configure_file("${CMAKE_CURRENT_LIST_DIR}/lmbindings.pc.in" "${PROJECT_BINARY_DIR}/lmbindings.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/lmbindings.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
