@@ -1,0 +1,55 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef PresenterRegistry_h
+#define PresenterRegistry_h
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <Presentation/Presenter.h>
+#include <Presentation/PresenterEvents.h>
+
+namespace Host {
+
+using PresenterFactory = std::unique_ptr<Presenter> (*)();
+
+// Knows the presenters that the program is linked with and the one that is in use.
+//
+// The environment variable LM_PRESENTER chooses by name; "headless" is used when it is absent or empty.
+// The choice is made when something is shown for the first time. A name that is not known, or a presenter
+// that cannot start, ends the program with status 1 after one line on the standard error stream:
+//
+//     LM_PRESENTER: no presenter is called "qt"; there are: headless
+//
+// On purpose: another presenter is never taken instead. A person who asked for windows and sees none
+// should not have to guess why.
+class HOST_PUBLIC PresenterRegistry
+{
+public:
+    // Adds a presenter under a name, or replaces the one of that name. A library that brings a presenter
+    // calls this before anything is shown.
+    static void Register(const std::string& theName, PresenterFactory theFactory);
+
+    // The names that can be chosen, in alphabetical order.
+    static std::vector<std::string> Names();
+
+    // The presenter in use, started. The managers call this each time they have something to tell.
+    static Presenter& Current();
+
+    // The gate that the presenter in use reports to. Simulated people use it too.
+    static PresenterEvents& Events();
+
+    // Stops the presenter in use, if any, and starts theNext instead; everything is shown again. Returns
+    // false, and leaves the old one in use, when theNext is null or does not start.
+    static bool Use(std::unique_ptr<Presenter> theNext);
+
+    // Describes every window, control and menu to thePresenter, from back to front, and where the focus is.
+    static void ReplayLooks(Presenter& thePresenter);
+
+    PresenterRegistry() = delete;
+};
+
+} // namespace Host
+
+#endif

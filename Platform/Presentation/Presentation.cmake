@@ -1,0 +1,2 @@
+target_sources(LmCarbon PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/Source/Presenter.cpp)

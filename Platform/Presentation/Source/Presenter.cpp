@@ -1,0 +1,74 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include <Presentation/Presenter.h>
+
+#include <Presentation/PresenterEvents.h>
+
+namespace Host {
+
+namespace {
+
+constexpr int kMenuBarHeight = 22;
+
+// Bytes of the form 10xxxxxx continue a code point.
+int CountCodePoints(const std::string& theText)
+{
+    int theCount = 0;
+    for (const char theByte : theText) {
+        theCount += (static_cast<unsigned char>(theByte) & 0xC0u) != 0x80u ? 1 : 0;
+    }
+    return theCount;
+}
+
+} // namespace
+
+Presenter::~Presenter() = default;
+
+PresenterEvents::~PresenterEvents() = default;
+
+bool Presenter::Start(PresenterEvents&)
+{
+    return true;
+}
+
+void Presenter::Stop() {}
+
+std::vector<ScreenLook> Presenter::Screens() const
+{
+    const PixelRect theBounds{0, 0, 1024, 768};
+    PixelRect theAvailable = theBounds;
+    theAvailable.theTop = kMenuBarHeight;
+    return {{theBounds, theAvailable}};
+}
+
+PixelSize Presenter::MeasureText(const std::string& theText, TextStyle theStyle) const
+{
+    const PixelSize theCell = theStyle == TextStyle::kSmall ? PixelSize{6, 13} : PixelSize{7, 16};
+    return {theCell.theWidth * CountCodePoints(theText), theCell.theHeight};
+}
+
+void Presenter::WindowLooks(const WindowLook&) {}
+
+void Presenter::WindowGone(ObjectId) {}
+
+void Presenter::ControlLooks(const ControlLook&) {}
+
+void Presenter::ControlGone(ObjectId) {}
+
+void Presenter::MenuBarLooks(const MenuBarLook&) {}
+
+void Presenter::FocusIsAt(ObjectId, ObjectId) {}
+
+MenuChoice Presenter::RunPopUp(const PopUpLook&)
+{
+    return {};
+}
+
+bool Presenter::WaitUntil(double, double)
+{
+    return false;
+}
+
+void Presenter::Wake() {}
+
+} // namespace Host
