@@ -1,0 +1,68 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef Internal_Controls_h
+#define Internal_Controls_h
+
+#include "HandleTable.h"
+
+#include <Carbon/Carbon.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Host {
+
+class Control;
+class Window;
+using SharedControl = std::shared_ptr<Control>;
+using SharedWindow = std::shared_ptr<Window>;
+
+// The control behind a reference, or null for null, disposed and foreign references.
+SharedControl FindControl(ControlRef theReference);
+SharedControl FindControl(ObjectIdentifier theIdentifier);
+
+// Bounds of a control in its window's content (0, 0 is the content's top left), whatever coordinates the
+// application uses for it.
+Rect BoundsInWindow(const SharedControl& theControl);
+
+// The control that a press at a point of the window's content reaches: the frontmost, deepest visible one.
+// Disabled ones are found too, since they cover what is behind them. Null when there is none.
+SharedControl ControlAt(const SharedWindow& theWindow, Point theContentPoint);
+
+// A point of the window's content where a press starts to track thePart (an indicator stands where its value
+// puts it). False when the control has no such part.
+bool PointOfPart(const SharedControl& theControl, ControlPartCode thePart, Point* thePoint);
+
+// Where the indicator of a slider or scroll bar would stand for a value. False for other controls.
+bool PointOfValue(const SharedControl& theControl, SInt32 theValue, Point* thePoint);
+
+// A person's actions on controls. Mouse and key events that no handler consumed end in the first three; they
+// are called by the default handling of those events, not by the gate.
+
+// Starts, follows and ends the tracking of one control: hilite, indicator and action procedure while the
+// button is down; the new value, kEventControlHit and the command when it comes up inside the control.
+void BeginTracking(const SharedControl& theControl, Point theContentPoint, UInt32 theModifiers,
+    UInt32 theClickCount);
+void ContinueTracking(Point theContentPoint);
+void EndTracking(Point theContentPoint, UInt32 theModifiers);
+
+// The control being tracked, or null.
+SharedControl TrackedControl();
+
+// While an indicator is tracked: puts it at an exact value, for ranges finer than the screen's points. A live
+// control takes the value at once, another one when the button comes up. False when nothing is tracked by its
+// indicator.
+bool DragIndicatorTo(SInt32 theValue);
+
+// A presenter's own text field was edited: theText is the whole new text, the selection in UTF-16 units. Goes
+// through the same events as typing. False when the control is not an edit text that takes input.
+bool TextEditedByPerson(const SharedControl& theControl, const std::u16string& theText, size_t theSelectionStart,
+    size_t theSelectionEnd);
+
+// Lets the Tab key and the focus reach every control that can be worked by keys, not only text fields. Off
+// at start, as the platform has it.
+void SetFullKeyboardAccess(bool theState);
+
+} // namespace Host
+
+#endif
