@@ -1,0 +1,120 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef MacTypes_h
+#define MacTypes_h
+
+// The base types that CoreFoundation and Carbon share.
+//
+// Widths never differ between hosts, except where a comment says so. UInt32 and SInt32 are the long types
+// where long has 32 bits, and the int types elsewhere: a printf format needs a cast to long.
+
+#include <stdbool.h>
+#include <stddef.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+typedef unsigned char UInt8;
+typedef signed char SInt8;
+typedef unsigned short UInt16;
+typedef signed short SInt16;
+#ifdef __LP64__
+typedef unsigned int UInt32;
+typedef signed int SInt32;
+#else
+typedef unsigned long UInt32;
+typedef signed long SInt32;
+#endif
+typedef unsigned long long UInt64;
+typedef signed long long SInt64;
+typedef float Float32;
+typedef double Float64;
+
+// A byte that is 0 or 1; not the bool of C++, so that it has one size everywhere.
+typedef unsigned char Boolean;
+
+typedef SInt16 OSErr;
+typedef SInt32 OSStatus;
+
+// Four characters, the first in the most significant byte: 'abcd'.
+typedef UInt32 FourCharCode;
+typedef FourCharCode OSType;
+typedef FourCharCode ResType;
+
+typedef UInt32 OptionBits;
+typedef unsigned long ByteCount;  // as wide as a pointer
+typedef unsigned long ByteOffset; // as wide as a pointer
+typedef unsigned long ItemCount;  // as wide as a pointer
+typedef long Size;                // as wide as a pointer
+
+typedef char* Ptr;
+typedef Ptr* Handle;
+
+// What an application hands to a call to get it back later.
+typedef void* PRefCon;
+#ifdef __LP64__
+typedef void* URefCon;
+typedef void* SRefCon;
+#else
+typedef UInt32 URefCon;
+typedef SInt32 SRefCon;
+#endif
+
+// Characters as UTF-16 and UTF-32 code units.
+typedef UInt16 UniChar;
+typedef UInt32 UTF32Char;
+typedef unsigned long UniCharCount; // as wide as a pointer
+
+// Pascal strings: the first byte is the length, the text follows, nothing ends it.
+typedef unsigned char Str255[256];
+typedef unsigned char Str63[64];
+typedef unsigned char Str31[32];
+typedef unsigned char Str15[16];
+typedef unsigned char* StringPtr;
+typedef const unsigned char* ConstStringPtr;
+typedef const unsigned char* ConstStr255Param;
+
+typedef short CharParameter;
+typedef unsigned char Style;
+
+enum
+{
+    noErr = 0,
+    kNilOptions = 0
+};
+
+#pragma pack(push, 2)
+
+// A place in whole pixels; the vertical coordinate comes first.
+struct Point
+{
+    short v;
+    short h;
+};
+typedef struct Point Point;
+
+// A rectangle in whole pixels; right and bottom lie outside.
+struct Rect
+{
+    short top;
+    short left;
+    short bottom;
+    short right;
+};
+typedef struct Rect Rect;
+
+struct ProcessSerialNumber
+{
+    UInt32 highLongOfPSN;
+    UInt32 lowLongOfPSN;
+};
+typedef struct ProcessSerialNumber ProcessSerialNumber;
+
+#pragma pack(pop)
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
