@@ -10,7 +10,11 @@ else()
 endif()
 
 # Installed libraries stand side by side and find one another there, wherever the folder is moved.
-set_target_properties(${LM_INSTALLED_LIBRARIES} PROPERTIES INSTALL_RPATH "$<IF:$<PLATFORM_ID:Darwin>,@loader_path,$ORIGIN>")
+if(APPLE)
+  set_target_properties(LmBindings PROPERTIES INSTALL_RPATH "@loader_path")
+else()
+  set_target_properties(${LM_INSTALLED_LIBRARIES} PROPERTIES INSTALL_RPATH "$ORIGIN")
+endif()
 
 install(TARGETS ${LM_INSTALLED_LIBRARIES}
   EXPORT LmBindingsTargets

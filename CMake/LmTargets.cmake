@@ -43,4 +43,9 @@ function(lm_configure_library theTarget)
   set_target_properties(${theTarget} PROPERTIES
     VERSION ${LmBindings_VERSION}
     SOVERSION ${LmBindings_VERSION_MAJOR})
+  if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    set(theMap "${LmBindings_SOURCE_DIR}/CMake/HideStandardLibrary.map")
+    target_link_options(${theTarget} PRIVATE "-Wl,--version-script=${theMap}")
+    set_property(TARGET ${theTarget} APPEND PROPERTY LINK_DEPENDS "${theMap}")
+  endif()
 endfunction()

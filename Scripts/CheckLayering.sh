@@ -1,0 +1,116 @@
+#!/usr/bin/env bash
+# LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+#
+# CheckLayering.sh <root of the project>: fails when a folder includes what its layer may not know, and
+# names each such line.
+#
+#   Examples -> Source -> Platform/Carbon -> Platform/CoreFoundation
+#
+# Source knows of its host only <CoreFoundation/CoreFoundation.h> and <Carbon/Carbon.h>, asks for no
+# system, and uses nothing of the standard library that Mac OS X 10.7 has no run time for. Platform knows
+# nothing of Source. What a presenter is told and reports back is said without Carbon and without Qt.
+set -u
+cd "$1" || exit 1
+
+kStandard='<[a-z_0-9]+>'
+gViolations=0
+
+# files <folder>...: the sources in those folders that are there.
+files()
+{
+    local theFolder
+    for theFolder in "$@"; do
+        [ -d "$theFolder" ] && find "$theFolder" -name '*.h' -o -name '*.cpp' -o -name '*.c'
+    done | sort
+}
+
+# lines <pattern> <file>...: prints each line of code that holds the pattern as "file:line:code"; comments
+# do not count.
+lines()
+{
+    local thePattern=$1 theFile
+    shift
+    for theFile in "$@"; do
+        sed -E 's,//.*,,' "$theFile" | grep -nE "$thePattern" | sed "s|^|$theFile:|"
+    done
+}
+
+# includes <folder>...: prints what the files there include, as "file:line:<name>" or 'file:line:"name"'.
+includes()
+{
+    local theFiles
+    mapfile -t theFiles < <(files "$@")
+    lines '^[[:space:]]*#[[:space:]]*include' "${theFiles[@]}" |
+        sed -E 's/#[[:space:]]*include[[:space:]]*//; s/[[:space:]]+//g'
+}
+
+# without <pattern>: leaves out what is included under a name that matches the whole pattern.
+without()
+{
+    grep -Ev ":[0-9]+:($1)\$"
+}
+
+# without_headers_of <folder>: leaves out the bare names ("Name.h") of headers in that folder.
+without_headers_of()
+{
+    local theNames
+    theNames=$(files "$1" | sed -nE 's,.*/([A-Za-z]+)\.h$,\1,p' | sort -u | paste -sd '|')
+    without "\"(${theNames:-none})\\.h\""
+}
+
+# report <rule>: reads the lines that break it.
+report()
+{
+    local theLine
+    while IFS= read -r theLine; do
+        echo "$theLine  -- $1"
+        gViolations=$((gViolations + 1))
+    done
+}
+
+mapfile -t theSourceFiles < <(files Source)
+
+report "Source includes only its own headers by bare name, the standard library and the two interfaces" < <(
+    includes Source |
+        without '<CoreFoundation/CoreFoundation\.h>|<Carbon/Carbon\.h>' |
+        without "$kStandard" |
+        without_headers_of Source
+)
+report "Source asks for no system" < <(
+    lines '^[[:space:]]*#[[:space:]]*(if|ifdef|ifndef|elif)\>.*(linux|unix|APPLE|MACH|WIN32|GLIBC|GNU_LIBRARY|TARGET_)' \
+        "${theSourceFiles[@]}"
+)
+report "Mac OS X 10.7 has no run time for it" < <(
+    includes Source | grep -E '<(any|filesystem|shared_mutex|charconv)>'
+    lines '\.value\(\)|std::get<|\bany_cast\b' "${theSourceFiles[@]}"
+)
+report "Source throws nothing" < <(
+    lines '\bthrow\b' "${theSourceFiles[@]}"
+)
+report "Platform knows nothing of Source" < <(
+    includes Platform | grep -E '[<"/]Lm[A-Za-z]*\.h[>"]|Source/(Core|Transforms|Bindings)/'
+)
+report "CoreFoundation stands below Carbon" < <(
+    includes Platform/CoreFoundation Platform/CoreGraphics |
+        grep -E '[<"/](Carbon|Presentation|Simulation)/'
+)
+report "The presenter interface is said in the standard library's types alone" < <(
+    includes Platform/Presentation/Include | without "$kStandard" | without '[<"]Presentation/[A-Za-z]+\.h[>"]'
+)
+report "Qt stays in its own presenter" < <(
+    includes Source Platform Examples | grep -E '[<"]Q[A-Za-z]' | grep -v '^Platform/Presentation/Qt/'
+)
+report "Examples use public headers alone" < <(
+    includes Examples |
+        without "$kStandard" |
+        without '<(CoreFoundation|CoreGraphics|Carbon|Presentation|Simulation)/[A-Za-z]+\.h>' |
+        without_headers_of Source |
+        without_headers_of Examples
+)
+
+if [ "${#theSourceFiles[@]}" -eq 0 ]; then
+    echo "There is nothing in Source." >&2
+    exit 1
+fi
+echo "$gViolations lines break a rule"
+[ "$gViolations" -eq 0 ]

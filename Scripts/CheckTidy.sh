@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+#
+# CheckTidy.sh <build folder>: runs clang-tidy over every file that the build compiles. The build must have
+# been configured with CMAKE_EXPORT_COMPILE_COMMANDS.
+set -eu
+cd "$(dirname "$0")/.."
+theBuild=$1
+# Only the project's own files: the build also compiles the test framework.
+mapfile -t theFiles < <(
+    sed -n "s|^ *\"file\": \"$PWD/\(.*\.cpp\)\",\{0,1\}\$|\1|p" "$theBuild/compile_commands.json" |
+        grep -E '^(Source|Platform|Examples|Tests|Benchmarks)/' | sort -u
+)
+if [ "${#theFiles[@]}" -eq 0 ]; then
+    echo "$theBuild names no file of the project" >&2
+    exit 1
+fi
+# GCC and clang know different warnings by name; those that clang does not know are no finding.
+printf '%s\n' "${theFiles[@]}" |
+    xargs -P "$(nproc)" -n 1 clang-tidy-14 --quiet -p "$theBuild" --extra-arg=-Wno-unknown-warning-option
+echo "${#theFiles[@]} files"
