@@ -48,6 +48,9 @@ typedef unsigned long ByteOffset; // as wide as a pointer
 typedef unsigned long ItemCount;  // as wide as a pointer
 typedef long Size;                // as wide as a pointer
 
+// 16 bits before the binary point and 16 after it.
+typedef SInt32 Fixed;
+
 typedef char* Ptr;
 typedef Ptr* Handle;
 
@@ -63,6 +66,7 @@ typedef SInt32 SRefCon;
 
 // Characters as UTF-16 and UTF-32 code units.
 typedef UInt16 UniChar;
+typedef UniChar* UniCharPtr;
 typedef UInt32 UTF32Char;
 typedef unsigned long UniCharCount; // as wide as a pointer
 
@@ -75,43 +79,11 @@ typedef unsigned char* StringPtr;
 typedef const unsigned char* ConstStringPtr;
 typedef const unsigned char* ConstStr255Param;
 
-typedef short CharParameter;
-typedef unsigned char Style;
-
 enum
 {
     noErr = 0,
     kNilOptions = 0
 };
-
-#pragma pack(push, 2)
-
-// A place in whole pixels; the vertical coordinate comes first.
-struct Point
-{
-    short v;
-    short h;
-};
-typedef struct Point Point;
-
-// A rectangle in whole pixels; right and bottom lie outside.
-struct Rect
-{
-    short top;
-    short left;
-    short bottom;
-    short right;
-};
-typedef struct Rect Rect;
-
-struct ProcessSerialNumber
-{
-    UInt32 highLongOfPSN;
-    UInt32 lowLongOfPSN;
-};
-typedef struct ProcessSerialNumber ProcessSerialNumber;
-
-#pragma pack(pop)
 
 #ifdef __cplusplus
 }
