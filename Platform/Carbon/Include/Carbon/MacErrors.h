@@ -1,0 +1,91 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+// The statuses that the managers answer with. Zero, noErr, is success.
+
+#ifndef MacErrors_h
+#define MacErrors_h
+
+#include <Carbon/CarbonBase.h>
+
+// General
+enum
+{
+    paramErr = -50,
+    memFullErr = -108,
+    unimpErr = -4,
+    userCanceledErr = -128,
+    resNotFound = -192
+};
+
+// Carbon Event Manager
+enum
+{
+    eventAlreadyPostedErr = -9860,
+    eventTargetBusyErr = -9861,
+    eventHandlerAlreadyInstalledErr = -9866,
+    eventInternalErr = -9868,
+    eventParameterNotFoundErr = -9870,
+    eventNotHandledErr = -9874,
+    eventLoopTimedOutErr = -9875,
+    eventLoopQuitErr = -9876,
+    eventNotInQueueErr = -9877,
+    eventPassToNextTargetErr = -9880
+};
+
+// Control Manager
+enum
+{
+    errMessageNotSupported = -30580,
+    errDataNotSupported = -30581,
+    errControlDoesntSupportFocus = -30582,
+    errUnknownControl = -30584,
+    errCouldntSetFocus = -30585,
+    errNoRootControl = -30586,
+    errRootAlreadyExists = -30587,
+    errInvalidPartCode = -30588,
+    errControlsAlreadyExist = -30589,
+    errControlIsNotEmbedder = -30590,
+    errDataSizeMismatch = -30591,
+    errControlHiddenOrDisabled = -30592,
+    errCantEmbedIntoSelf = -30594,
+    errCantEmbedRoot = -30595,
+    errNeedsCompositedWindow = -30598,
+    controlPropertyInvalid = -5603,
+    controlPropertyNotFoundErr = -5604,
+    controlHandleInvalidErr = -30599
+};
+
+// Menu Manager
+enum
+{
+    menuPropertyInvalidErr = -5603,
+    menuPropertyNotFoundErr = -5604,
+    menuNotFoundErr = -5620,
+    menuUsesSystemDefErr = -5621,
+    menuItemNotFoundErr = -5622,
+    menuInvalidErr = -5623
+};
+
+// Window Manager
+enum
+{
+    errInvalidWindowPtr = -5600,
+    errInvalidWindowRef = -5600,
+    errUnsupportedWindowAttributesForClass = -5601,
+    errInvalidWindowProperty = -5603,
+    errWindowPropertyNotFound = -5604,
+    errUnrecognizedWindowClass = -5605,
+    errWindowNotFound = -5610,
+    errWindowDoesNotFitOnscreen = -5611,
+    windowAttributeImmutableErr = -5612,
+    windowAttributesConflictErr = -5613,
+    windowManagerInternalErr = -5614,
+    windowWrongStateErr = -5615,
+    windowGroupInvalidErr = -5616,
+    windowAppModalStateAlreadyExistsErr = -5617,
+    windowNoAppModalStateErr = -5618,
+    errWindowDoesntSupportFocus = -30583,
+    errWindowRegionCodeInvalid = -30593
+};
+
+#endif
