@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+#
+# CountInstructions.sh <build folder>: prints how many instructions one step of each scenario takes. Counted
+# by callgrind, so the figures do not depend on what else the machine does.
+set -eu
+kProbe=$1/Benchmarks/InstructionProbe
+
+# instructions <argument>...: what one run of the probe takes, all in all.
+instructions()
+{
+    valgrind --tool=callgrind --callgrind-out-file=/dev/null "$kProbe" "$@" 2>&1 |
+        sed -nE 's/.*Collected : ([0-9]+).*/\1/p'
+}
+
+# row <title> <scenario> <steps> [<size> [<observers>]]
+row()
+{
+    local theTitle=$1 theScenario=$2 theSteps=$3 theFew theMany
+    shift 3
+    theFew=$(instructions "$theScenario" "$theSteps" "$@")
+    theMany=$(instructions "$theScenario" $((2 * theSteps)) "$@")
+    printf '| %s | %d |\n' "$theTitle" $(((theMany - theFew) / theSteps))
+}
+
+echo '| one step | instructions |'
+echo '|---|---:|'
+for theObservers in 0 1 10; do
+    for theKeys in 10 1000 100000; do
+        row "set a key, $theKeys keys, $theObservers observers" set 1000 "$theKeys" "$theObservers"
+    done
+done
+row 'one hop, one way' one-way 1000
+row 'one hop, two ways' two-way 1000
+row 'a chain of 10' chain 100 10
+row 'a chain of 100' chain 100 100
+row 'a fan-out of 100' fan-out 20 100
+row 'a fan-out of 1000' fan-out 20 1000
+row 'bind and unbind 1000 pairs' pairs 2 1000
+row 'bind and unbind 10000 pairs' pairs 2 10000

@@ -1,0 +1,59 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+// InstructionProbe <scenario> <steps> [<size> [<observers>]]: runs one scenario that many times.
+//
+// CountInstructions.sh runs this under callgrind twice, with different numbers of steps: the difference is
+// what the steps cost, without the program's start and the scenario's preparation.
+
+#include "Scenarios.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+template <typename Scenario>
+int Run(Scenario&& theScenario, long theSteps)
+{
+    for (long theStep = 0; theStep < theSteps; ++theStep) {
+        theScenario.Step();
+    }
+    return theScenario.IsRight() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+std::size_t Size(int theCount, char** theArguments, int theIndex)
+{
+    return theIndex < theCount ? std::strtoul(theArguments[theIndex], nullptr, 10) : 0;
+}
+
+} // namespace
+
+int main(int theCount, char** theArguments)
+{
+    if (theCount < 3) {
+        std::fprintf(stderr, "usage: InstructionProbe set|one-way|two-way|chain|fan-out|pairs <steps> "
+                             "[<size> [<observers>]]\n");
+        return EXIT_FAILURE;
+    }
+    const char* theName = theArguments[1];
+    const long theSteps = std::strtol(theArguments[2], nullptr, 10);
+    const std::size_t theSize = Size(theCount, theArguments, 3);
+    if (std::strcmp(theName, "set") == 0) {
+        return Run(SetKeyScenario(theSize, Size(theCount, theArguments, 4)), theSteps);
+    }
+    if (std::strcmp(theName, "one-way") == 0 || std::strcmp(theName, "two-way") == 0) {
+        return Run(HopScenario(std::strcmp(theName, "two-way") == 0), theSteps);
+    }
+    if (std::strcmp(theName, "chain") == 0) {
+        return Run(ChainScenario(theSize), theSteps);
+    }
+    if (std::strcmp(theName, "fan-out") == 0) {
+        return Run(FanOutScenario(theSize), theSteps);
+    }
+    if (std::strcmp(theName, "pairs") == 0) {
+        return Run(PairsScenario(theSize), theSteps);
+    }
+    std::fprintf(stderr, "There is no scenario %s\n", theName);
+    return EXIT_FAILURE;
+}

@@ -1,0 +1,72 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+// The scenarios under Google Benchmark.
+
+#include "Scenarios.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+template <typename Scenario>
+void Measure(benchmark::State& theState, Scenario& theScenario)
+{
+    for ([[maybe_unused]] auto theRound : theState) {
+        theScenario.Step();
+    }
+    if (!theScenario.IsRight()) {
+        std::fprintf(stderr, "The measured work was not done.\n");
+        std::exit(1);
+    }
+}
+
+std::size_t Argument(const benchmark::State& theState, std::size_t theIndex = 0)
+{
+    return static_cast<std::size_t>(theState.range(theIndex));
+}
+
+void SettingAKey(benchmark::State& theState)
+{
+    SetKeyScenario theScenario(Argument(theState, 0), Argument(theState, 1));
+    Measure(theState, theScenario);
+}
+BENCHMARK(SettingAKey)->ArgNames({"keys", "observers"})->ArgsProduct({{10, 1000, 100000}, {0, 1, 10}});
+
+void OneHopOneWay(benchmark::State& theState)
+{
+    HopScenario theScenario(false);
+    Measure(theState, theScenario);
+}
+BENCHMARK(OneHopOneWay);
+
+void OneHopTwoWay(benchmark::State& theState)
+{
+    HopScenario theScenario(true);
+    Measure(theState, theScenario);
+}
+BENCHMARK(OneHopTwoWay);
+
+void Chain(benchmark::State& theState)
+{
+    ChainScenario theScenario(Argument(theState));
+    Measure(theState, theScenario);
+}
+BENCHMARK(Chain)->ArgName("length")->Arg(10)->Arg(100);
+
+void FanOut(benchmark::State& theState)
+{
+    FanOutScenario theScenario(Argument(theState));
+    Measure(theState, theScenario);
+}
+BENCHMARK(FanOut)->ArgName("width")->Arg(100)->Arg(1000);
+
+void BindingAndUnbinding(benchmark::State& theState)
+{
+    PairsScenario theScenario(Argument(theState));
+    Measure(theState, theScenario);
+}
+BENCHMARK(BindingAndUnbinding)->ArgName("pairs")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,65 @@
+#!/usr/bin/env bash
+# LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+#
+# CheckPackage.sh <build folder> <work folder>: installs the build, moves the installed tree elsewhere, and
+# builds and runs a foreign project with it by find_package and by pkg-config, and with the sources by
+# add_subdirectory. Every installed header must compile alone.
+set -eu
+cd "$(dirname "$0")/../.."
+theBuild=$1
+theWork=$PWD/$2
+kForeign=Tests/Package/Foreign
+# Four-character codes are a habit of the platform that compilers warn of.
+kWarnings="-Wall -Wextra -Wno-multichar -Werror"
+kExpected=$'volume 11\nqueue there\ngreeting 12'
+
+# expect_run <how> <program>
+expect_run()
+{
+    local theOutput
+    theOutput=$("$2")
+    if [ "$theOutput" != "$kExpected" ]; then
+        echo "$1: the program printed: $theOutput"
+        exit 1
+    fi
+    echo "$1: built and run"
+}
+
+# cmake_project <name> <option>...: configures and builds the foreign project.
+cmake_project()
+{
+    local theName=$1
+    shift
+    cmake -S "$kForeign" -B "$theWork/$theName" -G Ninja \
+        -DCMAKE_C_FLAGS="$kWarnings" -DCMAKE_CXX_FLAGS="$kWarnings" "$@"
+    cmake --build "$theWork/$theName"
+    expect_run "$theName" "$theWork/$theName/Foreign"
+}
+
+rm -rf "$theWork"
+mkdir -p "$theWork"
+cmake --install "$theBuild" --prefix "$theWork/first"
+mv "$theWork/first" "$theWork/installed"
+theLibraries=$(dirname "$(find "$theWork/installed" -name 'libLmBindings.so')")
+
+cmake_project find_package -DCMAKE_PREFIX_PATH="$theWork/installed"
+cmake_project add_subdirectory -DLM_SOURCE_DIR="$PWD"
+
+export PKG_CONFIG_PATH=$theLibraries/pkgconfig
+# What pkg-config prints is a list of words.
+# shellcheck disable=SC2046,SC2086
+{
+    mkdir "$theWork/pkg-config"
+    gcc $kWarnings -c "$kForeign/PlainC.c" -o "$theWork/pkg-config/PlainC.o" $(pkg-config --cflags lmbindings)
+    g++ -std=c++17 $kWarnings "$kForeign/Main.cpp" "$theWork/pkg-config/PlainC.o" \
+        -o "$theWork/pkg-config/Foreign" $(pkg-config --cflags --libs lmbindings) -Wl,-rpath,"$theLibraries"
+    expect_run pkg-config "$theWork/pkg-config/Foreign"
+
+    theCount=0
+    while IFS= read -r theHeader; do
+        g++ -std=c++17 -fsyntax-only $kWarnings $(pkg-config --cflags lmbindings) -include "$theHeader" -x c++ /dev/null
+        theCount=$((theCount + 1))
+    done < <(find "$theWork/installed" -name '*.h')
+    [ "$theCount" -gt 0 ]
+    echo "$theCount headers compile alone"
+}
