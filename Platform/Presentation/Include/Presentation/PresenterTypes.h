@@ -275,6 +275,9 @@ struct WheelAction
     std::uint32_t theModifiers = kNoModifiers;
 };
 
+// The key code of text that no single key of the keyboard types.
+constexpr std::uint32_t kNoKeyPosition = 0xFF;
+
 struct KeyAction
 {
     std::uint32_t theKey = 0; // position of the key on the keyboard: a virtual key code, 36 is Return
@@ -294,7 +297,6 @@ struct ControlDrag
     ObjectId theControl = kNoObject;
     DragPhase thePhase = DragPhase::kBegan;
     std::int32_t theValue = 0; // where the indicator is now
-    PixelPoint thePlace;       // global: where the pointer is now
     std::uint32_t theModifiers = kNoModifiers;
 };
 
