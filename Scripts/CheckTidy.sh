@@ -1,15 +1,18 @@
 #!/usr/bin/env bash
 # LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 #
-# CheckTidy.sh <build folder>: runs clang-tidy over every file that the build compiles. The build must have
-# been configured with CMAKE_EXPORT_COMPILE_COMMANDS.
+# CheckTidy.sh <build folder> [<beginning of a path>...]: runs clang-tidy over the files that the build
+# compiles, all of them or those in the named places. The build must have been configured with
+# CMAKE_EXPORT_COMPILE_COMMANDS.
 set -eu
 cd "$(dirname "$0")/.."
 theBuild=$1
+shift
+thePlaces=${*:-Source/ Platform/ Examples/ Tests/ Benchmarks/}
 # Only the project's own files: the build also compiles the test framework.
 mapfile -t theFiles < <(
     sed -n "s|^ *\"file\": \"$PWD/\(.*\.cpp\)\",\{0,1\}\$|\1|p" "$theBuild/compile_commands.json" |
-        grep -E '^(Source|Platform|Examples|Tests|Benchmarks)/' | sort -u
+        grep -E "^(${thePlaces// /|})" | sort -u
 )
 if [ "${#theFiles[@]}" -eq 0 ]; then
     echo "$theBuild names no file of the project" >&2
