@@ -94,6 +94,7 @@ public:
     LmValue(const CGPoint& thePoint);
     LmValue(const CGSize& theSize);
     LmValue(const CGRect& theRect);
+    // NOLINTEND(google-explicit-constructor)
 
     // An independent copy: blocks are copied, a string is shared and retained once more.
     LmValue(const LmValue& theValue)
@@ -283,10 +284,11 @@ private:
     void CopyOwnedPayload(const LmValue& theValue);
     void ReleasePayload();
     bool IsEqual(const LmValue& theValue) const;
-    bool HasEqualPayload(const LmValue& theValue) const;
-    void* GetBlock() const;
-    void SetBlock(ValueType theType, const void* theBytes);
-    void ReadBlock(void* theBytes, std::size_t theSize) const;
+    void* GetBlock() const { return reinterpret_cast<void*>(mValue); }
+    template <typename Payload>
+    void SetBlock(ValueType theType, const Payload& thePayload);
+    template <typename Payload>
+    Payload ReadBlock() const;
 
     ValueType mType;       // the kind
     std::uintptr_t mValue; // the value itself, the string, or the address of the block; 0 when invalid

@@ -1,0 +1,19 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef LmBindings_h
+#define LmBindings_h
+
+// All of the library's interface.
+
+#include "LmDebugObject.h"
+#include "LmExport.h"
+#include "LmKeyValueBinding.h"
+#include "LmKeyValueObserver.h"
+#include "LmKeyValueStore.h"
+#include "LmMetaTransforms.h"
+#include "LmString.h"
+#include "LmValue.h"
+#include "LmValueTransform.h"
+#include "LmVersion.h"
+
+#endif
