@@ -69,7 +69,7 @@ public:
     LmKeyValueBinding();
 
     // Removes all bindings of this object, then its observers, then its observations.
-    virtual ~LmKeyValueBinding();
+    ~LmKeyValueBinding() override;
 
     // ---- The virtual functions, in this order
 
@@ -156,6 +156,14 @@ protected:
                        const LmString& bindKey, LmKeyValueBinding* boundTo);
 
 private:
+    void Link(const LmString& bindKey, bool twoWay, LmKeyValueBinding* boundTo, const LmString& boundKey,
+              LmValueTransform* transform, LmValueTransform* reverseTransform);
+    void WithdrawBinding(const LmString& bindKey, bool isNewEntry);
+    bool ObserveOnce(const LmString& theKey, LmKeyValueObserver* theObserver);
+    bool HasEntry(const LmString& bindKey) const;
+    void RemoveEntry(BindingMap::iterator theEntry);
+    void UpdateKey(const LmString& theKey, const BindingInfo& theInfo);
+
     BindingMap mBindings; // the records by own key, in the order of binding; entries are erased by Unbind
                           // with a null object
 };

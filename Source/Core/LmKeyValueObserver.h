@@ -58,9 +58,9 @@ struct LmObservedKey
 // The base of everything that watches keys. A derived class overrides ValueChanging, ValueChanged or both.
 //
 // Observers are called from a copy of the store's list. While being told, an observer may set keys of any
-// store and add or remove observations, its own included; that takes effect from the next notification on, so
-// an observer whose observation ends during a pass is still told in that pass. On no account may an
-// observer be destroyed during a notification that includes it.
+// store and add or remove observations, its own included; that takes effect from the next notification on,
+// so an observer whose observation ends during a pass is still told in that pass. Only one that is destroyed
+// is not; an observer may be destroyed at any time, even by itself while it is being told.
 //
 // Order of destruction: the derived class first, then every observation ends (see StopObserving). Nothing
 // is told to an observer that is being destroyed, but the trace shows its base description only.
@@ -75,7 +75,7 @@ public:
     LmKeyValueObserver();
 
     // Ends all observations as StopObserving does.
-    virtual ~LmKeyValueObserver();
+    ~LmKeyValueObserver() override;
 
     LmKeyValueObserver(const LmKeyValueObserver&) = delete;
     LmKeyValueObserver& operator=(const LmKeyValueObserver&) = delete;

@@ -37,8 +37,8 @@
 //   made. A value whose own block could not be allocated is not an error: it is invalid.
 // - Observers are not owned, and a null observer is not supported. Either side may be destroyed first.
 // - Observers are called from copies of the lists. They may set keys, add and remove observers, make and
-//   break dependencies; that takes effect from the next pass on. They may even destroy the store, which ends
-//   the pass and the call. Nobody may destroy an observer that the pass includes.
+//   break dependencies; that takes effect from the next pass on. They may even destroy an observer, which
+//   is then not told any more, or the store, which ends the pass and the call.
 // - A call costs at most a few map look-ups, logarithmic in the number of keys, besides what it says.
 //
 // Not here: keeping two keys in step (LmKeyValueBinding), and the observer's side (LmKeyValueObserver).
@@ -80,7 +80,7 @@ public:
     LmKeyValueStore();
 
     // Unregisters all observers; afterwards none of them has a record of this store.
-    virtual ~LmKeyValueStore();
+    ~LmKeyValueStore() override;
 
     LmKeyValueStore(const LmKeyValueStore&) = delete;
     LmKeyValueStore& operator=(const LmKeyValueStore&) = delete;
@@ -212,6 +212,7 @@ public:
 private:
     const LmKeyState* FindKeyState(const LmString& theKeyName) const;
     void CallObservers(const LmString& theKeyName, const LmKeyState& theState, bool hasChanged);
+    void Tell(LmKeyValueObserver& theObserver, const LmString& theKeyName, bool hasChanged);
 
     std::map<LmString, LmKeyState> mKeyStates; // observers and dependents by key; entries are never erased
     std::map<LmString, LmValue> mValues;       // the values by key; entries are never erased

@@ -1,0 +1,240 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "LmKeyValueBinding.h"
+
+#include "LmDiagnostics.h"
+#include "LmRollback.h"
+#include "LmTrace.h"
+#include "LmValueTransform.h"
+
+#include <algorithm>
+#include <Carbon/Carbon.h>
+#include <cstddef>
+
+// A transform that is bound belongs to the record that names it. The record is the one holder the binding
+// stands for: Link takes the caller's reference over by storing the record, and RemoveBinding gives it back.
+// The transform may die in there, and with it whatever its destructor takes along; nothing of it is touched
+// afterwards.
+
+namespace {
+
+// The value of a key as the transform, if there is one, hands it on.
+LmValue ReadThrough(const LmKeyValueStore& theStore, const LmString& theKey, LmValueTransform* transform)
+{
+    LmValue theValue = theStore.GetKeyPathValue(theKey);
+    if (transform != nullptr) {
+        theValue = transform->Apply(theValue);
+    }
+    return theValue;
+}
+
+} // namespace
+
+LmKeyValueBinding::LmKeyValueBinding() = default;
+
+LmKeyValueBinding::~LmKeyValueBinding()
+{
+    UnbindAll();
+}
+
+LmString LmKeyValueBinding::GetDebugInfo() const
+{
+    return LmString("[LmKeyValueBinding ") + LmKeyValueStore::GetDebugInfo() + "]";
+}
+
+void LmKeyValueBinding::ValueChanged(const LmKeyValueStore* theStore, const LmString& theKeyName)
+{
+    for (const auto& theEntry : mBindings) {
+        for (const BindingInfo& theInfo : theEntry.second) {
+            // A binding object is the store that is its base, so this finds what casting theStore down would.
+            const LmKeyValueStore* theSource = theInfo.boundTo;
+            if (theInfo.boundKey == theKeyName && theSource == theStore) {
+                // On purpose: only the first record is served.
+                UpdateKey(theEntry.first, theInfo);
+                return;
+            }
+        }
+    }
+}
+
+bool LmKeyValueBinding::IsBindable(const LmString& theKeyName)
+{
+    return theKeyName != kKeyAnyValue;
+}
+
+OSStatus LmKeyValueBinding::Bind(const LmString& bindKey, LmKeyValueBinding* boundTo,
+                                 const LmString& boundKey, LmValueTransform* transform,
+                                 LmValueTransform* reverseTransform)
+{
+    if (!IsBindable(bindKey) || !boundTo->IsBindable(boundKey)) {
+        return paramErr;
+    }
+    return LM_CHECK_STATUS(CreateBinding(bindKey, true, boundTo, boundKey, transform, reverseTransform));
+}
+
+OSStatus LmKeyValueBinding::BindTo(const LmString& bindKey, LmKeyValueBinding* boundTo,
+                                   const LmString& boundKey, LmValueTransform* transform)
+{
+    // On purpose: bindKey need not be bindable, because nobody observes it through this binding.
+    if (!boundTo->IsBindable(boundKey)) {
+        return paramErr;
+    }
+    return LM_CHECK_STATUS(CreateBinding(bindKey, false, boundTo, boundKey, transform, nullptr));
+}
+
+OSStatus LmKeyValueBinding::Unbind(const LmString& boundKey, LmKeyValueBinding* boundTo)
+{
+    LM_ASSERT(boundKey.IsNotEmpty());
+    const auto theEntry = mBindings.find(boundKey);
+    if (theEntry == mBindings.end()) {
+        return paramErr;
+    }
+    if (boundTo == nullptr) {
+        RemoveEntry(theEntry);
+        return noErr;
+    }
+    BindingList& theRecords = theEntry->second;
+    const auto theRecord =
+        std::find_if(theRecords.begin(), theRecords.end(),
+                     [&](const BindingInfo& theInfo) { return theInfo.boundTo == boundTo; });
+    if (theRecord != theRecords.end()) {
+        RemoveBinding(theEntry, theRecord, boundKey, boundTo);
+    }
+    return noErr;
+}
+
+void LmKeyValueBinding::UnbindAll()
+{
+    while (!mBindings.empty()) {
+        // The key goes with its entry, which Unbind erases as the last thing it does.
+        LM_CHECK_STATUS(Unbind(mBindings.begin()->first, nullptr));
+    }
+}
+
+OSStatus LmKeyValueBinding::CreateBinding(const LmString& bindKey, bool twoWay, LmKeyValueBinding* boundTo,
+                                          const LmString& boundKey, LmValueTransform* transform,
+                                          LmValueTransform* reverseTransform)
+{
+    LM_ASSERT(bindKey.IsNotEmpty());
+    LM_ASSERT(boundKey.IsNotEmpty());
+    LM_ASSERT(boundTo != NULL); // NOLINT(modernize-use-nullptr): the text is fixed
+    Link(bindKey, twoWay, boundTo, boundKey, transform, reverseTransform);
+    const LmValue theValue = ReadThrough(*boundTo, boundKey, transform);
+    if (theValue.IsValid()) {
+        SetKeyPathValue(bindKey, theValue);
+    }
+    return noErr;
+}
+
+void LmKeyValueBinding::AddBinding(const LmString& bindKey, const BindingInfo& theInfo)
+{
+    LmTrace([&] {
+        LmKeyValueStore::LogString("Binding %s.%s to %s.%s", GetDebugInfo().GetUTF8(), bindKey.GetUTF8(),
+                                   theInfo.boundTo->GetDebugInfo().GetUTF8(), theInfo.boundKey.GetUTF8());
+    });
+    // The record is copied first: when there is no memory for it, no entry shall appear either.
+    BindingList theNewRecord(1, theInfo);
+    BindingList& theRecords = mBindings.try_emplace(bindKey).first->second;
+    theRecords.splice(theRecords.end(), theNewRecord);
+}
+
+void LmKeyValueBinding::RemoveBinding(BindingMap::iterator theEntry, BindingList::iterator theRecord,
+                                      const LmString& bindKey, LmKeyValueBinding* boundTo)
+{
+    LM_ASSERT(boundTo != NULL); // NOLINT(modernize-use-nullptr): the text is fixed
+    const LmTraceIndent theIndent;
+    LmTrace([&] {
+        LmKeyValueStore::LogString("Unbinding %s.%s from %s.%s", GetDebugInfo().GetUTF8(), bindKey.GetUTF8(),
+                                   boundTo->GetDebugInfo().GetUTF8(), theRecord->boundKey.GetUTF8());
+    });
+    // The record is out of everybody's reach from here on, and dies at the end: its key is still needed.
+    BindingList theRemoved;
+    theRemoved.splice(theRemoved.begin(), theEntry->second, theRecord);
+    if (theRecord->transform != nullptr) {
+        theRecord->transform->Release();
+    }
+    // On purpose: this ends the observation even where another record of this object needs it.
+    boundTo->IgnoreKeyPathValue(theRecord->boundKey, this);
+    // Removes the mirror record, which calls back here and finds nothing. On purpose: where there is no
+    // mirror record, because the binding was one-way, the status is reported all the same.
+    LM_CHECK_STATUS(boundTo->Unbind(theRecord->boundKey, this));
+}
+
+// Sets the key that theInfo drives to the value of the key that it names.
+void LmKeyValueBinding::UpdateKey(const LmString& theKey, const BindingInfo& theInfo)
+{
+    const LmValue theValue = ReadThrough(*theInfo.boundTo, theInfo.boundKey, theInfo.transform);
+    const LmTraceIndent theIndent;
+    LmTrace(
+        [&] { LmKeyValueStore::LogString("Updating %s.%s", GetDebugInfo().GetUTF8(), theKey.GetUTF8()); });
+    // The observers that this tells may remove the binding, and theKey and theInfo with it.
+    SetKeyPathValue(theKey, theValue);
+}
+
+// Makes the records and the observations of a new binding: all of them, or none when memory runs out.
+void LmKeyValueBinding::Link(const LmString& bindKey, bool twoWay, LmKeyValueBinding* boundTo,
+                             const LmString& boundKey, LmValueTransform* transform,
+                             LmValueTransform* reverseTransform)
+{
+    const bool isNewEntry = !HasEntry(bindKey);
+    AddBinding(bindKey, {boundTo, boundKey, transform});
+    LmRollback theRecord([&] { WithdrawBinding(bindKey, isNewEntry); });
+
+    const bool isNewMirrorEntry = !boundTo->HasEntry(boundKey);
+    if (twoWay) {
+        boundTo->AddBinding(boundKey, {this, bindKey, reverseTransform});
+    }
+    LmRollback theMirrorRecord([&] {
+        if (twoWay) {
+            boundTo->WithdrawBinding(boundKey, isNewMirrorEntry);
+        }
+    });
+
+    const bool isNewlyHeard = twoWay && ObserveOnce(bindKey, boundTo);
+    LmRollback theObservation([&] {
+        if (isNewlyHeard) {
+            IgnoreKeyPathValue(bindKey, boundTo);
+        }
+    });
+    boundTo->ObserveOnce(boundKey, this);
+
+    theObservation.Commit();
+    theMirrorRecord.Commit();
+    theRecord.Commit();
+}
+
+// Takes back the record that AddBinding has just added, and the entry where that made it. The transform stays
+// the caller's.
+void LmKeyValueBinding::WithdrawBinding(const LmString& bindKey, bool isNewEntry)
+{
+    const auto theEntry = mBindings.find(bindKey);
+    theEntry->second.pop_back();
+    if (isNewEntry) {
+        mBindings.erase(theEntry);
+    }
+}
+
+// Lets theObserver observe a key of this object, unless it does already. True when it did not.
+bool LmKeyValueBinding::ObserveOnce(const LmString& theKey, LmKeyValueObserver* theObserver)
+{
+    if (IsObserving(theKey, theObserver)) {
+        return false;
+    }
+    ObserveKeyPathValue(theKey, theObserver);
+    return true;
+}
+
+bool LmKeyValueBinding::HasEntry(const LmString& bindKey) const
+{
+    return mBindings.find(bindKey) != mBindings.end();
+}
+
+// Removes all records of an entry, then the entry.
+void LmKeyValueBinding::RemoveEntry(BindingMap::iterator theEntry)
+{
+    BindingList& theRecords = theEntry->second;
+    while (!theRecords.empty()) {
+        RemoveBinding(theEntry, theRecords.begin(), theEntry->first, theRecords.front().boundTo);
+    }
+    mBindings.erase(theEntry);
+}

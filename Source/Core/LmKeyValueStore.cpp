@@ -1,0 +1,227 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "LmKeyValueStore.h"
+
+#include "LmDiagnostics.h"
+#include "LmKeyValueObserver.h"
+#include "LmLifeWatch.h"
+#include "LmObserverSnapshot.h"
+#include "LmRollback.h"
+#include "LmTrace.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+using ObserverList = LmObserverSnapshot::ObserverList;
+
+LmKeyValueStore::LmKeyValueStore() = default;
+
+LmKeyValueStore::~LmKeyValueStore()
+{
+    LmLifeWatch::StoreIsGone(this);
+    RemoveObservers();
+}
+
+LmValue LmKeyValueStore::GetKeyValue(const LmString& theKeyName) const
+{
+    LM_ASSERT(theKeyName.IsNotEmpty());
+    LM_ASSERT(theKeyName != kKeyAnyValue);
+    const auto theEntry = mValues.find(theKeyName);
+    return theEntry != mValues.end() ? theEntry->second : LmValue();
+}
+
+void LmKeyValueStore::SetKeyValue(const LmString& theKeyName, const LmValue& theValue)
+{
+    LM_ASSERT(theKeyName.IsNotEmpty());
+    LM_ASSERT(theKeyName != kKeyAnyValue);
+    mValues.try_emplace(theKeyName).first->second = theValue;
+}
+
+LmValue LmKeyValueStore::GetKeyPathValue(const LmString& theKeyPath) const
+{
+    LM_ASSERT(theKeyPath.IsNotEmpty());
+    const LmString& theKeyName = theKeyPath;
+    LM_ASSERT(theKeyName != kKeyAnyValue);
+    return GetKeyValue(theKeyName);
+}
+
+void LmKeyValueStore::SetKeyPathValue(const LmString& theKeyPath, const LmValue& theValue)
+{
+    LM_ASSERT(theKeyPath.IsNotEmpty());
+    // A copy: an observer may be what keeps the caller's string alive, and let go of it.
+    const LmString theKeyName = theKeyPath; // NOLINT(performance-unnecessary-copy-initialization)
+    LM_ASSERT(theKeyName != kKeyAnyValue);
+    if (theValue == GetKeyValue(theKeyName)) {
+        return;
+    }
+    const LmLifeWatch theWatch(this);
+    NotifyObservers(theKeyName, false);
+    if (!theWatch.IsGone()) {
+        SetKeyValue(theKeyName, theValue);
+    }
+    if (!theWatch.IsGone()) {
+        NotifyObservers(theKeyName, true);
+    }
+    if (!theWatch.IsGone()) {
+        NotifyDependents(theKeyName);
+    }
+}
+
+bool LmKeyValueStore::HasKey(const LmString& theKeyName)
+{
+    LM_ASSERT(theKeyName.IsNotEmpty());
+    return theKeyName == kKeyAnyValue || GetKeyValue(theKeyName).IsValid();
+}
+
+void LmKeyValueStore::ObserveKeyPathValue(const LmString& theKeyPath, LmKeyValueObserver* theObserver)
+{
+    LM_ASSERT(!IsObserving(theKeyPath, theObserver));
+    LmTrace([&] {
+        LogString("Observer %s started watching Key '%s' in Store %s", theObserver->GetDebugInfo().GetUTF8(),
+                  theKeyPath.GetUTF8(), GetDebugInfo().GetUTF8());
+    });
+    ObserverList theNewObserver(1, theObserver);
+    const auto theInsertion = mKeyStates.try_emplace(theKeyPath);
+    ObserverList& theObservers = theInsertion.first->second.theObservers;
+    theObservers.splice(theObservers.end(), theNewObserver);
+    LmRollback theRollback([&] {
+        theObservers.pop_back();
+        if (theInsertion.second) {
+            mKeyStates.erase(theInsertion.first);
+        }
+    });
+    theObserver->StartedObserving(this, theKeyPath);
+    theRollback.Commit();
+}
+
+void LmKeyValueStore::IgnoreKeyPathValue(const LmString& theKeyPath, LmKeyValueObserver* theObserver)
+{
+    LM_ASSERT(IsObserving(theKeyPath, theObserver));
+    LmTrace([&] {
+        LogString("Observer %s stopped watching Key '%s' in Store %s", theObserver->GetDebugInfo().GetUTF8(),
+                  theKeyPath.GetUTF8(), GetDebugInfo().GetUTF8());
+    });
+    // On purpose: a key state is made where there was none, and stays where its lists are empty now.
+    mKeyStates.try_emplace(theKeyPath).first->second.theObservers.remove(theObserver);
+    theObserver->StoppedObserving(this, theKeyPath);
+}
+
+bool LmKeyValueStore::IsObserving(const LmString& theKeyPath, LmKeyValueObserver* theObserver)
+{
+    LM_ASSERT(theKeyPath.IsNotEmpty());
+    LM_ASSERT(theObserver != NULL); // NOLINT(modernize-use-nullptr): the text is fixed
+    const LmKeyState* theState = FindKeyState(theKeyPath);
+    if (theState == nullptr) {
+        return false;
+    }
+    const ObserverList& theObservers = theState->theObservers;
+    return std::find(theObservers.begin(), theObservers.end(), theObserver) != theObservers.end();
+}
+
+void LmKeyValueStore::RemoveObservers()
+{
+    for (const auto& theEntry : mKeyStates) {
+        const ObserverList& theObservers = theEntry.second.theObservers;
+        while (!theObservers.empty()) {
+            IgnoreKeyPathValue(theEntry.first, theObservers.front());
+        }
+    }
+}
+
+void LmKeyValueStore::NotifyObservers(const LmString& theKeyName, bool hasChanged)
+{
+    const LmTraceIndent theIndent;
+    LmTrace([&] {
+        // Both words are eight characters, so that the lines of the trace line up.
+        LogString("%s %s.%s", hasChanged ? "changed " : "changing", GetDebugInfo().GetUTF8(),
+                  theKeyName.GetUTF8());
+    });
+    // On purpose: a key without a key state is silent even to the observers of "*".
+    if (const LmKeyState* theState = FindKeyState(theKeyName)) {
+        CallObservers(theKeyName, *theState, hasChanged);
+    }
+}
+
+void LmKeyValueStore::MakeDependency(const LmString& watchedKey, const LmString& dependentKey)
+{
+    LM_ASSERT(watchedKey != kKeyAnyValue);
+    LM_ASSERT(dependentKey != kKeyAnyValue);
+    LM_ASSERT(!IsDependent(watchedKey, dependentKey));
+    // The name is copied first: when there is no memory for it, no key state shall appear either.
+    std::list<LmString> theNewDependent(1, dependentKey);
+    std::list<LmString>& theDependents = mKeyStates.try_emplace(watchedKey).first->second.theDependents;
+    theDependents.splice(theDependents.end(), theNewDependent);
+}
+
+void LmKeyValueStore::BreakDependency(const LmString& watchedKey, const LmString& dependentKey)
+{
+    LM_ASSERT(watchedKey != kKeyAnyValue);
+    LM_ASSERT(dependentKey != kKeyAnyValue);
+    LM_ASSERT(IsDependent(watchedKey, dependentKey));
+    // On purpose: a key state is made where there was none, and stays where its lists are empty now.
+    mKeyStates.try_emplace(watchedKey).first->second.theDependents.remove(dependentKey);
+}
+
+bool LmKeyValueStore::IsDependent(const LmString& theKeyName, const LmString& dependentKey)
+{
+    LM_ASSERT(HasKey(theKeyName));
+    LM_ASSERT(HasKey(dependentKey));
+    const LmKeyState* theState = FindKeyState(theKeyName);
+    if (theState == nullptr) {
+        return false;
+    }
+    const std::list<LmString>& theDependents = theState->theDependents;
+    return std::find(theDependents.begin(), theDependents.end(), dependentKey) != theDependents.end();
+}
+
+void LmKeyValueStore::NotifyDependents(const LmString& theKeyName)
+{
+    LM_ASSERT(HasKey(theKeyName));
+    const LmKeyState* theState = FindKeyState(theKeyName);
+    if (theState == nullptr) {
+        return;
+    }
+    // A copy: observers may make and break dependencies of this key.
+    const std::vector<LmString> theDependents(theState->theDependents.begin(), theState->theDependents.end());
+    const LmLifeWatch theWatch(this);
+    // On purpose: one level deep. The dependents of a dependent key are not told, so a cycle ends here.
+    for (const LmString& theDependent : theDependents) {
+        NotifyObservers(theDependent, true);
+        if (theWatch.IsGone()) {
+            return;
+        }
+    }
+}
+
+const LmKeyState* LmKeyValueStore::FindKeyState(const LmString& theKeyName) const
+{
+    const auto theEntry = mKeyStates.find(theKeyName);
+    return theEntry != mKeyStates.end() ? &theEntry->second : nullptr;
+}
+
+void LmKeyValueStore::CallObservers(const LmString& theKeyName, const LmKeyState& theState, bool hasChanged)
+{
+    const ObserverList kNobody;
+    const LmKeyState* theAnyState = FindKeyState(kKeyAnyValue);
+    const LmObserverSnapshot theObservers(theState.theObservers,
+                                          theAnyState != nullptr ? theAnyState->theObservers : kNobody);
+    const LmLifeWatch theWatch(this);
+    for (LmKeyValueObserver* theObserver : theObservers) {
+        if (theObserver != nullptr) {
+            Tell(*theObserver, theKeyName, hasChanged);
+        }
+        if (theWatch.IsGone()) {
+            return;
+        }
+    }
+}
+
+void LmKeyValueStore::Tell(LmKeyValueObserver& theObserver, const LmString& theKeyName, bool hasChanged)
+{
+    if (hasChanged) {
+        theObserver.ValueChanged(this, theKeyName);
+    } else {
+        theObserver.ValueChanging(this, theKeyName);
+    }
+}

@@ -1,0 +1,45 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "LmObserverSnapshot.h"
+
+#include <algorithm>
+#include <functional>
+
+LmObserverSnapshot::LmObserverSnapshot(const ObserverList& theKeyObservers,
+                                       const ObserverList& theAnyObservers)
+    : mBegin(mFew),
+      mOuter(sInnermost)
+{
+    const std::size_t theRoom = theKeyObservers.size() + theAnyObservers.size();
+    if (theRoom > kFew) {
+        mMany = std::make_unique<LmKeyValueObserver*[]>(theRoom);
+        mBegin = mMany.get();
+    }
+    mEnd = Merge(theKeyObservers, theAnyObservers, mBegin);
+    sInnermost = this;
+}
+
+// On purpose: this is the merge step of a merge sort by address, on lists that are in the order of
+// registration. Not std::merge, which requires sorted input.
+LmKeyValueObserver** LmObserverSnapshot::Merge(const ObserverList& theKeyObservers,
+                                               const ObserverList& theAnyObservers,
+                                               LmKeyValueObserver** theEnd)
+{
+    auto theAny = theAnyObservers.begin();
+    for (LmKeyValueObserver* theObserver : theKeyObservers) {
+        while (theAny != theAnyObservers.end() && std::less<>()(*theAny, theObserver)) {
+            *theEnd++ = *theAny++;
+        }
+        *theEnd++ = theObserver;
+    }
+    return std::copy(theAny, theAnyObservers.end(), theEnd);
+}
+
+void LmObserverSnapshot::ObserverIsGone(LmKeyValueObserver* theObserver)
+{
+    LmKeyValueObserver* const kGone = nullptr;
+    for (LmObserverSnapshot* theSnapshot = sInnermost; theSnapshot != nullptr;
+         theSnapshot = theSnapshot->mOuter) {
+        std::replace(theSnapshot->mBegin, theSnapshot->mEnd, theObserver, kGone);
+    }
+}

@@ -1,0 +1,52 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef LmObserverSnapshot_h
+#define LmObserverSnapshot_h
+
+#include <cstddef>
+#include <list>
+#include <memory>
+
+class LmKeyValueObserver;
+
+// The observers that one pass calls, copied before the first call, because the calls may change the store's
+// lists. Not part of the interface.
+//
+// An observer whose observation ends during the pass is still called. One that is destroyed is not: its place
+// becomes null. To that end the snapshots in use form a list from the innermost outwards, which the
+// destructor of every observer walks; so a snapshot lives on the stack only. Up to eight observers need no
+// memory from the heap.
+class LmObserverSnapshot
+{
+public:
+    using ObserverList = std::list<LmKeyValueObserver*>;
+
+    // The observers of a key merged with those of all keys, in the order in which they are to be called.
+    LmObserverSnapshot(const ObserverList& theKeyObservers, const ObserverList& theAnyObservers);
+    ~LmObserverSnapshot() { sInnermost = mOuter; }
+
+    LmObserverSnapshot(const LmObserverSnapshot&) = delete;
+    LmObserverSnapshot& operator=(const LmObserverSnapshot&) = delete;
+
+    // The observers; null where one has been destroyed since.
+    LmKeyValueObserver* const* begin() const { return mBegin; }
+    LmKeyValueObserver* const* end() const { return mEnd; }
+
+    // Called by the destructor of every observer.
+    static void ObserverIsGone(LmKeyValueObserver* theObserver);
+
+private:
+    static LmKeyValueObserver** Merge(const ObserverList& theKeyObservers,
+                                      const ObserverList& theAnyObservers, LmKeyValueObserver** theEnd);
+
+    static constexpr std::size_t kFew = 8;
+    static inline LmObserverSnapshot* sInnermost = nullptr;
+
+    LmKeyValueObserver* mFew[kFew];               // the observers, when they fit
+    std::unique_ptr<LmKeyValueObserver*[]> mMany; // the observers, when they do not
+    LmKeyValueObserver** mBegin;                  // into mFew or mMany
+    LmKeyValueObserver** mEnd;                    // behind the last one
+    LmObserverSnapshot* mOuter;                   // the one that was made before; on the stack, not owned
+};
+
+#endif
