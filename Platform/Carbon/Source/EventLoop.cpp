@@ -1,0 +1,255 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "EventLoop.h"
+
+#include "EventLoopTimers.h"
+#include "EventQueue.h"
+#include "Internal/OutgoingEvent.h"
+#include "Internal/System/Clock.h"
+
+#include <algorithm>
+#include <cmath>
+#include <mutex>
+#include <Presentation/PresenterRegistry.h>
+#include <utility>
+
+namespace Host {
+
+namespace {
+
+// Times later than any other stand for "never" here; presenters and clocks call that negative.
+double ForOthers(double theTime)
+{
+    return theTime == kNever ? -1 : theTime;
+}
+
+// --- Waiting ----------------------------------------------------------------------------------------
+
+// The presenter that the loop waits in, and whether somebody wanted the next wait to end at once.
+struct WaitState
+{
+    std::mutex theMutex;
+    Presenter* thePresenter = nullptr;
+    bool theIsWoken = false;
+};
+
+WaitState& TheWaitState()
+{
+    static WaitState& sState = *new WaitState;
+    return sState;
+}
+
+// Lets the presenter report what the person did, waiting for it until theDeadline. False when it has
+// nothing that could be waited for.
+bool WaitInPresenter(double theDeadline)
+{
+    Presenter& thePresenter = PresenterRegistry::Current();
+    const double theNow = CurrentClock().Now();
+    WaitState& theState = TheWaitState();
+    {
+        const std::lock_guard<std::mutex> theLock(theState.theMutex);
+        theState.thePresenter = &thePresenter;
+        if (std::exchange(theState.theIsWoken, false)) {
+            theDeadline = theNow;
+        }
+    }
+    const bool theHasWaited = thePresenter.WaitUntil(ForOthers(theDeadline), theNow);
+    const std::lock_guard<std::mutex> theLock(theState.theMutex);
+    theState.thePresenter = nullptr;
+    return theHasWaited;
+}
+
+// False when the wait would never end.
+bool Wait(double theDeadline)
+{
+    return WaitInPresenter(theDeadline) || CurrentClock().WaitUntil(ForOthers(theDeadline));
+}
+
+// --- Running ----------------------------------------------------------------------------------------
+
+// One running ReceiveNextEvent or RunCurrentEventLoop; QuitEventLoop ends the innermost.
+class LoopRun
+{
+public:
+    LoopRun()
+        : mOuter(sInnermost)
+    {
+        sInnermost = this;
+    }
+    ~LoopRun() { sInnermost = mOuter; }
+    LoopRun(const LoopRun&) = delete;
+    LoopRun& operator=(const LoopRun&) = delete;
+
+    bool IsQuit() const { return mIsQuit; }
+
+    static void QuitInnermost()
+    {
+        if (sInnermost != nullptr) {
+            sInnermost->mIsQuit = true;
+        }
+    }
+
+private:
+    static LoopRun* sInnermost;
+
+    LoopRun* mOuter;
+    bool mIsQuit = false;
+};
+
+LoopRun* LoopRun::sInnermost = nullptr;
+
+// Runs timers and the presenter until theIsDone, theDeadline or QuitEventLoop. With a deadline that has
+// passed already, both still get their turn once.
+template <class Condition>
+OSStatus RunUntil(double theDeadline, const Condition& theIsDone)
+{
+    const LoopRun theRun;
+    bool theHasWaited = false;
+    for (;;) {
+        FireDueTimers();
+        if (theRun.IsQuit()) {
+            return eventLoopQuitErr;
+        }
+        if (theIsDone()) {
+            return noErr;
+        }
+        if (theHasWaited && CurrentClock().Now() >= theDeadline) {
+            return eventLoopTimedOutErr;
+        }
+        if (!Wait(std::min(theDeadline, NextTimerTime()))) {
+            return eventLoopTimedOutErr;
+        }
+        theHasWaited = true;
+    }
+}
+
+double DeadlineAfter(EventTimeout theTimeout)
+{
+    return theTimeout < 0 ? kNever : CurrentClock().Now() + theTimeout;
+}
+
+// --- The application's loop -------------------------------------------------------------------------
+
+// The running application loops, from the innermost out.
+struct ApplicationLoop
+{
+    ApplicationLoop* theOuter;
+    bool theIsOver = false;
+};
+
+ApplicationLoop* gApplicationLoop = nullptr;
+
+// Takes one event and sends it on; false when the loop was quit.
+bool HandleNextEvent()
+{
+    EventRef theEvent = nullptr;
+    if (ReceiveNextEvent(0, nullptr, kEventDurationForever, kEventRemoveFromQueue, &theEvent) != noErr) {
+        return false;
+    }
+    SendEventToEventTarget(theEvent, GetEventDispatcherTarget());
+    ReleaseEvent(theEvent);
+    return true;
+}
+
+// What the reference of the one event loop points at.
+char gMainLoop = 0;
+
+} // namespace
+
+void WakeEventLoop()
+{
+    {
+        WaitState& theState = TheWaitState();
+        const std::lock_guard<std::mutex> theLock(theState.theMutex);
+        theState.theIsWoken = true;
+        if (theState.thePresenter != nullptr) {
+            theState.thePresenter->Wake();
+        }
+    }
+    CurrentClock().Wake();
+}
+
+bool IsApplicationLoopRunning()
+{
+    return gApplicationLoop != nullptr;
+}
+
+bool EndApplicationLoop()
+{
+    if (gApplicationLoop == nullptr) {
+        return false;
+    }
+    gApplicationLoop->theIsOver = true;
+    QuitEventLoop(GetMainEventLoop());
+    return true;
+}
+
+} // namespace Host
+
+using namespace Host;
+
+EventLoopRef GetMainEventLoop(void)
+{
+    return reinterpret_cast<EventLoopRef>(&gMainLoop);
+}
+
+EventLoopRef GetCurrentEventLoop(void)
+{
+    return GetMainEventLoop();
+}
+
+OSStatus ReceiveNextEvent(ItemCount inNumTypes, const EventTypeSpec* inList, EventTimeout inTimeout,
+                          Boolean inPullEvent, EventRef* outEvent)
+{
+    if (outEvent == nullptr) {
+        return paramErr;
+    }
+    *outEvent = nullptr;
+    if ((inNumTypes > 0 && inList == nullptr) || std::isnan(inTimeout)) {
+        return paramErr;
+    }
+    EventRef theEvent = nullptr;
+    const OSStatus theStatus = RunUntil(DeadlineAfter(inTimeout), [&] {
+        theEvent = FirstEventInQueue(inNumTypes, inList, inPullEvent != 0);
+        return theEvent != nullptr;
+    });
+    if (theStatus == noErr && inPullEvent == 0) {
+        // It stays in the queue, which keeps it alive.
+        ReleaseEvent(theEvent);
+    }
+    *outEvent = theEvent;
+    return theStatus;
+}
+
+OSStatus RunCurrentEventLoop(EventTimeout inTimeout)
+{
+    if (std::isnan(inTimeout)) {
+        return paramErr;
+    }
+    return RunUntil(DeadlineAfter(inTimeout), [] { return false; });
+}
+
+OSStatus QuitEventLoop(EventLoopRef inEventLoop)
+{
+    if (inEventLoop != GetMainEventLoop()) {
+        return paramErr;
+    }
+    LoopRun::QuitInnermost();
+    WakeEventLoop();
+    return noErr;
+}
+
+void RunApplicationEventLoop(void)
+{
+    ApplicationLoop theLoop{gApplicationLoop};
+    gApplicationLoop = &theLoop;
+    while (!theLoop.theIsOver && HandleNextEvent()) {
+    }
+    gApplicationLoop = theLoop.theOuter;
+}
+
+void QuitApplicationEventLoop(void)
+{
+    const OutgoingEvent theEvent(kEventClassApplication, kEventAppQuit);
+    theEvent.SendTo(GetApplicationEventTarget());
+}
