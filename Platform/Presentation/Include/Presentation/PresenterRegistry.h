@@ -40,8 +40,9 @@ public:
     // The gate that the presenter in use reports to. Simulated people use it too.
     static PresenterEvents& Events();
 
-    // Stops the presenter in use, if any, and starts theNext instead; everything is shown again. Returns
-    // false, and leaves the old one in use, when theNext is null or does not start.
+    // Starts theNext, stops the presenter in use, if any, and shows everything again. Returns false, and
+    // leaves the old one in use, when theNext is null or does not start. May be called from handlers, even
+    // while the old presenter waits or reports; it is kept, stopped, as long as the program runs.
     static bool Use(std::unique_ptr<Presenter> theNext);
 
     // Describes every window, control and menu to thePresenter, from back to front, and where the focus is.

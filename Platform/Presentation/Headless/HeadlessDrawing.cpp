@@ -1,0 +1,294 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "HeadlessDrawing.h"
+
+#include <algorithm>
+
+namespace Host {
+
+namespace {
+
+// Cells of the track of a slider, a scroll bar or a progress bar.
+constexpr int kTrackLength = 20;
+
+// Cells of an edit text; a longer text makes it longer.
+constexpr size_t kFieldLength = 16;
+
+struct ShapeName
+{
+    ControlShape theShape;
+    const char* theName;
+};
+
+constexpr ShapeName kControlNames[] = {
+    {ControlShape::kPushButton, "push button"},
+    {ControlShape::kCheckBox, "check box"},
+    {ControlShape::kRadioButton, "radio button"},
+    {ControlShape::kRadioGroup, "radio group"},
+    {ControlShape::kSlider, "slider"},
+    {ControlShape::kScrollBar, "scroll bar"},
+    {ControlShape::kProgressBar, "progress bar"},
+    {ControlShape::kLittleArrows, "little arrows"},
+    {ControlShape::kStaticText, "static text"},
+    {ControlShape::kEditText, "edit text"},
+    {ControlShape::kGroupBox, "group box"},
+    {ControlShape::kPopUpButton, "pop-up button"},
+    {ControlShape::kSeparator, "separator"},
+    {ControlShape::kPane, "pane"},
+};
+
+struct WindowShapeName
+{
+    WindowShape theShape;
+    const char* theName;
+};
+
+constexpr WindowShapeName kWindowNames[] = {
+    {WindowShape::kDocument, "document window"},
+    {WindowShape::kPlain, "plain window"},
+    {WindowShape::kDialog, "dialog"},
+    {WindowShape::kAlert, "alert"},
+    {WindowShape::kFloating, "floating window"},
+    {WindowShape::kUtility, "utility window"},
+    {WindowShape::kSheet, "sheet"},
+    {WindowShape::kDrawer, "drawer"},
+    {WindowShape::kToolbar, "toolbar"},
+    {WindowShape::kHelp, "help tag"},
+    {WindowShape::kOverlay, "overlay"},
+};
+
+template <class Row, size_t theCount, class Shape>
+const char* NameOf(const Row (&theRows)[theCount], Shape theShape)
+{
+    for (const Row& theRow : theRows) {
+        if (theRow.theShape == theShape) {
+            return theRow.theName;
+        }
+    }
+    return "thing";
+}
+
+size_t CountCells(const std::string& theText)
+{
+    return static_cast<size_t>(std::count_if(theText.begin(), theText.end(), [](char theByte) {
+        return (static_cast<unsigned char>(theByte) & 0xC0u) != 0x80u;
+    }));
+}
+
+std::string Repeated(const std::string& theText, size_t theCount)
+{
+    std::string theResult;
+    for (size_t theIndex = 0; theIndex < theCount; ++theIndex) {
+        theResult += theText;
+    }
+    return theResult;
+}
+
+// A line stays a line: what would break it is shown as a blank.
+std::string OneLine(std::string theText)
+{
+    for (char& theByte : theText) {
+        if (static_cast<unsigned char>(theByte) < 0x20u || theByte == 0x7F) {
+            theByte = ' ';
+        }
+    }
+    return theText;
+}
+
+// How many of theCells lie before the value. Computed in 64 bits, where the widest range has room.
+int CellsBefore(const ControlLook& theLook, int theCells)
+{
+    const std::int64_t theRange = static_cast<std::int64_t>(theLook.theMaximum) - theLook.theMinimum;
+    const std::int64_t theOffset = static_cast<std::int64_t>(theLook.theValue) - theLook.theMinimum;
+    if (theRange <= 0 || theOffset <= 0) {
+        return 0;
+    }
+    return static_cast<int>(std::min(theOffset, theRange) * theCells / theRange);
+}
+
+std::string DrawTrack(const ControlLook& theLook, const char* theThumb)
+{
+    const auto theBefore = static_cast<size_t>(CellsBefore(theLook, kTrackLength - 1));
+    return Repeated("─", theBefore) + theThumb + Repeated("─", kTrackLength - 1 - theBefore);
+}
+
+std::string Range(const ControlLook& theLook)
+{
+    return std::to_string(theLook.theValue) + " of " + std::to_string(theLook.theMinimum) + "…" +
+           std::to_string(theLook.theMaximum);
+}
+
+std::string DrawButton(const ControlLook& theLook)
+{
+    const std::string theTitle = OneLine(theLook.theTitle);
+    return theLook.theIsDefault ? "(( " + theTitle + " ))" : "( " + theTitle + " )";
+}
+
+std::string DrawBox(const ControlLook& theLook, const char* theEmpty, const char* theFull)
+{
+    const char* theBox = theLook.theValue == 0 ? theEmpty : theLook.theValue == 1 ? theFull : "[-]";
+    return std::string(theBox) + " " + OneLine(theLook.theTitle);
+}
+
+std::string DrawProgress(const ControlLook& theLook)
+{
+    if (theLook.theIsIndeterminate) {
+        return "[" + Repeated("~", kTrackLength) + "]";
+    }
+    const auto theFull = static_cast<size_t>(CellsBefore(theLook, kTrackLength));
+    return "[" + Repeated("█", theFull) + Repeated("░", kTrackLength - theFull) + "] " +
+           std::to_string(CellsBefore(theLook, 100)) + " %";
+}
+
+std::string DrawField(const ControlLook& theLook)
+{
+    const std::string theText =
+        theLook.theIsPassword ? Repeated("•", CountCells(theLook.theText)) : OneLine(theLook.theText);
+    return "[" + Padded(theText, kFieldLength) + "]";
+}
+
+std::string FourCharacters(std::uint32_t theCode)
+{
+    std::string theText;
+    for (int theShift = 24; theShift >= 0; theShift -= 8) {
+        const auto theByte = static_cast<unsigned char>(theCode >> theShift);
+        theText += theByte >= 0x20 && theByte < 0x7F ? static_cast<char>(theByte) : '?';
+    }
+    return theText;
+}
+
+// U+2713 for the check mark, whatever else as it is.
+std::string DrawMark(std::uint32_t theMark)
+{
+    if (theMark == 0) {
+        return " ";
+    }
+    if (theMark < 0x80) {
+        return OneLine(std::string(1, static_cast<char>(theMark)));
+    }
+    std::string theText;
+    if (theMark < 0x800) {
+        theText += static_cast<char>(0xC0u | (theMark >> 6));
+    } else {
+        theText += static_cast<char>(0xE0u | ((theMark >> 12) & 0x0Fu));
+        theText += static_cast<char>(0x80u | ((theMark >> 6) & 0x3Fu));
+    }
+    theText += static_cast<char>(0x80u | (theMark & 0x3Fu));
+    return theText;
+}
+
+std::string DrawKey(const MenuItemLook& theLook)
+{
+    std::string theText;
+    theText += (theLook.theKeyModifiers & kControlModifier) != 0 ? "⌃" : "";
+    theText += (theLook.theKeyModifiers & kOptionModifier) != 0 ? "⌥" : "";
+    theText += (theLook.theKeyModifiers & kShiftModifier) != 0 ? "⇧" : "";
+    theText += (theLook.theKeyModifiers & kCommandModifier) != 0 ? "⌘" : "";
+    return theText + theLook.theKey;
+}
+
+std::string Size(const PixelRect& theRect)
+{
+    const auto theLength = [](int theLow, int theHigh) {
+        return std::to_string(static_cast<std::int64_t>(theHigh) - theLow);
+    };
+    return theLength(theRect.theLeft, theRect.theRight) + " × " +
+           theLength(theRect.theTop, theRect.theBottom);
+}
+
+} // namespace
+
+std::string Padded(const std::string& theText, size_t theWidth)
+{
+    const size_t theLength = CountCells(theText);
+    return theLength < theWidth ? theText + std::string(theWidth - theLength, ' ') : theText;
+}
+
+std::string Quoted(const std::string& theText)
+{
+    return "\"" + OneLine(theText) + "\"";
+}
+
+std::string DrawControl(const ControlLook& theLook)
+{
+    switch (theLook.theShape) {
+    case ControlShape::kPushButton:
+        return DrawButton(theLook);
+    case ControlShape::kCheckBox:
+        return DrawBox(theLook, "[ ]", "[x]");
+    case ControlShape::kRadioButton:
+        return DrawBox(theLook, "( )", "(•)");
+    case ControlShape::kSlider:
+        return "├" + DrawTrack(theLook, "●") + "┤ " + Range(theLook);
+    case ControlShape::kScrollBar:
+        return "◂" + DrawTrack(theLook, "█") + "▸ " + Range(theLook);
+    case ControlShape::kProgressBar:
+        return DrawProgress(theLook);
+    case ControlShape::kLittleArrows:
+        return "▴▾ " + Range(theLook);
+    case ControlShape::kStaticText:
+        return Quoted(theLook.theText);
+    case ControlShape::kEditText:
+        return DrawField(theLook);
+    case ControlShape::kPopUpButton:
+        return "[ " + OneLine(theLook.theTitle) + " ▾ ]";
+    case ControlShape::kSeparator:
+        return Repeated("─", kTrackLength);
+    case ControlShape::kGroupBox:
+    case ControlShape::kRadioGroup:
+    case ControlShape::kPane:
+        break;
+    }
+    return OneLine(theLook.theTitle);
+}
+
+std::string NameControl(const ControlLook& theLook)
+{
+    std::string theText = NameOf(kControlNames, theLook.theShape);
+    if (theLook.theSignature != 0) {
+        theText += " '" + FourCharacters(theLook.theSignature) + "' " + std::to_string(theLook.theNumber);
+    }
+    theText += theLook.theIsVisible ? "" : ", hidden";
+    theText += theLook.theIsEnabled ? "" : ", disabled";
+    theText += theLook.theIsLocked ? ", locked" : "";
+    theText += theLook.theIsHilited ? ", pressed" : "";
+    return theText;
+}
+
+std::string NameWindow(const WindowLook& theLook)
+{
+    std::string theText = Quoted(theLook.theTitle) + " - " + NameOf(kWindowNames, theLook.theShape);
+    if (!theLook.theIsVisible) {
+        return theText + ", hidden";
+    }
+    theText += theLook.theIsCollapsed ? ", collapsed" : "";
+    theText += theLook.theIsActive ? ", active" : "";
+    theText += theLook.theIsModal ? ", modal" : "";
+    return theText;
+}
+
+std::string PlaceOfWindow(const WindowLook& theLook)
+{
+    std::string theText = "at " + std::to_string(theLook.theContent.theLeft) + ", " +
+                          std::to_string(theLook.theContent.theTop) + "; " + Size(theLook.theContent);
+    theText += theLook.theHasCloseBox ? "; close box" : "";
+    theText += theLook.theHasCollapseBox ? "; collapse box" : "";
+    theText += theLook.theHasZoomBox ? "; zoom box" : "";
+    theText += theLook.theIsResizable ? "; resizable" : "";
+    return theText;
+}
+
+std::string DrawMenuItem(const MenuItemLook& theLook)
+{
+    if (theLook.theIsSeparator) {
+        return "  " + Repeated("─", kTrackLength);
+    }
+    std::string theText = DrawMark(theLook.theMark) + " " + OneLine(theLook.theText);
+    theText += theLook.theSubmenu.empty() ? "" : " ▸";
+    if (!theLook.theKey.empty()) {
+        theText = Padded(theText, kTrackLength) + "  " + DrawKey(theLook);
+    }
+    return theLook.theIsEnabled ? theText : theText + "  (disabled)";
+}
+
+} // namespace Host

@@ -1,0 +1,125 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include <Presentation/PresenterRegistry.h>
+
+#include "HeadlessPresenter.h"
+#include "InputGate.h"
+#include "Internal/Windows.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <utility>
+
+namespace Host {
+
+namespace {
+
+constexpr char kVariable[] = "LM_PRESENTER";
+constexpr char kDefaultName[] = "headless";
+
+struct Registry
+{
+    std::map<std::string, PresenterFactory> theFactories = {{kDefaultName, HeadlessPresenter::Make}};
+    std::unique_ptr<Presenter> thePresenter;
+    InputGate theGate;
+
+    // Presenters that were stopped. They stay, since a handler that changes the presenter may run inside a
+    // function of the one that it stops.
+    std::vector<std::unique_ptr<Presenter>> theRetired;
+};
+
+// Never destroyed: programs dispose windows as late as in the destructors of their own static objects.
+Registry& TheRegistry()
+{
+    static Registry& theRegistry = *new Registry;
+    return theRegistry;
+}
+
+std::string ListOfNames()
+{
+    std::string theList;
+    for (const std::string& theName : PresenterRegistry::Names()) {
+        theList += (theList.empty() ? "" : ", ") + theName;
+    }
+    return theList;
+}
+
+[[noreturn]] void Refuse(const std::string& theComplaint)
+{
+    std::fprintf(stderr, "%s: %s; there are: %s\n", kVariable, theComplaint.c_str(), ListOfNames().c_str());
+    std::exit(EXIT_FAILURE);
+}
+
+std::string ChosenName()
+{
+    const char* theName = std::getenv(kVariable);
+    return theName == nullptr || *theName == '\0' ? kDefaultName : theName;
+}
+
+std::unique_ptr<Presenter> StartChosen()
+{
+    Registry& theRegistry = TheRegistry();
+    const std::string theName = ChosenName();
+    const auto theEntry = theRegistry.theFactories.find(theName);
+    if (theEntry == theRegistry.theFactories.end()) {
+        Refuse("no presenter is called \"" + theName + "\"");
+    }
+    std::unique_ptr<Presenter> thePresenter = theEntry->second();
+    if (thePresenter == nullptr || !thePresenter->Start(theRegistry.theGate)) {
+        Refuse("the presenter \"" + theName + "\" cannot start");
+    }
+    return thePresenter;
+}
+
+} // namespace
+
+void PresenterRegistry::Register(const std::string& theName, PresenterFactory theFactory)
+{
+    TheRegistry().theFactories[theName] = theFactory;
+}
+
+std::vector<std::string> PresenterRegistry::Names()
+{
+    std::vector<std::string> theNames;
+    for (const auto& theEntry : TheRegistry().theFactories) {
+        theNames.push_back(theEntry.first);
+    }
+    return theNames;
+}
+
+Presenter& PresenterRegistry::Current()
+{
+    Registry& theRegistry = TheRegistry();
+    if (theRegistry.thePresenter == nullptr) {
+        theRegistry.thePresenter = StartChosen();
+    }
+    return *theRegistry.thePresenter;
+}
+
+PresenterEvents& PresenterRegistry::Events()
+{
+    return TheRegistry().theGate;
+}
+
+bool PresenterRegistry::Use(std::unique_ptr<Presenter> theNext)
+{
+    Registry& theRegistry = TheRegistry();
+    if (theNext == nullptr || !theNext->Start(theRegistry.theGate)) {
+        return false;
+    }
+    if (theRegistry.thePresenter != nullptr) {
+        theRegistry.thePresenter->Stop();
+        theRegistry.theRetired.push_back(std::move(theRegistry.thePresenter));
+    }
+    theRegistry.thePresenter = std::move(theNext);
+    ReplayLooks(*theRegistry.thePresenter);
+    return true;
+}
+
+void PresenterRegistry::ReplayLooks(Presenter& thePresenter)
+{
+    ReplayWindowLooks(thePresenter);
+}
+
+} // namespace Host

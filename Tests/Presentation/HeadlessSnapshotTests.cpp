@@ -1,0 +1,328 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "HeadlessSnapshot.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Host::ControlLook;
+using Host::ControlShape;
+using Host::HeadlessSnapshot;
+using Host::MenuItemLook;
+using Host::MenuLook;
+using Host::ObjectId;
+using Host::WindowLook;
+
+constexpr ObjectId kWindow = 1;
+constexpr ObjectId kRoot = 2;
+
+WindowLook Window(ObjectId theId, const std::string& theTitle, int theOrder)
+{
+    WindowLook theLook;
+    theLook.theId = theId;
+    theLook.theTitle = theTitle;
+    theLook.theContent = {100, 80, 420, 280};
+    theLook.theStructure = {100, 58, 420, 280};
+    theLook.theOrder = theOrder;
+    theLook.theIsVisible = true;
+    return theLook;
+}
+
+ControlLook Control(ObjectId theId, ControlShape theShape, ObjectId theParent = kRoot)
+{
+    ControlLook theLook;
+    theLook.theId = theId;
+    theLook.theWindow = kWindow;
+    theLook.theParent = theParent;
+    theLook.theOrder = static_cast<int>(theId);
+    theLook.theShape = theShape;
+    return theLook;
+}
+
+ControlLook Valued(ControlShape theShape, std::int32_t theValue, std::int32_t theMinimum,
+                   std::int32_t theMaximum)
+{
+    ControlLook theLook = Control(3, theShape);
+    theLook.theValue = theValue;
+    theLook.theMinimum = theMinimum;
+    theLook.theMaximum = theMaximum;
+    return theLook;
+}
+
+ControlLook Titled(ControlShape theShape, const std::string& theTitle, std::int32_t theValue = 0)
+{
+    ControlLook theLook = Control(3, theShape);
+    theLook.theTitle = theTitle;
+    theLook.theValue = theValue;
+    return theLook;
+}
+
+ControlLook Texted(ControlShape theShape, const std::string& theText, bool theIsPassword = false)
+{
+    ControlLook theLook = Control(3, theShape);
+    theLook.theText = theText;
+    theLook.theIsPassword = theIsPassword;
+    return theLook;
+}
+
+ControlLook Default(ControlLook theLook)
+{
+    theLook.theIsDefault = true;
+    return theLook;
+}
+
+ControlLook Indeterminate(ControlLook theLook)
+{
+    theLook.theIsIndeterminate = true;
+    return theLook;
+}
+
+// Pictures of controls ---------------------------------------------------------------------------------
+
+struct PictureRow
+{
+    ControlLook theLook;
+    const char* thePicture;
+};
+
+class HeadlessPicture : public testing::TestWithParam<PictureRow>
+{
+};
+
+TEST_P(HeadlessPicture, ShowsTheControlAsAPersonWouldSeeIt)
+{
+    HeadlessSnapshot theSnapshot;
+    theSnapshot.ControlLooks(GetParam().theLook);
+    EXPECT_EQ(theSnapshot.DescribeControl(3), GetParam().thePicture);
+}
+
+constexpr std::int32_t kLeast = -2147483647 - 1;
+constexpr std::int32_t kMost = 2147483647;
+
+INSTANTIATE_TEST_SUITE_P(
+    Controls, HeadlessPicture,
+    testing::Values(PictureRow{Titled(ControlShape::kPushButton, "OK"),
+                               "( OK )                                    push button"},
+                    PictureRow{Default(Titled(ControlShape::kPushButton, "OK")),
+                               "(( OK ))                                  push button"},
+                    PictureRow{Titled(ControlShape::kCheckBox, "Heat", 0),
+                               "[ ] Heat                                  check box"},
+                    PictureRow{Titled(ControlShape::kCheckBox, "Heat", 1),
+                               "[x] Heat                                  check box"},
+                    PictureRow{Titled(ControlShape::kCheckBox, "Heat", 2),
+                               "[-] Heat                                  check box"},
+                    PictureRow{Titled(ControlShape::kRadioButton, "°C", 1),
+                               "(•) °C                                    radio button"},
+                    PictureRow{Titled(ControlShape::kRadioButton, "°F", 0),
+                               "( ) °F                                    radio button"},
+                    PictureRow{Valued(ControlShape::kSlider, 5, 0, 10),
+                               "├─────────●──────────┤ 5 of 0…10          slider"},
+                    PictureRow{Valued(ControlShape::kSlider, 0, 0, 10),
+                               "├●───────────────────┤ 0 of 0…10          slider"},
+                    PictureRow{Valued(ControlShape::kSlider, 10, 0, 10),
+                               "├───────────────────●┤ 10 of 0…10         slider"},
+                    PictureRow{Valued(ControlShape::kSlider, 3, 3, 3),
+                               "├●───────────────────┤ 3 of 3…3           slider"},
+                    PictureRow{Valued(ControlShape::kSlider, kMost, kLeast, kMost),
+                               "├───────────────────●┤ 2147483647 of -2147483648…2147483647  slider"},
+                    PictureRow{Valued(ControlShape::kScrollBar, 0, 0, 4),
+                               "◂█───────────────────▸ 0 of 0…4           scroll bar"},
+                    PictureRow{Valued(ControlShape::kProgressBar, 60, 0, 100),
+                               "[████████████░░░░░░░░] 60 %               progress bar"},
+                    PictureRow{Indeterminate(Control(3, ControlShape::kProgressBar)),
+                               "[~~~~~~~~~~~~~~~~~~~~]                    progress bar"},
+                    PictureRow{Valued(ControlShape::kLittleArrows, 4, 1, 9),
+                               "▴▾ 4 of 1…9                               little arrows"},
+                    PictureRow{Texted(ControlShape::kStaticText, "21 °C"),
+                               "\"21 °C\"                                   static text"},
+                    PictureRow{Texted(ControlShape::kStaticText, "two\nlines"),
+                               "\"two lines\"                               static text"},
+                    PictureRow{Texted(ControlShape::kEditText, "Küche"),
+                               "[Küche           ]                        edit text"},
+                    PictureRow{Texted(ControlShape::kEditText, "Küche", true),
+                               "[•••••           ]                        edit text"},
+                    PictureRow{Titled(ControlShape::kGroupBox, "More"),
+                               "More                                      group box"},
+                    PictureRow{Titled(ControlShape::kPopUpButton, "Celsius"),
+                               "[ Celsius ▾ ]                             pop-up button"},
+                    PictureRow{Control(3, ControlShape::kSeparator),
+                               "────────────────────                      separator"},
+                    PictureRow{Control(3, ControlShape::kRadioGroup),
+                               "                                          radio group"},
+                    PictureRow{Control(3, ControlShape::kPane),
+                               "                                          pane"}));
+
+TEST(HeadlessSnapshot, NamesAControlByItsIdentifierAndItsState)
+{
+    ControlLook theLook = Titled(ControlShape::kCheckBox, "Heat");
+    theLook.theSignature = 0x68656174; // 'heat'
+    theLook.theNumber = -7;
+    theLook.theIsVisible = false;
+    theLook.theIsEnabled = false;
+    theLook.theIsLocked = true;
+    theLook.theIsHilited = true;
+    HeadlessSnapshot theSnapshot;
+    theSnapshot.ControlLooks(theLook);
+    EXPECT_EQ(
+        theSnapshot.DescribeControl(3),
+        "[ ] Heat                                  check box 'heat' -7, hidden, disabled, locked, pressed");
+}
+
+TEST(HeadlessSnapshot, ShowsUnprintableBytesOfAnIdentifierAsQuestionMarks)
+{
+    ControlLook theLook = Control(3, ControlShape::kPane);
+    theLook.theSignature = 0x41001FFF;
+    HeadlessSnapshot theSnapshot;
+    theSnapshot.ControlLooks(theLook);
+    EXPECT_EQ(theSnapshot.DescribeControl(3), std::string(42, ' ') + "pane 'A?"
+                                                                     "?"
+                                                                     "?' 0");
+}
+
+TEST(HeadlessSnapshot, DescribesAControlThatItDoesNotKnowAsNothing)
+{
+    EXPECT_EQ(HeadlessSnapshot().DescribeControl(3), "");
+}
+
+// The whole screen -------------------------------------------------------------------------------------
+
+TEST(HeadlessSnapshot, SaysSoWhenNothingIsOnTheScreen)
+{
+    EXPECT_EQ(HeadlessSnapshot().DescribeScreen(), "Nothing is on the screen.\n");
+}
+
+TEST(HeadlessSnapshot, ShowsTheWindowWithItsControlsAsATree)
+{
+    HeadlessSnapshot theSnapshot;
+    WindowLook theWindow = Window(kWindow, "Thermostat", 0);
+    theWindow.theIsActive = true;
+    theWindow.theHasCloseBox = true;
+    theWindow.theHasCollapseBox = true;
+    theWindow.theHasZoomBox = true;
+    theWindow.theIsResizable = true;
+    theSnapshot.WindowLooks(theWindow);
+    theSnapshot.ControlLooks(Control(kRoot, ControlShape::kPane, Host::kNoObject));
+    theSnapshot.ControlLooks(Valued(ControlShape::kSlider, 5, 0, 10));
+    ControlLook theBox = Control(4, ControlShape::kGroupBox);
+    theBox.theTitle = "Room";
+    theSnapshot.ControlLooks(theBox);
+    ControlLook theField = Control(5, ControlShape::kEditText, 4);
+    theField.theText = "Kitchen";
+    theSnapshot.ControlLooks(theField);
+    ControlLook theButton = Control(6, ControlShape::kPushButton);
+    theButton.theTitle = "Reset";
+    theSnapshot.ControlLooks(theButton);
+    theSnapshot.FocusIsAt(kWindow, 5);
+    EXPECT_EQ(theSnapshot.DescribeScreen(),
+              "\"Thermostat\" - document window, active\n"
+              "   at 100, 80; 320 × 200; close box; collapse box; zoom box; resizable\n"
+              " ├─ ├─────────●──────────┤ 5 of 0…10      slider\n"
+              " ├─ Room                                  group box\n"
+              " │  └─ [Kitchen         ]                 edit text, has the keys\n"
+              " └─ ( Reset )                             push button\n");
+}
+
+TEST(HeadlessSnapshot, ListsWindowsFromFrontToBackAndHiddenOnesByNameOnly)
+{
+    HeadlessSnapshot theSnapshot;
+    WindowLook theHidden = Window(7, "Hidden", 2);
+    theHidden.theIsVisible = false;
+    WindowLook theCollapsed = Window(8, "Collapsed", 1);
+    theCollapsed.theIsCollapsed = true;
+    WindowLook theAlert = Window(9, "Alert", 0);
+    theAlert.theShape = Host::WindowShape::kAlert;
+    theAlert.theIsModal = true;
+    theSnapshot.WindowLooks(theHidden);
+    theSnapshot.WindowLooks(theCollapsed);
+    theSnapshot.WindowLooks(theAlert);
+    EXPECT_EQ(theSnapshot.DescribeScreen(), "\"Alert\" - alert, modal\n"
+                                            "   at 100, 80; 320 × 200\n"
+                                            "\"Collapsed\" - document window, collapsed\n"
+                                            "\"Hidden\" - document window, hidden\n");
+}
+
+TEST(HeadlessSnapshot, ForgetsTheControlsOfAWindowThatIsGone)
+{
+    HeadlessSnapshot theSnapshot;
+    theSnapshot.WindowLooks(Window(kWindow, "Thermostat", 0));
+    theSnapshot.ControlLooks(Control(3, ControlShape::kSlider, Host::kNoObject));
+    theSnapshot.WindowGone(kWindow);
+    EXPECT_EQ(theSnapshot.FindWindow(kWindow), nullptr);
+    EXPECT_EQ(theSnapshot.FindControl(3), nullptr);
+}
+
+TEST(HeadlessSnapshot, ForgetsEverythingWhenStopped)
+{
+    HeadlessSnapshot theSnapshot;
+    theSnapshot.WindowLooks(Window(kWindow, "Thermostat", 0));
+    theSnapshot.ControlLooks(Control(3, ControlShape::kSlider));
+    theSnapshot.MenuBarLooks({{MenuLook()}, true});
+    theSnapshot.FocusIsAt(kWindow, 3);
+    theSnapshot.Stop();
+    EXPECT_EQ(theSnapshot.DescribeScreen(), "Nothing is on the screen.\n");
+    EXPECT_EQ(theSnapshot.FindControl(3), nullptr);
+    EXPECT_TRUE(theSnapshot.MenuBar().theMenus.empty());
+    EXPECT_EQ(theSnapshot.FocusedWindow(), Host::kNoObject);
+    EXPECT_EQ(theSnapshot.FocusedControl(), Host::kNoObject);
+}
+
+// Menus ------------------------------------------------------------------------------------------------
+
+MenuItemLook Item(const std::string& theText)
+{
+    MenuItemLook theLook;
+    theLook.theText = theText;
+    return theLook;
+}
+
+TEST(HeadlessSnapshot, ShowsTheTitlesOfTheMenuBar)
+{
+    MenuLook theFile;
+    theFile.theTitle = "File";
+    MenuLook theView;
+    theView.theTitle = "View";
+    theView.theIsEnabled = false;
+    HeadlessSnapshot theSnapshot;
+    theSnapshot.MenuBarLooks({{theFile, theView}, true});
+    EXPECT_EQ(theSnapshot.DescribeScreen(), "Menu bar: File | View (disabled)\n");
+}
+
+TEST(HeadlessSnapshot, LeavesOutAMenuBarThatIsNotShown)
+{
+    MenuLook theFile;
+    theFile.theTitle = "File";
+    HeadlessSnapshot theSnapshot;
+    theSnapshot.MenuBarLooks({{theFile}, false});
+    EXPECT_EQ(theSnapshot.DescribeScreen(), "Nothing is on the screen.\n");
+}
+
+TEST(HeadlessSnapshot, ShowsAnOpenMenuItemByItem)
+{
+    MenuItemLook theChecked = Item("Heating On");
+    theChecked.theMark = 0x2713;
+    theChecked.theKey = "H";
+    theChecked.theKeyModifiers = Host::kCommandModifier | Host::kShiftModifier;
+    MenuItemLook theDiamond = Item("Küche");
+    theDiamond.theMark = 0xA4;
+    MenuItemLook theLetter = Item("Letter");
+    theLetter.theMark = 'x';
+    theLetter.theKey = "L";
+    theLetter.theKeyModifiers = Host::kControlModifier | Host::kOptionModifier;
+    MenuItemLook theLine;
+    theLine.theIsSeparator = true;
+    MenuItemLook theHidden = Item("Secret");
+    theHidden.theIsHidden = true;
+    MenuItemLook theUnits = Item("Units");
+    theUnits.theSubmenu.emplace_back();
+    theUnits.theIsEnabled = false;
+    MenuLook theMenu;
+    theMenu.theItems = {theChecked, theDiamond, theLetter, theLine, theHidden, theUnits};
+    EXPECT_EQ(HeadlessSnapshot::DescribeMenu(theMenu), "✓ Heating On          ⇧⌘H\n"
+                                                       "¤ Küche\n"
+                                                       "x Letter              ⌃⌥L\n"
+                                                       "  ────────────────────\n"
+                                                       "  Units ▸  (disabled)\n");
+}
+
+} // namespace
