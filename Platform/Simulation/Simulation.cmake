@@ -1,1 +1,3 @@
-# The simulated user.
+target_sources(LmCarbon PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/Source/USKeyboard.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/Source/UserSimulator.cpp)

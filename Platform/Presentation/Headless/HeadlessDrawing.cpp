@@ -242,13 +242,20 @@ std::string DrawControl(const ControlLook& theLook)
     return OneLine(theLook.theTitle);
 }
 
+std::string Identified(const std::string& theThing, std::uint32_t theSignature, std::int32_t theNumber)
+{
+    return theThing + " '" + FourCharacters(theSignature) + "' " + std::to_string(theNumber);
+}
+
 std::string NameControl(const ControlLook& theLook)
 {
-    std::string theText = NameOf(kControlNames, theLook.theShape);
-    if (theLook.theSignature != 0) {
-        theText += " '" + FourCharacters(theLook.theSignature) + "' " + std::to_string(theLook.theNumber);
-    }
-    theText += theLook.theIsVisible ? "" : ", hidden";
+    const char* theName = NameOf(kControlNames, theLook.theShape);
+    return theLook.theSignature == 0 ? theName : Identified(theName, theLook.theSignature, theLook.theNumber);
+}
+
+std::string StateOfControl(const ControlLook& theLook)
+{
+    std::string theText = theLook.theIsVisible ? "" : ", hidden";
     theText += theLook.theIsEnabled ? "" : ", disabled";
     theText += theLook.theIsLocked ? ", locked" : "";
     theText += theLook.theIsHilited ? ", pressed" : "";

@@ -11,8 +11,14 @@ namespace Host {
 // The control as a person would see it, on one line: "[x] Heating on", "( OK )", "|---o------| 21".
 std::string DrawControl(const ControlLook& theLook);
 
-// What it is and how it is called: "check box 'heat' 1, disabled".
+// A thing and the program's own name for it: "control 'heat' 1".
+std::string Identified(const std::string& theThing, std::uint32_t theSignature, std::int32_t theNumber);
+
+// What it is and how it is called: "check box 'heat' 1".
 std::string NameControl(const ControlLook& theLook);
+
+// What a picture does not show of it: ", hidden, disabled". Empty when there is nothing to say.
+std::string StateOfControl(const ControlLook& theLook);
 
 // The window's headline: "Thermostat" - document window, active.
 std::string NameWindow(const WindowLook& theLook);

@@ -169,7 +169,8 @@ std::string HeadlessSnapshot::DescribeBranch(const ControlLook& theControl,
 {
     const std::string thePicture = theIndent + DrawControl(theControl);
     const char* theKeys = theControl.theId == mFocusedControl ? ", has the keys" : "";
-    return Padded(thePicture, kPictureWidth) + "  " + NameControl(theControl) + theKeys;
+    return Padded(thePicture, kPictureWidth) + "  " + NameControl(theControl) + StateOfControl(theControl) +
+           theKeys;
 }
 
 } // namespace Host

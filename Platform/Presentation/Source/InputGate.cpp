@@ -221,11 +221,11 @@ bool InputGate::PointerReleased(const PointerAction& theAction)
 
 bool InputGate::WheelTurned(const WheelAction& theAction)
 {
-    if (FindOpenWindow(theAction.theWindow) == nullptr || theAction.theLines == 0) {
+    const SharedWindow theWindow = FindOpenWindow(theAction.theWindow);
+    if (theWindow == nullptr || theAction.theLines == 0) {
         return false;
     }
-    MouseEvent theEvent(kEventMouseWheelMoved, theWindow, theAction.thePlace,
-                        theAction.theModifiers);
+    MouseEvent theEvent(kEventMouseWheelMoved, theWindow, theAction.thePlace, theAction.theModifiers);
     const UInt16 theAxis = theAction.theIsHorizontal ? kEventMouseWheelAxisX : kEventMouseWheelAxisY;
     theEvent.Set(kEventParamMouseWheelAxis, typeMouseWheelAxis, theAxis);
     theEvent.Set(kEventParamMouseWheelDelta, typeSInt32, static_cast<SInt32>(theAction.theLines));

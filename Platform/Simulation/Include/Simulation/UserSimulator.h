@@ -1,0 +1,121 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef UserSimulator_h
+#define UserSimulator_h
+
+#include <Carbon/Carbon.h>
+#include <string>
+
+#include <Presentation/PresenterTypes.h>
+
+// A person made of code: does to windows and controls what a person can do, for tests and scripted sessions.
+//
+//     Host::UserSimulator theUser;
+//     theUser.DragSlider({theWindow, {'temp', 1}}, 23);
+//     theUser.Click({theWindow, {'room', 1}});
+//     theUser.TypeText("Kitchen\t");
+//     if (const Host::UserResult theResult = theUser.Click(theButton); !theResult) {
+//         std::cerr << theResult.Explain();
+//     }
+//
+// Every action enters through the same gate as a real person's, whatever presenter is in use: the mouse or
+// key event comes first, what it does by default only when no handler of the program consumed it, then the
+// events that tell of the changes. When a function returns, all of that has happened.
+//
+// What a person could not do is refused, and nothing is sent: acting on a control that is hidden, disabled or
+// covered, in a window that is hidden, collapsed or behind a modal one, or that is gone. The result then
+// says why and shows the screen.
+//
+// Actions may be called from handlers and timers of the program too. Main thread only.
+
+namespace Host {
+
+// Whether the person could do it.
+class HOST_PUBLIC UserResult
+{
+public:
+    static UserResult Done() { return {}; }
+    static UserResult Refused(std::string theReason, std::string theScreen);
+
+    explicit operator bool() const { return mReason.empty(); }
+
+    // Why not, in one line without a full stop; empty when it was done.
+    const std::string& Reason() const { return mReason; }
+
+    // The reason, and below it the screen as it was: what a failing test should print. Empty when it was
+    // done.
+    std::string Explain() const;
+
+private:
+    std::string mReason;
+    std::string mScreen;
+};
+
+// A control the way a script speaks of it: by reference, or by its identifier in a window. The control is
+// looked up when the action is done.
+class HOST_PUBLIC ControlAddress
+{
+public:
+    // On purpose not explicit: an address stands for the control in every action.
+    // NOLINTNEXTLINE(google-explicit-constructor)
+    ControlAddress(ControlRef theControl);
+    ControlAddress(WindowRef theWindow, ControlID theID);
+
+    ControlRef Find() const;
+
+    // control 'temp' 1 in the window "Thermostat"
+    std::string Describe() const;
+
+private:
+    ControlRef mControl = nullptr;
+    WindowRef mWindow = nullptr;
+    ControlID mID = {0, 0};
+};
+
+class HOST_PUBLIC UserSimulator
+{
+public:
+    // Controls -----------------------------------------------------------------------------------------
+
+    // Presses and releases the mouse in the middle of the control.
+    UserResult Click(const ControlAddress& theControl, UInt32 theModifiers = 0);
+
+    // The same on one part of it: kControlUpButtonPart of little arrows, for example.
+    UserResult ClickPart(const ControlAddress& theControl, ControlPartCode thePart, UInt32 theModifiers = 0);
+
+    // Takes the indicator of a slider or scroll bar, moves it half the way and then to theValue, and lets go.
+    // The value is exact even when the control has more values than pixels. Refused when theValue is out of
+    // the control's range.
+    UserResult DragSlider(const ControlAddress& theControl, SInt32 theValue);
+
+    // Keys ---------------------------------------------------------------------------------------------
+
+    // Presses and releases a key (kVK_Return, kVK_ANSI_K, ...), with theModifiers (shiftKey, cmdKey, ...)
+    // held. The key types what it types on a US keyboard.
+    UserResult PressKey(UInt32 theKey, UInt32 theModifiers = 0);
+
+    // Types UTF-8 text key by key; '\t' is the Tab key and '\n' the Return key. A character that no key of a
+    // US keyboard types arrives as a key without position (kNoKeyPosition). Refused, before anything is
+    // typed, when theText is not UTF-8 or the keys go to no edit text; after a Tab they may go anywhere.
+    UserResult TypeText(const std::string& theText);
+
+    // Windows ------------------------------------------------------------------------------------------
+
+    // Clicks the close box. Refused when the window has none.
+    UserResult CloseWindow(WindowRef theWindow);
+
+    // Looking ------------------------------------------------------------------------------------------
+
+    // What is on the screen, as text.
+    std::string DescribeScreen() const;
+
+    // What one control shows, on one line; empty for a control that is not there.
+    std::string DescribeControl(const ControlAddress& theControl) const;
+
+private:
+    UserResult PressAt(const ControlAddress& theAddress, ControlPartCode thePart, UInt32 theModifiers);
+};
+
+} // namespace Host
+
+#endif

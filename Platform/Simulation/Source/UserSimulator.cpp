@@ -1,0 +1,338 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include <Simulation/UserSimulator.h>
+
+#include "HeadlessDrawing.h"
+#include "HeadlessSnapshot.h"
+#include "Internal/Control.h"
+#include "Internal/Window.h"
+#include "KeyText.h"
+#include "USKeyboard.h"
+
+#include <Presentation/PresenterRegistry.h>
+
+#include <utility>
+
+namespace Host {
+
+namespace {
+
+// The screen as it is now.
+class Glance : public HeadlessSnapshot
+{
+public:
+    Glance() { PresenterRegistry::ReplayLooks(*this); }
+};
+
+UserResult Refuse(const std::string& theReason)
+{
+    return UserResult::Refused(theReason, Glance().DescribeScreen());
+}
+
+std::string Name(const Window& theWindow)
+{
+    return "the window " + Quoted(theWindow.Look().theTitle);
+}
+
+std::string Name(const Control& theControl)
+{
+    return "the " + NameControl(theControl.Look());
+}
+
+// Why a person cannot reach into the window; empty when they can.
+std::string WhyClosedOff(const SharedWindow& theWindow)
+{
+    if (theWindow == nullptr) {
+        return "the window is gone";
+    }
+    if (!theWindow->IsVisible()) {
+        return Name(*theWindow) + " is hidden";
+    }
+    if (theWindow->IsCollapsed()) {
+        return Name(*theWindow) + " is collapsed";
+    }
+    const SharedWindow theModal = ModalWindowOver(theWindow);
+    return theModal == nullptr ? "" : Name(*theWindow) + " is behind " + Name(*theModal) + ", which is modal";
+}
+
+std::string WhyUnusable(const ControlAddress& theAddress, const SharedControl& theControl)
+{
+    if (theControl == nullptr) {
+        return "there is no " + theAddress.Describe();
+    }
+    if (theControl->Owner() == nullptr) {
+        return Name(*theControl) + " is in no window";
+    }
+    std::string theReason = WhyClosedOff(theControl->Owner());
+    if (theReason.empty() && !theControl->Is(ControlState::kVisible)) {
+        theReason = Name(*theControl) + " is hidden";
+    }
+    if (theReason.empty() && !theControl->Is(ControlState::kEnabled)) {
+        theReason = Name(*theControl) + " is disabled";
+    }
+    return theReason;
+}
+
+Point ToGlobal(const Window& theWindow, Point thePoint)
+{
+    const Rect& theContent = theWindow.Content();
+    return {static_cast<short>(theContent.top + thePoint.v),
+            static_cast<short>(theContent.left + thePoint.h)};
+}
+
+// Why a press at a point of the window's content would not reach the control; empty when it would.
+std::string WhyCovered(const Control& theControl, Point thePoint)
+{
+    const SharedWindow theWindow = theControl.Owner();
+    const Point thePlace = ToGlobal(*theWindow, thePoint);
+    if (!PtInRect(thePlace, &theWindow->Content())) {
+        return Name(theControl) + " lies outside of its window";
+    }
+    const SharedWindow theFront = WindowAt(thePlace);
+    if (theFront != nullptr && theFront != theWindow) {
+        return Name(theControl) + " is covered by " + Name(*theFront);
+    }
+    const SharedControl theTop = ControlAt(theWindow, thePoint);
+    if (theTop == nullptr || theTop.get() == &theControl) {
+        return "";
+    }
+    return Name(theControl) + " is covered by " + Name(*theTop);
+}
+
+std::string WhyOutOfReach(const ControlAddress& theAddress, const SharedControl& theControl, Point thePoint)
+{
+    const std::string theReason = WhyUnusable(theAddress, theControl);
+    return theReason.empty() ? WhyCovered(*theControl, thePoint) : theReason;
+}
+
+// Where a press reaches a part; for kControlEntireControl, the middle of the control.
+bool PlaceOfPart(const SharedControl& theControl, ControlPartCode thePart, Point* thePoint)
+{
+    if (thePart != kControlEntireControl) {
+        return PointOfPart(theControl, thePart, thePoint);
+    }
+    const Rect theBounds = BoundsInWindow(theControl);
+    thePoint->v = static_cast<short>((theBounds.top + theBounds.bottom) / 2);
+    thePoint->h = static_cast<short>((theBounds.left + theBounds.right) / 2);
+    return true;
+}
+
+// Holds modifier keys down for the time of an action.
+class HeldModifiers
+{
+public:
+    explicit HeldModifiers(UInt32 theModifiers)
+        : mModifiers(theModifiers)
+    {
+        Report(mModifiers);
+    }
+    ~HeldModifiers() { Report(0); }
+    HeldModifiers(const HeldModifiers&) = delete;
+    HeldModifiers& operator=(const HeldModifiers&) = delete;
+
+private:
+    void Report(UInt32 theModifiers) const
+    {
+        if (mModifiers != 0) {
+            PresenterRegistry::Events().ModifiersChanged(theModifiers);
+        }
+    }
+
+    UInt32 mModifiers;
+};
+
+void Strike(UInt32 theKey, UInt32 theModifiers, const std::string& theText)
+{
+    const HeldModifiers theHeld(theModifiers);
+    const KeyAction theAction = {theKey, theText, theModifiers};
+    PresenterRegistry::Events().KeyPressed(theAction);
+    PresenterRegistry::Events().KeyReleased(theAction);
+}
+
+// The code points of UTF-8 text that is known to be well-formed, each as its bytes.
+std::vector<std::string> CodePointsOf(const std::string& theText)
+{
+    std::vector<std::string> theCodePoints;
+    for (const char theByte : theText) {
+        if ((static_cast<unsigned char>(theByte) & 0xC0u) != 0x80u) {
+            theCodePoints.emplace_back();
+        }
+        theCodePoints.back() += theByte;
+    }
+    return theCodePoints;
+}
+
+void Drag(ObjectId theControl, DragPhase thePhase, SInt32 theValue)
+{
+    PresenterRegistry::Events().ControlDragged({theControl, thePhase, theValue, kNoModifiers});
+}
+
+} // namespace
+
+// Results ----------------------------------------------------------------------------------------------
+
+UserResult UserResult::Refused(std::string theReason, std::string theScreen)
+{
+    UserResult theResult;
+    theResult.mReason = std::move(theReason);
+    theResult.mScreen = std::move(theScreen);
+    return theResult;
+}
+
+std::string UserResult::Explain() const
+{
+    return mReason.empty() ? "" : "Refused: " + mReason + ".\n" + mScreen;
+}
+
+// Addresses --------------------------------------------------------------------------------------------
+
+ControlAddress::ControlAddress(ControlRef theControl)
+    : mControl(theControl)
+{
+}
+
+ControlAddress::ControlAddress(WindowRef theWindow, ControlID theID)
+    : mWindow(theWindow),
+      mID(theID)
+{
+}
+
+ControlRef ControlAddress::Find() const
+{
+    if (mControl != nullptr) {
+        return FindControl(mControl) == nullptr ? nullptr : mControl;
+    }
+    ControlRef theControl = nullptr;
+    const OSStatus theStatus = GetControlByID(mWindow, &mID, &theControl);
+    return theStatus == noErr ? theControl : nullptr;
+}
+
+std::string ControlAddress::Describe() const
+{
+    if (mControl != nullptr || mWindow == nullptr) {
+        return "such control";
+    }
+    const SharedWindow theWindow = FindWindow(mWindow);
+    return Identified("control", mID.signature, mID.id) +
+           (theWindow == nullptr ? " in a window that is gone" : " in " + Name(*theWindow));
+}
+
+// Controls ---------------------------------------------------------------------------------------------
+
+UserResult UserSimulator::Click(const ControlAddress& theControl, UInt32 theModifiers)
+{
+    return PressAt(theControl, kControlEntireControl, theModifiers);
+}
+
+UserResult UserSimulator::ClickPart(const ControlAddress& theControl, ControlPartCode thePart,
+                                    UInt32 theModifiers)
+{
+    return PressAt(theControl, thePart, theModifiers);
+}
+
+UserResult UserSimulator::PressAt(const ControlAddress& theAddress, ControlPartCode thePart,
+                                  UInt32 theModifiers)
+{
+    const SharedControl theControl = FindControl(theAddress.Find());
+    Point thePoint = {0, 0};
+    if (theControl != nullptr && !PlaceOfPart(theControl, thePart, &thePoint)) {
+        return Refuse(Name(*theControl) + " has no part " + std::to_string(thePart));
+    }
+    const std::string theReason = WhyOutOfReach(theAddress, theControl, thePoint);
+    if (!theReason.empty()) {
+        return Refuse(theReason);
+    }
+    const SharedWindow theWindow = theControl->Owner();
+    const Point thePlace = ToGlobal(*theWindow, thePoint);
+    PointerAction theAction;
+    theAction.theWindow = theWindow->Identifier();
+    theAction.thePlace = {thePlace.h, thePlace.v};
+    theAction.theModifiers = theModifiers;
+    const HeldModifiers theHeld(theModifiers);
+    PresenterRegistry::Events().PointerMoved(theAction);
+    PresenterRegistry::Events().PointerPressed(theAction);
+    PresenterRegistry::Events().PointerReleased(theAction);
+    return UserResult::Done();
+}
+
+UserResult UserSimulator::DragSlider(const ControlAddress& theAddress, SInt32 theValue)
+{
+    const SharedControl theControl = FindControl(theAddress.Find());
+    Point thePoint = {0, 0};
+    if (theControl != nullptr && !PointOfPart(theControl, kControlIndicatorPart, &thePoint)) {
+        return Refuse(Name(*theControl) + " has no indicator to drag");
+    }
+    const std::string theReason = WhyOutOfReach(theAddress, theControl, thePoint);
+    if (!theReason.empty()) {
+        return Refuse(theReason);
+    }
+    const ControlRange theRange = theControl->Range();
+    if (theRange.Nearest(theValue) != theValue) {
+        return Refuse(Name(*theControl) + " goes from " + std::to_string(theRange.theMinimum) + " to " +
+                      std::to_string(theRange.theMaximum));
+    }
+    const std::int64_t theSum = static_cast<std::int64_t>(theRange.theValue) + theValue;
+    const ObjectId theIdentifier = theControl->Identifier();
+    Drag(theIdentifier, DragPhase::kBegan, theRange.theValue);
+    Drag(theIdentifier, DragPhase::kMoved, static_cast<SInt32>(theSum / 2));
+    Drag(theIdentifier, DragPhase::kMoved, theValue);
+    Drag(theIdentifier, DragPhase::kEnded, theValue);
+    return UserResult::Done();
+}
+
+// Keys -------------------------------------------------------------------------------------------------
+
+UserResult UserSimulator::PressKey(UInt32 theKey, UInt32 theModifiers)
+{
+    Strike(theKey, theModifiers, TypedBy(theKey, theModifiers));
+    return UserResult::Done();
+}
+
+UserResult UserSimulator::TypeText(const std::string& theText)
+{
+    if (!theText.empty() && ToUtf16(theText).empty()) {
+        return Refuse("the text to type is not UTF-8");
+    }
+    const Glance theScreen;
+    const ControlLook* theField = theScreen.FindControl(theScreen.FocusedControl());
+    if (theField == nullptr || theField->theShape != ControlShape::kEditText) {
+        return Refuse("the keys go to no edit text");
+    }
+    for (const std::string& theCodePoint : CodePointsOf(theText)) {
+        const KeyStroke theStroke = StrokeFor(theCodePoint[0]);
+        const bool theIsControl = theStroke.theKey == kVK_Tab || theStroke.theKey == kVK_Return;
+        Strike(theStroke.theKey, theStroke.theModifiers, theIsControl ? std::string() : theCodePoint);
+    }
+    return UserResult::Done();
+}
+
+// Windows ----------------------------------------------------------------------------------------------
+
+UserResult UserSimulator::CloseWindow(WindowRef theWindow)
+{
+    const SharedWindow theFound = FindWindow(theWindow);
+    const std::string theReason = WhyClosedOff(theFound);
+    if (!theReason.empty()) {
+        return Refuse(theReason);
+    }
+    if (!theFound->Has(kWindowCloseBoxAttribute)) {
+        return Refuse(Name(*theFound) + " has no close box");
+    }
+    PresenterRegistry::Events().CloseAsked(theFound->Identifier());
+    return UserResult::Done();
+}
+
+// Looking ----------------------------------------------------------------------------------------------
+
+std::string UserSimulator::DescribeScreen() const
+{
+    return Glance().DescribeScreen();
+}
+
+std::string UserSimulator::DescribeControl(const ControlAddress& theAddress) const
+{
+    const SharedControl theControl = FindControl(theAddress.Find());
+    return theControl == nullptr ? "" : Glance().DescribeControl(theControl->Identifier());
+}
+
+} // namespace Host
