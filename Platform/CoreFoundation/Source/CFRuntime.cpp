@@ -1,0 +1,143 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "CFRuntime.h"
+
+#include "CFAllocatorObject.h"
+#include "CFStringObject.h"
+#include "CFText.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+// In the order of the identifiers.
+const Host::TypeOperations* const kTypes[] = {
+    &Host::kAllocatorType,  &Host::kArrayType, &Host::kBooleanType, &Host::kDataType,   &Host::kDateType,
+    &Host::kDictionaryType, &Host::kNullType,  &Host::kNumberType,  &Host::kStringType,
+};
+
+const Host::Object* RequireObject(CFTypeRef theObject, const char* theCaller)
+{
+    if (theObject == nullptr) {
+        Host::Stop(theCaller, "the object is NULL");
+    }
+    return static_cast<const Host::Object*>(theObject);
+}
+
+void ShowString(CFStringRef theString)
+{
+    for (const UniChar theUnit : theString->mUnits) {
+        if (theUnit < 0x80) {
+            std::fputc(theUnit, stderr);
+        } else {
+            std::fprintf(stderr, "\\u%04x", static_cast<unsigned>(theUnit));
+        }
+    }
+}
+
+} // namespace
+
+void Host::Stop(const char* theCaller, const char* theReason)
+{
+    std::fprintf(stderr, "%s: %s\n", theCaller, theReason);
+    std::abort();
+}
+
+CFTypeID CFGetTypeID(CFTypeRef theObject)
+{
+    return RequireObject(theObject, __func__)->mType->theIdentifier;
+}
+
+CFStringRef CFCopyTypeIDDescription(CFTypeID theType)
+{
+    for (const Host::TypeOperations* theOperations : kTypes) {
+        if (theOperations->theIdentifier == theType) {
+            return CFStringCreateWithCString(kCFAllocatorDefault, theOperations->theName,
+                                             kCFStringEncodingASCII);
+        }
+    }
+    return nullptr;
+}
+
+CFTypeRef CFRetain(CFTypeRef theObject)
+{
+    std::atomic<CFIndex>& theCount = RequireObject(theObject, __func__)->mRetainCount;
+    if (theCount.load(std::memory_order_relaxed) != Host::kImmortal) {
+        theCount.fetch_add(1, std::memory_order_relaxed);
+    }
+    return theObject;
+}
+
+void CFRelease(CFTypeRef theObject)
+{
+    const Host::Object* const theHeader = RequireObject(theObject, __func__);
+    if (theHeader->mRetainCount.load(std::memory_order_relaxed) == Host::kImmortal) {
+        return;
+    }
+    // What other threads did with the object happens before it is freed.
+    if (theHeader->mRetainCount.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+        theHeader->mType->theFree(theHeader);
+    }
+}
+
+CFIndex CFGetRetainCount(CFTypeRef theObject)
+{
+    return RequireObject(theObject, __func__)->mRetainCount.load(std::memory_order_relaxed);
+}
+
+Boolean CFEqual(CFTypeRef theFirst, CFTypeRef theSecond)
+{
+    const Host::Object* const theFirstHeader = RequireObject(theFirst, __func__);
+    const Host::Object* const theSecondHeader = RequireObject(theSecond, __func__);
+    if (theFirst == theSecond) {
+        return true;
+    }
+    const Host::TypeOperations* const theType = theFirstHeader->mType;
+    return theType == theSecondHeader->mType && theType->theEqual != nullptr &&
+           theType->theEqual(theFirstHeader, theSecondHeader);
+}
+
+CFHashCode CFHash(CFTypeRef theObject)
+{
+    const Host::Object* const theHeader = RequireObject(theObject, __func__);
+    if (theHeader->mType->theHash == nullptr) {
+        return reinterpret_cast<CFHashCode>(theObject);
+    }
+    return theHeader->mType->theHash(theHeader);
+}
+
+CFStringRef CFCopyDescription(CFTypeRef theObject)
+{
+    if (theObject == nullptr) {
+        return nullptr;
+    }
+    return Host::NothingWithoutMemory([theObject] {
+        const Host::Object* const theHeader = static_cast<const Host::Object*>(theObject);
+        if (theHeader->mType->theCopyDescription == nullptr) {
+            return Host::Text().AppendHeader(theHeader).CopyString();
+        }
+        return theHeader->mType->theCopyDescription(theHeader);
+    });
+}
+
+CFAllocatorRef CFGetAllocator(CFTypeRef theObject)
+{
+    const bool theIsAllocator = RequireObject(theObject, __func__)->mType == &Host::kAllocatorType;
+    return theIsAllocator ? static_cast<CFAllocatorRef>(theObject) : kCFAllocatorSystemDefault;
+}
+
+void CFShow(CFTypeRef theObject)
+{
+    if (theObject == nullptr) {
+        std::fputs("(null)", stderr);
+    } else if (CFGetTypeID(theObject) == CFStringGetTypeID()) {
+        ShowString(static_cast<CFStringRef>(theObject));
+    } else {
+        const Host::Holder<CFStringRef> theDescription(CFCopyDescription(theObject));
+        if (theDescription.Get() != nullptr) {
+            ShowString(theDescription.Get());
+        }
+    }
+    std::fputc('\n', stderr);
+}

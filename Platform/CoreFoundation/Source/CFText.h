@@ -1,0 +1,48 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef CFText_h
+#define CFText_h
+
+// Text under construction, for descriptions and formats. Throws std::bad_alloc when there is no memory.
+
+#include "CFRuntime.h"
+
+#include <string>
+#include <vector>
+
+namespace Host {
+
+using Units = std::vector<UniChar>;
+
+class Text
+{
+public:
+    // Characters of ASCII.
+    Text& Append(const char* theText);
+    Text& Append(const std::string& theText) { return Append(theText.c_str()); }
+    Text& Append(CFStringRef theString);
+    Text& Append(const Units& theUnits);
+
+    // "<CFType address [address of the allocator]>", the start of every description.
+    Text& AppendHeader(const Object* theObject);
+
+    // An object's description, or "(null)". theCopy makes it and may be null: then the address is shown.
+    Text& AppendDescription(const void* theValue, CFStringRef (*theCopy)(const void* theValue));
+
+    // A new string; the caller releases it.
+    CFStringRef CopyString();
+
+private:
+    Units mUnits;
+};
+
+// What %@ shows for an object. The caller releases it.
+CFStringRef CopyFormatText(CFTypeRef theObject);
+
+// printf and strtod as the "C" locale has them, whatever the process's locale is.
+std::string FormatInCLocale(const char* theFormat, ...) __attribute__((format(printf, 1, 2)));
+double ParseInCLocale(const std::string& theText);
+
+} // namespace Host
+
+#endif
