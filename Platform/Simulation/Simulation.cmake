@@ -1,3 +1,4 @@
 target_sources(LmCarbon PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/Source/USKeyboard.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/Source/UserSession.cpp
   ${CMAKE_CURRENT_LIST_DIR}/Source/UserSimulator.cpp)

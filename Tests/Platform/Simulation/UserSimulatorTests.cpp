@@ -1,0 +1,450 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "TestProgram.h"
+
+#include <gtest/gtest.h>
+#include <Simulation/UserSimulator.h>
+
+namespace {
+
+using Host::ControlAddress;
+using Host::UserResult;
+
+class UserSimulator : public testing::Test
+{
+protected:
+    UserSimulator()
+        : mWindowLog(GetWindowEventTarget(mProgram.mWindow.Get()), mLog)
+    {
+    }
+
+    Log Take()
+    {
+        Log theLog;
+        theLog.swap(mLog);
+        return theLog;
+    }
+
+    // Has every event of one name answered with noErr.
+    void Consume(const std::string& theName)
+    {
+        mWindowLog.mAnswer = [theName](const std::string& theEvent, EventRef) {
+            return theEvent == theName ? OSStatus{noErr} : OSStatus{eventNotHandledErr};
+        };
+    }
+
+    // Refused for this reason, and nothing was sent.
+    void ExpectRefusal(const UserResult& theResult, const std::string& theReason)
+    {
+        EXPECT_FALSE(theResult);
+        EXPECT_EQ(theResult.Reason(), theReason);
+        EXPECT_EQ(theResult.Explain(), "Refused: " + theReason + ".\n" + mUser.DescribeScreen());
+        EXPECT_EQ(Take(), Log());
+    }
+
+    void ExpectDone(const UserResult& theResult)
+    {
+        EXPECT_TRUE(theResult) << theResult.Explain();
+        EXPECT_EQ(theResult.Explain(), "");
+    }
+
+    void FocusField() { SetKeyboardFocus(mProgram.mWindow.Get(), mProgram.mField, kControlEditTextPart); }
+
+    TestProgram mProgram;
+    Log mLog;
+    EventLog mWindowLog;
+    Host::UserSimulator mUser;
+};
+
+const Log kClickOnButton = {"mouse moved", "mouse down", "click", "mouse up", "hit"};
+
+// Clicking ---------------------------------------------------------------------------------------------
+
+TEST_F(UserSimulator, ClicksAControlByReference)
+{
+    ExpectDone(mUser.Click(mProgram.mButton));
+    EXPECT_EQ(Take(), kClickOnButton);
+}
+
+TEST_F(UserSimulator, ClicksAControlByItsIdentifier)
+{
+    ExpectDone(mUser.Click({mProgram.mWindow.Get(), {'rset', 1}}));
+    EXPECT_EQ(Take(), kClickOnButton);
+}
+
+TEST_F(UserSimulator, ClickingACheckBoxTurnsItOver)
+{
+    ExpectDone(mUser.Click(mProgram.mCheckBox));
+    EXPECT_EQ(GetControl32BitValue(mProgram.mCheckBox), 1);
+    EXPECT_EQ(Take(), (Log{"mouse moved", "mouse down", "click", "mouse up", "value", "hit"}));
+    ExpectDone(mUser.Click(mProgram.mCheckBox));
+    EXPECT_EQ(GetControl32BitValue(mProgram.mCheckBox), 0);
+}
+
+TEST_F(UserSimulator, AClickSendsTheCommandOfTheControl)
+{
+    SetControlCommandID(mProgram.mButton, 'rset');
+    ExpectDone(mUser.Click(mProgram.mButton));
+    EXPECT_EQ(Take().back(), "command");
+}
+
+TEST_F(UserSimulator, AClickThatAHandlerConsumedDoesNothing)
+{
+    Consume("mouse down");
+    ExpectDone(mUser.Click(mProgram.mCheckBox));
+    EXPECT_EQ(GetControl32BitValue(mProgram.mCheckBox), 0);
+    EXPECT_EQ(Take(), (Log{"mouse moved", "mouse down", "mouse up"}));
+}
+
+TEST_F(UserSimulator, ClickingAFieldGivesItTheKeys)
+{
+    ExpectDone(mUser.Click(mProgram.mField));
+    ControlRef theFocus = nullptr;
+    GetKeyboardFocus(mProgram.mWindow.Get(), &theFocus);
+    EXPECT_EQ(theFocus, mProgram.mField);
+}
+
+TEST_F(UserSimulator, ClicksOneOfTwoArrows)
+{
+    static std::vector<ControlPartCode> theParts;
+    theParts.clear();
+    const auto Action = [](ControlRef, ControlPartCode thePart) { theParts.push_back(thePart); };
+    const Rect theBounds = MakeRect(250, 10, 266, 42);
+    ControlRef theArrows = nullptr;
+    CreateLittleArrowsControl(mProgram.mWindow.Get(), &theBounds, 0, 0, 10, 1, &theArrows);
+    SetControlAction(theArrows, Action);
+    ExpectDone(mUser.ClickPart(theArrows, kControlUpButtonPart));
+    ExpectDone(mUser.ClickPart(theArrows, kControlDownButtonPart));
+    EXPECT_EQ(theParts, (std::vector<ControlPartCode>{kControlUpButtonPart, kControlDownButtonPart}));
+}
+
+TEST_F(UserSimulator, HoldsTheModifiersDuringAClick)
+{
+    UInt32 theModifiers = 0;
+    mWindowLog.mAnswer = [&theModifiers](const std::string& theName, EventRef theEvent) {
+        if (theName == "mouse down") {
+            theModifiers = Parameter<UInt32>(theEvent, kEventParamKeyModifiers, typeUInt32);
+        }
+        return OSStatus{eventNotHandledErr};
+    };
+    ExpectDone(mUser.Click(mProgram.mButton, optionKey));
+    EXPECT_EQ(theModifiers, UInt32{optionKey});
+    EXPECT_EQ(GetCurrentKeyModifiers(), 0u);
+}
+
+TEST_F(UserSimulator, MayDisposeTheControlByClickingIt)
+{
+    Log theLog;
+    EventLog theButton(GetControlEventTarget(mProgram.mButton), theLog);
+    theButton.mAnswer = [this](const std::string& theName, EventRef) {
+        if (theName == "hit") {
+            DisposeControl(mProgram.mButton);
+        }
+        return OSStatus{eventNotHandledErr};
+    };
+    ExpectDone(mUser.Click(mProgram.mButton));
+    EXPECT_FALSE(IsValidControlHandle(mProgram.mButton));
+}
+
+// Refusals ---------------------------------------------------------------------------------------------
+
+TEST_F(UserSimulator, RefusesAHiddenControl)
+{
+    HideControl(mProgram.mButton);
+    Take();
+    ExpectRefusal(mUser.Click(mProgram.mButton), "the push button 'rset' 1 is hidden");
+}
+
+TEST_F(UserSimulator, RefusesADisabledControl)
+{
+    DisableControl(mProgram.mSlider);
+    Take();
+    ExpectRefusal(mUser.DragSlider(mProgram.mSlider, 7), "the slider 'temp' 1 is disabled");
+    EXPECT_EQ(GetControl32BitValue(mProgram.mSlider), 5);
+}
+
+TEST_F(UserSimulator, RefusesAControlInAHiddenWindow)
+{
+    HideWindow(mProgram.mWindow.Get());
+    Take();
+    ExpectRefusal(mUser.Click(mProgram.mButton), "the window \"Thermostat\" is hidden");
+}
+
+TEST_F(UserSimulator, RefusesAControlInACollapsedWindow)
+{
+    CollapseWindow(mProgram.mWindow.Get(), true);
+    Take();
+    ExpectRefusal(mUser.Click(mProgram.mButton), "the window \"Thermostat\" is collapsed");
+}
+
+TEST_F(UserSimulator, RefusesAControlBehindAModalWindow)
+{
+    const TestWindow theAlert(MakeRect(600, 80, 800, 180), CFSTR("Alert"), kMovableModalWindowClass,
+                              kWindowNoAttributes);
+    Take();
+    ExpectRefusal(mUser.Click(mProgram.mButton),
+                  "the window \"Thermostat\" is behind the window \"Alert\", which is modal");
+}
+
+TEST_F(UserSimulator, RefusesAControlCoveredByAnotherWindow)
+{
+    const TestWindow theCover(MakeRect(100, 80, 420, 280), CFSTR("Cover"));
+    Take();
+    ExpectRefusal(mUser.Click(mProgram.mButton),
+                  "the push button 'rset' 1 is covered by the window \"Cover\"");
+}
+
+TEST_F(UserSimulator, RefusesAControlCoveredByAnotherControl)
+{
+    const Rect theBounds = MakeRect(0, 90, 200, 140);
+    ControlRef theCover = nullptr;
+    CreatePushButtonControl(mProgram.mWindow.Get(), &theBounds, CFSTR("Cover"), &theCover);
+    mProgram.Name(theCover, 'covr');
+    Take();
+    ExpectRefusal(mUser.Click(mProgram.mButton),
+                  "the push button 'rset' 1 is covered by the push button 'covr' 1");
+}
+
+TEST_F(UserSimulator, RefusesAControlOutsideOfItsWindow)
+{
+    MoveControl(mProgram.mButton, 1000, 10);
+    Take();
+    ExpectRefusal(mUser.Click(mProgram.mButton), "the push button 'rset' 1 lies outside of its window");
+}
+
+TEST_F(UserSimulator, RefusesAControlThatIsNotThere)
+{
+    const WindowRef theWindow = mProgram.mWindow.Get();
+    ExpectRefusal(mUser.Click({theWindow, {'none', 2}}),
+                  "there is no control 'none' 2 in the window \"Thermostat\"");
+    ExpectRefusal(mUser.Click(static_cast<ControlRef>(nullptr)), "there is no such control");
+    ExpectRefusal(mUser.DragSlider({theWindow, {'none', 2}}, 0),
+                  "there is no control 'none' 2 in the window \"Thermostat\"");
+    DisposeControl(mProgram.mButton);
+    Take();
+    ExpectRefusal(mUser.Click(mProgram.mButton), "there is no such control");
+}
+
+TEST_F(UserSimulator, RefusesAControlInAWindowThatIsGone)
+{
+    const WindowRef theWindow = mProgram.mWindow.Get();
+    DisposeWindow(theWindow);
+    Take();
+    ExpectRefusal(mUser.Click({theWindow, {'rset', 1}}),
+                  "there is no control 'rset' 1 in a window that is gone");
+}
+
+TEST_F(UserSimulator, RefusesAPartThatTheControlDoesNotHave)
+{
+    ExpectRefusal(mUser.ClickPart(mProgram.mButton, kControlUpButtonPart),
+                  "the push button 'rset' 1 has no part 20");
+}
+
+// Dragging ---------------------------------------------------------------------------------------------
+
+TEST_F(UserSimulator, DragsASliderToAValue)
+{
+    ExpectDone(mUser.DragSlider(mProgram.mSlider, 9));
+    EXPECT_EQ(GetControl32BitValue(mProgram.mSlider), 9);
+    EXPECT_EQ(Take(),
+              (Log{"mouse down", "click", "mouse dragged", "mouse dragged", "mouse up", "value", "hit"}));
+}
+
+TEST_F(UserSimulator, DragsThroughTheWholeRangeOfNumbers)
+{
+    SetControl32BitMinimum(mProgram.mSlider, -2147483647 - 1);
+    SetControl32BitMaximum(mProgram.mSlider, 2147483647);
+    ExpectDone(mUser.DragSlider(mProgram.mSlider, 2147483647));
+    EXPECT_EQ(GetControl32BitValue(mProgram.mSlider), 2147483647);
+    ExpectDone(mUser.DragSlider(mProgram.mSlider, -2147483647 - 1));
+    EXPECT_EQ(GetControl32BitValue(mProgram.mSlider), -2147483647 - 1);
+    ExpectDone(mUser.DragSlider(mProgram.mSlider, 3));
+    EXPECT_EQ(GetControl32BitValue(mProgram.mSlider), 3);
+}
+
+TEST_F(UserSimulator, RefusesAValueBeyondTheSlider)
+{
+    ExpectRefusal(mUser.DragSlider(mProgram.mSlider, 11), "the slider 'temp' 1 goes from 0 to 10");
+    ExpectRefusal(mUser.DragSlider(mProgram.mSlider, -1), "the slider 'temp' 1 goes from 0 to 10");
+}
+
+TEST_F(UserSimulator, RefusesToDragWhatHasNoIndicator)
+{
+    ExpectRefusal(mUser.DragSlider(mProgram.mButton, 1), "the push button 'rset' 1 has no indicator to drag");
+}
+
+// Typing -----------------------------------------------------------------------------------------------
+
+TEST_F(UserSimulator, TypesTextIntoTheField)
+{
+    FocusField();
+    ExpectDone(mUser.TypeText("Living Room #2"));
+    EXPECT_EQ(TextOf(mProgram.mField), "Living Room #2");
+}
+
+TEST_F(UserSimulator, TypesWhatNoKeyTypes)
+{
+    FocusField();
+    ExpectDone(mUser.TypeText("Küche ж𝄞"));
+    EXPECT_EQ(TextOf(mProgram.mField), "Küche ж𝄞");
+}
+
+TEST_F(UserSimulator, EveryCharacterIsAKeyDownAndAKeyUp)
+{
+    FocusField();
+    Take();
+    ExpectDone(mUser.TypeText("aB"));
+    EXPECT_EQ(Take(), (Log{"key down", "key up", "modifiers", "key down", "key up", "modifiers"}));
+}
+
+TEST_F(UserSimulator, TypesWithTheRightKeys)
+{
+    FocusField();
+    std::vector<UInt32> theKeys;
+    mWindowLog.mAnswer = [&theKeys](const std::string& theName, EventRef theEvent) {
+        if (theName == "key down") {
+            theKeys.push_back(Parameter<UInt32>(theEvent, kEventParamKeyCode, typeUInt32));
+            theKeys.push_back(Parameter<UInt32>(theEvent, kEventParamKeyModifiers, typeUInt32));
+        }
+        return OSStatus{noErr};
+    };
+    ExpectDone(mUser.TypeText("k?\t\né"));
+    EXPECT_EQ(theKeys, (std::vector<UInt32>{kVK_ANSI_K, 0, kVK_ANSI_Slash, shiftKey, kVK_Tab, 0, kVK_Return,
+                                            0, Host::kNoKeyPosition, 0}));
+}
+
+TEST_F(UserSimulator, RefusesToTypeWithoutAField)
+{
+    ClearKeyboardFocus(mProgram.mWindow.Get());
+    Take();
+    ExpectRefusal(mUser.TypeText("a"), "the keys go to no edit text");
+}
+
+TEST_F(UserSimulator, RefusesToTypeWhatIsNoText)
+{
+    FocusField();
+    Take();
+    ExpectRefusal(mUser.TypeText("a\xFF"), "the text to type is not UTF-8");
+    EXPECT_EQ(TextOf(mProgram.mField), "");
+}
+
+struct StrokeRow
+{
+    UInt32 theKey;
+    UInt32 theModifiers;
+    const char* theText;
+};
+
+class UserSimulatorKeys : public UserSimulator, public testing::WithParamInterface<StrokeRow>
+{
+};
+
+TEST_P(UserSimulatorKeys, TypeWhatAUSKeyboardTypes)
+{
+    FocusField();
+    ExpectDone(mUser.PressKey(GetParam().theKey, GetParam().theModifiers));
+    EXPECT_EQ(TextOf(mProgram.mField), GetParam().theText);
+}
+
+INSTANTIATE_TEST_SUITE_P(Strokes, UserSimulatorKeys,
+                         testing::Values(StrokeRow{kVK_ANSI_A, 0, "a"}, StrokeRow{kVK_ANSI_A, shiftKey, "A"},
+                                         StrokeRow{kVK_ANSI_A, alphaLock, "A"}, StrokeRow{kVK_ANSI_1, 0, "1"},
+                                         StrokeRow{kVK_ANSI_1, shiftKey, "!"},
+                                         StrokeRow{kVK_ANSI_1, alphaLock, "1"},
+                                         StrokeRow{kVK_Space, shiftKey, " "}, StrokeRow{kVK_F1, 0, ""}));
+
+TEST_F(UserSimulator, EveryPrintableCharacterHasItsKey)
+{
+    std::string theCharacters;
+    for (char theCharacter = ' '; theCharacter < 0x7F; ++theCharacter) {
+        theCharacters += theCharacter;
+    }
+    FocusField();
+    UInt32 theStray = 0;
+    mWindowLog.mAnswer = [&theStray](const std::string& theName, EventRef theEvent) {
+        const UInt32 theKey = Parameter<UInt32>(theEvent, kEventParamKeyCode, typeUInt32);
+        theStray += theName == "key down" && theKey == Host::kNoKeyPosition ? 1u : 0u;
+        return OSStatus{eventNotHandledErr};
+    };
+    ExpectDone(mUser.TypeText(theCharacters));
+    EXPECT_EQ(theStray, 0u);
+    EXPECT_EQ(TextOf(mProgram.mField), theCharacters);
+}
+
+TEST_F(UserSimulator, BackspaceTakesTheLastCharacterAway)
+{
+    FocusField();
+    mUser.TypeText("Room");
+    ExpectDone(mUser.PressKey(kVK_Delete));
+    EXPECT_EQ(TextOf(mProgram.mField), "Roo");
+}
+
+TEST_F(UserSimulator, ReturnPressesTheDefaultButton)
+{
+    SetWindowDefaultButton(mProgram.mWindow.Get(), mProgram.mButton);
+    SetControlCommandID(mProgram.mButton, 'rset');
+    Take();
+    ExpectDone(mUser.PressKey(kVK_Return));
+    EXPECT_EQ(Take(), (Log{"key down", "hit", "command", "key up"}));
+}
+
+TEST_F(UserSimulator, TabMovesTheKeysToTheNextField)
+{
+    const Rect theBounds = MakeRect(10, 130, 210, 150);
+    ControlRef theNext = nullptr;
+    CreateEditUnicodeTextControl(mProgram.mWindow.Get(), &theBounds, nullptr, false, nullptr, &theNext);
+    FocusField();
+    ExpectDone(mUser.TypeText("Kitchen\tblue"));
+    EXPECT_EQ(TextOf(mProgram.mField), "Kitchen");
+    EXPECT_EQ(TextOf(theNext), "blue");
+}
+
+// Windows ----------------------------------------------------------------------------------------------
+
+TEST_F(UserSimulator, ClosesAWindow)
+{
+    const WindowRef theWindow = mProgram.mWindow.Get();
+    ExpectDone(mUser.CloseWindow(theWindow));
+    EXPECT_FALSE(IsValidWindowPtr(theWindow));
+    ExpectRefusal((Take(), mUser.CloseWindow(theWindow)), "the window is gone");
+}
+
+TEST_F(UserSimulator, RefusesToCloseAWindowWithoutACloseBox)
+{
+    const TestWindow thePlain(MakeRect(600, 80, 700, 120), CFSTR("Plain"), kDocumentWindowClass,
+                              kWindowNoAttributes);
+    Take();
+    ExpectRefusal(mUser.CloseWindow(thePlain.Get()), "the window \"Plain\" has no close box");
+    EXPECT_TRUE(IsValidWindowPtr(thePlain.Get()));
+}
+
+TEST_F(UserSimulator, RefusesToCloseAHiddenWindow)
+{
+    HideWindow(mProgram.mWindow.Get());
+    Take();
+    ExpectRefusal(mUser.CloseWindow(mProgram.mWindow.Get()), "the window \"Thermostat\" is hidden");
+}
+
+// Looking ----------------------------------------------------------------------------------------------
+
+TEST_F(UserSimulator, TellsWhatAControlShows)
+{
+    EXPECT_EQ(mUser.DescribeControl(mProgram.mSlider),
+              "├─────────●──────────┤ 5 of 0…10          slider 'temp' 1");
+    EXPECT_EQ(mUser.DescribeControl({mProgram.mWindow.Get(), {'none', 1}}), "");
+}
+
+TEST_F(UserSimulator, TellsWhatIsOnTheScreen)
+{
+    FocusField();
+    mUser.TypeText("Kitchen");
+    EXPECT_EQ(mUser.DescribeScreen(),
+              "\"Thermostat\" - document window, active\n"
+              "   at 100, 80; 320 × 200; close box; collapse box; zoom box; resizable\n"
+              " ├─ ├─────────●──────────┤ 5 of 0…10      slider 'temp' 1\n"
+              " ├─ [ ] Heating on                        check box 'heat' 1\n"
+              " ├─ [Kitchen         ]                    edit text 'room' 1, has the keys\n"
+              " └─ ( Reset )                             push button 'rset' 1\n");
+}
+
+} // namespace

@@ -1,0 +1,631 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "TestProgram.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace {
+
+using Host::ControlDrag;
+using Host::DragPhase;
+using Host::KeyAction;
+using Host::ObjectId;
+using Host::PointerAction;
+using Host::PointerButton;
+using Host::PresenterEvents;
+using Host::PresenterRegistry;
+
+constexpr ObjectId kUnknown = 0x7FFFFFFF;
+
+PresenterEvents& Gate()
+{
+    return PresenterRegistry::Events();
+}
+
+// The tests speak of places in the content of the window at 100, 80.
+PointerAction At(ObjectId theWindow, int theX, int theY, PointerButton theButton = PointerButton::kPrimary)
+{
+    PointerAction theAction;
+    theAction.theWindow = theWindow;
+    theAction.thePlace = {100 + theX, 80 + theY};
+    theAction.theButton = theButton;
+    return theAction;
+}
+
+class InputGate : public testing::Test
+{
+protected:
+    InputGate()
+        : mWindow(Screen().WindowCalled("Thermostat")),
+          mWindowLog(GetWindowEventTarget(mProgram.mWindow.Get()), mLog)
+    {
+    }
+
+    ~InputGate() override
+    {
+        // The gate outlives the test: nothing stays pressed.
+        for (const PointerButton theButton :
+             {PointerButton::kPrimary, PointerButton::kSecondary, PointerButton::kTertiary}) {
+            Gate().PointerReleased(At(mWindow, 0, 0, theButton));
+        }
+        Gate().ModifiersChanged(0);
+    }
+
+    Log Take()
+    {
+        Log theLog;
+        theLog.swap(mLog);
+        return theLog;
+    }
+
+    // Has every event of one name answered with noErr.
+    void Consume(const std::string& theName)
+    {
+        mWindowLog.mAnswer = [theName](const std::string& theEvent, EventRef) {
+            return theEvent == theName ? OSStatus{noErr} : OSStatus{eventNotHandledErr};
+        };
+    }
+
+    TestProgram mProgram;
+    ObjectId mWindow;
+    Log mLog;
+    EventLog mWindowLog;
+};
+
+// Pointer ----------------------------------------------------------------------------------------------
+
+TEST_F(InputGate, APressTellsTheWindowWhereAndWithWhat)
+{
+    PointerAction thePress = At(mWindow, 300, 150, PointerButton::kSecondary);
+    thePress.theClickCount = 2;
+    thePress.theModifiers = shiftKey;
+    bool theIsSeen = false;
+    mWindowLog.mAnswer = [&](const std::string&, EventRef theEvent) {
+        theIsSeen = true;
+        const HIPoint thePlace = Parameter<HIPoint>(theEvent, kEventParamMouseLocation, typeHIPoint);
+        EXPECT_EQ(thePlace.x, CGFloat{400});
+        EXPECT_EQ(thePlace.y, CGFloat{230});
+        Rect theFrame = {};
+        GetWindowBounds(mProgram.mWindow.Get(), kWindowStructureRgn, &theFrame);
+        const HIPoint theInner = Parameter<HIPoint>(theEvent, kEventParamWindowMouseLocation, typeHIPoint);
+        EXPECT_EQ(theInner.x, static_cast<CGFloat>(400 - theFrame.left));
+        EXPECT_EQ(theInner.y, static_cast<CGFloat>(230 - theFrame.top));
+        EXPECT_EQ(Parameter<WindowRef>(theEvent, kEventParamWindowRef, typeWindowRef),
+                  mProgram.mWindow.Get());
+        EXPECT_EQ(Parameter<WindowPartCode>(theEvent, kEventParamWindowPartCode, typeWindowPartCode),
+                  inContent);
+        EXPECT_EQ(Parameter<UInt32>(theEvent, kEventParamKeyModifiers, typeUInt32), UInt32{shiftKey});
+        EXPECT_EQ(Parameter<UInt16>(theEvent, kEventParamMouseButton, typeMouseButton), 2);
+        EXPECT_EQ(Parameter<UInt32>(theEvent, kEventParamClickCount, typeUInt32), 2u);
+        EXPECT_EQ(Parameter<UInt32>(theEvent, kEventParamMouseChord, typeUInt32), 2u);
+        return OSStatus{eventNotHandledErr};
+    };
+    EXPECT_TRUE(Gate().PointerPressed(thePress));
+    EXPECT_EQ(Take(), Log{"mouse down"});
+    EXPECT_TRUE(theIsSeen);
+}
+
+TEST_F(InputGate, AReleaseGoesToTheWindowThatWasPressed)
+{
+    Gate().PointerPressed(At(mWindow, 300, 150));
+    PointerAction theRelease = At(kUnknown, 2000, 2000);
+    EXPECT_TRUE(Gate().PointerReleased(theRelease));
+    EXPECT_EQ(Take(), (Log{"mouse down", "mouse up"}));
+}
+
+TEST_F(InputGate, DropsAReleaseWithoutAPress)
+{
+    EXPECT_FALSE(Gate().PointerReleased(At(mWindow, 300, 150)));
+    EXPECT_EQ(Take(), Log());
+}
+
+TEST_F(InputGate, DropsAReleaseOfAnotherButton)
+{
+    Gate().PointerPressed(At(mWindow, 300, 150));
+    Take();
+    EXPECT_FALSE(Gate().PointerReleased(At(mWindow, 300, 150, PointerButton::kTertiary)));
+    EXPECT_EQ(Take(), Log());
+}
+
+TEST_F(InputGate, DropsASecondPressOfTheSameButton)
+{
+    Gate().PointerPressed(At(mWindow, 300, 150));
+    EXPECT_FALSE(Gate().PointerPressed(At(mWindow, 300, 150)));
+    EXPECT_EQ(Take(), Log{"mouse down"});
+}
+
+TEST_F(InputGate, ASecondButtonIsToldWithTheChord)
+{
+    std::vector<UInt32> theChords;
+    mWindowLog.mAnswer = [&](const std::string&, EventRef theEvent) {
+        theChords.push_back(Parameter<UInt32>(theEvent, kEventParamMouseChord, typeUInt32));
+        return OSStatus{eventNotHandledErr};
+    };
+    Gate().PointerPressed(At(mWindow, 300, 150));
+    Gate().PointerPressed(At(mWindow, 300, 150, PointerButton::kTertiary));
+    Gate().PointerReleased(At(mWindow, 300, 150));
+    Gate().PointerReleased(At(mWindow, 300, 150, PointerButton::kTertiary));
+    EXPECT_EQ(Take(), (Log{"mouse down", "mouse down", "mouse up", "mouse up"}));
+    EXPECT_EQ(theChords, (std::vector<UInt32>{1, 5, 4, 0}));
+}
+
+TEST_F(InputGate, MovesAreDragsWhileAButtonIsDown)
+{
+    Gate().PointerMoved(At(mWindow, 290, 150));
+    Gate().PointerMoved(At(mWindow, 295, 150));
+    Gate().PointerPressed(At(mWindow, 295, 150));
+    Gate().PointerMoved(At(kUnknown, 300, 155));
+    Gate().PointerReleased(At(mWindow, 300, 155));
+    Gate().PointerMoved(At(mWindow, 290, 150));
+    EXPECT_EQ(Take(),
+              (Log{"mouse moved", "mouse moved", "mouse down", "mouse dragged", "mouse up", "mouse moved"}));
+}
+
+TEST_F(InputGate, AMoveTellsHowFar)
+{
+    Gate().PointerMoved(At(mWindow, 290, 150));
+    mWindowLog.mAnswer = [](const std::string&, EventRef theEvent) {
+        const HIPoint theDelta = Parameter<HIPoint>(theEvent, kEventParamMouseDelta, typeHIPoint);
+        EXPECT_EQ(theDelta.x, CGFloat{-20});
+        EXPECT_EQ(theDelta.y, CGFloat{7});
+        return OSStatus{eventNotHandledErr};
+    };
+    EXPECT_TRUE(Gate().PointerMoved(At(mWindow, 270, 157)));
+    EXPECT_EQ(Take(), (Log{"mouse moved", "mouse moved"}));
+}
+
+TEST_F(InputGate, DropsAMoveToTheSamePlace)
+{
+    Gate().PointerMoved(At(mWindow, 290, 150));
+    EXPECT_FALSE(Gate().PointerMoved(At(mWindow, 290, 150)));
+    EXPECT_EQ(Take(), Log{"mouse moved"});
+}
+
+TEST_F(InputGate, AMoveOverTheDesktopGoesToTheApplication)
+{
+    Log theLog;
+    const EventLog theApplication(GetApplicationEventTarget(), theLog);
+    EXPECT_TRUE(Gate().PointerMoved(At(Host::kNoObject, 900, 600)));
+    EXPECT_EQ(theLog, Log{"mouse moved"});
+    EXPECT_EQ(Take(), Log());
+}
+
+TEST_F(InputGate, AWheelTellsItsAxisAndHowFar)
+{
+    Host::WheelAction theAction;
+    theAction.theWindow = mWindow;
+    theAction.thePlace = {400, 230};
+    theAction.theLines = -3;
+    std::vector<UInt16> theAxes;
+    mWindowLog.mAnswer = [&](const std::string&, EventRef theEvent) {
+        theAxes.push_back(Parameter<UInt16>(theEvent, kEventParamMouseWheelAxis, typeMouseWheelAxis));
+        EXPECT_EQ(Parameter<SInt32>(theEvent, kEventParamMouseWheelDelta, typeSInt32), -3);
+        return OSStatus{eventNotHandledErr};
+    };
+    EXPECT_TRUE(Gate().WheelTurned(theAction));
+    theAction.theIsHorizontal = true;
+    EXPECT_TRUE(Gate().WheelTurned(theAction));
+    theAction.theLines = 0;
+    EXPECT_FALSE(Gate().WheelTurned(theAction));
+    EXPECT_EQ(Take(), (Log{"wheel", "wheel"}));
+    EXPECT_EQ(theAxes, (std::vector<UInt16>{kEventMouseWheelAxisY, kEventMouseWheelAxisX}));
+}
+
+// Every action of the pointer on a window, and whether it was delivered.
+Log DeliveredTo(ObjectId theWindow)
+{
+    Log theDelivered;
+    const auto Note = [&theDelivered](bool theIsDelivered, const char* theName) {
+        if (theIsDelivered) {
+            theDelivered.push_back(theName);
+        }
+    };
+    Host::WheelAction theWheel;
+    theWheel.theWindow = theWindow;
+    theWheel.theLines = 1;
+    Note(Gate().PointerMoved(At(theWindow, 280, 140)), "move");
+    Note(Gate().WheelTurned(theWheel), "wheel");
+    Note(Gate().PointerPressed(At(theWindow, 280, 140)), "press");
+    Note(Gate().PointerReleased(At(theWindow, 280, 140)), "release");
+    Note(Gate().WindowMoved(theWindow, {130, 90}), "moved");
+    Note(Gate().WindowResized(theWindow, {500, 300}), "resized");
+    Note(Gate().WindowActivated(theWindow), "activated");
+    Note(Gate().WindowShown(theWindow), "shown");
+    Note(Gate().ZoomAsked(theWindow), "zoom");
+    Note(Gate().CloseAsked(theWindow), "close");
+    return theDelivered;
+}
+
+TEST_F(InputGate, DropsWhatIsDoneToAWindowThatDoesNotExist)
+{
+    EXPECT_EQ(DeliveredTo(kUnknown), Log());
+    EXPECT_FALSE(Gate().CollapseAsked(kUnknown, true));
+    EXPECT_FALSE(Gate().CollapseAsked(kUnknown, false));
+}
+
+TEST_F(InputGate, DropsWhatIsDoneToAHiddenWindow)
+{
+    HideWindow(mProgram.mWindow.Get());
+    Take();
+    EXPECT_EQ(DeliveredTo(mWindow), Log());
+    EXPECT_FALSE(Gate().CollapseAsked(mWindow, true));
+    EXPECT_EQ(Take(), Log());
+}
+
+TEST_F(InputGate, DropsWhatIsDoneToACollapsedWindowButItsExpansion)
+{
+    CollapseWindow(mProgram.mWindow.Get(), true);
+    Take();
+    EXPECT_EQ(DeliveredTo(mWindow), Log());
+    EXPECT_FALSE(Gate().CollapseAsked(mWindow, true));
+    EXPECT_EQ(Take(), Log());
+    EXPECT_TRUE(Gate().CollapseAsked(mWindow, false));
+    EXPECT_FALSE(IsWindowCollapsed(mProgram.mWindow.Get()));
+}
+
+TEST_F(InputGate, DropsWhatIsDoneToAWindowBehindAModalOne)
+{
+    const TestWindow theAlert(MakeRect(600, 80, 800, 180), CFSTR("Alert"), kMovableModalWindowClass,
+                              kWindowNoAttributes);
+    Take();
+    EXPECT_EQ(DeliveredTo(mWindow), Log());
+    EXPECT_FALSE(Gate().CollapseAsked(mWindow, true));
+    EXPECT_EQ(Take(), Log());
+    EXPECT_FALSE(DeliveredTo(Screen().WindowCalled("Alert")).empty());
+}
+
+TEST_F(InputGate, LetsAHandlerOfThePressDisposeTheWindow)
+{
+    const WindowRef theWindow = mProgram.mWindow.Get();
+    const EventTypeSpec theType = {kEventClassMouse, kEventMouseDown};
+    const auto Dispose = [](EventHandlerCallRef, EventRef, void* theUserData) -> OSStatus {
+        DisposeWindow(static_cast<WindowRef>(theUserData));
+        return noErr;
+    };
+    InstallEventHandler(GetWindowEventTarget(theWindow), Dispose, 1, &theType, theWindow, nullptr);
+    EXPECT_TRUE(Gate().PointerPressed(At(mWindow, 300, 150)));
+    EXPECT_FALSE(IsValidWindowPtr(theWindow));
+    EXPECT_FALSE(Gate().PointerMoved(At(mWindow, 310, 150)));
+    EXPECT_FALSE(Gate().PointerReleased(At(mWindow, 310, 150)));
+}
+
+TEST_F(InputGate, TakesAnyCoordinate)
+{
+    constexpr int kLeast = -2147483647 - 1;
+    constexpr int kMost = 2147483647;
+    PointerAction theAction;
+    theAction.theWindow = mWindow;
+    for (const Host::PixelPoint thePlace :
+         {Host::PixelPoint{kLeast, kMost}, Host::PixelPoint{kMost, kLeast}}) {
+        theAction.thePlace = thePlace;
+        EXPECT_TRUE(Gate().PointerMoved(theAction));
+        EXPECT_TRUE(Gate().PointerPressed(theAction));
+        EXPECT_TRUE(Gate().PointerReleased(theAction));
+        Gate().WindowMoved(mWindow, thePlace);
+        Gate().WindowResized(mWindow, {thePlace.theX, thePlace.theY});
+    }
+}
+
+// Keys -------------------------------------------------------------------------------------------------
+
+struct KeyRow
+{
+    const char* theName;
+    KeyAction theAction;
+    UInt8 theMacCharacter;
+    std::u16string theUnicode;
+};
+
+class InputGateKeys : public InputGate, public testing::WithParamInterface<KeyRow>
+{
+};
+
+TEST_P(InputGateKeys, TellsPositionCharacterAndModifiers)
+{
+    const KeyRow& theRow = GetParam();
+    mWindowLog.mAnswer = [&theRow](const std::string&, EventRef theEvent) {
+        EXPECT_EQ(Parameter<UInt32>(theEvent, kEventParamKeyCode, typeUInt32), theRow.theAction.theKey);
+        EXPECT_EQ(Parameter<UInt8>(theEvent, kEventParamKeyMacCharCodes, typeChar), theRow.theMacCharacter);
+        EXPECT_EQ(Parameter<UInt32>(theEvent, kEventParamKeyModifiers, typeUInt32),
+                  theRow.theAction.theModifiers);
+        EXPECT_EQ(Parameter<UInt32>(theEvent, kEventParamKeyboardType, typeUInt32), 0u);
+        char16_t theUnits[8] = {};
+        ByteCount theSize = 0;
+        GetEventParameter(theEvent, kEventParamKeyUnicodes, typeUnicodeText, nullptr, sizeof theUnits,
+                          &theSize, theUnits);
+        EXPECT_EQ(std::u16string(theUnits, theSize / 2), theRow.theUnicode);
+        return OSStatus{noErr};
+    };
+    EXPECT_TRUE(Gate().KeyPressed(theRow.theAction));
+    EXPECT_TRUE(Gate().KeyReleased(theRow.theAction));
+    EXPECT_EQ(Take(), (Log{"key down", "key up"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, InputGateKeys,
+    testing::Values(
+        KeyRow{"Letter", {kVK_ANSI_K, "k", 0}, 'k', u"k"},
+        KeyRow{"UpperCase", {kVK_ANSI_K, "K", shiftKey}, 'K', u"K"},
+        KeyRow{"CommandLetter", {kVK_ANSI_K, "k", cmdKey}, 'k', u"k"},
+        KeyRow{"Return", {kVK_Return, "", 0}, 13, u"\x0D"},
+        KeyRow{"ReturnWhateverItIsSaidToType", {kVK_Return, "\n", 0}, 13, u"\x0D"},
+        KeyRow{"KeypadEnter", {kVK_ANSI_KeypadEnter, "", 0}, 3, u"\x03"},
+        KeyRow{"PortableEnter", {52, "", 0}, 3, u"\x03"}, KeyRow{"Tab", {kVK_Tab, "", 0}, 9, u"\x09"},
+        KeyRow{"Backspace", {kVK_Delete, "", 0}, 8, u"\x08"},
+        KeyRow{"ForwardDelete", {kVK_ForwardDelete, "", 0}, 127, u"\x7F"},
+        KeyRow{"Escape", {kVK_Escape, "", 0}, 27, u"\x1B"},
+        KeyRow{"Left", {kVK_LeftArrow, "", 0}, 28, u"\x1C"},
+        KeyRow{"Right", {kVK_RightArrow, "", 0}, 29, u"\x1D"},
+        KeyRow{"Up", {kVK_UpArrow, "", 0}, 30, u"\x1E"}, KeyRow{"Down", {kVK_DownArrow, "", 0}, 31, u"\x1F"},
+        KeyRow{"Home", {kVK_Home, "", 0}, 1, u"\x01"}, KeyRow{"End", {kVK_End, "", 0}, 4, u"\x04"},
+        KeyRow{"PageUp", {kVK_PageUp, "", 0}, 11, u"\x0B"},
+        KeyRow{"PageDown", {kVK_PageDown, "", 0}, 12, u"\x0C"}, KeyRow{"Help", {kVK_Help, "", 0}, 5, u"\x05"},
+        KeyRow{"MacRomanLetter", {Host::kNoKeyPosition, "é", 0}, 0x8E, u"é"},
+        KeyRow{"LetterOutsideOfMacRoman", {Host::kNoKeyPosition, "ж", 0}, '?', u"ж"},
+        KeyRow{"CharacterOfTwoUnits", {Host::kNoKeyPosition, "𝄞", 0}, '?', u"𝄞"},
+        KeyRow{"NoUtf8", {Host::kNoKeyPosition, "\xFF", 0}, 0, u""},
+        KeyRow{"KeyThatTypesNothing", {kVK_F1, "", 0}, 0, u""}),
+    [](const testing::TestParamInfo<KeyRow>& theInfo) { return theInfo.param.theName; });
+
+TEST_F(InputGate, KeysStartAtTheFocusedControl)
+{
+    Log theLog;
+    SetKeyboardFocus(mProgram.mWindow.Get(), mProgram.mField, kControlEditTextPart);
+    const EventLog theField(GetControlEventTarget(mProgram.mField), theLog);
+    Take();
+    Gate().KeyPressed({kVK_ANSI_K, "k", 0});
+    Gate().KeyReleased({kVK_ANSI_K, "k", 0});
+    EXPECT_EQ(theLog, (Log{"key down", "text", "key up"}));
+    EXPECT_EQ(TextOf(mProgram.mField), "k");
+}
+
+TEST_F(InputGate, AKeyThatAHandlerConsumedTypesNothing)
+{
+    SetKeyboardFocus(mProgram.mWindow.Get(), mProgram.mField, kControlEditTextPart);
+    Take();
+    Consume("key down");
+    Gate().KeyPressed({kVK_ANSI_K, "k", 0});
+    Gate().KeyReleased({kVK_ANSI_K, "k", 0});
+    EXPECT_EQ(Take(), (Log{"key down", "key up"}));
+    EXPECT_EQ(TextOf(mProgram.mField), "");
+}
+
+TEST_F(InputGate, AKeyHeldDownRepeats)
+{
+    const KeyAction theKey = {kVK_F1, "", 0};
+    EXPECT_FALSE(Gate().KeyRepeated(theKey));
+    Gate().KeyPressed(theKey);
+    EXPECT_TRUE(Gate().KeyRepeated(theKey));
+    EXPECT_TRUE(Gate().KeyPressed(theKey));
+    EXPECT_TRUE(Gate().KeyReleased(theKey));
+    EXPECT_FALSE(Gate().KeyReleased(theKey));
+    EXPECT_EQ(Take(), (Log{"key down", "key repeat", "key repeat", "key up"}));
+}
+
+TEST_F(InputGate, ModifiersAreToldWhenTheyChange)
+{
+    EXPECT_TRUE(Gate().ModifiersChanged(optionKey));
+    EXPECT_EQ(GetCurrentKeyModifiers(), UInt32{optionKey});
+    EXPECT_FALSE(Gate().ModifiersChanged(optionKey));
+    EXPECT_TRUE(Gate().ModifiersChanged(0));
+    EXPECT_EQ(GetCurrentKeyModifiers(), 0u);
+    EXPECT_EQ(Take(), (Log{"modifiers", "modifiers"}));
+}
+
+TEST_F(InputGate, KeysDoNotReachAWindowBehindAModalOne)
+{
+    const TestWindow theAlert(MakeRect(600, 80, 800, 180), CFSTR("Alert"), kMovableModalWindowClass,
+                              kWindowNoAttributes);
+    SetUserFocusWindow(mProgram.mWindow.Get());
+    Take();
+    EXPECT_FALSE(Gate().KeyPressed({kVK_ANSI_K, "k", 0}));
+    EXPECT_FALSE(Gate().KeyRepeated({kVK_ANSI_K, "k", 0}));
+    EXPECT_FALSE(Gate().KeyReleased({kVK_ANSI_K, "k", 0}));
+    EXPECT_EQ(Take(), Log());
+    SetUserFocusWindow(kUserFocusAuto);
+}
+
+// Controls ---------------------------------------------------------------------------------------------
+
+class InputGateDrag : public InputGate
+{
+protected:
+    InputGateDrag()
+        : mSlider(Screen().ControlCalled('temp'))
+    {
+        mProgram.Name(mProgram.mSlider, 'temp');
+    }
+
+    bool Drag(DragPhase thePhase, SInt32 theValue)
+    {
+        ControlDrag theDrag;
+        theDrag.theControl = mSlider;
+        theDrag.thePhase = thePhase;
+        theDrag.theValue = theValue;
+        return Gate().ControlDragged(theDrag);
+    }
+
+    SInt32 Value() const { return GetControl32BitValue(mProgram.mSlider); }
+
+    ObjectId mSlider;
+};
+
+TEST_F(InputGateDrag, IsAPressAMoveAndARelease)
+{
+    EXPECT_TRUE(Drag(DragPhase::kBegan, 5));
+    EXPECT_TRUE(Drag(DragPhase::kMoved, 8));
+    EXPECT_EQ(Value(), 5);
+    EXPECT_TRUE(Drag(DragPhase::kEnded, 8));
+    EXPECT_EQ(Value(), 8);
+    EXPECT_EQ(Take(), (Log{"mouse down", "click", "mouse dragged", "mouse up", "value", "hit"}));
+}
+
+TEST_F(InputGateDrag, ReachesValuesThatLieBetweenThePixels)
+{
+    SetControl32BitMaximum(mProgram.mSlider, 1000000);
+    Drag(DragPhase::kBegan, 5);
+    EXPECT_TRUE(Drag(DragPhase::kMoved, 123457));
+    EXPECT_TRUE(Drag(DragPhase::kMoved, 123458));
+    Drag(DragPhase::kEnded, 123459);
+    EXPECT_EQ(Value(), 123459);
+}
+
+TEST_F(InputGateDrag, FollowsALiveSliderStepByStep)
+{
+    const Rect theBounds = MakeRect(10, 130, 210, 150);
+    ControlRef theLive = nullptr;
+    CreateSliderControl(mProgram.mWindow.Get(), &theBounds, 5, 0, 1000, kControlSliderDoesNotPoint, 0, true,
+                        nullptr, &theLive);
+    mProgram.Name(theLive, 'live');
+    mSlider = Screen().ControlCalled('live');
+    Drag(DragPhase::kBegan, 5);
+    Drag(DragPhase::kMoved, 333);
+    EXPECT_EQ(GetControl32BitValue(theLive), 333);
+    Drag(DragPhase::kMoved, 334);
+    EXPECT_EQ(GetControl32BitValue(theLive), 334);
+    Drag(DragPhase::kEnded, 334);
+    EXPECT_EQ(Take(), (Log{"mouse down", "click", "mouse dragged", "value", "mouse dragged", "value",
+                           "mouse up", "hit"}));
+}
+
+TEST_F(InputGateDrag, MovesNothingWhenAHandlerConsumedThePress)
+{
+    Consume("mouse down");
+    Drag(DragPhase::kBegan, 5);
+    Drag(DragPhase::kMoved, 8);
+    Drag(DragPhase::kEnded, 8);
+    EXPECT_EQ(Value(), 5);
+    EXPECT_EQ(Take(), (Log{"mouse down", "mouse dragged", "mouse up"}));
+}
+
+TEST_F(InputGateDrag, MovesNothingOnADisabledSlider)
+{
+    DisableControl(mProgram.mSlider);
+    Drag(DragPhase::kBegan, 5);
+    Drag(DragPhase::kMoved, 8);
+    Drag(DragPhase::kEnded, 8);
+    EXPECT_EQ(Value(), 5);
+    EXPECT_EQ(Take(), (Log{"mouse down", "mouse dragged", "mouse up"}));
+}
+
+TEST_F(InputGateDrag, NeedsABeginning)
+{
+    EXPECT_FALSE(Drag(DragPhase::kMoved, 8));
+    EXPECT_FALSE(Drag(DragPhase::kEnded, 8));
+    EXPECT_EQ(Value(), 5);
+    EXPECT_EQ(Take(), Log());
+}
+
+TEST_F(InputGateDrag, BeginsOnce)
+{
+    EXPECT_TRUE(Drag(DragPhase::kBegan, 5));
+    EXPECT_FALSE(Drag(DragPhase::kBegan, 5));
+    EXPECT_TRUE(Drag(DragPhase::kEnded, 5));
+    EXPECT_FALSE(Drag(DragPhase::kEnded, 5));
+    EXPECT_EQ(Take(), (Log{"mouse down", "click", "mouse up", "hit"}));
+}
+
+TEST_F(InputGateDrag, IsDroppedForAControlWithoutIndicator)
+{
+    mSlider = Screen().ControlCalled('rset');
+    EXPECT_FALSE(Drag(DragPhase::kBegan, 0));
+    mSlider = kUnknown;
+    EXPECT_FALSE(Drag(DragPhase::kBegan, 0));
+    EXPECT_EQ(Take(), Log());
+}
+
+TEST_F(InputGateDrag, SurvivesTheDisposalOfTheControl)
+{
+    Drag(DragPhase::kBegan, 5);
+    DisposeControl(mProgram.mSlider);
+    Take();
+    EXPECT_TRUE(Drag(DragPhase::kMoved, 8));
+    EXPECT_TRUE(Drag(DragPhase::kEnded, 8));
+    EXPECT_EQ(Take(), (Log{"mouse dragged", "mouse up"}));
+}
+
+TEST_F(InputGateDrag, SurvivesTheDisposalOfTheWindow)
+{
+    Drag(DragPhase::kBegan, 5);
+    DisposeWindow(mProgram.mWindow.Get());
+    EXPECT_FALSE(Drag(DragPhase::kMoved, 8));
+    EXPECT_FALSE(Drag(DragPhase::kEnded, 8));
+}
+
+TEST_F(InputGate, AnEditOfAFieldReplacesItsText)
+{
+    Host::TextEdit theEdit;
+    theEdit.theControl = Screen().ControlCalled('room');
+    theEdit.theText = "Küche";
+    theEdit.theSelectionStart = theEdit.theSelectionEnd = 5;
+    EXPECT_TRUE(Gate().TextEdited(theEdit));
+    EXPECT_EQ(TextOf(mProgram.mField), "Küche");
+    EXPECT_EQ(Take(), Log());
+    theEdit.theSelectionStart = -1;
+    theEdit.theText = "Bad";
+    Gate().TextEdited(theEdit);
+    EXPECT_EQ(TextOf(mProgram.mField), "Bad");
+}
+
+TEST_F(InputGate, DropsAnEditOfWhatIsNoField)
+{
+    Host::TextEdit theEdit;
+    theEdit.theText = "Küche";
+    theEdit.theControl = Screen().ControlCalled('rset');
+    EXPECT_FALSE(Gate().TextEdited(theEdit));
+    theEdit.theControl = kUnknown;
+    EXPECT_FALSE(Gate().TextEdited(theEdit));
+}
+
+// Windows ----------------------------------------------------------------------------------------------
+
+TEST_F(InputGate, DropsTheEchoOfWhatTheManagersDid)
+{
+    EXPECT_FALSE(Gate().WindowShown(mWindow));
+    EXPECT_FALSE(Gate().WindowMoved(mWindow, {100, 80}));
+    EXPECT_FALSE(Gate().WindowResized(mWindow, {320, 200}));
+    EXPECT_FALSE(Gate().WindowActivated(mWindow));
+    EXPECT_FALSE(Gate().CollapseAsked(mWindow, false));
+    EXPECT_EQ(Take(), Log());
+}
+
+TEST_F(InputGate, ACloseBoxAsksTheWindowToClose)
+{
+    const WindowRef theWindow = mProgram.mWindow.Get();
+    EXPECT_TRUE(Gate().CloseAsked(mWindow));
+    EXPECT_FALSE(IsValidWindowPtr(theWindow));
+    const Log theLog = Take();
+    ASSERT_FALSE(theLog.empty());
+    EXPECT_EQ(theLog.front(), "close");
+}
+
+TEST_F(InputGate, AHandlerMayKeepTheWindowOpen)
+{
+    Consume("close");
+    Gate().CloseAsked(mWindow);
+    EXPECT_TRUE(IsValidWindowPtr(mProgram.mWindow.Get()));
+    EXPECT_EQ(Take(), Log{"close"});
+}
+
+// Presenters -------------------------------------------------------------------------------------------
+
+TEST_F(InputGate, ThePictureIsTheSameForThePresenterThatComesNext)
+{
+    SetKeyboardFocus(mProgram.mWindow.Get(), mProgram.mField, kControlEditTextPart);
+    auto theFirst = std::make_unique<Host::HeadlessSnapshot>();
+    Host::HeadlessSnapshot* theScreen = theFirst.get();
+    ASSERT_TRUE(PresenterRegistry::Use(std::move(theFirst)));
+    SetControl32BitValue(mProgram.mSlider, 7);
+    HideControl(mProgram.mButton);
+    const TestWindow theOther(MakeRect(500, 80, 600, 120), CFSTR("Other"));
+    const std::string thePicture = theScreen->DescribeScreen();
+    auto theSecond = std::make_unique<Host::HeadlessSnapshot>();
+    Host::HeadlessSnapshot* theNextScreen = theSecond.get();
+    ASSERT_TRUE(PresenterRegistry::Use(std::move(theSecond)));
+    EXPECT_EQ(theNextScreen->DescribeScreen(), thePicture);
+    EXPECT_NE(thePicture.find("7 of 0…10"), std::string::npos);
+    EXPECT_EQ(theScreen->DescribeScreen(), "Nothing is on the screen.\n");
+}
+
+} // namespace
