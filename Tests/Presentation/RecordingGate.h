@@ -50,6 +50,10 @@ public:
     {
         return Note("dragged", theDrag.theControl);
     }
+    bool PartPressed(const Host::PartPress& thePress) override
+    {
+        return Note(thePress.theIsDown ? "part pressed" : "part released", thePress.theControl);
+    }
     bool TextEdited(const Host::TextEdit& theEdit) override { return Note("edited", theEdit.theControl); }
     bool CloseAsked(Host::ObjectId theWindow) override { return Note("close", theWindow); }
     bool ZoomAsked(Host::ObjectId theWindow) override { return Note("zoom", theWindow); }

@@ -89,7 +89,8 @@ public:
         Set(kEventParamMouseChord, typeUInt32, theButtonsDown);
     }
 
-    void Dispatch() const { DispatchUserEvent(Get()); }
+    // Whether somebody wanted it.
+    bool Dispatch() const { return DispatchUserEvent(Get()) != eventNotHandledErr; }
 
 private:
     void SetWindow(const Window& theWindow, PixelPoint thePlace)
@@ -108,7 +109,8 @@ std::uint32_t BitOf(PointerButton theButton)
     return theButton == PointerButton::kPrimary ? 1u : theButton == PointerButton::kSecondary ? 2u : 4u;
 }
 
-void SendKey(UInt32 theKind, const KeyAction& theAction)
+// Whether somebody wanted it.
+bool SendKey(UInt32 theKind, const KeyAction& theAction)
 {
     const KeyText theText = TextOfKey(theAction.theKey, theAction.theText);
     const OutgoingEvent theEvent(kEventClassKeyboard, theKind, kEventAttributeUserEvent);
@@ -123,7 +125,7 @@ void SendKey(UInt32 theKind, const KeyAction& theAction)
         SetEventParameter(theEvent.Get(), theNames[theIndex], typeUInt32, sizeof(UInt32),
                           &theNumbers[theIndex]);
     }
-    DispatchUserEvent(theEvent.Get());
+    return DispatchUserEvent(theEvent.Get()) != eventNotHandledErr;
 }
 
 // Keys do not reach a window behind a modal one.
@@ -131,6 +133,21 @@ bool KeysAreHeld()
 {
     const SharedWindow theWindow = UserFocusWindow();
     return theWindow != nullptr && ModalWindowOver(theWindow) != nullptr;
+}
+
+ControlPartCode CodeOf(ControlPart thePart)
+{
+    switch (thePart) {
+    case ControlPart::kUpButton:
+        return kControlUpButtonPart;
+    case ControlPart::kDownButton:
+        return kControlDownButtonPart;
+    case ControlPart::kPageUp:
+        return kControlPageUpPart;
+    case ControlPart::kPageDown:
+        break;
+    }
+    return kControlPageDownPart;
 }
 
 // The global place of a point of the control's window.
@@ -222,6 +239,7 @@ bool InputGate::PointerReleased(const PointerAction& theAction)
 bool InputGate::WheelTurned(const WheelAction& theAction)
 {
     const SharedWindow theWindow = FindOpenWindow(theAction.theWindow);
+    mWasTaken = false;
     if (theWindow == nullptr || theAction.theLines == 0) {
         return false;
     }
@@ -229,7 +247,7 @@ bool InputGate::WheelTurned(const WheelAction& theAction)
     const UInt16 theAxis = theAction.theIsHorizontal ? kEventMouseWheelAxisX : kEventMouseWheelAxisY;
     theEvent.Set(kEventParamMouseWheelAxis, typeMouseWheelAxis, theAxis);
     theEvent.Set(kEventParamMouseWheelDelta, typeSInt32, static_cast<SInt32>(theAction.theLines));
-    theEvent.Dispatch();
+    mWasTaken = theEvent.Dispatch();
     return true;
 }
 
@@ -237,30 +255,34 @@ bool InputGate::WheelTurned(const WheelAction& theAction)
 
 bool InputGate::KeyPressed(const KeyAction& theAction)
 {
+    mWasTaken = false;
     if (KeysAreHeld()) {
         return false;
     }
     // Some desktops report a repetition as one more press.
     const bool theIsNew = mKeysDown.insert(theAction.theKey).second;
-    SendKey(theIsNew ? kEventRawKeyDown : kEventRawKeyRepeat, theAction);
-    return true;
+    return Deliver(theIsNew ? kEventRawKeyDown : kEventRawKeyRepeat, theAction);
 }
 
 bool InputGate::KeyRepeated(const KeyAction& theAction)
 {
+    mWasTaken = false;
     if (mKeysDown.count(theAction.theKey) == 0 || KeysAreHeld()) {
         return false;
     }
-    SendKey(kEventRawKeyRepeat, theAction);
-    return true;
+    return Deliver(kEventRawKeyRepeat, theAction);
 }
 
 bool InputGate::KeyReleased(const KeyAction& theAction)
 {
-    if (mKeysDown.erase(theAction.theKey) == 0) {
-        return false;
-    }
-    SendKey(kEventRawKeyUp, theAction);
+    mWasTaken = false;
+    return mKeysDown.erase(theAction.theKey) != 0 && Deliver(kEventRawKeyUp, theAction);
+}
+
+bool InputGate::Deliver(UInt32 theKind, const KeyAction& theAction)
+{
+    // Handlers may report keys too: what counts is how this one ended.
+    mWasTaken = SendKey(theKind, theAction);
     return true;
 }
 
@@ -282,27 +304,43 @@ bool InputGate::ModifiersChanged(std::uint32_t theModifiers)
 bool InputGate::ControlDragged(const ControlDrag& theDrag)
 {
     if (theDrag.thePhase == DragPhase::kBegan) {
-        return PressIndicator(theDrag);
+        return PressPart(FindControl(theDrag.theControl), kControlIndicatorPart, theDrag.theModifiers);
     }
-    return theDrag.theControl == mDraggedControl && DragIndicator(theDrag);
+    return theDrag.theControl == mTrackedControl && DragIndicator(theDrag);
 }
 
-bool InputGate::PressIndicator(const ControlDrag& theDrag)
+bool InputGate::PartPressed(const PartPress& thePress)
 {
-    const SharedControl theControl = FindControl(theDrag.theControl);
+    if (thePress.theIsDown) {
+        return PressPart(FindControl(thePress.theControl), CodeOf(thePress.thePart), thePress.theModifiers);
+    }
+    if (mTrackedControl == kNoObject || mTrackedControl != thePress.theControl) {
+        return false;
+    }
+    mTrackedControl = kNoObject;
+    PointerAction theRelease;
+    theRelease.thePlace = mPlace;
+    theRelease.theModifiers = thePress.theModifiers;
+    return PointerReleased(theRelease);
+}
+
+// Presses the part where the managers think that it is. theControl may be null.
+bool InputGate::PressPart(const SharedControl& theControl, ControlPartCode thePart,
+                          std::uint32_t theModifiers)
+{
     const SharedWindow theOwner = theControl == nullptr ? nullptr : theControl->Owner();
     Point thePoint = {0, 0};
-    if (theOwner == nullptr || !PointOfPart(theControl, kControlIndicatorPart, &thePoint)) {
+    if (theOwner == nullptr || !PointOfPart(theControl, thePart, &thePoint)) {
         return false;
     }
     PointerAction thePress;
     thePress.theWindow = theOwner->Identifier();
     thePress.thePlace = GlobalPlace(*theOwner, thePoint);
-    thePress.theModifiers = theDrag.theModifiers;
+    thePress.theModifiers = theModifiers;
     if (mButtonsDown != 0 || !PointerPressed(thePress)) {
         return false;
     }
-    mDraggedControl = theDrag.theControl;
+    mTrackedControl = theControl->Identifier();
     return true;
 }
 
@@ -325,7 +363,7 @@ bool InputGate::DragIndicator(const ControlDrag& theDrag)
     if (theDrag.thePhase == DragPhase::kMoved) {
         return SendMove(theMove);
     }
-    mDraggedControl = kNoObject;
+    mTrackedControl = kNoObject;
     return PointerReleased(theMove);
 }
 

@@ -3,9 +3,10 @@
 #ifndef InputGate_h
 #define InputGate_h
 
-#include <set>
+#include "Internal/Controls.h"
 
 #include <Presentation/PresenterEvents.h>
+#include <set>
 
 namespace Host {
 
@@ -27,7 +28,10 @@ public:
     bool KeyReleased(const KeyAction& theAction) override;
     bool ModifiersChanged(std::uint32_t theModifiers) override;
 
+    bool WasTaken() const override { return mWasTaken; }
+
     bool ControlDragged(const ControlDrag& theDrag) override;
+    bool PartPressed(const PartPress& thePress) override;
     bool TextEdited(const TextEdit& theEdit) override;
 
     bool CloseAsked(ObjectId theWindow) override;
@@ -45,16 +49,18 @@ public:
     bool QuitAsked() override;
 
 private:
+    bool Deliver(UInt32 theKind, const KeyAction& theAction);
+    bool PressPart(const SharedControl& theControl, ControlPartCode thePart, std::uint32_t theModifiers);
     bool SendMove(const PointerAction& theAction);
-    bool PressIndicator(const ControlDrag& theDrag);
     bool DragIndicator(const ControlDrag& theDrag);
 
-    ObjectId mPressedWindow = kNoObject; // where the first button went down; none while no button is down
-    ObjectId mDraggedControl = kNoObject;
-    std::uint32_t mButtonsDown = 0; // bit 0 is the primary button
+    ObjectId mPressedWindow = kNoObject;  // where the first button went down; none while no button is down
+    ObjectId mTrackedControl = kNoObject; // that the presenter tracks itself
+    std::uint32_t mButtonsDown = 0;       // bit 0 is the primary button
     std::uint32_t mModifiers = 0;
     PixelPoint mPlace; // where the pointer was last
     std::set<std::uint32_t> mKeysDown;
+    bool mWasTaken = false; // the key or the turn of the wheel that was reported last
 };
 
 } // namespace Host

@@ -26,6 +26,16 @@ Presenter::~Presenter() = default;
 
 PresenterEvents::~PresenterEvents() = default;
 
+bool PresenterEvents::WasTaken() const
+{
+    return false;
+}
+
+bool PresenterEvents::PartPressed(const PartPress&)
+{
+    return false;
+}
+
 bool Presenter::Start(PresenterEvents&)
 {
     return true;

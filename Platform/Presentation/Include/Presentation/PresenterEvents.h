@@ -44,8 +44,17 @@ public:
     virtual bool KeyReleased(const KeyAction& theAction) = 0;
     virtual bool ModifiersChanged(std::uint32_t theModifiers) = 0;
 
+    // Whether somebody wanted the key or the turn of the wheel that was reported last: a handler of the
+    // program, a menu, or the managers by default. What nobody wanted a presenter may give to its own widget.
+    // False when the report was dropped, and for a gate that does not know.
+    virtual bool WasTaken() const;
+
     // Controls that the presenter tracks itself. A drag has one kBegan, any number of kMoved and one kEnded.
     virtual bool ControlDragged(const ControlDrag& theDrag) = 0;
+
+    // The primary button on a part that the presenter has drawn elsewhere than where the managers think that
+    // it is. The default drops it.
+    virtual bool PartPressed(const PartPress& thePress);
 
     // An edit made other than by keys: pasted, dropped, composed by an input method.
     virtual bool TextEdited(const TextEdit& theEdit) = 0;

@@ -300,6 +300,23 @@ struct ControlDrag
     std::uint32_t theModifiers = kNoModifiers;
 };
 
+// The parts of a control that a presenter may draw in places of its own.
+enum class ControlPart
+{
+    kUpButton, // of little arrows and scroll bars: up or left
+    kDownButton,
+    kPageUp, // of scroll bars: between an arrow and the thumb
+    kPageDown,
+};
+
+struct PartPress
+{
+    ObjectId theControl = kNoObject;
+    ControlPart thePart = ControlPart::kUpButton;
+    bool theIsDown = true; // false when the button comes up again
+    std::uint32_t theModifiers = kNoModifiers;
+};
+
 struct TextEdit
 {
     ObjectId theControl = kNoObject;
