@@ -1,0 +1,146 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "LmKeyValueBinding.h"
+
+#include <cstring>
+#include <gtest/gtest.h>
+
+// The layout of the classes is a part of the binary interface: applications derive from them. What is checked
+// here are the bases and members in their order, and the slots of the virtual functions, as the C++ ABI of
+// the supported systems (Itanium's) lays them out.
+
+namespace {
+
+constexpr size_t kPointer = sizeof(void*);
+
+// Naming a private member in an explicit instantiation is allowed, and hands it out by way of a friend.
+template <typename Tag, auto theMember>
+struct Revealed
+{
+    friend auto Reveal(Tag) { return theMember; }
+};
+
+#define LM_REVEAL(theTag, theMember)                                                                         \
+    struct theTag                                                                                            \
+    {                                                                                                        \
+        friend auto Reveal(theTag);                                                                          \
+    };                                                                                                       \
+    template struct Revealed<theTag, theMember>
+
+LM_REVEAL(ObserverKeys, &LmKeyValueObserver::mKeys);
+LM_REVEAL(StoreKeyStates, &LmKeyValueStore::mKeyStates);
+LM_REVEAL(StoreValues, &LmKeyValueStore::mValues);
+LM_REVEAL(BindingBindings, &LmKeyValueBinding::mBindings);
+
+// How far a member or base stands from the start of its object.
+template <typename Object, typename Member>
+size_t DistanceOf(const Object& theObject, const Member& theMember)
+{
+    return static_cast<size_t>(reinterpret_cast<const char*>(&theMember) -
+                               reinterpret_cast<const char*>(&theObject));
+}
+
+// The place of a virtual function in the table, the two destructors being 0 and 1.
+template <typename Function>
+size_t SlotOf(Function theFunction)
+{
+    std::uintptr_t theWord = 0;
+    static_assert(sizeof theFunction >= sizeof theWord);
+    std::memcpy(&theWord, &theFunction, sizeof theWord);
+    return (theWord - 1) / kPointer;
+}
+
+class OpenBinding : public LmKeyValueBinding
+{
+public:
+    using LmKeyValueBinding::BindingMap;
+};
+
+} // namespace
+
+#if defined(__i386__)
+// The sizes of the standard containers are those of this platform's library.
+static_assert(sizeof(std::list<int>) == 12 && sizeof(std::map<int, int>) == 24);
+static_assert(sizeof(LmKeyState) == 24);
+static_assert(sizeof(LmObservedKey) == 4 + sizeof(LmString));
+static_assert(sizeof(BindingInfo) == 4 + sizeof(LmString) + 4);
+static_assert(sizeof(LmKeyValueObserver) == 4 + 12);
+static_assert(sizeof(LmKeyValueStore) == 4 + 24 + 24);
+static_assert(sizeof(LmKeyValueBinding) == 16 + 52 + 24);
+#endif
+
+static_assert(sizeof(LmKeyValueObserver) == kPointer + sizeof(std::list<LmObservedKey>));
+static_assert(sizeof(LmKeyValueStore) ==
+              kPointer + sizeof(std::map<LmString, LmKeyState>) + sizeof(std::map<LmString, LmValue>));
+static_assert(sizeof(LmKeyValueBinding) ==
+              sizeof(LmKeyValueObserver) + sizeof(LmKeyValueStore) + sizeof(OpenBinding::BindingMap));
+
+TEST(ClassLayout, OfAKeyState)
+{
+    const LmKeyState theState;
+    EXPECT_EQ(DistanceOf(theState, theState.theDependents), 0u);
+    EXPECT_EQ(DistanceOf(theState, theState.theObservers), sizeof(std::list<LmString>));
+}
+
+TEST(ClassLayout, OfAnObservedKey)
+{
+    const LmObservedKey theKey = {nullptr, "k"};
+    EXPECT_EQ(DistanceOf(theKey, theKey.theStore), 0u);
+    EXPECT_EQ(DistanceOf(theKey, theKey.theKeyPath), kPointer);
+}
+
+TEST(ClassLayout, OfABindingRecord)
+{
+    const BindingInfo theInfo = {nullptr, "k", nullptr};
+    EXPECT_EQ(DistanceOf(theInfo, theInfo.boundTo), 0u);
+    EXPECT_EQ(DistanceOf(theInfo, theInfo.boundKey), kPointer);
+    EXPECT_EQ(DistanceOf(theInfo, theInfo.transform), kPointer + sizeof(LmString));
+}
+
+TEST(ClassLayout, OfAnObserver)
+{
+    const LmKeyValueObserver theObserver;
+    EXPECT_EQ(DistanceOf(theObserver, static_cast<const LmDebugObject&>(theObserver)), 0u);
+    EXPECT_EQ(DistanceOf(theObserver, theObserver.*Reveal(ObserverKeys())), kPointer);
+}
+
+TEST(ClassLayout, OfAStore)
+{
+    const LmKeyValueStore theStore;
+    EXPECT_EQ(DistanceOf(theStore, static_cast<const LmDebugObject&>(theStore)), 0u);
+    EXPECT_EQ(DistanceOf(theStore, theStore.*Reveal(StoreKeyStates())), kPointer);
+    EXPECT_EQ(DistanceOf(theStore, theStore.*Reveal(StoreValues())),
+              kPointer + sizeof(std::map<LmString, LmKeyState>));
+}
+
+TEST(ClassLayout, OfABindingObject)
+{
+    const LmKeyValueBinding theBinding;
+    EXPECT_EQ(DistanceOf(theBinding, static_cast<const LmKeyValueObserver&>(theBinding)), 0u);
+    EXPECT_EQ(DistanceOf(theBinding, static_cast<const LmKeyValueStore&>(theBinding)),
+              sizeof(LmKeyValueObserver));
+    EXPECT_EQ(DistanceOf(theBinding, theBinding.*Reveal(BindingBindings())),
+              sizeof(LmKeyValueObserver) + sizeof(LmKeyValueStore));
+}
+
+TEST(ClassLayout, OfTheVirtualFunctionsOfAnObserver)
+{
+    EXPECT_EQ(SlotOf(&LmKeyValueObserver::GetDebugInfo), 2u);
+    EXPECT_EQ(SlotOf(&LmKeyValueObserver::ValueChanging), 3u);
+    EXPECT_EQ(SlotOf(&LmKeyValueObserver::ValueChanged), 4u);
+}
+
+TEST(ClassLayout, OfTheVirtualFunctionsOfAStore)
+{
+    EXPECT_EQ(SlotOf(&LmKeyValueStore::GetDebugInfo), 2u);
+    EXPECT_EQ(SlotOf(&LmKeyValueStore::GetKeyValue), 3u);
+    EXPECT_EQ(SlotOf(&LmKeyValueStore::SetKeyValue), 4u);
+}
+
+TEST(ClassLayout, OfTheVirtualFunctionsOfABindingObject)
+{
+    EXPECT_EQ(SlotOf(static_cast<LmString (LmKeyValueBinding::*)() const>(&LmKeyValueBinding::GetDebugInfo)),
+              2u);
+    EXPECT_EQ(SlotOf(&LmKeyValueBinding::ValueChanged), 4u);
+    EXPECT_EQ(SlotOf(&LmKeyValueBinding::IsBindable), 5u);
+}
