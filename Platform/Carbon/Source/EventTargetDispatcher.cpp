@@ -20,7 +20,7 @@ CommandKeyMatcher gCommandKeyMatcher = nullptr;
 
 OSStatus HandleApplicationEvent(UInt32 theKind)
 {
-    return theKind == kEventAppQuit && EndApplicationLoop() ? noErr : OSStatus(eventNotHandledErr);
+    return theKind == kEventAppQuit && EndApplicationLoop() ? OSStatus(noErr) : OSStatus(eventNotHandledErr);
 }
 
 OSStatus HandleCommandEvent(EventRef theEvent, UInt32 theKind)
