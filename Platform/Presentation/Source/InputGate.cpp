@@ -184,6 +184,7 @@ bool IsSame(const Rect& theOne, const Rect& theOther)
 bool InputGate::PointerPressed(const PointerAction& theAction)
 {
     const SharedWindow theWindow = FindOpenWindow(mButtonsDown == 0 ? theAction.theWindow : mPressedWindow);
+    mWasTaken = false;
     if (theWindow == nullptr || (mButtonsDown & BitOf(theAction.theButton)) != 0) {
         return false;
     }
@@ -192,7 +193,7 @@ bool InputGate::PointerPressed(const PointerAction& theAction)
     mPlace = theAction.thePlace;
     MouseEvent theEvent(kEventMouseDown, theWindow, theAction.thePlace, theAction.theModifiers);
     theEvent.SetButton(theAction.theButton, static_cast<UInt32>(theAction.theClickCount), mButtonsDown);
-    theEvent.Dispatch();
+    mWasTaken = theEvent.Dispatch();
     return true;
 }
 

@@ -60,7 +60,7 @@ private:
     std::uint32_t mModifiers = 0;
     PixelPoint mPlace; // where the pointer was last
     std::set<std::uint32_t> mKeysDown;
-    bool mWasTaken = false; // the key or the turn of the wheel that was reported last
+    bool mWasTaken = false; // the key, press or turn of the wheel that was reported last
 };
 
 } // namespace Host
