@@ -8,21 +8,13 @@
 #include <Carbon/CarbonBase.h>
 #include <Carbon/CarbonEvents.h>
 #include <Carbon/CarbonEventsCore.h>
+#include <Carbon/ControlDefinitions.h>
+#include <Carbon/Controls.h>
 #include <Carbon/Events.h>
 #include <Carbon/HIGeometry.h>
 #include <Carbon/MacErrors.h>
-#include <CoreFoundation/CoreFoundation.h>
-#if __has_include(<Carbon/ControlDefinitions.h>)
-#include <Carbon/ControlDefinitions.h>
-#endif
-#if __has_include(<Carbon/Controls.h>)
-#include <Carbon/Controls.h>
-#endif
-#if __has_include(<Carbon/MacWindows.h>)
 #include <Carbon/MacWindows.h>
-#endif
-#if __has_include(<Carbon/Quickdraw.h>)
 #include <Carbon/Quickdraw.h>
-#endif
+#include <CoreFoundation/CoreFoundation.h>
 
 #endif

@@ -21,6 +21,9 @@ using SharedWindow = std::shared_ptr<Window>;
 SharedControl FindControl(ControlRef theReference);
 SharedControl FindControl(ObjectIdentifier theIdentifier);
 
+// The identifier of a control; 0 for null, disposed and foreign references.
+ObjectIdentifier IdentifierOf(ControlRef theReference);
+
 // Bounds of a control in its window's content (0, 0 is the content's top left), whatever coordinates the
 // application uses for it.
 Rect BoundsInWindow(const SharedControl& theControl);
@@ -36,28 +39,18 @@ bool PointOfPart(const SharedControl& theControl, ControlPartCode thePart, Point
 // Where the indicator of a slider or scroll bar would stand for a value. False for other controls.
 bool PointOfValue(const SharedControl& theControl, SInt32 theValue, Point* thePoint);
 
-// A person's actions on controls. Mouse and key events that no handler consumed end in the first three; they
-// are called by the default handling of those events, not by the gate.
-
-// Starts, follows and ends the tracking of one control: hilite, indicator and action procedure while the
-// button is down; the new value, kEventControlHit and the command when it comes up inside the control.
-void BeginTracking(const SharedControl& theControl, Point theContentPoint, UInt32 theModifiers,
-    UInt32 theClickCount);
-void ContinueTracking(Point theContentPoint);
-void EndTracking(Point theContentPoint, UInt32 theModifiers);
-
 // The control being tracked, or null.
 SharedControl TrackedControl();
 
-// While an indicator is tracked: puts it at an exact value, for ranges finer than the screen's points. A live
-// control takes the value at once, another one when the button comes up. False when nothing is tracked by its
-// indicator.
+// Names the exact value for the next step of a drag, for ranges finer than the screen's points: the default
+// handling of the next mouse event that drags or releases the indicator puts it there instead of under the
+// pointer. False when no indicator is tracked.
 bool DragIndicatorTo(SInt32 theValue);
 
 // A presenter's own text field was edited: theText is the whole new text, the selection in UTF-16 units. Goes
 // through the same events as typing. False when the control is not an edit text that takes input.
-bool TextEditedByPerson(const SharedControl& theControl, const std::u16string& theText, size_t theSelectionStart,
-    size_t theSelectionEnd);
+bool TextEditedByPerson(const SharedControl& theControl, const std::u16string& theText,
+                        size_t theSelectionStart, size_t theSelectionEnd);
 
 // Lets the Tab key and the focus reach every control that can be worked by keys, not only text fields. Off
 // at start, as the platform has it.

@@ -13,12 +13,16 @@
 
 namespace Host {
 
+class Presenter;
 class Window;
 using SharedWindow = std::shared_ptr<Window>;
 
 // The window behind a reference, or null for null, disposed and foreign references.
 SharedWindow FindWindow(WindowRef theReference);
 SharedWindow FindWindow(ObjectIdentifier theIdentifier);
+
+// The identifier of a window; 0 for null, disposed and foreign references.
+ObjectIdentifier IdentifierOf(WindowRef theReference);
 
 // Every window, frontmost first, hidden ones included.
 const std::vector<SharedWindow>& AllWindows();
@@ -30,8 +34,9 @@ SharedWindow WindowAt(Point theGlobalPoint);
 SharedWindow ModalWindowOver(const SharedWindow& theWindow);
 
 // What a person asks of a window. Each sends the request that the platform sends for it (kEventWindowClose,
-// kEventWindowCollapse, ...) to the window first and does the work itself only when no handler took it. Asking
-// for what the window's attributes do not offer does nothing. False: the window is gone, or cannot do it.
+// kEventWindowCollapse, ...) to the window first and does the work itself only when no handler took it.
+// Asking for what the window's attributes do not offer does nothing. False: the window is gone, or cannot do
+// it.
 bool AskToClose(const SharedWindow& theWindow);
 bool AskToCollapse(const SharedWindow& theWindow);
 bool AskToExpand(const SharedWindow& theWindow);
@@ -45,9 +50,9 @@ bool ResizedByPerson(const SharedWindow& theWindow, const Rect& theContent);
 // A person clicked on an inactive window, or the desktop made it active: brings it to front and activates it.
 bool ActivatedByPerson(const SharedWindow& theWindow);
 
-// Tells the presenter again what every window and control looks like, back to front, controls after their
-// window and sub-controls after their container.
-void ShowEverythingAgain();
+// Tells a presenter what every window and control looks like, back to front, controls after their window and
+// sub-controls after their container, and where the focus is.
+void ReplayWindowLooks(Presenter& thePresenter);
 
 } // namespace Host
 

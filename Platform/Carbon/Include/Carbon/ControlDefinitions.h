@@ -1,0 +1,216 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef ControlDefinitions_h
+#define ControlDefinitions_h
+
+// The kinds of control, with their creation calls, parts, values and data tags.
+//
+// Every creation call takes the bounds in the coordinates of the window's content (of the new control's
+// parent, in a compositing window, which is the content too), embeds the control in the window's root
+// control, in front of the controls that are there, and gives it visible, enabled and active, without
+// identifier, command or reference. The control belongs to its window and goes with it. theControl receives
+// null when the call fails.
+//
+// Results: noErr; paramErr when the window, the bounds or theControl is null, the window is not a window (any
+// more), or a range ends before it starts. A title or text may be null, which stands for the empty one.
+// An initial value outside of the range is put at the nearer end of it.
+
+#include <Carbon/Controls.h>
+
+// Kinds -------------------------------------------------------------------------------------------------
+
+enum
+{
+    kControlKindSignatureApple = 'appl',
+
+    kControlKindPushButton = 'push',
+    kControlKindCheckBox = 'cbox',
+    kControlKindRadioButton = 'rdio',
+    kControlKindSlider = 'sldr',
+    kControlKindScrollBar = 'sbar',
+    kControlKindProgressBar = 'prgb',
+    kControlKindLittleArrows = 'larr',
+    kControlKindStaticText = 'stxt',
+    kControlKindEditText = 'etxt',
+    kControlKindEditUnicodeText = 'eutx',
+    kControlKindGroupBox = 'grpb',
+    kControlKindUserPane = 'upan' // the root control of a window is one
+};
+
+// Parts -------------------------------------------------------------------------------------------------
+
+enum
+{
+    kControlLabelPart = 1,
+    kControlEditTextPart = 5,
+    kControlButtonPart = 10,
+    kControlCheckBoxPart = 11,
+    kControlRadioButtonPart = 11,
+    kControlUpButtonPart = 20,
+    kControlDownButtonPart = 21,
+    kControlPageUpPart = 22,
+    kControlPageDownPart = 23,
+    kControlIndicatorPart = 129 // the thumb of a slider or scroll bar
+};
+
+// Values ------------------------------------------------------------------------------------------------
+
+enum
+{
+    kControlCheckBoxUncheckedValue = 0,
+    kControlCheckBoxCheckedValue = 1,
+    kControlCheckBoxMixedValue = 2,
+    kControlRadioButtonUncheckedValue = 0,
+    kControlRadioButtonCheckedValue = 1,
+    kControlRadioButtonMixedValue = 2
+};
+
+// Which way the indicator of a slider points; the first two can show tick marks.
+typedef UInt16 ControlSliderOrientation;
+enum
+{
+    kControlSliderPointsDownOrRight = 0,
+    kControlSliderPointsUpOrLeft = 1,
+    kControlSliderDoesNotPoint = 2
+};
+
+// Data tags ---------------------------------------------------------------------------------------------
+//
+// Text of an edit text or static text: kControl...TextTextTag is a buffer of bytes in the encoding of the
+// system (Mac Roman), without length or end; kControl...CFStringTag is a CFStringRef. A string that is set is
+// copied, one that is read belongs to the caller.
+
+enum
+{
+    kControlPushButtonDefaultTag = 'dflt', // Boolean
+    kControlPushButtonCancelTag = 'cncl'   // Boolean
+};
+
+enum
+{
+    kControlProgressBarIndeterminateTag = 'inde', // Boolean
+    kControlProgressBarAnimatingTag = 'anim'      // Boolean
+};
+
+enum
+{
+    kControlLittleArrowsIncrementValueTag = 'incr' // SInt32; kept for the application, never used
+};
+
+enum
+{
+    kControlScrollBarShowsArrowsTag = 'arro' // Boolean
+};
+
+enum
+{
+    kControlStaticTextTextTag = 'text',       // bytes
+    kControlStaticTextCFStringTag = 'cfst',   // CFStringRef
+    kControlStaticTextIsMultilineTag = 'stim' // Boolean
+};
+
+enum
+{
+    kControlEditTextTextTag = 'text',             // bytes
+    kControlEditTextCFStringTag = 'cfst',         // CFStringRef
+    kControlEditTextPasswordTag = 'pass',         // bytes; password fields only
+    kControlEditTextPasswordCFStringTag = 'pwcf', // CFStringRef; password fields only
+    kControlEditTextSelectionTag = 'sele',        // ControlEditTextSelectionRec
+    kControlEditTextLockedTag = 'lock',           // Boolean; a locked field takes no typing
+    kControlEditTextCharCount = 'chrc',           // UInt32, in UTF-16 units; read only
+    kControlEditTextSingleLineTag = 'sglc',       // Boolean
+    kControlEditTextInsertTextBufferTag = 'intx', // bytes that replace the selection; write only
+    kControlEditTextInsertCFStringRefTag = 'incf' // CFStringRef that replaces the selection; write only
+};
+
+#pragma pack(push, 2)
+
+// The selected characters of an edit text, counted in UTF-16 units from 0; an insertion point when both are
+// equal. Positions past 32767 read as that.
+struct ControlEditTextSelectionRec
+{
+    SInt16 selStart;
+    SInt16 selEnd;
+};
+typedef struct ControlEditTextSelectionRec ControlEditTextSelectionRec;
+
+#pragma pack(pop)
+
+// Buttons -----------------------------------------------------------------------------------------------
+
+// A push button. Its value means nothing; a click sends kEventControlHit, then its command.
+CARBON_EXPORT OSStatus CreatePushButtonControl(WindowRef theWindow, const Rect* theBounds,
+                                               CFStringRef theTitle, ControlRef* theControl);
+
+// A check box of the range 0 to 2 (2 is the mixed state). With theAutoToggle, a click by a person turns 1
+// into 0 and anything else into 1; without it, the application sets the value when it hears of the click.
+CARBON_EXPORT OSStatus CreateCheckBoxControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theTitle,
+                                             SInt32 theInitialValue, Boolean theAutoToggle,
+                                             ControlRef* theControl);
+
+// A radio button of the range 0 to 2. With theAutoToggle, a click by a person sets it to 1, never back to 0;
+// turning the others of its group off is the application's task.
+CARBON_EXPORT OSStatus CreateRadioButtonControl(WindowRef theWindow, const Rect* theBounds,
+                                                CFStringRef theTitle, SInt32 theInitialValue,
+                                                Boolean theAutoToggle, ControlRef* theControl);
+
+// Controls with a range ---------------------------------------------------------------------------------
+
+// A slider; upright when it is higher than wide, with the minimum at the bottom. A person's drag sets the
+// value, step by step with theLiveTracking, else once at its end. theLiveTrackingProc may be null; it is
+// called after each step of a live drag. Tick marks on a slider that does not point are a paramErr.
+CARBON_EXPORT OSStatus CreateSliderControl(WindowRef theWindow, const Rect* theBounds, SInt32 theValue,
+                                           SInt32 theMinimum, SInt32 theMaximum,
+                                           ControlSliderOrientation theOrientation, UInt16 theTickMarks,
+                                           Boolean theLiveTracking, ControlActionUPP theLiveTrackingProc,
+                                           ControlRef* theControl);
+
+// A scroll bar; upright when it is higher than wide, with the minimum at the top. theViewSize is the amount
+// in view, which makes the thumb proportional; 0 for a thumb of fixed size.
+//
+// On purpose: only a drag of the thumb changes the value. For arrows and page areas the action procedure is
+// called, again and again while the button is down, and scrolling is up to it.
+CARBON_EXPORT OSStatus CreateScrollBarControl(WindowRef theWindow, const Rect* theBounds, SInt32 theValue,
+                                              SInt32 theMinimum, SInt32 theMaximum, SInt32 theViewSize,
+                                              Boolean theLiveTracking, ControlActionUPP theLiveTrackingProc,
+                                              ControlRef* theControl);
+
+// A progress bar. A person can do nothing with it.
+CARBON_EXPORT OSStatus CreateProgressBarControl(WindowRef theWindow, const Rect* theBounds, SInt32 theValue,
+                                                SInt32 theMinimum, SInt32 theMaximum,
+                                                Boolean theIndeterminate, ControlRef* theControl);
+
+// A pair of arrows, up above down.
+//
+// On purpose: a click never changes the value, and theIncrement is only kept. The action procedure, or the
+// application when it hears of the click, changes the value.
+CARBON_EXPORT OSStatus CreateLittleArrowsControl(WindowRef theWindow, const Rect* theBounds, SInt32 theValue,
+                                                 SInt32 theMinimum, SInt32 theMaximum, SInt32 theIncrement,
+                                                 ControlRef* theControl);
+
+// Texts -------------------------------------------------------------------------------------------------
+
+// A text that a person can only read. theStyle may be null for the usual style.
+CARBON_EXPORT OSStatus CreateStaticTextControl(WindowRef theWindow, const Rect* theBounds,
+                                               CFStringRef theText, const ControlFontStyleRec* theStyle,
+                                               ControlRef* theControl);
+
+// An edit text of the older sort: it does not send kEventTextShouldChangeInRange and kEventTextDidChange.
+// theUseInlineInput is kept and has no effect.
+CARBON_EXPORT OSStatus CreateEditTextControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theText,
+                                             Boolean theIsPassword, Boolean theUseInlineInput,
+                                             const ControlFontStyleRec* theStyle, ControlRef* theControl);
+
+// An edit text, the preferred sort.
+CARBON_EXPORT OSStatus CreateEditUnicodeTextControl(WindowRef theWindow, const Rect* theBounds,
+                                                    CFStringRef theText, Boolean theIsPassword,
+                                                    const ControlFontStyleRec* theStyle,
+                                                    ControlRef* theControl);
+
+// Containers --------------------------------------------------------------------------------------------
+
+// A box with a title that other controls can be embedded in. thePrimary chooses the look of an outer box.
+CARBON_EXPORT OSStatus CreateGroupBoxControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theTitle,
+                                             Boolean thePrimary, ControlRef* theControl);
+
+#endif

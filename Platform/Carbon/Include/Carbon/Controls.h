@@ -1,0 +1,389 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef Controls_h
+#define Controls_h
+
+// The Control Manager: what all controls have in common. The kinds and their creation are in
+// ControlDefinitions.h.
+//
+//     ControlRef theSlider;
+//     CreateSliderControl(theWindow, &theBounds, 5, 0, 10, kControlSliderDoesNotPoint, 0, true, NULL,
+//     &theSlider); SetControl32BitValue(theSlider, 7);      // kEventControlValueFieldChanged to theSlider
+//     SetControl32BitValue(theSlider, 7);      // nothing: it is 7 already
+//
+// Rules for every call:
+// - Main thread only.
+// - A null or disposed reference, or a reference to anything else, is never followed: the calls with a result
+//   give errUnknownControl (property calls: controlHandleInvalidErr), the others do nothing, and those that
+//   read give 0 or null. A null pointer where a result is to be put gives paramErr.
+// - A change sends its event after it was made, to the control, then up its chain of parents to the window
+// and
+//   the application; a call that changes nothing sends nothing. Changes by a person send the same.
+// - A handler may dispose any control or window, the event's own included.
+// - Visible, enabled and active are asked for with the parents': a control in a hidden, disabled or inactive
+//   one is so too. When a call changes that for a control and for those embedded in it, each of them gets the
+//   event, parents before children. A control whose own state changes behind a parent that hides the
+//   difference gets no event until the difference shows. Whether the window is shown plays no part.
+
+#include <Carbon/CarbonBase.h>
+#include <Carbon/CarbonEvents.h>
+#include <Carbon/HIGeometry.h>
+#include <Carbon/MacErrors.h>
+#include <Carbon/Quickdraw.h>
+#include <CoreFoundation/CoreFoundation.h>
+
+// Types -------------------------------------------------------------------------------------------------
+
+// Parts of a control that a person can point at, and the states that HiliteControl takes beside them.
+enum
+{
+    kControlNoPart = 0,
+    kControlEntireControl = 0,
+    kControlDisabledPart = 254,
+    kControlInactivePart = 255
+};
+
+// The directions of SetKeyboardFocus, beside the parts that keys go to.
+enum
+{
+    kControlFocusNoPart = 0,
+    kControlFocusNextPart = -1,
+    kControlFocusPrevPart = -2
+};
+
+#pragma pack(push, 2)
+
+// The application's own name for a control.
+struct ControlID
+{
+    OSType signature;
+    SInt32 id;
+};
+typedef struct ControlID ControlID;
+
+// What sort of control it is; the signature of those made here is kControlKindSignatureApple.
+struct ControlKind
+{
+    OSType signature;
+    OSType kind;
+};
+typedef struct ControlKind ControlKind;
+
+// How a control's text is drawn; flags tells which of the other fields mean something.
+struct ControlFontStyleRec
+{
+    SInt16 flags;
+    SInt16 font;
+    SInt16 size;
+    SInt16 style;
+    SInt16 mode;
+    SInt16 just;
+    RGBColor foreColor;
+    RGBColor backColor;
+};
+typedef struct ControlFontStyleRec ControlFontStyleRec;
+
+#pragma pack(pop)
+
+enum
+{
+    kControlUseFontMask = 0x0001,
+    kControlUseFaceMask = 0x0002,
+    kControlUseSizeMask = 0x0004,
+    kControlUseForeColorMask = 0x0008,
+    kControlUseBackColorMask = 0x0010,
+    kControlUseModeMask = 0x0020,
+    kControlUseJustMask = 0x0040,
+    kControlUseThemeFontIDMask = 0x0080,
+    kControlUseAllMask = 0x00FF,
+    kControlAddFontSizeMask = 0x0100,
+    kControlAddToMetaFontMask = 0x0200
+};
+
+enum
+{
+    kControlFontBigSystemFont = -1,
+    kControlFontSmallSystemFont = -2,
+    kControlFontSmallBoldSystemFont = -3,
+    kControlFontViewSystemFont = -4,
+    kControlFontMiniSystemFont = -5
+};
+
+typedef UInt16 ControlSize;
+enum
+{
+    kControlSizeNormal = 0,
+    kControlSizeSmall = 1,
+    kControlSizeLarge = 2,
+    kControlSizeMini = 3,
+    kControlSizeAuto = 0xFFFF
+};
+
+// What a control can do, as GetControlFeatures gives it.
+enum
+{
+    kControlSupportsEmbedding = 1 << 1,
+    kControlSupportsFocus = 1 << 2,
+    kControlHandlesTracking = 1 << 5,
+    kControlSupportsDataAccess = 1 << 6,
+    kControlGetsFocusOnClick = 1 << 8,
+    kControlSupportsLiveFeedback = 1 << 10,
+    kControlHasRadioBehavior = 1 << 11,
+    kControlAutoToggles = 1 << 14
+};
+
+// Data that every control has.
+enum
+{
+    kControlFontStyleTag = 'font', // ControlFontStyleRec
+    kControlKindTag = 'kind',      // ControlKind; read only
+    kControlSizeTag = 'size'       // ControlSize
+};
+
+// Called while a person holds a part of a control: after each step of a drag (kControlIndicatorPart), and
+// once for the press of any other part.
+typedef void (*ControlActionProcPtr)(ControlRef theControl, ControlPartCode thePart);
+typedef ControlActionProcPtr ControlActionUPP;
+
+CARBON_EXPORT ControlActionUPP NewControlActionUPP(ControlActionProcPtr theProcedure);
+CARBON_EXPORT void DisposeControlActionUPP(ControlActionUPP theProcedure);
+CARBON_EXPORT void InvokeControlActionUPP(ControlRef theControl, ControlPartCode thePart,
+                                          ControlActionUPP theProcedure);
+
+// Life and hierarchy ------------------------------------------------------------------------------------
+
+// Makes the root control of a window. Windows get theirs by themselves with the first control, a compositing
+// window with its creation; errRootAlreadyExists then. theControl may be null.
+CARBON_EXPORT OSErr CreateRootControl(WindowRef theWindow, ControlRef* theControl);
+
+// The control that holds all others of the window; errNoRootControl while there is none.
+CARBON_EXPORT OSErr GetRootControl(WindowRef theWindow, ControlRef* theControl);
+
+// Puts a control into another container, in front of what is there, and into the container's window; bounds
+// stay the same numbers. Sends kEventControlRemovingSubControl to the old parent before,
+// kEventControlAddedSubControl to the new one after, and kEventControlOwningWindowChanged to each control
+// that came to another window. A control in the container already is brought to its front, and nothing is
+// sent.
+//
+// errCantEmbedIntoSelf when theContainer is theControl or inside of it, errCantEmbedRoot for a root control,
+// errControlIsNotEmbedder for a container that cannot hold controls.
+CARBON_EXPORT OSErr EmbedControl(ControlRef theControl, ControlRef theContainer);
+
+// Embeds a control in the deepest container of theWindow whose bounds enclose its own, the root in the end.
+// errNeedsCompositedWindow never; paramErr in a compositing window, where bounds depend on the parent.
+CARBON_EXPORT OSErr AutoEmbedControl(ControlRef theControl, WindowRef theWindow);
+
+CARBON_EXPORT OSErr CountSubControls(ControlRef theControl, UInt16* theCount);
+
+// The first control of a container, from back to front, has the index 1. paramErr and null out of range.
+CARBON_EXPORT OSErr GetIndexedSubControl(ControlRef theControl, UInt16 theIndex, ControlRef* theSubControl);
+
+// The parent; null for a root control.
+CARBON_EXPORT OSErr GetSuperControl(ControlRef theControl, ControlRef* theParent);
+
+// The window that a control is in, or null.
+CARBON_EXPORT WindowRef GetControlOwner(ControlRef theControl);
+
+// Disposes a control and all in it. In this order: it gives up the keyboard focus; kEventControlDispose to it
+// alone, not to its parents; the same for its sub-controls, front to back; kEventControlRemovingSubControl to
+// the parent; handlers go, and the references are no longer valid. A root control goes with its window only;
+// it is left alone here.
+CARBON_EXPORT void DisposeControl(ControlRef theControl);
+
+// Disposes all controls of a window but the root.
+CARBON_EXPORT void KillControls(WindowRef theWindow);
+
+CARBON_EXPORT Boolean IsValidControlHandle(ControlRef theControl);
+
+// Values ------------------------------------------------------------------------------------------------
+//
+// A value stays within minimum and maximum: one outside is put at the nearer end, when it is set and when the
+// range changes. While the minimum is above the maximum the value is the minimum. Value, minimum, maximum and
+// view size share kEventControlValueFieldChanged, which is sent once for each call that changed one of them
+// or more.
+
+CARBON_EXPORT SInt32 GetControl32BitValue(ControlRef theControl);
+CARBON_EXPORT void SetControl32BitValue(ControlRef theControl, SInt32 theValue);
+CARBON_EXPORT SInt32 GetControl32BitMinimum(ControlRef theControl);
+CARBON_EXPORT void SetControl32BitMinimum(ControlRef theControl, SInt32 theMinimum);
+CARBON_EXPORT SInt32 GetControl32BitMaximum(ControlRef theControl);
+CARBON_EXPORT void SetControl32BitMaximum(ControlRef theControl, SInt32 theMaximum);
+CARBON_EXPORT SInt32 GetControlViewSize(ControlRef theControl);
+CARBON_EXPORT void SetControlViewSize(ControlRef theControl, SInt32 theViewSize);
+
+// The same in 16 bits; what is read is the lower half.
+CARBON_EXPORT SInt16 GetControlValue(ControlRef theControl);
+CARBON_EXPORT void SetControlValue(ControlRef theControl, SInt16 theValue);
+CARBON_EXPORT SInt16 GetControlMinimum(ControlRef theControl);
+CARBON_EXPORT void SetControlMinimum(ControlRef theControl, SInt16 theMinimum);
+CARBON_EXPORT SInt16 GetControlMaximum(ControlRef theControl);
+CARBON_EXPORT void SetControlMaximum(ControlRef theControl, SInt16 theMaximum);
+
+// State -------------------------------------------------------------------------------------------------
+
+// kEventControlEnabledStateChanged. A control that becomes disabled gives up the keyboard focus first.
+CARBON_EXPORT OSStatus EnableControl(ControlRef theControl);
+CARBON_EXPORT OSStatus DisableControl(ControlRef theControl);
+CARBON_EXPORT Boolean IsControlEnabled(ControlRef theControl);
+
+// kEventControlActivate and kEventControlDeactivate.
+CARBON_EXPORT OSErr ActivateControl(ControlRef theControl);
+CARBON_EXPORT OSErr DeactivateControl(ControlRef theControl);
+CARBON_EXPORT Boolean IsControlActive(ControlRef theControl);
+
+// kEventControlVisibilityChanged. A control that is hidden gives up the keyboard focus first. theDoDraw makes
+// no difference: what is shown is always up to date.
+CARBON_EXPORT OSErr SetControlVisibility(ControlRef theControl, Boolean theIsVisible, Boolean theDoDraw);
+CARBON_EXPORT void ShowControl(ControlRef theControl);
+CARBON_EXPORT void HideControl(ControlRef theControl);
+CARBON_EXPORT Boolean IsControlVisible(ControlRef theControl);
+
+// Draws a part as pressed (1 to 253), none (0), or makes the control disabled (254) or inactive (255), which
+// 0 to 253 take back. kEventControlHiliteChanged tells of parts, the events above of the rest.
+CARBON_EXPORT void HiliteControl(ControlRef theControl, ControlPartCode theState);
+
+// kControlDisabledPart or kControlInactivePart when the control is so, else the part that is drawn as
+// pressed.
+CARBON_EXPORT UInt16 GetControlHilite(ControlRef theControl);
+
+// Bounds ------------------------------------------------------------------------------------------------
+//
+// In the coordinates of the window's content; in a compositing window, of the parent. Changes send
+// kEventControlBoundsChanged, before it kEventControlInvalidateForSizeChange when the size is another. On
+// purpose: controls embedded in one that moves keep their bounds as they are; in a compositing window they
+// move along.
+
+// Gives back its second argument, an empty rectangle for a bad reference.
+CARBON_EXPORT Rect* GetControlBounds(ControlRef theControl, Rect* theBounds);
+CARBON_EXPORT void SetControlBounds(ControlRef theControl, const Rect* theBounds);
+CARBON_EXPORT void MoveControl(ControlRef theControl, SInt16 theLeft, SInt16 theTop);
+CARBON_EXPORT void SizeControl(ControlRef theControl, SInt16 theWidth, SInt16 theHeight);
+
+// Titles ------------------------------------------------------------------------------------------------
+//
+// kEventControlTitleChanged. On purpose: the title of a static or edit text is not the text that it shows.
+
+// paramErr for a null string. The string is copied.
+CARBON_EXPORT OSStatus SetControlTitleWithCFString(ControlRef theControl, CFStringRef theTitle);
+
+// The caller releases the string; null when the call fails.
+CARBON_EXPORT OSStatus CopyControlTitleAsCFString(ControlRef theControl, CFStringRef* theTitle);
+
+// The same with Pascal strings in Mac Roman; 255 characters at most, "?" for characters that it does not
+// have.
+CARBON_EXPORT void SetControlTitle(ControlRef theControl, ConstStr255Param theTitle);
+CARBON_EXPORT void GetControlTitle(ControlRef theControl, Str255 theTitle);
+
+// Data --------------------------------------------------------------------------------------------------
+//
+// thePart is 0, or kControlEditTextPart for the tags of an edit text. Results: errDataNotSupported for a tag
+// that the control does not have, or has in the other direction only; errInvalidPartCode for another part;
+// errDataSizeMismatch for a size that does not fit the tag.
+//
+// The calls send kEventControlSetData and kEventControlGetData to the control alone, with what they were
+// given; a handler that returns noErr has done the work itself.
+
+CARBON_EXPORT OSErr SetControlData(ControlRef theControl, ControlPartCode thePart, ResType theTag,
+                                   Size theSize, const void* theData);
+
+// Bytes are given up to theBufferSize; for anything else a buffer smaller than the data is a size mismatch.
+// theActualSize, which may be null, receives the size of all of it. With a null buffer nothing but the size
+// is given.
+CARBON_EXPORT OSErr GetControlData(ControlRef theControl, ControlPartCode thePart, ResType theTag,
+                                   Size theBufferSize, void* theBuffer, Size* theActualSize);
+CARBON_EXPORT OSErr GetControlDataSize(ControlRef theControl, ControlPartCode thePart, ResType theTag,
+                                       Size* theSize);
+
+// Identity ----------------------------------------------------------------------------------------------
+
+CARBON_EXPORT OSStatus GetControlKind(ControlRef theControl, ControlKind* theKind);
+
+// Both fields are 0 until they are set. Nothing keeps two controls from having the same one.
+CARBON_EXPORT OSStatus SetControlID(ControlRef theControl, const ControlID* theID);
+CARBON_EXPORT OSStatus GetControlID(ControlRef theControl, ControlID* theID);
+
+// The first control of the window with this identifier, containers before what is in them, from back to
+// front. errUnknownControl and null when there is none; a control whose identifier was never set is never
+// found. errInvalidWindowRef for a bad window.
+CARBON_EXPORT OSStatus GetControlByID(WindowRef theWindow, const ControlID* theID, ControlRef* theControl);
+
+// A command other than 0 is sent after a click whose kEventControlHit nobody handled: kEventCommandProcess,
+// to the control and up its chain.
+CARBON_EXPORT OSStatus SetControlCommandID(ControlRef theControl, UInt32 theCommand);
+CARBON_EXPORT OSStatus GetControlCommandID(ControlRef theControl, UInt32* theCommand);
+
+// One value of the application's own.
+CARBON_EXPORT void SetControlReference(ControlRef theControl, SRefCon theData);
+CARBON_EXPORT SRefCon GetControlReference(ControlRef theControl);
+
+CARBON_EXPORT void SetControlAction(ControlRef theControl, ControlActionUPP theAction);
+CARBON_EXPORT ControlActionUPP GetControlAction(ControlRef theControl);
+CARBON_EXPORT OSErr GetControlFeatures(ControlRef theControl, UInt32* theFeatures);
+CARBON_EXPORT OSErr SetControlFontStyle(ControlRef theControl, const ControlFontStyleRec* theStyle);
+
+// Properties: named data of the application's own, copied in and out. controlPropertyInvalid when the creator
+// is all lower-case letters, which are kept for the platform; controlPropertyNotFoundErr when there is none.
+// A buffer of another size receives the smaller amount of data, and the call gives paramErr.
+CARBON_EXPORT OSStatus SetControlProperty(ControlRef theControl, OSType theCreator, OSType theTag,
+                                          ByteCount theSize, const void* theData);
+CARBON_EXPORT OSStatus GetControlProperty(ControlRef theControl, OSType theCreator, OSType theTag,
+                                          ByteCount theBufferSize, ByteCount* theActualSize, void* theBuffer);
+CARBON_EXPORT OSStatus GetControlPropertySize(ControlRef theControl, OSType theCreator, OSType theTag,
+                                              ByteCount* theSize);
+CARBON_EXPORT OSStatus RemoveControlProperty(ControlRef theControl, OSType theCreator, OSType theTag);
+
+// Keyboard focus ----------------------------------------------------------------------------------------
+//
+// Each window has at most one control that keys go to. A focus moves in this order. The control that has it
+// gets kEventControlSetFocusPart with part 0 (which a handler cannot refuse), kEventTextAccepted if a person
+// changed its text since that was accepted last, and kEventControlFocusPartChanged. The next one gets
+// kEventControlSetFocusPart with its part, which a handler may answer with part 0 to refuse, and
+// kEventControlFocusPartChanged. A handler that moves the focus elsewhere meanwhile has its way.
+//
+// Edit texts take the focus; other controls only while full keyboard access is on. A control must be visible,
+// enabled and in the window.
+
+CARBON_EXPORT OSErr GetKeyboardFocus(WindowRef theWindow, ControlRef* theControl);
+
+// Gives the focus to a part of a control, kControlEditTextPart for edit texts. kControlFocusNoPart clears it
+// if the control has it. kControlFocusNextPart and kControlFocusPrevPart move within the control, which leads
+// to its only part, or out of it when it has the focus. A focus that is there already stays without any
+// event.
+//
+// errCouldntSetFocus: the control cannot take it, or not this part; the focus is as it was, or cleared when a
+// handler refused. errUnknownControl for a bad control, errInvalidWindowRef for a bad window, paramErr when
+// the control is in another window.
+CARBON_EXPORT OSErr SetKeyboardFocus(WindowRef theWindow, ControlRef theControl, ControlFocusPart thePart);
+
+// To the next or previous control that takes it, in order from top to bottom and left to right, round the
+// end; errCouldntSetFocus when there is none.
+CARBON_EXPORT OSErr AdvanceKeyboardFocus(WindowRef theWindow);
+CARBON_EXPORT OSErr ReverseKeyboardFocus(WindowRef theWindow);
+
+// errNoRootControl when the window has no controls.
+CARBON_EXPORT OSErr ClearKeyboardFocus(WindowRef theWindow);
+
+// Finding and pressing ----------------------------------------------------------------------------------
+
+// The visible control at a point of the window's content, the frontmost and deepest, and its part there; no
+// part of a disabled or inactive one, and null and 0 where there is none.
+CARBON_EXPORT ControlPartCode FindControl(Point thePoint, WindowRef theWindow, ControlRef* theControl);
+
+// The part of a control at a point; kControlNoPart outside, and when it is hidden, disabled or inactive.
+CARBON_EXPORT ControlPartCode TestControl(ControlRef theControl, Point thePoint);
+
+// What a click does, without the mouse: auto-toggling, kEventControlHit, then the command unless somebody
+// handled the hit. thePart 0 stands for the part that a click in the middle would take.
+// errControlHiddenOrDisabled, errInvalidPartCode; theClickedPart may be null.
+CARBON_EXPORT OSStatus HIViewSimulateClick(ControlRef theControl, ControlPartCode thePart,
+                                           UInt32 theModifiers, ControlPartCode* theClickedPart);
+
+// Buttons that keys press in a window: Return and Enter the default one, Escape and command-period the other.
+// Null takes the choice back. The window must have the standard handler. paramErr for a control of another
+// window.
+CARBON_EXPORT OSStatus SetWindowDefaultButton(WindowRef theWindow, ControlRef theControl);
+CARBON_EXPORT OSStatus SetWindowCancelButton(WindowRef theWindow, ControlRef theControl);
+CARBON_EXPORT OSStatus GetWindowDefaultButton(WindowRef theWindow, ControlRef* theControl);
+CARBON_EXPORT OSStatus GetWindowCancelButton(WindowRef theWindow, ControlRef* theControl);
+
+#endif

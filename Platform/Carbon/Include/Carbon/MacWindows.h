@@ -1,0 +1,314 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef MacWindows_h
+#define MacWindows_h
+
+// The Window Manager.
+//
+//     Rect theBounds = {100, 100, 400, 500};
+//     WindowRef theWindow = NULL;
+//     CreateNewWindow(kDocumentWindowClass, kWindowStandardDocumentAttributes |
+//     kWindowStandardHandlerAttribute,
+//         &theBounds, &theWindow);
+//     SetWindowTitleWithCFString(theWindow, CFSTR("Thermostat"));
+//     ShowWindow(theWindow);       // kEventWindowShowing, kEventWindowShown, kEventWindowActivated
+//
+// Rules for every call:
+// - Main thread only.
+// - A null or disposed reference, or a reference to anything else, is never followed: the calls with a status
+//   give errInvalidWindowRef, the others do nothing, and those that read give 0, false or null. A null
+//   pointer where a result is to be put gives paramErr.
+// - A change sends its events whether a program or a person made it; a call that changes nothing sends
+// nothing.
+//   Events that report a change go to every handler of the window for them, and to the application's; none
+//   can keep one from the others.
+// - A handler may dispose any window, the event's own included.
+//
+// Windows stand in layers, front to back: overlay, help, utility, modal (alerts and modal dialogs), floating,
+// toolbar, document (everything else). Order changes only inside of a layer.
+//
+// At most one window of activation scope "all" is active: the frontmost that is shown and not collapsed. It
+// changes with showing, hiding, collapsing, closing and reordering. Floating and utility windows are active
+// whenever they are shown; help and toolbar windows never.
+
+#include <Carbon/CarbonBase.h>
+#include <Carbon/CarbonEvents.h>
+#include <Carbon/HIGeometry.h>
+#include <Carbon/MacErrors.h>
+#include <Carbon/Quickdraw.h>
+#include <CoreFoundation/CoreFoundation.h>
+
+// Constants ---------------------------------------------------------------------------------------------
+
+typedef UInt32 WindowClass;
+enum
+{
+    kAlertWindowClass = 1,
+    kMovableAlertWindowClass = 2,
+    kModalWindowClass = 3,
+    kMovableModalWindowClass = 4,
+    kFloatingWindowClass = 5,
+    kDocumentWindowClass = 6,
+    kUtilityWindowClass = 8,
+    kHelpWindowClass = 10,
+    kSheetWindowClass = 11,
+    kToolbarWindowClass = 12,
+    kPlainWindowClass = 13,
+    kOverlayWindowClass = 14,
+    kSheetAlertWindowClass = 15,
+    kAltPlainWindowClass = 16,
+    kSimpleWindowClass = 18,
+    kDrawerWindowClass = 20
+};
+#define kAllWindowClasses ((WindowClass)0xFFFFFFFFu)
+
+typedef OptionBits WindowAttributes;
+#define kWindowNoAttributes ((WindowAttributes)0)
+#define kWindowCloseBoxAttribute ((WindowAttributes)1)
+#define kWindowHorizontalZoomAttribute ((WindowAttributes)2)
+#define kWindowVerticalZoomAttribute ((WindowAttributes)4)
+#define kWindowFullZoomAttribute ((WindowAttributes)6)
+#define kWindowCollapseBoxAttribute ((WindowAttributes)8)
+#define kWindowResizableAttribute ((WindowAttributes)16)
+#define kWindowSideTitlebarAttribute ((WindowAttributes)32)
+#define kWindowToolbarButtonAttribute ((WindowAttributes)64)
+#define kWindowUnifiedTitleAndToolbarAttribute ((WindowAttributes)128)
+#define kWindowMetalAttribute ((WindowAttributes)256)
+#define kWindowNoTitleBarAttribute ((WindowAttributes)512)
+#define kWindowTexturedSquareCornersAttribute ((WindowAttributes)1 << 10)
+#define kWindowMetalNoContentSeparatorAttribute ((WindowAttributes)1 << 11)
+#define kWindowDoesNotCycleAttribute ((WindowAttributes)1 << 15)
+#define kWindowNoUpdatesAttribute ((WindowAttributes)1 << 16)
+#define kWindowNoActivatesAttribute ((WindowAttributes)1 << 17)
+#define kWindowOpaqueForEventsAttribute ((WindowAttributes)1 << 18)
+#define kWindowCompositingAttribute ((WindowAttributes)1 << 19)
+#define kWindowFrameworkScaledAttribute ((WindowAttributes)1 << 20)
+#define kWindowNoShadowAttribute ((WindowAttributes)1 << 21)
+#define kWindowCanBeVisibleWithoutLoginAttribute ((WindowAttributes)1 << 22)
+#define kWindowAsyncDragAttribute ((WindowAttributes)1 << 23)
+#define kWindowHideOnSuspendAttribute ((WindowAttributes)1 << 24)
+#define kWindowStandardHandlerAttribute ((WindowAttributes)1 << 25)
+#define kWindowHideOnFullScreenAttribute ((WindowAttributes)1 << 26)
+#define kWindowInWindowMenuAttribute ((WindowAttributes)1 << 27)
+#define kWindowLiveResizeAttribute ((WindowAttributes)1 << 28)
+#define kWindowIgnoreClicksAttribute ((WindowAttributes)1 << 29)
+#define kWindowNoConstrainAttribute ((WindowAttributes)1 << 31)
+#define kWindowStandardDocumentAttributes                                                                    \
+    (kWindowCloseBoxAttribute | kWindowFullZoomAttribute | kWindowCollapseBoxAttribute |                     \
+     kWindowResizableAttribute)
+#define kWindowStandardFloatingAttributes (kWindowCloseBoxAttribute | kWindowCollapseBoxAttribute)
+
+// Areas of a window.
+typedef UInt16 WindowRegionCode;
+enum
+{
+    kWindowTitleBarRgn = 0,
+    kWindowStructureRgn = 32, // all of it, frame included
+    kWindowContentRgn = 33,   // what belongs to the application; empty while the window is collapsed
+    kWindowGlobalPortRgn = 40 // the content's place, collapsed or not
+};
+
+// What FindWindow finds at a point.
+typedef SInt16 WindowPartCode;
+enum
+{
+    inDesk = 0,
+    inMenuBar = 1,
+    inSysWindow = 2,
+    inContent = 3,
+    inDrag = 4,
+    inGrow = 5,
+    inGoAway = 6,
+    inZoomIn = 7,
+    inZoomOut = 8,
+    inCollapseBox = 11,
+    inProxyIcon = 12,
+    inToolbarButton = 13,
+    inStructure = 15
+};
+
+typedef OSType PropertyCreator;
+typedef OSType PropertyTag;
+
+// The start of a search with GetNextWindowOfClass, and "let the platform choose" for SetUserFocusWindow.
+#define kFirstWindowOfClass ((WindowRef)(-1))
+#define kUserFocusAuto ((WindowRef)(-1))
+
+// Life --------------------------------------------------------------------------------------------------
+
+// Makes a window, hidden, frontmost in its layer, with one reference that belongs to the caller.
+// theContentBounds is in global coordinates. An empty title, and "modified" set. A compositing window has its
+// root control from the start.
+//
+// errUnrecognizedWindowClass; errUnsupportedWindowAttributesForClass for a close, zoom or collapse box or the
+// resizing that the class does not have, or bits that mean nothing; paramErr for null or empty bounds.
+CARBON_EXPORT OSStatus CreateNewWindow(WindowClass theClass, WindowAttributes theAttributes,
+                                       const Rect* theContentBounds, WindowRef* theWindow);
+
+// Give a reference up or take one. With the last one the window goes, in this order: kEventWindowHiding and
+// kEventWindowHidden if it was shown; kEventWindowClosed; its controls are disposed; the next window is
+// activated; kEventWindowDispose; handlers go, and the reference is no longer valid.
+CARBON_EXPORT void DisposeWindow(WindowRef theWindow);
+CARBON_EXPORT OSStatus ReleaseWindow(WindowRef theWindow);
+CARBON_EXPORT OSStatus RetainWindow(WindowRef theWindow);
+CARBON_EXPORT ItemCount GetWindowRetainCount(WindowRef theWindow);
+
+CARBON_EXPORT Boolean IsValidWindowPtr(WindowRef theWindow);
+
+// Showing -----------------------------------------------------------------------------------------------
+
+// kEventWindowShowing, kEventWindowShown and kEventWindowHiding, kEventWindowHidden.
+CARBON_EXPORT void ShowWindow(WindowRef theWindow);
+CARBON_EXPORT void HideWindow(WindowRef theWindow);
+
+// The same events, but no other window is activated or deactivated for it.
+CARBON_EXPORT void ShowHide(WindowRef theWindow, Boolean theShow);
+
+// Whether it is shown. A collapsed window counts as shown.
+CARBON_EXPORT Boolean IsWindowVisible(WindowRef theWindow);
+
+// kEventWindowCollapsing, kEventWindowCollapsed and kEventWindowExpanding, kEventWindowExpanded. A hidden
+// window can be collapsed, and appears so when it is shown. windowWrongStateErr to collapse a window without
+// a collapse box.
+CARBON_EXPORT OSStatus CollapseWindow(WindowRef theWindow, Boolean theCollapse);
+CARBON_EXPORT Boolean IsWindowCollapsed(WindowRef theWindow);
+
+// Whether the window has a collapse box.
+CARBON_EXPORT Boolean IsWindowCollapsable(WindowRef theWindow);
+
+// Collapses or expands every shown window that can be; noErr always.
+CARBON_EXPORT OSStatus CollapseAllWindows(Boolean theCollapse);
+
+// Bounds ------------------------------------------------------------------------------------------------
+//
+// In global coordinates. A change sends kEventWindowBoundsChanging, whose handler may write other bounds into
+// the event and return noErr, then kEventWindowBoundsChanged. What both carry is the content, also while the
+// window is collapsed.
+
+// kWindowStructureRgn or kWindowContentRgn; errWindowRegionCodeInvalid for others, paramErr for empty bounds.
+CARBON_EXPORT OSStatus SetWindowBounds(WindowRef theWindow, WindowRegionCode theRegion,
+                                       const Rect* theBounds);
+
+// These, the title bar and the global port; errWindowRegionCodeInvalid for others.
+CARBON_EXPORT OSStatus GetWindowBounds(WindowRef theWindow, WindowRegionCode theRegion, Rect* theBounds);
+
+// The content's top left; brings the window to front when theFront is true.
+CARBON_EXPORT void MoveWindow(WindowRef theWindow, short theLeft, short theTop, Boolean theFront);
+
+// The structure's top left.
+CARBON_EXPORT OSStatus MoveWindowStructure(WindowRef theWindow, short theLeft, short theTop);
+
+// The content's size; theUpdate makes no difference. Sizes that are not positive are ignored.
+CARBON_EXPORT void SizeWindow(WindowRef theWindow, short theWidth, short theHeight, Boolean theUpdate);
+
+// The content in its own coordinates, whose top left is 0, 0. Gives back its second argument.
+CARBON_EXPORT Rect* GetWindowPortBounds(WindowRef theWindow, Rect* theBounds);
+
+// How far the frame reaches beyond the content on each side.
+CARBON_EXPORT OSStatus GetWindowStructureWidths(WindowRef theWindow, Rect* theWidths);
+
+// The content sizes that a person can give the window; a null limit is none. Program calls are not held to
+// them.
+CARBON_EXPORT OSStatus SetWindowResizeLimits(WindowRef theWindow, const HISize* theSmallest,
+                                             const HISize* theLargest);
+
+// What was set; without it 0 by 0 and 32767 by 32767. Either may be null.
+CARBON_EXPORT OSStatus GetWindowResizeLimits(WindowRef theWindow, HISize* theSmallest, HISize* theLargest);
+
+// Titles ------------------------------------------------------------------------------------------------
+//
+// kEventWindowTitleChanged, for every sort of window.
+
+// paramErr for a null string. The string is copied.
+CARBON_EXPORT OSStatus SetWindowTitleWithCFString(WindowRef theWindow, CFStringRef theTitle);
+
+// The caller releases the string; null when the call fails.
+CARBON_EXPORT OSStatus CopyWindowTitleAsCFString(WindowRef theWindow, CFStringRef* theTitle);
+
+// The same with Pascal strings in Mac Roman; 255 characters at most, "?" for characters that it does not
+// have.
+CARBON_EXPORT void SetWTitle(WindowRef theWindow, ConstStr255Param theTitle);
+CARBON_EXPORT void GetWTitle(WindowRef theWindow, Str255 theTitle);
+
+// Order and activation ----------------------------------------------------------------------------------
+
+// Brings the window to the front of its layer; a shown window becomes the active one.
+CARBON_EXPORT void SelectWindow(WindowRef theWindow);
+
+// To the front of its layer, without a change of activation.
+CARBON_EXPORT void BringToFront(WindowRef theWindow);
+
+// Right behind another window, or to the back of its layer for null; activation follows the new order.
+CARBON_EXPORT void SendBehind(WindowRef theWindow, WindowRef theBehind);
+
+// Makes the window active or inactive wherever it stands: kEventWindowActivated or kEventWindowDeactivated.
+// The standard handler then sends kEventWindowHandleActivate or kEventWindowHandleDeactivate, and activates
+// or deactivates the root control unless a handler took that.
+CARBON_EXPORT OSStatus ActivateWindow(WindowRef theWindow, Boolean theActivate);
+CARBON_EXPORT Boolean IsWindowActive(WindowRef theWindow);
+
+// The active window of scope "all", wherever it stands.
+CARBON_EXPORT WindowRef ActiveNonFloatingWindow(void);
+
+// The frontmost shown window of scope "all"; the frontmost shown window of any kind.
+CARBON_EXPORT WindowRef FrontNonFloatingWindow(void);
+CARBON_EXPORT WindowRef FrontWindow(void);
+
+// Every window, front to back, hidden ones included: the first, and from one to the next.
+CARBON_EXPORT WindowRef GetWindowList(void);
+CARBON_EXPORT WindowRef GetNextWindow(WindowRef theWindow);
+CARBON_EXPORT WindowRef GetPreviousWindow(WindowRef theWindow);
+
+// The same for one class, or kAllWindowClasses; kFirstWindowOfClass starts from the front.
+CARBON_EXPORT WindowRef GetFrontWindowOfClass(WindowClass theClass, Boolean theMustBeVisible);
+CARBON_EXPORT WindowRef GetNextWindowOfClass(WindowRef theWindow, WindowClass theClass,
+                                             Boolean theMustBeVisible);
+
+// The frontmost shown window at a global point, and its part there; null and inDesk or inMenuBar where there
+// is none.
+CARBON_EXPORT WindowPartCode FindWindow(Point thePoint, WindowRef* theWindow);
+
+// State of its own --------------------------------------------------------------------------------------
+
+CARBON_EXPORT OSStatus GetWindowClass(WindowRef theWindow, WindowClass* theClass);
+CARBON_EXPORT OSStatus GetWindowAttributes(WindowRef theWindow, WindowAttributes* theAttributes);
+
+// kEventWindowAttributesChanged. windowAttributesConflictErr when both name one bit;
+// windowAttributeImmutableErr for kWindowCompositingAttribute; errUnsupportedWindowAttributesForClass as
+// CreateNewWindow has it, though a floating or utility window may have a collapse box.
+CARBON_EXPORT OSStatus ChangeWindowAttributes(WindowRef theWindow, WindowAttributes theSet,
+                                              WindowAttributes theClear);
+
+// kEventWindowModified.
+CARBON_EXPORT OSStatus SetWindowModified(WindowRef theWindow, Boolean theModified);
+CARBON_EXPORT Boolean IsWindowModified(WindowRef theWindow);
+
+// One value of the application's own, and a number of its own.
+CARBON_EXPORT void SetWRefCon(WindowRef theWindow, SRefCon theData);
+CARBON_EXPORT SRefCon GetWRefCon(WindowRef theWindow);
+CARBON_EXPORT void SetWindowKind(WindowRef theWindow, short theKind);
+CARBON_EXPORT short GetWindowKind(WindowRef theWindow);
+
+// Named data of the application's own, copied in and out. errInvalidWindowProperty when the creator is all
+// lower-case letters, which are kept for the platform; errWindowPropertyNotFound when there is none. A buffer
+// of another size receives the smaller amount of data, and the call gives paramErr.
+CARBON_EXPORT OSStatus SetWindowProperty(WindowRef theWindow, PropertyCreator theCreator, PropertyTag theTag,
+                                         ByteCount theSize, const void* theData);
+CARBON_EXPORT OSStatus GetWindowProperty(WindowRef theWindow, PropertyCreator theCreator, PropertyTag theTag,
+                                         ByteCount theBufferSize, ByteCount* theActualSize, void* theBuffer);
+CARBON_EXPORT OSStatus GetWindowPropertySize(WindowRef theWindow, PropertyCreator theCreator,
+                                             PropertyTag theTag, ByteCount* theSize);
+CARBON_EXPORT OSStatus RemoveWindowProperty(WindowRef theWindow, PropertyCreator theCreator,
+                                            PropertyTag theTag);
+
+// Keyboard focus ----------------------------------------------------------------------------------------
+
+// Sends keys to a window, or to the active one for kUserFocusAuto, which is how it starts. When the window
+// that has the focus changes, for this or by activation, the old one gets kEventWindowFocusRelinquish and the
+// new one kEventWindowFocusAcquired.
+CARBON_EXPORT OSStatus SetUserFocusWindow(WindowRef theWindow);
+
+// The window that keys go to, or null.
+CARBON_EXPORT WindowRef GetUserFocusWindow(void);
+
+#endif

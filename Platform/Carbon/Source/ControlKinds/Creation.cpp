@@ -1,0 +1,37 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "ControlKinds/Creation.h"
+
+#include "Internal/Window.h"
+
+namespace Host {
+
+OSStatus CheckRequest(const CreationRequest& theRequest)
+{
+    if (theRequest.theControl == nullptr) {
+        return paramErr;
+    }
+    *theRequest.theControl = nullptr;
+    if (theRequest.theBounds == nullptr || theRequest.theRange.theMinimum > theRequest.theRange.theMaximum) {
+        return paramErr;
+    }
+    if (theRequest.theWindow == nullptr) {
+        return theRequest.theWindowMayBeNull ? OSStatus{noErr} : OSStatus{paramErr};
+    }
+    const SharedWindow theWindow = FindWindow(theRequest.theWindow);
+    return theWindow == nullptr || theWindow->IsClosing() ? OSStatus{paramErr} : OSStatus{noErr};
+}
+
+OSStatus Place(const SharedControl& theControl, const CreationRequest& theRequest)
+{
+    const SharedWindow theWindow = FindWindow(theRequest.theWindow);
+    theControl->StartWithRange(theRequest.theRange);
+    theControl->Begin(theWindow, *theRequest.theBounds, TextOf(theRequest.theTitle));
+    *theRequest.theControl = theControl->Reference();
+    if (theWindow != nullptr) {
+        theControl->Join(theWindow->EnsureRoot());
+    }
+    return noErr;
+}
+
+} // namespace Host
