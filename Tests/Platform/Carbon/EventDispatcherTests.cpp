@@ -192,6 +192,10 @@ TEST_F(EventDispatcher, AKeyWithNothingButItsCharacterBecomesThatText)
     theEvent.Set(kEventParamKeyMacCharCodes, typeChar, char('q'));
     EXPECT_EQ(SendEventToEventTarget(theEvent.Get(), GetEventDispatcherTarget()), noErr);
     EXPECT_EQ(theText, std::vector<UniChar>{'q'});
+    // Beyond ASCII the character's meaning depends on the keyboard, which the event does not tell.
+    theEvent.Set(kEventParamKeyMacCharCodes, typeChar, UInt8(0x8E));
+    EXPECT_EQ(SendEventToEventTarget(theEvent.Get(), GetEventDispatcherTarget()), noErr);
+    EXPECT_TRUE(theText.empty());
     RemoveEventParameter(theEvent.Get(), kEventParamKeyMacCharCodes);
     EXPECT_EQ(SendEventToEventTarget(theEvent.Get(), GetEventDispatcherTarget()), noErr);
     EXPECT_TRUE(theText.empty());

@@ -359,6 +359,14 @@ TEST_F(EventTarget, AHandlerThatAsksTheOthersItselfCannotHideTheirAnswer)
     EXPECT_EQ(mLog, (Log{"upper", "lower"}));
 }
 
+TEST_F(EventTarget, PassingToTheNextTargetHidesNothingFromAll)
+{
+    const TestHandler theLower(Button(), "lower", mLog, eventNotHandledErr);
+    const TestHandler theUpper(Button(), "upper", mLog, eventPassToNextTargetErr);
+    EXPECT_EQ(Send(Button(), kEventTargetSendToAllHandlers), eventNotHandledErr);
+    EXPECT_EQ(mLog, (Log{"upper", "lower"}));
+}
+
 TEST_F(EventTarget, AllHandlersOfOneTargetCanBeToldAlone)
 {
     const TestHandler theWindow(Window(), "window", mLog, noErr);
@@ -439,22 +447,31 @@ TEST_F(EventTarget, AHandlerInstalledDuringAPassIsFirstCalledByTheNextEvent)
     EXPECT_EQ(mLog, (Log{"old", "new", "old"}));
 }
 
-TEST_F(EventTarget, AHandlerMayBeReplacedByItselfDuringItsCall)
+TEST_F(EventTarget, AHandlerMayTakeItselfOutAndPutItselfBackOnTop)
 {
-    EventHandlerRef theReference = nullptr;
-    static EventTargetRef sTarget;
-    static EventHandlerRef* sReference;
-    sTarget = Button();
-    sReference = &theReference;
-    const EventHandlerUPP theFunction = [](EventHandlerCallRef, EventRef, void*) {
-        EXPECT_EQ(RemoveEventHandler(*sReference), noErr);
-        EXPECT_EQ(InstallEventHandler(sTarget, Ignore, 1, &kTestEvent, nullptr, sReference), noErr);
-        return OSStatus(noErr);
+    struct Self
+    {
+        EventTargetRef theTarget;
+        EventHandlerRef theReference;
+        EventHandlerUPP theFunction;
+        int theCount;
     };
-    ASSERT_EQ(InstallEventHandler(Button(), theFunction, 1, &kTestEvent, nullptr, &theReference), noErr);
-    EXPECT_EQ(Send(Button()), noErr);
-    EXPECT_EQ(Send(Button()), eventNotHandledErr);
-    EXPECT_EQ(RemoveEventHandler(theReference), noErr);
+    const EventHandlerUPP theFunction = [](EventHandlerCallRef, EventRef, void* theData) {
+        auto* theSelf = static_cast<Self*>(theData);
+        ++theSelf->theCount;
+        EXPECT_EQ(RemoveEventHandler(theSelf->theReference), noErr);
+        EXPECT_EQ(InstallEventHandler(theSelf->theTarget, theSelf->theFunction, 1, &kTestEvent, theSelf,
+                                      &theSelf->theReference),
+                  noErr);
+        return OSStatus(eventNotHandledErr);
+    };
+    Self theSelf = {Button(), nullptr, theFunction, 0};
+    ASSERT_EQ(InstallEventHandler(Button(), theFunction, 1, &kTestEvent, &theSelf, &theSelf.theReference),
+              noErr);
+    Send(Button());
+    EXPECT_EQ(theSelf.theCount, 1);
+    Send(Button());
+    EXPECT_EQ(theSelf.theCount, 2);
 }
 
 TEST_F(EventTarget, AHandlerMayDisposeItsControl)
