@@ -45,6 +45,7 @@ protected:
     ~InputGate() override
     {
         // The gate outlives the test: nothing stays pressed.
+        mWindowLog.mAnswer = nullptr;
         for (const PointerButton theButton :
              {PointerButton::kPrimary, PointerButton::kSecondary, PointerButton::kTertiary}) {
             Gate().PointerReleased(At(mWindow, 0, 0, theButton));

@@ -52,6 +52,9 @@ struct TestProgram
 {
     TestProgram()
     {
+        // Wherever an earlier test has left the pointer.
+        const Host::PointerAction theCorner;
+        Host::PresenterRegistry::Events().PointerMoved(theCorner);
         const Rect theSliderBounds = MakeRect(10, 10, 210, 30);
         CreateSliderControl(mWindow.Get(), &theSliderBounds, 5, 0, 10, kControlSliderDoesNotPoint, 0, false,
                             nullptr, &mSlider);

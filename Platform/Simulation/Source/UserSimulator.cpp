@@ -5,12 +5,14 @@
 #include "HeadlessDrawing.h"
 #include "HeadlessSnapshot.h"
 #include "Internal/Control.h"
+#include "Internal/Geometry.h"
 #include "Internal/Window.h"
 #include "KeyText.h"
 #include "USKeyboard.h"
 
 #include <Presentation/PresenterRegistry.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace Host {
@@ -111,10 +113,99 @@ bool PlaceOfPart(const SharedControl& theControl, ControlPartCode thePart, Point
     if (thePart != kControlEntireControl) {
         return PointOfPart(theControl, thePart, thePoint);
     }
-    const Rect theBounds = BoundsInWindow(theControl);
-    thePoint->v = static_cast<short>((theBounds.top + theBounds.bottom) / 2);
-    thePoint->h = static_cast<short>((theBounds.left + theBounds.right) / 2);
+    *thePoint = MiddleOf(BoundsInWindow(theControl));
     return true;
+}
+
+// A part of a window's frame, the attribute that brings it, and what is said of windows without.
+struct FramePart
+{
+    WindowPartCode thePart;
+    WindowAttributes theAttribute;
+    const char* theLack;
+};
+
+const FramePart kCloseBox = {inGoAway, kWindowCloseBoxAttribute, "has no close box"};
+const FramePart kCollapseBox = {inCollapseBox, kWindowCollapseBoxAttribute, "has no collapse box"};
+const FramePart kZoomBox = {inZoomOut, kWindowFullZoomAttribute, "has no zoom box"};
+const FramePart kTitleBar = {inDrag, kWindowNoAttributes, "has no title bar"};
+const FramePart kGrowBox = {inGrow, kWindowResizableAttribute, "cannot be resized"};
+
+bool HasPart(const Window& theWindow, const FramePart& thePart)
+{
+    const bool theIsInContent = thePart.thePart == inGrow;
+    return (theWindow.Has(thePart.theAttribute) || thePart.theAttribute == kWindowNoAttributes) &&
+           (theIsInContent || theWindow.FrameWidths().top > 0);
+}
+
+bool IsAt(Point thePlace, const Window& theWindow, WindowPartCode thePart)
+{
+    WindowRef theFound = nullptr;
+    const WindowPartCode theFoundPart = ::FindWindow(thePlace, &theFound);
+    const bool theIsZoomBox = thePart == inZoomOut && theFoundPart == inZoomIn;
+    return theFound == theWindow.Reference() && (theFoundPart == thePart || theIsZoomBox);
+}
+
+// A place where the part is not covered: along the title bar, or in the corner.
+bool FindPlace(const Window& theWindow, WindowPartCode thePart, Point* thePlace)
+{
+    const Rect& theContent = theWindow.Content();
+    const Rect theStructure = theWindow.Structure();
+    if (thePart == inGrow) {
+        *thePlace = MakePoint(theContent.right - 2, theContent.bottom - 2);
+        return IsAt(*thePlace, theWindow, thePart);
+    }
+    for (int theX = theStructure.left + 2; theX < theStructure.right; ++theX) {
+        *thePlace = MakePoint(theX, (theStructure.top + theContent.top) / 2);
+        if (IsAt(*thePlace, theWindow, thePart)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// Takes hold of a part of the frame with the mouse, and does the rest when nobody consumed the press.
+template <class Action>
+UserResult UseFrame(WindowRef theWindow, const FramePart& thePart, const Action& theAction)
+{
+    const SharedWindow theFound = FindWindow(theWindow);
+    const std::string theReason = WhyClosedOff(theFound);
+    if (!theReason.empty()) {
+        return Refuse(theReason);
+    }
+    if (!HasPart(*theFound, thePart)) {
+        return Refuse(Name(*theFound) + " " + thePart.theLack);
+    }
+    Point thePlace = {0, 0};
+    if (!FindPlace(*theFound, thePart.thePart, &thePlace)) {
+        return Refuse("the frame of " + Name(*theFound) + " is covered");
+    }
+    PointerAction thePress;
+    thePress.theWindow = theFound->Identifier();
+    thePress.thePlace = {thePlace.h, thePlace.v};
+    PresenterEvents& theEvents = PresenterRegistry::Events();
+    theEvents.PointerMoved(thePress);
+    theEvents.PointerPressed(thePress);
+    const bool theIsTaken = theEvents.WasTaken();
+    theEvents.PointerReleased(thePress);
+    if (!theIsTaken) {
+        theAction(thePress.theWindow);
+    }
+    return UserResult::Done();
+}
+
+bool IsAllowed(const WindowLook& theLook, const PixelSize& theSize)
+{
+    const auto theIsWithin = [](int theNumber, int theLeast, int theMost) {
+        return theNumber >= std::max(theLeast, 1) && (theMost == 0 || theNumber <= theMost);
+    };
+    return theIsWithin(theSize.theWidth, theLook.theSmallest.theWidth, theLook.theLargest.theWidth) &&
+           theIsWithin(theSize.theHeight, theLook.theSmallest.theHeight, theLook.theLargest.theHeight);
+}
+
+std::string Describe(const PixelSize& theSize)
+{
+    return std::to_string(theSize.theWidth) + " × " + std::to_string(theSize.theHeight);
 }
 
 // Holds modifier keys down for the time of an action.
@@ -310,16 +401,59 @@ UserResult UserSimulator::TypeText(const std::string& theText)
 
 UserResult UserSimulator::CloseWindow(WindowRef theWindow)
 {
+    return UseFrame(theWindow, kCloseBox,
+                    [](ObjectId theId) { PresenterRegistry::Events().CloseAsked(theId); });
+}
+
+UserResult UserSimulator::MoveWindow(WindowRef theWindow, short theLeft, short theTop)
+{
+    const PixelPoint thePlace = {theLeft, theTop};
+    return UseFrame(theWindow, kTitleBar,
+                    [thePlace](ObjectId theId) { PresenterRegistry::Events().WindowMoved(theId, thePlace); });
+}
+
+UserResult UserSimulator::ResizeWindow(WindowRef theWindow, short theWidth, short theHeight)
+{
+    const PixelSize theSize = {theWidth, theHeight};
     const SharedWindow theFound = FindWindow(theWindow);
-    const std::string theReason = WhyClosedOff(theFound);
-    if (!theReason.empty()) {
-        return Refuse(theReason);
+    if (theFound != nullptr && theFound->Has(kWindowResizableAttribute) &&
+        !IsAllowed(theFound->Look(), theSize)) {
+        return Refuse(Name(*theFound) + " cannot be made " + Describe(theSize));
     }
-    if (!theFound->Has(kWindowCloseBoxAttribute)) {
-        return Refuse(Name(*theFound) + " has no close box");
+    return UseFrame(theWindow, kGrowBox,
+                    [theSize](ObjectId theId) { PresenterRegistry::Events().WindowResized(theId, theSize); });
+}
+
+UserResult UserSimulator::ZoomWindow(WindowRef theWindow)
+{
+    return UseFrame(theWindow, kZoomBox,
+                    [](ObjectId theId) { PresenterRegistry::Events().ZoomAsked(theId); });
+}
+
+UserResult UserSimulator::CollapseWindow(WindowRef theWindow)
+{
+    return UseFrame(theWindow, kCollapseBox,
+                    [](ObjectId theId) { PresenterRegistry::Events().CollapseAsked(theId, true); });
+}
+
+UserResult UserSimulator::ExpandWindow(WindowRef theWindow)
+{
+    const SharedWindow theFound = FindWindow(theWindow);
+    if (theFound == nullptr) {
+        return Refuse("the window is gone");
     }
-    PresenterRegistry::Events().CloseAsked(theFound->Identifier());
+    if (!theFound->IsVisible() || !theFound->IsCollapsed()) {
+        return Refuse(Name(*theFound) + " is not collapsed");
+    }
+    if (!PresenterRegistry::Events().CollapseAsked(theFound->Identifier(), false)) {
+        return Refuse(Name(*theFound) + " cannot be expanded now");
+    }
     return UserResult::Done();
+}
+
+UserResult UserSimulator::ActivateWindow(WindowRef theWindow)
+{
+    return UseFrame(theWindow, kTitleBar, [](ObjectId) {});
 }
 
 // Looking ----------------------------------------------------------------------------------------------

@@ -101,8 +101,31 @@ public:
 
     // Windows ------------------------------------------------------------------------------------------
 
+    // Each of these takes hold of the window's frame with the mouse first; what a handler of the program does
+    // with the press comes before the action, and instead of it when the handler consumed the press.
+
     // Clicks the close box. Refused when the window has none.
     UserResult CloseWindow(WindowRef theWindow);
+
+    // Drags the window by its title bar until the top left of its content is at a global place. Refused when it
+    // has no title bar.
+    UserResult MoveWindow(WindowRef theWindow, short theLeft, short theTop);
+
+    // Drags the corner of the window until its content has a size. Refused when it cannot be resized, or not
+    // to that size.
+    UserResult ResizeWindow(WindowRef theWindow, short theWidth, short theHeight);
+
+    // Clicks the zoom box. Refused when the window has none.
+    UserResult ZoomWindow(WindowRef theWindow);
+
+    // Clicks the collapse box. Refused when the window has none, or is collapsed.
+    UserResult CollapseWindow(WindowRef theWindow);
+
+    // Brings a collapsed window back from where the desktop keeps it; there is no frame to press.
+    UserResult ExpandWindow(WindowRef theWindow);
+
+    // Clicks the title bar, which makes the window the active one. Refused when it has no title bar.
+    UserResult ActivateWindow(WindowRef theWindow);
 
     // Looking ------------------------------------------------------------------------------------------
 

@@ -1,0 +1,132 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "QtApplication.h"
+
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <QApplication>
+#include <QLibrary>
+
+namespace Host {
+
+namespace {
+
+// Qt ends the program when no platform plugin can be loaded, and says so in several lines.
+bool gIsStarting = false;
+
+// What a platform cannot do is no news for the reader of the program's error stream.
+constexpr char kIncapable[] = "This plugin does not support";
+
+void PrintMessage(QtMsgType theType, const QMessageLogContext&, const QString& theText)
+{
+    if (gIsStarting && theType == QtFatalMsg) {
+        std::fputs("No display can be opened: Qt has no working platform plugin for it.\n", stderr);
+        std::_Exit(EXIT_FAILURE);
+    }
+    if (!gIsStarting && !theText.startsWith(QLatin1String(kIncapable))) {
+        std::fprintf(stderr, "%s\n", theText.toUtf8().constData());
+    }
+}
+
+bool IsSet(const char* theVariable)
+{
+    return !qEnvironmentVariableIsEmpty(theVariable);
+}
+
+// Asks the X server itself: Qt would end the program if it did not answer. Without the X library, which only
+// Qt's own plugin needs, Qt may find out.
+bool XServerAnswers()
+{
+    struct Connection;
+    using Connect = Connection* (*)(const char*, int*);
+    using HasError = int (*)(Connection*);
+    using Disconnect = void (*)(Connection*);
+    QLibrary theLibrary(QStringLiteral("xcb"), 1);
+    const auto theConnect = reinterpret_cast<Connect>(theLibrary.resolve("xcb_connect"));
+    const auto theHasError = reinterpret_cast<HasError>(theLibrary.resolve("xcb_connection_has_error"));
+    const auto theDisconnect = reinterpret_cast<Disconnect>(theLibrary.resolve("xcb_disconnect"));
+    if (theConnect == nullptr || theHasError == nullptr || theDisconnect == nullptr) {
+        return true;
+    }
+    Connection* const theConnection = theConnect(nullptr, nullptr);
+    const bool theIsThere = theHasError(theConnection) == 0;
+    theDisconnect(theConnection);
+    return theIsThere;
+}
+
+bool HasDisplay()
+{
+    const QByteArray thePlatform = qgetenv("QT_QPA_PLATFORM");
+    if (!thePlatform.isEmpty() && !thePlatform.startsWith("xcb")) {
+        return true;
+    }
+    if (thePlatform.isEmpty() && IsSet("WAYLAND_DISPLAY")) {
+        return true;
+    }
+    return IsSet("DISPLAY") && XServerAnswers();
+}
+
+// Qt takes the desktop's locale for the whole program, and numbers that the program prints would change their
+// decimal point with it. Qt itself needs the encoding alone.
+class LocaleKeeper
+{
+public:
+    LocaleKeeper()
+        : mLocale(std::setlocale(LC_ALL, nullptr))
+    {
+    }
+    ~LocaleKeeper()
+    {
+        const std::string theEncoding = std::setlocale(LC_CTYPE, nullptr);
+        std::setlocale(LC_ALL, mLocale.c_str());
+        std::setlocale(LC_CTYPE, theEncoding.c_str());
+    }
+    LocaleKeeper(const LocaleKeeper&) = delete;
+    LocaleKeeper& operator=(const LocaleKeeper&) = delete;
+
+private:
+    std::string mLocale;
+};
+
+// Qt's own static objects are destroyed after this; the application object must not outlive them.
+void EndApplication()
+{
+    delete QCoreApplication::instance();
+}
+
+void MakeApplication()
+{
+    static char sName[] = "";
+    static char* sArguments[] = {sName, nullptr};
+    static int sCount = 1;
+    const LocaleKeeper theKeeper;
+    qInstallMessageHandler(PrintMessage);
+    gIsStarting = true;
+    new QApplication(sCount, sArguments);
+    gIsStarting = false;
+    std::atexit(EndApplication);
+}
+
+} // namespace
+
+bool PrepareQtApplication()
+{
+    if (QCoreApplication::instance() == nullptr) {
+        if (!HasDisplay()) {
+            std::fputs("There is no display: neither DISPLAY nor WAYLAND_DISPLAY leads to one.\n", stderr);
+            return false;
+        }
+        MakeApplication();
+    }
+    // The managers decide when the program ends.
+    QApplication::setQuitOnLastWindowClosed(false);
+    return true;
+}
+
+bool HasQtApplication()
+{
+    return QCoreApplication::instance() != nullptr;
+}
+
+} // namespace Host

@@ -1,0 +1,87 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "QtControl.h"
+
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+namespace Host {
+
+namespace {
+
+// A window is never wider; what programs say beyond that would overflow Qt's sums.
+constexpr int kFarthest = 32767;
+
+int Nearer(int theCoordinate)
+{
+    return std::clamp(theCoordinate, -kFarthest, kFarthest);
+}
+
+} // namespace
+
+QString WithoutMnemonics(const std::string& theText)
+{
+    return QString::fromStdString(theText).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QRect ToQRect(const PixelRect& theRect)
+{
+    const QPoint theTopLeft(Nearer(theRect.theLeft), Nearer(theRect.theTop));
+    const QPoint theEnd(Nearer(theRect.theRight), Nearer(theRect.theBottom));
+    return {theTopLeft,
+            QSize(std::max(theEnd.x() - theTopLeft.x(), 0), std::max(theEnd.y() - theTopLeft.y(), 0))};
+}
+
+QtControl::QtControl(const ControlLook& theLook, QtInput& theInput, QWidget* theWidget)
+    : mInput(theInput),
+      mWidget(theWidget),
+      mLook(theLook)
+{
+    theWidget->setObjectName(QStringLiteral("control %1").arg(theLook.theId));
+}
+
+QtControl::~QtControl()
+{
+    // The window takes its controls' widgets with it.
+    if (mWidget != nullptr) {
+        mWidget->hide();
+        mWidget->removeEventFilter(&mInput);
+        mWidget->deleteLater();
+    }
+}
+
+bool QtControl::Suits(const ControlLook& theLook) const
+{
+    return theLook.theShape == mLook.theShape && theLook.theWindow == mLook.theWindow;
+}
+
+QRect QtControl::PlaceFor(const QRect& theBounds) const
+{
+    return theBounds;
+}
+
+QRect QtControl::AtLeastAsHigh(const QRect& theBounds) const
+{
+    const int theMissing = std::max(mWidget->sizeHint().height() - theBounds.height(), 0);
+    const int theAbove = theMissing / 2;
+    return theBounds.adjusted(0, -theAbove, 0, theMissing - theAbove);
+}
+
+void QtControl::Show(const ControlLook& theLook, bool theWindowIsActive)
+{
+    const QSignalBlocker theBlocker(mWidget);
+    mLook = theLook;
+    mWidget->setEnabled(theLook.theIsEnabled && (theLook.theIsActive || !theWindowIsActive));
+    ShowState(theLook);
+    mWidget->setGeometry(PlaceFor(ToQRect(theLook.theBounds)));
+    mWidget->setVisible(theLook.theIsVisible);
+}
+
+void QtControl::ShowAgain()
+{
+    const QSignalBlocker theBlocker(mWidget);
+    ShowState(mLook);
+}
+
+} // namespace Host

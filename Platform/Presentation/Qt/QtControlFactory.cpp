@@ -1,0 +1,108 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "QtButtons.h"
+#include "QtRanges.h"
+#include "QtTexts.h"
+
+#include <QFrame>
+#include <QGroupBox>
+
+namespace Host {
+
+namespace {
+
+class QtGroupBox : public QtControl
+{
+public:
+    QtGroupBox(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
+        : QtControl(theLook, theInput, new QGroupBox(&theContent))
+    {
+        theInput.Watch(Widget(), QtInput::MouseUse::kManagers);
+    }
+
+protected:
+    void ShowState(const ControlLook& theLook) override
+    {
+        static_cast<QGroupBox&>(Widget()).setTitle(WithoutMnemonics(theLook.theTitle));
+    }
+};
+
+class QtSeparator : public QtControl
+{
+public:
+    QtSeparator(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
+        : QtControl(theLook, theInput, new QFrame(&theContent))
+    {
+        theInput.Watch(Widget(), QtInput::MouseUse::kManagers);
+    }
+
+protected:
+    void ShowState(const ControlLook& theLook) override
+    {
+        const PixelRect& theBounds = theLook.theBounds;
+        const bool theIsUpright =
+            theBounds.theBottom - theBounds.theTop > theBounds.theRight - theBounds.theLeft;
+        auto& theFrame = static_cast<QFrame&>(Widget());
+        theFrame.setFrameShadow(QFrame::Sunken);
+        theFrame.setFrameShape(theIsUpright ? QFrame::VLine : QFrame::HLine);
+    }
+};
+
+// Holds other controls and shows nothing itself.
+class QtPane : public QtControl
+{
+public:
+    QtPane(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
+        : QtControl(theLook, theInput, new QWidget(&theContent))
+    {
+        theInput.Watch(Widget(), QtInput::MouseUse::kManagers);
+    }
+
+protected:
+    void ShowState(const ControlLook&) override {}
+};
+
+template <class Kind>
+std::unique_ptr<QtControl> MakeKind(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
+{
+    return std::make_unique<Kind>(theLook, theInput, theContent);
+}
+
+} // namespace
+
+std::unique_ptr<QtControl> QtControl::Make(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
+{
+    switch (theLook.theShape) {
+    case ControlShape::kPushButton:
+        return MakeKind<QtPushButton>(theLook, theInput, theContent);
+    case ControlShape::kCheckBox:
+        return MakeKind<QtCheckBox>(theLook, theInput, theContent);
+    case ControlShape::kRadioButton:
+        return MakeKind<QtRadioButton>(theLook, theInput, theContent);
+    case ControlShape::kSlider:
+        return MakeKind<QtSlider>(theLook, theInput, theContent);
+    case ControlShape::kScrollBar:
+        return MakeKind<QtScrollBar>(theLook, theInput, theContent);
+    case ControlShape::kProgressBar:
+        return MakeKind<QtProgressBar>(theLook, theInput, theContent);
+    case ControlShape::kLittleArrows:
+        return MakeKind<QtLittleArrows>(theLook, theInput, theContent);
+    case ControlShape::kStaticText:
+        return MakeKind<QtStaticText>(theLook, theInput, theContent);
+    case ControlShape::kEditText:
+        return QtEditText::IsTall(theLook) ? MakeKind<QtTextArea>(theLook, theInput, theContent)
+                                           : MakeKind<QtField>(theLook, theInput, theContent);
+    case ControlShape::kGroupBox:
+        return MakeKind<QtGroupBox>(theLook, theInput, theContent);
+    case ControlShape::kPopUpButton:
+        return MakeKind<QtPopUpButton>(theLook, theInput, theContent);
+    case ControlShape::kSeparator:
+        return MakeKind<QtSeparator>(theLook, theInput, theContent);
+    case ControlShape::kRadioGroup:
+    case ControlShape::kPane:
+        break;
+    }
+    return MakeKind<QtPane>(theLook, theInput, theContent);
+}
+
+} // namespace Host

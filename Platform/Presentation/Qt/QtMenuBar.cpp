@@ -1,0 +1,225 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "QtMenuBar.h"
+
+#include "QtControl.h"
+#include "QtKeys.h"
+
+#include <QGuiApplication>
+#include <QMenuBar>
+#include <QPainter>
+#include <QPixmap>
+
+#include <utility>
+
+namespace Host {
+
+namespace {
+
+constexpr std::uint32_t kCheckMark = 0x2713;
+constexpr std::uint32_t kHeavyCheckMark = 0x2714;
+constexpr int kMarkSize = 16;
+
+// Qt's menus have a place for a check mark. Other marks are drawn where an icon goes.
+QIcon DrawMark(std::uint32_t theMark, const QWidget& theMenu)
+{
+    const qreal theScale = theMenu.devicePixelRatioF();
+    QPixmap thePicture(QSize(kMarkSize, kMarkSize) * theScale);
+    thePicture.setDevicePixelRatio(theScale);
+    thePicture.fill(Qt::transparent);
+    QPainter thePainter(&thePicture);
+    thePainter.setFont(theMenu.font());
+    thePainter.setPen(theMenu.palette().color(QPalette::WindowText));
+    const char32_t theCharacter = theMark;
+    thePainter.drawText(QRect(0, 0, kMarkSize, kMarkSize), Qt::AlignCenter,
+                        QString::fromUcs4(&theCharacter, 1));
+    return QIcon(thePicture);
+}
+
+void ShowMark(QAction& theAction, std::uint32_t theMark, const QWidget& theMenu)
+{
+    const bool theIsCheck = theMark == kCheckMark || theMark == kHeavyCheckMark;
+    theAction.setCheckable(theIsCheck);
+    theAction.setChecked(theIsCheck);
+    theAction.setIcon(theMark == 0 || theIsCheck ? QIcon() : DrawMark(theMark, theMenu));
+    theAction.setIconVisibleInMenu(true);
+}
+
+// For show only: the managers find the item of a command key themselves.
+void ShowKey(QAction& theAction, const MenuItemLook& theItem)
+{
+    const QString theKey = QString::fromStdString(theItem.theKey);
+    if (theKey.isEmpty()) {
+        theAction.setShortcut({});
+        return;
+    }
+    const int theModifiers = static_cast<int>(QtModifiersOf(theItem.theKeyModifiers).toInt());
+    theAction.setShortcut(QKeySequence(theModifiers | theKey.at(0).toUpper().unicode()));
+    theAction.setShortcutContext(Qt::WidgetShortcut);
+}
+
+void ShowItem(QAction& theAction, const MenuItemLook& theItem, const QWidget& theMenu)
+{
+    theAction.setText(WithoutMnemonics(theItem.theText));
+    theAction.setSeparator(theItem.theIsSeparator);
+    theAction.setEnabled(theItem.theIsEnabled);
+    theAction.setVisible(!theItem.theIsHidden);
+    ShowMark(theAction, theItem.theMark, theMenu);
+    ShowKey(theAction, theItem);
+}
+
+} // namespace
+
+struct QtMenuBar::Menu
+{
+    Menu() = default;
+    // A menu may be on the screen, with a function on the stack, when the program disposes it.
+    ~Menu()
+    {
+        theMenu->hide();
+        theMenu->blockSignals(true);
+        theMenu->deleteLater();
+    }
+    Menu(const Menu&) = delete;
+    Menu& operator=(const Menu&) = delete;
+
+    ObjectId theId = kNoObject;
+    QMenu* theMenu = new QMenu;
+};
+
+QtMenuBar::QtMenuBar(QtReports& theReports, Opening theOpening)
+    : mReports(theReports),
+      mOpening(std::move(theOpening))
+{
+}
+
+QtMenuBar::~QtMenuBar() = default;
+
+void QtMenuBar::Show(const MenuBarLook& theLook)
+{
+    mLook = theLook;
+    Menus theKept;
+    for (const MenuLook& theMenu : theLook.theMenus) {
+        MenuFor(theMenu, theKept);
+    }
+    mMenus.swap(theKept);
+}
+
+QtMenuBar::SharedMenu QtMenuBar::MenuFor(const MenuLook& theLook, Menus& theKept)
+{
+    SharedMenu& theMenu = theKept[theLook.theId];
+    if (theMenu == nullptr) {
+        const auto theOld = mMenus.find(theLook.theId);
+        if (theOld != mMenus.end()) {
+            theMenu = theOld->second;
+        } else {
+            theMenu = std::make_shared<Menu>();
+            theMenu->theId = theLook.theId;
+            Connect(theMenu);
+        }
+    }
+    const SharedMenu theResult = theMenu;
+    ShowItems(*theResult, theLook, theKept);
+    return theResult;
+}
+
+// Items are told apart by their number alone, so an item that stays keeps its action and an open menu stays
+// open.
+void QtMenuBar::ShowItems(Menu& theMenu, const MenuLook& theLook, Menus& theKept)
+{
+    QMenu& theWidget = *theMenu.theMenu;
+    theWidget.setTitle(WithoutMnemonics(theLook.theTitle));
+    theWidget.menuAction()->setEnabled(theLook.theIsEnabled);
+    const auto theCount = static_cast<qsizetype>(theLook.theItems.size());
+    while (theWidget.actions().size() > theCount) {
+        theWidget.actions().last()->deleteLater();
+        theWidget.removeAction(theWidget.actions().last());
+    }
+    while (theWidget.actions().size() < theCount) {
+        theWidget.addAction(QString());
+    }
+    for (qsizetype theIndex = 0; theIndex < theCount; ++theIndex) {
+        const MenuItemLook& theItem = theLook.theItems[static_cast<size_t>(theIndex)];
+        QAction& theAction = *theWidget.actions().at(theIndex);
+        ShowItem(theAction, theItem, theWidget);
+        theAction.setData(static_cast<int>(theIndex) + 1);
+        theAction.setMenu(theItem.theSubmenu.empty() ? nullptr
+                                                     : MenuFor(theItem.theSubmenu.front(), theKept)->theMenu);
+    }
+}
+
+void QtMenuBar::Connect(const SharedMenu& theMenu)
+{
+    QMenu* const theWidget = theMenu->theMenu;
+    const ObjectId theId = theMenu->theId;
+    QObject::connect(theWidget, &QMenu::aboutToShow, theWidget, [this, theId] { mOpening(theId); });
+    QObject::connect(theWidget, &QMenu::aboutToHide, theWidget, [this, theId] {
+        mReports.Add([theId](PresenterEvents& theEvents) { theEvents.MenuClosed(theId); });
+    });
+    // A menu hears of what is chosen in its submenus too.
+    QObject::connect(theWidget, &QMenu::triggered, theWidget,
+                     [this, theId, theWidget](const QAction* theAction) {
+                         if (!theWidget->actions().contains(theAction)) {
+                             return;
+                         }
+                         const MenuChoice theChoice = {theId, theAction->data().toInt()};
+                         const std::uint32_t theModifiers = ModifiersOf(QGuiApplication::keyboardModifiers());
+                         mReports.Add([theChoice, theModifiers](PresenterEvents& theEvents) {
+                             theEvents.MenuChosen(theChoice, theModifiers);
+                         });
+                     });
+}
+
+void QtMenuBar::Fill(QMenuBar& theBar) const
+{
+    QList<QAction*> theActions;
+    for (const MenuLook& theMenu : mLook.theMenus) {
+        theActions.append(mMenus.at(theMenu.theId)->theMenu->menuAction());
+    }
+    if (theBar.actions() != theActions) {
+        theBar.clear();
+        theBar.addActions(theActions);
+    }
+}
+
+// Pop-ups ----------------------------------------------------------------------------------------------
+
+namespace {
+
+// A menu that is made for one choice and goes with it.
+void FillPopUp(QMenu& theMenu, const MenuLook& theLook)
+{
+    int theNumber = 0;
+    for (const MenuItemLook& theItem : theLook.theItems) {
+        QAction& theAction = *theMenu.addAction(QString());
+        ShowItem(theAction, theItem, theMenu);
+        theAction.setData(++theNumber);
+        theAction.setProperty("menu", static_cast<uint>(theLook.theId));
+        if (!theItem.theSubmenu.empty()) {
+            auto* const theSubmenu = new QMenu(&theMenu);
+            FillPopUp(*theSubmenu, theItem.theSubmenu.front());
+            theAction.setMenu(theSubmenu);
+        }
+    }
+}
+
+} // namespace
+
+MenuChoice QtMenuBar::Choose(const PopUpLook& theLook)
+{
+    QMenu theMenu;
+    FillPopUp(theMenu, theLook.theMenu);
+    if (theMenu.isEmpty()) {
+        return {};
+    }
+    const auto theCurrent = static_cast<qsizetype>(theLook.theItem) - 1;
+    const bool theHasCurrent = theCurrent >= 0 && theCurrent < theMenu.actions().size();
+    const QAction* const theChosen = theMenu.exec(QPoint(theLook.thePlace.theX, theLook.thePlace.theY),
+                                                  theHasCurrent ? theMenu.actions().at(theCurrent) : nullptr);
+    if (theChosen == nullptr) {
+        return {};
+    }
+    return {theChosen->property("menu").toUInt(), theChosen->data().toInt()};
+}
+
+} // namespace Host

@@ -1,0 +1,58 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef QtMenuBar_h
+#define QtMenuBar_h
+
+#include "QtReports.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <QMenu>
+#include <QPointer>
+
+class QMenuBar;
+
+namespace Host {
+
+// The menus of the program. There is one of each; the menu bars of all windows show the same.
+class QtMenuBar
+{
+public:
+    // Called when a menu is about to be shown: brings it up to date before it is.
+    using Opening = std::function<void(ObjectId theMenu)>;
+
+    QtMenuBar(QtReports& theReports, Opening theOpening);
+    ~QtMenuBar();
+    QtMenuBar(const QtMenuBar&) = delete;
+    QtMenuBar& operator=(const QtMenuBar&) = delete;
+
+    void Show(const MenuBarLook& theLook);
+
+    // Whether there is anything to show.
+    bool IsShown() const { return mLook.theIsShown && !mLook.theMenus.empty(); }
+
+    // Puts the menus into the bar of a window.
+    void Fill(QMenuBar& theBar) const;
+
+    // Shows a menu by itself and waits for the choice.
+    static MenuChoice Choose(const PopUpLook& theLook);
+
+private:
+    struct Menu;
+    using SharedMenu = std::shared_ptr<Menu>;
+    using Menus = std::map<ObjectId, SharedMenu>;
+
+    SharedMenu MenuFor(const MenuLook& theLook, Menus& theKept);
+    void ShowItems(Menu& theMenu, const MenuLook& theLook, Menus& theKept);
+    void Connect(const SharedMenu& theMenu);
+
+    QtReports& mReports;
+    Opening mOpening;
+    MenuBarLook mLook;
+    Menus mMenus;
+};
+
+} // namespace Host
+
+#endif

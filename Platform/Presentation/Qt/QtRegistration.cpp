@@ -1,0 +1,22 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "QtPresenter.h"
+
+#include <Presentation/PresenterRegistry.h>
+
+namespace {
+
+// Whatever is linked with this library can be shown with Qt.
+struct QtRegistration
+{
+    QtRegistration() { Host::PresenterRegistry::Register("qt", Host::QtPresenter::Make); }
+};
+
+const QtRegistration kRegistration;
+
+} // namespace
+
+// Programs call nothing of this library. What links it refers to this name instead, so that no linker leaves
+// the library out.
+extern "C" HOST_PUBLIC const int LmCarbonDesktopIsLinked;
+const int LmCarbonDesktopIsLinked = 1;

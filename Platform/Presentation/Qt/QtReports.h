@@ -1,0 +1,57 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef QtReports_h
+#define QtReports_h
+
+#include <deque>
+#include <functional>
+
+#include <Presentation/PresenterEvents.h>
+
+namespace Host {
+
+// What the person did and the gate has not been told yet, in the order in which it was done.
+//
+// Qt tells of input from inside its own functions, with widgets on the stack. A handler of the program may
+// dispose those widgets, stop the presenter or run a loop of its own, so reports wait here and are made
+// between Qt's events.
+class QtReports
+{
+public:
+    using Report = std::function<void(PresenterEvents&)>;
+
+    // What a report speaks of. Of several that wait in a row about the same, only the latest is made: a fast
+    // pointer moves more often than a program looks.
+    enum class Subject
+    {
+        kOther, // never the same
+        kPointerMove,
+        kDrag,
+        kTextEdit,
+    };
+
+    void Add(Report theReport, Subject theSubject = Subject::kOther, ObjectId theObject = kNoObject);
+
+    // Puts a report before those that wait.
+    void AddNext(Report theReport);
+
+    bool IsEmpty() const { return mEntries.empty(); }
+    void Clear() { mEntries.clear(); }
+
+    // Takes the oldest report; there is one.
+    Report TakeNext();
+
+private:
+    struct Entry
+    {
+        Report theReport;
+        Subject theSubject = Subject::kOther;
+        ObjectId theObject = kNoObject;
+    };
+
+    std::deque<Entry> mEntries;
+};
+
+} // namespace Host
+
+#endif

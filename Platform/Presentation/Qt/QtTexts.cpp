@@ -1,0 +1,210 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "QtTexts.h"
+
+#include <QSignalBlocker>
+#include <QTextCursor>
+
+#include <algorithm>
+
+namespace Host {
+
+namespace {
+
+// From the bounds of an edit text, which hold the text alone, to the outer edge of its frame.
+constexpr int kFrame = 3;
+
+// Bounds of fewer lines hold one line with some room around it.
+constexpr int kFewestLines = 2;
+
+// Programs of the platform end lines with a return, Qt with a line feed.
+constexpr QLatin1Char kReturn('\r');
+constexpr QLatin1Char kLineFeed('\n');
+
+} // namespace
+
+// Static texts -----------------------------------------------------------------------------------------
+
+QtStaticText::QtStaticText(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
+    : QtControl(theLook, theInput, new QLabel(&theContent)),
+      mLabel(static_cast<QLabel&>(Widget()))
+{
+    mLabel.setTextFormat(Qt::PlainText);
+    theInput.Watch(mLabel, QtInput::MouseUse::kManagers);
+}
+
+// One line is centred, so that it stands level with the control beside it.
+void QtStaticText::ShowState(const ControlLook& theLook)
+{
+    const int theHeight = theLook.theBounds.theBottom - theLook.theBounds.theTop;
+    const bool theIsTall = theHeight >= kFewestLines * mLabel.fontMetrics().lineSpacing();
+    mLabel.setWordWrap(theIsTall);
+    mLabel.setAlignment(Qt::AlignLeft | (theIsTall ? Qt::AlignTop : Qt::AlignVCenter));
+    mLabel.setText(QString::fromStdString(theLook.theText));
+}
+
+// Edit texts -------------------------------------------------------------------------------------------
+
+bool QtEditText::IsTall(const ControlLook& theLook)
+{
+    const int theHeight = theLook.theBounds.theBottom - theLook.theBounds.theTop;
+    return theLook.theIsMultiline && !theLook.theIsPassword &&
+           theHeight >= kFewestLines * QFontMetrics(QFont()).lineSpacing();
+}
+
+bool QtEditText::Suits(const ControlLook& theLook) const
+{
+    return QtControl::Suits(theLook) && IsTall(theLook) == IsTall(Look());
+}
+
+void QtEditText::ShowState(const ControlLook& theLook)
+{
+    ChangeTextTo(QString::fromStdString(theLook.theText).replace(kReturn, kLineFeed));
+    const Selection theSelection = Selected();
+    if (theSelection.theStart != theLook.theSelectionStart ||
+        theSelection.theEnd != theLook.theSelectionEnd) {
+        Select({theLook.theSelectionStart, theLook.theSelectionEnd});
+    }
+}
+
+// Exchanges only what is different, so that the person can undo it step by step.
+void QtEditText::ChangeTextTo(const QString& theText)
+{
+    const QString theOld = Text();
+    if (theText == theOld) {
+        return;
+    }
+    const auto theFirst = std::mismatch(theOld.begin(), theOld.end(), theText.begin(), theText.end());
+    const auto theHead = theFirst.first - theOld.begin();
+    const auto theLast =
+        std::mismatch(theOld.rbegin(), theOld.rend() - theHead, theText.rbegin(), theText.rend() - theHead);
+    const auto theTail = theLast.first - theOld.rbegin();
+    Select({static_cast<int>(theHead), static_cast<int>(theOld.size() - theTail)});
+    Insert(theText.mid(theHead, theText.size() - theTail - theHead));
+}
+
+void QtEditText::ReportEdit()
+{
+    const Selection theSelection = Selected();
+    QString theText = Text();
+    if (Look().theText.find('\r') != std::string::npos) {
+        theText.replace(kLineFeed, kReturn);
+    }
+    const TextEdit theEdit = {Look().theId, theText.toStdString(), theSelection.theStart,
+                              theSelection.theEnd};
+    const QPointer<QtEditText> theControl(this);
+    Reports().Add(
+        [theEdit, theControl](PresenterEvents& theEvents) {
+            theEvents.TextEdited(theEdit);
+            // The managers may have kept the text that they had.
+            if (theControl != nullptr && theControl->Reports().IsEmpty()) {
+                theControl->Reports().Add([theControl](PresenterEvents&) {
+                    if (theControl != nullptr) {
+                        theControl->ShowAgain();
+                    }
+                });
+            }
+        },
+        QtReports::Subject::kTextEdit, theEdit.theControl);
+}
+
+// One line ---------------------------------------------------------------------------------------------
+
+QtField::QtField(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
+    : QtEditText(theLook, theInput, new QLineEdit(&theContent)),
+      mEdit(static_cast<QLineEdit&>(Widget()))
+{
+    theInput.Watch(mEdit, QtInput::MouseUse::kBoth);
+    connect(&mEdit, &QLineEdit::textEdited, this, &QtField::ReportEdit);
+    connect(&mEdit, &QLineEdit::selectionChanged, this, &QtField::ReportEdit);
+    connect(&mEdit, &QLineEdit::cursorPositionChanged, this, &QtField::ReportEdit);
+}
+
+void QtField::ShowState(const ControlLook& theLook)
+{
+    mEdit.setEchoMode(theLook.theIsPassword ? QLineEdit::Password : QLineEdit::Normal);
+    mEdit.setReadOnly(theLook.theIsLocked);
+    QtEditText::ShowState(theLook);
+}
+
+QRect QtField::PlaceFor(const QRect& theBounds) const
+{
+    return AtLeastAsHigh(theBounds.adjusted(-kFrame, -kFrame, kFrame, kFrame));
+}
+
+QString QtField::Text() const
+{
+    return mEdit.text();
+}
+
+QtEditText::Selection QtField::Selected() const
+{
+    if (mEdit.hasSelectedText()) {
+        return {mEdit.selectionStart(), mEdit.selectionEnd()};
+    }
+    return {mEdit.cursorPosition(), mEdit.cursorPosition()};
+}
+
+void QtField::Select(Selection theSelection)
+{
+    const int theLength = static_cast<int>(mEdit.text().size());
+    const int theStart = std::clamp(theSelection.theStart, 0, theLength);
+    mEdit.setSelection(theStart, std::clamp(theSelection.theEnd, theStart, theLength) - theStart);
+}
+
+void QtField::Insert(const QString& theText)
+{
+    theText.isEmpty() ? mEdit.del() : mEdit.insert(theText);
+}
+
+// More lines -------------------------------------------------------------------------------------------
+
+QtTextArea::QtTextArea(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
+    : QtEditText(theLook, theInput, new QPlainTextEdit(&theContent)),
+      mEdit(static_cast<QPlainTextEdit&>(Widget()))
+{
+    // The keys arrive at the frame, the mouse at the text.
+    theInput.Watch(mEdit, QtInput::MouseUse::kNone);
+    theInput.Watch(*mEdit.viewport(), QtInput::MouseUse::kBoth);
+    connect(&mEdit, &QPlainTextEdit::textChanged, this, &QtTextArea::ReportEdit);
+    connect(&mEdit, &QPlainTextEdit::selectionChanged, this, &QtTextArea::ReportEdit);
+    connect(&mEdit, &QPlainTextEdit::cursorPositionChanged, this, &QtTextArea::ReportEdit);
+}
+
+void QtTextArea::ShowState(const ControlLook& theLook)
+{
+    mEdit.setReadOnly(theLook.theIsLocked);
+    QtEditText::ShowState(theLook);
+}
+
+QRect QtTextArea::PlaceFor(const QRect& theBounds) const
+{
+    return theBounds.adjusted(-kFrame, -kFrame, kFrame, kFrame);
+}
+
+QString QtTextArea::Text() const
+{
+    return mEdit.toPlainText();
+}
+
+QtEditText::Selection QtTextArea::Selected() const
+{
+    const QTextCursor theCursor = mEdit.textCursor();
+    return {theCursor.selectionStart(), theCursor.selectionEnd()};
+}
+
+void QtTextArea::Select(Selection theSelection)
+{
+    const int theLength = static_cast<int>(Text().size());
+    QTextCursor theCursor = mEdit.textCursor();
+    theCursor.setPosition(std::clamp(theSelection.theStart, 0, theLength));
+    theCursor.setPosition(std::clamp(theSelection.theEnd, 0, theLength), QTextCursor::KeepAnchor);
+    mEdit.setTextCursor(theCursor);
+}
+
+void QtTextArea::Insert(const QString& theText)
+{
+    mEdit.textCursor().insertText(theText);
+}
+
+} // namespace Host
