@@ -8,7 +8,7 @@ target_compile_options(LmCompileOptions INTERFACE
   "-fmacro-prefix-map=${CMAKE_CURRENT_SOURCE_DIR}/="
   "-ffile-prefix-map=${CMAKE_CURRENT_SOURCE_DIR}/="
   -fvisibility=hidden
-  -fvisibility-inlines-hidden
+  $<$<COMPILE_LANGUAGE:CXX>:-fvisibility-inlines-hidden>
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow
   # The platform's four-character codes ('cntl') are multi-character constants.
   -Wno-multichar
