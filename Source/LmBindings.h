@@ -5,6 +5,7 @@
 
 // All of the library's interface.
 
+#include "LmBindable.h"
 #include "LmDebugObject.h"
 #include "LmExport.h"
 #include "LmKeyValueBinding.h"

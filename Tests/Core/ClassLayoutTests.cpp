@@ -1,5 +1,6 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
+#include "LmBindable.h"
 #include "LmKeyValueBinding.h"
 
 #include <cstring>
@@ -27,6 +28,8 @@ struct Revealed
     };                                                                                                       \
     template struct Revealed<theTag, theMember>
 
+LM_REVEAL(BindableFlag, &LmBindable::mIgnoreChanges);
+LM_REVEAL(BindableBinding, &LmBindable::mBinding);
 LM_REVEAL(ObserverKeys, &LmKeyValueObserver::mKeys);
 LM_REVEAL(StoreKeyStates, &LmKeyValueStore::mKeyStates);
 LM_REVEAL(StoreValues, &LmKeyValueStore::mValues);
@@ -67,6 +70,7 @@ static_assert(sizeof(BindingInfo) == 4 + sizeof(LmString) + 4);
 static_assert(sizeof(LmKeyValueObserver) == 4 + 12);
 static_assert(sizeof(LmKeyValueStore) == 4 + 24 + 24);
 static_assert(sizeof(LmKeyValueBinding) == 16 + 52 + 24);
+static_assert(sizeof(LmBindable) == 16 + 4 + 92);
 #endif
 
 static_assert(sizeof(LmKeyValueObserver) == kPointer + sizeof(std::list<LmObservedKey>));
@@ -121,6 +125,16 @@ TEST(ClassLayout, OfABindingObject)
               sizeof(LmKeyValueObserver));
     EXPECT_EQ(DistanceOf(theBinding, theBinding.*Reveal(BindingBindings())),
               sizeof(LmKeyValueObserver) + sizeof(LmKeyValueStore));
+}
+
+TEST(ClassLayout, OfABindable)
+{
+    const LmBindable theBindable;
+    EXPECT_EQ(DistanceOf(theBindable, static_cast<const LmKeyValueObserver&>(theBindable)), 0u);
+    EXPECT_EQ(DistanceOf(theBindable, theBindable.*Reveal(BindableFlag())), sizeof(LmKeyValueObserver));
+    EXPECT_EQ(DistanceOf(theBindable, theBindable.*Reveal(BindableBinding())),
+              sizeof(LmKeyValueObserver) + kPointer);
+    EXPECT_EQ(sizeof(LmBindable), sizeof(LmKeyValueObserver) + kPointer + sizeof(LmKeyValueBinding));
 }
 
 TEST(ClassLayout, OfTheVirtualFunctionsOfAnObserver)
