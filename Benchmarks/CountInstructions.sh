@@ -34,7 +34,9 @@ row 'one hop, one way' one-way 1000
 row 'one hop, two ways' two-way 1000
 row 'a chain of 10' chain 100 10
 row 'a chain of 100' chain 100 100
-row 'a fan-out of 100' fan-out 20 100
-row 'a fan-out of 1000' fan-out 20 1000
+row 'a fan-out of 100, one way' fan-out-one-way 20 100
+row 'a fan-out of 1000, one way' fan-out-one-way 20 1000
+row 'a fan-out of 100, two ways' fan-out-two-way 20 100
+row 'a fan-out of 1000, two ways' fan-out-two-way 20 1000
 row 'bind and unbind 1000 pairs' pairs 2 1000
 row 'bind and unbind 10000 pairs' pairs 2 10000

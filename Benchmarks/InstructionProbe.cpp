@@ -22,7 +22,7 @@ int Run(Scenario&& theScenario, long theSteps)
     return theScenario.IsRight() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
-std::size_t Size(int theCount, char** theArguments, int theIndex)
+std::size_t NumberArgument(int theCount, char** theArguments, int theIndex)
 {
     return theIndex < theCount ? std::strtoul(theArguments[theIndex], nullptr, 10) : 0;
 }
@@ -32,15 +32,16 @@ std::size_t Size(int theCount, char** theArguments, int theIndex)
 int main(int theCount, char** theArguments)
 {
     if (theCount < 3) {
-        std::fprintf(stderr, "usage: InstructionProbe set|one-way|two-way|chain|fan-out|pairs <steps> "
-                             "[<size> [<observers>]]\n");
+        std::fprintf(
+            stderr, "usage: InstructionProbe set|one-way|two-way|chain|fan-out-one-way|fan-out-two-way|pairs "
+                    "<steps> [<size> [<observers>]]\n");
         return EXIT_FAILURE;
     }
     const char* theName = theArguments[1];
     const long theSteps = std::strtol(theArguments[2], nullptr, 10);
-    const std::size_t theSize = Size(theCount, theArguments, 3);
+    const std::size_t theSize = NumberArgument(theCount, theArguments, 3);
     if (std::strcmp(theName, "set") == 0) {
-        return Run(SetKeyScenario(theSize, Size(theCount, theArguments, 4)), theSteps);
+        return Run(SetKeyScenario(theSize, NumberArgument(theCount, theArguments, 4)), theSteps);
     }
     if (std::strcmp(theName, "one-way") == 0 || std::strcmp(theName, "two-way") == 0) {
         return Run(HopScenario(std::strcmp(theName, "two-way") == 0), theSteps);
@@ -48,8 +49,8 @@ int main(int theCount, char** theArguments)
     if (std::strcmp(theName, "chain") == 0) {
         return Run(ChainScenario(theSize), theSteps);
     }
-    if (std::strcmp(theName, "fan-out") == 0) {
-        return Run(FanOutScenario(theSize), theSteps);
+    if (std::strncmp(theName, "fan-out-", 8) == 0) {
+        return Run(FanOutScenario(theSize, std::strcmp(theName, "fan-out-two-way") == 0), theSteps);
     }
     if (std::strcmp(theName, "pairs") == 0) {
         return Run(PairsScenario(theSize), theSteps);

@@ -5,6 +5,8 @@
 #include "Scenarios.h"
 
 #include <benchmark/benchmark.h>
+#include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -53,12 +55,19 @@ void Chain(benchmark::State& theState)
 }
 BENCHMARK(Chain)->ArgName("length")->Arg(10)->Arg(100);
 
-void FanOut(benchmark::State& theState)
+void FanOutOneWay(benchmark::State& theState)
 {
-    FanOutScenario theScenario(Argument(theState));
+    FanOutScenario theScenario(Argument(theState), false);
     Measure(theState, theScenario);
 }
-BENCHMARK(FanOut)->ArgName("width")->Arg(100)->Arg(1000);
+BENCHMARK(FanOutOneWay)->ArgName("width")->Arg(100)->Arg(1000);
+
+void FanOutTwoWay(benchmark::State& theState)
+{
+    FanOutScenario theScenario(Argument(theState), true);
+    Measure(theState, theScenario);
+}
+BENCHMARK(FanOutTwoWay)->ArgName("width")->Arg(100)->Arg(1000);
 
 void BindingAndUnbinding(benchmark::State& theState)
 {

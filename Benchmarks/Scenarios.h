@@ -69,11 +69,11 @@ private:
     long mSteps = 0;
 };
 
-// A change of one key that theWidth objects follow.
+// A change of one key that theWidth objects follow, each bound to it one way or both ways.
 class FanOutScenario
 {
 public:
-    explicit FanOutScenario(std::size_t theWidth);
+    FanOutScenario(std::size_t theWidth, bool theTwoWay);
     void Step();
     bool IsRight() const;
 
