@@ -261,6 +261,81 @@ Rect Window::Structure() const
                     mContent.right + theWidths.right, mContent.bottom + theWidths.bottom);
 }
 
+namespace {
+
+const int kBoxWidth = 14;
+const int kGrowBox = 15;
+
+// Close, collapse and zoom box stand in this order from the left of the title bar, without gaps for missing
+// ones.
+const struct
+{
+    WindowAttributes theAttribute;
+    WindowRegionCode theRegion;
+    WindowPartCode thePart;
+} kTitleBoxes[] = {{kWindowCloseBoxAttribute, kWindowCloseBoxRgn, inGoAway},
+                   {kWindowCollapseBoxAttribute, kWindowCollapseBoxRgn, inCollapseBox},
+                   {kWindowFullZoomAttribute, kWindowZoomBoxRgn, inZoomOut}};
+
+Rect PlaceInTitleBar(const Window& theWindow, const Rect& theTitleBar, WindowRegionCode theRegion)
+{
+    int theLeft = theTitleBar.left;
+    for (const auto& theBox : kTitleBoxes) {
+        const int theWidth = theWindow.Has(theBox.theAttribute) ? kBoxWidth : 0;
+        if (theBox.theRegion == theRegion) {
+            return MakeRect(theLeft, theTitleBar.top, theLeft + theWidth, theTitleBar.bottom);
+        }
+        theLeft += theWidth;
+    }
+    const bool theIsRest = theRegion == kWindowDragRgn;
+    return theIsRest ? MakeRect(theLeft, theTitleBar.top, theTitleBar.right, theTitleBar.bottom)
+                     : MakeRect(0, 0, 0, 0);
+}
+
+} // namespace
+
+Rect Window::PlaceOf(WindowRegionCode theRegion) const
+{
+    const Rect theStructure = Structure();
+    const bool theHasTitle = mTraits.theTitleHeight > 0 && !Has(kWindowNoTitleBarAttribute);
+    const Rect theTitleBar = MakeRect(theStructure.left, theStructure.top, theStructure.right,
+                                      theHasTitle ? mContent.top : theStructure.top);
+    switch (theRegion) {
+    case kWindowContentRgn:
+        return mIsCollapsed ? MakeRect(0, 0, 0, 0) : mContent;
+    case kWindowGlobalPortRgn:
+        return mContent;
+    case kWindowStructureRgn:
+        return theStructure;
+    case kWindowTitleBarRgn:
+        return theTitleBar;
+    case kWindowGrowRgn:
+        return Has(kWindowResizableAttribute)
+                   ? MakeRect(mContent.right - kGrowBox, mContent.bottom - kGrowBox, mContent.right,
+                              mContent.bottom)
+                   : MakeRect(0, 0, 0, 0);
+    default:
+        return PlaceInTitleBar(*this, theTitleBar, theRegion);
+    }
+}
+
+WindowPartCode PartAt(const Window& theWindow, Point thePoint)
+{
+    for (const auto& theBox : kTitleBoxes) {
+        if (Contains(theWindow.PlaceOf(theBox.theRegion), thePoint)) {
+            const bool theIsZoomed = theBox.thePart == inZoomOut && !IsEmpty(theWindow.mUnzoomed);
+            return theIsZoomed ? WindowPartCode{inZoomIn} : theBox.thePart;
+        }
+    }
+    if (Contains(theWindow.PlaceOf(kWindowDragRgn), thePoint)) {
+        return inDrag;
+    }
+    if (Contains(theWindow.PlaceOf(kWindowGrowRgn), thePoint)) {
+        return inGrow;
+    }
+    return Contains(theWindow.Content(), thePoint) ? WindowPartCode{inContent} : WindowPartCode{inStructure};
+}
+
 void Window::SetContent(const Rect& theContent, UInt32 theCause, const Rect* theOriginal)
 {
     if (Agree(theContent, mContent)) {

@@ -54,6 +54,10 @@ OSStatus PressMouse(const SharedWindow& theWindow, EventRef theEvent, const HIPo
         !theWindow->Has(kWindowStandardHandlerAttribute)) {
         return eventNotHandledErr;
     }
+    const Point theGlobal = MakePoint(Narrow(double{theGlobalPoint.x}), Narrow(double{theGlobalPoint.y}));
+    if (PartAt(*theWindow, theGlobal) != inContent) {
+        return eventNotHandledErr; // the frame is the presenter's
+    }
     const Press thePress = PressOf(*theWindow, theEvent, theGlobalPoint);
     const SharedControl theControl = ControlAt(theWindow, thePress.thePoint);
     if (theControl == nullptr) {

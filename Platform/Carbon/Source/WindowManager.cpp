@@ -255,24 +255,9 @@ OSStatus GetWindowBounds(WindowRef theWindow, WindowRegionCode theRegion, Rect* 
     if (theFound == nullptr) {
         return errInvalidWindowRef;
     }
-    const Rect theStructure = theFound->Structure();
-    switch (theRegion) {
-    case kWindowContentRgn:
-        *theBounds = theFound->IsCollapsed() ? MakeRect(0, 0, 0, 0) : theFound->Content();
-        return noErr;
-    case kWindowGlobalPortRgn:
-        *theBounds = theFound->Content();
-        return noErr;
-    case kWindowStructureRgn:
-        *theBounds = theStructure;
-        return noErr;
-    case kWindowTitleBarRgn:
-        *theBounds =
-            MakeRect(theStructure.left, theStructure.top, theStructure.right, theFound->Content().top);
-        return noErr;
-    default:
-        return errWindowRegionCodeInvalid;
-    }
+    *theBounds = theFound->PlaceOf(theRegion);
+    const bool theCanBeEmpty = theRegion == kWindowContentRgn;
+    return IsEmpty(*theBounds) && !theCanBeEmpty ? OSStatus{errWindowRegionCodeInvalid} : OSStatus{noErr};
 }
 
 void MoveWindow(WindowRef theWindow, short theLeft, short theTop, Boolean theFront)
@@ -501,48 +486,6 @@ WindowRef GetNextWindowOfClass(WindowRef theWindow, WindowClass theClass, Boolea
                (!theMustBeVisible || theOne.IsVisible());
     });
 }
-
-namespace {
-
-const int kBoxWidth = 14;
-const int kGrowBox = 15;
-
-// Close, collapse and zoom box stand in this order from the left of the title bar, without gaps for missing
-// ones.
-WindowPartCode PartOfTitleBar(const Window& theWindow, int theAcross)
-{
-    const struct
-    {
-        WindowAttributes theBox;
-        WindowPartCode thePart;
-    } kBoxes[] = {{kWindowCloseBoxAttribute, inGoAway},
-                  {kWindowCollapseBoxAttribute, inCollapseBox},
-                  {kWindowFullZoomAttribute, IsEmpty(theWindow.mUnzoomed) ? inZoomOut : inZoomIn}};
-    int theEnd = 0;
-    for (const auto& theBox : kBoxes) {
-        theEnd += theWindow.Has(theBox.theBox) ? kBoxWidth : 0;
-        if (theAcross < theEnd) {
-            return theBox.thePart;
-        }
-    }
-    return inDrag;
-}
-
-WindowPartCode PartAt(const Window& theWindow, Point thePoint)
-{
-    const Rect& theContent = theWindow.Content();
-    if (!Contains(theContent, thePoint)) {
-        const bool theIsAbove = thePoint.v < theContent.top && theWindow.FrameWidths().top > 0;
-        return theIsAbove ? PartOfTitleBar(theWindow, thePoint.h - theWindow.Structure().left)
-                          : WindowPartCode{inStructure};
-    }
-    const bool theIsInCorner =
-        thePoint.h >= theContent.right - kGrowBox && thePoint.v >= theContent.bottom - kGrowBox;
-    return theIsInCorner && theWindow.Has(kWindowResizableAttribute) ? WindowPartCode{inGrow}
-                                                                     : WindowPartCode{inContent};
-}
-
-} // namespace
 
 WindowPartCode FindWindow(Point thePoint, WindowRef* theWindow)
 {

@@ -103,6 +103,11 @@ typedef UInt16 WindowRegionCode;
 enum
 {
     kWindowTitleBarRgn = 0,
+    kWindowCloseBoxRgn = 2,
+    kWindowZoomBoxRgn = 3,
+    kWindowDragRgn = 5, // the title bar without its boxes
+    kWindowGrowRgn = 6, // the corner of the content that resizes the window
+    kWindowCollapseBoxRgn = 7,
     kWindowStructureRgn = 32, // all of it, frame included
     kWindowContentRgn = 33,   // what belongs to the application; empty while the window is collapsed
     kWindowGlobalPortRgn = 40 // the content's place, collapsed or not
@@ -189,7 +194,7 @@ CARBON_EXPORT OSStatus CollapseAllWindows(Boolean theCollapse);
 CARBON_EXPORT OSStatus SetWindowBounds(WindowRef theWindow, WindowRegionCode theRegion,
                                        const Rect* theBounds);
 
-// These, the title bar and the global port; errWindowRegionCodeInvalid for others.
+// errWindowRegionCodeInvalid for other codes, and for parts of the frame that the window does not have.
 CARBON_EXPORT OSStatus GetWindowBounds(WindowRef theWindow, WindowRegionCode theRegion, Rect* theBounds);
 
 // The content's top left; brings the window to front when theFront is true.

@@ -77,7 +77,8 @@ public:
     // to the attributes of its events, and theOriginal is where a drag by a person began.
     const Rect& Content() const { return mContent; }
     Rect Structure() const;
-    Rect FrameWidths() const; // a side each
+    Rect FrameWidths() const;                       // a side each
+    Rect PlaceOf(WindowRegionCode theRegion) const; // empty for what the window does not have
     void SetContent(const Rect& theContent, UInt32 theCause = 0, const Rect* theOriginal = nullptr);
 
     // The control that holds all others; EnsureRoot makes it if need be.
@@ -126,6 +127,9 @@ private:
     Text mTitle;
     SharedControl mRoot;
 };
+
+// The part of a window at a global point that lies in its structure.
+WindowPartCode PartAt(const Window& theWindow, Point thePoint);
 
 // The order of windows, frontmost first, and who is active in it.
 void PutInFront(const SharedWindow& theWindow);
