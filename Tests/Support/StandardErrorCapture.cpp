@@ -5,10 +5,8 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <dlfcn.h>
 #include <unistd.h>
-
-// Present in sanitized builds only: where the sanitizers write their reports.
-extern "C" void __sanitizer_set_report_fd(void* theDescriptor) __attribute__((weak));
 
 namespace {
 
@@ -46,11 +44,20 @@ void EmptyCaptureFile()
     lseek(gCaptureFile, 0, SEEK_SET);
 }
 
-// A sanitizer's report ends the program, and would be lost with the captured text.
+// A sanitizer's report ends the program, and would be lost with the captured text. Each sanitizer's library
+// has a stream of its own; in other builds neither is there.
 void KeepSanitizerReportsVisible()
 {
-    if (__sanitizer_set_report_fd != nullptr) {
-        __sanitizer_set_report_fd(reinterpret_cast<void*>(static_cast<intptr_t>(gSavedError)));
+    for (const char* theLibrary : {"libasan.so.8", "libubsan.so.1"}) {
+        void* const theHandle = dlopen(theLibrary, RTLD_LAZY | RTLD_NOLOAD);
+        if (theHandle == nullptr) {
+            continue;
+        }
+        if (void* const theSetter = dlsym(theHandle, "__sanitizer_set_report_fd")) {
+            void* const theDescriptor = reinterpret_cast<void*>(static_cast<intptr_t>(gSavedError));
+            reinterpret_cast<void (*)(void*)>(theSetter)(theDescriptor);
+        }
+        dlclose(theHandle);
     }
 }
 

@@ -1,0 +1,29 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef ThermostatWindow_h
+#define ThermostatWindow_h
+
+#include <Carbon/Carbon.h>
+
+class ThermostatModel;
+
+// The window that shows a thermostat: an ordinary Carbon window whose controls are bound to the model. There
+// is no code here, nor anywhere else, that copies a value from one to the other.
+//
+// The signature of the controls is 'Ther'; their numbers:
+enum ThermostatControl : SInt32
+{
+    kRoomField = 1,
+    kHeatingBox = 2,
+    kTargetSlider = 3,
+    kTargetText = 4,
+    kPowerBar = 5
+};
+
+const OSType kThermostatSignature = 'Ther';
+
+// Makes the window, binds its controls to theModel and shows it. The window belongs to the Window Manager
+// until it is closed; closing it ends the application's event loop. theModel must outlive it.
+WindowRef OpenThermostatWindow(ThermostatModel& theModel);
+
+#endif

@@ -1,0 +1,107 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "LmExampleBinding.h"
+
+#include "LmDiagnostics.h"
+#include "LmUpdateScope.h"
+
+#include <cstdio>
+
+namespace {
+
+const char kKeyOne[] = "one";
+const char kKeyTwo[] = "two";
+const char kKeyThree[] = "three";
+
+enum ModelEvent : UInt32
+{
+    kOneChanged = 1,
+    kTwoChanged = 2,
+    kThreeChanged = 3
+};
+
+} // namespace
+
+LmExampleBinding::LmExampleBinding()
+    : mModel(nullptr),
+      mUpdateModel(true)
+{
+}
+
+LmExampleBinding::~LmExampleBinding() = default;
+
+LmString LmExampleBinding::GetDebugInfo() const
+{
+    char theText[64];
+    std::snprintf(theText, sizeof theText, "[Model 0x%lX]", reinterpret_cast<unsigned long>(mModel));
+    return LmString(theText);
+}
+
+void LmExampleBinding::SetModel(void* theModel)
+{
+    mModel = theModel;
+    mUpdateModel = true;
+    if (theModel == nullptr) {
+        return;
+    }
+    LmUpdateScope theScope(this, mUpdateModel);
+    for (const char* theKey : {kKeyOne, kKeyTwo, kKeyThree}) {
+        SyncValue(theKey);
+        if (theScope.BindingIsGone()) {
+            return;
+        }
+    }
+}
+
+void LmExampleBinding::SetKeyValue(const LmString& theKey, const LmValue& theValue)
+{
+    if (mModel != nullptr && mUpdateModel) {
+        WriteModel(theKey, theValue);
+    }
+    LmKeyValueStore::SetKeyValue(theKey, theValue);
+}
+
+// A binding for a real model sets the property that belongs to the key, with a branch for each key. The
+// example's properties are constants, so there is nothing to set.
+void LmExampleBinding::WriteModel(const LmString&, const LmValue&) {}
+
+void LmExampleBinding::SyncValue(const LmString& theKey)
+{
+    LM_ASSERT(mModel != NULL);
+    const LmValue theValue = ReadModel(theKey);
+    if (theValue.IsValid()) {
+        SetKeyPathValue(theKey, theValue);
+    }
+}
+
+// A binding for a real model asks mModel for the property.
+LmValue LmExampleBinding::ReadModel(const LmString& theKey) const
+{
+    LmValue theValue;
+    if (theKey == kKeyOne) {
+        theValue.SetBoolean(true);
+    } else if (theKey == kKeyTwo) {
+        theValue.SetUInt32(0);
+    } else if (theKey == kKeyThree) {
+        theValue.SetString(nullptr, false);
+    }
+    return theValue;
+}
+
+void LmExampleBinding::DoEventFromModel(UInt32 theEvent)
+{
+    LmUpdateScope theScope(this, mUpdateModel);
+    switch (theEvent) {
+    case kOneChanged:
+        SyncValue(kKeyOne);
+        break;
+    case kTwoChanged:
+        SyncValue(kKeyTwo);
+        break;
+    case kThreeChanged:
+        SyncValue(kKeyThree);
+        break;
+    default:
+        break;
+    }
+}

@@ -1,0 +1,101 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef BindingTestSupport_h
+#define BindingTestSupport_h
+
+#include "LmValue.h"
+
+#include <Carbon/Carbon.h>
+
+#include <string>
+#include <utility>
+
+// What the tests of the bindings share.
+
+// Strings ----------------------------------------------------------------------------------------------
+
+inline LmValue TextValue(const char* theText)
+{
+    return LmValue(CFStringCreateWithCString(nullptr, theText, kCFStringEncodingUTF8), true);
+}
+
+inline std::string TextOf(CFStringRef theString)
+{
+    char theText[256] = "";
+    if (theString == nullptr) {
+        return "(null)";
+    }
+    CFStringGetCString(theString, theText, sizeof theText, kCFStringEncodingUTF8);
+    return theText;
+}
+
+// Takes over the caller's reference.
+inline std::string TextOfAdopted(CFStringRef theString)
+{
+    const std::string theText = TextOf(theString);
+    if (theString != nullptr) {
+        CFRelease(theString);
+    }
+    return theText;
+}
+
+inline std::string TextOf(const LmValue& theValue)
+{
+    return theValue.IsString() ? TextOf(theValue.GetString()) : "(not a string)";
+}
+
+// Events -----------------------------------------------------------------------------------------------
+
+// An event that is released at the end of the test's scope.
+class TestEvent
+{
+public:
+    TestEvent(UInt32 theClass, UInt32 theKind)
+    {
+        CreateEvent(nullptr, theClass, theKind, 0, kEventAttributeNone, &mEvent);
+    }
+    ~TestEvent() { ReleaseEvent(mEvent); }
+
+    TestEvent(const TestEvent&) = delete;
+    TestEvent& operator=(const TestEvent&) = delete;
+
+    EventRef GetEvent() const { return mEvent; }
+
+private:
+    EventRef mEvent = nullptr;
+};
+
+// A handler that counts in the int that its user data points to, and handles nothing.
+inline OSStatus CountEvent(EventHandlerCallRef, EventRef, void* theCounter)
+{
+    ++*static_cast<int*>(theCounter);
+    return eventNotHandledErr;
+}
+
+// A handler that handles everything by doing nothing.
+inline OSStatus ConsumeEvent(EventHandlerCallRef, EventRef, void*)
+{
+    return noErr;
+}
+
+// Life -------------------------------------------------------------------------------------------------
+
+// A binding that tells when it dies.
+template <typename Binding>
+class Mortal : public Binding
+{
+public:
+    template <typename... Arguments>
+    explicit Mortal(bool& theIsGone, Arguments... theArguments)
+        : Binding(theArguments...),
+          mIsGone(theIsGone)
+    {
+        mIsGone = false;
+    }
+    ~Mortal() override { mIsGone = true; }
+
+private:
+    bool& mIsGone;
+};
+
+#endif

@@ -1,0 +1,137 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "CarbonSpy.h"
+
+#include <dlfcn.h>
+#include <map>
+
+namespace {
+
+Lines gWrites;
+std::map<std::string, OSStatus> gFailures;
+Rect gBounds;
+
+template <typename Function>
+Function* FindReal(const char* theName)
+{
+    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, theName));
+}
+
+// What a spied call does: fails as the test asked, or calls the real function.
+template <typename Result, typename... Parameters, typename... Arguments>
+Result CallThrough(const char* theName, Result (*theReal)(Parameters...), Arguments... theArguments)
+{
+    if constexpr (std::is_void_v<Result>) {
+        theReal(theArguments...);
+    } else {
+        const OSStatus theFailure = CarbonSpy::FailureOf(theName);
+        return theFailure != noErr ? static_cast<Result>(theFailure) : theReal(theArguments...);
+    }
+}
+
+} // namespace
+
+void CarbonSpy::Reset()
+{
+    gWrites.clear();
+    gFailures.clear();
+}
+
+Lines CarbonSpy::TakeWrites()
+{
+    Lines theWrites;
+    theWrites.swap(gWrites);
+    return theWrites;
+}
+
+void CarbonSpy::Fail(const std::string& theName, OSStatus theStatus)
+{
+    gFailures[theName] = theStatus;
+}
+
+OSStatus CarbonSpy::FailureOf(const char* theName)
+{
+    const auto theFailure = gFailures.find(theName);
+    return theFailure == gFailures.end() ? noErr : theFailure->second;
+}
+
+void CarbonSpy::NoteWrite(const char* theName)
+{
+    gWrites.emplace_back(theName);
+}
+
+void CarbonSpy::NoteBounds(const Rect& theBounds)
+{
+    gBounds = theBounds;
+}
+
+Rect CarbonSpy::LastBounds()
+{
+    return gBounds;
+}
+
+#define SPY_ON(theResult, theName, theParameters, ...)                                                       \
+    extern "C" __attribute__((visibility("default"))) theResult theName theParameters                        \
+    {                                                                                                        \
+        static const auto kReal = FindReal<theResult theParameters>(#theName);                               \
+        return CallThrough(#theName, kReal, __VA_ARGS__);                                                    \
+    }
+
+#define SPY_ON_WRITE(theResult, theName, theParameters, ...)                                                 \
+    extern "C" __attribute__((visibility("default"))) theResult theName theParameters                        \
+    {                                                                                                        \
+        static const auto kReal = FindReal<theResult theParameters>(#theName);                               \
+        CarbonSpy::NoteWrite(#theName);                                                                      \
+        return CallThrough(#theName, kReal, __VA_ARGS__);                                                    \
+    }
+
+SPY_ON_WRITE(void, SetControl32BitValue, (ControlRef theControl, SInt32 theValue), theControl, theValue)
+SPY_ON_WRITE(void, SetControl32BitMinimum, (ControlRef theControl, SInt32 theValue), theControl, theValue)
+SPY_ON_WRITE(void, SetControl32BitMaximum, (ControlRef theControl, SInt32 theValue), theControl, theValue)
+SPY_ON_WRITE(OSStatus, EnableControl, (ControlRef theControl), theControl)
+SPY_ON_WRITE(OSStatus, DisableControl, (ControlRef theControl), theControl)
+SPY_ON_WRITE(OSErr, SetControlVisibility, (ControlRef theControl, Boolean theState, Boolean theDraw),
+             theControl, theState, theDraw)
+SPY_ON_WRITE(OSStatus, SetControlTitleWithCFString, (ControlRef theControl, CFStringRef theTitle), theControl,
+             theTitle)
+SPY_ON_WRITE(OSErr, SetControlData,
+             (ControlRef theControl, ControlPartCode thePart, ResType theTag, Size theSize,
+              const void* theData),
+             theControl, thePart, theTag, theSize, theData)
+
+SPY_ON(OSErr, GetControlData,
+       (ControlRef theControl, ControlPartCode thePart, ResType theTag, Size theSize, void* theData,
+        Size* theActualSize),
+       theControl, thePart, theTag, theSize, theData, theActualSize)
+SPY_ON(OSStatus, CopyControlTitleAsCFString, (ControlRef theControl, CFStringRef* theTitle), theControl,
+       theTitle)
+SPY_ON(OSStatus, GetControlKind, (ControlRef theControl, ControlKind* theKind), theControl, theKind)
+SPY_ON(OSErr, SetKeyboardFocus, (WindowRef theWindow, ControlRef theControl, ControlFocusPart thePart),
+       theWindow, theControl, thePart)
+SPY_ON(OSStatus, InstallEventHandler,
+       (EventTargetRef theTarget, EventHandlerUPP theHandler, ItemCount theCount,
+        const EventTypeSpec* theList, void* theData, EventHandlerRef* theReference),
+       theTarget, theHandler, theCount, theList, theData, theReference)
+SPY_ON(OSStatus, RemoveEventHandler, (EventHandlerRef theReference), theReference)
+SPY_ON(OSStatus, GetEventParameter,
+       (EventRef theEvent, EventParamName theName, EventParamType theType, EventParamType* theActualType,
+        ByteCount theSize, ByteCount* theActualSize, void* theData),
+       theEvent, theName, theType, theActualType, theSize, theActualSize, theData)
+
+SPY_ON_WRITE(void, ShowWindow, (WindowRef theWindow), theWindow)
+SPY_ON_WRITE(void, HideWindow, (WindowRef theWindow), theWindow)
+SPY_ON_WRITE(OSStatus, CollapseWindow, (WindowRef theWindow, Boolean theState), theWindow, theState)
+SPY_ON_WRITE(OSStatus, SetWindowTitleWithCFString, (WindowRef theWindow, CFStringRef theTitle), theWindow,
+             theTitle)
+SPY_ON(OSStatus, GetWindowBounds, (WindowRef theWindow, WindowRegionCode theRegion, Rect* theBounds),
+       theWindow, theRegion, theBounds)
+SPY_ON(OSStatus, CopyWindowTitleAsCFString, (WindowRef theWindow, CFStringRef* theTitle), theWindow, theTitle)
+
+extern "C" __attribute__((visibility("default"))) OSStatus
+SetWindowBounds(WindowRef theWindow, WindowRegionCode theRegion, const Rect* theBounds)
+{
+    static const auto kReal = FindReal<OSStatus(WindowRef, WindowRegionCode, const Rect*)>("SetWindowBounds");
+    CarbonSpy::NoteWrite("SetWindowBounds");
+    CarbonSpy::NoteBounds(*theBounds);
+    return CallThrough("SetWindowBounds", kReal, theWindow, theRegion, theBounds);
+}

@@ -1,0 +1,40 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef CarbonSpy_h
+#define CarbonSpy_h
+
+#include "StandardErrorCapture.h"
+
+#include <Carbon/Carbon.h>
+
+#include <string>
+
+// Stands between the library and Carbon: notes the calls that write into a control, a menu or a window, and
+// makes single calls fail on demand.
+//
+// It works by defining functions of Carbon's names in the test program, which the dynamic linker finds first;
+// each then calls the real one. The tests' own calls pass through it too.
+class CarbonSpy
+{
+public:
+    // Forgets everything; for the start of a test.
+    static void Reset();
+
+    // The writing calls since the last time, by name.
+    static Lines TakeWrites();
+
+    // Lets every further call of theName fail with theStatus, without doing anything.
+    static void Fail(const std::string& theName, OSStatus theStatus);
+
+    // What SetWindowBounds was last asked for, before the Window Manager made anything of it.
+    static Rect LastBounds();
+
+    // For the functions of the spy.
+    static OSStatus FailureOf(const char* theName);
+    static void NoteWrite(const char* theName);
+    static void NoteBounds(const Rect& theBounds);
+
+    CarbonSpy() = delete;
+};
+
+#endif
