@@ -4,6 +4,7 @@
 
 #include "EventLoopTimers.h"
 #include "EventQueue.h"
+#include "Internal/Menus.h"
 #include "Internal/OutgoingEvent.h"
 #include "Internal/System/Clock.h"
 
@@ -107,6 +108,7 @@ OSStatus RunUntil(double theDeadline, const Condition& theIsDone)
     bool theHasWaited = false;
     for (;;) {
         FireDueTimers();
+        CatchUpWithMenus();
         if (theRun.IsQuit()) {
             return eventLoopQuitErr;
         }

@@ -49,7 +49,7 @@ bool IsCoreFoundationType(EventParamType theType)
 
 bool IsRetainedType(EventParamType theType)
 {
-    return IsCoreFoundationType(theType) || theType == typeEventRef;
+    return IsCoreFoundationType(theType) || theType == typeEventRef || theType == typeMenuRef;
 }
 
 // --- Conversions ------------------------------------------------------------------------------------
@@ -254,6 +254,8 @@ void ParameterData::Retain() const
     }
     if (mType == typeEventRef) {
         RetainEvent(ReadAs<EventRef>(mBytes));
+    } else if (mType == typeMenuRef) {
+        RetainMenu(ReadAs<MenuRef>(mBytes));
     } else if (IsCoreFoundationType(mType)) {
         const auto theObject = ReadAs<CFTypeRef>(mBytes);
         if (theObject != nullptr) {
@@ -269,6 +271,8 @@ void ParameterData::Release() const
     }
     if (mType == typeEventRef) {
         ReleaseEvent(ReadAs<EventRef>(mBytes));
+    } else if (mType == typeMenuRef) {
+        ReleaseMenu(ReadAs<MenuRef>(mBytes));
     } else if (IsCoreFoundationType(mType)) {
         const auto theObject = ReadAs<CFTypeRef>(mBytes);
         if (theObject != nullptr) {

@@ -111,6 +111,8 @@ EventTargetRef NaturalTarget(EventRef theEvent)
         return TargetNamedIn(theEvent, kEventParamDirectObject, typeWindowRef, GetWindowEventTarget);
     case kEventClassControl:
         return TargetNamedIn(theEvent, kEventParamDirectObject, typeControlRef, GetControlEventTarget);
+    case kEventClassMenu:
+        return TargetNamedIn(theEvent, kEventParamDirectObject, typeMenuRef, GetMenuEventTarget);
     default:
         return nullptr;
     }

@@ -14,6 +14,7 @@
 #include <Carbon/HIGeometry.h>
 #include <Carbon/MacErrors.h>
 #include <Carbon/MacWindows.h>
+#include <Carbon/Menus.h>
 #include <Carbon/Quickdraw.h>
 #include <CoreFoundation/CoreFoundation.h>
 

@@ -10,7 +10,7 @@
 namespace Host {
 
 // Runs the body of a call that needs memory, and answers memFullErr when there is none: no exception leaves
-// the C interface. Nothing of the application may be called from the body.
+// the C interface.
 template <class Body>
 OSStatus Guarded(const Body& theBody)
 {
