@@ -6,8 +6,10 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <map>
 #include <mutex>
-#include <unordered_map>
+#include <new>
+#include <string_view>
 
 namespace {
 
@@ -70,44 +72,50 @@ const void* RequirePointer(const void* thePointer, const char* theCaller)
 
 // Constants
 
-// The empty string and the literals live as long as the process.
-__CFString* MakeImmortal(Units&& theUnits)
-{
-    return new __CFString(std::move(theUnits), false, Host::kImmortal);
-}
-
-CFStringRef EmptyString()
-{
-    static const CFStringRef kEmpty = MakeImmortal(Units());
-    return kEmpty;
-}
-
+// The empty string and the literals. They live as long as the process, and lie in memory that is set aside
+// for them: a constant cannot fail, even when there is no memory left.
 class ConstantTable
 {
 public:
     // The one string for a literal.
-    CFStringRef Find(const char* theLiteral)
+    CFStringRef Find(std::string_view theLiteral)
     {
         const std::lock_guard<std::mutex> theLock(mMutex);
-        const auto theEntry = mStrings.try_emplace(theLiteral, nullptr).first;
-        if (theEntry->second == nullptr) {
-            const UInt8* const theBytes = reinterpret_cast<const UInt8*>(theLiteral);
-            theEntry->second = MakeImmortal(Units(theBytes, theBytes + std::strlen(theLiteral)));
-        }
-        return theEntry->second;
+        const auto theFound = mStrings.find(theLiteral);
+        return theFound != mStrings.end() ? theFound->second : Add(theLiteral);
     }
 
-    // Never destroyed: other libraries use their constants until the process ends.
     static ConstantTable& GetShared()
     {
-        static ConstantTable& gShared = *new ConstantTable;
+        // Never destroyed: other libraries use their constants until the process ends.
+        alignas(ConstantTable) static unsigned char gStorage[sizeof(ConstantTable)];
+        static ConstantTable& gShared = *new (gStorage) ConstantTable;
         return gShared;
     }
 
 private:
+    CFStringRef Add(std::string_view theLiteral)
+    {
+        const UInt8* const theBytes = reinterpret_cast<const UInt8*>(theLiteral.data());
+        void* const thePlace = mMemory.allocate(sizeof(__CFString), alignof(__CFString));
+        const CFStringRef theString = new (thePlace)
+            __CFString(Units(theBytes, theBytes + theLiteral.size(), Units::allocator_type(&mMemory)), false,
+                       Host::kImmortal);
+        mStrings.emplace(theLiteral, theString);
+        return theString;
+    }
+
     std::mutex mMutex;
-    std::unordered_map<std::string, CFStringRef> mStrings; // owns the strings
+    unsigned char mReserve[64 * 1024]; // more than programs usually need; beyond it, the heap
+    std::pmr::monotonic_buffer_resource mMemory{mReserve, sizeof mReserve};
+    std::pmr::map<std::pmr::string, CFStringRef, std::less<>> mStrings{&mMemory};
 };
+
+CFStringRef EmptyString()
+{
+    static const CFStringRef kEmpty = ConstantTable::GetShared().Find("");
+    return kEmpty;
+}
 
 // Changing
 
@@ -271,7 +279,12 @@ CFRange Host::ClipRange(CFStringRef theString, CFRange theRange)
 
 CFStringRef __CFStringMakeConstantString(const char* theLiteral)
 {
-    return Host::NothingWithoutMemory([=] { return ConstantTable::GetShared().Find(theLiteral); });
+    const CFStringRef theString =
+        Host::NothingWithoutMemory([=] { return ConstantTable::GetShared().Find(theLiteral); });
+    if (theString == nullptr) {
+        Host::Stop(__func__, "there is no memory for a constant");
+    }
+    return theString;
 }
 
 CFTypeID CFStringGetTypeID()

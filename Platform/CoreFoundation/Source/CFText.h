@@ -7,12 +7,49 @@
 
 #include "CFRuntime.h"
 
+#include <memory_resource>
 #include <string>
 #include <vector>
 
 namespace Host {
 
-using Units = std::vector<UniChar>;
+// Where units lie: on the heap, or, for constants, in memory that is set aside for them.
+template <class Value>
+class ConstantAllocator
+{
+public:
+    using value_type = Value;
+
+    ConstantAllocator() = default;
+    explicit ConstantAllocator(std::pmr::memory_resource* theMemory)
+        : mMemory(theMemory)
+    {
+    }
+
+    Value* allocate(size_t theCount)
+    {
+        return mMemory == nullptr ? std::allocator<Value>().allocate(theCount)
+                                  : std::pmr::polymorphic_allocator<Value>(mMemory).allocate(theCount);
+    }
+
+    void deallocate(Value* theValues, size_t theCount)
+    {
+        if (mMemory == nullptr) {
+            std::allocator<Value>().deallocate(theValues, theCount);
+        }
+    }
+
+    // Copies of a constant's units are no constants.
+    ConstantAllocator select_on_container_copy_construction() const { return ConstantAllocator(); }
+
+    bool operator==(const ConstantAllocator& theOther) const { return mMemory == theOther.mMemory; }
+    bool operator!=(const ConstantAllocator& theOther) const { return mMemory != theOther.mMemory; }
+
+private:
+    std::pmr::memory_resource* mMemory = nullptr; // not owned; null for the heap
+};
+
+using Units = std::vector<UniChar, ConstantAllocator<UniChar>>;
 
 class Text
 {
