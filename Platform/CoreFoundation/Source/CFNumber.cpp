@@ -178,7 +178,9 @@ bool GetFloat(const __CFNumber& theNumber, void* theResult)
     Class theFloat = static_cast<Class>(theNumber.mFloat);
     bool theIsExact = static_cast<Float64>(theFloat) == theNumber.mFloat;
     if (!theNumber.IsFloat()) {
-        theFloat = static_cast<Class>(theNumber.mInteger);
+        // Storing it takes away the extra bits that some processors keep when they convert a 64-bit integer.
+        const volatile Class theRounded = static_cast<Class>(theNumber.mInteger);
+        theFloat = theRounded;
         // Rounding may lead just past the largest integer, which cannot be converted back.
         theIsExact = static_cast<Float64>(theFloat) < kIntegerLimit &&
                      static_cast<SInt64>(theFloat) == theNumber.mInteger;
