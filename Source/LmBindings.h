@@ -6,7 +6,9 @@
 // All of the library's interface.
 
 #include "LmBindable.h"
+#include "LmControlBinding.h"
 #include "LmDebugObject.h"
+#include "LmExampleBinding.h"
 #include "LmExport.h"
 #include "LmKeyValueBinding.h"
 #include "LmKeyValueObserver.h"
@@ -19,5 +21,6 @@
 #include "LmValue.h"
 #include "LmValueTransform.h"
 #include "LmVersion.h"
+#include "LmWindowBinding.h"
 
 #endif

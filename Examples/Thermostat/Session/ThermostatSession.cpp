@@ -49,11 +49,13 @@ void ThermostatSession::WriteScript()
             [this] { mModel.SetKeyPathValue(kModelTarget, LmValue(16UL)); });
     Program("The program turns the heating off, by setting the model's key.",
             [this] { mModel.SetKeyPathValue(kModelHeating, LmValue(false)); });
-    Person("The person closes the window, and the application ends.", [this] {
-        const UserResult theResult = mUser.CloseWindow(mWindow);
-        mWindow = nullptr;
-        return theResult;
-    });
+    Person("The person closes the window, and the application ends. (The status -50 is how\n"
+           "the library reports the end of a one-way binding to a key that nothing else was bound to.)",
+           [this] {
+               const UserResult theResult = mUser.CloseWindow(mWindow);
+               mWindow = nullptr;
+               return theResult;
+           });
 }
 
 void ThermostatSession::Person(const std::string& theText, const std::function<UserResult()>& theDeed)
