@@ -22,10 +22,10 @@
 
 #ifdef __cplusplus
 #define CF_EXTERN extern "C"
-#define CF_CONSTANTS(theType) enum : theType
+#define CF_OF_TYPE(theType) : theType
 #else
 #define CF_EXTERN extern
-#define CF_CONSTANTS(theType) enum
+#define CF_OF_TYPE(theType)
 #endif
 #define CF_EXPORT CF_EXTERN __attribute__((visibility("default")))
 #define CF_INLINE static inline
@@ -38,7 +38,10 @@ typedef unsigned long CFHashCode;
 // A count or a position; kCFNotFound says that there is none.
 typedef signed long CFIndex;
 
-CF_CONSTANTS(CFIndex){kCFNotFound = -1};
+enum CF_OF_TYPE(CFIndex)
+{
+    kCFNotFound = -1
+};
 
 // Any object.
 typedef const void* CFTypeRef;
@@ -67,7 +70,12 @@ CF_INLINE CFRange CFRangeMake(CFIndex theLocation, CFIndex theLength)
 
 // How the first of two objects stands to the second.
 typedef CFIndex CFComparisonResult;
-CF_CONSTANTS(CFIndex){kCFCompareLessThan = -1, kCFCompareEqualTo = 0, kCFCompareGreaterThan = 1};
+enum CF_OF_TYPE(CFIndex)
+{
+    kCFCompareLessThan = -1,
+    kCFCompareEqualTo = 0,
+    kCFCompareGreaterThan = 1
+};
 
 typedef CFComparisonResult (*CFComparatorFunction)(const void* theFirst, const void* theSecond,
                                                    void* theContext);

@@ -23,14 +23,26 @@ CF_EXPORT Boolean CFBooleanGetValue(CFBooleanRef theBoolean);
 
 // What a number holds (1 to 6), or the C type behind a pointer (all of them).
 typedef CFIndex CFNumberType;
-CF_CONSTANTS(CFIndex){kCFNumberSInt8Type = 1,      kCFNumberSInt16Type = 2,    kCFNumberSInt32Type = 3,
-                      kCFNumberSInt64Type = 4,     kCFNumberFloat32Type = 5,   kCFNumberFloat64Type = 6,
-                      kCFNumberCharType = 7,       kCFNumberShortType = 8,     kCFNumberIntType = 9,
-                      kCFNumberLongType = 10,      kCFNumberLongLongType = 11, kCFNumberFloatType = 12,
-                      kCFNumberDoubleType = 13,    kCFNumberCFIndexType = 14,
-                      kCFNumberNSIntegerType = 15, // long
-                      kCFNumberCGFloatType = 16,   // CGFloat, a float on every host
-                      kCFNumberMaxType = 16};
+enum CF_OF_TYPE(CFIndex)
+{
+    kCFNumberSInt8Type = 1,
+    kCFNumberSInt16Type = 2,
+    kCFNumberSInt32Type = 3,
+    kCFNumberSInt64Type = 4,
+    kCFNumberFloat32Type = 5,
+    kCFNumberFloat64Type = 6,
+    kCFNumberCharType = 7,
+    kCFNumberShortType = 8,
+    kCFNumberIntType = 9,
+    kCFNumberLongType = 10,
+    kCFNumberLongLongType = 11,
+    kCFNumberFloatType = 12,
+    kCFNumberDoubleType = 13,
+    kCFNumberCFIndexType = 14,
+    kCFNumberNSIntegerType = 15, // long
+    kCFNumberCGFloatType = 16,   // CGFloat, a float on every host
+    kCFNumberMaxType = 16
+};
 
 CF_EXPORT const CFNumberRef kCFNumberNaN;
 CF_EXPORT const CFNumberRef kCFNumberPositiveInfinity;

@@ -21,22 +21,34 @@ typedef const struct __CFLocale* CFLocaleRef;
 
 // How characters become bytes.
 typedef UInt32 CFStringEncoding;
-CF_CONSTANTS(UInt32){
-    kCFStringEncodingMacRoman = 0,         kCFStringEncodingWindowsLatin1 = 0x0500,
-    kCFStringEncodingISOLatin1 = 0x0201,   kCFStringEncodingNextStepLatin = 0x0B01,
-    kCFStringEncodingASCII = 0x0600,       kCFStringEncodingUnicode = 0x0100,
-    kCFStringEncodingUTF8 = 0x08000100,    kCFStringEncodingNonLossyASCII = 0x0BFF,
+enum CF_OF_TYPE(UInt32)
+{
+    kCFStringEncodingMacRoman = 0,
+    kCFStringEncodingWindowsLatin1 = 0x0500,
+    kCFStringEncodingISOLatin1 = 0x0201,
+    kCFStringEncodingASCII = 0x0600,
+    kCFStringEncodingUnicode = 0x0100,
+    kCFStringEncodingUTF8 = 0x08000100,
     kCFStringEncodingUTF16 = 0x0100, // the host's byte order, or what a byte order mark says
-    kCFStringEncodingUTF16BE = 0x10000100, kCFStringEncodingUTF16LE = 0x14000100,
+    kCFStringEncodingUTF16BE = 0x10000100,
+    kCFStringEncodingUTF16LE = 0x14000100,
     kCFStringEncodingUTF32 = 0x0C000100, // the host's byte order, or what a byte order mark says
-    kCFStringEncodingUTF32BE = 0x18000100, kCFStringEncodingUTF32LE = 0x1C000100};
+    kCFStringEncodingUTF32BE = 0x18000100,
+    kCFStringEncodingUTF32LE = 0x1C000100
+};
 #define kCFStringEncodingInvalidId (0xFFFFFFFFU)
 
 // How strings are compared; combined with |. 0 compares unit by unit.
 typedef CFOptionFlags CFStringCompareFlags;
-CF_CONSTANTS(CFOptionFlags){kCFCompareCaseInsensitive = 1, kCFCompareBackwards = 4,
-                            kCFCompareAnchored = 8,        kCFCompareNonliteral = 16,
-                            kCFCompareLocalized = 32,      kCFCompareNumerically = 64};
+enum CF_OF_TYPE(CFOptionFlags)
+{
+    kCFCompareCaseInsensitive = 1,
+    kCFCompareBackwards = 4,
+    kCFCompareAnchored = 8,
+    kCFCompareNonliteral = 16,
+    kCFCompareLocalized = 32,
+    kCFCompareNumerically = 64
+};
 
 // A constant string, made from a literal of ASCII characters. Equal literals give the same object, which is
 // never freed.

@@ -1,0 +1,57 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef CFPropertyList_h
+#define CFPropertyList_h
+
+// Property lists: objects that can be kept in a file.
+//
+// They consist of strings, numbers, booleans, data, dates, arrays of these, and dictionaries of these with
+// strings as keys. A string is part of one only when it is well-formed Unicode without zero characters, and
+// containers may be nested 512 deep.
+//
+// A file does not carry the type of a number. An integer is read as kCFNumberSInt32Type when it fits and as
+// kCFNumberSInt64Type otherwise, any other number as kCFNumberFloat64Type.
+
+#include <CoreFoundation/CFBase.h>
+#include <CoreFoundation/CFData.h>
+#include <CoreFoundation/CFString.h>
+
+typedef CFIndex CFPropertyListFormat;
+enum CF_OF_TYPE(CFIndex)
+{
+    kCFPropertyListOpenStepFormat = 1,
+    kCFPropertyListXMLFormat_v1_0 = 100,
+    kCFPropertyListBinaryFormat_v1_0 = 200
+};
+
+// What can be changed in a property list that is read or copied.
+enum CF_OF_TYPE(CFOptionFlags)
+{
+    kCFPropertyListImmutable = 0,
+    kCFPropertyListMutableContainers = 1,
+    kCFPropertyListMutableContainersAndLeaves = 2
+};
+
+// The property list as XML text, in UTF-8, with the keys of each dictionary in ascending order. NULL when
+// theList is no property list. The caller releases it.
+CF_EXPORT CFDataRef CFPropertyListCreateXMLData(CFAllocatorRef theAllocator, CFPropertyListRef theList);
+
+// Reads XML text or the binary form. NULL, and a reason in *theError, when the data is neither. theError may
+// be NULL. The caller releases both the property list and the reason.
+//
+// Strict, so that a damaged file is not taken for another one: unknown elements and entities, keys without
+// values, and texts that are no number or date are errors. Of a key that is there twice, the last value
+// stays.
+CF_EXPORT CFPropertyListRef CFPropertyListCreateFromXMLData(CFAllocatorRef theAllocator, CFDataRef theData,
+                                                            CFOptionFlags theMutability,
+                                                            CFStringRef* theError);
+
+// A copy down to the leaves. NULL when theList is no property list. The caller releases it.
+CF_EXPORT CFPropertyListRef CFPropertyListCreateDeepCopy(CFAllocatorRef theAllocator,
+                                                         CFPropertyListRef theList,
+                                                         CFOptionFlags theMutability);
+
+// Whether theList is a property list that can be written in that format: XML or binary.
+CF_EXPORT Boolean CFPropertyListIsValid(CFPropertyListRef theList, CFPropertyListFormat theFormat);
+
+#endif
