@@ -1,14 +1,12 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// What every presenter owes, whatever it shows the program on. A new presenter adds one row to the table at
-// the end.
+// What every presenter owes, whatever it shows the program on. The program that runs these tests says with
+// which presenters.
 
+#include "PresenterKinds.h"
 #include "RecordingGate.h"
 
 #include <gtest/gtest.h>
-#include <Presentation/PresenterRegistry.h>
-
-#include "HeadlessPresenter.h"
 
 namespace {
 
@@ -17,12 +15,6 @@ using Host::ObjectId;
 using Host::Presenter;
 using Host::WindowLook;
 using Reports = RecordingGate::Reports;
-
-struct Kind
-{
-    const char* theName;
-    Host::PresenterFactory theFactory;
-};
 
 WindowLook ShownWindow(ObjectId theId)
 {
@@ -53,7 +45,7 @@ ControlLook SliderIn(ObjectId theWindow, ObjectId theId)
     return theLook;
 }
 
-class PresenterContract : public testing::TestWithParam<Kind>
+class PresenterContract : public testing::TestWithParam<PresenterKind>
 {
 protected:
     PresenterContract()
@@ -275,8 +267,9 @@ TEST_P(PresenterContract, ChoosesNothingFromAMenuWithoutItems)
     EXPECT_EQ(mPresenter->RunPopUp({}).theMenu, Host::kNoObject);
 }
 
-INSTANTIATE_TEST_SUITE_P(Presenters, PresenterContract,
-                         testing::Values(Kind{"Headless", Host::HeadlessPresenter::Make}),
-                         [](const testing::TestParamInfo<Kind>& theInfo) { return theInfo.param.theName; });
+INSTANTIATE_TEST_SUITE_P(Presenters, PresenterContract, testing::ValuesIn(PresenterKinds()),
+                         [](const testing::TestParamInfo<PresenterKind>& theInfo) {
+                             return theInfo.param.theName;
+                         });
 
 } // namespace

@@ -375,8 +375,14 @@ void QtPresenter::StackWindows()
             theWindows.front()->ComeToFront();
         }
     }
-    for (QtWindow* theWindow : theWindows) {
-        if (theWindow->Look().theIsActive && !theWindow->Look().theIsCollapsed) {
+    ActivateWindow();
+}
+
+void QtPresenter::ActivateWindow()
+{
+    for (const auto& theEntry : mWindows) {
+        QtWindow* const theWindow = theEntry.second.theWindow;
+        if (theWindow != nullptr && theWindow->Look().theIsActive && !theWindow->Look().theIsCollapsed) {
             theWindow->BecomeActive();
         }
     }
@@ -483,9 +489,11 @@ void QtPresenter::CollectReports()
     CollectActivation();
 }
 
+// There are desktops that make every new window the active one, whatever they are asked for. The window that
+// the program wants to be active is made so again.
 void QtPresenter::CollectActivation()
 {
-    const auto* const theActive = dynamic_cast<QtWindow*>(QApplication::activeWindow());
+    auto* const theActive = dynamic_cast<QtWindow*>(QApplication::activeWindow());
     const ObjectId theId = theActive == nullptr ? kNoObject : theActive->Id();
     // Between two windows of the program there is a moment in which none is active.
     const bool theIsElsewhere = QGuiApplication::applicationState() != Qt::ApplicationActive;
@@ -493,7 +501,15 @@ void QtPresenter::CollectActivation()
         return;
     }
     mActiveWindow = theId;
-    mReports.Add([theId](PresenterEvents& theEvents) { theEvents.WindowActivated(theId); });
+    if (theActive != nullptr && theActive->TakeActivationByShowing()) {
+        ActivateWindow();
+    } else {
+        mReports.Add([this, theId](PresenterEvents& theEvents) {
+            if (theId == kNoObject || FindWindowWidget(theId) != nullptr) {
+                theEvents.WindowActivated(theId);
+            }
+        });
+    }
 }
 
 // Menus ------------------------------------------------------------------------------------------------

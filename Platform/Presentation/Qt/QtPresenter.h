@@ -89,6 +89,7 @@ private:
     void OpenMenu(ObjectId theMenu);
     void CollectReports();
     void CollectActivation();
+    void ActivateWindow();
     bool MakeReports();
     bool WaitForReports(double theSeconds);
     bool TakeScreenshot();

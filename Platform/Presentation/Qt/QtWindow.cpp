@@ -162,6 +162,7 @@ void QtWindow::Appear()
     if (theIsShown && !theWasShown) {
         mConfirmation = {true, true, true};
     }
+    mIsShownInactive |= mLook.theIsVisible && !theWasShown && !mLook.theIsActive;
 }
 
 void QtWindow::SetHasMenuBar(bool theHasMenuBar)
@@ -204,6 +205,11 @@ void QtWindow::BecomeActive()
     if (isVisible() && !isActiveWindow()) {
         activateWindow();
     }
+}
+
+bool QtWindow::TakeActivationByShowing()
+{
+    return std::exchange(mIsShownInactive, false) && mSettling.isActive() && !mLook.theIsActive;
 }
 
 void QtWindow::Retire()

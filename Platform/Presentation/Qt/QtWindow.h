@@ -51,6 +51,10 @@ public:
     void ComeToFront();
     void BecomeActive();
 
+    // Whether the desktop has made this window the active one for no other reason than that it was shown.
+    // Says so once.
+    bool TakeActivationByShowing();
+
     // Takes it off the screen for good. It is deleted when Qt is done with it.
     void Retire();
 
@@ -98,8 +102,9 @@ private:
     bool mHasMenuBar = false;
     bool mIsDeviating = false; // the desktop has done something that was not looked at yet
     bool mIsRetired = false;
-    QTimer mSettling;  // runs while the desktop may still answer to a change of the managers
-    QTimer mNextFrame; // runs while a repaint waits for its time
+    bool mIsShownInactive = false; // until it is active, or the desktop has settled
+    QTimer mSettling;              // runs while the desktop may still answer to a change of the managers
+    QTimer mNextFrame;             // runs while a repaint waits for its time
     QElapsedTimer mLastFrame;
 };
 
