@@ -14,6 +14,7 @@
 #include "LmKeyValueObserver.h"
 #include "LmKeyValueStore.h"
 #include "LmLogicalTransforms.h"
+#include "LmMenuBinding.h"
 #include "LmMetaTransforms.h"
 #include "LmNumericalTransforms.h"
 #include "LmString.h"

@@ -135,3 +135,13 @@ SetWindowBounds(WindowRef theWindow, WindowRegionCode theRegion, const Rect* the
     CarbonSpy::NoteBounds(*theBounds);
     return CallThrough("SetWindowBounds", kReal, theWindow, theRegion, theBounds);
 }
+SPY_ON_WRITE(OSStatus, SetMenuCommandMark, (MenuRef theMenu, MenuCommand theCommand, UniChar theMark),
+             theMenu, theCommand, theMark)
+SPY_ON_WRITE(void, EnableMenuCommand, (MenuRef theMenu, MenuCommand theCommand), theMenu, theCommand)
+SPY_ON_WRITE(void, DisableMenuCommand, (MenuRef theMenu, MenuCommand theCommand), theMenu, theCommand)
+SPY_ON_WRITE(OSStatus, SetMenuItemTextWithCFString,
+             (MenuRef theMenu, MenuItemIndex theItem, CFStringRef theText), theMenu, theItem, theText)
+SPY_ON(OSStatus, GetMenuCommandMark, (MenuRef theMenu, MenuCommand theCommand, UniChar* theMark), theMenu,
+       theCommand, theMark)
+SPY_ON(OSStatus, CopyMenuItemTextAsCFString, (MenuRef theMenu, MenuItemIndex theItem, CFStringRef* theText),
+       theMenu, theItem, theText)

@@ -1,0 +1,247 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "LmMenuBinding.h"
+
+#include "LmAdoptedString.h"
+#include "LmCodeText.h"
+#include "LmDiagnostics.h"
+#include "LmUpdateScope.h"
+
+#include <cstdio>
+
+namespace {
+
+const char kKeyMark[] = "mark";
+const char kKeyEnabled[] = "enabled";
+const char kKeyTitle[] = "title";
+
+const EventTypeSpec kMenuEvents[] = {
+    {kEventClassMenu, kEventMenuDispose},
+    {kEventClassCommand, kEventCommandUpdateStatus},
+};
+
+const UInt32 kOtherMark = 2;
+
+UniChar MarkCharacter(UInt32 theMark)
+{
+    switch (theMark) {
+    case 0:
+        return noMark;
+    case 1:
+        return kCheckCharCode;
+    default:
+        return kDiamondCharCode;
+    }
+}
+
+} // namespace
+
+LmMenuBinding::LmMenuBinding(UInt32 theCommand)
+    : LmMenuBinding()
+{
+    InitialiseSelf(theCommand);
+}
+
+LmMenuBinding::LmMenuBinding()
+    : mMenu(nullptr),
+      mMenuItem(0),
+      mCommand(0),
+      mEventHandler(nullptr),
+      mUpdateMenu(true)
+{
+}
+
+LmMenuBinding::~LmMenuBinding()
+{
+    SetMenuCommand(0);
+}
+
+void LmMenuBinding::InitialiseSelf(UInt32 theCommand)
+{
+    mMenu = nullptr;
+    mMenuItem = 0;
+    mCommand = theCommand;
+    mEventHandler = nullptr;
+    mUpdateMenu = true;
+    if (theCommand != 0) {
+        SetMenuCommand(theCommand);
+    }
+}
+
+LmString LmMenuBinding::GetDebugInfo() const
+{
+    Str255 theTitle = {0};
+    if (mCommand != 0) {
+        GetMenuItemText(mMenu, mMenuItem, theTitle);
+    }
+    char theText[300];
+    std::snprintf(theText, sizeof theText, "[MenuCommand '%.4s', \"%.*s\"]", LmCodeText(mCommand).GetText(),
+                  theTitle[0], reinterpret_cast<const char*>(theTitle + 1));
+    return LmString(theText);
+}
+
+bool LmMenuBinding::IsBindable(const LmString&)
+{
+    return false;
+}
+
+void LmMenuBinding::SetMenuCommand(UInt32 theCommand)
+{
+    static const EventHandlerUPP kHandler = NewEventHandlerUPP(EventHandler);
+
+    if (mEventHandler != nullptr) {
+        LM_CHECK_STATUS(RemoveEventHandler(mEventHandler));
+    }
+    mMenuItem = 0;
+    mMenu = nullptr;
+    if (theCommand != 0) {
+        LM_CHECK_STATUS(GetIndMenuItemWithCommandID(nullptr, theCommand, 1, &mMenu, &mMenuItem));
+    }
+    mCommand = theCommand;
+    mUpdateMenu = true;
+    mEventHandler = nullptr;
+    if (theCommand == 0) {
+        return;
+    }
+    // A command that no menu holds has no event target to listen to.
+    if (mMenu != nullptr) {
+        LM_CHECK_STATUS(InstallEventHandler(GetMenuEventTarget(mMenu), kHandler,
+                                            GetEventTypeCount(kMenuEvents), kMenuEvents, this,
+                                            &mEventHandler));
+    }
+    SyncAllValues();
+}
+
+void LmMenuBinding::SyncAllValues()
+{
+    LmUpdateScope theScope(this, mUpdateMenu);
+    for (const char* theKey : {kKeyMark, kKeyEnabled, kKeyTitle}) {
+        SyncValue(theKey);
+        if (theScope.BindingIsGone()) {
+            return;
+        }
+    }
+}
+
+void LmMenuBinding::SetKeyValue(const LmString& theKey, const LmValue& theValue)
+{
+    if (mCommand != 0 && mUpdateMenu) {
+        LmLifeWatch theWatch(this);
+        LM_CHECK_STATUS(WriteMenu(theKey, theValue));
+        if (theWatch.IsGone()) {
+            return;
+        }
+    }
+    LmKeyValueStore::SetKeyValue(theKey, theValue);
+}
+
+OSStatus LmMenuBinding::WriteMenu(const LmString& theKey, const LmValue& theValue)
+{
+    if (theKey == kKeyMark) {
+        return SetMenuCommandMark(mMenu, mCommand, MarkCharacter(static_cast<UInt32>(theValue.GetUInt32())));
+    }
+    if (theKey == kKeyEnabled) {
+        if (theValue.GetBoolean()) {
+            EnableMenuCommand(mMenu, mCommand);
+        } else {
+            DisableMenuCommand(mMenu, mCommand);
+        }
+    } else if (theKey == kKeyTitle) {
+        return SetMenuItemTextWithCFString(mMenu, mMenuItem, theValue.GetString());
+    }
+    return noErr;
+}
+
+void LmMenuBinding::SyncValue(const LmString& theKey)
+{
+    LM_ASSERT(mMenu != NULL);
+    const LmValue theValue = ReadMenu(theKey);
+    if (theValue.IsValid()) {
+        SetKeyPathValue(theKey, theValue);
+    }
+}
+
+LmValue LmMenuBinding::ReadMenu(const LmString& theKey) const
+{
+    LmValue theValue;
+    if (theKey == kKeyMark) {
+        return ReadMark();
+    }
+    if (theKey == kKeyEnabled) {
+        theValue.SetBoolean(IsMenuCommandEnabled(mMenu, mCommand));
+    } else if (theKey == kKeyTitle) {
+        return ReadTitle();
+    }
+    return theValue;
+}
+
+// On purpose: a mark is set as a number, but the two common marks are read as booleans, so that "mark" can be
+// compared with a model's boolean; only a third mark reads as a number.
+LmValue LmMenuBinding::ReadMark() const
+{
+    UniChar theMark = noMark;
+    LM_CHECK_STATUS(GetMenuCommandMark(mMenu, mCommand, &theMark));
+    LmValue theValue;
+    if (theMark == noMark || theMark == kCheckCharCode) {
+        theValue.SetBoolean(theMark == kCheckCharCode);
+    } else {
+        theValue.SetUInt32(kOtherMark);
+    }
+    return theValue;
+}
+
+LmValue LmMenuBinding::ReadTitle() const
+{
+    CFStringRef theString = nullptr;
+    LM_CHECK_STATUS(CopyMenuItemTextAsCFString(mMenu, mMenuItem, &theString));
+    return LmAdoptedString(theString);
+}
+
+OSStatus LmMenuBinding::EventHandler(EventHandlerCallRef, EventRef theEvent, void* userData)
+{
+    LM_ASSERT(userData != NULL);
+    if (userData == nullptr) {
+        return eventNotHandledErr;
+    }
+    LmMenuBinding* const theBinding = static_cast<LmMenuBinding*>(userData);
+    const UInt32 theKind = GetEventKind(theEvent);
+    switch (GetEventClass(theEvent)) {
+    case kEventClassCommand:
+        return theBinding->DoEventCommand(theEvent, theKind);
+    case kEventClassMenu:
+        return theBinding->DoEventMenu(theEvent, theKind);
+    default:
+        return eventNotHandledErr;
+    }
+}
+
+OSStatus LmMenuBinding::DoEventMenu(EventRef theEvent, UInt32 theKind)
+{
+    LM_ASSERT(GetEventClass(theEvent) == kEventClassMenu);
+    mUpdateMenu = true;
+    if (theKind == kEventMenuDispose) {
+        delete this;
+    }
+    return eventNotHandledErr;
+}
+
+OSStatus LmMenuBinding::DoEventCommand(EventRef theEvent, UInt32 theKind)
+{
+    LM_ASSERT(GetEventClass(theEvent) == kEventClassCommand);
+    LmUpdateScope theScope(this, mUpdateMenu);
+    if (theKind == kEventCommandUpdateStatus && IsForThisCommand(theEvent)) {
+        SyncValue(kKeyMark);
+        if (!theScope.BindingIsGone()) {
+            SyncValue(kKeyEnabled);
+        }
+    }
+    return eventNotHandledErr;
+}
+
+bool LmMenuBinding::IsForThisCommand(EventRef theEvent) const
+{
+    HICommand theCommand = {};
+    LM_CHECK_STATUS(GetEventParameter(theEvent, kEventParamDirectObject, typeHICommand, nullptr,
+                                      sizeof theCommand, nullptr, &theCommand));
+    return theCommand.commandID == mCommand && (theCommand.attributes & kHICommandFromMenu) != 0;
+}
