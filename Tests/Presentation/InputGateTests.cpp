@@ -427,6 +427,50 @@ TEST_F(InputGate, KeysDoNotReachAWindowBehindAModalOne)
     SetUserFocusWindow(kUserFocusAuto);
 }
 
+TEST_F(InputGate, TellsWhetherAKeyWasWanted)
+{
+    const KeyAction theKey = {kVK_ANSI_K, "k", 0};
+    ClearKeyboardFocus(mProgram.mWindow.Get());
+    Gate().KeyPressed(theKey);
+    EXPECT_FALSE(Gate().WasTaken());
+    Gate().KeyReleased(theKey);
+    Consume("key down");
+    Gate().KeyPressed(theKey);
+    EXPECT_TRUE(Gate().WasTaken());
+    Gate().KeyReleased(theKey);
+    EXPECT_FALSE(Gate().WasTaken());
+    mWindowLog.mAnswer = nullptr;
+    SetKeyboardFocus(mProgram.mWindow.Get(), mProgram.mField, kControlEditTextPart);
+    Gate().KeyPressed(theKey);
+    EXPECT_TRUE(Gate().WasTaken());
+    Gate().KeyRepeated(theKey);
+    EXPECT_TRUE(Gate().WasTaken());
+    Gate().KeyReleased(theKey);
+    Gate().KeyReleased(theKey);
+    EXPECT_FALSE(Gate().WasTaken());
+}
+
+TEST_F(InputGate, TellsWhetherAPressOrAWheelWasWanted)
+{
+    Gate().PointerPressed(At(mWindow, 300, 150));
+    EXPECT_FALSE(Gate().WasTaken());
+    Gate().PointerReleased(At(mWindow, 300, 150));
+    Gate().PointerPressed(At(mWindow, 20, 110));
+    EXPECT_TRUE(Gate().WasTaken());
+    Gate().PointerReleased(At(mWindow, 20, 110));
+    Host::WheelAction theWheel;
+    theWheel.theWindow = mWindow;
+    theWheel.theLines = 1;
+    Gate().WheelTurned(theWheel);
+    EXPECT_FALSE(Gate().WasTaken());
+    Consume("wheel");
+    Gate().WheelTurned(theWheel);
+    EXPECT_TRUE(Gate().WasTaken());
+    theWheel.theLines = 0;
+    Gate().WheelTurned(theWheel);
+    EXPECT_FALSE(Gate().WasTaken());
+}
+
 // Controls ---------------------------------------------------------------------------------------------
 
 class InputGateDrag : public InputGate
@@ -554,6 +598,70 @@ TEST_F(InputGateDrag, SurvivesTheDisposalOfTheWindow)
     EXPECT_FALSE(Drag(DragPhase::kEnded, 8));
 }
 
+struct PartRow
+{
+    const char* theName;
+    Host::ControlPart thePart;
+    ControlPartCode theCode;
+};
+
+std::vector<ControlPartCode> gPressedParts;
+
+class InputGateParts : public InputGate, public testing::WithParamInterface<PartRow>
+{
+protected:
+    InputGateParts()
+    {
+        const Rect theBounds = MakeRect(10, 130, 210, 146);
+        CreateScrollBarControl(mProgram.mWindow.Get(), &theBounds, 50, 0, 100, 10, false, nullptr,
+                               &mScrollBar);
+        TestProgram::Name(mScrollBar, 'scrl');
+        SetControlAction(mScrollBar,
+                         [](ControlRef, ControlPartCode thePart) { gPressedParts.push_back(thePart); });
+        gPressedParts.clear();
+    }
+
+    bool Press(bool theIsDown)
+    {
+        Host::PartPress thePress;
+        thePress.theControl = Screen().ControlCalled('scrl');
+        thePress.thePart = GetParam().thePart;
+        thePress.theIsDown = theIsDown;
+        return Gate().PartPressed(thePress);
+    }
+
+    ControlRef mScrollBar = nullptr;
+};
+
+TEST_P(InputGateParts, ArePressedWhereTheManagersThinkThatTheyAre)
+{
+    EXPECT_FALSE(Press(false));
+    EXPECT_TRUE(Press(true));
+    EXPECT_EQ(gPressedParts, std::vector<ControlPartCode>{GetParam().theCode});
+    EXPECT_FALSE(Press(true));
+    EXPECT_TRUE(Press(false));
+    EXPECT_FALSE(Press(false));
+    EXPECT_EQ(Take(), (Log{"mouse down", "click", "mouse up", "hit"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    ScrollBar, InputGateParts,
+    testing::Values(PartRow{"Up", Host::ControlPart::kUpButton, kControlUpButtonPart},
+                    PartRow{"Down", Host::ControlPart::kDownButton, kControlDownButtonPart},
+                    PartRow{"PageUp", Host::ControlPart::kPageUp, kControlPageUpPart},
+                    PartRow{"PageDown", Host::ControlPart::kPageDown, kControlPageDownPart}),
+    [](const testing::TestParamInfo<PartRow>& theInfo) { return theInfo.param.theName; });
+
+TEST_F(InputGate, DropsAPressOnAPartThatTheControlDoesNotHave)
+{
+    Host::PartPress thePress;
+    thePress.theControl = Screen().ControlCalled('rset');
+    EXPECT_FALSE(Gate().PartPressed(thePress));
+    thePress.theControl = kUnknown;
+    EXPECT_FALSE(Gate().PartPressed(thePress));
+    EXPECT_EQ(Take(), Log());
+}
+
 TEST_F(InputGate, AnEditOfAFieldReplacesItsText)
 {
     Host::TextEdit theEdit;
@@ -607,6 +715,39 @@ TEST_F(InputGate, AHandlerMayKeepTheWindowOpen)
     Gate().CloseAsked(mWindow);
     EXPECT_TRUE(IsValidWindowPtr(mProgram.mWindow.Get()));
     EXPECT_EQ(Take(), Log{"close"});
+}
+
+TEST_F(InputGate, ADesktopMovesAndSizesTheWindow)
+{
+    EXPECT_TRUE(Gate().WindowMoved(mWindow, {200, 180}));
+    EXPECT_TRUE(Gate().WindowResized(mWindow, {400, 300}));
+    Rect theContent = {};
+    GetWindowBounds(mProgram.mWindow.Get(), kWindowContentRgn, &theContent);
+    EXPECT_EQ(theContent.left, 200);
+    EXPECT_EQ(theContent.top, 180);
+    EXPECT_EQ(theContent.right, 600);
+    EXPECT_EQ(theContent.bottom, 480);
+    EXPECT_EQ(Take(), (Log{"drag started", "bounds changing", "bounds changed", "drag completed",
+                           "resize started", "bounds changing", "bounds changed", "resize completed"}));
+}
+
+TEST_F(InputGate, ADesktopActivatesAWindow)
+{
+    const TestWindow theOther(MakeRect(500, 300, 700, 400), CFSTR("Other"));
+    Take();
+    EXPECT_TRUE(Gate().WindowActivated(mWindow));
+    EXPECT_TRUE(IsWindowActive(mProgram.mWindow.Get()));
+    EXPECT_EQ(Take(), Log{"activated"});
+    EXPECT_FALSE(Gate().WindowActivated(mWindow));
+}
+
+TEST_F(InputGate, AQuitRequestEndsTheApplicationLoop)
+{
+    EventLoopTimerRef theTimer = nullptr;
+    const auto Quit = [](EventLoopTimerRef, void*) { Gate().QuitAsked(); };
+    InstallEventLoopTimer(GetMainEventLoop(), 0, 0, Quit, nullptr, &theTimer);
+    RunApplicationEventLoop();
+    RemoveEventLoopTimer(theTimer);
 }
 
 // Presenters -------------------------------------------------------------------------------------------

@@ -117,47 +117,25 @@ bool PlaceOfPart(const SharedControl& theControl, ControlPartCode thePart, Point
     return true;
 }
 
-// A part of a window's frame, the attribute that brings it, and what is said of windows without.
+// A part of a window's frame, and what is said of windows without.
 struct FramePart
 {
-    WindowPartCode thePart;
-    WindowAttributes theAttribute;
+    WindowRegionCode theRegion;
     const char* theLack;
 };
 
-const FramePart kCloseBox = {inGoAway, kWindowCloseBoxAttribute, "has no close box"};
-const FramePart kCollapseBox = {inCollapseBox, kWindowCollapseBoxAttribute, "has no collapse box"};
-const FramePart kZoomBox = {inZoomOut, kWindowFullZoomAttribute, "has no zoom box"};
-const FramePart kTitleBar = {inDrag, kWindowNoAttributes, "has no title bar"};
-const FramePart kGrowBox = {inGrow, kWindowResizableAttribute, "cannot be resized"};
+const FramePart kCloseBox = {kWindowCloseBoxRgn, "has no close box"};
+const FramePart kCollapseBox = {kWindowCollapseBoxRgn, "has no collapse box"};
+const FramePart kZoomBox = {kWindowZoomBoxRgn, "has no zoom box"};
+const FramePart kTitleBar = {kWindowDragRgn, "has no title bar"};
+const FramePart kGrowBox = {kWindowGrowRgn, "cannot be resized"};
 
-bool HasPart(const Window& theWindow, const FramePart& thePart)
+// A place half way down the region where no other window is in front.
+bool FindPlace(const SharedWindow& theWindow, const Rect& theRegion, Point* thePlace)
 {
-    const bool theIsInContent = thePart.thePart == inGrow;
-    return (theWindow.Has(thePart.theAttribute) || thePart.theAttribute == kWindowNoAttributes) &&
-           (theIsInContent || theWindow.FrameWidths().top > 0);
-}
-
-bool IsAt(Point thePlace, const Window& theWindow, WindowPartCode thePart)
-{
-    WindowRef theFound = nullptr;
-    const WindowPartCode theFoundPart = ::FindWindow(thePlace, &theFound);
-    const bool theIsZoomBox = thePart == inZoomOut && theFoundPart == inZoomIn;
-    return theFound == theWindow.Reference() && (theFoundPart == thePart || theIsZoomBox);
-}
-
-// A place where the part is not covered: along the title bar, or in the corner.
-bool FindPlace(const Window& theWindow, WindowPartCode thePart, Point* thePlace)
-{
-    const Rect& theContent = theWindow.Content();
-    const Rect theStructure = theWindow.Structure();
-    if (thePart == inGrow) {
-        *thePlace = MakePoint(theContent.right - 2, theContent.bottom - 2);
-        return IsAt(*thePlace, theWindow, thePart);
-    }
-    for (int theX = theStructure.left + 2; theX < theStructure.right; ++theX) {
-        *thePlace = MakePoint(theX, (theStructure.top + theContent.top) / 2);
-        if (IsAt(*thePlace, theWindow, thePart)) {
+    *thePlace = MiddleOf(theRegion);
+    for (thePlace->h = theRegion.left; thePlace->h < theRegion.right; ++thePlace->h) {
+        if (WindowAt(*thePlace) == theWindow) {
             return true;
         }
     }
@@ -173,11 +151,12 @@ UserResult UseFrame(WindowRef theWindow, const FramePart& thePart, const Action&
     if (!theReason.empty()) {
         return Refuse(theReason);
     }
-    if (!HasPart(*theFound, thePart)) {
+    const Rect theRegion = theFound->PlaceOf(thePart.theRegion);
+    if (IsEmpty(theRegion)) {
         return Refuse(Name(*theFound) + " " + thePart.theLack);
     }
     Point thePlace = {0, 0};
-    if (!FindPlace(*theFound, thePart.thePart, &thePlace)) {
+    if (!FindPlace(theFound, theRegion, &thePlace)) {
         return Refuse("the frame of " + Name(*theFound) + " is covered");
     }
     PointerAction thePress;

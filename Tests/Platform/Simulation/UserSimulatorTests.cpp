@@ -401,12 +401,37 @@ TEST_F(UserSimulator, TabMovesTheKeysToTheNextField)
 
 // Windows ----------------------------------------------------------------------------------------------
 
+Rect ContentOf(WindowRef theWindow)
+{
+    Rect theBounds = {};
+    GetWindowBounds(theWindow, kWindowContentRgn, &theBounds);
+    return theBounds;
+}
+
+void ExpectBounds(const Rect& theRect, short theLeft, short theTop, short theRight, short theBottom)
+{
+    EXPECT_EQ(theRect.left, theLeft);
+    EXPECT_EQ(theRect.top, theTop);
+    EXPECT_EQ(theRect.right, theRight);
+    EXPECT_EQ(theRect.bottom, theBottom);
+}
+
+const Log kPressOnFrame = {"mouse moved", "mouse down", "mouse up"};
+
 TEST_F(UserSimulator, ClosesAWindow)
 {
     const WindowRef theWindow = mProgram.mWindow.Get();
     ExpectDone(mUser.CloseWindow(theWindow));
     EXPECT_FALSE(IsValidWindowPtr(theWindow));
     ExpectRefusal((Take(), mUser.CloseWindow(theWindow)), "the window is gone");
+}
+
+TEST_F(UserSimulator, PressesTheCloseBoxBeforeTheWindowIsAskedToClose)
+{
+    Consume("close");
+    ExpectDone(mUser.CloseWindow(mProgram.mWindow.Get()));
+    EXPECT_EQ(Take(), (Log{"mouse moved", "mouse down", "mouse up", "close"}));
+    EXPECT_TRUE(IsValidWindowPtr(mProgram.mWindow.Get()));
 }
 
 TEST_F(UserSimulator, RefusesToCloseAWindowWithoutACloseBox)
@@ -418,12 +443,213 @@ TEST_F(UserSimulator, RefusesToCloseAWindowWithoutACloseBox)
     EXPECT_TRUE(IsValidWindowPtr(thePlain.Get()));
 }
 
-TEST_F(UserSimulator, RefusesToCloseAHiddenWindow)
+TEST_F(UserSimulator, MovesAWindowByItsTitleBar)
+{
+    ExpectDone(mUser.MoveWindow(mProgram.mWindow.Get(), 300, 250));
+    ExpectBounds(ContentOf(mProgram.mWindow.Get()), 300, 250, 620, 450);
+    EXPECT_EQ(Take(), (Log{"mouse moved", "mouse down", "mouse up", "drag started", "bounds changing",
+                           "bounds changed", "drag completed"}));
+}
+
+TEST_F(UserSimulator, TellsThatAPersonMovedTheWindow)
+{
+    UInt32 theCause = 0;
+    mWindowLog.mAnswer = [&theCause](const std::string& theName, EventRef theEvent) {
+        if (theName == "bounds changed") {
+            theCause = Parameter<UInt32>(theEvent, kEventParamAttributes, typeUInt32);
+        }
+        return OSStatus{eventNotHandledErr};
+    };
+    ExpectDone(mUser.MoveWindow(mProgram.mWindow.Get(), 300, 250));
+    EXPECT_EQ(theCause, UInt32{kWindowBoundsChangeUserDrag | kWindowBoundsChangeOriginChanged});
+    ExpectDone(mUser.ResizeWindow(mProgram.mWindow.Get(), 400, 300));
+    EXPECT_EQ(theCause, UInt32{kWindowBoundsChangeUserResize | kWindowBoundsChangeSizeChanged});
+}
+
+TEST_F(UserSimulator, LeavesAWindowAloneThatIsInThePlaceAlready)
+{
+    ExpectDone(mUser.MoveWindow(mProgram.mWindow.Get(), 100, 80));
+    EXPECT_EQ(Take(), kPressOnFrame);
+}
+
+TEST_F(UserSimulator, ResizesAWindowByItsCorner)
+{
+    ExpectDone(mUser.ResizeWindow(mProgram.mWindow.Get(), 400, 300));
+    ExpectBounds(ContentOf(mProgram.mWindow.Get()), 100, 80, 500, 380);
+    EXPECT_EQ(Take(), (Log{"mouse moved", "mouse down", "mouse up", "resize started", "bounds changing",
+                           "bounds changed", "resize completed"}));
+}
+
+TEST_F(UserSimulator, RefusesASizeBeyondTheLimits)
+{
+    const HISize theSmallest = {200, 100};
+    const HISize theLargest = {800, 600};
+    SetWindowResizeLimits(mProgram.mWindow.Get(), &theSmallest, &theLargest);
+    const WindowRef theWindow = mProgram.mWindow.Get();
+    ExpectRefusal(mUser.ResizeWindow(theWindow, 199, 100),
+                  "the window \"Thermostat\" cannot be made 199 × 100");
+    ExpectRefusal(mUser.ResizeWindow(theWindow, 200, 99),
+                  "the window \"Thermostat\" cannot be made 200 × 99");
+    ExpectRefusal(mUser.ResizeWindow(theWindow, 801, 600),
+                  "the window \"Thermostat\" cannot be made 801 × 600");
+    ExpectRefusal(mUser.ResizeWindow(theWindow, 800, 601),
+                  "the window \"Thermostat\" cannot be made 800 × 601");
+    ExpectDone(mUser.ResizeWindow(theWindow, 200, 100));
+    ExpectDone(mUser.ResizeWindow(theWindow, 800, 600));
+}
+
+TEST_F(UserSimulator, RefusesASizeThatIsNone)
+{
+    ExpectRefusal(mUser.ResizeWindow(mProgram.mWindow.Get(), 0, 100),
+                  "the window \"Thermostat\" cannot be made 0 × 100");
+    ExpectRefusal(mUser.ResizeWindow(mProgram.mWindow.Get(), 100, -5),
+                  "the window \"Thermostat\" cannot be made 100 × -5");
+}
+
+TEST_F(UserSimulator, ZoomsAWindowAndBack)
+{
+    ExpectDone(mUser.ZoomWindow(mProgram.mWindow.Get()));
+    const Rect theLarge = ContentOf(mProgram.mWindow.Get());
+    EXPECT_GT(theLarge.right - theLarge.left, 900);
+    EXPECT_EQ(Take(), (Log{"mouse moved", "mouse down", "mouse up", "zoom", "bounds changing",
+                           "bounds changed", "zoomed"}));
+    ExpectDone(mUser.ZoomWindow(mProgram.mWindow.Get()));
+    ExpectBounds(ContentOf(mProgram.mWindow.Get()), 100, 80, 420, 280);
+}
+
+TEST_F(UserSimulator, CollapsesAWindowAndExpandsItAgain)
+{
+    ExpectDone(mUser.CollapseWindow(mProgram.mWindow.Get()));
+    EXPECT_TRUE(IsWindowCollapsed(mProgram.mWindow.Get()));
+    const Log theLog = Take();
+    EXPECT_EQ(Log(theLog.begin(), theLog.begin() + 6),
+              (Log{"mouse moved", "mouse down", "mouse up", "collapse", "collapsing", "collapsed"}));
+    ExpectRefusal(mUser.CollapseWindow(mProgram.mWindow.Get()), "the window \"Thermostat\" is collapsed");
+    ExpectDone(mUser.ExpandWindow(mProgram.mWindow.Get()));
+    EXPECT_FALSE(IsWindowCollapsed(mProgram.mWindow.Get()));
+    EXPECT_EQ(Take().front(), "expand");
+}
+
+TEST_F(UserSimulator, RefusesToExpandWhatIsNotCollapsed)
+{
+    const WindowRef theWindow = mProgram.mWindow.Get();
+    ExpectRefusal(mUser.ExpandWindow(theWindow), "the window \"Thermostat\" is not collapsed");
+    HideWindow(theWindow);
+    Take();
+    ExpectRefusal(mUser.ExpandWindow(theWindow), "the window \"Thermostat\" is not collapsed");
+    DisposeWindow(theWindow);
+    Take();
+    ExpectRefusal(mUser.ExpandWindow(theWindow), "the window is gone");
+}
+
+TEST_F(UserSimulator, RefusesToExpandAWindowBehindAModalOne)
+{
+    CollapseWindow(mProgram.mWindow.Get(), true);
+    const TestWindow theAlert(MakeRect(600, 80, 800, 180), CFSTR("Alert"), kMovableModalWindowClass,
+                              kWindowNoAttributes);
+    Take();
+    ExpectRefusal(mUser.ExpandWindow(mProgram.mWindow.Get()),
+                  "the window \"Thermostat\" cannot be expanded now");
+}
+
+TEST_F(UserSimulator, ActivatesAWindowByItsTitleBar)
+{
+    const TestWindow theOther(MakeRect(500, 300, 700, 400), CFSTR("Other"));
+    EXPECT_FALSE(IsWindowActive(mProgram.mWindow.Get()));
+    ExpectDone(mUser.ActivateWindow(mProgram.mWindow.Get()));
+    EXPECT_TRUE(IsWindowActive(mProgram.mWindow.Get()));
+    EXPECT_FALSE(IsWindowActive(theOther.Get()));
+}
+
+// One action on a window's frame, and what is said of a window without that part of it.
+struct FrameRow
+{
+    const char* theName;
+    UserResult (*theAction)(Host::UserSimulator&, WindowRef);
+    const char* theLack;
+};
+
+class UserSimulatorFrames : public UserSimulator, public testing::WithParamInterface<FrameRow>
+{
+};
+
+TEST_P(UserSimulatorFrames, DoNothingWhenAHandlerConsumedThePress)
+{
+    const Rect theBounds = ContentOf(mProgram.mWindow.Get());
+    Consume("mouse down");
+    ExpectDone(GetParam().theAction(mUser, mProgram.mWindow.Get()));
+    EXPECT_EQ(Take(), kPressOnFrame);
+    ASSERT_TRUE(IsValidWindowPtr(mProgram.mWindow.Get()));
+    EXPECT_FALSE(IsWindowCollapsed(mProgram.mWindow.Get()));
+    ExpectBounds(ContentOf(mProgram.mWindow.Get()), theBounds.left, theBounds.top, theBounds.right,
+                 theBounds.bottom);
+}
+
+TEST_P(UserSimulatorFrames, AreRefusedWhenThePartIsNotThere)
+{
+    const TestWindow theBare(MakeRect(600, 80, 700, 120), CFSTR("Bare"), kPlainWindowClass,
+                             kWindowNoAttributes);
+    Take();
+    ExpectRefusal(GetParam().theAction(mUser, theBare.Get()),
+                  std::string("the window \"Bare\" ") + GetParam().theLack);
+}
+
+TEST_P(UserSimulatorFrames, AreRefusedWhenThePartIsCovered)
+{
+    const TestWindow theCover(MakeRect(90, 20, 500, 400), CFSTR("Cover"));
+    Take();
+    ExpectRefusal(GetParam().theAction(mUser, mProgram.mWindow.Get()),
+                  "the frame of the window \"Thermostat\" is covered");
+}
+
+TEST_P(UserSimulatorFrames, AreRefusedWhenTheWindowIsHidden)
 {
     HideWindow(mProgram.mWindow.Get());
     Take();
-    ExpectRefusal(mUser.CloseWindow(mProgram.mWindow.Get()), "the window \"Thermostat\" is hidden");
+    ExpectRefusal(GetParam().theAction(mUser, mProgram.mWindow.Get()), "the window \"Thermostat\" is hidden");
 }
+
+TEST_P(UserSimulatorFrames, AreRefusedWhenTheWindowIsGone)
+{
+    DisposeWindow(mProgram.mWindow.Get());
+    Take();
+    ExpectRefusal(GetParam().theAction(mUser, mProgram.mWindow.Get()), "the window is gone");
+}
+
+INSTANTIATE_TEST_SUITE_P(Actions, UserSimulatorFrames,
+                         testing::Values(FrameRow{"Close",
+                                                  [](Host::UserSimulator& theUser, WindowRef theWindow) {
+                                                      return theUser.CloseWindow(theWindow);
+                                                  },
+                                                  "has no close box"},
+                                         FrameRow{"Move",
+                                                  [](Host::UserSimulator& theUser, WindowRef theWindow) {
+                                                      return theUser.MoveWindow(theWindow, 9, 99);
+                                                  },
+                                                  "has no title bar"},
+                                         FrameRow{"Resize",
+                                                  [](Host::UserSimulator& theUser, WindowRef theWindow) {
+                                                      return theUser.ResizeWindow(theWindow, 99, 99);
+                                                  },
+                                                  "cannot be resized"},
+                                         FrameRow{"Zoom",
+                                                  [](Host::UserSimulator& theUser, WindowRef theWindow) {
+                                                      return theUser.ZoomWindow(theWindow);
+                                                  },
+                                                  "has no zoom box"},
+                                         FrameRow{"Collapse",
+                                                  [](Host::UserSimulator& theUser, WindowRef theWindow) {
+                                                      return theUser.CollapseWindow(theWindow);
+                                                  },
+                                                  "has no collapse box"},
+                                         FrameRow{"Activate",
+                                                  [](Host::UserSimulator& theUser, WindowRef theWindow) {
+                                                      return theUser.ActivateWindow(theWindow);
+                                                  },
+                                                  "has no title bar"}),
+                         [](const testing::TestParamInfo<FrameRow>& theInfo) {
+                             return theInfo.param.theName;
+                         });
 
 // Looking ----------------------------------------------------------------------------------------------
 
