@@ -40,30 +40,54 @@ WaitState& TheWaitState()
     return sState;
 }
 
-// Lets the presenter report what the person did, waiting for it until theDeadline. False when it has
-// nothing that could be waited for.
+// Names the presenter that is waited in, so that another thread can wake it. Waits may nest: a handler of
+// what a presenter reports may run the loop.
+class PresenterWait
+{
+public:
+    explicit PresenterWait(Presenter& thePresenter)
+    {
+        const std::lock_guard<std::mutex> theLock(TheWaitState().theMutex);
+        mOuter = std::exchange(TheWaitState().thePresenter, &thePresenter);
+        mWasWoken = std::exchange(TheWaitState().theIsWoken, false);
+    }
+    ~PresenterWait()
+    {
+        const std::lock_guard<std::mutex> theLock(TheWaitState().theMutex);
+        TheWaitState().thePresenter = mOuter;
+    }
+    PresenterWait(const PresenterWait&) = delete;
+    PresenterWait& operator=(const PresenterWait&) = delete;
+
+    bool WasWoken() const { return mWasWoken; }
+
+private:
+    Presenter* mOuter = nullptr;
+    bool mWasWoken = false;
+};
+
+// Lets the presenter report what the person has done already.
+void PollPresenter()
+{
+    const double theNow = CurrentClock().Now();
+    PresenterRegistry::Current().WaitUntil(theNow, theNow);
+}
+
+// Lets the presenter report what the person does, waiting for it until theDeadline. False when it has nothing
+// that could be waited for.
 bool WaitInPresenter(double theDeadline)
 {
     Presenter& thePresenter = PresenterRegistry::Current();
     const double theNow = CurrentClock().Now();
-    WaitState& theState = TheWaitState();
-    {
-        const std::lock_guard<std::mutex> theLock(theState.theMutex);
-        theState.thePresenter = &thePresenter;
-        if (std::exchange(theState.theIsWoken, false)) {
-            theDeadline = theNow;
-        }
-    }
-    const bool theHasWaited = thePresenter.WaitUntil(ForOthers(theDeadline), theNow);
-    const std::lock_guard<std::mutex> theLock(theState.theMutex);
-    theState.thePresenter = nullptr;
-    return theHasWaited;
+    const PresenterWait theWait(thePresenter);
+    return thePresenter.WaitUntil(theWait.WasWoken() ? theNow : ForOthers(theDeadline), theNow);
 }
 
 // False when the wait would never end.
 bool Wait(double theDeadline)
 {
-    return WaitInPresenter(theDeadline) || CurrentClock().WaitUntil(ForOthers(theDeadline));
+    const bool theHasWaited = !CurrentClock().StandsStill() && WaitInPresenter(theDeadline);
+    return theHasWaited || CurrentClock().WaitUntil(ForOthers(theDeadline));
 }
 
 // --- Running ----------------------------------------------------------------------------------------
@@ -99,15 +123,15 @@ private:
 
 LoopRun* LoopRun::sInnermost = nullptr;
 
-// Runs timers and the presenter until theIsDone, theDeadline or QuitEventLoop. With a deadline that has
-// passed already, both still get their turn once.
+// Runs timers and the presenter until theIsDone, theDeadline or QuitEventLoop. Both have their turn before
+// each event that is taken, however many there are, and even when the deadline has passed already.
 template <class Condition>
 OSStatus RunUntil(double theDeadline, const Condition& theIsDone)
 {
     const LoopRun theRun;
-    bool theHasWaited = false;
     for (;;) {
         FireDueTimers();
+        PollPresenter();
         CatchUpWithMenus();
         if (theRun.IsQuit()) {
             return eventLoopQuitErr;
@@ -115,13 +139,9 @@ OSStatus RunUntil(double theDeadline, const Condition& theIsDone)
         if (theIsDone()) {
             return noErr;
         }
-        if (theHasWaited && CurrentClock().Now() >= theDeadline) {
+        if (CurrentClock().Now() >= theDeadline || !Wait(std::min(theDeadline, NextTimerTime()))) {
             return eventLoopTimedOutErr;
         }
-        if (!Wait(std::min(theDeadline, NextTimerTime()))) {
-            return eventLoopTimedOutErr;
-        }
-        theHasWaited = true;
     }
 }
 

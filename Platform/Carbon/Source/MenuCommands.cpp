@@ -6,8 +6,8 @@
 
 #include "Internal/Guarded.h"
 
-#include <algorithm>
 #include <deque>
+#include <unordered_set>
 
 namespace Host {
 
@@ -54,10 +54,9 @@ private:
 
     void Enter(const SharedMenu& theMenu)
     {
-        if (theMenu == nullptr || std::find(mSeen.begin(), mSeen.end(), theMenu) != mSeen.end()) {
+        if (theMenu == nullptr || !mSeen.insert(theMenu).second) {
             return;
         }
-        mSeen.push_back(theMenu);
         PopulateMenu(theMenu, kMenuContextCommandIDSearch, mCommand);
         mSteps.push_back({theMenu, 1});
     }
@@ -96,7 +95,7 @@ private:
     ItemCount mCount = 0;
     FoundItem mFound;
     std::deque<Step> mSteps;
-    std::vector<SharedMenu> mSeen;
+    std::unordered_set<SharedMenu> mSeen;
 };
 
 // Finds the first item with a command and hands it to theAction, whose status is the result.

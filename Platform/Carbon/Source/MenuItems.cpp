@@ -8,6 +8,7 @@
 #include "Internal/Text.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 namespace Host {
@@ -118,14 +119,14 @@ void SetAllEnabled(MenuRef theMenu, bool theState)
 bool Holds(const SharedMenu& theMenu, const SharedMenu& theOther)
 {
     std::vector<SharedMenu> theMenus = {theMenu};
+    std::unordered_set<SharedMenu> theSeen = {theMenu};
     for (size_t theNext = 0; theNext < theMenus.size(); ++theNext) {
         if (theMenus[theNext] == theOther) {
             return true;
         }
         for (MenuItemIndex theItem = 1; theItem <= theMenus[theNext]->Count(); ++theItem) {
             const SharedMenu theSubmenu = theMenus[theNext]->Submenu(theItem);
-            if (theSubmenu != nullptr &&
-                std::find(theMenus.begin(), theMenus.end(), theSubmenu) == theMenus.end()) {
+            if (theSubmenu != nullptr && theSeen.insert(theSubmenu).second) {
                 theMenus.push_back(theSubmenu);
             }
         }

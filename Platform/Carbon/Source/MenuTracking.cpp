@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <Presentation/PresenterRegistry.h>
+#include <utility>
+#include <vector>
 
 namespace Host {
 
@@ -73,17 +75,29 @@ void EndSession(UInt32 theReason)
     }
 }
 
-UInt32 ContextOf(const Session& theSession)
+// What events about a menu say, by the number of menus around it.
+UInt32 ContextAt(size_t theDepth)
 {
-    const UInt32 theKind =
-        (theSession.theContext & kMenuContextPopUpTracking) != 0 ? kMenuContextPopUp : kMenuContextPullDown;
-    return theSession.theContext | (theSession.theOpen.empty() ? theKind : UInt32(kMenuContextSubmenu));
+    const Session& theSession = TheSession();
+    // A menu bar that the desktop shows by itself tells of choices without any opening.
+    const UInt32 theBase = theSession.theIsOn ? theSession.theContext : UInt32(kMenuContextMenuBar);
+    if (theDepth > 0) {
+        return theBase | kMenuContextSubmenu;
+    }
+    return theBase | ((theBase & kMenuContextPopUpTracking) != 0 ? kMenuContextPopUp : kMenuContextPullDown);
+}
+
+UInt32 ContextOf(MenuRef theMenu)
+{
+    const std::vector<MenuRef>& theOpen = TheSession().theOpen;
+    const auto thePlace = std::find(theOpen.begin(), theOpen.end(), theMenu);
+    return ContextAt(thePlace == theOpen.end() ? 0 : static_cast<size_t>(thePlace - theOpen.begin()));
 }
 
 // Brings a menu up to date and opens it. False when a handler refused, or the menu is gone by then.
 bool Open(const SharedMenu& theMenu)
 {
-    const UInt32 theContext = ContextOf(TheSession());
+    const UInt32 theContext = ContextAt(TheSession().theOpen.size());
     const MenuRef theReference = theMenu->Reference();
     PopulateMenu(theMenu, theContext);
     EnableMenuItems(theMenu, theContext);
@@ -107,7 +121,7 @@ void CloseInnermost()
     const MenuRef theMenu = TheSession().theOpen.back();
     TheSession().theOpen.pop_back();
     OutgoingEvent theEvent(kEventClassMenu, kEventMenuClosed);
-    Tell(theEvent, theMenu, ContextOf(TheSession()));
+    Tell(theEvent, theMenu, ContextAt(TheSession().theOpen.size()));
 }
 
 void CloseAll(UInt32 theReason)
@@ -138,27 +152,34 @@ void CloseUpTo(const SharedMenu& theMenu)
     }
 }
 
-// Every menu that holds this one by an enabled item, up to the bar, must be enabled. Only the way by which it
-// was opened counts.
-bool IsWayEnabled(const SharedMenu& theMenu)
+// The menus that a person can reach from a menu: those held by items that are enabled and shown, of menus
+// that are enabled.
+std::vector<SharedMenu> ReachableMenus(const SharedMenu& theRoot)
 {
-    const std::vector<MenuRef> theOpen = TheSession().theOpen;
-    SharedMenu theInner = theMenu;
-    for (auto theOuter = theOpen.rbegin(); theOuter != theOpen.rend(); ++theOuter) {
-        const SharedMenu theHolder = FindMenu(*theOuter);
-        if (theHolder == nullptr || theHolder == theInner || !IsHeldBy(theInner, *theOuter)) {
-            continue;
+    std::vector<SharedMenu> theMenus;
+    const auto theAdd = [&](const SharedMenu& theMenu) {
+        if (theMenu != nullptr && theMenu->mIsEnabled &&
+            std::find(theMenus.begin(), theMenus.end(), theMenu) == theMenus.end()) {
+            theMenus.push_back(theMenu);
         }
-        const auto theItem =
-            std::find_if(theHolder->mItems.begin(), theHolder->mItems.end(), [&](const MenuItem& theOther) {
-                return theOther.theSubmenu.Get() == theInner->Reference();
-            });
-        if (!theItem->IsEnabled() || !theHolder->mIsEnabled) {
-            return false;
+    };
+    theAdd(theRoot);
+    for (size_t theNext = 0; theNext < theMenus.size(); ++theNext) {
+        for (MenuItemIndex theItem = 1; theItem <= theMenus[theNext]->Count(); ++theItem) {
+            const MenuItem& theHolder = *theMenus[theNext]->Item(theItem);
+            if (theHolder.IsEnabled() && !theHolder.Is(kMenuItemAttrHidden)) {
+                theAdd(theMenus[theNext]->Submenu(theItem));
+            }
         }
-        theInner = theHolder;
     }
-    return true;
+    return theMenus;
+}
+
+bool IsReachable(const SharedMenu& theMenu)
+{
+    const std::vector<SharedMenu> theMenus =
+        ReachableMenus(TheSession().theIsOn ? FindMenu(TheSession().theRoot) : RootMenu());
+    return std::find(theMenus.begin(), theMenus.end(), theMenu) != theMenus.end();
 }
 
 void TellTarget(const SharedMenu& theMenu, MenuItemIndex theItem)
@@ -166,21 +187,21 @@ void TellTarget(const SharedMenu& theMenu, MenuItemIndex theItem)
     OutgoingEvent theEvent(kEventClassMenu, kEventMenuTargetItem);
     theEvent.Set(kEventParamMenuItemIndex, typeMenuItemIndex, theItem);
     theEvent.Set(kEventParamMenuCommand, typeMenuCommand, theMenu->Item(theItem)->theCommand);
-    Tell(theEvent, theMenu->Reference(), ContextOf(TheSession()));
+    Tell(theEvent, theMenu->Reference(), ContextOf(theMenu->Reference()));
 }
 
 bool CanBeChosen(const SharedMenu& theMenu, MenuItemIndex theItem)
 {
     return IsChoosable(theMenu, theItem) && !theMenu->Item(theItem)->Is(kMenuItemAttrHidden) &&
-           IsWayEnabled(theMenu);
+           IsReachable(theMenu);
 }
 
 // Chooses an item: the menus close, then the command is sent. The result is what its handlers answered;
 // eventNotHandledErr too when a handler of the closing has taken the item away.
 OSStatus Choose(const SharedMenu& theMenu, MenuItemIndex theItem, UInt32 theModifiers)
 {
-    const UInt32 theContext = ContextOf(TheSession());
     TellTarget(theMenu, theItem);
+    const UInt32 theContext = ContextOf(theMenu->Reference());
     CloseAll(kHIMenuDismissedBySelection);
     if (theMenu->Item(theItem) == nullptr) {
         return eventNotHandledErr;

@@ -33,6 +33,8 @@ public:
         return true;
     }
 
+    bool StandsStill() const override { return true; }
+
     void Wake() override { mIsWoken = true; }
 
     void Advance(double theSeconds) { mNow += std::max(theSeconds, 0.0); }

@@ -25,6 +25,9 @@ public:
     // did not begin.
     virtual bool WaitUntil(double theDeadline) = 0;
 
+    // Whether time passes only by this clock's own doing: nobody else may wait for it then.
+    virtual bool StandsStill() const { return false; }
+
     // Ends a wait that is going on, or the next one. The only call that may come from another thread.
     virtual void Wake() = 0;
 };
