@@ -62,32 +62,28 @@ public:
     //
     // On purpose: none is for int, so LmValue(5) does not compile; write 5L, 5UL or 5.0. A lone pointer of
     // any type, a CFStringRef included, makes a kTypePointer value; a string value takes two arguments.
+    // NOLINTBEGIN(google-explicit-constructor): values are made from numbers without ceremony.
     LmValue() noexcept
-        : mType(kTypeInvalid),
-          mValue(0)
+        : LmValue(kTypeInvalid, 0)
     {
     }
     LmValue(bool theValue) noexcept
-        : mType(kTypeBoolean),
-          mValue(theValue ? 1 : 0)
+        : LmValue(kTypeBoolean, theValue ? 1 : 0)
     {
     }
     LmValue(unsigned long theValue) noexcept
-        : mType(kTypeUInt32),
-          mValue(static_cast<std::uint32_t>(theValue))
+        : LmValue(kTypeUInt32, static_cast<std::uint32_t>(theValue))
     {
     }
     LmValue(long theValue) noexcept
-        : mType(kTypeSInt32),
-          mValue(static_cast<std::uint32_t>(theValue))
+        : LmValue(kTypeSInt32, static_cast<std::uint32_t>(theValue))
     {
     }
     LmValue(unsigned long long theValue);
     LmValue(long long theValue);
     LmValue(double theValue);
     LmValue(const void* thePointer) noexcept
-        : mType(kTypePointer),
-          mValue(reinterpret_cast<std::uintptr_t>(thePointer))
+        : LmValue(kTypePointer, reinterpret_cast<std::uintptr_t>(thePointer))
     {
     }
     LmValue(CFStringRef theString, bool shouldRelease);
@@ -253,6 +249,12 @@ protected:
     }
 
 private:
+    LmValue(ValueType theType, std::uintptr_t theWord) noexcept
+        : mType(theType),
+          mValue(theWord)
+    {
+    }
+
     // Whether a payload of theType is just a word, with nothing behind it to copy or to release.
     static bool IsPlain(ValueType theType) { return theType <= kTypeSInt32 || theType == kTypePointer; }
 

@@ -4,6 +4,7 @@
 
 #include "StandardErrorCapture.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -109,12 +110,9 @@ TEST(LmDiagnostics, EachReportIsOneWholeLine)
     EXPECT_EQ(theText.back(), '\n');
 }
 
-TEST(LmDiagnostics, AMacroIsOneStatement)
+TEST(LmDiagnostics, AMacroIsAnExpression)
 {
     const bool isAsked = false;
-    if (isAsked)
-        LM_ASSERT(1 > 2);
-    else
-        LM_ERROR("not asked");
+    isAsked ? LM_ASSERT(1 > 2) : LM_ERROR("not asked");
     EXPECT_EQ(StandardErrorCapture::TakeLines(), Lines{LineAt(__LINE__ - 1, "not asked")});
 }

@@ -59,6 +59,21 @@ void StartCounting(size_t theFailing)
 
 extern "C" {
 
+// The leak checker knows what the dynamic loader allocates by the caller of malloc, which is this file now.
+__attribute__((visibility("default"))) const char* __lsan_default_suppressions();
+__attribute__((visibility("default"))) const char* __lsan_default_options();
+
+const char* __lsan_default_suppressions()
+{
+    return "leak:/ld-linux";
+}
+
+const char* __lsan_default_options()
+{
+    return "print_suppressions=0";
+}
+
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the C library's headers name them __size.
 void* malloc(size_t theSize)
 {
     if (FailsNow()) {
@@ -84,6 +99,7 @@ void* realloc(void* theBlock, size_t theSize)
     return __interceptor_realloc != nullptr ? __interceptor_realloc(theBlock, theSize)
                                             : __libc_realloc(theBlock, theSize);
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 }
 
 // Both halves of the operators are replaced, because an allocation checker wants them to match.
