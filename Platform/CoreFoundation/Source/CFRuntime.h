@@ -16,6 +16,8 @@
 
 #include <atomic>
 #include <exception>
+#include <new>
+#include <utility>
 
 namespace Host {
 
@@ -127,6 +129,10 @@ public:
         : mReference(theReference)
     {
     }
+    Holder(Holder&& theOther) noexcept
+        : mReference(theOther.Release())
+    {
+    }
     ~Holder()
     {
         if (mReference != nullptr) {
@@ -135,12 +141,25 @@ public:
     }
     Holder(const Holder&) = delete;
     Holder& operator=(const Holder&) = delete;
+    Holder& operator=(Holder&&) = delete;
 
     Reference Get() const { return mReference; }
+    Reference Release() { return std::exchange(mReference, nullptr); }
+    void Swap(Holder& theOther) { std::swap(mReference, theOther.mReference); }
 
 private:
     Reference mReference; // owned; may be null
 };
+
+// The same for a new object, which is NULL when there was no memory for it: throws std::bad_alloc then.
+template <class Reference>
+Holder<Reference> RequireMemory(Reference theReference)
+{
+    if (theReference == nullptr) {
+        throw std::bad_alloc();
+    }
+    return Holder<Reference>(theReference);
+}
 
 } // namespace Host
 

@@ -76,6 +76,14 @@ double ParseInCLocale(const std::string& theText)
     return std::strtod(theText.c_str(), nullptr);
 }
 
+size_t NumberLength(const std::string& theText)
+{
+    const CLocaleScope theScope;
+    char* theEnd = nullptr;
+    std::strtod(theText.c_str(), &theEnd);
+    return static_cast<size_t>(theEnd - theText.c_str());
+}
+
 Text& Text::Append(const char* theText)
 {
     for (; *theText != '\0'; ++theText) {

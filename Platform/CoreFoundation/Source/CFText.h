@@ -80,6 +80,9 @@ CFStringRef CopyFormatText(CFTypeRef theObject);
 std::string FormatInCLocale(const char* theFormat, ...) __attribute__((format(printf, 1, 2)));
 double ParseInCLocale(const std::string& theText);
 
+// How long the number is that theText starts with, in bytes; 0 when there is none.
+size_t NumberLength(const std::string& theText);
+
 } // namespace Host
 
 #endif

@@ -1,0 +1,120 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "CFCalendar.h"
+
+#include "CFText.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr SInt64 kSecondsPerDay = 86400;
+
+// From the first day of the year 0 to that of 2001, in the Gregorian calendar.
+constexpr SInt64 kDaysTo2001 = 730851;
+
+struct Day
+{
+    int theYear;
+    int theMonth;
+    int theDay;
+};
+
+bool IsLeapYear(int theYear)
+{
+    return theYear % 4 == 0 && (theYear % 100 != 0 || theYear % 400 == 0);
+}
+
+int DaysInMonth(int theYear, int theMonth)
+{
+    static const int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    return theMonth == 2 && IsLeapYear(theYear) ? 29 : kDays[theMonth - 1];
+}
+
+// From the first day of the year 0.
+SInt64 DaysBeforeYear(int theYear)
+{
+    const int thePrevious = theYear - 1;
+    return theYear == 0 ? 0
+                        : SInt64{365} * theYear + thePrevious / 4 - thePrevious / 100 + thePrevious / 400 + 1;
+}
+
+SInt64 DaysBefore(const Day& theDay)
+{
+    SInt64 theDays = DaysBeforeYear(theDay.theYear) + theDay.theDay - 1;
+    for (int theMonth = 1; theMonth < theDay.theMonth; ++theMonth) {
+        theDays += DaysInMonth(theDay.theYear, theMonth);
+    }
+    return theDays;
+}
+
+Day DayAfter(SInt64 theDays)
+{
+    Day theDay = {static_cast<int>(theDays / 366), 1, 1};
+    while (DaysBeforeYear(theDay.theYear + 1) <= theDays) {
+        ++theDay.theYear;
+    }
+    theDays -= DaysBeforeYear(theDay.theYear);
+    while (theDays >= DaysInMonth(theDay.theYear, theDay.theMonth)) {
+        theDays -= DaysInMonth(theDay.theYear, theDay.theMonth);
+        ++theDay.theMonth;
+    }
+    theDay.theDay = static_cast<int>(theDays) + 1;
+    return theDay;
+}
+
+// The number in theCount digits from theStart on.
+int NumberAt(std::string_view theText, size_t theStart, size_t theCount)
+{
+    int theNumber = 0;
+    for (const char theDigit : theText.substr(theStart, theCount)) {
+        theNumber = theNumber * 10 + (theDigit - '0');
+    }
+    return theNumber;
+}
+
+// A '0' in the pattern stands for any digit.
+bool HasPattern(std::string_view theText, std::string_view thePattern)
+{
+    for (size_t theIndex = 0; theIndex < thePattern.size() && theIndex < theText.size(); ++theIndex) {
+        const bool theIsDigit = theText[theIndex] >= '0' && theText[theIndex] <= '9';
+        if (thePattern[theIndex] == '0' ? !theIsDigit : theText[theIndex] != thePattern[theIndex]) {
+            return false;
+        }
+    }
+    return theText.size() == thePattern.size();
+}
+
+} // namespace
+
+std::optional<CFAbsoluteTime> Host::ParseDate(std::string_view theText)
+{
+    if (!HasPattern(theText, "0000-00-00T00:00:00Z")) {
+        return std::nullopt;
+    }
+    const Day theDay = {NumberAt(theText, 0, 4), NumberAt(theText, 5, 2), NumberAt(theText, 8, 2)};
+    const int theHour = NumberAt(theText, 11, 2);
+    const int theMinute = NumberAt(theText, 14, 2);
+    const int theSecond = NumberAt(theText, 17, 2);
+    if (theDay.theMonth < 1 || theDay.theMonth > 12 || theDay.theDay < 1 ||
+        theDay.theDay > DaysInMonth(theDay.theYear, theDay.theMonth) || theHour > 23 || theMinute > 59 ||
+        theSecond > 59) {
+        return std::nullopt;
+    }
+    const SInt64 theDays = DaysBefore(theDay) - kDaysTo2001;
+    return static_cast<double>(theDays * kSecondsPerDay + theHour * 3600 + theMinute * 60 + theSecond);
+}
+
+std::optional<std::string> Host::DateText(CFAbsoluteTime theTime)
+{
+    const double theFirst = static_cast<double>(-kDaysTo2001 * kSecondsPerDay);
+    const double theEnd = static_cast<double>((DaysBeforeYear(10000) - kDaysTo2001) * kSecondsPerDay);
+    if (!(theTime >= theFirst && theTime < theEnd)) {
+        return std::nullopt;
+    }
+    const SInt64 theSeconds = static_cast<SInt64>(std::floor(theTime)) + kDaysTo2001 * kSecondsPerDay;
+    const Day theDay = DayAfter(theSeconds / kSecondsPerDay);
+    const int theRest = static_cast<int>(theSeconds % kSecondsPerDay);
+    return FormatInCLocale("%04d-%02d-%02dT%02d:%02d:%02dZ", theDay.theYear, theDay.theMonth, theDay.theDay,
+                           theRest / 3600, theRest / 60 % 60, theRest % 60);
+}

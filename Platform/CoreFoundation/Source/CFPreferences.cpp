@@ -1,0 +1,427 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include <CoreFoundation/CFPreferences.h>
+
+#include "CFPropertyListSupport.h"
+#include "CFStringObject.h"
+#include "PreferenceStore.h"
+#include "System/Files.h"
+
+#include <array>
+#include <CoreFoundation/CFNumber.h>
+#include <cstdio>
+#include <map>
+#include <mutex>
+
+namespace {
+
+using Host::Holder;
+using Values = Host::PreferenceStore::Values;
+
+// One domain as this process sees it.
+//
+// Values are what was loaded, with the changes on top. The changes wait to be written; a key that is to go
+// has kCFNull.
+class Domain
+{
+public:
+    // An empty name says that the domain can be kept nowhere: it holds values only as long as the process
+    // lasts.
+    explicit Domain(std::string&& theName)
+        : mName(std::move(theName))
+    {
+    }
+
+    CFDictionaryRef GetValues()
+    {
+        if (mValues.Get() == nullptr) {
+            Replace(mValues,
+                    mName.empty() ? NewDictionary() : Host::PreferenceStore::GetShared().Load(mName));
+        }
+        return mValues.Get();
+    }
+
+    // theValue is a copy that nobody else changes, or NULL. Throws std::bad_alloc before anything is changed.
+    void Set(CFStringRef theKey, CFPropertyListRef theValue)
+    {
+        const CFTypeRef theOldValue = CFDictionaryGetValue(GetValues(), theKey);
+        const bool theIsSame = theValue == nullptr ? theOldValue == nullptr
+                                                   : theOldValue != nullptr && CFEqual(theOldValue, theValue);
+        if (theIsSame) {
+            return;
+        }
+        if (mChanges.Get() == nullptr) {
+            Replace(mChanges, NewDictionary());
+        }
+        // What is seen and what will be written change together.
+        const auto theOwnKey = Host::RequireMemory(CFStringCreateCopy(nullptr, theKey));
+        const Holder<CFTypeRef> theOld(theOldValue == nullptr ? nullptr : CFRetain(theOldValue));
+        Put(mValues, theOwnKey.Get(), theValue);
+        try {
+            Put(mChanges, theOwnKey.Get(), theValue == nullptr ? kCFNull : theValue);
+        } catch (...) {
+            Put(mValues, theOwnKey.Get(), theOld.Get());
+            throw;
+        }
+    }
+
+    // Writes the changes; without changes, forgets the values, so that they are loaded again when they are
+    // asked for.
+    bool Synchronize()
+    {
+        if (mChanges.Get() == nullptr) {
+            if (!mName.empty()) {
+                Replace(mValues, Values(nullptr));
+            }
+            return true;
+        }
+        if (mName.empty()) {
+            return false;
+        }
+        Values theWritten = Host::PreferenceStore::GetShared().Save(mName, mChanges.Get());
+        if (theWritten.Get() == nullptr) {
+            return false;
+        }
+        Replace(mValues, std::move(theWritten));
+        Replace(mChanges, Values(nullptr));
+        return true;
+    }
+
+private:
+    static Values NewDictionary()
+    {
+        return Host::RequireMemory(CFDictionaryCreateMutable(nullptr, 0, &kCFTypeDictionaryKeyCallBacks,
+                                                             &kCFTypeDictionaryValueCallBacks));
+    }
+
+    // NULL takes the key away. Going back to an earlier value takes no memory.
+    static void Put(const Values& theValues, CFStringRef theKey, CFTypeRef theValue)
+    {
+        if (theValue == nullptr) {
+            CFDictionaryRemoveValue(theValues.Get(), theKey);
+            return;
+        }
+        CFDictionarySetValue(theValues.Get(), theKey, theValue);
+        if (CFDictionaryGetValue(theValues.Get(), theKey) != theValue) {
+            throw std::bad_alloc();
+        }
+    }
+
+    static void Replace(Values& theOld, Values&& theNew) { theOld.Swap(theNew); }
+
+    const std::string mName;
+    Values mValues{nullptr};  // null: to be loaded
+    Values mChanges{nullptr}; // null: none
+};
+
+// All domains that this process has used. Every function holds the lock while it runs.
+class Domains
+{
+public:
+    Domain& Find(CFStringRef theApplication, CFStringRef theUser, CFStringRef theHost)
+    {
+        const std::array<std::string, 3> theKey = {TextOf(theApplication), TextOf(theUser), TextOf(theHost)};
+        const auto theFound = mDomains.find(theKey);
+        return theFound != mDomains.end()
+                   ? theFound->second
+                   : mDomains.emplace(theKey, FileName(theApplication, theUser, theHost)).first->second;
+    }
+
+    bool SynchronizeAll()
+    {
+        bool theIsWhole = true;
+        for (auto& theDomain : mDomains) {
+            theIsWhole = theDomain.second.Synchronize() && theIsWhole;
+        }
+        return theIsWhole;
+    }
+
+    std::mutex& GetMutex() { return mMutex; }
+
+    static Domains& GetShared()
+    {
+        // Never destroyed: preferences are used until the process ends.
+        static Domains& gDomains = *new Domains;
+        return gDomains;
+    }
+
+private:
+    static std::string TextOf(CFStringRef theString)
+    {
+        const auto& theUnits = Host::Require(theString, Host::kStringType, "CFPreferences")->mUnits;
+        return std::string(reinterpret_cast<const char*>(theUnits.data()), theUnits.size() * sizeof(UniChar));
+    }
+
+    // The name of a file within the store; empty for domains that have none.
+    static std::string FileName(CFStringRef theApplication, CFStringRef theUser, CFStringRef theHost)
+    {
+        const std::string theName = ApplicationName(theApplication);
+        if (theName.empty() || !CFEqual(theUser, kCFPreferencesCurrentUser)) {
+            return std::string();
+        }
+        if (CFEqual(theHost, kCFPreferencesAnyHost)) {
+            return theName + ".plist";
+        }
+        return "ByHost/" + theName + "." + EscapeName(Host::HostName()) + ".plist";
+    }
+
+    static std::string ApplicationName(CFStringRef theApplication)
+    {
+        if (CFEqual(theApplication, kCFPreferencesAnyApplication)) {
+            return ".GlobalPreferences";
+        }
+        if (CFEqual(theApplication, kCFPreferencesCurrentApplication)) {
+            return EscapeName(Host::ProgramName());
+        }
+        return EscapeName(Host::UTF8Text(theApplication).value_or(""));
+    }
+
+    // No identifier leads out of the folder.
+    static std::string EscapeName(const std::string& theName)
+    {
+        std::string theResult;
+        for (const char theCharacter : theName) {
+            theResult += theCharacter == '/'   ? "%2F"
+                         : theCharacter == '%' ? "%25"
+                                               : std::string(1, theCharacter);
+        }
+        return theResult;
+    }
+
+    std::mutex mMutex;
+    std::map<std::array<std::string, 3>, Domain> mDomains;
+};
+
+// Runs theFunction with the domains while no other thread does.
+template <class Function>
+auto WithDomains(Function theFunction) -> decltype(theFunction(Domains::GetShared()))
+{
+    return Host::NothingWithoutMemory([&] {
+        Domains& theDomains = Domains::GetShared();
+        const std::lock_guard<std::mutex> theLock(theDomains.GetMutex());
+        return theFunction(theDomains);
+    });
+}
+
+CFPropertyListRef CopyFrom(Domain& theDomain, CFStringRef theKey)
+{
+    const CFTypeRef theValue = CFDictionaryGetValue(theDomain.GetValues(), theKey);
+    return theValue == nullptr ? nullptr : CFRetain(theValue);
+}
+
+void SetIn(Domain& theDomain, CFStringRef theKey, CFPropertyListRef theValue)
+{
+    const Holder<CFPropertyListRef> theCopy(
+        theValue == nullptr ? nullptr : Host::CopyPropertyList(theValue, Host::CopyOptions()));
+    const bool theIsKept =
+        (theValue == nullptr || theCopy.Get() != nullptr) && Host::UTF8Text(theKey).has_value();
+    if (!theIsKept) {
+        std::fputs("CFPreferences: a value that is no property list was not set\n", stderr);
+        return;
+    }
+    theDomain.Set(theKey, theCopy.Get());
+}
+
+void RequireString(CFStringRef theString, const char* theCaller)
+{
+    Host::Require(theString, Host::kStringType, theCaller);
+}
+
+bool IsWord(CFStringRef theString, CFStringRef theWord)
+{
+    return CFStringCompare(theString, theWord, kCFCompareCaseInsensitive) == kCFCompareEqualTo;
+}
+
+// What a value says when a boolean is asked for; false for the second when it says nothing.
+std::pair<bool, bool> BooleanOf(CFPropertyListRef theValue)
+{
+    if (CFGetTypeID(theValue) == CFBooleanGetTypeID()) {
+        return {theValue == kCFBooleanTrue, true};
+    }
+    if (CFGetTypeID(theValue) == CFNumberGetTypeID()) {
+        SInt64 theNumber = 0;
+        CFNumberGetValue(static_cast<CFNumberRef>(theValue), kCFNumberSInt64Type, &theNumber);
+        return {theNumber != 0, !CFNumberIsFloatType(static_cast<CFNumberRef>(theValue))};
+    }
+    if (CFGetTypeID(theValue) != CFStringGetTypeID()) {
+        return {false, false};
+    }
+    const CFStringRef theWord = static_cast<CFStringRef>(theValue);
+    const bool theIsTrue = IsWord(theWord, CFSTR("true")) || IsWord(theWord, CFSTR("yes"));
+    return {theIsTrue, theIsTrue || IsWord(theWord, CFSTR("false")) || IsWord(theWord, CFSTR("no"))};
+}
+
+// The value of a text that is an integer as a whole, with white space before it at most.
+std::pair<CFIndex, bool> IntegerOf(CFStringRef theString)
+{
+    std::string theText = Host::UTF8Text(theString).value_or("");
+    theText.erase(0, theText.find_first_not_of(" \t\n\r"));
+    const bool theHasSign = !theText.empty() && (theText[0] == '-' || theText[0] == '+');
+    const std::string theDigits = theText.substr(theHasSign ? 1 : 0);
+    if (theDigits.empty() || theDigits.find_first_not_of("0123456789") != std::string::npos) {
+        return {0, false};
+    }
+    CFIndex theValue = 0;
+    for (const char theDigit : theDigits) {
+        const CFIndex theStep = theText[0] == '-' ? '0' - theDigit : theDigit - '0';
+        if (__builtin_mul_overflow(theValue, CFIndex{10}, &theValue) ||
+            __builtin_add_overflow(theValue, theStep, &theValue)) {
+            return {0, false};
+        }
+    }
+    return {theValue, true};
+}
+
+std::pair<CFIndex, bool> IntegerOf(CFPropertyListRef theValue)
+{
+    if (CFGetTypeID(theValue) == CFNumberGetTypeID() &&
+        !CFNumberIsFloatType(static_cast<CFNumberRef>(theValue))) {
+        CFIndex theNumber = 0;
+        CFNumberGetValue(static_cast<CFNumberRef>(theValue), kCFNumberCFIndexType, &theNumber);
+        return {theNumber, true};
+    }
+    return CFGetTypeID(theValue) == CFStringGetTypeID() ? IntegerOf(static_cast<CFStringRef>(theValue))
+                                                        : std::pair<CFIndex, bool>(0, false);
+}
+
+// An application's value as theConvert sees it; nothing for an absent one.
+template <class Result, class Convert>
+Result GetAppValue(CFStringRef theKey, CFStringRef theApplication, Boolean* theIsValid, Convert theConvert)
+{
+    const Holder<CFPropertyListRef> theValue(CFPreferencesCopyAppValue(theKey, theApplication));
+    const std::pair<Result, bool> theResult = theValue.Get() == nullptr
+                                                  ? std::pair<Result, bool>()
+                                                  : std::pair<Result, bool>(theConvert(theValue.Get()));
+    if (theIsValid != nullptr) {
+        *theIsValid = theResult.second;
+    }
+    return theResult.first;
+}
+
+CFDictionaryRef CopySome(CFDictionaryRef theValues, CFArrayRef theKeys)
+{
+    auto theResult = Host::RequireMemory(CFDictionaryCreateMutable(nullptr, 0, &kCFTypeDictionaryKeyCallBacks,
+                                                                   &kCFTypeDictionaryValueCallBacks));
+    for (CFIndex theIndex = 0; theIndex < CFArrayGetCount(theKeys); ++theIndex) {
+        const void* const theKey = CFArrayGetValueAtIndex(theKeys, theIndex);
+        const void* theValue = nullptr;
+        if (CFDictionaryGetValueIfPresent(theValues, theKey, &theValue)) {
+            CFDictionarySetValue(theResult.Get(), theKey, theValue);
+        }
+    }
+    return theResult.Release();
+}
+
+} // namespace
+
+const CFStringRef kCFPreferencesAnyApplication = CFSTR("kCFPreferencesAnyApplication");
+const CFStringRef kCFPreferencesCurrentApplication = CFSTR("kCFPreferencesCurrentApplication");
+const CFStringRef kCFPreferencesAnyHost = CFSTR("kCFPreferencesAnyHost");
+const CFStringRef kCFPreferencesCurrentHost = CFSTR("kCFPreferencesCurrentHost");
+const CFStringRef kCFPreferencesAnyUser = CFSTR("kCFPreferencesAnyUser");
+const CFStringRef kCFPreferencesCurrentUser = CFSTR("kCFPreferencesCurrentUser");
+
+// An application's values
+
+CFPropertyListRef CFPreferencesCopyAppValue(CFStringRef theKey, CFStringRef theApplication)
+{
+    RequireString(theKey, __func__);
+    RequireString(theApplication, __func__);
+    return WithDomains([=](Domains& theDomains) {
+        for (const CFStringRef theOwner : {theApplication, kCFPreferencesAnyApplication}) {
+            for (const CFStringRef theHost : {kCFPreferencesCurrentHost, kCFPreferencesAnyHost}) {
+                Domain& theDomain = theDomains.Find(theOwner, kCFPreferencesCurrentUser, theHost);
+                const CFPropertyListRef theValue = CopyFrom(theDomain, theKey);
+                if (theValue != nullptr) {
+                    return theValue;
+                }
+            }
+        }
+        return CFPropertyListRef{nullptr};
+    });
+}
+
+void CFPreferencesSetAppValue(CFStringRef theKey, CFPropertyListRef theValue, CFStringRef theApplication)
+{
+    CFPreferencesSetValue(theKey, theValue, theApplication, kCFPreferencesCurrentUser, kCFPreferencesAnyHost);
+}
+
+Boolean CFPreferencesAppSynchronize(CFStringRef theApplication)
+{
+    RequireString(theApplication, __func__);
+    return WithDomains([](Domains& theDomains) { return theDomains.SynchronizeAll(); });
+}
+
+Boolean CFPreferencesGetAppBooleanValue(CFStringRef theKey, CFStringRef theApplication, Boolean* theIsValid)
+{
+    return GetAppValue<bool>(theKey, theApplication, theIsValid, BooleanOf);
+}
+
+CFIndex CFPreferencesGetAppIntegerValue(CFStringRef theKey, CFStringRef theApplication, Boolean* theIsValid)
+{
+    return GetAppValue<CFIndex>(theKey, theApplication, theIsValid,
+                                [](CFPropertyListRef theValue) { return IntegerOf(theValue); });
+}
+
+// One domain's values
+
+CFPropertyListRef CFPreferencesCopyValue(CFStringRef theKey, CFStringRef theApplication, CFStringRef theUser,
+                                         CFStringRef theHost)
+{
+    RequireString(theKey, __func__);
+    return WithDomains([=](Domains& theDomains) {
+        return CopyFrom(theDomains.Find(theApplication, theUser, theHost), theKey);
+    });
+}
+
+void CFPreferencesSetValue(CFStringRef theKey, CFPropertyListRef theValue, CFStringRef theApplication,
+                           CFStringRef theUser, CFStringRef theHost)
+{
+    RequireString(theKey, __func__);
+    WithDomains([=](Domains& theDomains) {
+        SetIn(theDomains.Find(theApplication, theUser, theHost), theKey, theValue);
+    });
+}
+
+CFDictionaryRef CFPreferencesCopyMultiple(CFArrayRef theKeys, CFStringRef theApplication, CFStringRef theUser,
+                                          CFStringRef theHost)
+{
+    return WithDomains([=](Domains& theDomains) {
+        const CFDictionaryRef theValues = theDomains.Find(theApplication, theUser, theHost).GetValues();
+        return theKeys == nullptr ? CFDictionaryCreateCopy(nullptr, theValues) : CopySome(theValues, theKeys);
+    });
+}
+
+void CFPreferencesSetMultiple(CFDictionaryRef theSet, CFArrayRef theRemoved, CFStringRef theApplication,
+                              CFStringRef theUser, CFStringRef theHost)
+{
+    WithDomains([=](Domains& theDomains) {
+        Domain& theDomain = theDomains.Find(theApplication, theUser, theHost);
+        if (theSet != nullptr) {
+            for (const CFStringRef theKey : Host::SortedKeys(theSet)) {
+                SetIn(theDomain, theKey, CFDictionaryGetValue(theSet, theKey));
+            }
+        }
+        for (CFIndex theIndex = 0; theRemoved != nullptr && theIndex < CFArrayGetCount(theRemoved);
+             ++theIndex) {
+            SetIn(theDomain, static_cast<CFStringRef>(CFArrayGetValueAtIndex(theRemoved, theIndex)), nullptr);
+        }
+    });
+}
+
+Boolean CFPreferencesSynchronize(CFStringRef theApplication, CFStringRef theUser, CFStringRef theHost)
+{
+    return WithDomains(
+        [=](Domains& theDomains) { return theDomains.Find(theApplication, theUser, theHost).Synchronize(); });
+}
+
+CFArrayRef CFPreferencesCopyKeyList(CFStringRef theApplication, CFStringRef theUser, CFStringRef theHost)
+{
+    return WithDomains([=](Domains& theDomains) -> CFArrayRef {
+        const CFDictionaryRef theValues = theDomains.Find(theApplication, theUser, theHost).GetValues();
+        std::vector<CFStringRef> theKeys = Host::SortedKeys(theValues);
+        return theKeys.empty() ? nullptr
+                               : CFArrayCreate(nullptr, reinterpret_cast<const void**>(theKeys.data()),
+                                               static_cast<CFIndex>(theKeys.size()), &kCFTypeArrayCallBacks);
+    });
+}
