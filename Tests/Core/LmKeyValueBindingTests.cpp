@@ -395,6 +395,12 @@ TEST(LmKeyValueBinding, EmptyKeysAreReportedAndBoundAllTheSame)
     EXPECT_EQ(StandardErrorCapture::TakeDiagnostics().front(), Diagnostic(kBinding, "boundKey.IsNotEmpty()"));
 }
 
+TEST(LmKeyValueBindingDeathTest, AMissingObjectIsReportedBeforeTheCallFails)
+{
+    OpenBinding theA;
+    EXPECT_DEATH(theA.CreateBinding("a", false, nullptr, "b", nullptr, nullptr), "boundTo != NULL");
+}
+
 // ---- Following changes
 
 TEST(LmKeyValueBinding, OfTwoKeysBoundToTheSameOnlyTheFirstFollowsOnPurpose)
