@@ -5,6 +5,7 @@
 #include "EventLoopTimers.h"
 #include "EventQueue.h"
 #include "Internal/Menus.h"
+#include "Internal/NeverDestroyed.h"
 #include "Internal/OutgoingEvent.h"
 #include "Internal/System/Clock.h"
 
@@ -36,8 +37,8 @@ struct WaitState
 
 WaitState& TheWaitState()
 {
-    static WaitState& sState = *new WaitState;
-    return sState;
+    static NeverDestroyed<WaitState> sState;
+    return sState.Get();
 }
 
 // Names the presenter that is waited in, so that another thread can wake it. Waits may nest: a handler of

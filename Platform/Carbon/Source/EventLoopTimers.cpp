@@ -4,6 +4,7 @@
 
 #include "EventLoop.h"
 #include "Internal/Guarded.h"
+#include "Internal/NeverDestroyed.h"
 #include "Internal/ReferenceTable.h"
 #include "Internal/System/Clock.h"
 
@@ -33,15 +34,15 @@ using TimerTable = ReferenceTable<EventLoopTimerRef, 12, Timer>;
 
 TimerTable& Table()
 {
-    static TimerTable& sTable = *new TimerTable;
-    return sTable;
+    static NeverDestroyed<TimerTable> sTable;
+    return sTable.Get();
 }
 
 // In the order in which they were installed.
 std::vector<SharedTimer>& Timers()
 {
-    static std::vector<SharedTimer>& sTimers = *new std::vector<SharedTimer>;
-    return sTimers;
+    static NeverDestroyed<std::vector<SharedTimer>> sTimers;
+    return sTimers.Get();
 }
 
 bool IsDue(const Timer& theTimer, double theNow)

@@ -12,6 +12,7 @@
 #include "EventManager.h"
 #include "EventManagerParameters.h"
 #include "Internal/Guarded.h"
+#include "Internal/NeverDestroyed.h"
 #include "Internal/ReferenceTable.h"
 #include "Internal/System/Clock.h"
 
@@ -62,8 +63,8 @@ using EventTable = ReferenceTable<EventRef, 8, Event>;
 // Never destroyed: events may still be released while the program ends.
 EventTable& Events()
 {
-    static EventTable& sEvents = *new EventTable;
-    return sEvents;
+    static NeverDestroyed<EventTable> sEvents;
+    return sEvents.Get();
 }
 
 SharedEvent FindEvent(EventRef theReference)

@@ -5,6 +5,7 @@
 #include "EventLoop.h"
 #include "EventManager.h"
 #include "Internal/Guarded.h"
+#include "Internal/NeverDestroyed.h"
 
 #include <algorithm>
 #include <mutex>
@@ -142,8 +143,8 @@ std::vector<EventRef> EventQueue::Copy() const
 // Never destroyed: another thread may still post while the program ends.
 EventQueue& MainQueue()
 {
-    static EventQueue& sQueue = *new EventQueue;
-    return sQueue;
+    static NeverDestroyed<EventQueue> sQueue;
+    return sQueue.Get();
 }
 
 bool IsMainQueue(EventQueueRef theQueue)

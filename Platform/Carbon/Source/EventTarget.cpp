@@ -3,6 +3,7 @@
 #include "EventTarget.h"
 
 #include "Internal/Guarded.h"
+#include "Internal/NeverDestroyed.h"
 #include "Internal/ReferenceTable.h"
 
 #include <algorithm>
@@ -18,14 +19,14 @@ using HandlerTable = ReferenceTable<EventHandlerRef, 4, EventHandler>;
 // Never destroyed: objects with targets may still be disposed while the program ends.
 TargetTable& Targets()
 {
-    static TargetTable& sTargets = *new TargetTable;
-    return sTargets;
+    static NeverDestroyed<TargetTable> sTargets;
+    return sTargets.Get();
 }
 
 HandlerTable& Handlers()
 {
-    static HandlerTable& sHandlers = *new HandlerTable;
-    return sHandlers;
+    static NeverDestroyed<HandlerTable> sHandlers;
+    return sHandlers.Get();
 }
 
 bool IsList(ItemCount theCount, const EventTypeSpec* theTypes)

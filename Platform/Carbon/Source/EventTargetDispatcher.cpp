@@ -5,6 +5,7 @@
 #include "EventLoop.h"
 #include "EventManager.h"
 #include "EventTarget.h"
+#include "Internal/Guarded.h"
 #include "Internal/OutgoingEvent.h"
 
 #include <vector>
@@ -62,7 +63,11 @@ OSStatus HandleKeyboardEvent(EventRef theEvent, UInt32 theKind)
     if ((theKind != kEventRawKeyDown && theKind != kEventRawKeyRepeat) || (theModifiers & cmdKey) != 0) {
         return eventNotHandledErr;
     }
-    const std::vector<UniChar> theText = TextOfKey(theEvent);
+    std::vector<UniChar> theText;
+    Guarded([&] {
+        theText = TextOfKey(theEvent);
+        return noErr;
+    });
     const OutgoingEvent theTextEvent(kEventClassTextInput, kEventTextInputUnicodeForKeyEvent);
     SetEventParameter(theTextEvent.Get(), kEventParamTextInputSendText, typeUnicodeText,
                       theText.size() * sizeof(UniChar), theText.data());
@@ -145,6 +150,18 @@ OSStatus DispatchByClass(EventRef theEvent)
     return SendEventToEventTarget(theEvent, theTarget == nullptr ? GetApplicationEventTarget() : theTarget);
 }
 
+// A target that lives as long as the program; null as long as there is no memory for it.
+EventTargetRef MadeOnce(EventTargetRef* theTarget, OSStatus (*theDefault)(EventRef))
+{
+    if (*theTarget == nullptr) {
+        Guarded([&] {
+            *theTarget = NewEventTarget({nullptr, theDefault});
+            return noErr;
+        });
+    }
+    return *theTarget;
+}
+
 } // namespace
 
 void SetUserFocusFinder(UserFocusFinder theFinder)
@@ -168,14 +185,14 @@ using namespace Host;
 
 EventTargetRef GetApplicationEventTarget(void)
 {
-    static const EventTargetRef sTarget = NewEventTarget({nullptr, HandleByApplication});
-    return sTarget;
+    static EventTargetRef sTarget = nullptr;
+    return MadeOnce(&sTarget, HandleByApplication);
 }
 
 EventTargetRef GetEventDispatcherTarget(void)
 {
-    static const EventTargetRef sTarget = NewEventTarget({nullptr, DispatchByClass});
-    return sTarget;
+    static EventTargetRef sTarget = nullptr;
+    return MadeOnce(&sTarget, DispatchByClass);
 }
 
 EventTargetRef GetUserFocusEventTarget(void)

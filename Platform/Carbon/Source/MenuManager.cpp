@@ -6,6 +6,7 @@
 
 #include "Internal/EventTargets.h"
 #include "Internal/Guarded.h"
+#include "Internal/NeverDestroyed.h"
 #include "Internal/OutgoingEvent.h"
 #include "Internal/Text.h"
 
@@ -21,8 +22,8 @@ using MenuTable = HandleTable<MenuRef, Menu>;
 // Never destroyed: menus may still be released while the program ends.
 MenuTable& Menus()
 {
-    static MenuTable& sMenus = *new MenuTable;
-    return sMenus;
+    static NeverDestroyed<MenuTable> sMenus;
+    return sMenus.Get();
 }
 
 // The bar's menu, and the menus that were inserted as submenus.
@@ -34,8 +35,8 @@ struct MenuBar
 
 MenuBar& TheMenuBar()
 {
-    static MenuBar& sBar = *new MenuBar;
-    return sBar;
+    static NeverDestroyed<MenuBar> sBar;
+    return sBar.Get();
 }
 
 // --- The end of menus -------------------------------------------------------------------------------
@@ -45,8 +46,8 @@ MenuBar& TheMenuBar()
 // deep menus hold menus.
 SharedMenu& EndingMenus()
 {
-    static SharedMenu& sEnding = *new SharedMenu;
-    return sEnding;
+    static NeverDestroyed<SharedMenu> sEnding;
+    return sEnding.Get();
 }
 
 bool gIsEndingMenus = false;

@@ -5,6 +5,7 @@
 #include "Menu.h"
 
 #include "Internal/Menus.h"
+#include "Internal/NeverDestroyed.h"
 #include "Internal/OutgoingEvent.h"
 
 #include <algorithm>
@@ -28,8 +29,8 @@ struct Session
 
 Session& TheSession()
 {
-    static Session& sSession = *new Session;
-    return sSession;
+    static NeverDestroyed<Session> sSession;
+    return sSession.Get();
 }
 
 bool IsIn(const std::vector<MenuRef>& theMenus, MenuRef theMenu)

@@ -102,6 +102,8 @@ TEST(EventMemory, AConversionIsMadeOrNot)
 
 TEST(EventMemory, AHandlerIsInstalledOrNot)
 {
+    // The target is made when it is first asked for.
+    ASSERT_NE(GetApplicationEventTarget(), nullptr);
     FailEach([](AllocationFailures& theFailures) {
         int theCount = 0;
         EventHandlerRef theHandler = nullptr;
@@ -118,6 +120,7 @@ TEST(EventMemory, AHandlerIsInstalledOrNot)
 
 TEST(EventMemory, TypesAreAddedOrNot)
 {
+    ASSERT_NE(GetApplicationEventTarget(), nullptr);
     FailEach([](AllocationFailures& theFailures) {
         int theCount = 0;
         EventHandlerRef theHandler = nullptr;

@@ -1,5 +1,6 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
+#include "Internal/NeverDestroyed.h"
 #include "Internal/System/Clock.h"
 
 #include <algorithm>
@@ -53,8 +54,8 @@ private:
 // Never destroyed: another thread may still wake it while the program ends.
 SystemClock& TheSystemClock()
 {
-    static SystemClock& sClock = *new SystemClock;
-    return sClock;
+    static NeverDestroyed<SystemClock> sClock;
+    return sClock.Get();
 }
 
 // Other threads read it to wake the loop.
