@@ -89,10 +89,13 @@ private:
     std::string mLocale;
 };
 
-// Qt's own static objects are destroyed after this; the application object must not outlive them.
-void EndApplication()
+// While the program ends, Qt has lost what it keeps for the thread, and nothing of it can be used. The
+// application object itself cannot even be destroyed.
+bool gIsEnding = false;
+
+void NoteEnd()
 {
-    delete QCoreApplication::instance();
+    gIsEnding = true;
 }
 
 void MakeApplication()
@@ -105,13 +108,16 @@ void MakeApplication()
     gIsStarting = true;
     new QApplication(sCount, sArguments);
     gIsStarting = false;
-    std::atexit(EndApplication);
+    std::atexit(NoteEnd);
 }
 
 } // namespace
 
 bool PrepareQtApplication()
 {
+    if (gIsEnding) {
+        return false;
+    }
     if (QCoreApplication::instance() == nullptr) {
         if (!HasDisplay()) {
             std::fputs("There is no display: neither DISPLAY nor WAYLAND_DISPLAY leads to one.\n", stderr);
@@ -126,7 +132,7 @@ bool PrepareQtApplication()
 
 bool HasQtApplication()
 {
-    return QCoreApplication::instance() != nullptr;
+    return QCoreApplication::instance() != nullptr && !gIsEnding;
 }
 
 } // namespace Host

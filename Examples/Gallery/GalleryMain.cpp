@@ -1,0 +1,189 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+// A window with every kind of control. Everything that shows a number shows the same one, and the check box
+// at the bottom enables and disables all the rest: each control is bound to the two keys of one model.
+
+#include "LmControlBinding.h"
+#include "LmStringTransforms.h"
+
+#include <Carbon/Carbon.h>
+
+namespace {
+
+const char* const kLevel = "level";
+const char* const kEnabled = "enabled";
+
+const Rect kWindowPlace = {100, 100, 430, 560};
+
+using Model = LmKeyValueBinding;
+
+class Gallery
+{
+public:
+    Gallery();
+
+    WindowRef Window() const { return mWindow; }
+
+private:
+    // Deletes itself together with the control.
+    LmControlBinding* Bind(ControlRef theControl);
+    void BindLevel(ControlRef theControl)
+    {
+        Bind(theControl)->Bind("value", &mModel, kLevel, nullptr, nullptr);
+    }
+    void ShowLevel(ControlRef theControl) { Bind(theControl)->BindTo("value", &mModel, kLevel, nullptr); }
+
+    void AddTexts();
+    void AddButtons();
+    void AddRanges();
+    void AddGroup();
+    void AddSwitch();
+
+    Model mModel;
+    WindowRef mWindow = nullptr;
+};
+
+Gallery::Gallery()
+{
+    mModel.SetKeyPathValue(kLevel, LmValue(40UL));
+    mModel.SetKeyPathValue(kEnabled, LmValue(true));
+    CreateNewWindow(kDocumentWindowClass, kWindowStandardDocumentAttributes | kWindowStandardHandlerAttribute,
+                    &kWindowPlace, &mWindow);
+    SetWindowTitleWithCFString(mWindow, CFSTR("Gallery"));
+    ControlRef theRoot = nullptr;
+    CreateRootControl(mWindow, &theRoot);
+    AddTexts();
+    AddButtons();
+    AddRanges();
+    AddGroup();
+    AddSwitch();
+}
+
+LmControlBinding* Gallery::Bind(ControlRef theControl)
+{
+    auto* theBinding = new LmControlBinding(theControl);
+    theBinding->BindTo("enabled", &mModel, kEnabled, nullptr);
+    return theBinding;
+}
+
+void Gallery::AddTexts()
+{
+    const Rect theLabelPlace = {20, 20, 36, 90};
+    const Rect theFieldPlace = {20, 100, 36, 220};
+    const Rect thePasswordPlace = {50, 100, 66, 220};
+    const Rect theSecretPlace = {50, 20, 66, 90};
+    const Rect theNotesPlace = {20, 250, 84, 440};
+    ControlRef theControl = nullptr;
+    CreateStaticTextControl(mWindow, &theLabelPlace, CFSTR("Name:"), nullptr, &theControl);
+    Bind(theControl);
+    CreateEditUnicodeTextControl(mWindow, &theFieldPlace, CFSTR("Kitchen"), false, nullptr, &theControl);
+    Bind(theControl);
+    CreateStaticTextControl(mWindow, &theSecretPlace, CFSTR("Secret:"), nullptr, &theControl);
+    Bind(theControl);
+    CreateEditUnicodeTextControl(mWindow, &thePasswordPlace, CFSTR("sesame"), true, nullptr, &theControl);
+    Bind(theControl);
+    CreateEditUnicodeTextControl(mWindow, &theNotesPlace,
+                                 CFSTR("A field that is high enough has several lines."), false, nullptr,
+                                 &theControl);
+    Bind(theControl);
+}
+
+void Gallery::AddButtons()
+{
+    const Rect theCancelPlace = {290, 270, 310, 350};
+    const Rect theDefaultPlace = {290, 362, 310, 442};
+    const Boolean theIsSo = true;
+    ControlRef theControl = nullptr;
+    CreatePushButtonControl(mWindow, &theCancelPlace, CFSTR("Cancel"), &theControl);
+    SetControlData(theControl, kControlEntireControl, kControlPushButtonCancelTag, sizeof theIsSo, &theIsSo);
+    Bind(theControl);
+    CreatePushButtonControl(mWindow, &theDefaultPlace, CFSTR("OK"), &theControl);
+    SetControlData(theControl, kControlEntireControl, kControlPushButtonDefaultTag, sizeof theIsSo, &theIsSo);
+    Bind(theControl);
+}
+
+void Gallery::AddRanges()
+{
+    const Rect theSliderPlace = {100, 20, 120, 180};
+    const Rect theTicksPlace = {132, 20, 160, 180};
+    const Rect theNumberPlace = {100, 192, 116, 222};
+    const Rect theArrowsPlace = {97, 224, 119, 238};
+    const Rect theBarPlace = {172, 20, 188, 222};
+    const Rect theBusyPlace = {200, 20, 216, 222};
+    const Rect theScrollPlace = {228, 20, 244, 222};
+    const Rect theUprightPlace = {100, 424, 270, 440};
+    const Rect theHighSliderPlace = {100, 390, 270, 412};
+    ControlRef theControl = nullptr;
+    CreateSliderControl(mWindow, &theSliderPlace, 0, 0, 100, kControlSliderDoesNotPoint, 0, true, nullptr,
+                        &theControl);
+    BindLevel(theControl);
+    CreateSliderControl(mWindow, &theTicksPlace, 0, 0, 100, kControlSliderPointsDownOrRight, 11, true,
+                        nullptr, &theControl);
+    BindLevel(theControl);
+    CreateStaticTextControl(mWindow, &theNumberPlace, nullptr, nullptr, &theControl);
+    Bind(theControl)->BindTo("value", &mModel, kLevel, new LmToStringTransform);
+    CreateLittleArrowsControl(mWindow, &theArrowsPlace, 0, 0, 100, 1, &theControl);
+    BindLevel(theControl);
+    CreateProgressBarControl(mWindow, &theBarPlace, 0, 0, 100, false, &theControl);
+    ShowLevel(theControl);
+    CreateProgressBarControl(mWindow, &theBusyPlace, 0, 0, 100, true, &theControl);
+    Bind(theControl);
+    CreateScrollBarControl(mWindow, &theScrollPlace, 0, 0, 100, 20, true, nullptr, &theControl);
+    BindLevel(theControl);
+    CreateScrollBarControl(mWindow, &theUprightPlace, 0, 0, 100, 20, true, nullptr, &theControl);
+    BindLevel(theControl);
+    CreateSliderControl(mWindow, &theHighSliderPlace, 0, 0, 100, kControlSliderDoesNotPoint, 0, true, nullptr,
+                        &theControl);
+    BindLevel(theControl);
+}
+
+void Gallery::AddGroup()
+{
+    const Rect theGroupPlace = {96, 250, 262, 374};
+    const Rect thePlaces[] = {{120, 264, 138, 364},
+                              {142, 264, 160, 364},
+                              {164, 264, 182, 364},
+                              {194, 264, 212, 364},
+                              {216, 264, 234, 364}};
+    ControlRef theGroup = nullptr;
+    ControlRef theControl = nullptr;
+    CreateGroupBoxControl(mWindow, &theGroupPlace, CFSTR("Choices"), true, &theGroup);
+    Bind(theGroup);
+    CreateCheckBoxControl(mWindow, &thePlaces[0], CFSTR("Off"), 0, true, &theControl);
+    Bind(theControl);
+    CreateCheckBoxControl(mWindow, &thePlaces[1], CFSTR("On"), 1, true, &theControl);
+    Bind(theControl);
+    CreateCheckBoxControl(mWindow, &thePlaces[2], CFSTR("Mixed"), 2, true, &theControl);
+    Bind(theControl);
+    CreateRadioButtonControl(mWindow, &thePlaces[3], CFSTR("This"), 1, true, &theControl);
+    Bind(theControl);
+    CreateRadioButtonControl(mWindow, &thePlaces[4], CFSTR("That"), 0, true, &theControl);
+    Bind(theControl);
+}
+
+void Gallery::AddSwitch()
+{
+    const Rect thePlace = {291, 20, 309, 220};
+    ControlRef theControl = nullptr;
+    CreateCheckBoxControl(mWindow, &thePlace, CFSTR("Enable everything"), 1, true, &theControl);
+    (new LmControlBinding(theControl))->Bind("value", &mModel, kEnabled, nullptr, nullptr);
+}
+
+OSStatus EndWithWindow(EventHandlerCallRef, EventRef, void*)
+{
+    QuitApplicationEventLoop();
+    return eventNotHandledErr;
+}
+
+} // namespace
+
+int main()
+{
+    Gallery theGallery;
+    const EventTypeSpec theClosing = {kEventClassWindow, kEventWindowClosed};
+    InstallWindowEventHandler(theGallery.Window(), NewEventHandlerUPP(EndWithWindow), 1, &theClosing, nullptr,
+                              nullptr);
+    ShowWindow(theGallery.Window());
+    RunApplicationEventLoop();
+    return 0;
+}
