@@ -5,6 +5,7 @@
 #include "EventTestSupport.h"
 
 #include <gtest/gtest.h>
+#include <Presentation/PresenterRegistry.h>
 #include <Simulation/VirtualClock.h>
 
 namespace {
@@ -249,6 +250,14 @@ TEST_F(EventDispatcher, OtherEventsAreNotTheCurrentOne)
     const TestEvent theEvent;
     SendEventToEventTarget(theEvent.Get(), GetEventDispatcherTarget());
     EXPECT_EQ(theSeen, nullptr);
+}
+
+TEST_F(EventDispatcher, TheModifiersOfThisMomentAreThoseThatThePresenterReports)
+{
+    Host::PresenterRegistry::Events().ModifiersChanged(shiftKey);
+    EXPECT_EQ(GetCurrentKeyModifiers(), UInt32(shiftKey));
+    Host::PresenterRegistry::Events().ModifiersChanged(0);
+    EXPECT_EQ(GetCurrentKeyModifiers(), 0u);
 }
 
 // --- Commands ---------------------------------------------------------------------------------------

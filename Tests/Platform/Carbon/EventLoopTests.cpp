@@ -416,6 +416,130 @@ TEST_F(EventLoop, QuittingTheEventLoopEndsTheApplicationsLoop)
     EXPECT_EQ(mClock.Now(), 1001);
 }
 
+// --- The presenter ----------------------------------------------------------------------------------
+
+namespace {
+
+// A presenter that notes when it is given its turn, and lets the test report something then.
+class TurnPresenter : public Host::Presenter
+{
+public:
+    explicit TurnPresenter(std::function<void()> theAction)
+        : mAction(std::move(theAction))
+    {
+    }
+
+    bool WaitUntil(double theDeadline, double theNow) override
+    {
+        EXPECT_LE(theDeadline, theNow) << "time passes by the virtual clock alone";
+        mAction();
+        return false;
+    }
+
+private:
+    std::function<void()> mAction;
+};
+
+class PresenterTurn : public EventLoop
+{
+protected:
+    void Use(std::function<void()> theAction)
+    {
+        ASSERT_TRUE(Host::PresenterRegistry::Use(std::make_unique<TurnPresenter>(std::move(theAction))));
+    }
+    ~PresenterTurn() override { Host::PresenterRegistry::Use(std::make_unique<Host::Presenter>()); }
+};
+
+} // namespace
+
+TEST_F(PresenterTurn, ComesBeforeEachEventThatIsTaken)
+{
+    Use([this] { mLog.push_back("turn"); });
+    const TestHandler theHandler(GetApplicationEventTarget(), "event", mLog,
+                                 [](EventHandlerCallRef, EventRef theEvent) {
+                                     if (GetEventKind(theEvent) == 2) {
+                                         QuitApplicationEventLoop();
+                                     }
+                                     return OSStatus(noErr);
+                                 },
+                                 {kTestEvent, kOtherTestEvent});
+    Post(1);
+    Post(2);
+    RunApplicationEventLoop();
+    EXPECT_EQ(mLog, (Log{"turn", "event", "turn", "event"}));
+}
+
+TEST_F(PresenterTurn, ComesEvenWhenThereIsNoTimeToWait)
+{
+    Use([this] { mLog.push_back("turn"); });
+    RunCurrentEventLoop(kEventDurationNoWait);
+    EXPECT_EQ(mLog, Log{"turn"});
+}
+
+TEST_F(PresenterTurn, MayQuitTheLoopOrPostWhatItWaitsFor)
+{
+    Use([] { QuitEventLoop(GetMainEventLoop()); });
+    EXPECT_EQ(RunCurrentEventLoop(kEventDurationForever), eventLoopQuitErr);
+    Use([] { Post(1); });
+    EventRef theEvent = nullptr;
+    EXPECT_EQ(ReceiveNextEvent(0, nullptr, kEventDurationForever, kEventRemoveFromQueue, &theEvent), noErr);
+    ReleaseEvent(theEvent);
+}
+
+TEST_F(PresenterTurn, MayRunTheLoopItself)
+{
+    int theDepth = 0;
+    Use([&] {
+        if (++theDepth == 1) {
+            EXPECT_EQ(RunCurrentEventLoop(2), eventLoopTimedOutErr);
+        }
+    });
+    EXPECT_EQ(RunCurrentEventLoop(5), eventLoopTimedOutErr);
+    EXPECT_EQ(mClock.Now(), 1005);
+}
+
+TEST(SystemEventLoop, APresenterThatWaitsIsWokenByAnotherThread)
+{
+    FlushEventQueue(GetMainEventQueue());
+    class WaitingPresenter : public Host::Presenter
+    {
+    public:
+        bool WaitUntil(double theDeadline, double theNow) override
+        {
+            if (theDeadline >= 0 && theDeadline <= theNow) {
+                return false;
+            }
+            // Posted from here on, so that the wait has begun.
+            std::thread thePoster([] {
+                const TestEvent theEvent(1);
+                PostEventToQueue(GetMainEventQueue(), theEvent.Get(), kEventPriorityStandard);
+            });
+            std::unique_lock<std::mutex> theLock(mMutex);
+            mCondition.wait(theLock, [this] { return mIsWoken; });
+            theLock.unlock();
+            thePoster.join();
+            return true;
+        }
+        void Wake() override
+        {
+            const std::lock_guard<std::mutex> theLock(mMutex);
+            mIsWoken = true;
+            mCondition.notify_one();
+        }
+
+    private:
+        std::mutex mMutex;
+        std::condition_variable mCondition;
+        bool mIsWoken = false;
+    };
+    Host::PresenterRegistry::Use(std::make_unique<WaitingPresenter>());
+    EventRef theEvent = nullptr;
+    EXPECT_EQ(ReceiveNextEvent(1, &kTestEvent, kEventDurationForever, kEventRemoveFromQueue, &theEvent),
+              noErr);
+    ReleaseEvent(theEvent);
+    Host::PresenterRegistry::Use(std::make_unique<Host::Presenter>());
+}
+
 // --- Other threads, and the machine's clock ---------------------------------------------------------
 
 TEST(SystemEventLoop, AnEventPostedByAnotherThreadEndsTheWait)
