@@ -17,6 +17,7 @@
 #include "LmMenuBinding.h"
 #include "LmMetaTransforms.h"
 #include "LmNumericalTransforms.h"
+#include "LmPreferenceBinding.h"
 #include "LmString.h"
 #include "LmStringTransforms.h"
 #include "LmValue.h"

@@ -5,6 +5,7 @@
 #include "PreferenceSpy.h"
 #include "TestStrings.h"
 
+#include <cstdlib>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <memory>
@@ -558,4 +559,99 @@ TEST_F(LmPreferenceBindingTest, AddsTheIdentifierToTheLayoutOfItsBase)
                 reinterpret_cast<const char*>(theBinding.get()) + sizeof(LmKeyValueBinding),
                 sizeof theIdentifier);
     EXPECT_EQ(theIdentifier, CFSTR("com.example.app"));
+}
+
+// ---- Over the preferences of the host
+
+namespace {
+
+class LmPreferenceBindingHostTest : public testing::Test
+{
+protected:
+    LmPreferenceBindingHostTest()
+    {
+        // The person's own preferences are not to be touched.
+        setenv("LM_PREFERENCES", "memory", 1);
+        PreferenceSpy::UseHost();
+        const std::string theName =
+            std::string("com.example.") + testing::UnitTest::GetInstance()->current_test_info()->name();
+        mIdentifier = MakeString(theName.c_str());
+    }
+
+    ~LmPreferenceBindingHostTest() override
+    {
+        CFRelease(mIdentifier);
+        PreferenceSpy::Reset();
+    }
+
+    CFStringRef mIdentifier;
+};
+
+} // namespace
+
+TEST_F(LmPreferenceBindingHostTest, ValuesOutliveTheBindingThatWroteThem)
+{
+    {
+        LmPreferenceBinding theWriter(mIdentifier);
+        theWriter.SetKeyPathValue("on", LmValue(true));
+        theWriter.SetKeyPathValue("target", LmValue(2000UL));
+        theWriter.SetKeyPathValue("large", LmValue(5000000000LL));
+        theWriter.SetKeyPathValue("factor", LmValue(2.5));
+        theWriter.SetKeyPathValue("name", LmValue(MakeString("Quiet"), true));
+        theWriter.SetKeyPathValue("place", LmValue(CGRect{{1, 2}, {30, 40}}));
+    }
+    const LmPreferenceBinding theReader(mIdentifier);
+    EXPECT_TRUE(theReader.Flush());
+    EXPECT_EQ(theReader.GetKeyPathValue("on").GetType(), kTypeBoolean);
+    EXPECT_TRUE(theReader.GetKeyPathValue("on").GetBoolean());
+    EXPECT_EQ(theReader.GetKeyPathValue("target").GetSInt32(), 2000);
+    EXPECT_EQ(theReader.GetKeyPathValue("large").GetSInt64(), 5000000000LL);
+    EXPECT_EQ(theReader.GetKeyPathValue("factor").GetDouble(), 2.5);
+    EXPECT_EQ(GetText(theReader.GetKeyPathValue("name").GetString()), "Quiet");
+    EXPECT_TRUE(theReader.GetKeyPathValue("place") == LmValue(CGRect{{1, 2}, {30, 40}}));
+}
+
+TEST_F(LmPreferenceBindingHostTest, TwoBindingsOfOneIdentifierShareTheirPreferences)
+{
+    LmPreferenceBinding theFirst(mIdentifier);
+    const LmPreferenceBinding theSecond(mIdentifier);
+    theFirst.SetKeyPathValue("target", LmValue(20UL));
+    EXPECT_EQ(theSecond.GetKeyPathValue("target").GetSInt32(), 20);
+}
+
+TEST_F(LmPreferenceBindingHostTest, TwoIdentifiersShareNothing)
+{
+    LmPreferenceBinding theFirst(mIdentifier);
+    const LmPreferenceBinding theOther(CFSTR("com.example.somebody-else"));
+    theFirst.SetKeyPathValue("target", LmValue(20UL));
+    EXPECT_FALSE(theOther.GetKeyPathValue("target").IsValid());
+}
+
+TEST_F(LmPreferenceBindingHostTest, AModelIsRestoredFromWhatItSaved)
+{
+    {
+        LmPreferenceBinding thePreferences(mIdentifier);
+        LmKeyValueBinding theModel;
+        theModel.Bind("target", &thePreferences, "Target", nullptr, nullptr);
+        theModel.SetKeyPathValue("target", LmValue(21UL));
+    }
+    LmPreferenceBinding thePreferences(mIdentifier);
+    LmKeyValueBinding theModel;
+    theModel.Bind("target", &thePreferences, "Target", nullptr, nullptr);
+    EXPECT_EQ(theModel.GetKeyPathValue("target").GetSInt32(), 21);
+}
+
+TEST_F(LmPreferenceBindingHostTest, DatesOfOtherProgramsAreReportedAndLeftAlone)
+{
+    const CFDateRef theDate = CFDateCreate(nullptr, 0);
+    CFPreferencesSetAppValue(CFSTR("since"), theDate, mIdentifier);
+    CFRelease(theDate);
+    const LmPreferenceBinding theBinding(mIdentifier);
+    EXPECT_FALSE(theBinding.GetKeyPathValue("since").IsValid());
+    EXPECT_EQ(
+        StandardErrorCapture::TakeDiagnostics(),
+        Lines{kSource + ("Unsupported value type: " + std::to_string(static_cast<long>(CFDateGetTypeID())))});
+    const CFTypeRef theStored = CFPreferencesCopyAppValue(CFSTR("since"), mIdentifier);
+    EXPECT_NE(theStored, nullptr);
+    CFRelease(theStored);
 }
