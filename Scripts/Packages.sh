@@ -26,25 +26,50 @@ apt_quietly()
     rm -f "$theLog"
 }
 
+# install_packages <package>...
+install_packages()
+{
+    echo "Installing $*"
+    apt_quietly update && apt_quietly install -y --no-install-recommends "$@"
+}
+
+# can_install: whether this is root on a system with apt.
+can_install()
+{
+    [ "$(id -u)" -eq 0 ] && command -v apt-get >/dev/null
+}
+
 # need_packages <package>...: installs what is missing when this is root; otherwise names it and ends the
 # program with status 1.
 need_packages()
 {
     local theMissing
-    theMissing=$(missing_packages "$@" | tr '\n' ' ')
-    if [ -z "$theMissing" ]; then
+    mapfile -t theMissing < <(missing_packages "$@")
+    if [ "${#theMissing[@]}" -eq 0 ]; then
         return
     fi
-    if [ "$(id -u)" -ne 0 ] || ! command -v apt-get >/dev/null; then
-        echo "These packages are needed and not installed: $theMissing" >&2
-        echo "Install them, as root, with: apt-get install $theMissing" >&2
+    if ! can_install; then
+        echo "These packages are needed and not installed: ${theMissing[*]}" >&2
+        echo "Install them, as root, with: apt-get install ${theMissing[*]}" >&2
         exit 1
     fi
-    echo "Installing $theMissing"
-    # The names hold no blanks; the split is meant.
-    # shellcheck disable=SC2086
-    if ! apt_quietly update || ! apt_quietly install -y --no-install-recommends $theMissing; then
-        echo "The packages could not be installed: $theMissing" >&2
+    if ! install_packages "${theMissing[@]}"; then
+        echo "The packages could not be installed: ${theMissing[*]}" >&2
         exit 1
     fi
+}
+
+# want_packages <package>...: the same for what can be done without. Its status says whether all are there.
+want_packages()
+{
+    local theMissing
+    mapfile -t theMissing < <(missing_packages "$@")
+    if [ "${#theMissing[@]}" -eq 0 ]; then
+        return 0
+    fi
+    if ! can_install; then
+        echo "Not installed: ${theMissing[*]}" >&2
+        return 1
+    fi
+    install_packages "${theMissing[@]}"
 }
