@@ -147,16 +147,6 @@ std::string DrawField(const ControlLook& theLook)
     return "[" + Padded(theText, kFieldLength) + "]";
 }
 
-std::string FourCharacters(std::uint32_t theCode)
-{
-    std::string theText;
-    for (int theShift = 24; theShift >= 0; theShift -= 8) {
-        const auto theByte = static_cast<unsigned char>(theCode >> theShift);
-        theText += theByte >= 0x20 && theByte < 0x7F ? static_cast<char>(theByte) : '?';
-    }
-    return theText;
-}
-
 // U+2713 for the check mark, whatever else as it is.
 std::string DrawMark(std::uint32_t theMark)
 {
@@ -242,9 +232,19 @@ std::string DrawControl(const ControlLook& theLook)
     return OneLine(theLook.theTitle);
 }
 
+std::string QuotedCode(std::uint32_t theCode)
+{
+    std::string theText;
+    for (int theShift = 24; theShift >= 0; theShift -= 8) {
+        const auto theByte = static_cast<unsigned char>(theCode >> theShift);
+        theText += theByte >= 0x20 && theByte < 0x7F ? static_cast<char>(theByte) : '?';
+    }
+    return "'" + theText + "'";
+}
+
 std::string Identified(const std::string& theThing, std::uint32_t theSignature, std::int32_t theNumber)
 {
-    return theThing + " '" + FourCharacters(theSignature) + "' " + std::to_string(theNumber);
+    return theThing + " " + QuotedCode(theSignature) + " " + std::to_string(theNumber);
 }
 
 std::string NameControl(const ControlLook& theLook)

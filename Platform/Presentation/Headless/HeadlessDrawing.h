@@ -32,6 +32,9 @@ std::string DrawMenuItem(const MenuItemLook& theLook);
 // A text in quotation marks, on one line whatever it holds.
 std::string Quoted(const std::string& theText);
 
+// A four-character code: 'heat'. Bytes outside of printable ASCII read "?".
+std::string QuotedCode(std::uint32_t theCode);
+
 // The text followed by blanks up to theWidth characters; longer texts stay whole.
 std::string Padded(const std::string& theText, size_t theWidth);
 

@@ -5,6 +5,7 @@
 #include "Internal/Control.h"
 #include "Internal/EventTargets.h"
 #include "Internal/KeyboardFocus.h"
+#include "Internal/Menus.h"
 #include "Internal/OutgoingEvent.h"
 #include "Internal/Window.h"
 #include "KeyText.h"
@@ -435,19 +436,22 @@ bool InputGate::WindowActivated(ObjectId theWindow)
 
 // Menus ------------------------------------------------------------------------------------------------
 
-bool InputGate::MenuOpened(ObjectId)
+bool InputGate::MenuOpened(ObjectId theMenu)
 {
-    return false;
+    return MenuOpenedByPerson(theMenu);
 }
 
-bool InputGate::MenuChosen(const MenuChoice&, std::uint32_t)
+bool InputGate::MenuChosen(const MenuChoice& theChoice, std::uint32_t theModifiers)
 {
-    return false;
+    const bool theIsIndex =
+        theChoice.theItem > 0 && theChoice.theItem <= std::numeric_limits<MenuItemIndex>::max();
+    return theIsIndex &&
+           MenuChosenByPerson(theChoice.theMenu, static_cast<MenuItemIndex>(theChoice.theItem), theModifiers);
 }
 
-bool InputGate::MenuClosed(ObjectId)
+bool InputGate::MenuClosed(ObjectId theMenu)
 {
-    return false;
+    return MenuClosedByPerson(theMenu);
 }
 
 bool InputGate::QuitAsked()

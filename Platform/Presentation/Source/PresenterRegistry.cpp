@@ -4,6 +4,7 @@
 
 #include "HeadlessPresenter.h"
 #include "InputGate.h"
+#include "Internal/Menus.h"
 #include "Internal/Windows.h"
 
 #include <cstdio>
@@ -119,6 +120,7 @@ bool PresenterRegistry::Use(std::unique_ptr<Presenter> theNext)
 
 void PresenterRegistry::ReplayLooks(Presenter& thePresenter)
 {
+    ReplayMenuLooks(thePresenter);
     ReplayWindowLooks(thePresenter);
 }
 

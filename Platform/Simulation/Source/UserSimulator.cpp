@@ -2,8 +2,8 @@
 
 #include <Simulation/UserSimulator.h>
 
+#include "Glance.h"
 #include "HeadlessDrawing.h"
-#include "HeadlessSnapshot.h"
 #include "Internal/Control.h"
 #include "Internal/Geometry.h"
 #include "Internal/Window.h"
@@ -18,18 +18,6 @@
 namespace Host {
 
 namespace {
-
-// The screen as it is now.
-class Glance : public HeadlessSnapshot
-{
-public:
-    Glance() { PresenterRegistry::ReplayLooks(*this); }
-};
-
-UserResult Refuse(const std::string& theReason)
-{
-    return UserResult::Refused(theReason, Glance().DescribeScreen());
-}
 
 std::string Name(const Window& theWindow)
 {

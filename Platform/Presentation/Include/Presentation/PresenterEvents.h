@@ -70,9 +70,10 @@ public:
     // The window is the active one now; kNoObject means that another application is.
     virtual bool WindowActivated(ObjectId theWindow) = 0;
 
-    // Menus. A menu is opened (its items are brought up to date first) and closed again; then, if the person
-    // chose an item, the choice is reported: the menu is gone when the command runs. A choice from a menu
-    // that was not opened, as desktops with a menu bar of their own report it, is good too.
+    // Menus. A menu is opened (its items are brought up to date first); then an item of it is chosen, which
+    // closes whatever menus are open before the command is sent, or it is closed without a choice. A choice
+    // from a menu that is not open is good too: desktops with a menu bar of their own, and toolkits that
+    // close the menu before they tell of the choice, report it so.
     virtual bool MenuOpened(ObjectId theMenu) = 0;
     virtual bool MenuChosen(const MenuChoice& theChoice, std::uint32_t theModifiers) = 0;
     virtual bool MenuClosed(ObjectId theMenu) = 0;

@@ -127,10 +127,33 @@ public:
     // Clicks the title bar, which makes the window the active one. Refused when it has no title bar.
     UserResult ActivateWindow(WindowRef theWindow);
 
+    // Menus --------------------------------------------------------------------------------------------
+
+    // A menu is named by its title; the first of that name counts, menus of the bar before their submenus,
+    // from left to right. Opening a menu makes the program bring its items up to date. A person sees that an
+    // item is disabled only in the open menu: such a choice is refused after the menus on the way to it were
+    // opened and closed again.
+
+    // Opens a menu of the menu bar, or a submenu with the menus that lead to it, and leaves it open. Refused when
+    // there is no such menu, a title on the way is disabled, or the program keeps a menu closed.
+    UserResult OpenMenu(const std::string& theTitle);
+
+    // Closes whatever menus are open without choosing anything. Refused when none is.
+    UserResult CloseMenus();
+
+    // Chooses the first item with a command, wherever it is under the menu bar.
+    UserResult ChooseCommand(UInt32 theCommand, UInt32 theModifiers = 0);
+
+    // Chooses the first item with this text in a menu.
+    UserResult ChooseItem(const std::string& theMenu, const std::string& theText, UInt32 theModifiers = 0);
+
     // Looking ------------------------------------------------------------------------------------------
 
     // What is on the screen, as text.
     std::string DescribeScreen() const;
+
+    // The items of a menu, one on each line, as they are now; empty for a menu that is not there.
+    std::string DescribeMenu(const std::string& theTitle) const;
 
     // What one control shows, on one line; empty for a control that is not there.
     std::string DescribeControl(const ControlAddress& theControl) const;
