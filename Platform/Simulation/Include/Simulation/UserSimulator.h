@@ -107,8 +107,8 @@ public:
     // Clicks the close box. Refused when the window has none.
     UserResult CloseWindow(WindowRef theWindow);
 
-    // Drags the window by its title bar until the top left of its content is at a global place. Refused when it
-    // has no title bar.
+    // Drags the window by its title bar until the top left of its content is at a global place. Refused when
+    // it has no title bar.
     UserResult MoveWindow(WindowRef theWindow, short theLeft, short theTop);
 
     // Drags the corner of the window until its content has a size. Refused when it cannot be resized, or not
@@ -134,8 +134,8 @@ public:
     // item is disabled only in the open menu: such a choice is refused after the menus on the way to it were
     // opened and closed again.
 
-    // Opens a menu of the menu bar, or a submenu with the menus that lead to it, and leaves it open. Refused when
-    // there is no such menu, a title on the way is disabled, or the program keeps a menu closed.
+    // Opens a menu of the menu bar, or a submenu with the menus that lead to it, and leaves it open. Refused
+    // when there is no such menu, a title on the way is disabled, or the program keeps a menu closed.
     UserResult OpenMenu(const std::string& theTitle);
 
     // Closes whatever menus are open without choosing anything. Refused when none is.
