@@ -52,7 +52,7 @@ bool ReadKeyPress(EventRef theEvent, KeyPress* theKey)
     if (ReadParameter(theEvent, kEventParamKeyCode, typeUInt32, &theKey->thePosition) &&
         theKey->thePosition < sizeof kCharacters && kCharacters[theKey->thePosition] != '\0' &&
         TypesOtherThanItsLabel(theKey->theModifiers)) {
-        theKey->theCharacter = static_cast<UInt16>(kCharacters[theKey->thePosition]);
+        theKey->theCharacter = static_cast<unsigned char>(kCharacters[theKey->thePosition]);
     }
     return true;
 }
@@ -95,8 +95,9 @@ public:
 
     FoundItem Run(const SharedMenu& theMenu)
     {
-        // The list grows while it is walked: the menus held by items come after those found before.
         Add(theMenu);
+        // The list grows while it is walked: the menus held by items come after those found before.
+        // NOLINTNEXTLINE(modernize-loop-convert)
         for (size_t theNext = 0; theNext < mMenus.size(); ++theNext) {
             const SharedMenu theCurrent = mMenus[theNext];
             const MenuItemIndex theFound = FindIn(theCurrent);

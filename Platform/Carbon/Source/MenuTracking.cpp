@@ -165,6 +165,8 @@ std::vector<SharedMenu> ReachableMenus(const SharedMenu& theRoot)
         }
     };
     theAdd(theRoot);
+    // The list grows while it is walked.
+    // NOLINTNEXTLINE(modernize-loop-convert)
     for (size_t theNext = 0; theNext < theMenus.size(); ++theNext) {
         for (MenuItemIndex theItem = 1; theItem <= theMenus[theNext]->Count(); ++theItem) {
             const MenuItem& theHolder = *theMenus[theNext]->Item(theItem);
