@@ -40,3 +40,14 @@ row 'a fan-out of 100, two ways' fan-out-two-way 20 100
 row 'a fan-out of 1000, two ways' fan-out-two-way 20 1000
 row 'bind and unbind 1000 pairs' pairs 2 1000
 row 'bind and unbind 10000 pairs' pairs 2 10000
+row 'an event through the binding of a control' control 500
+row 'an event through the binding of a window' window 500
+row 'an event through the binding of a menu command' menu 500
+row 'an event through the binding of a model' model 500
+row 'read a preference' preference-read 500
+row 'write a preference' preference-write 500
+# The transforms that work hardest, each on the kind that it is for.
+row 'scale a double' transform 1000 8 5
+row 'add to a signed 32-bit integer' transform 1000 7 2
+row 'a double to a string' transform 500 10 5
+row 'a string to a number' transform 500 11 6

@@ -5,6 +5,7 @@
 // CountInstructions.sh runs this under callgrind twice, with different numbers of steps: the difference is
 // what the steps cost, without the program's start and the scenario's preparation.
 
+#include "BindingScenarios.h"
 #include "Scenarios.h"
 
 #include <cstdio>
@@ -32,9 +33,9 @@ std::size_t NumberArgument(int theCount, char** theArguments, int theIndex)
 int main(int theCount, char** theArguments)
 {
     if (theCount < 3) {
-        std::fprintf(
-            stderr, "usage: InstructionProbe set|one-way|two-way|chain|fan-out-one-way|fan-out-two-way|pairs "
-                    "<steps> [<size> [<observers>]]\n");
+        std::fprintf(stderr, "usage: InstructionProbe set|one-way|two-way|chain|fan-out-one-way|"
+                             "fan-out-two-way|pairs|control|window|menu|model|preference-read|"
+                             "preference-write|transform <steps> [<size> [<observers or kind>]]\n");
         return EXIT_FAILURE;
     }
     const char* theName = theArguments[1];
@@ -54,6 +55,24 @@ int main(int theCount, char** theArguments)
     }
     if (std::strcmp(theName, "pairs") == 0) {
         return Run(PairsScenario(theSize), theSteps);
+    }
+    if (std::strcmp(theName, "control") == 0) {
+        return Run(ControlEventScenario(), theSteps);
+    }
+    if (std::strcmp(theName, "window") == 0) {
+        return Run(WindowEventScenario(), theSteps);
+    }
+    if (std::strcmp(theName, "menu") == 0) {
+        return Run(MenuEventScenario(), theSteps);
+    }
+    if (std::strcmp(theName, "model") == 0) {
+        return Run(ModelEventScenario(), theSteps);
+    }
+    if (std::strncmp(theName, "preference-", 11) == 0) {
+        return Run(PreferenceScenario(std::strcmp(theName, "preference-write") == 0), theSteps);
+    }
+    if (std::strcmp(theName, "transform") == 0) {
+        return Run(TransformScenario(theSize, NumberArgument(theCount, theArguments, 4)), theSteps);
     }
     std::fprintf(stderr, "There is no scenario %s\n", theName);
     return EXIT_FAILURE;

@@ -2,6 +2,7 @@
 
 // The scenarios under Google Benchmark.
 
+#include "BindingScenarios.h"
 #include "Scenarios.h"
 
 #include <benchmark/benchmark.h>
@@ -75,6 +76,52 @@ void BindingAndUnbinding(benchmark::State& theState)
     Measure(theState, theScenario);
 }
 BENCHMARK(BindingAndUnbinding)->ArgName("pairs")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+template <typename Scenario>
+void EventThroughABinding(benchmark::State& theState)
+{
+    Scenario theScenario;
+    Measure(theState, theScenario);
+}
+BENCHMARK(EventThroughABinding<ControlEventScenario>);
+BENCHMARK(EventThroughABinding<WindowEventScenario>);
+BENCHMARK(EventThroughABinding<MenuEventScenario>);
+BENCHMARK(EventThroughABinding<ModelEventScenario>);
+
+void ReadingAPreference(benchmark::State& theState)
+{
+    PreferenceScenario theScenario(false);
+    Measure(theState, theScenario);
+}
+BENCHMARK(ReadingAPreference);
+
+void WritingAPreference(benchmark::State& theState)
+{
+    PreferenceScenario theScenario(true);
+    Measure(theState, theScenario);
+}
+BENCHMARK(WritingAPreference);
+
+void ApplyingATransform(benchmark::State& theState)
+{
+    TransformScenario theScenario(Argument(theState, 0), Argument(theState, 1));
+    Measure(theState, theScenario);
+    theState.SetLabel(std::string(TransformScenario::TransformNames()[Argument(theState, 0)]) + " of " +
+                      TransformScenario::KindNames()[Argument(theState, 1)]);
+}
+
+void EachTransformOnItsKinds(benchmark::internal::Benchmark* theBenchmark)
+{
+    for (std::size_t theTransform = 0; theTransform < TransformScenario::TransformNames().size();
+         ++theTransform) {
+        for (std::size_t theKind = 0; theKind < TransformScenario::KindNames().size(); ++theKind) {
+            if (TransformScenario::IsMeantFor(theTransform, theKind)) {
+                theBenchmark->Args({static_cast<long>(theTransform), static_cast<long>(theKind)});
+            }
+        }
+    }
+}
+BENCHMARK(ApplyingATransform)->ArgNames({"transform", "kind"})->Apply(EachTransformOnItsKinds);
 
 } // namespace
 
