@@ -6,8 +6,12 @@
 #include "StandardErrorCapture.h"
 
 #include <cmath>
+#include <condition_variable>
 #include <gtest/gtest.h>
 #include <memory>
+#include <mutex>
+#include <Presentation/Presenter.h>
+#include <Presentation/PresenterRegistry.h>
 #include <Simulation/VirtualClock.h>
 #include <thread>
 
