@@ -249,13 +249,30 @@ OSStatus PressKeyInControl(Control& theControl, EventRef theEvent)
     return theHasFocus ? theControl.PressKey(KeyOf(theEvent)) : OSStatus{eventNotHandledErr};
 }
 
+namespace {
+
+// Keys with the command key never become text input; this one is taken from the key event itself.
+bool IsCommandPeriod(EventRef theEvent)
+{
+    UInt32 theCode = kNoKey;
+    UInt32 theModifiers = 0;
+    ReadParameter(theEvent, kEventParamKeyCode, typeUInt32, &theCode);
+    ReadParameter(theEvent, kEventParamKeyModifiers, typeUInt32, &theModifiers);
+    return GetEventClass(theEvent) == kEventClassKeyboard && GetEventKind(theEvent) == kEventRawKeyDown &&
+           theCode == kVK_ANSI_Period && (theModifiers & cmdKey) != 0;
+}
+
+} // namespace
+
 OSStatus PressKeyInWindow(const SharedWindow& theWindow, EventRef theEvent)
 {
+    if (theWindow->Has(kWindowStandardHandlerAttribute) && IsCommandPeriod(theEvent)) {
+        return PressButton(theWindow->mCancelButton, cmdKey);
+    }
     if (!IsKey(theEvent) || !theWindow->Has(kWindowStandardHandlerAttribute)) {
         return eventNotHandledErr;
     }
     const KeyPress theKey = KeyOf(theEvent);
-    const bool theIsCommand = (theKey.theModifiers & cmdKey) != 0;
     switch (theKey.theCode) {
     case kVK_Tab:
         return AdvanceFocus(theWindow, (theKey.theModifiers & shiftKey) != 0) == noErr
@@ -267,9 +284,6 @@ OSStatus PressKeyInWindow(const SharedWindow& theWindow, EventRef theEvent)
         return PressButton(theWindow->mDefaultButton, theKey.theModifiers);
     case kVK_Escape:
         return PressButton(theWindow->mCancelButton, theKey.theModifiers);
-    case kVK_ANSI_Period:
-        return theIsCommand ? PressButton(theWindow->mCancelButton, theKey.theModifiers)
-                            : OSStatus{eventNotHandledErr};
     default:
         return eventNotHandledErr;
     }

@@ -141,11 +141,11 @@ void Window::Close()
     const SharedWindow theKeepAlive = shared_from_this();
     mIsClosing = true;
     SetVisible(false);
+    ActivateAfterHiding(theKeepAlive);
     Notify(kEventWindowClosed);
     if (mRoot != nullptr) {
         mRoot->Dispose();
     }
-    ActivateAfterHiding(theKeepAlive);
     RemoveFromOrder(theKeepAlive);
     NotifyHere(kEventWindowDispose);
     mIsGone = true;

@@ -153,6 +153,7 @@ OSStatus HandleWindowEvent(const SharedWindow& theWindow, EventRef theEvent)
     switch (GetEventClass(theEvent)) {
     case kEventClassMouse:
         return HandleMouse(theWindow, theEvent);
+    case kEventClassKeyboard:
     case kEventClassTextInput:
         return PressKeyInWindow(theWindow, theEvent);
     case kEventClassWindow:

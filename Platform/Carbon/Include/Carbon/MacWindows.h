@@ -151,8 +151,8 @@ CARBON_EXPORT OSStatus CreateNewWindow(WindowClass theClass, WindowAttributes th
                                        const Rect* theContentBounds, WindowRef* theWindow);
 
 // Give a reference up or take one. With the last one the window goes, in this order: kEventWindowHiding and
-// kEventWindowHidden if it was shown; kEventWindowClosed; its controls are disposed; the next window is
-// activated; kEventWindowDispose; handlers go, and the reference is no longer valid.
+// kEventWindowHidden if it was shown, and the next window becomes active in its place; kEventWindowClosed;
+// its controls are disposed; kEventWindowDispose; handlers go, and the reference is no longer valid.
 CARBON_EXPORT void DisposeWindow(WindowRef theWindow);
 CARBON_EXPORT OSStatus ReleaseWindow(WindowRef theWindow);
 CARBON_EXPORT OSStatus RetainWindow(WindowRef theWindow);

@@ -7,6 +7,7 @@
 
 #include <Carbon/Carbon.h>
 #include <memory>
+#include <Presentation/PresenterTypes.h>
 #include <string>
 #include <vector>
 
@@ -22,7 +23,7 @@ SharedControl FindControl(ControlRef theReference);
 SharedControl FindControl(ObjectIdentifier theIdentifier);
 
 // The identifier of a control; 0 for null, disposed and foreign references.
-ObjectIdentifier IdentifierOf(ControlRef theReference);
+HOST_PUBLIC ObjectIdentifier IdentifierOf(ControlRef theReference);
 
 // Bounds of a control in its window's content (0, 0 is the content's top left), whatever coordinates the
 // application uses for it.
@@ -54,7 +55,7 @@ bool TextEditedByPerson(const SharedControl& theControl, const std::u16string& t
 
 // Lets the Tab key and the focus reach every control that can be worked by keys, not only text fields. Off
 // at start, as the platform has it.
-void SetFullKeyboardAccess(bool theState);
+HOST_PUBLIC void SetFullKeyboardAccess(bool theState);
 
 } // namespace Host
 

@@ -22,7 +22,7 @@ SharedWindow FindWindow(WindowRef theReference);
 SharedWindow FindWindow(ObjectIdentifier theIdentifier);
 
 // The identifier of a window; 0 for null, disposed and foreign references.
-ObjectIdentifier IdentifierOf(WindowRef theReference);
+HOST_PUBLIC ObjectIdentifier IdentifierOf(WindowRef theReference);
 
 // Every window, frontmost first, hidden ones included.
 const std::vector<SharedWindow>& AllWindows();

@@ -1,0 +1,733 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+// The keyboard focus, and what keys do that no handler wanted.
+
+#include "ManagerTestSupport.h"
+
+#include <Internal/Controls.h>
+#include <Presentation/PresenterRegistry.h>
+
+namespace {
+
+class KeyboardFocus : public ManagerTest
+{
+protected:
+    ~KeyboardFocus() override { Host::SetFullKeyboardAccess(false); }
+
+    ControlRef Focus() const
+    {
+        ControlRef theControl = InventedReference<ControlRef>();
+        EXPECT_EQ(GetKeyboardFocus(mWindow, &theControl), noErr);
+        return theControl;
+    }
+
+    OSErr SetFocus(ControlRef theControl)
+    {
+        return SetKeyboardFocus(mWindow, theControl, kControlEditTextPart);
+    }
+
+    // An edit text at a place of its own.
+    ControlRef NewFieldAt(int theLeft, int theTop, const char* theText = "")
+    {
+        const Rect theBounds = MakeRect(theLeft, theTop, theLeft + 50, theTop + 16);
+        ControlRef theField = nullptr;
+        CreateEditUnicodeTextControl(mWindow, &theBounds, TestString(theText), false, nullptr, &theField);
+        return theField;
+    }
+
+    static bool Edit(ControlRef theField, const char* theText, int theStart, int theEnd)
+    {
+        return Host::PresenterRegistry::Events().TextEdited(
+            {Host::IdentifierOf(theField), theText, theStart, theEnd});
+    }
+
+    void Select(ControlRef theField, SInt16 theStart, SInt16 theEnd)
+    {
+        const ControlEditTextSelectionRec theSelection = {theStart, theEnd};
+        SetControlData(theField, 0, kControlEditTextSelectionTag, sizeof theSelection, &theSelection);
+    }
+
+    std::string Selection(ControlRef theField)
+    {
+        ControlEditTextSelectionRec theSelection = {};
+        GetControlData(theField, 0, kControlEditTextSelectionTag, sizeof theSelection, &theSelection,
+                       nullptr);
+        return std::to_string(theSelection.selStart) + "-" + std::to_string(theSelection.selEnd);
+    }
+};
+
+const std::vector<EventTypeSpec> kFocusEvents = {{kEventClassControl, kEventControlSetFocusPart},
+                                                 {kEventClassControl, kEventControlFocusPartChanged},
+                                                 {kEventClassTextField, kEventTextAccepted}};
+const std::vector<EventTypeSpec> kTextEvents = {{kEventClassTextField, kEventTextAccepted},
+                                                {kEventClassTextField, kEventTextShouldChangeInRange},
+                                                {kEventClassTextField, kEventTextDidChange}};
+
+} // namespace
+
+// --- Moving it ---------------------------------------------------------------------------------------
+
+TEST_F(KeyboardFocus, StartsNowhere)
+{
+    EXPECT_EQ(Focus(), nullptr);
+    EXPECT_EQ(ClearKeyboardFocus(mWindow), errNoRootControl);
+    EXPECT_EQ(AdvanceKeyboardFocus(mWindow), errCouldntSetFocus);
+}
+
+TEST_F(KeyboardFocus, ComesAndGoesWithItsEvents)
+{
+    ControlRef theFirst = NewFieldAt(10, 10);
+    ControlRef theSecond = NewFieldAt(10, 40);
+    Watch(theFirst, "first", kFocusEvents);
+    Watch(theSecond, "second", kFocusEvents);
+    EXPECT_EQ(SetFocus(theFirst), noErr);
+    EXPECT_EQ(Focus(), theFirst);
+    EXPECT_EQ(TakeLog(), (Log{"first: SetFocusPart", "first: FocusPartChanged"}));
+    EXPECT_EQ(SetFocus(theSecond), noErr);
+    EXPECT_EQ(Focus(), theSecond);
+    EXPECT_EQ(TakeLog(), (Log{"first: SetFocusPart", "first: FocusPartChanged", "second: SetFocusPart",
+                              "second: FocusPartChanged"}));
+    EXPECT_EQ(ClearKeyboardFocus(mWindow), noErr);
+    EXPECT_EQ(Focus(), nullptr);
+    EXPECT_EQ(TakeLog(), (Log{"second: SetFocusPart", "second: FocusPartChanged"}));
+}
+
+TEST_F(KeyboardFocus, StaysInSilenceWhereItIs)
+{
+    ControlRef theField = NewEditText();
+    SetFocus(theField);
+    Watch(theField, "field", kFocusEvents);
+    EXPECT_EQ(SetFocus(theField), noErr);
+    EXPECT_EQ(TakeLog(), Log{});
+}
+
+TEST_F(KeyboardFocus, TellsThePartsBeforeAndAfter)
+{
+    ControlRef theField = NewEditText();
+    std::vector<int> theParts;
+    Watch(theField, "field", {{kEventClassControl, kEventControlFocusPartChanged}}, [&](EventRef theEvent) {
+        theParts.push_back(
+            Parameter<ControlPartCode>(theEvent, kEventParamControlPreviousPart, typeControlPartCode));
+        theParts.push_back(
+            Parameter<ControlPartCode>(theEvent, kEventParamControlCurrentPart, typeControlPartCode));
+        return OSStatus{eventNotHandledErr};
+    });
+    SetFocus(theField);
+    SetKeyboardFocus(mWindow, theField, kControlFocusNoPart);
+    EXPECT_EQ(theParts, (std::vector<int>{0, kControlEditTextPart, kControlEditTextPart, 0}));
+}
+
+TEST_F(KeyboardFocus, DirectionsLeadToTheOnlyPartAndOutOfIt)
+{
+    ControlRef theField = NewEditText();
+    EXPECT_EQ(SetKeyboardFocus(mWindow, theField, kControlFocusNoPart), noErr);
+    EXPECT_EQ(Focus(), nullptr);
+    EXPECT_EQ(SetKeyboardFocus(mWindow, theField, kControlFocusNextPart), noErr);
+    EXPECT_EQ(Focus(), theField);
+    EXPECT_EQ(SetKeyboardFocus(mWindow, theField, kControlFocusPrevPart), noErr);
+    EXPECT_EQ(Focus(), nullptr);
+    EXPECT_EQ(SetKeyboardFocus(mWindow, NewStaticText(), kControlFocusNextPart), errCouldntSetFocus);
+}
+
+TEST_F(KeyboardFocus, IsRefusedWhereItCannotBe)
+{
+    ControlRef theField = NewEditText();
+    EXPECT_EQ(SetFocus(NewStaticText()), errCouldntSetFocus);
+    EXPECT_EQ(SetKeyboardFocus(mWindow, NewPushButton(), kControlButtonPart), errCouldntSetFocus);
+    EXPECT_EQ(SetKeyboardFocus(mWindow, theField, kControlButtonPart), errCouldntSetFocus);
+    DisableControl(theField);
+    EXPECT_EQ(SetFocus(theField), errCouldntSetFocus);
+    EnableControl(theField);
+    HideControl(theField);
+    EXPECT_EQ(SetFocus(theField), errCouldntSetFocus);
+    ShowControl(theField);
+    EXPECT_EQ(SetKeyboardFocus(nullptr, theField, kControlEditTextPart), errInvalidWindowRef);
+    EXPECT_EQ(SetKeyboardFocus(NewWindow(), theField, kControlEditTextPart), paramErr);
+    EXPECT_EQ(SetFocus(nullptr), errUnknownControl);
+    EXPECT_EQ(Focus(), nullptr);
+    ControlRef theFocus = nullptr;
+    EXPECT_EQ(GetKeyboardFocus(nullptr, &theFocus), errInvalidWindowRef);
+    EXPECT_EQ(GetKeyboardFocus(mWindow, nullptr), paramErr);
+    EXPECT_EQ(ClearKeyboardFocus(nullptr), errInvalidWindowRef);
+    EXPECT_EQ(AdvanceKeyboardFocus(nullptr), errInvalidWindowRef);
+    EXPECT_EQ(ReverseKeyboardFocus(nullptr), errInvalidWindowRef);
+}
+
+TEST_F(KeyboardFocus, AHandlerMayRefuseItButNotKeepIt)
+{
+    ControlRef theFirst = NewFieldAt(10, 10);
+    ControlRef theSecond = NewFieldAt(10, 40);
+    SetFocus(theFirst);
+    Watch(theFirst, "first", {{kEventClassControl, kEventControlSetFocusPart}}, [](EventRef theEvent) {
+        const ControlPartCode thePart = kControlEditTextPart;
+        SetEventParameter(theEvent, kEventParamControlPart, typeControlPartCode, sizeof thePart, &thePart);
+        return OSStatus{noErr};
+    });
+    Watch(theSecond, "second", {{kEventClassControl, kEventControlSetFocusPart}}, [](EventRef theEvent) {
+        const ControlPartCode thePart = kControlFocusNoPart;
+        SetEventParameter(theEvent, kEventParamControlPart, typeControlPartCode, sizeof thePart, &thePart);
+        return OSStatus{noErr};
+    });
+    EXPECT_EQ(SetFocus(theSecond), errCouldntSetFocus);
+    EXPECT_EQ(Focus(), nullptr);
+}
+
+TEST_F(KeyboardFocus, AHandlersErrorRefusesIt)
+{
+    ControlRef theField = NewEditText();
+    Watch(theField, "field", {{kEventClassControl, kEventControlSetFocusPart}},
+          [](EventRef) { return OSStatus{errCouldntSetFocus}; });
+    EXPECT_EQ(SetFocus(theField), errCouldntSetFocus);
+    EXPECT_EQ(Focus(), nullptr);
+}
+
+TEST_F(KeyboardFocus, AHandlerThatMovesItElsewhereHasItsWay)
+{
+    ControlRef theFirst = NewFieldAt(10, 10);
+    ControlRef theSecond = NewFieldAt(10, 40);
+    ControlRef theThird = NewFieldAt(10, 70);
+    SetFocus(theFirst);
+    Watch(theFirst, "first", {{kEventClassControl, kEventControlFocusPartChanged}}, [&](EventRef) {
+        SetFocus(theThird);
+        return OSStatus{eventNotHandledErr};
+    });
+    EXPECT_EQ(SetFocus(theSecond), errCouldntSetFocus);
+    EXPECT_EQ(Focus(), theThird);
+}
+
+TEST_F(KeyboardFocus, SurvivesTheDisposalOfEitherControlOnTheWay)
+{
+    for (const bool theIsFirst : {true, false}) {
+        ControlRef theFirst = NewFieldAt(10, 10);
+        ControlRef theSecond = NewFieldAt(10, 40);
+        SetFocus(theFirst);
+        EventWatch theWatch(GetControlEventTarget(theFirst), "first", mLog,
+                            {{kEventClassControl, kEventControlSetFocusPart}}, [&](EventRef) {
+                                DisposeControl(theIsFirst ? theFirst : theSecond);
+                                return OSStatus{eventNotHandledErr};
+                            });
+        EXPECT_EQ(SetFocus(theSecond), theIsFirst ? OSErr{noErr} : OSErr{errCouldntSetFocus});
+        EXPECT_EQ(Focus(), theIsFirst ? theSecond : nullptr);
+        KillControls(mWindow);
+    }
+}
+
+// --- Leaving controls that cannot keep it ------------------------------------------------------------
+
+TEST_F(KeyboardFocus, LeavesAControlThatIsHiddenDisabledOrGoesBeforeThat)
+{
+    const std::vector<EventTypeSpec> theTypes = {{kEventClassControl, kEventControlFocusPartChanged},
+                                                 {kEventClassControl, kEventControlVisibilityChanged},
+                                                 {kEventClassControl, kEventControlEnabledStateChanged},
+                                                 {kEventClassControl, kEventControlDispose}};
+    ControlRef theField = NewEditText();
+    Watch(theField, "field", theTypes);
+    SetFocus(theField);
+    TakeLog();
+    HideControl(theField);
+    EXPECT_EQ(TakeLog(), (Log{"field: FocusPartChanged", "field: VisibilityChanged"}));
+    ShowControl(theField);
+    SetFocus(theField);
+    TakeLog();
+    DisableControl(theField);
+    EXPECT_EQ(TakeLog(), (Log{"field: FocusPartChanged", "field: EnabledStateChanged"}));
+    EnableControl(theField);
+    SetFocus(theField);
+    TakeLog();
+    DisposeControl(theField);
+    EXPECT_EQ(TakeLog(), (Log{"field: FocusPartChanged", "field: Dispose"}));
+    EXPECT_EQ(Focus(), nullptr);
+}
+
+TEST_F(KeyboardFocus, LeavesAControlWhoseContainerIsHiddenOrMoved)
+{
+    ControlRef theBox = NewGroupBox();
+    ControlRef theField = NewEditText();
+    EmbedControl(theField, theBox);
+    SetFocus(theField);
+    HideControl(theBox);
+    EXPECT_EQ(Focus(), nullptr);
+    ShowControl(theBox);
+    SetFocus(theField);
+    WindowRef theOther = NewWindow();
+    ControlRef theRoot = nullptr;
+    CreateRootControl(theOther, &theRoot);
+    EmbedControl(theBox, theRoot);
+    EXPECT_EQ(Focus(), nullptr);
+}
+
+TEST_F(KeyboardFocus, CannotComeBackToAControlThatIsGoing)
+{
+    ControlRef theField = NewEditText();
+    SetFocus(theField);
+    OSErr theStatus = noErr;
+    Watch(theField, "field", {{kEventClassControl, kEventControlDispose}}, [&](EventRef) {
+        theStatus = SetFocus(theField);
+        return OSStatus{eventNotHandledErr};
+    });
+    DisposeControl(theField);
+    EXPECT_EQ(theStatus, errCouldntSetFocus);
+    EXPECT_EQ(Focus(), nullptr);
+}
+
+// --- Order -------------------------------------------------------------------------------------------
+
+TEST_F(KeyboardFocus, AdvancesFromTopToBottomAndLeftToRightAndRound)
+{
+    ControlRef theLast = NewFieldAt(10, 70);
+    ControlRef theRight = NewFieldAt(100, 10);
+    ControlRef theLeft = NewFieldAt(10, 10);
+    NewStaticText();
+    ControlRef theHidden = NewFieldAt(10, 40);
+    HideControl(theHidden);
+    const std::vector<ControlRef> theOrder = {theLeft, theRight, theLast, theLeft};
+    for (ControlRef theExpected : theOrder) {
+        EXPECT_EQ(AdvanceKeyboardFocus(mWindow), noErr);
+        EXPECT_EQ(Focus(), theExpected);
+    }
+    EXPECT_EQ(ReverseKeyboardFocus(mWindow), noErr);
+    EXPECT_EQ(Focus(), theLast);
+    EXPECT_EQ(ReverseKeyboardFocus(mWindow), noErr);
+    EXPECT_EQ(Focus(), theRight);
+}
+
+TEST_F(KeyboardFocus, FullKeyboardAccessReachesEveryControl)
+{
+    ControlRef theSlider = NewSlider();
+    ControlRef theButton = NewPushButton();
+    EXPECT_EQ(AdvanceKeyboardFocus(mWindow), errCouldntSetFocus);
+    Host::SetFullKeyboardAccess(true);
+    EXPECT_EQ(AdvanceKeyboardFocus(mWindow), noErr);
+    EXPECT_EQ(Focus(), theSlider);
+    EXPECT_EQ(AdvanceKeyboardFocus(mWindow), noErr);
+    EXPECT_EQ(Focus(), theButton);
+    EXPECT_EQ(SetKeyboardFocus(mWindow, theSlider, kControlIndicatorPart), noErr);
+}
+
+// --- Keys --------------------------------------------------------------------------------------------
+
+TEST_F(KeyboardFocus, TabMovesItAndShiftTabMovesItBack)
+{
+    ControlRef theFirst = NewFieldAt(10, 10);
+    ControlRef theSecond = NewFieldAt(10, 40);
+    EXPECT_EQ(Key(kVK_Tab, "\t"), noErr);
+    EXPECT_EQ(Focus(), theFirst);
+    Key(kVK_Tab, "\t");
+    EXPECT_EQ(Focus(), theSecond);
+    Key(kVK_Tab, "\t", shiftKey);
+    EXPECT_EQ(Focus(), theFirst);
+}
+
+TEST_F(KeyboardFocus, AKeyGoesThroughTheHandlersBeforeItDoesAnything)
+{
+    ControlRef theField = NewEditText();
+    SetFocus(theField);
+    const std::vector<EventTypeSpec> theTypes = {{kEventClassKeyboard, kEventRawKeyDown},
+                                                 {kEventClassTextInput, kEventTextInputUnicodeForKeyEvent}};
+    Watch(theField, "field", theTypes);
+    Watch(mWindow, "window", theTypes);
+    EventWatch theApplication(GetApplicationEventTarget(), "application", mLog, {theTypes[0]});
+    Type("a");
+    EXPECT_EQ(TextIn(theField), "a");
+    EXPECT_EQ(mLog.size(), 4u);
+    EXPECT_EQ(mLog.back().substr(0, 6), "field:");
+    TakeLog();
+    EventWatch theTaker(GetWindowEventTarget(mWindow), "taker", mLog, {theTypes[0]},
+                        [](EventRef) { return OSStatus{noErr}; });
+    EXPECT_EQ(Key(kVK_ANSI_B, "b"), noErr);
+    EXPECT_EQ(TextIn(theField), "a");
+    EXPECT_EQ(mLog.size(), 2u);
+}
+
+TEST_F(KeyboardFocus, TypingReplacesTheSelectionAndTellsBeforeAndAfter)
+{
+    ControlRef theField = NewEditText("hello");
+    Select(theField, 1, 4);
+    SetFocus(theField);
+    std::string theCandidate;
+    CFRange theRange = {0, 0};
+    Watch(theField, "field", kTextEvents, [&](EventRef theEvent) {
+        if (GetEventKind(theEvent) == kEventTextShouldChangeInRange) {
+            theCandidate =
+                TextOf(Parameter<CFStringRef>(theEvent, kEventParamCandidateText, typeCFStringRef));
+            theRange = Parameter<CFRange>(theEvent, kEventParamTextSelection, typeCFRange);
+            EXPECT_EQ(TextIn(theField), "hello");
+        }
+        return OSStatus{eventNotHandledErr};
+    });
+    Type("u");
+    EXPECT_EQ(TextIn(theField), "huo");
+    EXPECT_EQ(Selection(theField), "2-2");
+    EXPECT_EQ(theCandidate, "u");
+    EXPECT_EQ(theRange.location, 1);
+    EXPECT_EQ(theRange.length, 3);
+    EXPECT_EQ(TakeLog(), (Log{"field: TextShouldChangeInRange", "field: TextDidChange"}));
+}
+
+TEST_F(KeyboardFocus, TheOlderEditTextTypesInSilence)
+{
+    const Rect theBounds = MakeRect(10, 10, 100, 26);
+    ControlRef theField = nullptr;
+    CreateEditTextControl(mWindow, &theBounds, CFSTR(""), false, false, nullptr, &theField);
+    SetFocus(theField);
+    Watch(theField, "field", kTextEvents);
+    Type("ab");
+    EXPECT_EQ(TextIn(theField), "ab");
+    EXPECT_EQ(TakeLog(), Log{});
+}
+
+namespace {
+
+struct AnswerRow
+{
+    const char* theName;
+    OSStatus theAnswer;
+    const char* theReplacement; // null for none
+    const char* theText; // of a field with "[old]", the brackets around the selection, after typing "x"
+    bool theIsTold;
+};
+
+class TextChangeAnswers : public ManagerTest, public testing::WithParamInterface<AnswerRow>
+{
+};
+
+const AnswerRow kAnswerRows[] = {
+    {"NotHandled", eventNotHandledErr, nullptr, "ax", true},
+    {"SomeError", paramErr, nullptr, "ax", true},
+    {"Replaced", noErr, "yz", "ayz", true},
+    {"HandledWithoutReplacement", noErr, nullptr, "a", true},
+    {"Cancelled", userCanceledErr, nullptr, "aold", false},
+};
+
+INSTANTIATE_TEST_SUITE_P(Answers, TextChangeAnswers, testing::ValuesIn(kAnswerRows),
+                         [](const auto& theInfo) { return std::string(theInfo.param.theName); });
+
+} // namespace
+
+TEST_P(TextChangeAnswers, DecideTheEdit)
+{
+    ControlRef theField = NewEditText("aold");
+    const ControlEditTextSelectionRec theSelection = {1, 4};
+    SetControlData(theField, 0, kControlEditTextSelectionTag, sizeof theSelection, &theSelection);
+    SetKeyboardFocus(mWindow, theField, kControlEditTextPart);
+    Watch(theField, "field", {{kEventClassTextField, kEventTextDidChange}});
+    EventWatch theAnswerer(GetControlEventTarget(theField), "answer", mLog,
+                           {{kEventClassTextField, kEventTextShouldChangeInRange}}, [](EventRef theEvent) {
+                               if (GetParam().theReplacement != nullptr) {
+                                   const TestString theText(GetParam().theReplacement);
+                                   const CFStringRef theString = theText;
+                                   SetEventParameter(theEvent, kEventParamReplacementText, typeCFStringRef,
+                                                     sizeof theString, &theString);
+                               }
+                               return GetParam().theAnswer;
+                           });
+    Type("x");
+    EXPECT_EQ(TextIn(theField), GetParam().theText);
+    EXPECT_EQ(TakeLog().size(), GetParam().theIsTold ? 2u : 1u);
+}
+
+TEST_F(KeyboardFocus, AFieldDisposedByItsTextHandlerIsForgotten)
+{
+    for (const UInt32 theKind : {kEventTextShouldChangeInRange, kEventTextDidChange, kEventTextAccepted}) {
+        ControlRef theField = NewEditText();
+        SetFocus(theField);
+        EventWatch theWatch(GetControlEventTarget(theField), "field", mLog, {{kEventClassTextField, theKind}},
+                            [&](EventRef) {
+                                DisposeControl(theField);
+                                return OSStatus{eventNotHandledErr};
+                            });
+        Type("x");
+        Key(kVK_Return, "\r");
+        EXPECT_FALSE(IsValidControlHandle(theField));
+    }
+}
+
+namespace {
+
+struct EditRow
+{
+    const char* theName;
+    UInt32 theCode;
+    const char* theTyped;
+    UInt32 theModifiers;
+    SInt16 theStart;
+    SInt16 theEnd;
+    const char* theText; // of a field that held "hello"
+    const char* theSelection;
+};
+
+class EditKeys : public ManagerTest, public testing::WithParamInterface<EditRow>
+{
+};
+
+const EditRow kEditRows[] = {
+    {"Left", kVK_LeftArrow, "\x1C", 0, 3, 3, "hello", "2-2"},
+    {"LeftAtTheStart", kVK_LeftArrow, "\x1C", 0, 0, 0, "hello", "0-0"},
+    {"LeftOfASelection", kVK_LeftArrow, "\x1C", 0, 1, 3, "hello", "1-1"},
+    {"ShiftLeft", kVK_LeftArrow, "\x1C", shiftKey, 3, 3, "hello", "2-3"},
+    {"Right", kVK_RightArrow, "\x1D", 0, 3, 3, "hello", "4-4"},
+    {"RightAtTheEnd", kVK_RightArrow, "\x1D", 0, 5, 5, "hello", "5-5"},
+    {"RightOfASelection", kVK_RightArrow, "\x1D", 0, 1, 3, "hello", "3-3"},
+    {"ShiftRight", kVK_RightArrow, "\x1D", shiftKey, 1, 3, "hello", "1-4"},
+    {"Up", kVK_UpArrow, "\x1E", 0, 3, 3, "hello", "0-0"},
+    {"ShiftHome", kVK_Home, "\x01", shiftKey, 3, 3, "hello", "0-3"},
+    {"Down", kVK_DownArrow, "\x1F", 0, 3, 3, "hello", "5-5"},
+    {"ShiftEnd", kVK_End, "\x04", shiftKey, 3, 3, "hello", "3-5"},
+    {"Delete", kVK_Delete, "\x08", 0, 3, 3, "helo", "2-2"},
+    {"DeleteAtTheStart", kVK_Delete, "\x08", 0, 0, 0, "hello", "0-0"},
+    {"DeleteASelection", kVK_Delete, "\x08", 0, 1, 4, "ho", "1-1"},
+    {"ForwardDelete", kVK_ForwardDelete, "\x7F", 0, 3, 3, "helo", "3-3"},
+    {"ForwardDeleteAtTheEnd", kVK_ForwardDelete, "\x7F", 0, 5, 5, "hello", "5-5"},
+    {"ForwardDeleteASelection", kVK_ForwardDelete, "\x7F", 0, 0, 5, "", "0-0"},
+    {"ALetter", kVK_ANSI_A, "a", 0, 5, 5, "helloa", "6-6"},
+    {"ACommandKey", kVK_ANSI_A, "a", cmdKey, 5, 5, "hello", "5-5"},
+    {"AControlCharacter", kVK_F1, "\x10", 0, 5, 5, "hello", "5-5"},
+    {"Escape", kVK_Escape, "\x1B", 0, 5, 5, "hello", "5-5"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Keys, EditKeys, testing::ValuesIn(kEditRows),
+                         [](const auto& theInfo) { return std::string(theInfo.param.theName); });
+
+} // namespace
+
+TEST_P(EditKeys, MoveAndChange)
+{
+    ControlRef theField = NewEditText("hello");
+    ControlEditTextSelectionRec theSelection = {GetParam().theStart, GetParam().theEnd};
+    SetControlData(theField, 0, kControlEditTextSelectionTag, sizeof theSelection, &theSelection);
+    SetKeyboardFocus(mWindow, theField, kControlEditTextPart);
+    Key(GetParam().theCode, GetParam().theTyped, GetParam().theModifiers);
+    EXPECT_EQ(TextIn(theField), GetParam().theText);
+    GetControlData(theField, 0, kControlEditTextSelectionTag, sizeof theSelection, &theSelection, nullptr);
+    EXPECT_EQ(std::to_string(theSelection.selStart) + "-" + std::to_string(theSelection.selEnd),
+              GetParam().theSelection);
+}
+
+TEST_F(KeyboardFocus, AnArrowAndADeletionTakeTheWholeOfACharacterOfTwoUnits)
+{
+    ControlRef theField = NewEditText("a\xF0\x9F\x8E\xB9z");
+    Select(theField, 1, 1);
+    SetFocus(theField);
+    Key(kVK_RightArrow, "\x1D");
+    EXPECT_EQ(Selection(theField), "3-3");
+    Key(kVK_Delete, "\x08");
+    EXPECT_EQ(TextIn(theField), "az");
+}
+
+TEST_F(KeyboardFocus, ALockedFieldTakesTheFocusButNoTyping)
+{
+    ControlRef theField = NewEditText("hello");
+    const Boolean theLock = true;
+    SetControlData(theField, 0, kControlEditTextLockedTag, 1, &theLock);
+    EXPECT_EQ(SetFocus(theField), noErr);
+    Type("x");
+    Key(kVK_Delete, "\x08");
+    EXPECT_EQ(TextIn(theField), "hello");
+    Key(kVK_LeftArrow, "\x1C");
+    EXPECT_EQ(Selection(theField), "4-4");
+}
+
+TEST_F(KeyboardFocus, ATextIsAcceptedByReturnAndByLeavingItAfterAnEdit)
+{
+    ControlRef theField = NewFieldAt(10, 10, "old");
+    ControlRef theOther = NewFieldAt(10, 40);
+    Watch(theField, "field", {{kEventClassTextField, kEventTextAccepted}});
+    SetFocus(theField);
+    SetFocus(theOther);
+    EXPECT_EQ(TakeLog(), Log{});
+    SetFocus(theField);
+    Type("x");
+    SetFocus(theOther);
+    EXPECT_EQ(TakeLog(), Log{"field: TextAccepted"});
+    SetFocus(theField);
+    for (const UInt32 theCode : {UInt32{kVK_Return}, UInt32{kVK_ANSI_KeypadEnter}, UInt32{52}}) {
+        Key(theCode, "\r");
+        EXPECT_EQ(TakeLog(), Log{"field: TextAccepted"});
+    }
+    SetFocus(theOther);
+    EXPECT_EQ(TakeLog(), Log{});
+    EXPECT_EQ(TextIn(theField), "oldx");
+}
+
+TEST_F(KeyboardFocus, ReturnPressesTheDefaultButtonAndEscapeTheOther)
+{
+    ControlRef theDefault = NewPushButton("OK");
+    ControlRef theCancel = NewPushButton("Cancel");
+    EXPECT_EQ(SetWindowDefaultButton(mWindow, theDefault), noErr);
+    EXPECT_EQ(SetWindowCancelButton(mWindow, theCancel), noErr);
+    const std::vector<EventTypeSpec> theHit = {{kEventClassControl, kEventControlHit}};
+    Watch(theDefault, "default", theHit);
+    Watch(theCancel, "cancel", theHit);
+    SetFocus(NewEditText());
+    EXPECT_EQ(Key(kVK_Return, "\r"), noErr);
+    EXPECT_EQ(Key(kVK_ANSI_KeypadEnter, "\x03"), noErr);
+    EXPECT_EQ(Key(kVK_Escape, "\x1B"), noErr);
+    EXPECT_EQ(Key(kVK_ANSI_Period, ".", cmdKey), noErr);
+    EXPECT_EQ(TakeLog(), (Log{"default: Hit", "default: Hit", "cancel: Hit", "cancel: Hit"}));
+    DisableControl(theDefault);
+    Key(kVK_Return, "\r");
+    EXPECT_EQ(TakeLog(), Log{});
+}
+
+TEST_F(KeyboardFocus, DefaultAndCancelButtonsAreKeptAndForgotten)
+{
+    ControlRef theButton = NewPushButton();
+    ControlRef theFound = InventedReference<ControlRef>();
+    EXPECT_EQ(GetWindowDefaultButton(mWindow, &theFound), noErr);
+    EXPECT_EQ(theFound, nullptr);
+    SetWindowDefaultButton(mWindow, theButton);
+    EXPECT_EQ(GetWindowDefaultButton(mWindow, &theFound), noErr);
+    EXPECT_EQ(theFound, theButton);
+    EXPECT_EQ(SetWindowDefaultButton(mWindow, nullptr), noErr);
+    GetWindowDefaultButton(mWindow, &theFound);
+    EXPECT_EQ(theFound, nullptr);
+    SetWindowCancelButton(mWindow, theButton);
+    DisposeControl(theButton);
+    EXPECT_EQ(GetWindowCancelButton(mWindow, &theFound), noErr);
+    EXPECT_EQ(theFound, nullptr);
+    EXPECT_EQ(SetWindowDefaultButton(mWindow, theButton), errUnknownControl);
+    EXPECT_EQ(SetWindowDefaultButton(nullptr, nullptr), errInvalidWindowRef);
+    EXPECT_EQ(SetWindowDefaultButton(NewWindow(), NewPushButton()), paramErr);
+    EXPECT_EQ(GetWindowDefaultButton(nullptr, &theFound), errInvalidWindowRef);
+    EXPECT_EQ(GetWindowCancelButton(mWindow, nullptr), paramErr);
+}
+
+TEST_F(KeyboardFocus, KeysOfAWindowNeedTheStandardHandler)
+{
+    mWindow = NewWindow(kDocumentWindowClass, kWindowStandardDocumentAttributes);
+    ShowWindow(mWindow);
+    NewEditText();
+    EXPECT_EQ(Key(kVK_Tab, "\t"), eventNotHandledErr);
+    EXPECT_EQ(Focus(), nullptr);
+}
+
+TEST_F(KeyboardFocus, SpaceAndArrowsWorkControlsWithFullKeyboardAccess)
+{
+    Host::SetFullKeyboardAccess(true);
+    ControlRef theSlider = NewSlider(5, 0, 10);
+    ControlRef theCheckBox = NewCheckBox();
+    const std::vector<EventTypeSpec> theTypes = {{kEventClassControl, kEventControlValueFieldChanged},
+                                                 {kEventClassControl, kEventControlHit}};
+    Watch(theSlider, "slider", theTypes);
+    Watch(theCheckBox, "check box", theTypes);
+    SetKeyboardFocus(mWindow, theSlider, kControlIndicatorPart);
+    for (const UInt32 theCode :
+         {kVK_RightArrow, kVK_UpArrow, kVK_LeftArrow, kVK_End, kVK_Home, kVK_DownArrow}) {
+        Key(theCode, "");
+    }
+    EXPECT_EQ(GetControl32BitValue(theSlider), 0);
+    EXPECT_EQ(TakeLog().size(), 10u); // the last arrow found the slider at its end
+    SetKeyboardFocus(mWindow, theCheckBox, kControlCheckBoxPart);
+    Key(kVK_Space, " ");
+    EXPECT_EQ(GetControl32BitValue(theCheckBox), 1);
+    EXPECT_EQ(TakeLog(), (Log{"check box: ValueFieldChanged", "check box: Hit"}));
+}
+
+TEST_F(KeyboardFocus, ArrowsPressLittleArrowsAndFollowTickMarks)
+{
+    Host::SetFullKeyboardAccess(true);
+    const Rect theBounds = MakeRect(300, 210, 313, 234);
+    ControlRef theArrows = nullptr;
+    CreateLittleArrowsControl(mWindow, &theBounds, 5, 0, 9, 3, &theArrows);
+    Watch(theArrows, "arrows", {{kEventClassControl, kEventControlHit}});
+    SetKeyboardFocus(mWindow, theArrows, kControlUpButtonPart);
+    Key(kVK_UpArrow, "\x1E");
+    Key(kVK_DownArrow, "\x1F");
+    Key(kVK_LeftArrow, "\x1C");
+    EXPECT_EQ(TakeLog(), (Log{"arrows: Hit", "arrows: Hit"}));
+    ControlRef theSlider = nullptr;
+    CreateSliderControl(mWindow, &theBounds, 0, 0, 100, kControlSliderPointsUpOrLeft, 5, false, nullptr,
+                        &theSlider);
+    SetKeyboardFocus(mWindow, theSlider, kControlIndicatorPart);
+    Key(kVK_RightArrow, "\x1D");
+    EXPECT_EQ(GetControl32BitValue(theSlider), 25);
+}
+
+TEST_F(KeyboardFocus, AClickOnAnEditTextTakesIt)
+{
+    ControlRef theField = NewEditText();
+    Click(20, 140);
+    EXPECT_EQ(Focus(), theField);
+    NewPushButton();
+    Click(20, 50);
+    EXPECT_EQ(Focus(), theField);
+}
+
+// --- Edits that are not keys -------------------------------------------------------------------------
+
+TEST_F(KeyboardFocus, AnEditByAPresentersFieldTellsOnlyOfWhatDiffers)
+{
+    ControlRef theField = NewEditText("the cat sat");
+    CFRange theRange = {0, 0};
+    std::string theCandidate;
+    Watch(theField, "field", kTextEvents, [&](EventRef theEvent) {
+        if (GetEventKind(theEvent) == kEventTextShouldChangeInRange) {
+            theRange = Parameter<CFRange>(theEvent, kEventParamTextSelection, typeCFRange);
+            theCandidate =
+                TextOf(Parameter<CFStringRef>(theEvent, kEventParamCandidateText, typeCFStringRef));
+        }
+        return OSStatus{eventNotHandledErr};
+    });
+    EXPECT_TRUE(Edit(theField, "the cool cat sat", 3, 8));
+    EXPECT_EQ(TextIn(theField), "the cool cat sat");
+    EXPECT_EQ(Selection(theField), "3-8");
+    EXPECT_EQ(theRange.length, 0);
+    EXPECT_EQ(theCandidate.size(), 5u);
+    EXPECT_EQ(TakeLog(), (Log{"field: TextShouldChangeInRange", "field: TextDidChange"}));
+    EXPECT_FALSE(Edit(theField, "the cool cat sat", 3, 8));
+    EXPECT_TRUE(Edit(theField, "the cool cat sat", 0, 99));
+    EXPECT_EQ(Selection(theField), "0-16");
+    EXPECT_EQ(TakeLog(), Log{});
+    EXPECT_TRUE(Edit(theField, "", 0, 0));
+    EXPECT_EQ(TextIn(theField), "");
+    EXPECT_TRUE(Edit(theField, "aa", 0, 0));
+    EXPECT_TRUE(Edit(theField, "aaa", 0, 0));
+    EXPECT_EQ(TextIn(theField), "aaa");
+    DisableControl(theField);
+    EXPECT_FALSE(Edit(theField, "b", 0, 0));
+    EXPECT_FALSE(Edit(NewSlider(), "b", 0, 0));
+}
+
+// --- The user focus ----------------------------------------------------------------------------------
+
+TEST_F(KeyboardFocus, TheUserFocusIsTheFocusedControlOfTheActiveWindow)
+{
+    EXPECT_EQ(GetUserFocusWindow(), mWindow);
+    EXPECT_EQ(GetUserFocusEventTarget(), GetWindowEventTarget(mWindow));
+    ControlRef theField = NewEditText();
+    SetFocus(theField);
+    EXPECT_EQ(GetUserFocusEventTarget(), GetControlEventTarget(theField));
+    HideWindow(mWindow);
+    EXPECT_EQ(GetUserFocusWindow(), nullptr);
+    EXPECT_EQ(GetUserFocusEventTarget(), GetApplicationEventTarget());
+}
+
+TEST_F(KeyboardFocus, AWindowIsToldWhenTheUserFocusComesAndGoes)
+{
+    WindowRef theOther = NewWindow();
+    Watch(mWindow, "first",
+          {{kEventClassWindow, kEventWindowFocusRelinquish}, {kEventClassWindow, kEventWindowFocusAcquired}});
+    Watch(theOther, "second",
+          {{kEventClassWindow, kEventWindowFocusRelinquish}, {kEventClassWindow, kEventWindowFocusAcquired}});
+    ShowWindow(theOther);
+    EXPECT_EQ(TakeLog(), (Log{"first: FocusRelinquish", "second: FocusAcquired"}));
+    EXPECT_EQ(SetUserFocusWindow(mWindow), noErr);
+    EXPECT_EQ(GetUserFocusWindow(), mWindow);
+    EXPECT_EQ(ActiveNonFloatingWindow(), theOther);
+    EXPECT_EQ(TakeLog(), (Log{"second: FocusRelinquish", "first: FocusAcquired"}));
+    EXPECT_EQ(SetUserFocusWindow(kUserFocusAuto), noErr);
+    EXPECT_EQ(GetUserFocusWindow(), theOther);
+    EXPECT_EQ(TakeLog(), (Log{"first: FocusRelinquish", "second: FocusAcquired"}));
+    EXPECT_EQ(SetUserFocusWindow(nullptr), errInvalidWindowRef);
+}
+
+TEST_F(KeyboardFocus, AClickOnAnotherWindowTakesTheUserFocusBack)
+{
+    WindowRef thePalette = NewWindow(kFloatingWindowClass, kWindowStandardHandlerAttribute);
+    ShowWindow(thePalette);
+    EXPECT_EQ(GetUserFocusWindow(), mWindow);
+    SetUserFocusWindow(thePalette);
+    EXPECT_EQ(GetUserFocusWindow(), thePalette);
+    HideWindow(thePalette);
+    EXPECT_EQ(GetUserFocusWindow(), mWindow);
+}
