@@ -739,6 +739,9 @@ TEST_F(InputGate, ADesktopActivatesAWindow)
     EXPECT_TRUE(IsWindowActive(mProgram.mWindow.Get()));
     EXPECT_EQ(Take(), Log{"activated"});
     EXPECT_FALSE(Gate().WindowActivated(mWindow));
+    EXPECT_FALSE(Gate().WindowActivated(Host::kNoObject));
+    EXPECT_TRUE(IsWindowActive(mProgram.mWindow.Get()));
+    EXPECT_EQ(Take(), Log());
 }
 
 TEST_F(InputGate, AQuitRequestEndsTheApplicationLoop)

@@ -67,7 +67,8 @@ public:
     virtual bool WindowMoved(ObjectId theWindow, PixelPoint theContentTopLeft) = 0;
     virtual bool WindowResized(ObjectId theWindow, PixelSize theContentSize) = 0;
 
-    // The window is the active one now; kNoObject means that another application is.
+    // The window is the active one now. That a window of another application is (kNoObject) is dropped: the
+    // program's windows keep their state meanwhile.
     virtual bool WindowActivated(ObjectId theWindow) = 0;
 
     // Menus. A menu is opened (its items are brought up to date first); then an item of it is chosen, which
