@@ -68,12 +68,7 @@ public:
     }
 
     // This text followed by theString's. Neither changes.
-    LmString operator+(const LmString& theString) const
-    {
-        LmString theResult(*this);
-        theResult += theString;
-        return theResult;
-    }
+    LmString operator+(const LmString& theString) const { return LmString(mText + theString.mText); }
 
     // The text with a NUL behind it; for an empty string an empty C string, never null. The pointer belongs
     // to this string and is good until the string changes or dies.
