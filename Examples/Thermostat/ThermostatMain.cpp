@@ -1,12 +1,10 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-#include "ThermostatModel.h"
-#include "ThermostatWindow.h"
+#include "ThermostatApplication.h"
 
 int main()
 {
-    ThermostatModel theModel;
-    OpenThermostatWindow(theModel);
+    ThermostatApplication theApplication;
     RunApplicationEventLoop();
     return 0;
 }

@@ -3,11 +3,17 @@
 #include "ThermostatWindow.h"
 
 #include "LmControlBinding.h"
-#include "TemperatureTextTransform.h"
+#include "LmMetaTransforms.h"
+#include "LmNumericalTransforms.h"
+#include "LmPreferenceBinding.h"
+#include "LmStringTransforms.h"
+#include "LmWindowBinding.h"
 #include "ThermostatModel.h"
+#include "UnitTextTransform.h"
 
 namespace {
 
+const char* const kPreferredPlace = "window place";
 const Rect kWindowPlace = {100, 100, 280, 440};
 
 WindowRef MakeWindow()
@@ -15,7 +21,6 @@ WindowRef MakeWindow()
     WindowRef theWindow = nullptr;
     CreateNewWindow(kDocumentWindowClass, kWindowStandardDocumentAttributes | kWindowStandardHandlerAttribute,
                     &kWindowPlace, &theWindow);
-    SetWindowTitleWithCFString(theWindow, CFSTR("Thermostat"));
     ControlRef theRoot = nullptr;
     CreateRootControl(theWindow, &theRoot);
     return theWindow;
@@ -58,17 +63,16 @@ void AddTargetSlider(WindowRef theWindow)
     NameControl(theControl, kTargetSlider);
 }
 
-void AddTargetText(WindowRef theWindow)
+void AddText(WindowRef theWindow, const Rect& theBounds, ThermostatControl theNumber)
 {
-    const Rect theBounds = {88, 262, 104, 320};
     ControlRef theControl = nullptr;
     CreateStaticTextControl(theWindow, &theBounds, nullptr, nullptr, &theControl);
-    NameControl(theControl, kTargetText);
+    NameControl(theControl, theNumber);
 }
 
 void AddPowerBar(WindowRef theWindow)
 {
-    const Rect theBounds = {126, 100, 142, 320};
+    const Rect theBounds = {126, 100, 142, 250};
     ControlRef theControl = nullptr;
     CreateProgressBarControl(theWindow, &theBounds, 0, 0, 100, false, &theControl);
     NameControl(theControl, kPowerBar);
@@ -81,9 +85,11 @@ void AddControls(WindowRef theWindow)
     AddHeatingBox(theWindow);
     AddLabel(theWindow, CFSTR("Target:"), {88, 20, 104, 92});
     AddTargetSlider(theWindow);
-    AddTargetText(theWindow);
+    AddText(theWindow, {88, 262, 104, 286}, kTargetText);
+    AddText(theWindow, {88, 288, 104, 320}, kUnitText);
     AddLabel(theWindow, CFSTR("Power:"), {126, 20, 142, 92});
     AddPowerBar(theWindow);
+    AddText(theWindow, {126, 262, 142, 320}, kPowerText);
 }
 
 // A control binding deletes itself together with its control, so nobody has to keep it.
@@ -92,16 +98,52 @@ LmControlBinding* NewControlBinding(WindowRef theWindow, ThermostatControl theNu
     return new LmControlBinding(theWindow, ControlID{kThermostatSignature, theNumber});
 }
 
-void BindControls(WindowRef theWindow, ThermostatModel& theModel)
+void BindRoom(WindowRef theWindow, LmKeyValueBinding* theModel)
 {
-    NewControlBinding(theWindow, kRoomField)->Bind("value", &theModel, kModelRoom, nullptr, nullptr);
-    NewControlBinding(theWindow, kHeatingBox)->Bind("value", &theModel, kModelHeating, nullptr, nullptr);
+    NewControlBinding(theWindow, kRoomField)->Bind("value", theModel, kModelRoom, nullptr, nullptr);
+}
+
+void BindHeating(WindowRef theWindow, LmKeyValueBinding* theModel)
+{
+    NewControlBinding(theWindow, kHeatingBox)->Bind("value", theModel, kModelHeating, nullptr, nullptr);
+}
+
+void BindTarget(WindowRef theWindow, LmKeyValueBinding* theModel)
+{
     LmControlBinding* theSlider = NewControlBinding(theWindow, kTargetSlider);
-    theSlider->Bind("value", &theModel, kModelTarget, nullptr, nullptr);
-    theSlider->BindTo("enabled", &theModel, kModelHeating, nullptr);
+    theSlider->Bind("value", theModel, kModelTarget, nullptr, nullptr);
+    theSlider->BindTo("enabled", theModel, kModelHeating, nullptr);
     NewControlBinding(theWindow, kTargetText)
-        ->BindTo("value", &theModel, kModelTarget, new TemperatureTextTransform);
-    NewControlBinding(theWindow, kPowerBar)->BindTo("value", &theModel, kModelPower, nullptr);
+        ->BindTo("value", theModel, kModelShownTarget, new LmToStringTransform);
+    NewControlBinding(theWindow, kUnitText)
+        ->BindTo("value", theModel, kModelFahrenheit, new UnitTextTransform);
+}
+
+// 64 gives "64 %".
+LmValueTransform* NewPercentTransform()
+{
+    LmListTransform* theList = new LmListTransform;
+    LmValueTransform* theParts[] = {new LmToStringTransform, new LmAddTransform(LmValue(CFSTR(" %"), false))};
+    for (LmValueTransform* thePart : theParts) {
+        theList->Add(thePart);
+        thePart->Release(); // the list holds it now
+    }
+    return theList;
+}
+
+void BindPower(WindowRef theWindow, LmKeyValueBinding* theModel)
+{
+    NewControlBinding(theWindow, kPowerBar)->BindTo("value", theModel, kModelPower, nullptr);
+    NewControlBinding(theWindow, kPowerText)->BindTo("value", theModel, kModelPower, NewPercentTransform());
+}
+
+void BindWindow(WindowRef theWindow, LmKeyValueBinding* theModel, LmPreferenceBinding* thePreferences)
+{
+    LmWindowBinding* theBinding = new LmWindowBinding(theWindow);
+    theBinding->BindTo("title", theModel, kModelRoom,
+                       new LmAddTransform(LmValue(CFSTR(" thermostat"), false)));
+    theBinding->Bind("bounds", thePreferences, kPreferredPlace, nullptr, nullptr);
+    theBinding->Bind("visible", theModel, kModelShown, nullptr, nullptr);
 }
 
 OSStatus EndWithWindow(EventHandlerCallRef, EventRef, void*)
@@ -119,12 +161,15 @@ void EndApplicationWithWindow(WindowRef theWindow)
 
 } // namespace
 
-WindowRef OpenThermostatWindow(ThermostatModel& theModel)
+WindowRef OpenThermostatWindow(ThermostatModel& theModel, LmPreferenceBinding& thePreferences)
 {
     WindowRef theWindow = MakeWindow();
     AddControls(theWindow);
-    BindControls(theWindow, theModel);
+    BindRoom(theWindow, theModel.GetBindings());
+    BindHeating(theWindow, theModel.GetBindings());
+    BindTarget(theWindow, theModel.GetBindings());
+    BindPower(theWindow, theModel.GetBindings());
     EndApplicationWithWindow(theWindow);
-    ShowWindow(theWindow);
+    BindWindow(theWindow, theModel.GetBindings(), &thePreferences);
     return theWindow;
 }

@@ -5,6 +5,7 @@
 
 #include <Carbon/Carbon.h>
 
+class LmPreferenceBinding;
 class ThermostatModel;
 
 // The window that shows a thermostat: an ordinary Carbon window whose controls are bound to the model. There
@@ -17,13 +18,16 @@ enum ThermostatControl : SInt32
     kHeatingBox = 2,
     kTargetSlider = 3,
     kTargetText = 4,
-    kPowerBar = 5
+    kUnitText = 5,
+    kPowerBar = 6,
+    kPowerText = 7
 };
 
 const OSType kThermostatSignature = 'Ther';
 
-// Makes the window, binds its controls to theModel and shows it. The window belongs to the Window Manager
-// until it is closed; closing it ends the application's event loop. theModel must outlive it.
-WindowRef OpenThermostatWindow(ThermostatModel& theModel);
+// Makes the window and binds its controls, its title and its visibility to theModel, and its place on the
+// screen to a key of thePreferences. The window belongs to the Window Manager until it is closed; closing it
+// ends the application's event loop. Both objects must outlive it.
+WindowRef OpenThermostatWindow(ThermostatModel& theModel, LmPreferenceBinding& thePreferences);
 
 #endif

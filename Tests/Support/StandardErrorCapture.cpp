@@ -2,7 +2,6 @@
 
 #include "StandardErrorCapture.h"
 
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <dlfcn.h>
@@ -44,18 +43,25 @@ void EmptyCaptureFile()
     lseek(gCaptureFile, 0, SEEK_SET);
 }
 
-// A sanitizer's report ends the program, and would be lost with the captured text. Each sanitizer's library
-// has a stream of its own; in other builds neither is there.
-void KeepSanitizerReportsVisible()
+// A sanitizer's report ends the program, and would be lost with the captured text.
+void ShowCapturedText()
+{
+    const std::string theText = ReadCaptureFile();
+    if (write(gSavedError, theText.data(), theText.size()) < 0) {
+        std::abort();
+    }
+}
+
+// Each sanitizer's library has its own way out of the program; in other builds neither is there.
+void ShowCapturedTextOnDeath()
 {
     for (const char* theLibrary : {"libasan.so.8", "libubsan.so.1"}) {
         void* const theHandle = dlopen(theLibrary, RTLD_LAZY | RTLD_NOLOAD);
         if (theHandle == nullptr) {
             continue;
         }
-        if (void* const theSetter = dlsym(theHandle, "__sanitizer_set_report_fd")) {
-            void* const theDescriptor = reinterpret_cast<void*>(static_cast<intptr_t>(gSavedError));
-            reinterpret_cast<void (*)(void*)>(theSetter)(theDescriptor);
+        if (void* const theSetter = dlsym(theHandle, "__sanitizer_set_death_callback")) {
+            reinterpret_cast<void (*)(void (*)())>(theSetter)(ShowCapturedText);
         }
         dlclose(theHandle);
     }
@@ -84,10 +90,10 @@ void StandardErrorCapture::Begin()
     std::fflush(stderr);
     if (gCaptureFile == kNoDescriptor) {
         gCaptureFile = OpenCaptureFile();
+        ShowCapturedTextOnDeath();
     }
     EmptyCaptureFile();
     gSavedError = dup(STDERR_FILENO);
-    KeepSanitizerReportsVisible();
     dup2(gCaptureFile, STDERR_FILENO);
 }
 
@@ -97,7 +103,6 @@ std::string StandardErrorCapture::End()
     dup2(gSavedError, STDERR_FILENO);
     close(gSavedError);
     gSavedError = STDERR_FILENO;
-    KeepSanitizerReportsVisible();
     return theRest;
 }
 

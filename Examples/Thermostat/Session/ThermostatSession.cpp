@@ -2,7 +2,7 @@
 
 #include "ThermostatSession.h"
 
-#include "ThermostatModel.h"
+#include "ThermostatApplication.h"
 #include "ThermostatWindow.h"
 
 #include <cstdio>
@@ -16,13 +16,61 @@ const EventTimerInterval kPause = kEventDurationMillisecond;
 
 const size_t kLongestRoomName = 20;
 
+std::string TextOf(CFStringRef theString)
+{
+    char theText[200] = "";
+    if (theString != nullptr) {
+        CFStringGetCString(theString, theText, sizeof theText, kCFStringEncodingUTF8);
+    }
+    return theText;
+}
+
+// Takes over the caller's reference.
+std::string TextOfAdopted(CFStringRef theString)
+{
+    const std::string theText = TextOf(theString);
+    if (theString != nullptr) {
+        CFRelease(theString);
+    }
+    return theText;
+}
+
+std::string DescribeItem(MenuRef theMenu, MenuItemIndex theItem)
+{
+    CFStringRef theText = nullptr;
+    CopyMenuItemTextAsCFString(theMenu, theItem, &theText);
+    CharParameter theMark = noMark;
+    GetItemMark(theMenu, theItem, &theMark);
+    return std::string(theMark == noMark ? "" : "\u2713 ") + TextOfAdopted(theText) +
+           (IsMenuItemEnabled(theMenu, theItem) ? "" : " (disabled)");
+}
+
+std::string DescribeMenu()
+{
+    const MenuRef theMenu = GetMenuHandle(kThermostatMenu);
+    std::string theText = "menu: ";
+    for (MenuItemIndex theItem = 1; theItem <= CountMenuItems(theMenu); ++theItem) {
+        MenuItemAttributes theAttributes = 0;
+        GetMenuItemAttributes(theMenu, theItem, &theAttributes);
+        if ((theAttributes & kMenuItemAttrSeparator) != 0) {
+            theText += "| ";
+        } else {
+            theText += DescribeItem(theMenu, theItem) + "  ";
+        }
+    }
+    return theText.substr(0, theText.find_last_not_of(' ') + 1);
+}
+
 } // namespace
 
-ThermostatSession::ThermostatSession(ThermostatModel& theModel, WindowRef theWindow)
-    : mModel(theModel),
-      mWindow(theWindow)
+ThermostatSession::ThermostatSession(ThermostatApplication& theApplication, Script theScript)
+    : mApplication(theApplication)
 {
-    WriteScript();
+    if (theScript == kFirstRun) {
+        WriteFirstRun();
+    } else {
+        WriteSecondRun();
+    }
 }
 
 ThermostatSession::~ThermostatSession()
@@ -32,30 +80,48 @@ ThermostatSession::~ThermostatSession()
     }
 }
 
-void ThermostatSession::WriteScript()
+// The scripts ------------------------------------------------------------------------------------------
+
+void ThermostatSession::WriteFirstRun()
 {
     Program("The application has opened its window.", [] {});
     Person("The person drags the slider to 24.",
            [this] { return mUser.DragSlider(Control(kTargetSlider), 24); });
     Person("The person clears the check box: no power, and the model disables the slider.",
            [this] { return mUser.Click(Control(kHeatingBox)); });
-    Person("The person checks it again.", [this] { return mUser.Click(Control(kHeatingBox)); });
+    Person("The person chooses Heating On from the menu: all is as before.",
+           [this] { return mUser.ChooseCommand(kCommandHeating); });
     Person("The person types another name over the room's. The model waits for the end of it.",
            [this] { return TypeOverRoomName("Kitchen"); });
     Person("The person presses Tab: that ends the name.", [this] { return mUser.PressKey(kVK_Tab); });
     Person("The person types a third name and presses Return, which ends it and keeps the field.",
            [this] { return TypeOverRoomName("Attic\n"); });
+    Person("The person chooses Fahrenheit.", [this] { return mUser.ChooseCommand(kCommandFahrenheit); });
     Program("The program lowers the target to 16, by setting the model's key.",
-            [this] { mModel.SetKeyPathValue(kModelTarget, LmValue(16UL)); });
+            [this] { mApplication.GetModel().Set(kModelTarget, LmValue(16L)); });
     Program("The program turns the heating off, by setting the model's key.",
-            [this] { mModel.SetKeyPathValue(kModelHeating, LmValue(false)); });
+            [this] { mApplication.GetModel().Set(kModelHeating, LmValue(false)); });
+    WriteWindowActions();
     Person("The person closes the window, and the application ends. (The status -50 is how\n"
            "the library reports the end of a one-way binding to a key that nothing else was bound to.)",
-           [this] {
-               const UserResult theResult = mUser.CloseWindow(mWindow);
-               mWindow = nullptr;
-               return theResult;
-           });
+           [this] { return mUser.CloseWindow(mApplication.GetWindow()); });
+}
+
+void ThermostatSession::WriteWindowActions()
+{
+    Person("The person moves the window; the preferences will remember the place.",
+           [this] { return mUser.MoveWindow(mApplication.GetWindow(), 240, 160); });
+    Person("The person hides the window with the menu ...",
+           [this] { return mUser.ChooseCommand(kCommandShown); });
+    Person("... and shows it again.", [this] { return mUser.ChooseCommand(kCommandShown); });
+}
+
+void ThermostatSession::WriteSecondRun()
+{
+    Program("The application has opened its window: as the run before has left it.", [] {});
+    Person("The person presses Command-R, which resets target, heating and unit.",
+           [this] { return mUser.PressKey(kVK_ANSI_R, cmdKey); });
+    Person("The person presses Command-Q.", [this] { return mUser.PressKey(kVK_ANSI_Q, cmdKey); });
 }
 
 void ThermostatSession::Person(const std::string& theText, const std::function<UserResult()>& theDeed)
@@ -75,7 +141,7 @@ void ThermostatSession::Program(const std::string& theText, const std::function<
 
 Host::ControlAddress ThermostatSession::Control(SInt32 theNumber) const
 {
-    return Host::ControlAddress(mWindow, ControlID{kThermostatSignature, theNumber});
+    return Host::ControlAddress(mApplication.GetWindow(), ControlID{kThermostatSignature, theNumber});
 }
 
 UserResult ThermostatSession::TypeOverRoomName(const std::string& theText)
@@ -131,9 +197,11 @@ void ThermostatSession::Fail(const UserResult& theResult)
 void ThermostatSession::PrintState()
 {
     std::vector<std::string> theLines = DescribeState();
+    const bool theIsFirst = mShownLines.empty();
+    mShownLines.resize(theLines.size());
     for (size_t theIndex = 0; theIndex < theLines.size(); ++theIndex) {
-        const bool theIsNew = theIndex >= mShownLines.size() || theLines[theIndex] != mShownLines[theIndex];
-        std::printf("  %s %s\n", theIsNew && !mShownLines.empty() ? "->" : "  ", theLines[theIndex].c_str());
+        const bool theIsNew = !theIsFirst && theLines[theIndex] != mShownLines[theIndex];
+        std::printf("  %s %s\n", theIsNew ? "->" : "  ", theLines[theIndex].c_str());
     }
     std::fflush(stdout);
     mShownLines.swap(theLines);
@@ -141,25 +209,41 @@ void ThermostatSession::PrintState()
 
 std::vector<std::string> ThermostatSession::DescribeState() const
 {
-    std::vector<std::string> theLines;
-    if (mWindow != nullptr) {
-        for (const SInt32 theNumber : {kRoomField, kHeatingBox, kTargetSlider, kTargetText, kPowerBar}) {
-            theLines.push_back(mUser.DescribeControl(Control(theNumber)));
-        }
+    std::vector<std::string> theLines = {DescribeModel(), DescribeMenu(), DescribeWindow()};
+    if (IsValidWindowPtr(mApplication.GetWindow())) {
+        DescribeControls(theLines);
     }
-    theLines.push_back(DescribeModel());
     return theLines;
+}
+
+void ThermostatSession::DescribeControls(std::vector<std::string>& theLines) const
+{
+    for (const SInt32 theNumber :
+         {kRoomField, kHeatingBox, kTargetSlider, kTargetText, kUnitText, kPowerBar, kPowerText}) {
+        theLines.push_back("  " + mUser.DescribeControl(Control(theNumber)));
+    }
+}
+
+std::string ThermostatSession::DescribeWindow() const
+{
+    const WindowRef theWindow = mApplication.GetWindow();
+    if (!IsValidWindowPtr(theWindow)) {
+        return "window: closed";
+    }
+    CFStringRef theTitle = nullptr;
+    CopyWindowTitleAsCFString(theWindow, &theTitle);
+    Rect theBounds = {0, 0, 0, 0};
+    GetWindowBounds(theWindow, kWindowContentRgn, &theBounds);
+    return "window: \"" + TextOfAdopted(theTitle) + "\" at " + std::to_string(theBounds.left) + ", " +
+           std::to_string(theBounds.top) + (IsWindowVisible(theWindow) ? "" : ", hidden");
 }
 
 std::string ThermostatSession::DescribeModel() const
 {
-    char theRoom[100] = "";
-    CFStringGetCString(mModel.GetKeyPathValue(kModelRoom).GetString(), theRoom, sizeof theRoom,
-                       kCFStringEncodingUTF8);
-    char theText[200];
-    std::snprintf(theText, sizeof theText, "model: room \"%s\", heating %s, target %ld, power %ld %%",
-                  theRoom, mModel.GetKeyPathValue(kModelHeating).GetBoolean() ? "on" : "off",
-                  mModel.GetKeyPathValue(kModelTarget).GetSInt32(),
-                  mModel.GetKeyPathValue(kModelPower).GetSInt32());
-    return theText;
+    ThermostatModel& theModel = mApplication.GetModel();
+    return "model: room \"" + TextOf(theModel.Get(kModelRoom).GetString()) + "\", heating " +
+           (theModel.Get(kModelHeating).GetBoolean() ? "on" : "off") + ", target " +
+           std::to_string(theModel.Get(kModelTarget).GetSInt32()) + ", power " +
+           std::to_string(theModel.Get(kModelPower).GetSInt32()) + ", in " +
+           (theModel.Get(kModelFahrenheit).GetBoolean() ? "Fahrenheit" : "Celsius");
 }

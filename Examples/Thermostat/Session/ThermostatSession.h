@@ -10,19 +10,26 @@
 #include <string>
 #include <vector>
 
-class ThermostatModel;
+class ThermostatApplication;
 
 // A scripted session: a person who is made of code uses the thermostat, and now and then the program changes
-// something by itself. After every action it prints what the window shows, with an arrow at what has changed.
+// something by itself. After every action it prints what the window, the menu and the model say, with an
+// arrow at what has changed.
 //
-// The session runs inside the application's event loop: one action each time that a timer fires. It ends with
-// the window, which ends the loop.
+// The session runs inside the application's event loop: one action each time that a timer fires. Its last
+// action ends the loop.
 class ThermostatSession
 {
 public:
-    // theModel and theWindow are the application's; they outlive the session, but for the window, which the
-    // last action closes.
-    ThermostatSession(ThermostatModel& theModel, WindowRef theWindow);
+    // There are two scripts: the first tries everything, the second begins where another run has ended.
+    enum Script
+    {
+        kFirstRun = 1,
+        kSecondRun = 2
+    };
+
+    // theApplication must outlive the session.
+    ThermostatSession(ThermostatApplication& theApplication, Script theScript);
     ~ThermostatSession();
 
     ThermostatSession(const ThermostatSession&) = delete;
@@ -41,7 +48,9 @@ private:
         std::function<Host::UserResult()> theDeed;
     };
 
-    void WriteScript();
+    void WriteFirstRun();
+    void WriteSecondRun();
+    void WriteWindowActions();
     void Person(const std::string& theText, const std::function<Host::UserResult()>& theDeed);
     void Program(const std::string& theText, const std::function<void()>& theDeed);
     Host::ControlAddress Control(SInt32 theNumber) const;
@@ -53,10 +62,11 @@ private:
 
     void PrintState();
     std::vector<std::string> DescribeState() const;
+    void DescribeControls(std::vector<std::string>& theLines) const;
+    std::string DescribeWindow() const;
     std::string DescribeModel() const;
 
-    ThermostatModel& mModel;
-    WindowRef mWindow; // null once it is closed; not owned
+    ThermostatApplication& mApplication;
     EventLoopTimerRef mTimer = nullptr;
     Host::UserSimulator mUser;
     std::vector<Action> mScript;

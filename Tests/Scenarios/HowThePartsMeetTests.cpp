@@ -1,0 +1,266 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+// Stories in which all parts of the library take part: a person, controls, a menu, a window, models and
+// preferences.
+
+#include "LmBindings.h"
+#include "NotificationRecorder.h"
+
+#include <Simulation/UserSimulator.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <memory>
+
+namespace {
+
+const ControlID kVolumeSlider = {'Volu', 1};
+const ControlID kNameField = {'Volu', 2};
+const MenuCommand kLoud = 'loud';
+const Rect kWindowBounds = {100, 100, 300, 500};
+
+std::string TextOf(CFStringRef theString)
+{
+    char theText[256] = "(null)";
+    if (theString != nullptr) {
+        CFStringGetCString(theString, theText, sizeof theText, kCFStringEncodingUTF8);
+    }
+    return theText;
+}
+
+// A window with a volume slider from 0 to 10 and a name field, and a menu with the command "Loud".
+class HowThePartsMeet : public testing::Test
+{
+protected:
+    // Keeps the person's own preferences out of it, however the tests are run.
+    static void SetUpTestSuite() { setenv("LM_PREFERENCES", "memory", 1); }
+
+    void SetUp() override
+    {
+        CreateNewWindow(kDocumentWindowClass,
+                        kWindowStandardDocumentAttributes | kWindowStandardHandlerAttribute, &kWindowBounds,
+                        &mWindow);
+        CreateRootControl(mWindow, nullptr);
+        AddSlider();
+        AddField();
+        AddMenu();
+        ShowWindow(mWindow);
+    }
+
+    void TearDown() override
+    {
+        DeleteMenu(128);
+        if (IsValidWindowPtr(mWindow)) {
+            DisposeWindow(mWindow);
+        }
+    }
+
+    void AddSlider()
+    {
+        const Rect theBounds = {20, 20, 40, 220};
+        CreateSliderControl(mWindow, &theBounds, 5, 0, 10, kControlSliderDoesNotPoint, 0, true, nullptr,
+                            &mSlider);
+        SetControlID(mSlider, &kVolumeSlider);
+    }
+
+    void AddField()
+    {
+        const Rect theBounds = {60, 20, 80, 220};
+        CreateEditUnicodeTextControl(mWindow, &theBounds, nullptr, false, nullptr, &mField);
+        SetControlID(mField, &kNameField);
+    }
+
+    static void AddMenu()
+    {
+        MenuRef theMenu = nullptr;
+        CreateNewMenu(128, 0, &theMenu);
+        AppendMenuItemTextWithCFString(theMenu, CFSTR("Loud"), 0, kLoud, nullptr);
+        InsertMenu(theMenu, 0);
+        ReleaseMenu(theMenu);
+    }
+
+    static UniChar GetLoudMark()
+    {
+        UniChar theMark = 0xFFFF;
+        GetMenuCommandMark(nullptr, kLoud, &theMark);
+        return theMark;
+    }
+
+    LmPreferenceBinding mPreferences{CFSTR("org.lmbindings.scenario")};
+    LmKeyValueBinding mModel;
+    WindowRef mWindow = nullptr;
+    ControlRef mSlider = nullptr;
+    ControlRef mField = nullptr;
+    Host::UserSimulator mUser;
+};
+
+TEST_F(HowThePartsMeet, ThePersonsDragReachesTheModelAndTheModelsChangeReachesTheSlider)
+{
+    mModel.SetKeyPathValue("volume", LmValue(3UL));
+    (new LmControlBinding(mWindow, kVolumeSlider))->Bind("value", &mModel, "volume", nullptr, nullptr);
+    EXPECT_EQ(GetControl32BitValue(mSlider), 3);
+    NotificationRecorder theRecorder;
+    mModel.ObserveKeyPathValue("volume", &theRecorder);
+
+    const Host::UserResult theResult = mUser.DragSlider({mWindow, kVolumeSlider}, 8);
+    EXPECT_TRUE(theResult) << theResult.Explain();
+    EXPECT_EQ(mModel.GetKeyPathValue("volume").GetUInt32(), 8UL);
+    EXPECT_EQ(GetControl32BitValue(mSlider), 8);
+
+    theRecorder.Take();
+    mModel.SetKeyPathValue("volume", LmValue(1UL));
+    EXPECT_EQ(GetControl32BitValue(mSlider), 1);
+    EXPECT_EQ(theRecorder.Take(), (Lines{"changing volume", "changed volume"})) << "there is no echo";
+}
+
+TEST_F(HowThePartsMeet, TheVolumeSliderAndTheMenuMarkFollowThePreference)
+{
+    mPreferences.SetKeyPathValue("volume", LmValue(2L));
+    (new LmControlBinding(mWindow, kVolumeSlider))->Bind("value", &mPreferences, "volume", nullptr, nullptr);
+    (new LmMenuBinding(kLoud))
+        ->BindTo("mark", &mPreferences, "volume", new LmIsAboveTransform(LmValue(7L), true));
+    EXPECT_EQ(GetControl32BitValue(mSlider), 2);
+    EXPECT_EQ(GetLoudMark(), noMark);
+
+    EXPECT_TRUE(mUser.DragSlider({mWindow, kVolumeSlider}, 9));
+    EXPECT_EQ(mPreferences.GetKeyPathValue("volume").GetSInt32(), 9L);
+    EXPECT_EQ(GetLoudMark(), checkMark);
+
+    mPreferences.SetKeyPathValue("volume", LmValue(4L));
+    EXPECT_EQ(GetControl32BitValue(mSlider), 4);
+    EXPECT_EQ(GetLoudMark(), noMark);
+}
+
+TEST_F(HowThePartsMeet, TypedTextReachesTheModelWithReturnAndTheWindowsTitleFollows)
+{
+    mModel.SetKeyPathValue("name", LmValue(CFSTR(""), false));
+    (new LmControlBinding(mWindow, kNameField))->Bind("value", &mModel, "name", nullptr, nullptr);
+    (new LmWindowBinding(mWindow))->BindTo("title", &mModel, "name", nullptr);
+
+    EXPECT_TRUE(mUser.Click({mWindow, kNameField}));
+    EXPECT_TRUE(mUser.TypeText("Quiet"));
+    EXPECT_EQ(TextOf(mModel.GetKeyPathValue("name").GetString()), "");
+    EXPECT_TRUE(mUser.PressKey(kVK_Return));
+    EXPECT_EQ(TextOf(mModel.GetKeyPathValue("name").GetString()), "Quiet");
+    CFStringRef theTitle = nullptr;
+    CopyWindowTitleAsCFString(mWindow, &theTitle);
+    EXPECT_EQ(TextOf(theTitle), "Quiet");
+    CFRelease(theTitle);
+    ControlRef theFocus = nullptr;
+    GetKeyboardFocus(mWindow, &theFocus);
+    EXPECT_EQ(theFocus, mField) << "Return keeps the focus in the field";
+}
+
+// A model object whose volume can be switched off as a whole.
+class Player : public LmBindable
+{
+public:
+    void ValueChanged(const LmKeyValueStore*, const LmString& theKeyName) override
+    {
+        if (!IgnoreChanges()) {
+            mHeard.push_back(theKeyName.GetUTF8());
+        }
+    }
+
+    Lines mHeard;
+};
+
+TEST_F(HowThePartsMeet, AnObjectOfTheApplicationHearsWhatThePersonDoes)
+{
+    Player thePlayer;
+    thePlayer.GetBindings()->SetKeyPathValue("volume", LmValue(0UL));
+    (new LmControlBinding(mSlider))->Bind("value", thePlayer.GetBindings(), "volume", nullptr, nullptr);
+    EXPECT_TRUE(mUser.DragSlider({mWindow, kVolumeSlider}, 10));
+    ASSERT_FALSE(thePlayer.mHeard.empty());
+    EXPECT_EQ(thePlayer.mHeard.back(), "volume");
+    thePlayer.mHeard.clear();
+    thePlayer.SetIgnoreChanges(true);
+    EXPECT_TRUE(mUser.DragSlider({mWindow, kVolumeSlider}, 1));
+    EXPECT_EQ(thePlayer.mHeard, Lines{});
+    EXPECT_EQ(thePlayer.GetBindings()->GetKeyPathValue("volume").GetUInt32(), 1UL);
+}
+
+TEST_F(HowThePartsMeet, TheWindowsPlaceIsRememberedInThePreferences)
+{
+    (new LmWindowBinding(mWindow))->Bind("bounds", &mPreferences, "place", nullptr, nullptr);
+    EXPECT_FALSE(mPreferences.HasKey("place")) << "nothing is written before something changes";
+    EXPECT_TRUE(mUser.MoveWindow(mWindow, 140, 130));
+    const CGRect thePlace = mPreferences.GetKeyPathValue("place").GetRect();
+    EXPECT_EQ(thePlace.origin.x, 140);
+    EXPECT_EQ(thePlace.origin.y, 130);
+
+    WindowRef theOther = nullptr;
+    CreateNewWindow(kDocumentWindowClass, kWindowStandardDocumentAttributes, &kWindowBounds, &theOther);
+    (new LmWindowBinding(theOther))->Bind("bounds", &mPreferences, "place", nullptr, nullptr);
+    Rect theBounds = {0, 0, 0, 0};
+    GetWindowBounds(theOther, kWindowContentRgn, &theBounds);
+    EXPECT_EQ(theBounds.left, 140);
+    EXPECT_EQ(theBounds.top, 130);
+    DisposeWindow(theOther);
+}
+
+TEST_F(HowThePartsMeet, ClosingTheWindowTakesItsBindingsAndLeavesModelAndPreferences)
+{
+    mModel.SetKeyPathValue("volume", LmValue(3UL));
+    mModel.Bind("volume", &mPreferences, "volume", nullptr, nullptr);
+    (new LmControlBinding(mSlider))->Bind("value", &mModel, "volume", nullptr, nullptr);
+    (new LmWindowBinding(mWindow))->Bind("visible", &mModel, "shown", nullptr, nullptr);
+    EXPECT_TRUE(mUser.CloseWindow(mWindow));
+    EXPECT_FALSE(IsValidWindowPtr(mWindow));
+    mModel.SetKeyPathValue("volume", LmValue(6UL));
+    EXPECT_EQ(mPreferences.GetKeyPathValue("volume").GetSInt32(), 6L);
+}
+
+TEST_F(HowThePartsMeet, EitherSideMayBeDestroyedFirst)
+{
+    {
+        LmKeyValueBinding theModel;
+        LmControlBinding* theBinding = new LmControlBinding(mSlider);
+        theBinding->Bind("value", &theModel, "volume", nullptr, nullptr);
+        delete theBinding;
+        theModel.SetKeyPathValue("volume", LmValue(2UL));
+    }
+    auto theModel = std::make_unique<LmKeyValueBinding>();
+    LmControlBinding* theBinding = new LmControlBinding(mSlider);
+    theBinding->Bind("value", theModel.get(), "volume", nullptr, nullptr);
+    theModel.reset();
+    theBinding->SetKeyPathValue("value", LmValue(9UL));
+    EXPECT_EQ(GetControl32BitValue(mSlider), 9);
+}
+
+// An observer that sets another key and starts observing while it is being told.
+class Meddler : public LmKeyValueObserver
+{
+public:
+    explicit Meddler(NotificationRecorder& theRecorder)
+        : mRecorder(theRecorder)
+    {
+    }
+
+    void ValueChanging(const LmKeyValueStore* theStore, const LmString& theKeyName) override
+    {
+        auto* const theBinding = const_cast<LmKeyValueStore*>(theStore);
+        if (!theBinding->IsObserving(theKeyName, &mRecorder)) {
+            theBinding->ObserveKeyPathValue(theKeyName, &mRecorder);
+            theBinding->SetKeyPathValue("noticed", LmValue(true));
+        }
+    }
+
+private:
+    NotificationRecorder& mRecorder;
+};
+
+TEST_F(HowThePartsMeet, ObserversMaySetKeysAndRegisterWhileThePersonDrags)
+{
+    NotificationRecorder theRecorder;
+    Meddler theMeddler(theRecorder);
+    LmControlBinding* theBinding = new LmControlBinding(mSlider);
+    theBinding->ObserveKeyPathValue("value", &theMeddler);
+    SetControl32BitValue(mSlider, 7);
+    EXPECT_EQ(theRecorder.Take(), Lines{"changed value"})
+        << "the pass in which it registered ran over a copy";
+    EXPECT_TRUE(theBinding->GetKeyPathValue("noticed").GetBoolean());
+}
+
+} // namespace
