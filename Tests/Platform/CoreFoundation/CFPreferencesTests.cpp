@@ -1,0 +1,329 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+// The expectations are what CoreFoundation of Mac OS X 10.7 answers. Every test has an application of its
+// own, and the values are kept in memory.
+
+#include "PreferenceFileSupport.h"
+#include "StandardErrorCapture.h"
+
+#include <cstdlib>
+#include <thread>
+
+namespace {
+
+class CFPreferences : public testing::Test
+{
+protected:
+    CFPreferences()
+        : mApplication(String(std::string("com.example.") +
+                              testing::UnitTest::GetInstance()->current_test_info()->name()))
+    {
+        setenv("LM_PREFERENCES", "memory", 1);
+    }
+
+    void Set(CFStringRef theKey, CFPropertyListRef theValue)
+    {
+        CFPreferencesSetAppValue(theKey, theValue, mApplication);
+    }
+
+    Owned<CFPropertyListRef> Get(CFStringRef theKey) const
+    {
+        return Owned(CFPreferencesCopyAppValue(theKey, mApplication));
+    }
+
+    // Whether the value is equal to theExpected, or absent when that is NULL.
+    testing::AssertionResult Has(CFStringRef theKey, CFPropertyListRef theExpected) const
+    {
+        const Owned<CFPropertyListRef> theValue = Get(theKey);
+        const bool theIsRight = theExpected == nullptr
+                                    ? theValue == nullptr
+                                    : theValue != nullptr && CFEqual(theValue, theExpected);
+        return (theIsRight ? testing::AssertionSuccess() : testing::AssertionFailure())
+               << TextOf(Owned(CFCopyDescription(theValue)));
+    }
+
+    CFNumberType TypeOf(CFStringRef theKey) const
+    {
+        return CFNumberGetType(static_cast<CFNumberRef>(static_cast<CFPropertyListRef>(Get(theKey))));
+    }
+
+    bool Synchronize() const { return CFPreferencesAppSynchronize(mApplication); }
+
+    const Owned<CFStringRef> mApplication;
+};
+
+} // namespace
+
+TEST_F(CFPreferences, NamesOfDomainsAreTheirOwnText)
+{
+    EXPECT_EQ(TextOf(kCFPreferencesAnyApplication), "kCFPreferencesAnyApplication");
+    EXPECT_EQ(TextOf(kCFPreferencesCurrentApplication), "kCFPreferencesCurrentApplication");
+    EXPECT_EQ(TextOf(kCFPreferencesAnyHost), "kCFPreferencesAnyHost");
+    EXPECT_EQ(TextOf(kCFPreferencesCurrentHost), "kCFPreferencesCurrentHost");
+    EXPECT_EQ(TextOf(kCFPreferencesAnyUser), "kCFPreferencesAnyUser");
+    EXPECT_EQ(TextOf(kCFPreferencesCurrentUser), "kCFPreferencesCurrentUser");
+}
+
+TEST_F(CFPreferences, AnAbsentKeyHasNoValue)
+{
+    EXPECT_TRUE(Has(CFSTR("absent"), nullptr));
+    Set(CFSTR("absent"), nullptr);
+    EXPECT_TRUE(Synchronize());
+    EXPECT_TRUE(Has(CFSTR("absent"), nullptr));
+}
+
+TEST_F(CFPreferences, WhatIsSetIsSeenAtOnceAndAfterSynchronizing)
+{
+    Set(CFSTR("text"), CFSTR("value"));
+    EXPECT_TRUE(Has(CFSTR("text"), CFSTR("value")));
+    EXPECT_TRUE(Synchronize());
+    EXPECT_TRUE(Has(CFSTR("text"), CFSTR("value")));
+    EXPECT_TRUE(Synchronize());
+    EXPECT_TRUE(Has(CFSTR("text"), CFSTR("value")));
+    Set(CFSTR("text"), nullptr);
+    EXPECT_TRUE(Has(CFSTR("text"), nullptr));
+    EXPECT_TRUE(Synchronize());
+    EXPECT_TRUE(Synchronize());
+    EXPECT_TRUE(Has(CFSTR("text"), nullptr));
+}
+
+TEST_F(CFPreferences, AnyStringIsAKey)
+{
+    for (const char* theKey : {"", "a.b", "a/b", "a b", u8"\u00E9\U0001F600", "<&>"}) {
+        Set(String(theKey), String(theKey));
+    }
+    EXPECT_TRUE(Synchronize());
+    EXPECT_TRUE(Synchronize());
+    for (const char* theKey : {"", "a.b", "a/b", "a b", u8"\u00E9\U0001F600", "<&>"}) {
+        EXPECT_TRUE(Has(String(theKey), String(theKey)));
+    }
+}
+
+TEST_F(CFPreferences, ValuesAndKeysAreCopiedWhenTheyAreSet)
+{
+    const auto theKey = MutableString("key");
+    const auto theText = MutableString("value");
+    const auto theArray = ObjectArray({theText});
+    Set(theKey, theArray);
+    CFStringAppend(theKey, CFSTR(" changed"));
+    CFStringAppend(theText, CFSTR(" changed"));
+    CFArrayAppendValue(theArray, kCFBooleanTrue);
+    EXPECT_TRUE(Has(CFSTR("key"), ObjectArray({CFSTR("value")})));
+}
+
+TEST_F(CFPreferences, ValuesBelongToTheCaller)
+{
+    Set(CFSTR("data"), Data({1, 2, 3}));
+    const CFPropertyListRef theFirst = CFPreferencesCopyAppValue(CFSTR("data"), mApplication);
+    const CFIndex theCount = CFGetRetainCount(theFirst);
+    const CFPropertyListRef theSecond = CFPreferencesCopyAppValue(CFSTR("data"), mApplication);
+    EXPECT_EQ(CFGetRetainCount(theFirst), theCount + 1);
+    CFRelease(theSecond);
+    CFRelease(theFirst);
+}
+
+TEST_F(CFPreferences, NumbersKeepTheirTypeUntilTheyAreReadAgain)
+{
+    Set(CFSTR("small"), Number(kCFNumberSInt64Type, SInt64{7}));
+    Set(CFSTR("short"), Number(kCFNumberSInt16Type, SInt16{300}));
+    Set(CFSTR("byte"), Number(kCFNumberSInt8Type, SInt8{100}));
+    Set(CFSTR("wide"), Number(kCFNumberSInt64Type, SInt64{1000}));
+    Set(CFSTR("large"), Number(kCFNumberSInt64Type, SInt64{5000000000}));
+    Set(CFSTR("float"), Number(kCFNumberFloat32Type, 2.5F));
+    Set(CFSTR("double"), Float(2.5));
+    for (int theTurn = 0; theTurn < 2; ++theTurn) {
+        EXPECT_EQ(TypeOf(CFSTR("small")), kCFNumberSInt32Type);
+        EXPECT_EQ(TypeOf(CFSTR("short")), kCFNumberSInt16Type);
+        EXPECT_EQ(TypeOf(CFSTR("byte")), kCFNumberSInt8Type);
+        EXPECT_EQ(TypeOf(CFSTR("wide")), kCFNumberSInt64Type);
+        EXPECT_EQ(TypeOf(CFSTR("large")), kCFNumberSInt64Type);
+        EXPECT_EQ(TypeOf(CFSTR("float")), kCFNumberFloat32Type);
+        EXPECT_EQ(TypeOf(CFSTR("double")), kCFNumberFloat64Type);
+        // The first one writes, the second one forgets.
+        EXPECT_TRUE(Synchronize());
+    }
+    EXPECT_EQ(TypeOf(CFSTR("small")), kCFNumberSInt32Type);
+    EXPECT_EQ(TypeOf(CFSTR("short")), kCFNumberSInt32Type);
+    EXPECT_EQ(TypeOf(CFSTR("byte")), kCFNumberSInt32Type);
+    EXPECT_EQ(TypeOf(CFSTR("wide")), kCFNumberSInt32Type);
+    EXPECT_EQ(TypeOf(CFSTR("large")), kCFNumberSInt64Type);
+    EXPECT_EQ(TypeOf(CFSTR("float")), kCFNumberFloat64Type);
+    EXPECT_EQ(TypeOf(CFSTR("double")), kCFNumberFloat64Type);
+}
+
+TEST_F(CFPreferences, BooleansStayTheConstants)
+{
+    Set(CFSTR("yes"), kCFBooleanTrue);
+    EXPECT_TRUE(Synchronize());
+    EXPECT_TRUE(Synchronize());
+    EXPECT_EQ(static_cast<CFPropertyListRef>(Get(CFSTR("yes"))), kCFBooleanTrue);
+}
+
+TEST_F(CFPreferences, AnEqualValueIsNoChange)
+{
+    Set(CFSTR("number"), Number(kCFNumberSInt16Type, SInt16{300}));
+    Set(CFSTR("number"), Number(kCFNumberSInt64Type, SInt64{300}));
+    EXPECT_EQ(TypeOf(CFSTR("number")), kCFNumberSInt16Type);
+}
+
+TEST_F(CFPreferences, WhatIsNoPropertyListIsNotSet)
+{
+    Set(CFSTR("key"), CFSTR("before"));
+    Set(CFSTR("key"), kCFNull);
+    Set(CFSTR("key"), ObjectArray({kCFNull}));
+    Set(CFSTR("key"), String(Units{0xD800}));
+    Set(String(Units{0xD800}), CFSTR("value"));
+    EXPECT_EQ(StandardErrorCapture::TakeLines(),
+              Lines(4, "CFPreferences: a value that is no property list was not set"));
+    EXPECT_TRUE(Has(CFSTR("key"), CFSTR("before")));
+    EXPECT_TRUE(Synchronize());
+}
+
+TEST_F(CFPreferences, ReadingAsksOneDomainAfterTheOther)
+{
+    const CFStringRef kUser = kCFPreferencesCurrentUser;
+    const CFStringRef kKey = CFSTR("searched key");
+    CFPreferencesSetValue(kKey, CFSTR("any, any"), kCFPreferencesAnyApplication, kUser,
+                          kCFPreferencesAnyHost);
+    EXPECT_TRUE(Has(kKey, CFSTR("any, any")));
+    CFPreferencesSetValue(kKey, CFSTR("any, host"), kCFPreferencesAnyApplication, kUser,
+                          kCFPreferencesCurrentHost);
+    EXPECT_TRUE(Has(kKey, CFSTR("any, host")));
+    Set(kKey, CFSTR("application, any"));
+    EXPECT_TRUE(Has(kKey, CFSTR("application, any")));
+    CFPreferencesSetValue(kKey, CFSTR("application, host"), mApplication, kUser, kCFPreferencesCurrentHost);
+    EXPECT_TRUE(Has(kKey, CFSTR("application, host")));
+    Set(kKey, CFSTR("set, but not seen"));
+    EXPECT_TRUE(Has(kKey, CFSTR("application, host")));
+    EXPECT_TRUE(CFEqual(Owned(CFPreferencesCopyValue(kKey, mApplication, kUser, kCFPreferencesAnyHost)),
+                        CFSTR("set, but not seen")));
+    CFPreferencesSetValue(kKey, nullptr, mApplication, kUser, kCFPreferencesCurrentHost);
+    Set(kKey, nullptr);
+    EXPECT_TRUE(Has(kKey, CFSTR("any, host")));
+    CFPreferencesSetValue(kKey, nullptr, kCFPreferencesAnyApplication, kUser, kCFPreferencesCurrentHost);
+    CFPreferencesSetValue(kKey, nullptr, kCFPreferencesAnyApplication, kUser, kCFPreferencesAnyHost);
+    EXPECT_TRUE(Has(kKey, nullptr));
+    EXPECT_TRUE(Synchronize());
+}
+
+TEST_F(CFPreferences, BooleansAreReadFromSomeOtherValues)
+{
+    const struct Row
+    {
+        Owned<CFPropertyListRef> theValue;
+        bool theExpected;
+        bool theIsValid;
+    } kRows[] = {
+        {Owned<CFPropertyListRef>(CFRetain(kCFBooleanTrue)), true, true},
+        {Owned<CFPropertyListRef>(CFRetain(kCFBooleanFalse)), false, true},
+        {Owned<CFPropertyListRef>(CFRetain(Integer(2))), true, true},
+        {Owned<CFPropertyListRef>(CFRetain(Integer(0))), false, true},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR("true"))), true, true},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR("YES"))), true, true},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR("False"))), false, true},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR("no"))), false, true},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR("1"))), false, false},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR(""))), false, false},
+        {Owned<CFPropertyListRef>(CFRetain(Data({1}))), false, false},
+    };
+    for (const Row& theRow : kRows) {
+        SCOPED_TRACE(DescriptionOf(theRow.theValue));
+        Set(CFSTR("key"), theRow.theValue);
+        Boolean theIsValid = 77;
+        EXPECT_EQ(CFPreferencesGetAppBooleanValue(CFSTR("key"), mApplication, &theIsValid),
+                  theRow.theExpected);
+        EXPECT_EQ(theIsValid, theRow.theIsValid);
+        EXPECT_EQ(CFPreferencesGetAppBooleanValue(CFSTR("key"), mApplication, nullptr), theRow.theExpected);
+    }
+    Set(CFSTR("key"), Float(1.0));
+    Boolean theIsValid = 77;
+    CFPreferencesGetAppBooleanValue(CFSTR("key"), mApplication, &theIsValid);
+    EXPECT_FALSE(theIsValid);
+    EXPECT_FALSE(CFPreferencesGetAppBooleanValue(CFSTR("absent"), mApplication, &theIsValid));
+    EXPECT_FALSE(theIsValid);
+}
+
+TEST_F(CFPreferences, IntegersAreReadFromSomeOtherValues)
+{
+    const struct Row
+    {
+        Owned<CFPropertyListRef> theValue;
+        CFIndex theExpected;
+        bool theIsValid;
+    } kRows[] = {
+        {Owned<CFPropertyListRef>(CFRetain(Integer(-5))), -5, true},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR(" 42"))), 42, true},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR("-42"))), -42, true},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR("42x"))), 0, false},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR(""))), 0, false},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR("-"))), 0, false},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR("99999999999999999999"))), 0, false},
+        {Owned<CFPropertyListRef>(CFRetain(kCFBooleanTrue)), 0, false},
+        {Owned<CFPropertyListRef>(CFRetain(Float(5.0))), 0, false},
+    };
+    for (const Row& theRow : kRows) {
+        SCOPED_TRACE(DescriptionOf(theRow.theValue));
+        Set(CFSTR("key"), theRow.theValue);
+        Boolean theIsValid = 77;
+        EXPECT_EQ(CFPreferencesGetAppIntegerValue(CFSTR("key"), mApplication, &theIsValid),
+                  theRow.theExpected);
+        EXPECT_EQ(theIsValid, theRow.theIsValid);
+    }
+    EXPECT_EQ(CFPreferencesGetAppIntegerValue(CFSTR("absent"), mApplication, nullptr), 0);
+}
+
+TEST_F(CFPreferences, SeveralValuesAreSetAndCopiedAtOnce)
+{
+    const CFStringRef kUser = kCFPreferencesCurrentUser;
+    const CFStringRef kHost = kCFPreferencesAnyHost;
+    EXPECT_EQ(CFPreferencesCopyKeyList(mApplication, kUser, kHost), nullptr);
+    Set(CFSTR("old"), CFSTR("value"));
+    CFPreferencesSetMultiple(ObjectDictionary({{CFSTR("a"), CFSTR("A")}, {CFSTR("b"), CFSTR("B")}}),
+                             ObjectArray({CFSTR("old"), CFSTR("b"), CFSTR("absent")}), mApplication, kUser,
+                             kHost);
+    const Owned<CFDictionaryRef> theAll(CFPreferencesCopyMultiple(nullptr, mApplication, kUser, kHost));
+    EXPECT_TRUE(CFEqual(theAll, ObjectDictionary({{CFSTR("a"), CFSTR("A")}})));
+    const Owned<CFDictionaryRef> theSome(
+        CFPreferencesCopyMultiple(ObjectArray({CFSTR("a"), CFSTR("absent")}), mApplication, kUser, kHost));
+    EXPECT_TRUE(CFEqual(theSome, theAll));
+    EXPECT_TRUE(
+        CFEqual(Owned(CFPreferencesCopyKeyList(mApplication, kUser, kHost)), ObjectArray({CFSTR("a")})));
+    CFPreferencesSetMultiple(nullptr, nullptr, mApplication, kUser, kHost);
+    EXPECT_TRUE(CFPreferencesSynchronize(mApplication, kUser, kHost));
+}
+
+TEST_F(CFPreferences, NothingIsKeptForAnyUser)
+{
+    // In a process of its own: the value can never be written.
+    EXPECT_EQ(RunInProcess([this] {
+                  const CFStringRef kUser = kCFPreferencesAnyUser;
+                  const CFStringRef kHost = kCFPreferencesCurrentHost;
+                  const bool theIsCleanAtFirst = CFPreferencesSynchronize(mApplication, kUser, kHost);
+                  CFPreferencesSetValue(CFSTR("key"), CFSTR("value"), mApplication, kUser, kHost);
+                  const Owned<CFPropertyListRef> theValue(
+                      CFPreferencesCopyValue(CFSTR("key"), mApplication, kUser, kHost));
+                  return theIsCleanAtFirst && CFEqual(theValue, CFSTR("value")) &&
+                                 !CFPreferencesSynchronize(mApplication, kUser, kHost) && !Synchronize() &&
+                                 Has(CFSTR("key"), nullptr)
+                             ? 0
+                             : 1;
+              }),
+              0);
+}
+
+TEST_F(CFPreferences, MayBeUsedFromAnyThread)
+{
+    const auto theWork = [this](const char* thePrefix) {
+        for (int theIndex = 0; theIndex < 50; ++theIndex) {
+            Set(String(thePrefix + std::to_string(theIndex)), Integer(theIndex));
+            Synchronize();
+        }
+    };
+    std::thread theFirst(theWork, "first");
+    std::thread theSecond(theWork, "second");
+    theFirst.join();
+    theSecond.join();
+    const Owned<CFArrayRef> theKeys(
+        CFPreferencesCopyKeyList(mApplication, kCFPreferencesCurrentUser, kCFPreferencesAnyHost));
+    EXPECT_EQ(CFArrayGetCount(theKeys), 100);
+}

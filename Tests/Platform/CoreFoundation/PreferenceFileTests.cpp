@@ -1,0 +1,450 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+// Where preferences are kept, and what is done when that is not possible.
+
+#include "PreferenceFileSupport.h"
+#include "StandardErrorCapture.h"
+
+#include <csignal>
+#include <sys/resource.h>
+
+namespace {
+
+const char* const kHeader = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                            "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+                            "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+                            "<plist version=\"1.0\">\n";
+
+std::string FileWith(const std::string& theContent)
+{
+    return kHeader + theContent + "</plist>\n";
+}
+
+std::string Repeated(const std::string& theText, int theCount)
+{
+    std::string theResult;
+    for (int theIndex = 0; theIndex < theCount; ++theIndex) {
+        theResult += theText;
+    }
+    return theResult;
+}
+
+// Bytes without a pattern, the same ones every time.
+std::string NoiseOf(size_t theLength)
+{
+    std::string theNoise;
+    unsigned theState = 12345;
+    while (theNoise.size() < theLength) {
+        theState = theState * 1103515245 + 12345;
+        theNoise += static_cast<char>(theState >> 16);
+    }
+    return theNoise;
+}
+
+// What a command prints.
+std::string OutputOf(const std::string& theCommand)
+{
+    std::string theOutput;
+    if (FILE* const thePipe = popen(theCommand.c_str(), "r")) {
+        char theBuffer[4096];
+        size_t theCount = 0;
+        while ((theCount = fread(theBuffer, 1, sizeof theBuffer, thePipe)) > 0) {
+            theOutput.append(theBuffer, theCount);
+        }
+        pclose(thePipe);
+    }
+    return theOutput;
+}
+
+void RequirePlistutil()
+{
+    if (OutputOf("command -v plistutil").empty()) {
+        GTEST_SKIP() << "plistutil is not installed";
+    }
+}
+
+} // namespace
+
+TEST_F(PreferenceFiles, ADomainIsOneSortedPropertyListForItsUserAlone)
+{
+    Set(CFSTR("b"), Integer(5));
+    Set(CFSTR("a"), CFSTR("x<y"));
+    EXPECT_FALSE(Exists(Path()));
+    EXPECT_TRUE(Synchronize());
+    EXPECT_EQ(FileText(Path()), FileWith("<dict>\n\t<key>a</key>\n\t<string>x&lt;y</string>\n\t<key>b</"
+                                         "key>\n\t<integer>5</integer>\n</dict>\n"));
+    EXPECT_EQ(ModeOf(Path()), 0600U);
+    EXPECT_EQ(NamesIn(mFolder).size(), 1U);
+}
+
+TEST_F(PreferenceFiles, FoldersAreMadeForTheUserAlone)
+{
+    setenv("XDG_CONFIG_HOME", PathInFolder("new/folder").c_str(), 1);
+    Set(CFSTR("a"), kCFBooleanTrue);
+    EXPECT_TRUE(Synchronize());
+    EXPECT_EQ(ModeOf(PathInFolder("new")), 0700U);
+    EXPECT_EQ(ModeOf(PathInFolder("new/folder")), 0700U);
+    EXPECT_EQ(NamesIn(PathInFolder("new/folder")).size(), 1U);
+}
+
+TEST_F(PreferenceFiles, TheHomeFolderIsUsedWhenTheVariableSaysNothing)
+{
+    setenv("HOME", mFolder.c_str(), 1);
+    for (const char* theValue : {"", "relative/path"}) {
+        setenv("XDG_CONFIG_HOME", theValue, 1);
+        Set(CFSTR("a"), CFSTR("value"));
+        Set(CFSTR("b"), String(std::string("x") + theValue));
+        EXPECT_TRUE(Synchronize());
+        EXPECT_NE(FileText(PathInFolder(".config/") + TextOf(mApplication) + ".plist")
+                      .find(std::string("<string>x") + theValue),
+                  std::string::npos);
+    }
+}
+
+TEST_F(PreferenceFiles, OtherDomainsHaveOtherFiles)
+{
+    const CFStringRef kUser = kCFPreferencesCurrentUser;
+    CFPreferencesSetValue(CFSTR("k"), kCFBooleanTrue, mApplication, kUser, kCFPreferencesCurrentHost);
+    CFPreferencesSetValue(CFSTR("k"), kCFBooleanTrue, kCFPreferencesAnyApplication, kUser,
+                          kCFPreferencesAnyHost);
+    CFPreferencesSetValue(CFSTR("k"), kCFBooleanTrue, kCFPreferencesCurrentApplication, kUser,
+                          kCFPreferencesAnyHost);
+    EXPECT_TRUE(Synchronize());
+    EXPECT_EQ(NamesIn(mFolder), (std::vector<std::string>{".GlobalPreferences.plist", "ByHost",
+                                                          "platform.corefoundationTests.plist"}));
+    const std::vector<std::string> theNames = NamesIn(PathInFolder("ByHost"));
+    ASSERT_EQ(theNames.size(), 1U);
+    EXPECT_EQ(theNames[0].find(TextOf(mApplication) + "."), 0U);
+    CFPreferencesSetValue(CFSTR("k"), nullptr, kCFPreferencesAnyApplication, kUser, kCFPreferencesAnyHost);
+    EXPECT_TRUE(Synchronize());
+}
+
+TEST_F(PreferenceFiles, NoIdentifierLeadsOutOfTheFolder)
+{
+    CFPreferencesSetAppValue(CFSTR("k"), kCFBooleanTrue, CFSTR("../../up%"));
+    EXPECT_TRUE(Synchronize());
+    EXPECT_EQ(NamesIn(mFolder), (std::vector<std::string>{"..%2F..%2Fup%25.plist"}));
+}
+
+TEST_F(PreferenceFiles, AnEmptyDomainHasNoFile)
+{
+    Set(CFSTR("a"), kCFBooleanTrue);
+    EXPECT_TRUE(Synchronize());
+    Set(CFSTR("a"), nullptr);
+    EXPECT_TRUE(Exists(Path()));
+    EXPECT_TRUE(Synchronize());
+    EXPECT_FALSE(Exists(Path()));
+}
+
+TEST_F(PreferenceFiles, WhatOthersWriteIsSeenAfterSynchronizing)
+{
+    Set(CFSTR("a"), CFSTR("mine"));
+    EXPECT_TRUE(Synchronize());
+    WriteFile(Path(), FileWith("<dict><key>a</key><string>theirs</string></dict>"));
+    EXPECT_TRUE(Has(CFSTR("a"), CFSTR("mine")));
+    EXPECT_TRUE(Synchronize());
+    EXPECT_TRUE(Has(CFSTR("a"), CFSTR("theirs")));
+    unlink(Path().c_str());
+    EXPECT_TRUE(Synchronize());
+    EXPECT_TRUE(Has(CFSTR("a"), nullptr));
+}
+
+TEST_F(PreferenceFiles, OnlyChangedKeysAreWritten)
+{
+    Set(CFSTR("a"), CFSTR("mine"));
+    Set(CFSTR("b"), CFSTR("mine"));
+    EXPECT_TRUE(Synchronize());
+    WriteFile(
+        Path(),
+        FileWith("<dict><key>a</key><string>theirs</string><key>c</key><string>theirs</string></dict>"));
+    Set(CFSTR("d"), CFSTR("mine"));
+    EXPECT_TRUE(Synchronize());
+    EXPECT_TRUE(CFEqual(FileValues(), ObjectDictionary({{CFSTR("a"), CFSTR("theirs")},
+                                                        {CFSTR("c"), CFSTR("theirs")},
+                                                        {CFSTR("d"), CFSTR("mine")}})));
+    EXPECT_TRUE(Has(CFSTR("a"), CFSTR("theirs")));
+    EXPECT_TRUE(Has(CFSTR("b"), nullptr));
+}
+
+TEST_F(PreferenceFiles, AnEqualValueIsNotWrittenOnPurpose)
+{
+    Set(CFSTR("a"), CFSTR("mine"));
+    EXPECT_TRUE(Synchronize());
+    WriteFile(Path(), FileWith("<dict><key>a</key><string>theirs</string></dict>"));
+    Set(CFSTR("a"), CFSTR("mine"));
+    EXPECT_TRUE(Synchronize());
+    EXPECT_TRUE(Has(CFSTR("a"), CFSTR("theirs")));
+}
+
+TEST_F(PreferenceFiles, EveryApplicationIsSynchronized)
+{
+    Set(CFSTR("a"), kCFBooleanTrue);
+    EXPECT_TRUE(CFPreferencesAppSynchronize(CFSTR("com.example.never.used")));
+    EXPECT_TRUE(Exists(Path()));
+}
+
+TEST_F(PreferenceFiles, OneDomainCanBeSynchronizedAlone)
+{
+    Set(CFSTR("a"), kCFBooleanTrue);
+    EXPECT_TRUE(CFPreferencesSynchronize(mApplication, kCFPreferencesCurrentUser, kCFPreferencesCurrentHost));
+    EXPECT_FALSE(Exists(Path()));
+    EXPECT_TRUE(CFPreferencesSynchronize(mApplication, kCFPreferencesCurrentUser, kCFPreferencesAnyHost));
+    EXPECT_TRUE(Exists(Path()));
+}
+
+TEST_F(PreferenceFiles, TypesOfNumbersAreThoseOfTheFile)
+{
+    WriteFile(Path(),
+              FileWith("<dict><key>a</key><integer>1000</integer><key>b</key><integer>5000000000</integer>"
+                       "<key>c</key><real>2</real></dict>"));
+    EXPECT_EQ(CFNumberGetType(static_cast<CFNumberRef>(static_cast<CFTypeRef>(Get(CFSTR("a"))))),
+              kCFNumberSInt32Type);
+    EXPECT_EQ(CFNumberGetType(static_cast<CFNumberRef>(static_cast<CFTypeRef>(Get(CFSTR("b"))))),
+              kCFNumberSInt64Type);
+    EXPECT_EQ(CFNumberGetType(static_cast<CFNumberRef>(static_cast<CFTypeRef>(Get(CFSTR("c"))))),
+              kCFNumberFloat64Type);
+}
+
+TEST_F(PreferenceFiles, OtherToolsReadThem)
+{
+    RequirePlistutil();
+    const Owned<CFDateRef> theDate(CFDateCreate(nullptr, 0));
+    Set(CFSTR("text"), String(u8"a<b> \u20AC"));
+    Set(CFSTR("number"), Integer(-5000000000));
+    Set(CFSTR("real"), Float(0.1));
+    Set(CFSTR("list"), ObjectArray({theDate, Data({1, 2, 3}), kCFBooleanTrue}));
+    EXPECT_TRUE(Synchronize());
+    EXPECT_EQ(OutputOf("plistutil -i '" + Path() + "' -f xml"), FileText(Path()));
+}
+
+TEST_F(PreferenceFiles, BinaryFilesOfOtherToolsAreReadAndRewrittenAsXML)
+{
+    RequirePlistutil();
+    const std::string theText =
+        FileWith("<dict>\n\t<key>a</key>\n\t<array>\n\t\t<date>2005-06-07T08:09:10Z</date>\n"
+                 "\t\t<integer>70000</integer>\n\t</array>\n</dict>\n");
+    WriteFile(PathInFolder("text"), theText);
+    OutputOf("plistutil -i '" + PathInFolder("text") + "' -f bin -o '" + Path() + "'");
+    ASSERT_EQ(FileText(Path()).substr(0, 8), "bplist00");
+    const Owned<CFDateRef> theDate(CFDateCreate(nullptr, 139824550));
+    EXPECT_TRUE(Has(CFSTR("a"), ObjectArray({theDate, Integer(70000)})));
+    Set(CFSTR("b"), kCFBooleanTrue);
+    EXPECT_TRUE(Synchronize());
+    EXPECT_EQ(FileText(Path()).substr(0, 5), "<?xml");
+    EXPECT_TRUE(CFEqual(FileValues(), ObjectDictionary({{CFSTR("a"), ObjectArray({theDate, Integer(70000)})},
+                                                        {CFSTR("b"), kCFBooleanTrue}})));
+}
+
+TEST_F(PreferenceFiles, ALinkIsReplacedByAFile)
+{
+    WriteFile(PathInFolder("target"), FileWith("<dict><key>a</key><true/></dict>"));
+    ASSERT_EQ(symlink(PathInFolder("target").c_str(), Path().c_str()), 0);
+    EXPECT_TRUE(Has(CFSTR("a"), kCFBooleanTrue));
+    Set(CFSTR("b"), kCFBooleanTrue);
+    EXPECT_TRUE(Synchronize());
+    struct stat theStatus = {};
+    ASSERT_EQ(lstat(Path().c_str(), &theStatus), 0);
+    EXPECT_TRUE(S_ISREG(theStatus.st_mode));
+    EXPECT_EQ(FileText(PathInFolder("target")), FileWith("<dict><key>a</key><true/></dict>"));
+}
+
+TEST_F(PreferenceFiles, WhatAKilledProcessLeftBehindIsWrittenOver)
+{
+    WriteFile(Path() + ".new", "half a file");
+    Set(CFSTR("a"), kCFBooleanTrue);
+    EXPECT_TRUE(Synchronize());
+    EXPECT_EQ(NamesIn(mFolder).size(), 1U);
+    EXPECT_TRUE(CFEqual(FileValues(), ObjectDictionary({{CFSTR("a"), kCFBooleanTrue}})));
+}
+
+// Damaged files
+
+namespace {
+
+struct DamagedRow
+{
+    const char* theName;
+    std::string theContent;
+    const char* theReason;
+};
+
+void PrintTo(const DamagedRow& theRow, std::ostream* theStream)
+{
+    *theStream << theRow.theName;
+}
+
+class DamagedPreferenceFiles : public PreferenceFiles, public testing::WithParamInterface<DamagedRow>
+{
+};
+
+const DamagedRow kDamagedRows[] = {
+    {"Empty", "", "there is nothing"},
+    {"Truncated", FileWith("<dict><key>a</key><true/></dict>").substr(0, 200), "an end tag is missing"},
+    {"Noise", NoiseOf(10000), "an element is expected"},
+    {"NoDictionary", FileWith("<array/>"), "it holds no dictionary"},
+    {"DeepNesting",
+     FileWith("<dict><key>a</key>" + Repeated("<array>", 100000) + Repeated("</array>", 100000) + "</dict>"),
+     "the nesting is too deep"},
+    {"EntityBomb",
+     "<!DOCTYPE plist [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;\">]>"
+     "<plist><dict><key>a</key><string>&b;</string></dict></plist>",
+     "the document type defines something"},
+    {"HugeInteger", FileWith("<dict><key>a</key><integer>" + std::string(100000, '9') + "</integer></dict>"),
+     "an integer is none, or is too large"},
+    {"BinaryNoise", "bplist00" + NoiseOf(10000), "the binary form is damaged"},
+};
+
+} // namespace
+
+TEST_P(DamagedPreferenceFiles, AreKeptUnderAnotherNameAndReportedInOneLine)
+{
+    const std::string theContent = GetParam().theContent;
+    WriteFile(Path(), theContent);
+    EXPECT_TRUE(Has(CFSTR("a"), nullptr));
+    const std::string theNewPath = Path() + ".damaged-1";
+    EXPECT_EQ(StandardErrorCapture::TakeLines(),
+              Lines{"CFPreferences: " + Path() + " is damaged (" + GetParam().theReason +
+                    ") and was kept as " + theNewPath});
+    EXPECT_EQ(FileText(theNewPath), theContent);
+    EXPECT_FALSE(Exists(Path()));
+    // The application goes on.
+    Set(CFSTR("b"), kCFBooleanTrue);
+    EXPECT_TRUE(Synchronize());
+    EXPECT_TRUE(CFEqual(FileValues(), ObjectDictionary({{CFSTR("b"), kCFBooleanTrue}})));
+    EXPECT_EQ(FileText(theNewPath), theContent);
+    Set(CFSTR("b"), nullptr);
+    EXPECT_TRUE(Synchronize());
+    EXPECT_TRUE(Synchronize());
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, DamagedPreferenceFiles, testing::ValuesIn(kDamagedRows),
+                         [](const testing::TestParamInfo<DamagedRow>& theInfo) {
+                             return theInfo.param.theName;
+                         });
+
+TEST_F(PreferenceFiles, AFileThatIsDamagedMeanwhileIsKeptWhenWriting)
+{
+    Set(CFSTR("a"), kCFBooleanTrue);
+    EXPECT_TRUE(Synchronize());
+    WriteFile(Path(), "broken");
+    Set(CFSTR("b"), kCFBooleanTrue);
+    EXPECT_TRUE(Synchronize());
+    EXPECT_EQ(StandardErrorCapture::TakeLines(),
+              Lines{"CFPreferences: " + Path() + " is damaged (an element is expected) and was kept as " +
+                    Path() + ".damaged-1"});
+    EXPECT_EQ(FileText(Path() + ".damaged-1"), "broken");
+    EXPECT_TRUE(CFEqual(FileValues(), ObjectDictionary({{CFSTR("b"), kCFBooleanTrue}})));
+}
+
+TEST_F(PreferenceFiles, EachDamagedFileGetsANameOfItsOwn)
+{
+    for (const char* theContent : {"first", "second"}) {
+        WriteFile(Path(), theContent);
+        EXPECT_TRUE(Synchronize());
+        EXPECT_TRUE(Has(CFSTR("a"), nullptr));
+    }
+    EXPECT_EQ(StandardErrorCapture::TakeLines().size(), 2U);
+    EXPECT_EQ(FileText(Path() + ".damaged-1"), "first");
+    EXPECT_EQ(FileText(Path() + ".damaged-2"), "second");
+}
+
+// Places that cannot be written to. Every one is tried in a process of its own: its changes are never
+// written.
+
+TEST_F(PreferenceFiles, WhatIsNoFileIsLeftAlone)
+{
+    ASSERT_EQ(mkdir(Path().c_str(), 0700), 0);
+    EXPECT_EQ(RunInProcess([this] {
+                  const bool theIsEmpty = Has(CFSTR("a"), nullptr);
+                  Set(CFSTR("a"), kCFBooleanTrue);
+                  return theIsEmpty && !Synchronize() && Has(CFSTR("a"), kCFBooleanTrue) ? 0 : 1;
+              }),
+              0);
+    EXPECT_TRUE(Exists(Path()));
+}
+
+TEST_F(PreferenceFiles, APipeIsNotWaitedFor)
+{
+    ASSERT_EQ(mkfifo(Path().c_str(), 0600), 0);
+    EXPECT_EQ(RunInProcess([this] {
+                  Set(CFSTR("a"), kCFBooleanTrue);
+                  return Synchronize() ? 1 : 0;
+              }),
+              0);
+}
+
+TEST_F(PreferenceFiles, AFileInTheFoldersPlaceMakesSynchronizingFail)
+{
+    WriteFile(PathInFolder("file"), "text");
+    setenv("XDG_CONFIG_HOME", PathInFolder("file").c_str(), 1);
+    EXPECT_EQ(RunInProcess([this] {
+                  Set(CFSTR("a"), kCFBooleanTrue);
+                  const bool theHasFailed =
+                      !Synchronize() && Has(CFSTR("a"), kCFBooleanTrue) && !Synchronize();
+                  setenv("XDG_CONFIG_HOME", mFolder.c_str(), 1);
+                  return theHasFailed && Synchronize() ? 0 : 1;
+              }),
+              0);
+    EXPECT_TRUE(CFEqual(FileValues(), ObjectDictionary({{CFSTR("a"), kCFBooleanTrue}})));
+}
+
+TEST_F(PreferenceFiles, AReadOnlyFolderMakesSynchronizingFailAndKeepsWhatWasThere)
+{
+    const std::string theText = FileWith("<dict><key>a</key><string>before</string></dict>");
+    WriteFile(Path(), theText);
+    chmod(Path().c_str(), 0644);
+    chmod(mFolder.c_str(), 0555);
+    EXPECT_EQ(RunInProcess([this] {
+                  // The superuser may write everywhere.
+                  const uid_t kNobody = 65534;
+                  if (getuid() == 0 && setuid(kNobody) != 0) {
+                      return 2;
+                  }
+                  Set(CFSTR("a"), CFSTR("after"));
+                  return !Synchronize() && Has(CFSTR("a"), CFSTR("after")) ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(FileText(Path()), theText);
+}
+
+TEST_F(PreferenceFiles, ADamagedFileThatCannotBeKeptAsideIsNeverWrittenOver)
+{
+    WriteFile(Path(), "broken");
+    chmod(Path().c_str(), 0666);
+    chmod(mFolder.c_str(), 0555);
+    EXPECT_EQ(RunInProcess([this] {
+                  const uid_t kNobody = 65534;
+                  if (getuid() == 0 && setuid(kNobody) != 0) {
+                      return 2;
+                  }
+                  Set(CFSTR("a"), kCFBooleanTrue);
+                  return !Synchronize() && !Synchronize() && Has(CFSTR("a"), kCFBooleanTrue) ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(StandardErrorCapture::TakeLines(),
+              Lines{"CFPreferences: " + Path() +
+                    " is damaged (an element is expected) and cannot be kept under another name"});
+    EXPECT_EQ(FileText(Path()), "broken");
+}
+
+TEST_F(PreferenceFiles, AFullDiskMakesSynchronizingFailAndKeepsWhatWasThere)
+{
+    const std::string theText = FileWith("<dict><key>a</key><string>before</string></dict>");
+    WriteFile(Path(), theText);
+    EXPECT_EQ(RunInProcess([this] {
+                  // Files that may not grow stand for a disk that is full.
+                  std::signal(SIGXFSZ, SIG_IGN);
+                  rlimit theLimit = {};
+                  getrlimit(RLIMIT_FSIZE, &theLimit);
+                  const rlim_t theOldLimit = std::exchange(theLimit.rlim_cur, 4096);
+                  setrlimit(RLIMIT_FSIZE, &theLimit);
+                  Set(CFSTR("b"), String(std::string(100000, 'x')));
+                  const bool theHasFailed = !Synchronize() && !Has(CFSTR("b"), nullptr);
+                  const bool theIsKept = Has(CFSTR("a"), CFSTR("before")) && FileText(Path()).size() < 4096;
+                  theLimit.rlim_cur = theOldLimit;
+                  setrlimit(RLIMIT_FSIZE, &theLimit);
+                  return theHasFailed && theIsKept && NamesIn(mFolder).size() == 1 && Synchronize() ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(CFDictionaryGetCount(FileValues()), 2);
+}
