@@ -30,10 +30,24 @@ function(lm_add_test theName)
   target_link_libraries(${theTarget} PRIVATE ${LM_LIBRARIES} LmTestSupport GTest::gmock)
   gtest_discover_tests(${theTarget}
     TEST_PREFIX ${theName}.
+    NO_PRETTY_VALUES
     DISCOVERY_MODE PRE_TEST
     DISCOVERY_TIMEOUT 60
-    PROPERTIES
-      LABELS "${LM_LABELS}"
-      TIMEOUT 300
-      ENVIRONMENT "LM_PRESENTER=headless;LM_PREFERENCES=memory;LC_ALL=C.UTF-8;ASAN_OPTIONS=detect_leaks=1:allocator_may_return_null=1;UBSAN_OPTIONS=print_stacktrace=1")
+    PROPERTIES TIMEOUT 300)
+  # gtest_discover_tests takes lists apart, so what is a list is set in a file that ctest reads after the tests
+  # are known.
+  set(theEnvironment
+    LM_PRESENTER=headless
+    LM_PREFERENCES=memory
+    LC_ALL=C.UTF-8
+    ASAN_OPTIONS=detect_leaks=1:allocator_may_return_null=1
+    UBSAN_OPTIONS=print_stacktrace=1)
+  set(thePropertyFile "${CMAKE_CURRENT_BINARY_DIR}/${theTarget}_properties.cmake")
+  file(WRITE "${thePropertyFile}"
+    "if(${theTarget}_TESTS)\n"
+    "  set_tests_properties(\${${theTarget}_TESTS} PROPERTIES\n"
+    "    ENVIRONMENT \"${theEnvironment}\"\n"
+    "    LABELS \"${theName};${LM_LABELS}\")\n"
+    "endif()\n")
+  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${thePropertyFile}")
 endfunction()
