@@ -246,6 +246,7 @@ void QtInput::GiveBack(QWidget& theWidget, const QEvent& theEvent)
     const std::shared_ptr<QEvent> theCopy(theEvent.clone());
     mReports.AddNext([this, theTarget, theCopy](PresenterEvents&) {
         if (theTarget != nullptr) {
+            const QtReports::Overtaking theOvertaking(mReports);
             mIsGivingBack = true;
             QCoreApplication::sendEvent(theTarget, theCopy.get());
             mIsGivingBack = false;

@@ -2,20 +2,29 @@
 
 #include "QtReports.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace Host {
 
 void QtReports::Add(Report theReport, Subject theSubject, ObjectId theObject)
 {
-    const bool theIsLatest = theSubject != Subject::kOther && !mEntries.empty() &&
-                             mEntries.back().theSubject == theSubject &&
-                             mEntries.back().theObject == theObject;
-    if (theIsLatest) {
-        mEntries.back().theReport = std::move(theReport);
-    } else {
-        mEntries.push_back({std::move(theReport), theSubject, theObject});
+    const auto thePlace = mEntries.end() - static_cast<std::ptrdiff_t>(mWaiting);
+    if (theSubject != Subject::kOther && thePlace != mEntries.begin()) {
+        Entry& theLast = *std::prev(thePlace);
+        if (theLast.theSubject == theSubject && theLast.theObject == theObject) {
+            theLast.theReport = std::move(theReport);
+            return;
+        }
     }
+    mEntries.insert(thePlace, {std::move(theReport), theSubject, theObject});
+}
+
+void QtReports::Clear()
+{
+    mEntries.clear();
+    mWaiting = 0;
 }
 
 void QtReports::AddNext(Report theReport)
@@ -27,6 +36,7 @@ QtReports::Report QtReports::TakeNext()
 {
     Report theReport = std::move(mEntries.front().theReport);
     mEntries.pop_front();
+    mWaiting = std::min(mWaiting, mEntries.size());
     return theReport;
 }
 

@@ -35,8 +35,28 @@ public:
     // Puts a report before those that wait.
     void AddNext(Report theReport);
 
+    // While one of these lives, reports are put before those that wait when it began, in the order in which
+    // they are added: what a widget makes of an old key comes before the keys that were pressed after it.
+    class Overtaking
+    {
+    public:
+        explicit Overtaking(QtReports& theReports)
+            : mReports(theReports),
+              mWaiting(theReports.mWaiting)
+        {
+            theReports.mWaiting = theReports.mEntries.size();
+        }
+        ~Overtaking() { mReports.mWaiting = mWaiting; }
+        Overtaking(const Overtaking&) = delete;
+        Overtaking& operator=(const Overtaking&) = delete;
+
+    private:
+        QtReports& mReports;
+        size_t mWaiting;
+    };
+
     bool IsEmpty() const { return mEntries.empty(); }
-    void Clear() { mEntries.clear(); }
+    void Clear();
 
     // Takes the oldest report; there is one.
     Report TakeNext();
@@ -50,6 +70,7 @@ private:
     };
 
     std::deque<Entry> mEntries;
+    size_t mWaiting = 0; // how many at the end are being overtaken
 };
 
 } // namespace Host

@@ -23,7 +23,7 @@ const QtTestEnvironment kEnvironment;
 } // namespace
 
 // What the font library keeps until the program ends, and forgets when its cache is replaced.
-extern "C" const char* __lsan_default_suppressions()
+extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions()
 {
     return "leak:libfontconfig.so\n";
 }

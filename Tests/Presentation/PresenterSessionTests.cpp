@@ -1,0 +1,181 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+// The same session in front of every presenter: the program hears the same events in the same order, and the
+// screen ends up the same. The program that runs these tests says with which presenters.
+
+#include "PresenterKinds.h"
+#include "TestProgram.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <Simulation/UserSimulator.h>
+
+#include "HeadlessPresenter.h"
+
+namespace {
+
+using Host::PresenterRegistry;
+using Host::UserResult;
+using Host::UserSimulator;
+
+class PresenterSession : public testing::TestWithParam<PresenterKind>
+{
+protected:
+    PresenterSession() { EXPECT_TRUE(PresenterRegistry::Use(GetParam().theFactory())); }
+
+    ~PresenterSession() override { PresenterRegistry::Use(Host::HeadlessPresenter::Make()); }
+
+    // Turns the event loop until it brings nothing new; what it brings is noted.
+    void Turn()
+    {
+        for (size_t theCount = mLog.size() + 1; theCount != mLog.size();) {
+            theCount = mLog.size();
+            RunCurrentEventLoop(0);
+        }
+    }
+
+    Log Take()
+    {
+        Turn();
+        Log theLog;
+        theLog.swap(mLog);
+        return theLog;
+    }
+
+    Log mLog;
+    UserSimulator mUser;
+};
+
+class PresenterSessionWithWindow : public PresenterSession
+{
+protected:
+    PresenterSessionWithWindow()
+        : mWindowLog(GetWindowEventTarget(mProgram.mWindow.Get()), mLog)
+    {
+        Turn();
+        mLog.clear();
+    }
+
+    Log After(const UserResult& theResult)
+    {
+        EXPECT_TRUE(theResult) << theResult.Explain();
+        return Take();
+    }
+
+    WindowRef Window() const { return mProgram.mWindow.Get(); }
+
+    TestProgram mProgram;
+    EventLog mWindowLog;
+};
+
+TEST_P(PresenterSession, ShowingAWindowMakesItActiveOnce)
+{
+    TestWindow theWindow;
+    const EventLog theWindowLog(GetWindowEventTarget(theWindow.Get()), mLog);
+    EXPECT_EQ(Take(), Log());
+    EXPECT_TRUE(IsWindowActive(theWindow.Get()));
+}
+
+TEST_P(PresenterSessionWithWindow, ControlsAreWorked)
+{
+    EXPECT_EQ(After(mUser.Click(mProgram.mCheckBox)),
+              (Log{"mouse moved", "mouse down", "click", "mouse up", "value", "hit"}));
+    EXPECT_EQ(After(mUser.DragSlider(mProgram.mSlider, 8)),
+              (Log{"mouse down", "click", "mouse dragged", "mouse dragged", "mouse up", "value", "hit"}));
+    EXPECT_EQ(After(mUser.Click(mProgram.mButton)),
+              (Log{"mouse moved", "mouse down", "click", "mouse up", "hit"}));
+    EXPECT_EQ(GetControl32BitValue(mProgram.mCheckBox), 1);
+    EXPECT_EQ(GetControl32BitValue(mProgram.mSlider), 8);
+}
+
+TEST_P(PresenterSessionWithWindow, TextIsTyped)
+{
+    After(mUser.Click(mProgram.mField));
+    EXPECT_EQ(After(mUser.TypeText("Hi")),
+              (Log{"modifiers", "key down", "key up", "modifiers", "key down", "key up"}));
+    EXPECT_EQ(After(mUser.PressKey(kVK_Delete)), (Log{"key down", "key up"}));
+    EXPECT_EQ(After(mUser.PressKey(kVK_Return)), (Log{"key down", "key up"}));
+    EXPECT_EQ(TextOf(mProgram.mField), "H");
+}
+
+TEST_P(PresenterSessionWithWindow, WindowsAreWorked)
+{
+    EXPECT_EQ(After(mUser.MoveWindow(Window(), 150, 120)),
+              (Log{"mouse moved", "mouse down", "mouse up", "drag started", "bounds changing",
+                   "bounds changed", "drag completed"}));
+    EXPECT_EQ(After(mUser.ResizeWindow(Window(), 400, 250)),
+              (Log{"mouse moved", "mouse down", "mouse up", "resize started", "bounds changing",
+                   "bounds changed", "resize completed"}));
+    EXPECT_EQ(After(mUser.CollapseWindow(Window())), (Log{"mouse moved", "mouse down", "mouse up", "collapse",
+                                                          "collapsing", "collapsed", "deactivated"}));
+    EXPECT_EQ(After(mUser.ExpandWindow(Window())), (Log{"expand", "expanding", "expanded", "activated"}));
+    Rect theContent = {};
+    GetWindowBounds(Window(), kWindowContentRgn, &theContent);
+    EXPECT_EQ(theContent.left, 150);
+    EXPECT_EQ(theContent.top, 120);
+    EXPECT_EQ(theContent.right, 550);
+    EXPECT_EQ(theContent.bottom, 370);
+}
+
+TEST_P(PresenterSessionWithWindow, WhatTheProgramChangesComesBackAsNobodysAction)
+{
+    const Rect thePlace = MakeRect(200, 150, 600, 400);
+    SetControl32BitValue(mProgram.mSlider, 3);
+    SetControl32BitValue(mProgram.mCheckBox, 2);
+    SetControlData(mProgram.mField, kControlEntireControl, kControlEditTextTextTag, 4, "Home");
+    SetWindowBounds(Window(), kWindowContentRgn, &thePlace);
+    SetWindowTitleWithCFString(Window(), CFSTR("Other"));
+    EXPECT_EQ(Take(), (Log{"value", "value", "bounds changing", "bounds changed"}));
+}
+
+TEST_P(PresenterSessionWithWindow, ABurstOfChangesEndsOnTheLastValue)
+{
+    for (SInt32 theStep = 0; theStep <= 10000; ++theStep) {
+        SetControl32BitValue(mProgram.mSlider, theStep % 11);
+    }
+    mLog.clear();
+    EXPECT_EQ(Take(), Log());
+    EXPECT_EQ(GetControl32BitValue(mProgram.mSlider), 10000 % 11);
+}
+
+TEST_P(PresenterSessionWithWindow, AnotherPresenterShowsTheSamePicture)
+{
+    After(mUser.Click(mProgram.mCheckBox));
+    const std::string theBefore = Screen().DescribeScreen();
+    PresenterRegistry::Use(Host::HeadlessPresenter::Make());
+    Turn();
+    EXPECT_EQ(Screen().DescribeScreen(), theBefore);
+    PresenterRegistry::Use(GetParam().theFactory());
+    EXPECT_EQ(Take(), Log());
+    EXPECT_EQ(Screen().DescribeScreen(), theBefore);
+}
+
+TEST_P(PresenterSessionWithWindow, TimersRunWhileThePresenterWaits)
+{
+    EventLoopTimerRef theTimer = nullptr;
+    const auto theNote = [](EventLoopTimerRef, void* theLog) {
+        static_cast<Log*>(theLog)->push_back("timer");
+        QuitEventLoop(GetCurrentEventLoop());
+    };
+    InstallEventLoopTimer(GetCurrentEventLoop(), 0.001, 0, theNote, &mLog, &theTimer);
+    EXPECT_EQ(RunCurrentEventLoop(kEventDurationForever), eventLoopQuitErr);
+    RemoveEventLoopTimer(theTimer);
+    EXPECT_EQ(Take(), Log{"timer"});
+}
+
+TEST_P(PresenterSessionWithWindow, ClosingTheWindowTakesItOffTheScreen)
+{
+    const Log theLog = After(mUser.CloseWindow(Window()));
+    EXPECT_EQ(std::count(theLog.begin(), theLog.end(), "closed"), 1);
+    EXPECT_EQ(Screen().DescribeScreen(), "Nothing is on the screen.\n");
+}
+
+std::string NameOf(const testing::TestParamInfo<PresenterKind>& theInfo)
+{
+    return theInfo.param.theName;
+}
+
+INSTANTIATE_TEST_SUITE_P(Presenters, PresenterSession, testing::ValuesIn(PresenterKinds()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Presenters, PresenterSessionWithWindow, testing::ValuesIn(PresenterKinds()), NameOf);
+
+} // namespace
