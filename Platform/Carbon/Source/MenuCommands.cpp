@@ -107,8 +107,10 @@ OSStatus WithCommand(MenuRef theMenu, MenuCommand theCommand, const Action& theA
     }
     return Guarded([&]() -> OSStatus {
         const FoundItem theFound = FindCommand(theMenu, theCommand);
-        return theFound ? theAction(theFound.theMenu->Reference(), theFound.theIndex)
-                        : OSStatus(menuItemNotFoundErr);
+        if (!theFound) {
+            return menuItemNotFoundErr;
+        }
+        return theAction(theFound.theMenu->Reference(), theFound.theIndex);
     });
 }
 
