@@ -93,11 +93,27 @@ public:
     {
     }
 
+    // Whether any item has the key now, looked for without telling anybody.
+    bool HasKey(const SharedMenu& theMenu)
+    {
+        mMenus.clear();
+        Add(theMenu);
+        // NOLINTNEXTLINE(modernize-loop-convert): the list grows while it is walked.
+        for (size_t theNext = 0; theNext < mMenus.size(); ++theNext) {
+            const SharedMenu theCurrent = mMenus[theNext];
+            if (Match(theCurrent) != 0) {
+                return true;
+            }
+            AddSubmenus(theCurrent);
+        }
+        return false;
+    }
+
     FoundItem Run(const SharedMenu& theMenu)
     {
+        mMenus.clear();
         Add(theMenu);
-        // The list grows while it is walked: the menus held by items come after those found before.
-        // NOLINTNEXTLINE(modernize-loop-convert)
+        // NOLINTNEXTLINE(modernize-loop-convert): the list grows while it is walked.
         for (size_t theNext = 0; theNext < mMenus.size(); ++theNext) {
             const SharedMenu theCurrent = mMenus[theNext];
             const MenuItemIndex theFound = FindIn(theCurrent);
@@ -191,7 +207,11 @@ FoundItem FindKey(EventRef theEvent, MenuRef theMenu, MenuEventOptions theOption
     const SharedMenu theStart = theMenu == nullptr ? RootMenu() : FindMenu(theMenu);
     if (theStart != nullptr && ReadKeyPress(theEvent, &theKey)) {
         Guarded([&] {
-            theFound = KeySearch(theEvent, theKey, theOptions).Run(theStart);
+            KeySearch theSearch(theEvent, theKey, theOptions);
+            // Typing is no reason to bring every menu up to date; only few items do without the command key.
+            if ((theKey.theModifiers & cmdKey) != 0 || theSearch.HasKey(theStart)) {
+                theFound = theSearch.Run(theStart);
+            }
             return noErr;
         });
     }

@@ -330,8 +330,9 @@ CARBON_EXPORT OSStatus RemoveMenuCommandProperty(MenuRef inMenu, MenuCommand inC
 
 // Whether a key-down event is the command key of an item of the menu, or of the menus its items hold; a null
 // menu stands for the bar. Each menu that is looked into is brought up to date first: kEventMenuPopulate and
-// kEventMenuEnableItems, kEventCommandUpdateStatus for each item, kEventMenuMatchKey. outMenu and
-// outMenuItem may be null. The dispatcher asks this for every key, and sends the item's command.
+// kEventMenuEnableItems, kEventCommandUpdateStatus for each item, kEventMenuMatchKey; for a key without the
+// command key only when an item has it already. outMenu and outMenuItem may be null. The dispatcher asks this
+// for every key, and sends the item's command.
 CARBON_EXPORT Boolean IsMenuKeyEvent(MenuRef inStartMenu, EventRef inEvent, MenuEventOptions inOptions,
                                      MenuRef* outMenu, MenuItemIndex* outMenuItem);
 
