@@ -426,6 +426,7 @@ TEST(CFPropertyList, TextsThatAreMadeToDoHarmAreErrors)
     EXPECT_EQ(ErrorOf(Repeated("<dict><key>a</key>", 100000)), "the nesting is too deep");
     EXPECT_EQ(ErrorOf(Repeated("<array><!--</array>-->", 100000)), "the nesting is too deep");
     EXPECT_EQ(ErrorOf(Repeated("<array>", 512) + Repeated("</array>", 512)), "(read)");
+    EXPECT_EQ(ErrorOf(Repeated("<array>", 513) + Repeated("</array>", 513)), "the nesting is too deep");
 }
 
 TEST(CFPropertyList, EveryBeginningOfATextIsReadOrAnError)

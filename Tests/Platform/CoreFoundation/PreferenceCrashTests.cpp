@@ -5,6 +5,50 @@
 #include "PreferenceFileSupport.h"
 
 #include <csignal>
+#include <sys/syscall.h>
+
+namespace {
+
+// How many calls that change files a process may still make; negative for any number.
+int gCallsUntilKill = -1;
+
+// Whether this call is the one that the process does not survive.
+bool IsLastCall()
+{
+    return gCallsUntilKill >= 0 && gCallsUntilKill-- == 0;
+}
+
+} // namespace
+
+// These take the place of the system's functions in the whole test program, the libraries included.
+#pragma GCC visibility push(default)
+
+extern "C" ssize_t write(int theDescriptor, const void* theBytes, size_t theCount)
+{
+    if (!IsLastCall()) {
+        return syscall(SYS_write, theDescriptor, theBytes, theCount);
+    }
+    syscall(SYS_write, theDescriptor, theBytes, theCount / 2);
+    return kill(getpid(), SIGKILL);
+}
+
+extern "C" int fsync(int theDescriptor)
+{
+    return static_cast<int>(IsLastCall() ? kill(getpid(), SIGKILL) : syscall(SYS_fsync, theDescriptor));
+}
+
+extern "C" int rename(const char* theOldPath, const char* theNewPath) noexcept
+{
+    return static_cast<int>(IsLastCall() ? kill(getpid(), SIGKILL)
+                                         : syscall(SYS_rename, theOldPath, theNewPath));
+}
+
+extern "C" int unlink(const char* thePath) noexcept
+{
+    return static_cast<int>(IsLastCall() ? kill(getpid(), SIGKILL) : syscall(SYS_unlink, thePath));
+}
+
+#pragma GCC visibility pop
 
 namespace {
 
@@ -101,6 +145,31 @@ TEST_F(PreferenceFiles, WhatWasSynchronizedSurvivesAKill)
     kill(theProcess, SIGKILL);
     EXPECT_EQ(ResultOf(theProcess), -1);
     EXPECT_TRUE(CFEqual(FileValues(), ObjectDictionary({{CFSTR("kept"), CFSTR("value")}})));
+}
+
+TEST_F(PreferenceFiles, AProcessThatIsKilledInAnyCallLeavesOldOrNewValues)
+{
+    const auto theOldValues = ObjectDictionary({{CFSTR("a"), CFSTR("old")}, {CFSTR("z"), CFSTR("old")}});
+    const auto theNewValues = ObjectDictionary({{CFSTR("a"), CFSTR("new")}, {CFSTR("z"), CFSTR("new")}});
+    const std::string theOldFile =
+        "<dict><key>a</key><string>old</string><key>z</key><string>old</string></dict>";
+    int theCalls = 0;
+    for (int theResult = -1; theResult != 0; ++theCalls) {
+        ASSERT_LT(theCalls, 100);
+        WriteFile(Path(), theOldFile);
+        theResult = RunInProcess([this, theCalls] {
+            Set(CFSTR("a"), CFSTR("new"));
+            Set(CFSTR("z"), CFSTR("new"));
+            gCallsUntilKill = theCalls;
+            return Synchronize() ? 0 : 1;
+        });
+        const auto theFound = FileValues();
+        ASSERT_NE(static_cast<CFDictionaryRef>(theFound), nullptr) << "the file is torn, call " << theCalls;
+        ASSERT_TRUE(CFEqual(theFound, theNewValues) || (theResult != 0 && CFEqual(theFound, theOldValues)))
+            << "call " << theCalls;
+    }
+    // At least the writing, the synchronising and the renaming.
+    EXPECT_GT(theCalls, 3);
 }
 
 TEST_F(PreferenceFiles, AProcessThatIsKilledAtAnyMomentLeavesOldOrNewValues)
