@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <QApplication>
+#include <QFile>
 #include <QLibrary>
 
 namespace Host {
@@ -100,8 +101,9 @@ void NoteEnd()
 
 void MakeApplication()
 {
-    static char sName[] = "";
-    static char* sArguments[] = {sName, nullptr};
+    // The desktop calls the program by the name of its file.
+    static QByteArray sName = QFile::symLinkTarget(QStringLiteral("/proc/self/exe")).toLocal8Bit();
+    static char* sArguments[] = {sName.data(), nullptr};
     static int sCount = 1;
     const LocaleKeeper theKeeper;
     qInstallMessageHandler(PrintMessage);

@@ -6,6 +6,7 @@
 #include "QtControl.h"
 #include "QtEventPump.h"
 #include "QtMenuBar.h"
+#include "QtMenuWindow.h"
 #include "QtScreenshot.h"
 #include "QtWindow.h"
 
@@ -93,6 +94,11 @@ void QtPresenter::Forget()
         }
     }
     mWindows.clear();
+    if (mMenuWindow != nullptr) {
+        mMenuWindow->hide();
+        mMenuWindow->deleteLater();
+        mMenuWindow = nullptr;
+    }
     mMenuBar = nullptr;
     mMenuLook = {};
     mIsMenuChanged = false;
@@ -242,6 +248,24 @@ void QtPresenter::ShowMenus()
 bool QtPresenter::CarriesMenuBar(const WindowLook& theLook) const
 {
     return theLook.theShape == WindowShape::kDocument && mMenuBar->IsShown();
+}
+
+void QtPresenter::ShowMenuWindow()
+{
+    const std::vector<QtWindow*> theWindows = WindowsFrontToBack();
+    const bool theIsNeeded = mMenuBar->IsShown() &&
+                             std::none_of(theWindows.begin(), theWindows.end(), [this](QtWindow* theWindow) {
+                                 return CarriesMenuBar(theWindow->Look());
+                             });
+    if (theIsNeeded && mMenuWindow == nullptr) {
+        mMenuWindow = new QtMenuWindow(mReports);
+    }
+    if (theIsNeeded) {
+        mMenuBar->Fill(mMenuWindow->MenuBar());
+    }
+    if (mMenuWindow != nullptr) {
+        mMenuWindow->SetIsNeeded(theIsNeeded);
+    }
 }
 
 void QtPresenter::ShowChangedWindows()
@@ -431,6 +455,8 @@ bool QtPresenter::WaitUntil(double theDeadline, double theNow)
     }
     ++mWaits;
     ShowNow();
+    // Not earlier: a program that closes its last window most often ends.
+    ShowMenuWindow();
     mPump->Poll();
     bool theHasReported = MakeReports();
     const bool theIsLook = theDeadline >= 0 && theDeadline <= theNow;

@@ -18,6 +18,7 @@ namespace Host {
 class QtControl;
 class QtEventPump;
 class QtMenuBar;
+class QtMenuWindow;
 class QtWindow;
 
 // Shows the program on a desktop, with the widgets of Qt.
@@ -76,6 +77,7 @@ private:
     void ShowWindow(WindowEntry& theEntry);
     void ShowControl(ControlEntry& theEntry);
     void ShowMenus();
+    void ShowMenuWindow();
     void ShowChangedWindows();
     void ShowChangedControls();
     void AddControlsOf(ObjectId theWindow);
@@ -98,6 +100,7 @@ private:
     QtReports mReports;
     std::unique_ptr<QtEventPump> mPump;
     std::unique_ptr<QtMenuBar> mMenuBar;
+    QtMenuWindow* mMenuWindow = nullptr; // null until it is needed
     std::map<ObjectId, WindowEntry> mWindows;
     std::map<ObjectId, ControlEntry> mControls;
     std::set<ObjectId> mChangedWindows;

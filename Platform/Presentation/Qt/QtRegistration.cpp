@@ -15,8 +15,3 @@ struct QtRegistration
 const QtRegistration kRegistration;
 
 } // namespace
-
-// Programs call nothing of this library. What links it refers to this name instead, so that no linker leaves
-// the library out.
-extern "C" HOST_PUBLIC const int LmCarbonDesktopIsLinked;
-const int LmCarbonDesktopIsLinked = 1;
