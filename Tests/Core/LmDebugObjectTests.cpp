@@ -87,6 +87,21 @@ TEST(LmDebugObject, ItsDescriptionIsTheThirdVirtualFunctionAndOverridable)
     EXPECT_EQ(GetVirtualSlot(&LmDebugObject::GetDebugInfo), 2U);
 }
 
+TEST(LmDebugObject, IsDestroyedThroughABasePointer)
+{
+    static int theDestroyed = 0;
+    class Thing : public LmDebugObject
+    {
+    public:
+        ~Thing() override { ++theDestroyed; }
+    };
+    LmDebugObject* theObject = new Thing;
+    delete theObject;
+    theObject = new LmDebugObject;
+    delete theObject;
+    EXPECT_EQ(theDestroyed, 1);
+}
+
 TEST(LmDebugObject, LoggingIsOffAtFirstAndSwitchable)
 {
     EXPECT_FALSE(LmDebugObject::IsLogging());
@@ -157,7 +172,7 @@ TEST(LmDebugObject, RemovingAnIndentThatIsNotThereIsReportedAndWrapsRoundOnPurpo
     EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(),
               Lines{"Source/Core/LmDebugObject.cpp, line #: mIndent >= 1"});
 
-    // The depth is 4294967295 now: leaving a level is in order, and two more levels reach depth 1.
+    // The depth is 4294967295 now, so leaving a level is in order; four levels more than that are depth 2.
     theObject.RemoveIndent();
     theObject.AddIndent();
     theObject.AddIndent();

@@ -4,6 +4,7 @@
 
 #include "AllocationFailures.h"
 #include "StandardErrorCapture.h"
+#include "TestStrings.h"
 #include "VirtualSlot.h"
 
 #include <gtest/gtest.h>
@@ -33,6 +34,13 @@ public:
 private:
     long mStep;
     std::vector<long>& mDestroyed;
+};
+
+// Runs out of memory.
+class FailingTransform : public LmValueTransform
+{
+public:
+    LmValue Apply(const LmValue&) override { throw std::bad_alloc(); }
 };
 
 // Answers every value with the invalid one, and counts what it is asked.
@@ -141,6 +149,17 @@ TEST_F(LmListTransformTest, HandsAnInvalidValueOnLikeAnyOther)
     mList->Release();
     theFirst->Release();
     theSecond->Release();
+}
+
+TEST_F(LmListTransformTest, LeavesNothingBehindWhenAPartRunsOutOfMemory)
+{
+    const TestString theString("text");
+    auto* const theFailing = new FailingTransform;
+    mList->Add(theFailing);
+    EXPECT_THROW(mList->Apply(LmValue(theString.Get(), false)), std::bad_alloc);
+    EXPECT_EQ(theString.GetRetainCount(), 1);
+    mList->Release();
+    theFailing->Release();
 }
 
 TEST_F(LmListTransformTest, ReportsNullAndAddsNothing)
