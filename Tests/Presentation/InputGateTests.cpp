@@ -291,6 +291,17 @@ TEST_F(InputGate, LetsAHandlerOfThePressDisposeTheWindow)
     EXPECT_FALSE(Gate().PointerReleased(At(mWindow, 310, 150)));
 }
 
+TEST_F(InputGate, ForgetsAPressOfWhichTheReleaseNeverCame)
+{
+    {
+        const TestWindow theOther(MakeRect(500, 300, 700, 400), CFSTR("Other"));
+        Gate().PointerPressed(At(Screen().WindowCalled("Other"), 450, 250));
+    }
+    Take();
+    EXPECT_TRUE(Gate().PointerPressed(At(mWindow, 300, 150)));
+    EXPECT_EQ(Take(), Log{"mouse down"});
+}
+
 TEST_F(InputGate, TakesAnyCoordinate)
 {
     constexpr int kLeast = -2147483647 - 1;
@@ -751,6 +762,17 @@ TEST_F(InputGate, AQuitRequestEndsTheApplicationLoop)
     InstallEventLoopTimer(GetMainEventLoop(), 0, 0, Quit, nullptr, &theTimer);
     RunApplicationEventLoop();
     RemoveEventLoopTimer(theTimer);
+}
+
+TEST_F(InputGate, NothingIsHeldDownForThePresenterThatComesNext)
+{
+    Gate().PointerPressed(At(mWindow, 300, 150));
+    Gate().KeyPressed({kVK_F1, "", 0});
+    Take();
+    ASSERT_TRUE(PresenterRegistry::Use(std::make_unique<Host::HeadlessSnapshot>()));
+    EXPECT_FALSE(Gate().PointerReleased(At(mWindow, 300, 150)));
+    EXPECT_FALSE(Gate().KeyReleased({kVK_F1, "", 0}));
+    EXPECT_EQ(Take(), Log());
 }
 
 // Presenters -------------------------------------------------------------------------------------------

@@ -180,10 +180,22 @@ bool IsSame(const Rect& theOne, const Rect& theOther)
 
 } // namespace
 
+void InputGate::LetGo()
+{
+    mPressedWindow = kNoObject;
+    mTrackedControl = kNoObject;
+    mButtonsDown = 0;
+    mKeysDown.clear();
+}
+
 // Pointer ----------------------------------------------------------------------------------------------
 
 bool InputGate::PointerPressed(const PointerAction& theAction)
 {
+    if (mButtonsDown != 0 && FindWindow(mPressedWindow) == nullptr) {
+        // Who closes the window under the pointer may never report the release.
+        LetGo();
+    }
     const SharedWindow theWindow = FindOpenWindow(mButtonsDown == 0 ? theAction.theWindow : mPressedWindow);
     mWasTaken = false;
     if (theWindow == nullptr || (mButtonsDown & BitOf(theAction.theButton)) != 0) {

@@ -48,6 +48,9 @@ public:
 
     bool QuitAsked() override;
 
+    // Forgets what is held down: whoever has reported it will not report the release.
+    void LetGo();
+
 private:
     bool Deliver(UInt32 theKind, const KeyAction& theAction);
     bool PressPart(const SharedControl& theControl, ControlPartCode thePart, std::uint32_t theModifiers);

@@ -113,6 +113,7 @@ bool PresenterRegistry::Use(std::unique_ptr<Presenter> theNext)
         theRegistry.thePresenter->Stop();
         theRegistry.theRetired.push_back(std::move(theRegistry.thePresenter));
     }
+    theRegistry.theGate.LetGo();
     theRegistry.thePresenter = std::move(theNext);
     ReplayLooks(*theRegistry.thePresenter);
     return true;
