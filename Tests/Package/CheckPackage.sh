@@ -45,6 +45,29 @@ theLibraries=$(dirname "$(find "$theWork/installed" -name 'libLmBindings.so')")
 cmake_project find_package -DCMAKE_PREFIX_PATH="$theWork/installed"
 cmake_project add_subdirectory -DLM_SOURCE_DIR="$PWD"
 
+# needs <pattern> <program or library>: whether the loader brings such a library along with it.
+needs()
+{
+    readelf -d "$2" | grep -q "NEEDED.*$1"
+}
+
+theDesktopProgram=$theWork/find_package/ForeignOnDesktop
+if [ -x "$theDesktopProgram" ]; then
+    needs libLmCarbonDesktop "$theDesktopProgram"
+    LM_PRESENTER=headless expect_run "find_package with the desktop" "$theDesktopProgram"
+fi
+for theFile in "$theWork/find_package/Foreign" "$theLibraries"/libLm*.so; do
+    case $theFile in
+    */libLmCarbonDesktop.so) ;;
+    *)
+        if needs libQt "$theFile"; then
+            echo "$theFile needs Qt"
+            exit 1
+        fi
+        ;;
+    esac
+done
+
 export PKG_CONFIG_PATH=$theLibraries/pkgconfig
 # What pkg-config prints is a list of words.
 # shellcheck disable=SC2046,SC2086
