@@ -5,6 +5,7 @@
 #include "Internal/ControlTable.h"
 #include "Internal/EventTargets.h"
 #include "Internal/Geometry.h"
+#include "Internal/Guarded.h"
 #include "Internal/KeyboardFocus.h"
 #include "Internal/OutgoingEvent.h"
 #include "Internal/Window.h"
@@ -188,12 +189,12 @@ void Control::SetBounds(const Rect& theBounds)
     }
 }
 
-void Control::SetTitle(const Text& theTitle)
+void Control::SetTitle(Text theTitle)
 {
     if (theTitle == mTitle) {
         return;
     }
-    mTitle = theTitle;
+    mTitle = std::move(theTitle);
     Show();
     Notify(kEventClassControl, kEventControlTitleChanged);
 }
@@ -232,17 +233,24 @@ OSStatus Control::Request(OSType theClass, UInt32 theKind)
 
 // Looks --------------------------------------------------------------------------------------------------
 
+// The managers hold the truth: a picture that there is no memory for is made up for by the next one.
 void Control::Show() const
 {
     if (Owner() != nullptr && !mIsGone) {
-        PresenterRegistry::Current().ControlLooks(Look());
+        Guarded([this] {
+            PresenterRegistry::Current().ControlLooks(Look());
+            return OSStatus{noErr};
+        });
     }
 }
 
 void Control::ShowAll() const
 {
     if (Owner() != nullptr && !mIsGone) {
-        Replay(PresenterRegistry::Current());
+        Guarded([this] {
+            Replay(PresenterRegistry::Current());
+            return OSStatus{noErr};
+        });
     }
 }
 

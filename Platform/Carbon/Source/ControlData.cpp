@@ -3,6 +3,7 @@
 // Data of controls under tags, and properties.
 
 #include "ControlKinds/DataTags.h"
+#include "Internal/Guarded.h"
 #include "Internal/OutgoingEvent.h"
 #include "Internal/Window.h"
 
@@ -167,7 +168,10 @@ OSErr SetControlData(ControlRef theControl, ControlPartCode thePart, ResType the
     if (theAnswer != eventNotHandledErr) {
         return static_cast<OSErr>(theAnswer);
     }
-    return theCall.theControl->IsGone() ? OSErr{errUnknownControl} : Write(theCall);
+    if (theCall.theControl->IsGone()) {
+        return errUnknownControl;
+    }
+    return static_cast<OSErr>(Guarded([&] { return OSStatus{Write(theCall)}; }));
 }
 
 OSErr GetControlData(ControlRef theControl, ControlPartCode thePart, ResType theTag, Size theBufferSize,
@@ -183,7 +187,9 @@ OSErr GetControlData(ControlRef theControl, ControlPartCode thePart, ResType the
     OSErr theResult = static_cast<OSErr>(theAnswer);
     if (theAnswer == eventNotHandledErr) {
         theSize = 0;
-        theResult = theCall.theControl->IsGone() ? OSErr{errUnknownControl} : Read(theCall, &theSize);
+        theResult = theCall.theControl->IsGone()
+                        ? OSErr{errUnknownControl}
+                        : static_cast<OSErr>(Guarded([&] { return OSStatus{Read(theCall, &theSize)}; }));
     }
     if (theActualSize != nullptr) {
         *theActualSize = theSize;

@@ -5,6 +5,7 @@
 
 #include "Internal/Control.h"
 #include "Internal/Geometry.h"
+#include "Internal/Guarded.h"
 #include "Internal/Window.h"
 
 using namespace Host;
@@ -270,8 +271,15 @@ OSStatus SetControlTitleWithCFString(ControlRef theControl, CFStringRef theTitle
     if (theTitle == nullptr) {
         return paramErr;
     }
-    theFound->SetTitle(TextOf(theTitle));
-    return noErr;
+    Text theText;
+    const OSStatus theStatus = Guarded([&] {
+        theText = TextOf(theTitle);
+        return OSStatus{noErr};
+    });
+    if (theStatus == noErr) {
+        theFound->SetTitle(std::move(theText));
+    }
+    return theStatus;
 }
 
 OSStatus CopyControlTitleAsCFString(ControlRef theControl, CFStringRef* theTitle)
@@ -279,9 +287,15 @@ OSStatus CopyControlTitleAsCFString(ControlRef theControl, CFStringRef* theTitle
     if (theTitle == nullptr) {
         return paramErr;
     }
+    *theTitle = nullptr;
     const SharedControl theFound = Host::FindControl(theControl);
-    *theTitle = theFound == nullptr ? nullptr : CreateString(theFound->Title());
-    return theFound == nullptr ? OSStatus{errUnknownControl} : OSStatus{noErr};
+    if (theFound == nullptr) {
+        return errUnknownControl;
+    }
+    return Guarded([&] {
+        *theTitle = CreateString(theFound->Title());
+        return *theTitle == nullptr ? OSStatus{memFullErr} : OSStatus{noErr};
+    });
 }
 
 void SetControlTitle(ControlRef theControl, ConstStr255Param theTitle)

@@ -30,6 +30,9 @@ CFStringRef CreateFromBytes(const void* theBytes, size_t theCount, CFStringEncod
 std::string EncodedAs(const Text& theText, CFStringEncoding theEncoding)
 {
     CFStringRef theString = CreateString(theText);
+    if (theString == nullptr) {
+        return std::string();
+    }
     const CFRange theAll = CFRangeMake(0, static_cast<CFIndex>(theText.size()));
     CFIndex theSize = 0;
     CFStringGetBytes(theString, theAll, theEncoding, '?', false, nullptr, 0, &theSize);

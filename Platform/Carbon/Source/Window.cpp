@@ -5,6 +5,7 @@
 #include "ControlKinds/Containers.h"
 #include "Internal/EventTargets.h"
 #include "Internal/Geometry.h"
+#include "Internal/Guarded.h"
 #include "Internal/KeyboardFocus.h"
 #include "Internal/OutgoingEvent.h"
 #include "Internal/WindowDefaults.h"
@@ -214,10 +215,10 @@ void Window::SetActive(bool theState)
     }
 }
 
-void Window::SetTitle(const Text& theTitle)
+void Window::SetTitle(Text theTitle)
 {
     if (theTitle != mTitle) {
-        mTitle = theTitle;
+        mTitle = std::move(theTitle);
         Show();
         NotifyHere(kEventWindowTitleChanged);
     }
@@ -234,11 +235,13 @@ void Window::SetAttributes(WindowAttributes theAttributes)
 
 void Window::SetModified(bool theState)
 {
-    if (mIsModified == theState) {
+    const bool theIsChange = mIsModified != theState;
+    mIsModified = theState;
+    mIsModifiedKnown = true;
+    Show();
+    if (!theIsChange) {
         return;
     }
-    mIsModified = theState;
-    Show();
     OutgoingEvent theEvent(kEventClassWindow, kEventWindowModified);
     theEvent.Set(kEventParamDirectObject, typeWindowRef, Reference());
     theEvent.Set(kEventParamWindowModifiedFlag, typeBoolean, static_cast<Boolean>(theState));
@@ -399,7 +402,11 @@ OSStatus Window::Ask(UInt32 theKind)
 void Window::Show() const
 {
     if (!mIsGone && !mIsClosing) {
-        PresenterRegistry::Current().WindowLooks(Look());
+        // The managers hold the truth: a picture that there is no memory for is made up for by the next one.
+        Guarded([this] {
+            PresenterRegistry::Current().WindowLooks(Look());
+            return OSStatus{noErr};
+        });
     }
 }
 
@@ -420,7 +427,7 @@ WindowLook Window::Look() const
     theLook.theIsVisible = mIsVisible;
     theLook.theIsCollapsed = mIsCollapsed;
     theLook.theIsActive = mIsActive;
-    theLook.theIsModified = mIsModified;
+    theLook.theIsModified = mIsModified && mIsModifiedKnown;
     theLook.theIsModal = IsModal();
     theLook.theSmallest = {Narrow(double{mSmallest.width}), Narrow(double{mSmallest.height})};
     theLook.theLargest = {Narrow(double{mLargest.width}), Narrow(double{mLargest.height})};

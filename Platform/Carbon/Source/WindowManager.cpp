@@ -3,6 +3,7 @@
 // The interface of MacWindows.h.
 
 #include "Internal/Geometry.h"
+#include "Internal/Guarded.h"
 #include "Internal/KeyboardFocus.h"
 #include "Internal/WindowTable.h"
 
@@ -103,10 +104,12 @@ OSStatus CreateNewWindow(WindowClass theClass, WindowAttributes theAttributes, c
     if (theContentBounds == nullptr || IsEmpty(*theContentBounds)) {
         return paramErr;
     }
-    const auto theNew = std::make_shared<Window>(*theTraits, theAttributes, *theContentBounds);
-    theNew->Begin();
-    *theWindow = theNew->Reference();
-    return noErr;
+    return Guarded([&] {
+        const auto theNew = std::make_shared<Window>(*theTraits, theAttributes, *theContentBounds);
+        theNew->Begin();
+        *theWindow = theNew->Reference();
+        return OSStatus{noErr};
+    });
 }
 
 void DisposeWindow(WindowRef theWindow)
@@ -333,16 +336,38 @@ OSStatus GetWindowResizeLimits(WindowRef theWindow, HISize* theSmallest, HISize*
 
 OSStatus SetWindowTitleWithCFString(WindowRef theWindow, CFStringRef theTitle)
 {
+    const SharedWindow theFound = Host::FindWindow(theWindow);
     if (theTitle == nullptr) {
         return paramErr;
     }
-    return With(theWindow, [=](const SharedWindow& theFound) { theFound->SetTitle(TextOf(theTitle)); });
+    if (theFound == nullptr) {
+        return errInvalidWindowRef;
+    }
+    Text theText;
+    const OSStatus theStatus = Guarded([&] {
+        theText = TextOf(theTitle);
+        return OSStatus{noErr};
+    });
+    if (theStatus == noErr) {
+        theFound->SetTitle(std::move(theText));
+    }
+    return theStatus;
 }
 
 OSStatus CopyWindowTitleAsCFString(WindowRef theWindow, CFStringRef* theTitle)
 {
-    return ReadField(theWindow, theTitle,
-                     [](const Window& theFound) { return CreateString(theFound.Title()); });
+    if (theTitle == nullptr) {
+        return paramErr;
+    }
+    *theTitle = nullptr;
+    const SharedWindow theFound = Host::FindWindow(theWindow);
+    if (theFound == nullptr) {
+        return errInvalidWindowRef;
+    }
+    return Guarded([&] {
+        *theTitle = CreateString(theFound->Title());
+        return *theTitle == nullptr ? OSStatus{memFullErr} : OSStatus{noErr};
+    });
 }
 
 void SetWTitle(WindowRef theWindow, ConstStr255Param theTitle)

@@ -22,16 +22,22 @@ OSStatus CheckRequest(const CreationRequest& theRequest)
     return theWindow == nullptr || theWindow->IsClosing() ? OSStatus{paramErr} : OSStatus{noErr};
 }
 
-OSStatus Place(const SharedControl& theControl, const CreationRequest& theRequest)
+void Begin(const SharedControl& theControl, const CreationRequest& theRequest)
 {
     const SharedWindow theWindow = FindWindow(theRequest.theWindow);
+    if (theWindow != nullptr) {
+        theWindow->EnsureRoot();
+    }
     theControl->StartWithRange(theRequest.theRange);
     theControl->Begin(theWindow, *theRequest.theBounds, TextOf(theRequest.theTitle));
+}
+
+void Place(const SharedControl& theControl, const CreationRequest& theRequest)
+{
     *theRequest.theControl = theControl->Reference();
-    if (theWindow != nullptr) {
-        theControl->Join(theWindow->EnsureRoot());
+    if (const SharedWindow theWindow = FindWindow(theRequest.theWindow)) {
+        theControl->Join(theWindow->Root());
     }
-    return noErr;
 }
 
 } // namespace Host

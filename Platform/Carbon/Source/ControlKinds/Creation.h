@@ -4,8 +4,7 @@
 #define ControlKinds_Creation_h
 
 #include "Internal/Control.h"
-
-#include <utility>
+#include "Internal/Guarded.h"
 
 namespace Host {
 
@@ -23,18 +22,36 @@ struct CreationRequest
 // Checks the request and clears the result.
 OSStatus CheckRequest(const CreationRequest& theRequest);
 
-// Brings a new control into being: reference, range, and place in the window.
-OSStatus Place(const SharedControl& theControl, const CreationRequest& theRequest);
+// Gives a new control its range, reference and target; nobody is told yet.
+void Begin(const SharedControl& theControl, const CreationRequest& theRequest);
+
+// Puts it into its window, which is told.
+void Place(const SharedControl& theControl, const CreationRequest& theRequest);
+
+// Makes a control. theMaker constructs the object.
+template <class Maker>
+OSStatus Make(const CreationRequest& theRequest, const Maker& theMaker)
+{
+    OSStatus theStatus = CheckRequest(theRequest);
+    SharedControl theControl;
+    if (theStatus == noErr) {
+        theStatus = Guarded([&] {
+            theControl = theMaker();
+            Begin(theControl, theRequest);
+            return OSStatus{noErr};
+        });
+    }
+    if (theStatus == noErr) {
+        Place(theControl, theRequest);
+    }
+    return theStatus;
+}
 
 // Makes a control of a kind. theArguments are those of its constructor.
 template <class Kind, class... Arguments>
-OSStatus Create(const CreationRequest& theRequest, Arguments&&... theArguments)
+OSStatus Create(const CreationRequest& theRequest, const Arguments&... theArguments)
 {
-    const OSStatus theStatus = CheckRequest(theRequest);
-    if (theStatus != noErr) {
-        return theStatus;
-    }
-    return Place(std::make_shared<Kind>(std::forward<Arguments>(theArguments)...), theRequest);
+    return Make(theRequest, [&] { return std::make_shared<Kind>(theArguments...); });
 }
 
 } // namespace Host

@@ -102,6 +102,9 @@ bool EditText::AskBeforeEdit(size_t theStart, size_t theEnd, Text* theText)
     }
     OutgoingEvent theEvent(kEventClassTextField, kEventTextShouldChangeInRange);
     CFStringRef theCandidate = CreateString(*theText);
+    if (theCandidate == nullptr) {
+        return false; // no memory for the question, let alone for the edit
+    }
     const CFRange theRange =
         CFRangeMake(static_cast<CFIndex>(theStart), static_cast<CFIndex>(theEnd - theStart));
     theEvent.Set(kEventParamDirectObject, typeControlRef, Reference());
@@ -371,25 +374,14 @@ bool TextEditedByPerson(const SharedControl& theControl, const Text& theText, si
 
 namespace {
 
-OSStatus CreateText(const Host::CreationRequest& theRequest, const Host::SharedControl& theControl,
-                    const ControlFontStyleRec* theStyle)
-{
-    if (theStyle != nullptr) {
-        theControl->mStyle = *theStyle;
-    }
-    return Host::Place(theControl, theRequest);
-}
-
 OSStatus CreateEditText(OSType theKind, const Host::CreationRequest& theRequest, CFStringRef theText,
                         bool theIsPassword, const ControlFontStyleRec* theStyle)
 {
-    const OSStatus theStatus = Host::CheckRequest(theRequest);
-    if (theStatus != noErr) {
-        return theStatus;
-    }
-    return CreateText(theRequest,
-                      std::make_shared<Host::EditText>(theKind, Host::TextOf(theText), theIsPassword),
-                      theStyle);
+    return Host::Make(theRequest, [&] {
+        auto theControl = std::make_shared<Host::EditText>(theKind, Host::TextOf(theText), theIsPassword);
+        theControl->mStyle = theStyle == nullptr ? ControlFontStyleRec{} : *theStyle;
+        return theControl;
+    });
 }
 
 } // namespace
@@ -397,12 +389,11 @@ OSStatus CreateEditText(OSType theKind, const Host::CreationRequest& theRequest,
 OSStatus CreateStaticTextControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theText,
                                  const ControlFontStyleRec* theStyle, ControlRef* theControl)
 {
-    const Host::CreationRequest theRequest = {theWindow, theBounds, nullptr, theControl, true};
-    const OSStatus theStatus = Host::CheckRequest(theRequest);
-    if (theStatus != noErr) {
-        return theStatus;
-    }
-    return CreateText(theRequest, std::make_shared<Host::StaticText>(Host::TextOf(theText)), theStyle);
+    return Host::Make({theWindow, theBounds, nullptr, theControl, true}, [&] {
+        auto theNew = std::make_shared<Host::StaticText>(Host::TextOf(theText));
+        theNew->mStyle = theStyle == nullptr ? ControlFontStyleRec{} : *theStyle;
+        return theNew;
+    });
 }
 
 OSStatus CreateEditTextControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theText,

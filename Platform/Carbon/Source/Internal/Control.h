@@ -110,7 +110,7 @@ public:
     Rect WindowBounds() const; // in the window's content
     void SetBounds(const Rect& theBounds);
     const Text& Title() const { return mTitle; }
-    void SetTitle(const Text& theTitle);
+    void SetTitle(Text theTitle);
     ControlPartCode Hilite() const { return mHilite; }
     void SetHilite(ControlPartCode thePart);
 

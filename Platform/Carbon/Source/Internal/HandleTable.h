@@ -47,7 +47,12 @@ public:
         return theEntry == mObjects.end() ? nullptr : theEntry->second;
     }
 
-    Shared FindIdentifier(ObjectIdentifier theIdentifier) const { return Find(ReferenceOf(theIdentifier)); }
+    // Presenters may name anything, also what is too large for a reference.
+    Shared FindIdentifier(ObjectIdentifier theIdentifier) const
+    {
+        const bool theFits = theIdentifier <= UINTPTR_MAX / kSpacing;
+        return theFits ? Find(ReferenceOf(theIdentifier)) : nullptr;
+    }
 
     void Remove(Reference theReference) { mObjects.erase(theReference); }
 

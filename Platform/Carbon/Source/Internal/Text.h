@@ -18,7 +18,7 @@ Text TextOf(CFStringRef theString);
 Text TextOfBytes(const void* theBytes, size_t theCount);
 Text TextOfPascalString(ConstStr255Param theString);
 
-// The caller releases the string.
+// The caller releases the string; null when there is no memory for it.
 CFStringRef CreateString(const Text& theText);
 
 // In Mac Roman, "?" for what it does not have.

@@ -64,12 +64,12 @@ public:
     bool IsCollapsed() const { return mIsCollapsed; }
     bool IsActive() const { return mIsActive; }
     bool TakesPart() const { return mIsVisible && !mIsCollapsed; } // on the screen
-    bool IsModal() const { return mTraits.theIsModal || mIsAppModal; }
+    bool IsModal() const { return mTraits.theIsModal; }
     void SetVisible(bool theState);
     void SetCollapsed(bool theState);
     void SetActive(bool theState);
     const Text& Title() const { return mTitle; }
-    void SetTitle(const Text& theTitle);
+    void SetTitle(Text theTitle);
     bool IsModified() const { return mIsModified; }
     void SetModified(bool theState);
 
@@ -105,7 +105,6 @@ public:
     std::weak_ptr<Control> mCancelButton;
     std::weak_ptr<Control> mFocus;
     ControlPartCode mFocusPart = kControlFocusNoPart;
-    bool mIsAppModal = false;
     Rect mUnzoomed = {0, 0, 0, 0}; // where a zoomed window came from; empty when it is not zoomed
 
 private:
@@ -123,6 +122,7 @@ private:
     bool mIsCollapsed = false;
     bool mIsActive = false;
     bool mIsModified = true;
+    bool mIsModifiedKnown = false; // the program has said it; until then no screen should claim it
     Rect mContent;
     Text mTitle;
     SharedControl mRoot;
