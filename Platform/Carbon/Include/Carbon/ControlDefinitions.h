@@ -168,8 +168,8 @@ CARBON_EXPORT OSStatus CreateSliderControl(WindowRef theWindow, const Rect* theB
 // A scroll bar; upright when it is higher than wide, with the minimum at the top. theViewSize is the amount
 // in view, which makes the thumb proportional; 0 for a thumb of fixed size.
 //
-// On purpose: only a drag of the thumb changes the value. For arrows and page areas the action procedure is
-// called, again and again while the button is down, and scrolling is up to it.
+// On purpose: only a drag of the thumb changes the value. A press of an arrow or a page area calls the
+// action procedure once, and scrolling is up to it.
 CARBON_EXPORT OSStatus CreateScrollBarControl(WindowRef theWindow, const Rect* theBounds, SInt32 theValue,
                                               SInt32 theMinimum, SInt32 theMaximum, SInt32 theViewSize,
                                               Boolean theLiveTracking, ControlActionUPP theLiveTrackingProc,
