@@ -102,7 +102,8 @@ std::optional<CFAbsoluteTime> Host::ParseDate(std::string_view theText)
         return std::nullopt;
     }
     const SInt64 theDays = DaysBefore(theDay) - kDaysTo2001;
-    return static_cast<double>(theDays * kSecondsPerDay + theHour * 3600 + theMinute * 60 + theSecond);
+    return static_cast<double>(theDays * kSecondsPerDay + theHour * SInt64{3600} + theMinute * SInt64{60} +
+                               theSecond);
 }
 
 std::optional<std::string> Host::DateText(CFAbsoluteTime theTime)

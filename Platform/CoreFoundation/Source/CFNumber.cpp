@@ -158,8 +158,9 @@ SInt64 IntegerFromFloat(Float64 theValue, SInt64 theMinimum, SInt64 theMaximum)
 template <class Class>
 bool GetInteger(const __CFNumber& theNumber, SInt64 theGreatest, void* theResult)
 {
-    constexpr SInt64 kMinimum = std::numeric_limits<Class>::min();
-    constexpr SInt64 kMaximum = std::numeric_limits<Class>::max();
+    // The halves of the range follow from its width.
+    constexpr SInt64 kMaximum = std::numeric_limits<SInt64>::max() >> (64 - 8 * sizeof(Class));
+    constexpr SInt64 kMinimum = -kMaximum - 1;
     SInt64 theInteger = theNumber.mInteger;
     bool theIsExact = theInteger >= kMinimum && theInteger <= theGreatest;
     if (theNumber.IsFloat()) {

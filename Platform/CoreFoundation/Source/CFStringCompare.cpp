@@ -83,13 +83,13 @@ private:
         }
     }
 
-    const UniChar* mUnit;              // the next character to read
-    const UniChar* mEnd;               // behind the last one
-    const UniChar* mStart = nullptr;   // the character that the pending units come from
-    int mReading;                      // how to read
-    UniChar mPending[kMaximumPending]; // what the last character has become
-    int mNext;                         // the first pending unit that is not used
-    int mCount;                        // the number of pending units
+    const UniChar* mUnit;                   // the next character to read
+    const UniChar* mEnd;                    // behind the last one
+    const UniChar* mStart = nullptr;        // the character that the pending units come from
+    int mReading;                           // how to read
+    UniChar mPending[kMaximumPending] = {}; // what the last character has become
+    int mNext;                              // the first pending unit that is not used
+    int mCount;                             // the number of pending units
 };
 
 CFComparisonResult Compare(int theFirst, int theSecond)
