@@ -28,11 +28,16 @@ files()
 # do not count.
 lines()
 {
-    local thePattern=$1 theFile
+    local thePattern=$1
     shift
-    for theFile in "$@"; do
-        sed -E 's,//.*,,' "$theFile" | grep -nE "$thePattern" | sed "s|^|$theFile:|"
-    done
+    [ "$#" -gt 0 ] || return
+    thePattern=$thePattern awk '
+        {
+            sub("//.*", "")
+            if ($0 ~ ENVIRON["thePattern"]) {
+                print FILENAME ":" FNR ":" $0
+            }
+        }' "$@"
 }
 
 # includes <folder>...: prints what the files there include, as "file:line:<name>" or 'file:line:"name"'.
@@ -77,15 +82,15 @@ report "Source includes only its own headers by bare name, the standard library 
         without_headers_of Source
 )
 report "Source asks for no system" < <(
-    lines '^[[:space:]]*#[[:space:]]*(if|ifdef|ifndef|elif)\>.*(linux|unix|APPLE|MACH|WIN32|GLIBC|GNU_LIBRARY|TARGET_)' \
+    lines '^[[:space:]]*#[[:space:]]*(if|ifdef|ifndef|elif)[^A-Za-z_].*(linux|unix|APPLE|MACH|WIN32|GLIBC|GNU_LIBRARY|TARGET_)' \
         "${theSourceFiles[@]}"
 )
 report "Mac OS X 10.7 has no run time for it" < <(
     includes Source | grep -E '<(any|filesystem|shared_mutex|charconv)>'
-    lines '\.value\(\)|std::get<|\bany_cast\b' "${theSourceFiles[@]}"
+    lines '[.]value[(][)]|std::get<|any_cast' "${theSourceFiles[@]}"
 )
 report "Source throws nothing" < <(
-    lines '\bthrow\b' "${theSourceFiles[@]}"
+    lines '(^|[^A-Za-z_])throw([^A-Za-z_]|$)' "${theSourceFiles[@]}"
 )
 report "Platform knows nothing of Source" < <(
     includes Platform | grep -E '[<"/]Lm[A-Za-z]*\.h[>"]|Source/(Core|Transforms|Bindings)/'
