@@ -7,6 +7,10 @@
 // shared library.
 #define LM_EXPORT __attribute__((visibility("default")))
 
+// Keeps a member of such a class inside the library: for templates, which the optimiser may or may not leave
+// as functions of their own.
+#define LM_HIDDEN __attribute__((visibility("hidden")))
+
 // Marks a function whose parameter number theFormat is a printf format for the arguments from theFirst on,
 // so that the compiler checks its callers. In a member function, number 1 is the object itself.
 #define LM_PRINTF_FORMAT(theFormat, theFirst) __attribute__((format(printf, theFormat, theFirst)))

@@ -288,9 +288,9 @@ private:
     bool IsEqual(const LmValue& theValue) const;
     void* GetBlock() const { return reinterpret_cast<void*>(mValue); }
     template <typename Payload>
-    void SetBlock(ValueType theType, const Payload& thePayload);
+    LM_HIDDEN void SetBlock(ValueType theType, const Payload& thePayload);
     template <typename Payload>
-    Payload ReadBlock() const;
+    LM_HIDDEN Payload ReadBlock() const;
 
     ValueType mType;       // the kind
     std::uintptr_t mValue; // the value itself, the string, or the address of the block; 0 when invalid

@@ -52,7 +52,7 @@ void CarbonSpy::Fail(const std::string& theName, OSStatus theStatus)
 OSStatus CarbonSpy::FailureOf(const char* theName)
 {
     const auto theFailure = gFailures.find(theName);
-    return theFailure == gFailures.end() ? noErr : theFailure->second;
+    return theFailure == gFailures.end() ? OSStatus{noErr} : theFailure->second;
 }
 
 void CarbonSpy::NoteWrite(const char* theName)
