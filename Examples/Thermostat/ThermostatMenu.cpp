@@ -84,8 +84,10 @@ OSStatus HandleCommand(EventHandlerCallRef, EventRef theEvent, void* theModel)
     HICommand theCommand = {};
     const OSStatus theStatus = GetEventParameter(theEvent, kEventParamDirectObject, typeHICommand, nullptr,
                                                  sizeof theCommand, nullptr, &theCommand);
-    return theStatus == noErr ? DoCommand(*static_cast<ThermostatModel*>(theModel), theCommand.commandID)
-                              : eventNotHandledErr;
+    if (theStatus != noErr) {
+        return eventNotHandledErr;
+    }
+    return DoCommand(*static_cast<ThermostatModel*>(theModel), theCommand.commandID);
 }
 
 } // namespace

@@ -437,6 +437,8 @@ TEST_F(LmMenuBindingTest, OtherMenuEventsLeaveTheBindingAlone)
     const TestEvent theEvent(kEventClassMenu, kEventMenuClosed);
     EXPECT_EQ(theBinding->DoEventMenu(theEvent.GetEvent(), kEventMenuClosed), eventNotHandledErr);
     EXPECT_FALSE(theIsGone);
+    RemoveMenu();
+    EXPECT_TRUE(theIsGone);
 }
 
 // Deletes the binding as soon as it hears of a change.
