@@ -50,7 +50,7 @@ public:
     LmControlBinding();
 
     // Removes the event handler, then all bindings. The control is left as it is.
-    virtual ~LmControlBinding();
+    ~LmControlBinding() override;
 
     LmControlBinding(const LmControlBinding&) = delete;
     LmControlBinding& operator=(const LmControlBinding&) = delete;

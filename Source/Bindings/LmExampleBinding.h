@@ -29,7 +29,7 @@ public:
     LmExampleBinding();
 
     // Removes all bindings. The model is not touched.
-    virtual ~LmExampleBinding();
+    ~LmExampleBinding() override;
 
     LmExampleBinding(const LmExampleBinding&) = delete;
     LmExampleBinding& operator=(const LmExampleBinding&) = delete;

@@ -43,7 +43,7 @@ public:
     LmMenuBinding();
 
     // Removes the event handler, then all bindings. The menu is left as it is.
-    virtual ~LmMenuBinding();
+    ~LmMenuBinding() override;
 
     LmMenuBinding(const LmMenuBinding&) = delete;
     LmMenuBinding& operator=(const LmMenuBinding&) = delete;

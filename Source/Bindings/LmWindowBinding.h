@@ -40,7 +40,7 @@ public:
     LmWindowBinding();
 
     // Removes the event handler, then all bindings. The window is left as it is.
-    virtual ~LmWindowBinding();
+    ~LmWindowBinding() override;
 
     LmWindowBinding(const LmWindowBinding&) = delete;
     LmWindowBinding& operator=(const LmWindowBinding&) = delete;
