@@ -32,7 +32,7 @@ inline std::string TextOf(CFStringRef theString)
 // Takes over the caller's reference.
 inline std::string TextOfAdopted(CFStringRef theString)
 {
-    const std::string theText = TextOf(theString);
+    std::string theText = TextOf(theString);
     if (theString != nullptr) {
         CFRelease(theString);
     }

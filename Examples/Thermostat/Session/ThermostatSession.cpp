@@ -28,7 +28,7 @@ std::string TextOf(CFStringRef theString)
 // Takes over the caller's reference.
 std::string TextOfAdopted(CFStringRef theString)
 {
-    const std::string theText = TextOf(theString);
+    std::string theText = TextOf(theString);
     if (theString != nullptr) {
         CFRelease(theString);
     }

@@ -266,7 +266,7 @@ SharedControl FindID(const SharedControl& theControl, const ControlID& theID)
         return theControl;
     }
     for (const SharedControl& theSubControl : theControl->SubControls()) {
-        if (const SharedControl theFound = FindID(theSubControl, theID)) {
+        if (SharedControl theFound = FindID(theSubControl, theID)) {
             return theFound;
         }
     }

@@ -137,7 +137,7 @@ void Start(const SharedControl& theControl, ControlPartCode thePart, const Press
 
 SharedControl StopTracking()
 {
-    const SharedControl theControl = TrackedControl();
+    SharedControl theControl = TrackedControl();
     Current().theControl.reset();
     return theControl;
 }

@@ -109,7 +109,7 @@ void CopyToPascalString(const Text& theText, Str255 theString)
     const std::string theBytes = BytesOf(theText);
     const size_t theCount = std::min<size_t>(theBytes.size(), 255);
     theString[0] = static_cast<unsigned char>(theCount);
-    std::memcpy(theString + 1, theBytes.data(), theCount);
+    std::copy_n(theBytes.data(), theCount, theString + 1);
 }
 
 std::string Utf8Of(const Text& theText)

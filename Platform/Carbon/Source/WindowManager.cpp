@@ -212,6 +212,7 @@ Boolean IsWindowCollapsable(WindowRef theWindow)
 
 OSStatus CollapseAllWindows(Boolean theCollapse)
 {
+    // A copy: handlers may close windows. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const std::vector<SharedWindow> theWindows = AllWindows();
     for (const SharedWindow& theWindow : theWindows) {
         if (theWindow->IsVisible() && !theWindow->IsGone() && theWindow->Has(kWindowCollapseBoxAttribute)) {
