@@ -3,7 +3,6 @@
 #include "Internal/Text.h"
 
 #include <algorithm>
-#include <cstring>
 #include <vector>
 
 namespace Host {
