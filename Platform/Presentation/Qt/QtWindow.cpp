@@ -131,7 +131,7 @@ void QtWindow::ShowPlace()
 
 void QtWindow::LimitSize(const QSize& theSize)
 {
-    const QSize theRest(0, MenuBarHeight());
+    const QSize theRest(0, mMenuBarHeight);
     if (mLook.theIsResizable) {
         const QSize theMost(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
         setMinimumSize(LimitOr(mLook.theSmallest, QSize(1, 1)) + theRest);
@@ -165,12 +165,15 @@ void QtWindow::Appear()
     mIsShownInactive |= mLook.theIsVisible && !theWasShown && !mLook.theIsActive;
 }
 
+// The height is kept: what the bar asks for may change when it is seen, and the content must not move with
+// it.
 void QtWindow::SetHasMenuBar(bool theHasMenuBar)
 {
-    const int theOldHeight = MenuBarHeight();
-    mHasMenuBar = theHasMenuBar;
+    mMenuBar.ensurePolished();
     mMenuBar.setVisible(theHasMenuBar);
-    if (MenuBarHeight() != theOldHeight && !mKnownPlace.isNull()) {
+    const int theHeight = theHasMenuBar ? mMenuBar.sizeHint().height() : 0;
+    const bool theIsChanged = std::exchange(mMenuBarHeight, theHeight) != theHeight;
+    if (theIsChanged && !mKnownPlace.isNull()) {
         LimitSize(mKnownPlace.size());
         Settle();
         setGeometry(FrameFor(mKnownPlace));
@@ -222,26 +225,20 @@ void QtWindow::Retire()
 
 // Places -----------------------------------------------------------------------------------------------
 
-int QtWindow::MenuBarHeight() const
-{
-    return mHasMenuBar ? mMenuBar.sizeHint().height() : 0;
-}
-
 QRect QtWindow::FrameFor(const QRect& theContent) const
 {
-    return theContent.adjusted(0, -MenuBarHeight(), 0, 0);
+    return theContent.adjusted(0, -mMenuBarHeight, 0, 0);
 }
 
 QRect QtWindow::ContentPlace() const
 {
-    return geometry().adjusted(0, MenuBarHeight(), 0, 0);
+    return geometry().adjusted(0, mMenuBarHeight, 0, 0);
 }
 
 void QtWindow::LayOut()
 {
-    const int theHeight = MenuBarHeight();
-    mMenuBar.setGeometry(0, 0, width(), theHeight);
-    mContent.setGeometry(0, theHeight, width(), std::max(height() - theHeight, 0));
+    mMenuBar.setGeometry(0, 0, width(), mMenuBarHeight);
+    mContent.setGeometry(0, mMenuBarHeight, width(), std::max(height() - mMenuBarHeight, 0));
 }
 
 // Events -----------------------------------------------------------------------------------------------

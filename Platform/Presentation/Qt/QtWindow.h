@@ -80,7 +80,6 @@ private:
     void ShowTitle();
     void ShowPlace();
     void LimitSize(const QSize& theSize);
-    int MenuBarHeight() const;
     QRect FrameFor(const QRect& theContent) const;
     QRect ContentPlace() const;
     void LayOut();
@@ -99,7 +98,7 @@ private:
     QRect mKnownPlace;    // of the content, as the managers know it
     QRect mDisputedPlace; // where the desktop put it against the managers' will
     Confirmation mConfirmation;
-    bool mHasMenuBar = false;
+    int mMenuBarHeight = 0;    // 0 while there is none
     bool mIsDeviating = false; // the desktop has done something that was not looked at yet
     bool mIsRetired = false;
     bool mIsShownInactive = false; // until it is active, or the desktop has settled

@@ -1,0 +1,306 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+// What the widgets show of what the presenter is told, and what they make of menus.
+
+#include "QtPresenter.h"
+#include "RecordingGate.h"
+
+#include <gtest/gtest.h>
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QElapsedTimer>
+#include <QMenu>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSlider>
+#include <QTest>
+
+namespace {
+
+using Host::ControlLook;
+using Host::ControlShape;
+using Host::MenuBarLook;
+using Host::MenuItemLook;
+using Host::MenuLook;
+using Host::ObjectId;
+using Host::QtPresenter;
+using Host::WindowLook;
+using Reports = RecordingGate::Reports;
+
+constexpr ObjectId kWindow = 1;
+constexpr ObjectId kControl = 2;
+constexpr ObjectId kMenu = 7;
+constexpr ObjectId kSubmenu = 8;
+
+WindowLook Window()
+{
+    WindowLook theLook;
+    theLook.theId = kWindow;
+    theLook.theTitle = "Thermostat";
+    theLook.theContent = {100, 80, 420, 280};
+    theLook.theIsVisible = true;
+    theLook.theIsActive = true;
+    return theLook;
+}
+
+ControlLook Control(ControlShape theShape, std::int32_t theValue = 0)
+{
+    ControlLook theLook;
+    theLook.theId = kControl;
+    theLook.theWindow = kWindow;
+    theLook.theShape = theShape;
+    theLook.theBounds = {10, 10, 210, 30};
+    theLook.theTitle = "Salt & Pepper";
+    theLook.theMaximum = 100;
+    theLook.theValue = theValue;
+    return theLook;
+}
+
+class QtLooks : public testing::Test
+{
+protected:
+    QtLooks()
+    {
+        EXPECT_TRUE(mPresenter.Start(mGate));
+        mPresenter.WindowLooks(Window());
+        Turn();
+        mGate.Take();
+    }
+
+    void Turn() { mPresenter.WaitUntil(0, 0); }
+
+    template <class Kind>
+    Kind& Shown(const ControlLook& theLook)
+    {
+        mPresenter.ControlLooks(theLook);
+        Turn();
+        return dynamic_cast<Kind&>(*mPresenter.FindControlWidget(theLook.theId));
+    }
+
+    QWidget& WindowWidget() const { return *mPresenter.FindWindowWidget(kWindow); }
+
+    QMenuBar& MenuBar() const { return *WindowWidget().findChild<QMenuBar*>(); }
+
+    RecordingGate mGate;
+    QtPresenter mPresenter;
+};
+
+TEST_F(QtLooks, ShowsTitlesAsTheyAreWritten)
+{
+    const auto& theButton = Shown<QPushButton>(Control(ControlShape::kPushButton));
+    EXPECT_EQ(theButton.text(), QStringLiteral("Salt && Pepper")) << "no mnemonic";
+    EXPECT_FALSE(theButton.isDefault());
+    ControlLook theLook = Control(ControlShape::kPushButton);
+    theLook.theIsDefault = true;
+    EXPECT_TRUE(Shown<QPushButton>(theLook).isDefault());
+}
+
+TEST_F(QtLooks, ShowsTheThreeStatesOfACheckBox)
+{
+    const Qt::CheckState theStates[] = {Qt::Unchecked, Qt::Checked, Qt::PartiallyChecked};
+    for (std::int32_t theValue = 0; theValue < 3; ++theValue) {
+        EXPECT_EQ(Shown<QCheckBox>(Control(ControlShape::kCheckBox, theValue)).checkState(),
+                  theStates[theValue]);
+    }
+    EXPECT_TRUE(Shown<QCheckBox>(Control(ControlShape::kCheckBox, 1)).isEnabled());
+}
+
+TEST_F(QtLooks, MakesAControlOfAnotherShapeAnew)
+{
+    EXPECT_TRUE(Shown<QRadioButton>(Control(ControlShape::kRadioButton, 1)).isChecked());
+    EXPECT_EQ(Shown<QScrollBar>(Control(ControlShape::kScrollBar, 40)).value(), 40);
+}
+
+TEST_F(QtLooks, ShowsAnyRangeWithoutOverflow)
+{
+    ControlLook theLook = Control(ControlShape::kProgressBar, 2147483647);
+    theLook.theMinimum = -2147483647 - 1;
+    theLook.theMaximum = 2147483647;
+    const auto& theBar = Shown<QProgressBar>(theLook);
+    EXPECT_EQ(theBar.value(), theBar.maximum());
+    theLook.theIsIndeterminate = true;
+    EXPECT_EQ(Shown<QProgressBar>(theLook).maximum(), 0);
+    theLook.theShape = ControlShape::kSlider;
+    EXPECT_EQ(Shown<QSlider>(theLook).value(), 2147483647);
+    theLook.theBounds = {-2147483647, 2147483647, 2147483647, -2147483647};
+    EXPECT_FALSE(Shown<QSlider>(theLook).geometry().isValid());
+}
+
+TEST_F(QtLooks, DisablesWhatTheProgramMadeInactiveButNotWhatIsInactiveWithItsWindow)
+{
+    ControlLook theLook = Control(ControlShape::kCheckBox);
+    theLook.theIsActive = false;
+    EXPECT_FALSE(Shown<QCheckBox>(theLook).isEnabled());
+    WindowLook theWindow = Window();
+    theWindow.theIsActive = false;
+    mPresenter.WindowLooks(theWindow);
+    EXPECT_TRUE(Shown<QCheckBox>(theLook).isEnabled());
+}
+
+TEST_F(QtLooks, TakesAControlOffTheScreen)
+{
+    Shown<QCheckBox>(Control(ControlShape::kCheckBox));
+    mPresenter.ControlGone(kControl);
+    Turn();
+    EXPECT_EQ(mPresenter.FindControlWidget(kControl), nullptr);
+    EXPECT_EQ(WindowWidget().findChild<QCheckBox*>(), nullptr);
+}
+
+// Counts how often a widget is painted.
+class PaintCounter : public QObject
+{
+public:
+    int theCount = 0;
+
+    bool eventFilter(QObject*, QEvent* theEvent) override
+    {
+        theCount += theEvent->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
+TEST_F(QtLooks, ABurstIsPaintedOncePerFrameAndEndsOnTheLastValue)
+{
+    for (const ControlShape theShape : {ControlShape::kSlider, ControlShape::kProgressBar}) {
+        ControlLook theLook = Control(theShape);
+        QWidget& theWidget = Shown<QWidget>(theLook);
+        PaintCounter theCounter;
+        theWidget.installEventFilter(&theCounter);
+        QElapsedTimer theTime;
+        theTime.start();
+        for (int theStep = 0; theStep < 10000; ++theStep) {
+            theLook.theValue = theStep % 101;
+            mPresenter.ControlLooks(theLook);
+            Turn();
+        }
+        // However long it took: a frame lasts 16 milliseconds.
+        EXPECT_LE(theCounter.theCount, theTime.elapsed() / 16 + 2);
+        const int theShown = theShape == ControlShape::kSlider
+                                 ? static_cast<QSlider&>(theWidget).value()
+                                 : static_cast<QProgressBar&>(theWidget).value();
+        EXPECT_EQ(theShown, theShape == ControlShape::kSlider ? 9999 % 101 : 9999 % 101 * 100);
+    }
+}
+
+// Menus ------------------------------------------------------------------------------------------------
+
+MenuBarLook Menus()
+{
+    MenuItemLook theChecked;
+    theChecked.theText = "Heating On";
+    theChecked.theMark = 0x2713;
+    theChecked.theKey = "H";
+    theChecked.theKeyModifiers = Host::kCommandModifier;
+    MenuItemLook theDisabled;
+    theDisabled.theText = "Reset";
+    theDisabled.theIsEnabled = false;
+    MenuItemLook theLine;
+    theLine.theIsSeparator = true;
+    MenuItemLook theInner;
+    theInner.theText = "Celsius";
+    theInner.theMark = 0x25C6;
+    MenuItemLook theUnits;
+    theUnits.theText = "Units";
+    theUnits.theSubmenu.push_back({kSubmenu, "Units", true, {theInner}});
+    MenuBarLook theLook;
+    theLook.theMenus.push_back({kMenu, "Thermostat", true, {theChecked, theDisabled, theLine, theUnits}});
+    return theLook;
+}
+
+class QtMenuLooks : public QtLooks
+{
+protected:
+    QtMenuLooks()
+    {
+        mPresenter.MenuBarLooks(Menus());
+        Turn();
+        mGate.Take();
+    }
+
+    QMenu& Menu() const { return *MenuBar().actions().at(0)->menu(); }
+};
+
+TEST_F(QtMenuLooks, StandAboveTheContentWhichStaysInItsPlace)
+{
+    EXPECT_TRUE(MenuBar().isVisible());
+    EXPECT_EQ(WindowWidget().geometry().bottom(), 279);
+    EXPECT_EQ(WindowWidget().geometry().y() + MenuBar().height(), 80);
+}
+
+TEST_F(QtMenuLooks, ShowMarksKeysAndStates)
+{
+    const QList<QAction*> theItems = Menu().actions();
+    ASSERT_EQ(theItems.size(), 4);
+    EXPECT_TRUE(theItems[0]->isChecked());
+    EXPECT_EQ(theItems[0]->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_H));
+    EXPECT_FALSE(theItems[1]->isEnabled());
+    EXPECT_TRUE(theItems[2]->isSeparator());
+    ASSERT_NE(theItems[3]->menu(), nullptr);
+    const QAction& theInner = *theItems[3]->menu()->actions().at(0);
+    EXPECT_FALSE(theInner.isCheckable());
+    EXPECT_FALSE(theInner.icon().isNull()) << "a mark that is no check mark";
+}
+
+TEST_F(QtMenuLooks, ReportTheChoiceFromTheMenuThatHoldsTheItem)
+{
+    Menu().actions().at(0)->trigger();
+    Turn();
+    EXPECT_EQ(mGate.Take(), Reports{"menu chosen 7"});
+    Menu().actions().at(3)->menu()->actions().at(0)->trigger();
+    Turn();
+    EXPECT_EQ(mGate.Take(), Reports{"menu chosen 8"});
+}
+
+TEST_F(QtMenuLooks, AreBroughtUpToDateBeforeTheyOpen)
+{
+    mGate.mHandler = [this](const std::string& theReport) {
+        if (theReport == "menu opened 7") {
+            MenuBarLook theLook = Menus();
+            theLook.theMenus[0].theItems[1].theIsEnabled = true;
+            mPresenter.MenuBarLooks(theLook);
+        }
+    };
+    Menu().popup(QPoint(100, 100));
+    EXPECT_TRUE(Menu().actions().at(1)->isEnabled());
+    Menu().close();
+    Turn();
+    EXPECT_EQ(mGate.Take(), (Reports{"menu opened 7", "menu closed 7"}));
+}
+
+TEST_F(QtMenuLooks, MayGoWhileTheyOpen)
+{
+    mGate.mHandler = [this](const std::string& theReport) {
+        if (theReport == "menu opened 7") {
+            mPresenter.MenuBarLooks({});
+        }
+    };
+    Menu().popup(QPoint(100, 100));
+    Turn();
+    EXPECT_FALSE(MenuBar().isVisible());
+}
+
+TEST_F(QtMenuLooks, HaveAWindowOfTheirOwnWhileNoneCarriesThem)
+{
+    WindowLook theLook = Window();
+    theLook.theIsVisible = false;
+    mPresenter.WindowLooks(theLook);
+    Turn();
+    QWidget* theWindow = nullptr;
+    for (QWidget* theWidget : QApplication::topLevelWidgets()) {
+        theWindow = theWidget->objectName() == QStringLiteral("menu window") ? theWidget : theWindow;
+    }
+    ASSERT_NE(theWindow, nullptr);
+    EXPECT_TRUE(theWindow->isVisible());
+    theWindow->close();
+    Turn();
+    EXPECT_EQ(mGate.Take().back(), "quit 0");
+    mPresenter.WindowLooks(Window());
+    Turn();
+    EXPECT_FALSE(theWindow->isVisible());
+}
+
+} // namespace
