@@ -108,7 +108,9 @@ void MakeApplication()
     const LocaleKeeper theKeeper;
     qInstallMessageHandler(PrintMessage);
     gIsStarting = true;
-    new QApplication(sCount, sArguments);
+    // Never deleted: see gIsEnding.
+    static const QApplication* const kApplication = new QApplication(sCount, sArguments);
+    Q_UNUSED(kApplication);
     gIsStarting = false;
     std::atexit(NoteEnd);
 }

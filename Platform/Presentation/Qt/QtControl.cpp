@@ -13,6 +13,10 @@ namespace {
 // A window is never wider; what programs say beyond that would overflow Qt's sums.
 constexpr int kFarthest = 32767;
 
+// Where controls have widgets, around the content of a window on the largest of screens. A style draws a
+// widget into memory as a whole, however little of it can be seen.
+constexpr QRect kRoom(-1024, -1024, 9216, 9216);
+
 int Nearer(int theCoordinate)
 {
     return std::clamp(theCoordinate, -kFarthest, kFarthest);
@@ -31,6 +35,12 @@ QRect ToQRect(const PixelRect& theRect)
     const QPoint theEnd(Nearer(theRect.theRight), Nearer(theRect.theBottom));
     return {theTopLeft,
             QSize(std::max(theEnd.x() - theTopLeft.x(), 0), std::max(theEnd.y() - theTopLeft.y(), 0))};
+}
+
+bool IsUpright(const PixelRect& theBounds)
+{
+    const QSize theSize = ToQRect(theBounds).size();
+    return theSize.height() > theSize.width();
 }
 
 QtControl::QtControl(const ControlLook& theLook, QtInput& theInput, QWidget* theWidget)
@@ -74,7 +84,7 @@ void QtControl::Show(const ControlLook& theLook, bool theWindowIsActive)
     mLook = theLook;
     mWidget->setEnabled(theLook.theIsEnabled && (theLook.theIsActive || !theWindowIsActive));
     ShowState(theLook);
-    mWidget->setGeometry(PlaceFor(ToQRect(theLook.theBounds)));
+    mWidget->setGeometry(PlaceFor(ToQRect(theLook.theBounds) & kRoom));
     mWidget->setVisible(theLook.theIsVisible);
 }
 

@@ -63,7 +63,11 @@ private:
 // Makes a text of the program one that Qt does not look for mnemonics in.
 QString WithoutMnemonics(const std::string& theText);
 
+// Coordinates that no screen has are brought nearer, so that sums of them cannot overflow.
 QRect ToQRect(const PixelRect& theRect);
+
+// Whether bounds are higher than wide: controls with a direction take theirs from that.
+bool IsUpright(const PixelRect& theBounds);
 
 } // namespace Host
 

@@ -39,12 +39,9 @@ public:
 protected:
     void ShowState(const ControlLook& theLook) override
     {
-        const PixelRect& theBounds = theLook.theBounds;
-        const bool theIsUpright =
-            theBounds.theBottom - theBounds.theTop > theBounds.theRight - theBounds.theLeft;
         auto& theFrame = static_cast<QFrame&>(Widget());
         theFrame.setFrameShadow(QFrame::Sunken);
-        theFrame.setFrameShape(theIsUpright ? QFrame::VLine : QFrame::HLine);
+        theFrame.setFrameShape(IsUpright(theLook.theBounds) ? QFrame::VLine : QFrame::HLine);
     }
 };
 

@@ -118,7 +118,7 @@ QtMenuBar::SharedMenu QtMenuBar::MenuFor(const MenuLook& theLook, Menus& theKept
             Connect(theMenu);
         }
     }
-    const SharedMenu theResult = theMenu;
+    SharedMenu theResult = theMenu;
     ShowItems(*theResult, theLook, theKept);
     return theResult;
 }

@@ -11,6 +11,7 @@
 #include <QStyleOptionSlider>
 
 #include <algorithm>
+#include <limits>
 #include <optional>
 
 namespace Host {
@@ -20,15 +21,11 @@ namespace {
 // Steps of a progress bar; more would not be seen.
 constexpr int kProgressSteps = 10000;
 
-bool IsUpright(const ControlLook& theLook)
-{
-    const PixelRect& theBounds = theLook.theBounds;
-    return theBounds.theBottom - theBounds.theTop > theBounds.theRight - theBounds.theLeft;
-}
+constexpr int kMostOfAnInt = std::numeric_limits<int>::max();
 
 Qt::Orientation OrientationOf(const ControlLook& theLook)
 {
-    return IsUpright(theLook) ? Qt::Vertical : Qt::Horizontal;
+    return IsUpright(theLook.theBounds) ? Qt::Vertical : Qt::Horizontal;
 }
 
 std::uint32_t CurrentModifiers()
@@ -257,8 +254,8 @@ void QtSlider::ShowState(const ControlLook& theLook)
     theSlider.setTickPosition(theHasTicks ? QSlider::TicksBelow : QSlider::NoTicks);
     if (theHasTicks) {
         const std::int64_t theSpan = std::int64_t{theLook.theMaximum} - theLook.theMinimum;
-        theSlider.setTickInterval(
-            static_cast<int>(std::max<std::int64_t>(theSpan / (theLook.theTickMarks - 1), 1)));
+        theSlider.setTickInterval(static_cast<int>(
+            std::clamp<std::int64_t>(theSpan / (theLook.theTickMarks - 1), 1, kMostOfAnInt)));
     }
     QtIndicatorControl::ShowState(theLook);
 }

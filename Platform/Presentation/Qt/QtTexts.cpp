@@ -36,7 +36,7 @@ QtStaticText::QtStaticText(const ControlLook& theLook, QtInput& theInput, QWidge
 // One line is centred, so that it stands level with the control beside it.
 void QtStaticText::ShowState(const ControlLook& theLook)
 {
-    const int theHeight = theLook.theBounds.theBottom - theLook.theBounds.theTop;
+    const int theHeight = ToQRect(theLook.theBounds).height();
     const bool theIsTall = theHeight >= kFewestLines * mLabel.fontMetrics().lineSpacing();
     mLabel.setWordWrap(theIsTall);
     mLabel.setAlignment(Qt::AlignLeft | (theIsTall ? Qt::AlignTop : Qt::AlignVCenter));
@@ -47,7 +47,7 @@ void QtStaticText::ShowState(const ControlLook& theLook)
 
 bool QtEditText::IsTall(const ControlLook& theLook)
 {
-    const int theHeight = theLook.theBounds.theBottom - theLook.theBounds.theTop;
+    const int theHeight = ToQRect(theLook.theBounds).height();
     return theLook.theIsMultiline && !theLook.theIsPassword &&
            theHeight >= kFewestLines * QFontMetrics(QFont()).lineSpacing();
 }

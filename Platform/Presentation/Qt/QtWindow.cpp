@@ -22,6 +22,9 @@ constexpr int kSettlingTime = 250;
 
 constexpr PixelSize kNoLimit;
 
+// Of a content. Leaves room for the menu bar in the largest widget that Qt makes.
+constexpr QSize kLargest(QWIDGETSIZE_MAX / 2, QWIDGETSIZE_MAX / 2);
+
 Qt::WindowFlags KindOf(const WindowLook& theLook)
 {
     switch (theLook.theShape) {
@@ -60,7 +63,8 @@ Qt::WindowFlags FlagsFor(const WindowLook& theLook)
 
 QSize LimitOr(PixelSize theLimit, const QSize& theDefault)
 {
-    return theLimit == kNoLimit ? theDefault : QSize(theLimit.theWidth, theLimit.theHeight);
+    const QSize theSize = QSize(theLimit.theWidth, theLimit.theHeight).boundedTo(kLargest);
+    return theLimit == kNoLimit ? theDefault : theSize.expandedTo(QSize(0, 0));
 }
 
 } // namespace
@@ -89,7 +93,8 @@ QtWindow::QtWindow(ObjectId theId, QtReports& theReports)
 void QtWindow::Show(const WindowLook& theLook)
 {
     mLook = theLook;
-    mInput.SetContentPlace({theLook.theContent.theLeft, theLook.theContent.theTop});
+    const QPoint thePlace = ToQRect(theLook.theContent).topLeft();
+    mInput.SetContentPlace({thePlace.x(), thePlace.y()});
     ShowFlags();
     ShowTitle();
     ShowPlace();

@@ -6,6 +6,7 @@
 #include "RecordingGate.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -18,6 +19,7 @@
 #include <QScrollBar>
 #include <QSlider>
 #include <QTest>
+#include <utility>
 
 namespace {
 
@@ -128,6 +130,75 @@ TEST_F(QtLooks, ShowsAnyRangeWithoutOverflow)
     EXPECT_EQ(Shown<QSlider>(theLook).value(), 2147483647);
     theLook.theBounds = {-2147483647, 2147483647, 2147483647, -2147483647};
     EXPECT_FALSE(Shown<QSlider>(theLook).geometry().isValid());
+}
+
+constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+
+class QtLooksOfEveryShape : public QtLooks, public testing::WithParamInterface<ControlShape>
+{
+protected:
+    // Painted, because the sums of places and values are done there.
+    void Paint(const ControlLook& theLook)
+    {
+        Shown<QWidget>(theLook);
+        EXPECT_FALSE(WindowWidget().grab().isNull());
+    }
+};
+
+TEST_P(QtLooksOfEveryShape, AreShownInAnyBoundsAndRange)
+{
+    const Host::PixelRect kBounds[] = {{kLeast, kLeast, kMost, kMost},
+                                       {kMost, kMost, kLeast, kLeast},
+                                       {-32768, -32768, 32767, 32767},
+                                       {32767, 32767, -32768, -32768},
+                                       {10, 10, 210, 30},
+                                       {10, 10, 30, 210},
+                                       {10, 10, 10, 10}};
+    ControlLook theLook = Control(GetParam());
+    theLook.theIsMultiline = true;
+    for (const Host::PixelRect& theBounds : kBounds) {
+        theLook.theBounds = theBounds;
+        Paint(theLook);
+    }
+    theLook.theBounds = {10, 10, 210, 30};
+    for (const auto& [theMinimum, theMaximum] :
+         {std::pair(kLeast, kMost), std::pair(kMost, kLeast), std::pair(-32768, 32767)}) {
+        theLook.theMinimum = theMinimum;
+        theLook.theMaximum = theMaximum;
+        for (const std::int32_t theValue : {kLeast, 0, kMost}) {
+            theLook.theValue = theValue;
+            theLook.theViewSize = theValue;
+            theLook.theTickMarks = theValue == 0 ? 2 : 0;
+            Paint(theLook);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Shapes, QtLooksOfEveryShape,
+                         testing::Values(ControlShape::kPushButton, ControlShape::kCheckBox,
+                                         ControlShape::kRadioButton, ControlShape::kRadioGroup,
+                                         ControlShape::kSlider, ControlShape::kScrollBar,
+                                         ControlShape::kProgressBar, ControlShape::kLittleArrows,
+                                         ControlShape::kStaticText, ControlShape::kEditText,
+                                         ControlShape::kGroupBox, ControlShape::kPopUpButton,
+                                         ControlShape::kSeparator, ControlShape::kPane));
+
+TEST_F(QtLooks, ShowsWindowsOfAnyPlaceAndLimits)
+{
+    WindowLook theLook = Window();
+    theLook.theIsResizable = true;
+    theLook.theSmallest = {kLeast, kLeast};
+    theLook.theLargest = {kMost, kMost};
+    theLook.theContent = {kLeast, kLeast, kLeast + 10, kLeast + 10};
+    mPresenter.WindowLooks(theLook);
+    Turn();
+    EXPECT_TRUE(WindowWidget().isVisible());
+    theLook.theContent = {kMost, kMost, kLeast, kLeast};
+    theLook.theIsResizable = false;
+    mPresenter.WindowLooks(theLook);
+    Turn();
+    EXPECT_TRUE(WindowWidget().isVisible());
 }
 
 TEST_F(QtLooks, DisablesWhatTheProgramMadeInactiveButNotWhatIsInactiveWithItsWindow)
