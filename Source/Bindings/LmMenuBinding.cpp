@@ -126,11 +126,7 @@ void LmMenuBinding::SyncAllValues()
 void LmMenuBinding::SetKeyValue(const LmString& theKey, const LmValue& theValue)
 {
     if (mCommand != 0 && mUpdateMenu) {
-        LmLifeWatch theWatch(this);
         LM_CHECK_STATUS(WriteMenu(theKey, theValue));
-        if (theWatch.IsGone()) {
-            return;
-        }
     }
     LmKeyValueStore::SetKeyValue(theKey, theValue);
 }
