@@ -67,6 +67,7 @@ template <typename Table>
 std::vector<const char*> NamesOf(const Table& theTable)
 {
     std::vector<const char*> theNames;
+    theNames.reserve(theTable.size());
     for (const auto& theRow : theTable) {
         theNames.push_back(theRow.theName);
     }

@@ -1,15 +1,14 @@
 #!/usr/bin/env bash
 # LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 #
-# CheckTidy.sh <build folder> [<beginning of a path>...]: runs clang-tidy over the files that the build
-# compiles in the named places; when none is named, over all but the tests and benchmarks, whose expanded macros
-# take the linter longer than everything else together. The build must have been configured with
+# CheckTidy.sh <build folder> [<beginning of a path>...]: runs clang-tidy over the files of the project that
+# the build compiles, or over those of them in the named places. The build must have been configured with
 # CMAKE_EXPORT_COMPILE_COMMANDS.
 set -eu
 cd "$(dirname "$0")/.."
 theBuild=$1
 shift
-thePlaces=${*:-Source/ Platform/ Examples/}
+thePlaces=${*:-Source/ Platform/ Examples/ Tests/ Benchmarks/}
 # Only the project's own files: the build also compiles the test framework.
 mapfile -t theFiles < <(
     sed -n "s|^ *\"file\": \"$PWD/\(.*\.cpp\)\",\{0,1\}\$|\1|p" "$theBuild/compile_commands.json" |

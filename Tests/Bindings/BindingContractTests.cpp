@@ -23,6 +23,7 @@ namespace {
 class ControlObject
 {
 public:
+    static constexpr const char* kName = "Control";
     using Binding = LmControlBinding;
     static constexpr bool kCanBeDisposed = true;
     static constexpr bool kIsWritten = true;
@@ -57,6 +58,7 @@ private:
 class WindowObject
 {
 public:
+    static constexpr const char* kName = "Window";
     using Binding = LmWindowBinding;
     static constexpr bool kCanBeDisposed = true;
     static constexpr bool kIsWritten = true;
@@ -92,6 +94,7 @@ private:
 class MenuObject
 {
 public:
+    static constexpr const char* kName = "Menu";
     using Binding = LmMenuBinding;
     static constexpr bool kCanBeDisposed = true;
     static constexpr bool kIsWritten = true;
@@ -138,6 +141,7 @@ private:
 class ModelObject
 {
 public:
+    static constexpr const char* kName = "Model";
     using Binding = LmExampleBinding;
     static constexpr bool kCanBeDisposed = false; // the application detaches the binding
     static constexpr bool kIsWritten = false;     // the example's properties are constants
@@ -200,7 +204,17 @@ protected:
 };
 
 using Objects = testing::Types<ControlObject, WindowObject, MenuObject, ModelObject>;
-TYPED_TEST_SUITE(BindingContract, Objects);
+
+struct ObjectNames
+{
+    template <typename Object>
+    static std::string GetName(int)
+    {
+        return Object::kName;
+    }
+};
+
+TYPED_TEST_SUITE(BindingContract, Objects, ObjectNames);
 
 TYPED_TEST(BindingContract, AttachingReadsTheObjectAndWritesNothing)
 {

@@ -38,7 +38,7 @@ Function* FindReal(Function*, const char* theName)
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, theName));
 }
 
-#define REAL(theName) FindReal(&theName, #theName)
+#define REAL(theName) FindReal(&(theName), #theName)
 
 } // namespace
 

@@ -329,8 +329,8 @@ TEST(LmValueString, CopiesShareTheString)
     const TestString theString("text");
     {
         const LmValue theValue(theString.Get(), false);
-        const LmValue theCopy(
-            theValue); // NOLINT(performance-unnecessary-copy-initialization): the copy is under test
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the copy is under test
+        const LmValue theCopy(theValue);
         LmValue theAssigned(5UL);
         theAssigned = theValue;
         EXPECT_EQ(theCopy.GetString(), theString.Get());
@@ -473,8 +473,8 @@ TEST(LmValueCopy, KeepsKindAndPayloadOfEachKind)
             EXPECT_EQ(theTarget.GetType(), theSource.GetType());
             EXPECT_TRUE(theTarget == theSource) << theSource.GetType();
         }
-        const LmValue theCopy(
-            theSource); // NOLINT(performance-unnecessary-copy-initialization): the copy is under test
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the copy is under test
+        const LmValue theCopy(theSource);
         EXPECT_EQ(theCopy.GetType(), theSource.GetType());
         EXPECT_TRUE(theCopy == theSource) << theSource.GetType();
     }

@@ -153,7 +153,7 @@ std::string OpenAlong(const Way& theWay)
     for (const ObjectId theId : theWay) {
         const MenusNow theMenus;
         const MenuLook* theMenu = theMenus.Tree().Find(theId);
-        const std::string theReason =
+        std::string theReason =
             theMenu == nullptr ? "the menu is gone" : OpenOutOf(theMenus.Tree().Find(theHolder), *theMenu);
         if (!theReason.empty()) {
             CloseOpenMenus();

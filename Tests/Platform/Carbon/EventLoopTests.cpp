@@ -46,7 +46,8 @@ public:
     {
         mStatus = InstallEventLoopTimer(GetMainEventLoop(), theDelay, theInterval, Fire, this, &mReference);
     }
-    TestTimer(EventTimerInterval theDelay, EventTimerInterval theInterval, std::string theName, Log& theLog)
+    TestTimer(EventTimerInterval theDelay, EventTimerInterval theInterval, const std::string& theName,
+              Log& theLog)
         : TestTimer(theDelay, theInterval, [theName, &theLog] {
               theLog.push_back(theName + " " + std::to_string(std::lround(GetCurrentEventTime() - 1000)));
           })

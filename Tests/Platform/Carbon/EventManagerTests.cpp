@@ -596,7 +596,7 @@ static DEFINE_ONE_SHOT_HANDLER_GETTER(OneShot)
 TEST(EventManager, TicksAreSixtiethsOfASecond)
 {
     EXPECT_EQ(TicksToEventTime(90), 1.5);
-    EXPECT_EQ(EventTimeToTicks(1.5), 90u);
+    EXPECT_EQ(EventTimeToTicks(1.5), 90u); // NOLINT(bugprone-incorrect-roundings): so the macro rounds
     EXPECT_EQ(kEventDurationDay, 24 * kEventDurationHour);
     EXPECT_EQ(kEventDurationHour, 60 * kEventDurationMinute);
 }

@@ -574,6 +574,7 @@ TEST_F(EventTarget, ParametersSetByAHandlerReachTheSender)
 TEST_F(EventTarget, AThousandHandlersAreAskedInOrder)
 {
     std::vector<std::unique_ptr<TestHandler>> theHandlers;
+    theHandlers.reserve(1000);
     for (int theNumber = 0; theNumber < 1000; ++theNumber) {
         theHandlers.push_back(
             std::make_unique<TestHandler>(Button(), std::to_string(theNumber), mLog, eventNotHandledErr));

@@ -345,7 +345,7 @@ std::string ManagerTest::TextIn(ControlRef theControl) const
     EXPECT_EQ(GetControlData(theControl, kControlEntireControl, kControlEditTextCFStringTag, sizeof theString,
                              &theString, nullptr),
               noErr);
-    const std::string theText = TextOf(theString);
+    std::string theText = TextOf(theString);
     if (theString != nullptr) {
         CFRelease(theString);
     }

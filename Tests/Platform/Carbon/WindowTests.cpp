@@ -28,7 +28,7 @@ protected:
     {
         CFStringRef theTitle = nullptr;
         EXPECT_EQ(CopyWindowTitleAsCFString(theWindow, &theTitle), noErr);
-        const std::string theText = TextOf(theTitle);
+        std::string theText = TextOf(theTitle);
         CFRelease(theTitle);
         return theText;
     }

@@ -512,12 +512,8 @@ std::string Bytes(std::initializer_list<int> theBytes)
 TEST_F(CFPropertyListWriting, TheBinaryFormIsRead)
 {
     const std::string theText =
-        Binary({Bytes({0xD2, 1, 2, 3, 4}),
-                "\x51"
-                "a",
-                "\x51"
-                "b",
-                Bytes({0xA2, 5, 6}), Bytes({0x08}), Bytes({0x11, 0x03, 0xE8}), Bytes({0x09})});
+        Binary({Bytes({0xD2, 1, 2, 3, 4}), Bytes({0x51, 'a'}), Bytes({0x51, 'b'}), Bytes({0xA2, 5, 6}),
+                Bytes({0x08}), Bytes({0x11, 0x03, 0xE8}), Bytes({0x09})});
     EXPECT_TRUE(CFEqual(ReadBytes(theText),
                         ObjectDictionary({{CFSTR("a"), ObjectArray({Integer(1000), kCFBooleanTrue})},
                                           {CFSTR("b"), kCFBooleanFalse}})));

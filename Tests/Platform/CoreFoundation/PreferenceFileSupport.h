@@ -74,7 +74,7 @@ inline void RemoveTree(const std::string& thePath)
     if (lstat(thePath.c_str(), &theStatus) == 0 && S_ISDIR(theStatus.st_mode)) {
         chmod(thePath.c_str(), 0700);
         for (const std::string& theName : NamesIn(thePath)) {
-            RemoveTree(thePath + "/" + theName);
+            RemoveTree(std::string(thePath).append("/").append(theName));
         }
         rmdir(thePath.c_str());
     } else {

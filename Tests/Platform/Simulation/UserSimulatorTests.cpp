@@ -7,7 +7,6 @@
 
 namespace {
 
-using Host::ControlAddress;
 using Host::UserResult;
 
 class UserSimulator : public testing::Test

@@ -86,7 +86,7 @@ public:
     // Takes the indicator of a slider or scroll bar, moves it half the way and then to theValue, and lets go.
     // The value is exact even when the control has more values than pixels. Refused when theValue is out of
     // the control's range.
-    UserResult DragSlider(const ControlAddress& theControl, SInt32 theValue);
+    UserResult DragSlider(const ControlAddress& theAddress, SInt32 theValue);
 
     // Keys ---------------------------------------------------------------------------------------------
 
@@ -156,7 +156,7 @@ public:
     std::string DescribeMenu(const std::string& theTitle) const;
 
     // What one control shows, on one line; empty for a control that is not there.
-    std::string DescribeControl(const ControlAddress& theControl) const;
+    std::string DescribeControl(const ControlAddress& theAddress) const;
 
 private:
     UserResult PressAt(const ControlAddress& theAddress, ControlPartCode thePart, UInt32 theModifiers);
