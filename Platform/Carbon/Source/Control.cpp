@@ -118,25 +118,30 @@ void Control::CollectInState(ControlState theState, std::vector<SharedControl>* 
     }
 }
 
-void Control::Set(ControlState theState, bool theNewState)
+OSStatus Control::Set(ControlState theState, bool theNewState)
 {
     if (OwnState(theState) == theNewState) {
-        return;
+        return noErr;
     }
     if (!theNewState && theState != ControlState::kActive) {
         // The focus leaves while the control can still hear of it.
         ReleaseFocusInside(*this);
         if (mIsGone || OwnState(theState) == theNewState) {
-            return;
+            return noErr;
         }
     }
     SetOwnState(theState, true);
     std::vector<SharedControl> theChanged;
-    const SharedControl theParent = Parent();
-    if (theParent == nullptr || theParent->Is(theState)) {
-        CollectInState(theState, &theChanged);
+    const OSStatus theStatus = Guarded([&] {
+        if (Is(theState)) {
+            CollectInState(theState, &theChanged);
+        }
+        return OSStatus{noErr};
+    });
+    SetOwnState(theState, theStatus == noErr ? theNewState : !theNewState);
+    if (theStatus != noErr) {
+        return theStatus;
     }
-    SetOwnState(theState, theNewState);
     for (const SharedControl& theControl : theChanged) {
         theControl->Show();
     }
@@ -145,6 +150,7 @@ void Control::Set(ControlState theState, bool theNewState)
             theControl->Notify(kEventClassControl, KindOfChange(theState, theNewState));
         }
     }
+    return noErr;
 }
 
 void Control::StartWithRange(const ControlRange& theRange)

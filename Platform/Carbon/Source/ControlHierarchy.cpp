@@ -5,6 +5,7 @@
 #include "Internal/ControlTable.h"
 #include "Internal/EventTargets.h"
 #include "Internal/Geometry.h"
+#include "Internal/Guarded.h"
 #include "Internal/KeyboardFocus.h"
 #include "Internal/OutgoingEvent.h"
 #include "Internal/Window.h"
@@ -76,8 +77,15 @@ void Control::Begin(const SharedWindow& theOwner, const Rect& theBounds, const T
     mBounds = theBounds;
     mTitle = theTitle;
     mOwner = theOwner;
-    mTarget = NewEventTarget(BehaviourOf(weak_from_this()));
     ControlTable().Add(mIdentifier, shared_from_this());
+    const OSStatus theStatus = Guarded([this] {
+        mTarget = NewEventTarget(BehaviourOf(weak_from_this()));
+        return OSStatus{noErr};
+    });
+    if (theStatus != noErr) {
+        ControlTable().Remove(Reference());
+        throw std::bad_alloc();
+    }
 }
 
 void Control::BeginAsRoot(const SharedWindow& theOwner, const Rect& theBounds)
@@ -112,11 +120,25 @@ void Control::Dispose()
 
 void Control::DisposeSubControls()
 {
-    // Handlers may dispose others of them meanwhile, and add new ones, which stay.
-    const std::vector<SharedControl> theSubControls = mSubControls;
-    for (auto theEntry = theSubControls.rbegin(); theEntry != theSubControls.rend(); ++theEntry) {
-        (*theEntry)->Dispose();
+    // Handlers may dispose others of them meanwhile, and make new ones, which stay: those have greater
+    // numbers. No list is made of them, since what disposes must not need memory.
+    ObjectIdentifier theNewest = 0;
+    for (const SharedControl& theSubControl : mSubControls) {
+        theNewest = std::max(theNewest, theSubControl->mIdentifier);
     }
+    while (const SharedControl theNext = LastSubControl(theNewest)) {
+        theNext->Dispose();
+    }
+}
+
+// The frontmost one that is not being disposed yet and has no greater number than theNewest; null for none.
+SharedControl Control::LastSubControl(ObjectIdentifier theNewest) const
+{
+    const auto theEntry =
+        std::find_if(mSubControls.rbegin(), mSubControls.rend(), [=](const SharedControl& theOne) {
+            return !theOne->mIsGoing && theOne->mIdentifier <= theNewest;
+        });
+    return theEntry == mSubControls.rend() ? nullptr : *theEntry;
 }
 
 // Hierarchy ----------------------------------------------------------------------------------------------
@@ -178,6 +200,7 @@ void Control::Leave()
     }
 }
 
+// Has room for the new place before it leaves the old one.
 void Control::Join(const SharedControl& theContainer)
 {
     const SharedControl theKeepAlive = shared_from_this();
@@ -189,6 +212,7 @@ void Control::Join(const SharedControl& theContainer)
             return; // a handler made the move impossible
         }
     }
+    theContainer->MakeRoom();
     Leave();
     theContainer->mSubControls.push_back(theKeepAlive);
     mParent = theContainer;
@@ -196,6 +220,13 @@ void Control::Join(const SharedControl& theContainer)
     ShowAll();
     if (theIsMove && !mIsGoing && !theContainer->mIsGoing) {
         TellContainer(kEventControlAddedSubControl, theContainer);
+    }
+}
+
+void Control::MakeRoom()
+{
+    if (mSubControls.size() == mSubControls.capacity()) {
+        mSubControls.reserve(2 * mSubControls.size() + 1);
     }
 }
 
@@ -208,7 +239,6 @@ void Control::MoveTo(const SharedWindow& theOwner)
     }
     ReleaseFocusInside(*this);
     mOwner = theOwner;
-    const std::vector<SharedControl> theSubControls = mSubControls;
     OutgoingEvent theEvent(kEventClassControl, kEventControlOwningWindowChanged);
     theEvent.Set(kEventParamDirectObject, typeControlRef, Reference());
     theEvent.Set(kEventParamAttributes, typeUInt32, UInt32{0});
@@ -216,10 +246,15 @@ void Control::MoveTo(const SharedWindow& theOwner)
     theEvent.Set(kEventParamControlOriginalOwningWindow, typeWindowRef, theOldReference);
     theEvent.Set(kEventParamControlCurrentOwningWindow, typeWindowRef, theOwner->Reference());
     theEvent.SendTo(mTarget);
-    for (const SharedControl& theSubControl : theSubControls) {
-        if (!theSubControl->mIsGone) {
-            theSubControl->MoveTo(theOwner);
+    // A handler may move controls, this one too, which then belong elsewhere.
+    while (Owner() == theOwner) {
+        const auto theNext = std::find_if(mSubControls.begin(), mSubControls.end(),
+                                          [&](const auto& theOne) { return theOne->Owner() != theOwner; });
+        if (theNext == mSubControls.end()) {
+            return;
         }
+        const SharedControl theSubControl = *theNext;
+        theSubControl->MoveTo(theOwner);
     }
 }
 
@@ -297,8 +332,10 @@ OSErr Embed(const SharedControl& theControl, const SharedControl& theContainer)
     if (!theContainer->CanEmbed()) {
         return errControlIsNotEmbedder;
     }
-    theControl->Join(theContainer);
-    return noErr;
+    return static_cast<OSErr>(Guarded([&] {
+        theControl->Join(theContainer);
+        return OSStatus{noErr};
+    }));
 }
 
 } // namespace
@@ -324,11 +361,13 @@ OSErr CreateRootControl(WindowRef theWindow, ControlRef* theControl)
     if (theOwner->Root() != nullptr) {
         return errRootAlreadyExists;
     }
-    const SharedControl theRoot = theOwner->EnsureRoot();
-    if (theControl != nullptr) {
-        *theControl = theRoot->Reference();
-    }
-    return noErr;
+    return static_cast<OSErr>(Guarded([&] {
+        const SharedControl theRoot = theOwner->EnsureRoot();
+        if (theControl != nullptr) {
+            *theControl = theRoot->Reference();
+        }
+        return OSStatus{noErr};
+    }));
 }
 
 OSErr GetRootControl(WindowRef theWindow, ControlRef* theControl)

@@ -138,8 +138,7 @@ OSErr SetState(ControlRef theControl, ControlState theState, bool theNewState)
     if (theFound == nullptr) {
         return errUnknownControl;
     }
-    theFound->Set(theState, theNewState);
-    return noErr;
+    return static_cast<OSErr>(theFound->Set(theState, theNewState));
 }
 
 } // namespace
@@ -271,15 +270,10 @@ OSStatus SetControlTitleWithCFString(ControlRef theControl, CFStringRef theTitle
     if (theTitle == nullptr) {
         return paramErr;
     }
-    Text theText;
-    const OSStatus theStatus = Guarded([&] {
-        theText = TextOf(theTitle);
+    return Guarded([&] {
+        theFound->SetTitle(TextOf(theTitle));
         return OSStatus{noErr};
     });
-    if (theStatus == noErr) {
-        theFound->SetTitle(std::move(theText));
-    }
-    return theStatus;
 }
 
 OSStatus CopyControlTitleAsCFString(ControlRef theControl, CFStringRef* theTitle)
@@ -302,7 +296,10 @@ void SetControlTitle(ControlRef theControl, ConstStr255Param theTitle)
 {
     const SharedControl theFound = Host::FindControl(theControl);
     if (theFound != nullptr && theTitle != nullptr) {
-        theFound->SetTitle(TextOfPascalString(theTitle));
+        Guarded([&] {
+            theFound->SetTitle(TextOfPascalString(theTitle));
+            return OSStatus{noErr};
+        });
     }
 }
 

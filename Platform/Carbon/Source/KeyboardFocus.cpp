@@ -5,6 +5,7 @@
 #include "Internal/ControlTracking.h"
 #include "Internal/EventTargets.h"
 #include "Internal/Geometry.h"
+#include "Internal/Guarded.h"
 #include "Internal/OutgoingEvent.h"
 #include "Internal/Window.h"
 
@@ -425,7 +426,10 @@ namespace {
 OSErr Advance(WindowRef theWindow, bool theBackward)
 {
     const SharedWindow theFound = Host::FindWindow(theWindow);
-    return theFound == nullptr ? OSErr{errInvalidWindowRef} : AdvanceFocus(theFound, theBackward);
+    if (theFound == nullptr) {
+        return errInvalidWindowRef;
+    }
+    return static_cast<OSErr>(Guarded([&] { return OSStatus{AdvanceFocus(theFound, theBackward)}; }));
 }
 
 } // namespace

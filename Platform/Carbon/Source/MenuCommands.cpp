@@ -129,12 +129,14 @@ using namespace Host;
 
 ItemCount CountMenuItemsWithCommandID(MenuRef inMenu, MenuCommand inCommandID)
 {
-    CommandSearch theSearch(inCommandID);
+    ItemCount theCount = 0;
     Guarded([&] {
+        CommandSearch theSearch(inCommandID);
         theSearch.Run(inMenu, 0);
+        theCount = theSearch.Count();
         return noErr;
     });
-    return theSearch.Count();
+    return theCount;
 }
 
 OSStatus GetIndMenuItemWithCommandID(MenuRef inMenu, MenuCommand inCommandID, UInt32 inItemIndex,

@@ -2,6 +2,8 @@
 
 #include "Internal/Text.h"
 
+#include "Internal/Guarded.h"
+
 #include <algorithm>
 #include <vector>
 
@@ -105,10 +107,14 @@ std::string BytesOf(const Text& theText)
 
 void CopyToPascalString(const Text& theText, Str255 theString)
 {
-    const std::string theBytes = BytesOf(theText);
-    const size_t theCount = std::min<size_t>(theBytes.size(), 255);
-    theString[0] = static_cast<unsigned char>(theCount);
-    std::copy_n(theBytes.data(), theCount, theString + 1);
+    theString[0] = 0;
+    Guarded([&] {
+        const std::string theBytes = BytesOf(theText);
+        const size_t theCount = std::min<size_t>(theBytes.size(), 255);
+        theString[0] = static_cast<unsigned char>(theCount);
+        std::copy_n(theBytes.data(), theCount, theString + 1);
+        return OSStatus{noErr};
+    });
 }
 
 std::string Utf8Of(const Text& theText)

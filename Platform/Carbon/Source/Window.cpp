@@ -114,15 +114,22 @@ WindowRef Window::Reference() const
     return HandleTable<WindowRef, Window>::ReferenceOf(mIdentifier);
 }
 
-void Window::Begin()
+OSStatus Window::Begin()
 {
-    AnswerForUserFocus();
-    mTarget = NewEventTarget(BehaviourOf(weak_from_this()));
-    WindowTable().Add(mIdentifier, shared_from_this());
-    AddToOrder(shared_from_this());
-    if (Has(kWindowCompositingAttribute)) {
-        EnsureRoot();
+    const OSStatus theStatus = Guarded([this] {
+        AnswerForUserFocus();
+        mTarget = NewEventTarget(BehaviourOf(weak_from_this()));
+        WindowTable().Add(mIdentifier, shared_from_this());
+        AddToOrder(shared_from_this());
+        if (Has(kWindowCompositingAttribute)) {
+            EnsureRoot();
+        }
+        return OSStatus{noErr};
+    });
+    if (theStatus != noErr) {
+        Close();
     }
+    return theStatus;
 }
 
 void Window::Release()
@@ -158,8 +165,9 @@ void Window::Close()
 SharedControl Window::EnsureRoot()
 {
     if (mRoot == nullptr) {
-        mRoot = std::make_shared<RootControl>();
-        mRoot->BeginAsRoot(shared_from_this(), WithoutOrigin(mContent));
+        const auto theRoot = std::make_shared<RootControl>();
+        theRoot->BeginAsRoot(shared_from_this(), WithoutOrigin(mContent));
+        mRoot = theRoot;
     }
     return mRoot;
 }

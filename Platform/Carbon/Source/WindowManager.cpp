@@ -106,9 +106,9 @@ OSStatus CreateNewWindow(WindowClass theClass, WindowAttributes theAttributes, c
     }
     return Guarded([&] {
         const auto theNew = std::make_shared<Window>(*theTraits, theAttributes, *theContentBounds);
-        theNew->Begin();
-        *theWindow = theNew->Reference();
-        return OSStatus{noErr};
+        const OSStatus theStatus = theNew->Begin();
+        *theWindow = theStatus == noErr ? theNew->Reference() : nullptr;
+        return theStatus;
     });
 }
 
@@ -212,14 +212,17 @@ Boolean IsWindowCollapsable(WindowRef theWindow)
 
 OSStatus CollapseAllWindows(Boolean theCollapse)
 {
-    // A copy: handlers may close windows. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
-    const std::vector<SharedWindow> theWindows = AllWindows();
-    for (const SharedWindow& theWindow : theWindows) {
-        if (theWindow->IsVisible() && !theWindow->IsGone() && theWindow->Has(kWindowCollapseBoxAttribute)) {
-            CollapseWindow(theWindow->Reference(), theCollapse);
+    return Guarded([=] {
+        // A copy: handlers may close windows. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+        const std::vector<SharedWindow> theWindows = AllWindows();
+        for (const SharedWindow& theWindow : theWindows) {
+            if (theWindow->IsVisible() && !theWindow->IsGone() &&
+                theWindow->Has(kWindowCollapseBoxAttribute)) {
+                CollapseWindow(theWindow->Reference(), theCollapse);
+            }
         }
-    }
-    return noErr;
+        return OSStatus{noErr};
+    });
 }
 
 // Bounds -------------------------------------------------------------------------------------------------
@@ -374,8 +377,12 @@ OSStatus CopyWindowTitleAsCFString(WindowRef theWindow, CFStringRef* theTitle)
 void SetWTitle(WindowRef theWindow, ConstStr255Param theTitle)
 {
     if (theTitle != nullptr) {
-        With(theWindow,
-             [=](const SharedWindow& theFound) { theFound->SetTitle(TextOfPascalString(theTitle)); });
+        With(theWindow, [=](const SharedWindow& theFound) {
+            Guarded([&] {
+                theFound->SetTitle(TextOfPascalString(theTitle));
+                return OSStatus{noErr};
+            });
+        });
     }
 }
 

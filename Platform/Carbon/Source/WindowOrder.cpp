@@ -38,28 +38,45 @@ size_t FrontOfLayer(int theLayer)
         theOrder.begin());
 }
 
-// Every window whose place changed gets a new look, the others none.
-void ShowChangedPlaces(const Windows& theOld)
+// The windows from theFirst place to before theEnd get a new look: theirs are the places that have changed.
+void ShowPlaces(size_t theFirst, size_t theEnd)
 {
-    const Windows theNew = Order();
-    for (size_t thePlace = 0; thePlace < theNew.size(); ++thePlace) {
-        if (thePlace >= theOld.size() || theOld[thePlace] != theNew[thePlace]) {
-            theNew[thePlace]->Show();
-        }
+    for (size_t thePlace = theFirst; thePlace < theEnd; ++thePlace) {
+        Order()[thePlace]->Show();
     }
 }
 
-void Reorder(const SharedWindow& theWindow, size_t thePlace)
+void InsertAt(size_t thePlace, const SharedWindow& theWindow)
 {
     Windows& theOrder = Order();
-    const Windows theOld = theOrder;
-    const size_t theOldPlace = FindInOrder(*theWindow);
-    if (theOldPlace < theOrder.size()) {
-        theOrder.erase(theOrder.begin() + static_cast<std::ptrdiff_t>(theOldPlace));
-        thePlace -= theOldPlace < thePlace ? 1 : 0;
-    }
     theOrder.insert(theOrder.begin() + static_cast<std::ptrdiff_t>(thePlace), theWindow);
-    ShowChangedPlaces(theOld);
+    ShowPlaces(thePlace, theOrder.size());
+}
+
+void MoveInOrder(size_t theOldPlace, size_t theNewPlace)
+{
+    const auto theFirst = Order().begin();
+    const auto theOld = theFirst + static_cast<std::ptrdiff_t>(theOldPlace);
+    const auto theNew = theFirst + static_cast<std::ptrdiff_t>(theNewPlace);
+    if (theOldPlace < theNewPlace) {
+        std::rotate(theOld, theOld + 1, theNew + 1);
+    } else {
+        std::rotate(theNew, theOld, theOld + 1);
+    }
+    if (theOldPlace != theNewPlace) {
+        ShowPlaces(std::min(theOldPlace, theNewPlace), std::max(theOldPlace, theNewPlace) + 1);
+    }
+}
+
+// thePlace counts the window itself where it stands before.
+void Reorder(const SharedWindow& theWindow, size_t thePlace)
+{
+    const size_t theOldPlace = FindInOrder(*theWindow);
+    if (theOldPlace == Order().size()) {
+        InsertAt(thePlace, theWindow);
+    } else {
+        MoveInOrder(theOldPlace, theOldPlace < thePlace ? thePlace - 1 : thePlace);
+    }
 }
 
 bool CanBeActive(const Window& theWindow)
@@ -125,9 +142,11 @@ void AddToOrder(const SharedWindow& theWindow)
 void RemoveFromOrder(const SharedWindow& theWindow)
 {
     Windows& theOrder = Order();
-    const Windows theOld = theOrder;
-    theOrder.erase(std::remove(theOrder.begin(), theOrder.end(), theWindow), theOrder.end());
-    ShowChangedPlaces(theOld);
+    const size_t thePlace = FindInOrder(*theWindow);
+    if (thePlace < theOrder.size()) {
+        theOrder.erase(theOrder.begin() + static_cast<std::ptrdiff_t>(thePlace));
+        ShowPlaces(thePlace, theOrder.size());
+    }
 }
 
 void PutInFront(const SharedWindow& theWindow)

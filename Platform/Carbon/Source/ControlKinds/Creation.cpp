@@ -2,6 +2,7 @@
 
 #include "ControlKinds/Creation.h"
 
+#include "Internal/Guarded.h"
 #include "Internal/Window.h"
 
 namespace Host {
@@ -32,12 +33,22 @@ void Begin(const SharedControl& theControl, const CreationRequest& theRequest)
     theControl->Begin(theWindow, *theRequest.theBounds, TextOf(theRequest.theTitle));
 }
 
-void Place(const SharedControl& theControl, const CreationRequest& theRequest)
+OSStatus Place(const SharedControl& theControl, const CreationRequest& theRequest)
 {
     *theRequest.theControl = theControl->Reference();
-    if (const SharedWindow theWindow = FindWindow(theRequest.theWindow)) {
-        theControl->Join(theWindow->Root());
+    const SharedWindow theWindow = FindWindow(theRequest.theWindow);
+    if (theWindow == nullptr) {
+        return noErr;
     }
+    const OSStatus theStatus = Guarded([&] {
+        theControl->Join(theWindow->Root());
+        return OSStatus{noErr};
+    });
+    if (theStatus != noErr) {
+        *theRequest.theControl = nullptr;
+        theControl->Dispose();
+    }
+    return theStatus;
 }
 
 } // namespace Host

@@ -25,8 +25,8 @@ OSStatus CheckRequest(const CreationRequest& theRequest);
 // Gives a new control its range, reference and target; nobody is told yet.
 void Begin(const SharedControl& theControl, const CreationRequest& theRequest);
 
-// Puts it into its window, which is told.
-void Place(const SharedControl& theControl, const CreationRequest& theRequest);
+// Puts it into its window, which is told. A control that there is no room for is disposed.
+OSStatus Place(const SharedControl& theControl, const CreationRequest& theRequest);
 
 // Makes a control. theMaker constructs the object.
 template <class Maker>
@@ -41,10 +41,7 @@ OSStatus Make(const CreationRequest& theRequest, const Maker& theMaker)
             return OSStatus{noErr};
         });
     }
-    if (theStatus == noErr) {
-        Place(theControl, theRequest);
-    }
-    return theStatus;
+    return theStatus == noErr ? Place(theControl, theRequest) : theStatus;
 }
 
 // Makes a control of a kind. theArguments are those of its constructor.

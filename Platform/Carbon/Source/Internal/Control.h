@@ -101,7 +101,7 @@ public:
 
     // State. The setters tell the presenter and the handlers, if there is something to tell.
     bool Is(ControlState theState) const; // with everything around it
-    void Set(ControlState theState, bool theNewState);
+    OSStatus Set(ControlState theState, bool theNewState);
     bool CanBePressed() const { return Is(ControlState::kVisible) && Is(ControlState::kEnabled); }
     const ControlRange& Range() const { return mRange; }
     void SetRange(const ControlRange& theRange);
@@ -176,6 +176,8 @@ private:
     void Leave();
     void MoveTo(const SharedWindow& theOwner);
     void TellContainer(UInt32 theKind, const SharedControl& theContainer);
+    SharedControl LastSubControl(ObjectIdentifier theNewest) const;
+    void MakeRoom();
     void CollectInState(ControlState theState, std::vector<SharedControl>* theControls);
 
     ObjectIdentifier mIdentifier = NewObjectIdentifier();

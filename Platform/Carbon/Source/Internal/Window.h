@@ -40,8 +40,9 @@ public:
     Window(const Window&) = delete;
     Window& operator=(const Window&) = delete;
 
-    // Makes the target, the reference and the place in the order.
-    void Begin();
+    // Makes the target, the reference and the place in the order; a window that there is no memory for is
+    // closed again.
+    OSStatus Begin();
 
     // Identity.
     ObjectIdentifier Identifier() const { return mIdentifier; }
