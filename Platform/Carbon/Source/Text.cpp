@@ -5,6 +5,7 @@
 #include "Internal/Guarded.h"
 
 #include <algorithm>
+#include <memory>
 #include <vector>
 
 namespace Host {
@@ -13,13 +14,18 @@ namespace {
 
 const char16_t kReplacement = 0xFFFD;
 
+struct Releaser
+{
+    void operator()(const __CFString* theString) const { CFRelease(theString); }
+};
+
+// A string that is released at the end, also for want of memory.
+using OwnedString = std::unique_ptr<const __CFString, Releaser>;
+
 Text TakeText(CFStringRef theString)
 {
-    Text theText = TextOf(theString);
-    if (theString != nullptr) {
-        CFRelease(theString);
-    }
-    return theText;
+    const OwnedString theOwned(theString);
+    return TextOf(theString);
 }
 
 CFStringRef CreateFromBytes(const void* theBytes, size_t theCount, CFStringEncoding theEncoding)
@@ -30,17 +36,17 @@ CFStringRef CreateFromBytes(const void* theBytes, size_t theCount, CFStringEncod
 
 std::string EncodedAs(const Text& theText, CFStringEncoding theEncoding)
 {
-    CFStringRef theString = CreateString(theText);
-    if (theString == nullptr) {
+    const OwnedString theOwned(CreateString(theText));
+    if (theOwned == nullptr) {
         return std::string();
     }
+    CFStringRef theString = theOwned.get();
     const CFRange theAll = CFRangeMake(0, static_cast<CFIndex>(theText.size()));
     CFIndex theSize = 0;
     CFStringGetBytes(theString, theAll, theEncoding, '?', false, nullptr, 0, &theSize);
     std::string theBytes(static_cast<size_t>(theSize), '\0');
     CFStringGetBytes(theString, theAll, theEncoding, '?', false, reinterpret_cast<UInt8*>(theBytes.data()),
                      theSize, &theSize);
-    CFRelease(theString);
     return theBytes;
 }
 
