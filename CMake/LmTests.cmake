@@ -27,6 +27,8 @@ function(lm_add_test theName)
   lm_configure_target(${theTarget})
   # GCC 12 takes strings inside rows of test tables for uninitialised when it optimises.
   target_compile_options(${theTarget} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
+  # What is tested is optimised as ever; the tests themselves compile in two thirds of the time without.
+  target_compile_options(${theTarget} PRIVATE $<$<CONFIG:Release>:-O1>)
   target_link_libraries(${theTarget} PRIVATE ${LM_LIBRARIES} LmTestSupport GTest::gmock)
   gtest_discover_tests(${theTarget}
     TEST_PREFIX ${theName}.
