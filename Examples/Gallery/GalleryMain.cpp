@@ -1,7 +1,8 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// A window with every kind of control. Everything that shows a number shows the same one, and the check box
-// at the bottom enables and disables all the rest: each control is bound to the two keys of one model.
+// A window with every kind of control, and a menu with every kind of item. Everything that shows a number
+// shows the same one, and the check box at the bottom enables and disables all the rest: each control is
+// bound to the two keys of one model.
 
 #include "LmControlBinding.h"
 #include "LmStringTransforms.h"
@@ -12,6 +13,9 @@ namespace {
 
 const char* const kLevel = "level";
 const char* const kEnabled = "enabled";
+
+constexpr MenuID kMenu = 128;
+constexpr MenuID kSubmenu = 129;
 
 const Rect kWindowPlace = {100, 100, 430, 560};
 
@@ -34,6 +38,7 @@ private:
     void ShowLevel(ControlRef theControl) { Bind(theControl)->BindTo("value", &mModel, kLevel, nullptr); }
 
     void AddTexts();
+    void AddLabel(const Rect& thePlace, CFStringRef theText);
     void AddButtons();
     void AddRanges();
     void AddGroup();
@@ -68,23 +73,31 @@ LmControlBinding* Gallery::Bind(ControlRef theControl)
 
 void Gallery::AddTexts()
 {
-    const Rect theLabelPlace = {20, 20, 36, 90};
-    const Rect theFieldPlace = {20, 100, 36, 220};
-    const Rect thePasswordPlace = {50, 100, 66, 220};
-    const Rect theSecretPlace = {50, 20, 66, 90};
-    const Rect theNotesPlace = {20, 250, 84, 440};
+    const Rect theNamePlace = {20, 20, 36, 80};
+    const Rect theNameFieldPlace = {20, 86, 36, 220};
+    const Rect theSecretPlace = {20, 250, 36, 310};
+    const Rect theSecretFieldPlace = {20, 316, 36, 438};
+    const Rect theNotesPlace = {49, 20, 65, 80};
+    const Rect theNotesFieldPlace = {48, 86, 84, 438};
     ControlRef theControl = nullptr;
-    CreateStaticTextControl(mWindow, &theLabelPlace, CFSTR("Name:"), nullptr, &theControl);
+    AddLabel(theNamePlace, CFSTR("Name:"));
+    CreateEditUnicodeTextControl(mWindow, &theNameFieldPlace, CFSTR("Kitchen"), false, nullptr, &theControl);
     Bind(theControl);
-    CreateEditUnicodeTextControl(mWindow, &theFieldPlace, CFSTR("Kitchen"), false, nullptr, &theControl);
+    AddLabel(theSecretPlace, CFSTR("Secret:"));
+    CreateEditUnicodeTextControl(mWindow, &theSecretFieldPlace, CFSTR("sesame"), true, nullptr, &theControl);
     Bind(theControl);
-    CreateStaticTextControl(mWindow, &theSecretPlace, CFSTR("Secret:"), nullptr, &theControl);
+    AddLabel(theNotesPlace, CFSTR("Notes:"));
+    CreateEditUnicodeTextControl(
+        mWindow, &theNotesFieldPlace,
+        CFSTR("A field that is high enough has several lines, and breaks what is too long for one of them."),
+        false, nullptr, &theControl);
     Bind(theControl);
-    CreateEditUnicodeTextControl(mWindow, &thePasswordPlace, CFSTR("sesame"), true, nullptr, &theControl);
-    Bind(theControl);
-    CreateEditUnicodeTextControl(mWindow, &theNotesPlace,
-                                 CFSTR("A field that is high enough has several lines."), false, nullptr,
-                                 &theControl);
+}
+
+void Gallery::AddLabel(const Rect& thePlace, CFStringRef theText)
+{
+    ControlRef theControl = nullptr;
+    CreateStaticTextControl(mWindow, &thePlace, theText, nullptr, &theControl);
     Bind(theControl);
 }
 
@@ -169,6 +182,50 @@ void Gallery::AddSwitch()
     (new LmControlBinding(theControl))->Bind("value", &mModel, kEnabled, nullptr, nullptr);
 }
 
+MenuRef NewMenu(MenuID theNumber, CFStringRef theTitle)
+{
+    MenuRef theMenu = nullptr;
+    CreateNewMenu(theNumber, 0, &theMenu);
+    SetMenuTitleWithCFString(theMenu, theTitle);
+    return theMenu;
+}
+
+// Returns the new item's number.
+MenuItemIndex AddItem(MenuRef theMenu, CFStringRef theText, MenuItemAttributes theAttributes = 0,
+                      MenuCommand theCommand = 0)
+{
+    MenuItemIndex theItem = 0;
+    AppendMenuItemTextWithCFString(theMenu, theText, theAttributes, theCommand, &theItem);
+    return theItem;
+}
+
+MenuRef NewSubmenu()
+{
+    MenuRef theMenu = NewMenu(kSubmenu, CFSTR("Marks"));
+    SetItemMark(theMenu, AddItem(theMenu, CFSTR("Check Mark")), checkMark);
+    SetItemMark(theMenu, AddItem(theMenu, CFSTR("Diamond")), diamondMark);
+    AddItem(theMenu, CFSTR("None"));
+    return theMenu;
+}
+
+void InsertMenus()
+{
+    MenuRef theMenu = NewMenu(kMenu, CFSTR("Items"));
+    SetMenuItemCommandKey(theMenu, AddItem(theMenu, CFSTR("With a Key")), false, 'K');
+    AddItem(theMenu, CFSTR("Disabled"), kMenuItemAttrDisabled);
+    const MenuItemIndex theKept = AddItem(theMenu, CFSTR("Diamond, Disabled"), kMenuItemAttrDisabled);
+    SetItemMark(theMenu, theKept, diamondMark);
+    AddItem(theMenu, CFSTR(""), kMenuItemAttrSeparator);
+    MenuRef theSubmenu = NewSubmenu();
+    SetMenuItemHierarchicalMenu(theMenu, AddItem(theMenu, CFSTR("Marks")), theSubmenu);
+    AddItem(theMenu, CFSTR(""), kMenuItemAttrSeparator);
+    SetMenuItemCommandKey(theMenu, AddItem(theMenu, CFSTR("Quit"), 0, kHICommandQuit), false, 'Q');
+    InsertMenu(theMenu, 0);
+    // The menu bar and the item hold them now.
+    ReleaseMenu(theSubmenu);
+    ReleaseMenu(theMenu);
+}
+
 OSStatus EndWithWindow(EventHandlerCallRef, EventRef, void*)
 {
     QuitApplicationEventLoop();
@@ -180,6 +237,7 @@ OSStatus EndWithWindow(EventHandlerCallRef, EventRef, void*)
 int main()
 {
     Gallery theGallery;
+    InsertMenus();
     const EventTypeSpec theClosing = {kEventClassWindow, kEventWindowClosed};
     InstallWindowEventHandler(theGallery.Window(), NewEventHandlerUPP(EndWithWindow), 1, &theClosing, nullptr,
                               nullptr);

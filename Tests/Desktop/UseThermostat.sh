@@ -7,55 +7,11 @@
 set -u
 kProgram=$1
 kFolder=$2
-kTrace=$kFolder/trace.txt
-kServerLog=$kFolder/server.txt
-# Tenths of a second that the screen is given for an answer.
-kPatience=300
-gServer=
-gManager=
-gProgram=
-gWindow=
+# shellcheck source=Tests/Desktop/Screen.sh
+. "$(dirname "$0")/Screen.sh"
 gMenuHeight=0
 gMark=0
-
-end()
-{
-    [ -n "$gProgram" ] && kill "$gProgram" 2>/dev/null
-    [ -n "$gManager" ] && kill "$gManager" 2>/dev/null
-    [ -n "$gServer" ] && kill "$gServer" 2>/dev/null
-    wait 2>/dev/null
-}
-trap end EXIT
-
-give_up()
-{
-    echo "FAILED: $1"
-    picture failed
-    cat "$kTrace"
-    exit 1
-}
-
-# until_true <what> <command>...: asks again and again.
-until_true()
-{
-    local theWhat=$1 theCount
-    shift
-    for ((theCount = 0; theCount < kPatience; ++theCount)); do
-        if "$@" >/dev/null 2>&1; then
-            echo "ok: $theWhat"
-            return
-        fi
-        sleep 0.1
-    done
-    give_up "$theWhat"
-}
-
-picture()
-{
-    if command -v import >/dev/null; then
-        import -window root "$kFolder/$1.png"
-    fi
-}
+gPlace=
 
 # at <x> <y>: moves the pointer to a place in the window's content.
 at()
@@ -75,56 +31,6 @@ traced()
     tail -n "+$((gMark + 1))" "$kTrace" | grep -q "changed  \\[LmKeyValueBinding .*\\]\\.$1\$"
 }
 
-start_server()
-{
-    rm -rf "${kFolder:?}/home" "${kFolder:?}/display"
-    mkdir -p "$kFolder/home"
-    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$kFolder/display" >"$kServerLog" 2>&1 &
-    gServer=$!
-    until_true "the screen is there" test -s "$kFolder/display"
-    DISPLAY=:$(cat "$kFolder/display")
-    export DISPLAY
-    HOME=$kFolder/home openbox >>"$kServerLog" 2>&1 &
-    gManager=$!
-    until_true "windows are managed" has_manager
-}
-
-has_manager()
-{
-    xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'
-}
-
-start_program()
-{
-    export HOME=$kFolder/home XDG_CONFIG_HOME=$kFolder/home XDG_RUNTIME_DIR=$kFolder/home
-    chmod 700 "$HOME"
-    unset WAYLAND_DISPLAY QT_QPA_PLATFORM LM_SCREENSHOT LM_PREFERENCES XAUTHORITY
-    LM_PRESENTER=qt QT_STYLE_OVERRIDE=Fusion "$kProgram" --trace >"$kTrace" 2>&1 &
-    gProgram=$!
-}
-
-find_window()
-{
-    gWindow=$(xdotool search --onlyvisible --name 'thermostat' | tail -n 1)
-    [ -n "$gWindow" ]
-}
-
-# geometry <X | Y | WIDTH | HEIGHT>: of the window, the menu bar included.
-geometry()
-{
-    xdotool getwindowgeometry --shell "$gWindow" | sed -n "s/^$1=//p"
-}
-
-is_active()
-{
-    [ "$(xdotool getactivewindow)" = "$gWindow" ]
-}
-
-has_ended()
-{
-    ! kill -0 "$gProgram"
-}
-
 remembers()
 {
     tr -d '\n\t ' <"$HOME/org.lmbindings.Thermostat.plist" | grep -q "<key>$1</key>$2"
@@ -132,12 +38,11 @@ remembers()
 
 kContentHeight=180
 
-open_window()
+open_thermostat()
 {
-    start_program
-    until_true "the window opens" find_window
-    until_true "the window is active" is_active
-    gMenuHeight=$(($(geometry HEIGHT) - kContentHeight))
+    start_program "$kProgram" --trace
+    open_window 'thermostat'
+    gMenuHeight=$(($(geometry Height) - kContentHeight))
     picture 1-opened
 }
 
@@ -147,11 +52,14 @@ drag_slider()
     begin_action
     at 194 98
     xdotool mousedown 1
-    for theX in 200 210 220 230 240 260; do
+    for theX in 200 220 240; do
         at "$theX" 98
     done
+    until_true "the slider sets the target while it is dragged" traced target
+    begin_action
+    at 260 98
+    until_true "and follows on" traced target
     xdotool mouseup 1
-    until_true "the slider sets the target" traced target
     picture 2-dragged
 }
 
@@ -176,11 +84,13 @@ type_name()
     picture 4-typed
     xdotool key Tab
     until_true "Tab ends the name" traced room
+    until_true "which is in the title" has_title 'Kitchen thermostat'
     begin_action
     at 200 26
     xdotool click 1 key ctrl+a type Attic
     xdotool key Return
     until_true "Return ends the name" traced room
+    until_true "which is in the title again" has_title 'Attic thermostat'
 }
 
 choose_fahrenheit()
@@ -195,47 +105,78 @@ choose_fahrenheit()
     picture 6-fahrenheit
 }
 
+has_title()
+{
+    [ "$(xdotool getwindowname "$gWindow")" = "$1" ]
+}
+
+minimise_window()
+{
+    xdotool windowminimize "$gWindow"
+    until_true "the window is minimised" has_state Iconic
+    picture 7-minimised
+    xdotool windowactivate "$gWindow"
+    until_true "and restored" has_state Normal
+    until_true "and active again" is_active
+}
+
+# has_state <Iconic | Normal>
+has_state()
+{
+    xprop -id "$gWindow" WM_STATE | grep -q "window state: $1"
+}
+
 place_window()
 {
+    begin_action
     xdotool windowmove "$gWindow" 300 200
-    until_true "the window is moved" test_place
+    until_true "the window is moved" has_geometry X 300
+    until_true "and the application knows" traced_bounds
+    begin_action
     xdotool windowsize "$gWindow" 420 $((kContentHeight + gMenuHeight + 40))
-    until_true "the window is resized" traced_size
-    picture 7-placed
+    until_true "the window is resized" has_geometry Width 420
+    until_true "and the application knows that too" traced_bounds
+    picture 8-placed
+    gPlace="$(geometry X) $(($(geometry Y) + gMenuHeight)) $(geometry Width) $(($(geometry Height) - gMenuHeight))"
 }
 
-test_place()
+# has_geometry <X | Y | Width | Height> <number>
+has_geometry()
 {
-    [ "$(geometry X)" -ge 300 ] && [ "$(geometry X)" -le 310 ]
+    [ "$(geometry "$1")" -eq "$2" ]
 }
 
-traced_size()
+traced_bounds()
 {
-    [ "$(geometry WIDTH)" -eq 420 ]
+    tail -n "+$((gMark + 1))" "$kTrace" | grep -q 'changed  \[Window .*\]\.bounds$'
 }
 
-close_window()
+# remembered_place: left, top, width and height, behind four bytes that say what they are.
+remembered_place()
 {
-    xdotool key alt+F4
-    until_true "the program ends with its window" has_ended
-    wait "$gProgram"
-    local theStatus=$?
-    gProgram=
-    [ "$theStatus" -eq 0 ] || give_up "the program ended with the status $theStatus"
+    sed -n '/<data>/,/<\/data>/p' "$HOME/org.lmbindings.Thermostat.plist" | sed 's/<[^>]*>//g' |
+        tr -d '[:space:]' | base64 -d | od -An -t f4 -j 4 -w16 | xargs
+}
+
+has_remembered_place()
+{
+    [ "$(remembered_place)" = "$gPlace" ]
 }
 
 check_memory()
 {
     until_true "the target is remembered" remembers target '<integer>30</integer>'
     until_true "the unit is remembered" remembers fahrenheit '<true/>'
+    until_true "the window's place is remembered" has_remembered_place
 }
 
 start_server
-open_window
+open_thermostat
 drag_slider
 toggle_heating
 type_name
 choose_fahrenheit
+minimise_window
 place_window
 close_window
 check_memory

@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QStyleOptionSpinBox>
 
+#include <algorithm>
+
 namespace Host {
 
 namespace {
@@ -21,7 +23,8 @@ Qt::CheckState CheckStateOf(std::int32_t theValue)
 }
 
 // Styles draw arrows only as a part of a whole spin box. This draws one that is as wide as it needs to be for
-// its arrows to fall on this widget, and shows no more of it than that.
+// its arrows to fall on this widget, and shows no more of it than that. The frame is closed on the left with
+// a mirror image of its right edge.
 class ArrowsWidget : public QWidget
 {
 public:
@@ -36,6 +39,20 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override
     {
+        QPixmap thePicture(size() * devicePixelRatioF());
+        thePicture.setDevicePixelRatio(devicePixelRatioF());
+        thePicture.fill(Qt::transparent);
+        DrawSpinBox(thePicture);
+        CloseFrame(thePicture);
+        QPainter(this).drawPixmap(0, 0, thePicture);
+    }
+
+private:
+    static constexpr int kHiddenWidth = 100;
+    static constexpr int kEdge = 3;
+
+    void DrawSpinBox(QPixmap& thePicture) const
+    {
         QStyleOptionSpinBox theOption;
         theOption.initFrom(this);
         theOption.frame = true;
@@ -46,12 +63,20 @@ protected:
             theOption.state |= QStyle::State_Sunken;
             theOption.activeSubControls = PressedArrow();
         }
-        QPainter thePainter(this);
+        QPainter thePainter(&thePicture);
         style()->drawComplexControl(QStyle::CC_SpinBox, &theOption, &thePainter, this);
     }
 
-private:
-    static constexpr int kHiddenWidth = 100;
+    static void CloseFrame(QPixmap& thePicture)
+    {
+        const int theWidth = std::min(qRound(kEdge * thePicture.devicePixelRatio()), thePicture.width());
+        QImage theEdge = thePicture.copy(thePicture.width() - theWidth, 0, theWidth, thePicture.height())
+                             .toImage()
+                             .mirrored(true, false);
+        QPainter thePainter(&thePicture);
+        thePainter.setCompositionMode(QPainter::CompositionMode_Source);
+        thePainter.drawImage(QPoint(0, 0), theEdge);
+    }
 
     QStyle::SubControl PressedArrow() const
     {

@@ -5,11 +5,13 @@
 #include "QtControl.h"
 #include "QtKeys.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QIconEngine>
 #include <QMenuBar>
 #include <QPainter>
 #include <QPixmap>
 
+#include <algorithm>
 #include <utility>
 
 namespace Host {
@@ -18,30 +20,65 @@ namespace {
 
 constexpr std::uint32_t kCheckMark = 0x2713;
 constexpr std::uint32_t kHeavyCheckMark = 0x2714;
-constexpr int kMarkSize = 16;
+
+// How much of the height of an icon its letter takes.
+constexpr double kLetterShare = 0.9;
+
+// A mark as an icon. It is drawn anew each time, in the colours that menus have then and for the screen that
+// they are on.
+class MarkEngine : public QIconEngine
+{
+public:
+    explicit MarkEngine(std::uint32_t theMark)
+        : mMark(theMark)
+    {
+    }
+
+    void paint(QPainter* thePainter, const QRect& theRect, QIcon::Mode theMode, QIcon::State) override
+    {
+        QFont theFont = QApplication::font("QMenu");
+        theFont.setPixelSize(std::max(qRound(theRect.height() * kLetterShare), 1));
+        thePainter->setFont(theFont);
+        thePainter->setPen(ColourFor(theMode));
+        const char32_t theCharacter = mMark;
+        const QString theText = QString::fromUcs4(&theCharacter, 1);
+        // Centred by what is seen of it; the line that it would stand on has room for letters of other
+        // shapes.
+        const QRectF theInk = QFontMetricsF(theFont).tightBoundingRect(theText);
+        thePainter->drawText(QRectF(theRect).center() - theInk.center(), theText);
+    }
+
+    QPixmap pixmap(const QSize& theSize, QIcon::Mode theMode, QIcon::State theState) override
+    {
+        QPixmap thePicture(theSize);
+        thePicture.fill(Qt::transparent);
+        QPainter thePainter(&thePicture);
+        paint(&thePainter, QRect(QPoint(), theSize), theMode, theState);
+        return thePicture;
+    }
+
+    QIconEngine* clone() const override { return new MarkEngine(mMark); }
+
+private:
+    static QColor ColourFor(QIcon::Mode theMode)
+    {
+        const QPalette thePalette = QApplication::palette("QMenu");
+        if (theMode == QIcon::Disabled) {
+            return thePalette.color(QPalette::Disabled, QPalette::Text);
+        }
+        return thePalette.color(theMode == QIcon::Active ? QPalette::HighlightedText : QPalette::Text);
+    }
+
+    std::uint32_t mMark;
+};
 
 // Qt's menus have a place for a check mark. Other marks are drawn where an icon goes.
-QIcon DrawMark(std::uint32_t theMark, const QWidget& theMenu)
-{
-    const qreal theScale = theMenu.devicePixelRatioF();
-    QPixmap thePicture(QSize(kMarkSize, kMarkSize) * theScale);
-    thePicture.setDevicePixelRatio(theScale);
-    thePicture.fill(Qt::transparent);
-    QPainter thePainter(&thePicture);
-    thePainter.setFont(theMenu.font());
-    thePainter.setPen(theMenu.palette().color(QPalette::WindowText));
-    const char32_t theCharacter = theMark;
-    thePainter.drawText(QRect(0, 0, kMarkSize, kMarkSize), Qt::AlignCenter,
-                        QString::fromUcs4(&theCharacter, 1));
-    return QIcon(thePicture);
-}
-
-void ShowMark(QAction& theAction, std::uint32_t theMark, const QWidget& theMenu)
+void ShowMark(QAction& theAction, std::uint32_t theMark)
 {
     const bool theIsCheck = theMark == kCheckMark || theMark == kHeavyCheckMark;
     theAction.setCheckable(theIsCheck);
     theAction.setChecked(theIsCheck);
-    theAction.setIcon(theMark == 0 || theIsCheck ? QIcon() : DrawMark(theMark, theMenu));
+    theAction.setIcon(theMark == 0 || theIsCheck ? QIcon() : QIcon(new MarkEngine(theMark)));
     theAction.setIconVisibleInMenu(true);
 }
 
@@ -58,13 +95,13 @@ void ShowKey(QAction& theAction, const MenuItemLook& theItem)
     theAction.setShortcutContext(Qt::WidgetShortcut);
 }
 
-void ShowItem(QAction& theAction, const MenuItemLook& theItem, const QWidget& theMenu)
+void ShowItem(QAction& theAction, const MenuItemLook& theItem)
 {
     theAction.setText(WithoutMnemonics(theItem.theText));
     theAction.setSeparator(theItem.theIsSeparator);
     theAction.setEnabled(theItem.theIsEnabled);
     theAction.setVisible(!theItem.theIsHidden);
-    ShowMark(theAction, theItem.theMark, theMenu);
+    ShowMark(theAction, theItem.theMark);
     ShowKey(theAction, theItem);
 }
 
@@ -141,7 +178,7 @@ void QtMenuBar::ShowItems(Menu& theMenu, const MenuLook& theLook, Menus& theKept
     for (qsizetype theIndex = 0; theIndex < theCount; ++theIndex) {
         const MenuItemLook& theItem = theLook.theItems[static_cast<size_t>(theIndex)];
         QAction& theAction = *theWidget.actions().at(theIndex);
-        ShowItem(theAction, theItem, theWidget);
+        ShowItem(theAction, theItem);
         theAction.setData(static_cast<int>(theIndex) + 1);
         theAction.setMenu(theItem.theSubmenu.empty() ? nullptr
                                                      : MenuFor(theItem.theSubmenu.front(), theKept)->theMenu);
@@ -192,7 +229,7 @@ void FillPopUp(QMenu& theMenu, const MenuLook& theLook)
     int theNumber = 0;
     for (const MenuItemLook& theItem : theLook.theItems) {
         QAction& theAction = *theMenu.addAction(QString());
-        ShowItem(theAction, theItem, theMenu);
+        ShowItem(theAction, theItem);
         theAction.setData(++theNumber);
         theAction.setProperty("menu", static_cast<uint>(theLook.theId));
         if (!theItem.theSubmenu.empty()) {

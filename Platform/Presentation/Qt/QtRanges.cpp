@@ -33,10 +33,34 @@ std::uint32_t CurrentModifiers()
     return ModifiersOf(QGuiApplication::keyboardModifiers());
 }
 
-// A press beside the indicator of a slider brings it there, as the managers have it.
+bool IsDark(const QPalette& thePalette)
+{
+    return thePalette.color(QPalette::Window).lightness() <
+           thePalette.color(QPalette::WindowText).lightness();
+}
+
+// A press beside the indicator of a slider brings it there, as the managers have it. Tick marks, which styles
+// draw in a darker shade of the window, are drawn lighter where the window is dark.
 class SliderStyle : public QProxyStyle
 {
 public:
+    void drawComplexControl(ComplexControl theControl, const QStyleOptionComplex* theOption,
+                            QPainter* thePainter, const QWidget* theWidget) const override
+    {
+        const auto* const theSlider = qstyleoption_cast<const QStyleOptionSlider*>(theOption);
+        if (theControl != CC_Slider || theSlider == nullptr || !IsDark(theSlider->palette)) {
+            QProxyStyle::drawComplexControl(theControl, theOption, thePainter, theWidget);
+            return;
+        }
+        QStyleOptionSlider theTicks = *theSlider;
+        theTicks.subControls = theSlider->subControls & SC_SliderTickmarks;
+        theTicks.palette.setBrush(QPalette::Window, theSlider->palette.brush(QPalette::WindowText));
+        QProxyStyle::drawComplexControl(theControl, &theTicks, thePainter, theWidget);
+        QStyleOptionSlider theRest = *theSlider;
+        theRest.subControls.setFlag(SC_SliderTickmarks, false);
+        QProxyStyle::drawComplexControl(theControl, &theRest, thePainter, theWidget);
+    }
+
     int styleHint(StyleHint theHint, const QStyleOption* theOption, const QWidget* theWidget,
                   QStyleHintReturn* theData) const override
     {
