@@ -207,9 +207,8 @@ public:
     // Whether two values are equal. There is no operator!=; write !(a == b).
     //
     // - Two invalid values are equal. Values of different kinds are not, unless both are numbers.
-    // - On purpose: numbers are compared as unsigned 64-bit integers, whatever their kinds, so that bound
-    // keys
-    //   of different kinds settle: 1.5 equals 1 and true, and -1L equals 0xFFFFFFFFFFFFFFFFULL.
+    // - On purpose: numbers are compared as unsigned 64-bit integers, whatever their kinds, so that keys of
+    //   different kinds settle when bound: 1.5 equals 1 and true, and -1L equals 0xFFFFFFFFFFFFFFFFULL.
     // - Pointers are equal when they are the same address.
     // - Strings are equal when CFStringCompare without options says so. On purpose: a null string equals
     //   nothing, not even another null string.

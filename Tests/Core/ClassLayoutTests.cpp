@@ -53,6 +53,72 @@ size_t SlotOf(Function theFunction)
     return (theWord - 1) / kPointer;
 }
 
+// Nothing else is virtual: these classes hide functions of their bases with another result, which compiles
+// only where the base's function is not virtual.
+struct Other;
+
+class OtherString : public LmString
+{
+public:
+    Other GetUTF8() const;
+    Other IsEmpty() const;
+    Other IsNotEmpty() const;
+    Other operator+(const LmString&) const;
+    Other operator==(const LmString&) const;
+    Other operator<(const LmString&) const;
+    Other Split(const LmString&, LmString&, LmString&) const;
+};
+
+class OtherValue : public LmValue
+{
+public:
+    Other GetType() const;
+    Other IsValid() const;
+    Other IsNumber() const;
+    Other GetPointer() const;
+    Other GetString() const;
+    Other GetDouble() const;
+    Other GetTypeSize(ValueType) const;
+    Other operator==(const LmValue&) const;
+    Other SetBoolean(bool);
+    Other SetString(CFStringRef, bool);
+    Other AllocateValue(ValueType);
+    Other ReleaseValue();
+};
+
+class OtherObject : public LmDebugObject
+{
+public:
+    Other AddIndent();
+    Other RemoveIndent();
+};
+
+class OtherObserver : public LmKeyValueObserver
+{
+public:
+    Other AmObserving(LmKeyValueStore*, const LmString&);
+    Other StopObserving();
+    Other StartedObserving(LmKeyValueStore*, const LmString&);
+    Other StoppedObserving(LmKeyValueStore*, const LmString&);
+};
+
+class OtherStore : public LmKeyValueStore
+{
+public:
+    Other GetKeyPathValue(const LmString&) const;
+    Other SetKeyPathValue(const LmString&, const LmValue&);
+    Other HasKey(const LmString&);
+    Other ObserveKeyPathValue(const LmString&, LmKeyValueObserver*);
+    Other IgnoreKeyPathValue(const LmString&, LmKeyValueObserver*);
+    Other IsObserving(const LmString&, LmKeyValueObserver*);
+    Other RemoveObservers();
+    Other NotifyObservers(const LmString&, bool);
+    Other MakeDependency(const LmString&, const LmString&);
+    Other BreakDependency(const LmString&, const LmString&);
+    Other IsDependent(const LmString&, const LmString&);
+    Other NotifyDependents(const LmString&);
+};
+
 class OpenBinding : public LmKeyValueBinding
 {
 public:

@@ -434,6 +434,22 @@ TEST(LmKeyValueObserver, AnObserverIgnoredDuringAPassIsStillToldInThatPass)
     EXPECT_EQ(the.theLog, (Lines{"A changing k: -", "B changing k: -", "A changed k: 1"}));
 }
 
+TEST(LmKeyValueObserver, TheObserversOfTheWildcardAreCopiedBeforeAPassToo)
+{
+    Lines theLog;
+    LmKeyValueStore theStore;
+    // In one array, so that A is told before W.
+    NamedObserver theObservers[] = {{"A", theLog}, {"W", theLog}, {"L", theLog}};
+    theStore.ObserveKeyPathValue("k", &theObservers[0]);
+    theStore.ObserveKeyPathValue("*", &theObservers[1]);
+    theObservers[0].mOnChanging = [&] {
+        theStore.IgnoreKeyPathValue("*", &theObservers[1]);
+        theStore.ObserveKeyPathValue("*", &theObservers[2]);
+    };
+    theStore.SetKeyPathValue("k", LmValue(1UL));
+    EXPECT_EQ(theLog, (Lines{"A changing k: -", "W changing k: -", "A changed k: 1", "L changed k: 1"}));
+}
+
 TEST(LmKeyValueObserver, AnObserverMayIgnoreTheKeyItIsToldOf)
 {
     TwoObservers the;

@@ -3,6 +3,7 @@
 #include "AllocationFailures.h"
 #include "LmKeyValueStore.h"
 #include "NamedObserver.h"
+#include "TestValues.h"
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -109,6 +110,21 @@ TEST(LmKeyValueStore, TheDebugInfoIsTheAddress)
 {
     const LmKeyValueStore theStore;
     EXPECT_EQ(theStore.GetDebugInfo(), theStore.LmDebugObject::GetDebugInfo());
+}
+
+TEST(LmKeyValueStore, AKeyStateIsARecordThatCopiesBothItsListsInOrder)
+{
+    LmKeyValueObserver theObservers[2];
+    LmKeyState theState;
+    EXPECT_TRUE(theState.theDependents.empty());
+    EXPECT_TRUE(theState.theObservers.empty());
+    theState.theDependents = {"b", "a"};
+    theState.theObservers = {&theObservers[1], &theObservers[0]};
+    const LmKeyState theCopy = theState;
+    theState.theDependents.clear();
+    theState.theObservers.clear();
+    EXPECT_EQ(theCopy.theDependents, (std::list<LmString>{"b", "a"}));
+    EXPECT_EQ(theCopy.theObservers, (std::list<LmKeyValueObserver*>{&theObservers[1], &theObservers[0]}));
 }
 
 // ---- HasKey
@@ -227,13 +243,32 @@ TEST(LmKeyValueStore, TheBaseSetterNeitherComparesNorNotifies)
     EXPECT_EQ(theStore.GetKeyValue("volume").GetDouble(), 1.0);
 }
 
-TEST(LmKeyValueStore, TheNewValueIsAskedWhetherItEqualsTheOldOne)
+TEST(LmKeyValueStore, AValueOfAnotherKindIsAChange)
 {
-    // A pointer equals a pointer only; a number never reads it.
     LmKeyValueStore theStore;
     theStore.SetKeyPathValue("thing", LmValue(static_cast<const void*>(&theStore)));
     theStore.SetKeyPathValue("thing", LmValue(1UL));
     EXPECT_EQ(theStore.GetKeyPathValue("thing").GetUInt32(), 1u);
+}
+
+TEST(LmKeyValueStore, AValueOfAnUnknownKindIsReportedAndStoredAsInvalid)
+{
+    LmKeyValueStore theStore;
+    Lines theLog;
+    NamedObserver theObserver("A", theLog);
+    theStore.SetKeyPathValue("volume", LmValue(40UL));
+    theStore.ObserveKeyPathValue("volume", &theObserver);
+    TestValue theValue(12);
+    StandardErrorCapture::TakeText();
+    theStore.SetKeyPathValue("volume", theValue);
+    EXPECT_EQ(theLog, (Lines{"A changing volume: 40", "A changed volume: -"}));
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(),
+              (Lines{Diagnostic("LmValue", "Unknown type: 12"), Diagnostic(kStore, "HasKey(theKeyName)")}));
+    theStore.SetKeyValue("*", theValue);
+    theValue.InitialiseSelf();
+    EXPECT_EQ(
+        StandardErrorCapture::TakeDiagnostics(),
+        (Lines{Diagnostic(kStore, "theKeyName != kKeyAnyValue"), Diagnostic("LmValue", "Unknown type: 12")}));
 }
 
 TEST(LmKeyValueStore, TheKeyIsCopiedBeforeAnybodyIsTold)

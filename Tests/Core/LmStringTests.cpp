@@ -173,6 +173,26 @@ TEST(LmString, RunningOutOfMemoryLeavesTheStringAsItWas)
     EXPECT_EQ(theFailed, 1U);
 }
 
+TEST(LmString, RunningOutOfMemoryLeavesTheResultsOfASplitAsTheyWere)
+{
+    const LmString theText = LmString(kLongText) + "::" + kLongText;
+    const size_t theFailed = FailEachAllocation([&](AllocationFailures& theFailures) {
+        LmString theLeft("left");
+        LmString theRight("right");
+        bool hasThrown = false;
+        try {
+            theText.Split("::", theLeft, theRight);
+        } catch (const std::bad_alloc&) {
+            hasThrown = true;
+        }
+        theFailures.Stop();
+        EXPECT_EQ(hasThrown, theFailures.HasFailed());
+        EXPECT_STREQ(theLeft.GetUTF8(), hasThrown ? "left" : kLongText);
+        EXPECT_STREQ(theRight.GetUTF8(), hasThrown ? "right" : kLongText);
+    });
+    EXPECT_EQ(theFailed, 2U);
+}
+
 // The order and the equality of two texts.
 struct OrderRow
 {
@@ -260,6 +280,16 @@ INSTANTIATE_TEST_SUITE_P(Texts, LmStringSplit,
                                          SplitRow{"a::b", "::", true, "a", "b", {}},                      //
                                          SplitRow{"a:b::c::d", "::", true, "a:b", "c::d", {}},            //
                                          SplitRow{"ab", "abc", false, "", "", {}}));
+
+TEST(LmString, SplittingAssignsTheLeftPartFirst)
+{
+    LmString theBoth;
+    EXPECT_TRUE(LmString("a.").Split(".", theBoth, theBoth));
+    EXPECT_TRUE(theBoth.IsEmpty());
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), (Lines{kLeftIsEmpty, kRightIsEmpty}));
+    EXPECT_TRUE(LmString(".b").Split(".", theBoth, theBoth));
+    EXPECT_STREQ(theBoth.GetUTF8(), "b");
+}
 
 TEST(LmString, SplittingMayReplaceTheSeparator)
 {

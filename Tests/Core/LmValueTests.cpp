@@ -771,6 +771,37 @@ TEST(LmValueAllocateValue, ReportsTheInvalidKind)
     EXPECT_EQ(theValue.GetType(), kTypeInvalid);
 }
 
+TEST(LmValueAllocateValue, ReportsTheKindAskedForBeforeTheOldOneUnlessThatIsUnknown)
+{
+    TestValue theValue(kTypeUnknown);
+    StandardErrorCapture::TakeText();
+    EXPECT_TRUE(theValue.AllocateValue(kTypeInvalid));
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(),
+              (Lines{Diagnostic("theType != kTypeInvalid")[0], Diagnostic("Unknown type: 12")[0]}));
+
+    TestValue theOther(kTypeUnknown);
+    StandardErrorCapture::TakeText();
+    EXPECT_TRUE(theOther.AllocateValue(static_cast<ValueType>(kTypeUnknown + 1)));
+    EXPECT_EQ(theOther.GetType(), kTypeUnknown + 1);
+    theOther.InitialiseSelf();
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(),
+              (Lines{Diagnostic("Unknown type: 12")[0], Diagnostic("Unknown type: 13")[0]}));
+}
+
+TEST(LmValueAllocateValue, SaysWhenThereIsNoMemoryForABlock)
+{
+    for (unsigned theType = kTypeBoolean; theType <= kTypeRect; ++theType) {
+        SCOPED_TRACE(theType);
+        TestValue theValue;
+        theValue.SetUInt32(5);
+        AllocationFailures theFailures(1);
+        const bool isAllocated = theValue.AllocateValue(static_cast<ValueType>(theType));
+        theFailures.Stop();
+        EXPECT_EQ(isAllocated, !theFailures.HasFailed());
+        EXPECT_EQ(theValue.GetType(), isAllocated ? theType : kTypeInvalid);
+    }
+}
+
 TEST(LmValueAllocateValue, TakesEachKindAndReleasesTheOldPayload)
 {
     const TestString theString("text");

@@ -123,6 +123,21 @@ TEST(TraceLog, OfRegisteringTwiceShowsTheReportsBetweenTheLines)
     EXPECT_EQ(theTrace.Take(), theExpected);
 }
 
+TEST(TraceLog, OfUnregisteringWhatIsNotRegisteredShowsTheReportsAroundTheLine)
+{
+    Lines theLog;
+    LmKeyValueStore theStore;
+    Meter theMeter("m", theLog);
+    Trace theTrace;
+    theTrace.Name("Store", theStore);
+    theStore.IgnoreKeyPathValue("volume", &theMeter);
+    const Lines theExpected = {
+        "Source/Core/LmKeyValueStore.cpp, line #: IsObserving(theKeyPath, theObserver)",
+        "Lm: Observer [Meter] stopped watching Key 'volume' in Store Store",
+        "Source/Core/LmKeyValueObserver.cpp, line #: AmObserving(theStore, theKeyPath)"};
+    EXPECT_EQ(theTrace.Take(), theExpected);
+}
+
 TEST(TraceLog, OfAChangeWithANestedChangeMadeByAnObserver)
 {
     Lines theLog;
@@ -323,4 +338,18 @@ TEST(TraceLog, SwitchedOffWithinAPassLeavesTheDepthOnPurpose)
     theStore.RemoveIndent();
     theStore.RemoveIndent();
     EXPECT_EQ(theTrace.Take(), Lines{"Lm:     deeper"});
+}
+
+TEST(TraceLog, SwitchedOnWithinAPassTakesALevelThatItDidNotAddOnPurpose)
+{
+    Lines theLog;
+    LmKeyValueStore theStore;
+    Meter theMeter("m", theLog);
+    theStore.ObserveKeyPathValue("volume", &theMeter);
+    theMeter.mOnChanging = [] { LmDebugObject::SetLogging(true); };
+    theStore.NotifyObservers("volume", false);
+    LmDebugObject::SetLogging(false);
+    theStore.AddIndent();
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(),
+              Lines{"Source/Core/LmDebugObject.cpp, line #: mIndent >= 1"});
 }
