@@ -3,6 +3,7 @@
 #include "LmKeyValueBinding.h"
 
 #include "LmDiagnostics.h"
+#include "LmLifeWatch.h"
 #include "LmRollback.h"
 #include "LmTrace.h"
 #include "LmValueTransform.h"
@@ -18,11 +19,30 @@
 
 namespace {
 
-// The value of a key as the transform, if there is one, hands it on.
+// Holds a transform while it works, for it may do anything, removing the binding that it works for included.
+class TransformHold
+{
+public:
+    explicit TransformHold(LmValueTransform& transform)
+        : mTransform(transform)
+    {
+        mTransform.Retain();
+    }
+    ~TransformHold() { mTransform.Release(); }
+
+    TransformHold(const TransformHold&) = delete;
+    TransformHold& operator=(const TransformHold&) = delete;
+
+private:
+    LmValueTransform& mTransform;
+};
+
+// The value of a key as the transform, if there is one, hands it on. The store may be gone afterwards.
 LmValue ReadThrough(const LmKeyValueStore& theStore, const LmString& theKey, LmValueTransform* transform)
 {
     LmValue theValue = theStore.GetKeyPathValue(theKey);
     if (transform != nullptr) {
+        const TransformHold theHold(*transform);
         theValue = transform->Apply(theValue);
     }
     return theValue;
@@ -119,8 +139,9 @@ OSStatus LmKeyValueBinding::CreateBinding(const LmString& bindKey, bool twoWay, 
     LM_ASSERT(boundKey.IsNotEmpty());
     LM_ASSERT(boundTo != NULL); // NOLINT(modernize-use-nullptr): the text is fixed
     Link(bindKey, twoWay, boundTo, boundKey, transform, reverseTransform);
+    const LmLifeWatch theWatch(this);
     const LmValue theValue = ReadThrough(*boundTo, boundKey, transform);
-    if (theValue.IsValid()) {
+    if (theValue.IsValid() && !theWatch.IsGone()) {
         SetKeyPathValue(bindKey, theValue);
     }
     return noErr;
@@ -163,12 +184,18 @@ void LmKeyValueBinding::RemoveBinding(BindingMap::iterator theEntry, BindingList
 // Sets the key that theInfo drives to the value of the key that it names.
 void LmKeyValueBinding::UpdateKey(const LmString& theKey, const BindingInfo& theInfo)
 {
+    // A copy: the transform may remove the binding, and theKey and theInfo with it. It may even destroy this
+    // object.
+    const LmString theTarget = theKey; // NOLINT(performance-unnecessary-copy-initialization)
+    const LmLifeWatch theWatch(this);
     const LmValue theValue = ReadThrough(*theInfo.boundTo, theInfo.boundKey, theInfo.transform);
+    if (theWatch.IsGone()) {
+        return;
+    }
     const LmTraceIndent theIndent;
     LmTrace(
-        [&] { LmKeyValueStore::LogString("Updating %s.%s", GetDebugInfo().GetUTF8(), theKey.GetUTF8()); });
-    // The observers that this tells may remove the binding, and theKey and theInfo with it.
-    SetKeyPathValue(theKey, theValue);
+        [&] { LmKeyValueStore::LogString("Updating %s.%s", GetDebugInfo().GetUTF8(), theTarget.GetUTF8()); });
+    SetKeyPathValue(theTarget, theValue);
 }
 
 // Makes the records and the observations of a new binding: all of them, or none when memory runs out.

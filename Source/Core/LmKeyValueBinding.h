@@ -83,7 +83,8 @@ public:
     // in the order of binding. Of two keys bound to the same key of the same object, only the one that sorts
     // first follows. Changes of stores that this object is not bound to are ignored.
     //
-    // A transform must not remove the binding that it works for. Cost: linear in this object's bindings.
+    // A transform may do anything while it works, even remove the binding that it works for: its result is
+    // still copied, unless it has destroyed this object. Cost: linear in this object's bindings.
     void ValueChanged(const LmKeyValueStore* theStore, const LmString& theKeyName) override;
 
     // Whether others may bind to this key. Every key but "*", unless overridden.

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <memory>
+#include <tuple>
 #include <type_traits>
 #include <vector>
 
@@ -509,6 +510,213 @@ TEST(LmKeyValueBinding, AnObjectInTheMiddleOfAChainMayDieWhileAChangePassesThrou
     EXPECT_EQ(theLast.GetKeyPathValue("k").GetUInt32(), 1u);
     theFirst.SetKeyPathValue("k", LmValue(2UL));
     EXPECT_EQ(theLast.GetKeyPathValue("k").GetUInt32(), 1u);
+}
+
+// ---- Meddling while a change is under way
+
+namespace {
+
+// Two bound objects that may die at any moment, and something that is done to them once, at one moment.
+struct Meddling
+{
+    using Action = void (*)(Meddling& the);
+
+    explicit Meddling(Action theAction)
+        : mAction(theAction)
+    {
+        theB->SetKeyValue("b", LmValue(40UL));
+    }
+
+    void Act()
+    {
+        if (mIsArmed) {
+            mIsArmed = false;
+            mAction(*this);
+        }
+    }
+
+    int theDeaths = 0;
+    LmKeyValueBinding theC;
+    std::unique_ptr<LmKeyValueBinding> theA = std::make_unique<LmKeyValueBinding>();
+    std::unique_ptr<LmKeyValueBinding> theB = std::make_unique<LmKeyValueBinding>();
+    Action mAction;
+    bool mIsArmed = false;
+};
+
+// Meddles while a value passes through it, and needs itself afterwards.
+class MeddlingTransform : public Adding
+{
+public:
+    MeddlingTransform(double theAmount, Meddling& theMeddling)
+        : Adding(theAmount, &theMeddling.theDeaths),
+          mMeddling(theMeddling)
+    {
+    }
+
+    LmValue Apply(const LmValue& theValue) override
+    {
+        mMeddling.Act();
+        return Adding::Apply(theValue);
+    }
+
+private:
+    Meddling& mMeddling;
+};
+
+struct MeddlingAction
+{
+    const char* mName;
+    Meddling::Action mAct;
+    bool mKeepsBinding; // whether A.a and B.b still follow each other afterwards
+};
+
+const MeddlingAction kMeddlingActions[] = {
+    {"UnbindsFromTheSideThatBound", [](Meddling& the) { the.theA->Unbind("a", the.theB.get()); }, false},
+    {"UnbindsTheKeyThatBound", [](Meddling& the) { the.theA->Unbind("a", nullptr); }, false},
+    {"UnbindsFromTheOtherSide", [](Meddling& the) { the.theB->Unbind("b", the.theA.get()); }, false},
+    {"UnbindsAllOfTheOtherSide", [](Meddling& the) { the.theB->UnbindAll(); }, false},
+    {"DestroysTheSideThatBound", [](Meddling& the) { the.theA.reset(); }, false},
+    {"DestroysTheOtherSide", [](Meddling& the) { the.theB.reset(); }, false},
+    {"DestroysBothSides",
+     [](Meddling& the) {
+         the.theA.reset();
+         the.theB.reset();
+     },
+     false},
+    {"BindsOtherKeys",
+     [](Meddling& the) {
+         the.theA->Bind("0", &the.theC, "c", nullptr, nullptr);
+         the.theC.Bind("d", the.theB.get(), "b", nullptr, nullptr);
+     },
+     true},
+    {"BindsTheSameKeysToAThirdObject",
+     [](Meddling& the) {
+         the.theA->Bind("a", &the.theC, "c", nullptr, nullptr);
+         the.theB->Bind("b", &the.theC, "d", nullptr, nullptr);
+     },
+     true},
+    {"UnbindsAndBindsAgain",
+     [](Meddling& the) {
+         the.theA->UnbindAll();
+         the.theA->Bind("a", the.theB.get(), "b", nullptr, nullptr);
+     },
+     true},
+};
+
+enum Meddler
+{
+    kTransform,
+    kReverseTransform,
+    kAChanging,
+    kAChanged,
+    kBChanging,
+    kBChanged
+};
+const char* const kMeddlerNames[] = {"Transform",   "ReverseTransform",  "ObserverOfABefore",
+                                     "ObserverOfA", "ObserverOfBBefore", "ObserverOfB"};
+
+enum Occasion
+{
+    kBindingThem,
+    kChangingA,
+    kChangingB
+};
+const char* const kOccasionNames[] = {"WhenTheyAreBound", "WhenAChanges", "WhenBChanges"};
+
+class LmKeyValueBindingMeddling : public testing::TestWithParam<std::tuple<MeddlingAction, Meddler, Occasion>>
+{
+protected:
+    LmValueTransform* MakeTransform(double theAmount, Meddler theMeddler)
+    {
+        return mMeddler == theMeddler ? new MeddlingTransform(theAmount, the)
+                                      : new Adding(theAmount, &the.theDeaths);
+    }
+
+    void ObserveBoth()
+    {
+        const auto theMeddling = [this] { the.Act(); };
+        (mMeddler == kAChanging ? mHearsA.mOnChanging : mHearsA.mOnChanged) =
+            mMeddler == kAChanging || mMeddler == kAChanged ? theMeddling : std::function<void()>();
+        (mMeddler == kBChanging ? mHearsB.mOnChanging : mHearsB.mOnChanged) =
+            mMeddler == kBChanging || mMeddler == kBChanged ? theMeddling : std::function<void()>();
+        the.theA->ObserveKeyPathValue("a", &mHearsA);
+        the.theB->ObserveKeyPathValue("b", &mHearsB);
+    }
+
+    void BindBoth()
+    {
+        the.mIsArmed = mOccasion == kBindingThem;
+        EXPECT_EQ(the.theA->Bind("a", the.theB.get(), "b", MakeTransform(1, kTransform),
+                                 MakeTransform(-1, kReverseTransform)),
+                  noErr);
+    }
+
+    void Change()
+    {
+        the.mIsArmed = true;
+        if (mOccasion == kChangingA) {
+            the.theA->SetKeyPathValue("a", LmValue(60UL));
+        } else {
+            the.theB->SetKeyPathValue("b", LmValue(60UL));
+        }
+    }
+
+    // The transforms undo each other, so binding does not change B.
+    bool ComesToIt() const
+    {
+        return mOccasion != kBindingThem || (mMeddler != kBChanging && mMeddler != kBChanged);
+    }
+
+    const MeddlingAction mAction = std::get<0>(GetParam());
+    const Meddler mMeddler = std::get<1>(GetParam());
+    const Occasion mOccasion = std::get<2>(GetParam());
+    Lines mLog;
+    Meddling the{mAction.mAct};
+    NamedObserver mHearsA{"A", mLog};
+    NamedObserver mHearsB{"B", mLog};
+};
+
+} // namespace
+
+TEST_P(LmKeyValueBindingMeddling, LeavesTheObjectsInOrder)
+{
+    ObserveBoth();
+    BindBoth();
+    if (mOccasion != kBindingThem) {
+        Change();
+    }
+    EXPECT_EQ(the.mIsArmed, !ComesToIt());
+    the.mIsArmed = false;
+    if (the.theA != nullptr && the.theB != nullptr) {
+        the.theB->SetKeyPathValue("b", LmValue(1000UL));
+        EXPECT_EQ(the.theA->GetKeyPathValue("a").GetUInt32() >= 1000, mAction.mKeepsBinding || !ComesToIt());
+    }
+    the.theA.reset();
+    the.theB.reset();
+    EXPECT_EQ(the.theDeaths, 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(, LmKeyValueBindingMeddling,
+                         testing::Combine(testing::ValuesIn(kMeddlingActions),
+                                          testing::Values(kTransform, kReverseTransform, kAChanging,
+                                                          kAChanged, kBChanging, kBChanged),
+                                          testing::Values(kBindingThem, kChangingA, kChangingB)),
+                         [](const auto& theInfo) {
+                             return std::string(kMeddlerNames[std::get<1>(theInfo.param)]) +
+                                    std::get<0>(theInfo.param).mName +
+                                    kOccasionNames[std::get<2>(theInfo.param)];
+                         });
+
+TEST(LmKeyValueBinding, TheResultOfATransformThatRemovesItsBindingIsStillStored)
+{
+    static const char* const kLongKey = "a key that needs memory of its own";
+    Meddling the([](Meddling& theObjects) { theObjects.theA->Unbind(kLongKey, nullptr); });
+    the.theA->BindTo(kLongKey, the.theB.get(), "b", new MeddlingTransform(1, the));
+    the.mIsArmed = true;
+    the.theB->SetKeyPathValue("b", LmValue(50UL));
+    EXPECT_EQ(the.theA->GetKeyPathValue(kLongKey).GetUInt32(), 51u);
+    EXPECT_EQ(the.theDeaths, 1);
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{kNotBoundThere});
 }
 
 // ---- Unbinding
