@@ -212,6 +212,89 @@ TEST_F(HowThePartsMeet, ClosingTheWindowTakesItsBindingsAndLeavesModelAndPrefere
     EXPECT_EQ(mPreferences.GetKeyPathValue("volume").GetSInt32(), 6L);
 }
 
+// Changes nothing, and counts the dead.
+class CountedTransform : public LmValueTransform
+{
+public:
+    explicit CountedTransform(int& theDeaths)
+        : mDeaths(theDeaths)
+    {
+    }
+    ~CountedTransform() override { mDeaths += 1; }
+
+    LmValue Apply(const LmValue& theValue) override { return theValue; }
+
+private:
+    int& mDeaths;
+};
+
+TEST_F(HowThePartsMeet, TheBindingsOfControlMenuAndWindowGoWithThemAndTheirTransformsToo)
+{
+    int theDeaths = 0;
+    mModel.SetKeyPathValue("volume", LmValue(3UL));
+    (new LmControlBinding(mSlider))
+        ->Bind("value", &mModel, "volume", new CountedTransform(theDeaths), nullptr);
+    (new LmMenuBinding(kLoud))->BindTo("enabled", &mModel, "loud", new CountedTransform(theDeaths));
+    (new LmWindowBinding(mWindow))
+        ->Bind("visible", &mModel, "shown", new CountedTransform(theDeaths), nullptr);
+    DisposeControl(mSlider);
+    EXPECT_EQ(theDeaths, 1);
+    DeleteMenu(128);
+    EXPECT_EQ(theDeaths, 2);
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(),
+              Lines{"Source/Core/LmKeyValueBinding.cpp, line #: Error -50"})
+        << "the menu's binding was one-way";
+    DisposeWindow(mWindow);
+    EXPECT_EQ(theDeaths, 3);
+    mModel.SetKeyPathValue("volume", LmValue(4UL));
+}
+
+TEST_F(HowThePartsMeet, SettingAKeyOfABindingShowsInItsObject)
+{
+    LmControlBinding* const theControlBinding = new LmControlBinding(mSlider);
+    LmMenuBinding* const theMenuBinding = new LmMenuBinding(kLoud);
+    LmWindowBinding* const theWindowBinding = new LmWindowBinding(mWindow);
+    theControlBinding->SetKeyPathValue("value", LmValue(8UL));
+    theMenuBinding->SetKeyPathValue("mark", LmValue(true));
+    theWindowBinding->SetKeyPathValue("visible", LmValue(false));
+    EXPECT_EQ(GetControl32BitValue(mSlider), 8);
+    EXPECT_EQ(GetLoudMark(), checkMark);
+    EXPECT_FALSE(IsWindowVisible(mWindow));
+    EXPECT_EQ(theControlBinding->GetKeyPathValue("value").GetUInt32(), 8UL);
+    EXPECT_TRUE(theMenuBinding->GetKeyPathValue("mark").GetBoolean());
+    EXPECT_FALSE(theWindowBinding->GetKeyPathValue("visible").GetBoolean());
+}
+
+OSStatus CountEvent(EventHandlerCallRef, EventRef, void* theCounter)
+{
+    ++*static_cast<int*>(theCounter);
+    return eventNotHandledErr;
+}
+
+TEST_F(HowThePartsMeet, OtherHandlersHearEveryEventButReturnInABoundField)
+{
+    const EventTypeSpec kChange = {kEventClassControl, kEventControlValueFieldChanged};
+    const EventTypeSpec kKey = {kEventClassKeyboard, kEventRawKeyDown};
+    int theChanges = 0;
+    int theKeys = 0;
+    InstallControlEventHandler(mSlider, NewEventHandlerUPP(CountEvent), 1, &kChange, &theChanges, nullptr);
+    InstallControlEventHandler(mField, NewEventHandlerUPP(CountEvent), 1, &kKey, &theKeys, nullptr);
+    LmControlBinding* const theSliderBinding = new LmControlBinding(mSlider);
+    LmControlBinding* const theFieldBinding = new LmControlBinding(mField);
+    SetControl32BitValue(mSlider, 9);
+    EXPECT_EQ(theChanges, 1);
+    EXPECT_EQ(theSliderBinding->GetKeyPathValue("value").GetUInt32(), 9UL);
+
+    EXPECT_TRUE(mUser.Click({mWindow, kNameField}));
+    EXPECT_TRUE(mUser.TypeText("Hi"));
+    EXPECT_EQ(theKeys, 2);
+    EXPECT_TRUE(mUser.PressKey(kVK_Return));
+    EXPECT_EQ(theKeys, 2) << "Return is consumed";
+    EXPECT_EQ(TextOf(theFieldBinding->GetKeyPathValue("value").GetString()), "Hi");
+    EXPECT_TRUE(mUser.PressKey(kVK_Tab));
+    EXPECT_EQ(theKeys, 3);
+}
+
 TEST_F(HowThePartsMeet, EitherSideMayBeDestroyedFirst)
 {
     {
