@@ -1,15 +1,18 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
 // What every binding to an object owes, whatever the object: one set of tests for all of them. A new binding
-// joins by a class that knows its object.
+// joins by a class that knows its object. The bindings that have keys of their own, and may be without an
+// object, owe some more.
 
 #include "BindingTestSupport.h"
 #include "CarbonSpy.h"
 #include "LmControlBinding.h"
 #include "LmExampleBinding.h"
 #include "LmMenuBinding.h"
+#include "LmPreferenceBinding.h"
 #include "LmWindowBinding.h"
 #include "NotificationRecorder.h"
+#include "PreferenceSpy.h"
 
 #include <gtest/gtest.h>
 
@@ -18,15 +21,23 @@ namespace {
 // The objects ------------------------------------------------------------------------------------------
 //
 // Each says: the key that is tried, the object's first value for it and another one, how the object is
-// changed from outside so that the binding hears of it, and what the object holds.
+// changed from outside so that the binding can know it, and what the object holds.
 
-class ControlObject
+// What most of them have in common.
+class ObjectTraits
+{
+public:
+    static constexpr bool kCanBeDisposed = true;      // and takes its binding with it
+    static constexpr bool kIsWritten = true;          // a set key changes the object
+    static constexpr bool kIsCopied = true;           // the keys hold copies, which are made on attaching
+    static constexpr std::size_t kWritesOfChange = 1; // the calls of Change that the spies note
+};
+
+class ControlObject : public ObjectTraits
 {
 public:
     static constexpr const char* kName = "Control";
     using Binding = LmControlBinding;
-    static constexpr bool kCanBeDisposed = true;
-    static constexpr bool kIsWritten = true;
 
     ControlObject()
     {
@@ -55,13 +66,11 @@ private:
     ControlRef mSlider = nullptr;
 };
 
-class WindowObject
+class WindowObject : public ObjectTraits
 {
 public:
     static constexpr const char* kName = "Window";
     using Binding = LmWindowBinding;
-    static constexpr bool kCanBeDisposed = true;
-    static constexpr bool kIsWritten = true;
 
     WindowObject()
     {
@@ -91,13 +100,11 @@ private:
     WindowRef mWindow = nullptr;
 };
 
-class MenuObject
+class MenuObject : public ObjectTraits
 {
 public:
     static constexpr const char* kName = "Menu";
     using Binding = LmMenuBinding;
-    static constexpr bool kCanBeDisposed = true;
-    static constexpr bool kIsWritten = true;
 
     MenuObject()
     {
@@ -138,13 +145,14 @@ private:
     MenuRef mMenu = nullptr;
 };
 
-class ModelObject
+class ModelObject : public ObjectTraits
 {
 public:
     static constexpr const char* kName = "Model";
     using Binding = LmExampleBinding;
-    static constexpr bool kCanBeDisposed = false; // the application detaches the binding
-    static constexpr bool kIsWritten = false;     // the example's properties are constants
+    static constexpr bool kCanBeDisposed = false;
+    static constexpr bool kIsWritten = false; // the example's properties are constants
+    static constexpr std::size_t kWritesOfChange = 0;
 
     static const char* Key() { return "two"; }
     static LmValue FirstValue() { return LmValue(0UL); }
@@ -164,7 +172,10 @@ public:
     }
 
     static LmValue Read() { return LmValue(0UL); }
-    static void Dispose() {}
+
+    // The application detaches the binding before the model goes.
+    void Dispose() const { mBinding->SetModel(nullptr); }
+
     static const char* NoObjectAssertion()
     {
         return "Source/Bindings/LmExampleBinding.cpp, line #: mModel != NULL";
@@ -172,6 +183,47 @@ public:
 
 private:
     LmExampleBinding* mBinding = nullptr;
+};
+
+// The object of a preference binding is a domain, which is there before anything is written into it.
+class PreferenceObject : public ObjectTraits
+{
+public:
+    static constexpr const char* kName = "Preference";
+    class Binding : public LmPreferenceBinding
+    {
+    public:
+        Binding()
+            : LmPreferenceBinding(CFSTR("com.example.contract"))
+        {
+        }
+    };
+    static constexpr bool kCanBeDisposed = false;
+    static constexpr bool kIsCopied = false; // each reading asks the domain
+    static constexpr std::size_t kWritesOfChange = 0;
+
+    PreferenceObject() { PreferenceSpy::Reset(); }
+    ~PreferenceObject() { PreferenceSpy::Reset(); }
+
+    static const char* Key() { return "volume"; }
+    static LmValue FirstValue() { return LmValue(true); }
+    static LmValue OtherValue() { return LmValue(false); }
+
+    // The binding is attached from its beginning, so its domain has the value already.
+    static void Attach(const LmPreferenceBinding&) { Store(kCFBooleanTrue); }
+
+    static void Change() { Store(kCFBooleanFalse); }
+
+    static LmValue Read()
+    {
+        const CFTypeRef theProperty = PreferenceSpy::Stored(Key());
+        return theProperty != nullptr ? LmValue(theProperty == kCFBooleanTrue) : LmValue();
+    }
+
+    static void Dispose() { PreferenceSpy::Reset(); }
+
+private:
+    static void Store(CFBooleanRef theProperty) { PreferenceSpy::Store(Key(), CFRetain(theProperty)); }
 };
 
 // The contract -----------------------------------------------------------------------------------------
@@ -198,12 +250,24 @@ protected:
 
     LmValue GetKey() const { return mBinding->GetKeyPathValue(Object::Key()); }
 
+    // The calls that write into an object, since the last time.
+    static Lines TakeWrites()
+    {
+        Lines theWrites = CarbonSpy::TakeWrites();
+        for (const std::string& theCall : PreferenceSpy::TakeCalls()) {
+            if (theCall.rfind("set ", 0) == 0) {
+                theWrites.push_back(theCall);
+            }
+        }
+        return theWrites;
+    }
+
     Object mObject;
     bool mIsGone = false;
     Binding* mBinding; // deletes itself with its object, if the object can be disposed
 };
 
-using Objects = testing::Types<ControlObject, WindowObject, MenuObject, ModelObject>;
+using Objects = testing::Types<ControlObject, WindowObject, MenuObject, ModelObject, PreferenceObject>;
 
 struct ObjectNames
 {
@@ -220,12 +284,13 @@ TYPED_TEST(BindingContract, AttachingReadsTheObjectAndWritesNothing)
 {
     NotificationRecorder theRecorder;
     this->mBinding->ObserveKeyPathValue(TypeParam::Key(), &theRecorder);
-    CarbonSpy::TakeWrites();
+    this->TakeWrites();
     this->mObject.Attach(*this->mBinding);
     EXPECT_TRUE(this->GetKey() == TypeParam::FirstValue());
-    EXPECT_EQ(theRecorder.Take(), (Lines{std::string("changing ") + TypeParam::Key(),
-                                         std::string("changed ") + TypeParam::Key()}));
-    EXPECT_EQ(CarbonSpy::TakeWrites(), Lines{});
+    const Lines theCopying = {std::string("changing ") + TypeParam::Key(),
+                              std::string("changed ") + TypeParam::Key()};
+    EXPECT_EQ(theRecorder.Take(), TypeParam::kIsCopied ? theCopying : Lines{});
+    EXPECT_EQ(this->TakeWrites(), Lines{});
 }
 
 TYPED_TEST(BindingContract, SettingTheKeyWritesTheObject)
@@ -239,10 +304,10 @@ TYPED_TEST(BindingContract, SettingTheKeyWritesTheObject)
 TYPED_TEST(BindingContract, AChangeOfTheObjectReachesTheKeyWithoutAnEcho)
 {
     this->mObject.Attach(*this->mBinding);
+    this->TakeWrites();
     this->mObject.Change();
     EXPECT_TRUE(this->GetKey() == this->mObject.Read());
-    const Lines theWrites = CarbonSpy::TakeWrites();
-    EXPECT_EQ(theWrites.size(), TypeParam::kIsWritten ? 1U : 0U) << "the test's own call and no other";
+    EXPECT_EQ(this->TakeWrites().size(), TypeParam::kWritesOfChange) << "the test's own calls and no other";
 }
 
 TYPED_TEST(BindingContract, TheObjectIsWrittenAgainAfterAChangeOfItsOwn)
@@ -253,11 +318,15 @@ TYPED_TEST(BindingContract, TheObjectIsWrittenAgainAfterAChangeOfItsOwn)
     EXPECT_TRUE(this->mObject.Read() == TypeParam::FirstValue());
 }
 
-TYPED_TEST(BindingContract, TheBindingGoesWithItsObject)
+TYPED_TEST(BindingContract, TheBindingGoesWithItsObjectOrCanStillBeUsed)
 {
     this->mObject.Attach(*this->mBinding);
     this->mObject.Dispose();
     EXPECT_EQ(this->mIsGone, TypeParam::kCanBeDisposed);
+    if (!this->mIsGone) {
+        this->mBinding->SetKeyPathValue(TypeParam::Key(), TypeParam::OtherValue());
+        EXPECT_TRUE(this->GetKey() == TypeParam::OtherValue());
+    }
 }
 
 TYPED_TEST(BindingContract, TheObjectSurvivesItsBinding)
@@ -268,21 +337,32 @@ TYPED_TEST(BindingContract, TheObjectSurvivesItsBinding)
     EXPECT_TRUE(this->mObject.Read() == TypeParam::FirstValue());
 }
 
-TYPED_TEST(BindingContract, AnUnknownKeyIsOnlyStored)
+// Of the bindings that have keys of their own. Any text is the key of a preference, and a preference binding
+// always has its domain.
+
+template <typename Object>
+class BindingWithOwnKeys : public BindingContract<Object>
+{
+};
+
+using ObjectsWithOwnKeys = testing::Types<ControlObject, WindowObject, MenuObject, ModelObject>;
+TYPED_TEST_SUITE(BindingWithOwnKeys, ObjectsWithOwnKeys, ObjectNames);
+
+TYPED_TEST(BindingWithOwnKeys, AnUnknownKeyIsOnlyStored)
 {
     this->mObject.Attach(*this->mBinding);
-    CarbonSpy::TakeWrites();
+    this->TakeWrites();
     this->mBinding->SetKeyPathValue("colour", LmValue(3UL));
     this->mBinding->SyncValue("colour");
     EXPECT_EQ(this->mBinding->GetKeyPathValue("colour").GetUInt32(), 3UL);
-    EXPECT_EQ(CarbonSpy::TakeWrites(), Lines{});
+    EXPECT_EQ(this->TakeWrites(), Lines{});
 }
 
-TYPED_TEST(BindingContract, WithoutAnObjectKeysAreStoredAndSyncingIsReported)
+TYPED_TEST(BindingWithOwnKeys, WithoutAnObjectKeysAreStoredAndSyncingIsReported)
 {
     this->mBinding->SetKeyPathValue(TypeParam::Key(), TypeParam::OtherValue());
     EXPECT_TRUE(this->GetKey() == TypeParam::OtherValue());
-    EXPECT_EQ(CarbonSpy::TakeWrites(), Lines{});
+    EXPECT_EQ(this->TakeWrites(), Lines{});
     this->mBinding->SyncValue("colour");
     EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{TypeParam::NoObjectAssertion()});
 }
