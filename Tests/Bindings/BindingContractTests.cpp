@@ -2,7 +2,7 @@
 
 // What every binding to an object owes, whatever the object: one set of tests for all of them. A new binding
 // joins by a class that knows its object. The bindings that have keys of their own, and may be without an
-// object, owe some more.
+// object, owe some more, and so do those that Carbon tells of their object's changes.
 
 #include "BindingTestSupport.h"
 #include "CarbonSpy.h"
@@ -16,12 +16,22 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace {
 
 // The objects ------------------------------------------------------------------------------------------
 //
 // Each says: the key that is tried, the object's first value for it and another one, how the object is
 // changed from outside so that the binding can know it, and what the object holds.
+
+// A Carbon call that writes into an object, and the key that is set to bring it about.
+struct Write
+{
+    const char* theCall;
+    const char* theKey;
+    LmValue theValue;
+};
 
 // What most of them have in common.
 class ObjectTraits
@@ -53,12 +63,18 @@ public:
     static LmValue FirstValue() { return LmValue(5UL); }
     static LmValue OtherValue() { return LmValue(8UL); }
     void Attach(LmControlBinding& theBinding) const { theBinding.SetControl(mSlider); }
+    static void Detach(LmControlBinding& theBinding) { theBinding.SetControl(nullptr); }
     void Change() const { SetControl32BitValue(mSlider, 8); }
     LmValue Read() const { return LmValue(static_cast<long>(GetControl32BitValue(mSlider))); }
     void Dispose() const { DisposeControl(mSlider); }
-    static const char* NoObjectAssertion()
+    static std::string Place() { return "Source/Bindings/LmControlBinding.cpp, line #: "; }
+    static std::string NoObjectAssertion() { return Place() + "mControl != NULL"; }
+    static std::vector<Write> Writes()
     {
-        return "Source/Bindings/LmControlBinding.cpp, line #: mControl != NULL";
+        return {{"DisableControl", "enabled", LmValue(false)},
+                {"EnableControl", "enabled", LmValue(true)},
+                {"SetControlVisibility", "visible", LmValue(false)},
+                {"SetControlTitleWithCFString", "title", TextValue("after")}};
     }
 
 private:
@@ -88,12 +104,17 @@ public:
     static LmValue FirstValue() { return LmValue(false); }
     static LmValue OtherValue() { return LmValue(true); }
     void Attach(LmWindowBinding& theBinding) const { theBinding.SetWindow(mWindow); }
+    static void Detach(LmWindowBinding& theBinding) { theBinding.SetWindow(nullptr); }
     void Change() const { ShowWindow(mWindow); }
     LmValue Read() const { return LmValue(static_cast<bool>(IsWindowVisible(mWindow))); }
     void Dispose() const { DisposeWindow(mWindow); }
-    static const char* NoObjectAssertion()
+    static std::string Place() { return "Source/Bindings/LmWindowBinding.cpp, line #: "; }
+    static std::string NoObjectAssertion() { return Place() + "mWindow != NULL"; }
+    static std::vector<Write> Writes()
     {
-        return "Source/Bindings/LmWindowBinding.cpp, line #: mWindow != NULL";
+        return {{"CollapseWindow", "collapsed", LmValue(true)},
+                {"SetWindowBounds", "bounds", LmValue(CGRect{{1, 2}, {3, 4}})},
+                {"SetWindowTitleWithCFString", "title", TextValue("after")}};
     }
 
 private:
@@ -119,6 +140,7 @@ public:
     static LmValue FirstValue() { return LmValue(true); }
     static LmValue OtherValue() { return LmValue(false); }
     void Attach(LmMenuBinding& theBinding) const { theBinding.SetMenuCommand(kCommand); }
+    static void Detach(LmMenuBinding& theBinding) { theBinding.SetMenuCommand(0); }
 
     // A menu tells nobody that it changed; the binding looks when the command's state is asked for.
     void Change() const
@@ -135,9 +157,12 @@ public:
 
     LmValue Read() const { return LmValue(static_cast<bool>(IsMenuCommandEnabled(mMenu, kCommand))); }
     static void Dispose() { DeleteMenu(128); }
-    static const char* NoObjectAssertion()
+    static std::string Place() { return "Source/Bindings/LmMenuBinding.cpp, line #: "; }
+    static std::string NoObjectAssertion() { return Place() + "mMenu != NULL"; }
+    static std::vector<Write> Writes()
     {
-        return "Source/Bindings/LmMenuBinding.cpp, line #: mMenu != NULL";
+        return {{"SetMenuCommandMark", "mark", LmValue(1UL)},
+                {"SetMenuItemTextWithCFString", "title", TextValue("after")}};
     }
 
 private:
@@ -176,10 +201,8 @@ public:
     // The application detaches the binding before the model goes.
     void Dispose() const { mBinding->SetModel(nullptr); }
 
-    static const char* NoObjectAssertion()
-    {
-        return "Source/Bindings/LmExampleBinding.cpp, line #: mModel != NULL";
-    }
+    static std::string Place() { return "Source/Bindings/LmExampleBinding.cpp, line #: "; }
+    static std::string NoObjectAssertion() { return Place() + "mModel != NULL"; }
 
 private:
     LmExampleBinding* mBinding = nullptr;
@@ -365,6 +388,67 @@ TYPED_TEST(BindingWithOwnKeys, WithoutAnObjectKeysAreStoredAndSyncingIsReported)
     EXPECT_EQ(this->TakeWrites(), Lines{});
     this->mBinding->SyncValue("colour");
     EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{TypeParam::NoObjectAssertion()});
+    EXPECT_FALSE(this->mBinding->HasKey("colour"));
+}
+
+// Of the bindings that install a Carbon event handler on their object.
+
+template <typename Object>
+class BindingWithHandler : public BindingContract<Object>
+{
+protected:
+    static Lines StatusLine(OSStatus theStatus)
+    {
+        return Lines{Object::Place() + "Error " + std::to_string(theStatus)};
+    }
+};
+
+using ObjectsWithEvents = testing::Types<ControlObject, WindowObject, MenuObject>;
+TYPED_TEST_SUITE(BindingWithHandler, ObjectsWithEvents, ObjectNames);
+
+TYPED_TEST(BindingWithHandler, EachWriteThatFailsIsReportedAndTheKeyIsStored)
+{
+    this->mObject.Attach(*this->mBinding);
+    for (const Write& theWrite : TypeParam::Writes()) {
+        CarbonSpy::Fail(theWrite.theCall, paramErr);
+        this->mBinding->SetKeyPathValue(theWrite.theKey, theWrite.theValue);
+        EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), this->StatusLine(paramErr)) << theWrite.theCall;
+        EXPECT_TRUE(this->mBinding->GetKeyPathValue(theWrite.theKey) == theWrite.theValue)
+            << theWrite.theCall;
+        CarbonSpy::Reset();
+    }
+}
+
+TYPED_TEST(BindingWithHandler, AHandlerThatCannotBeInstalledIsReportedAndTheObjectIsReadAllTheSame)
+{
+    CarbonSpy::Fail("InstallEventHandler", memFullErr);
+    this->mObject.Attach(*this->mBinding);
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), this->StatusLine(memFullErr));
+    EXPECT_TRUE(this->GetKey() == TypeParam::FirstValue());
+}
+
+TYPED_TEST(BindingWithHandler, AHandlerThatCannotBeRemovedIsReported)
+{
+    this->mObject.Attach(*this->mBinding);
+    CarbonSpy::Fail("RemoveEventHandler", eventInternalErr);
+    this->mObject.Detach(*this->mBinding);
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), this->StatusLine(eventInternalErr));
+    this->mObject.Dispose();
+    EXPECT_TRUE(this->mIsGone) << "the handler is still there";
+}
+
+TYPED_TEST(BindingWithHandler, AHandlerWithoutABindingPrintsTheAssertionAndHandlesNothing)
+{
+    const TestEvent theEvent(kEventClassControl, kEventControlDispose);
+    EXPECT_EQ(TypeParam::Binding::EventHandler(nullptr, theEvent.GetEvent(), nullptr), eventNotHandledErr);
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{TypeParam::Place() + "userData != NULL"});
+}
+
+TYPED_TEST(BindingWithHandler, EventsOfOtherClassesAreNotHandled)
+{
+    const TestEvent theEvent(kEventClassMouse, kEventMouseDown);
+    EXPECT_EQ(TypeParam::Binding::EventHandler(nullptr, theEvent.GetEvent(), this->mBinding),
+              eventNotHandledErr);
 }
 
 } // namespace

@@ -102,14 +102,6 @@ TEST_F(LmMenuBindingTest, ABindingWithoutACommandOnlyStoresItsKeys)
     EXPECT_STREQ(theBinding.GetDebugInfo().GetUTF8(), "[MenuCommand '', \"\"]");
 }
 
-TEST_F(LmMenuBindingTest, SyncingWithoutACommandPrintsTheAssertionAndGoesOn)
-{
-    LmMenuBinding theBinding;
-    theBinding.SyncValue("colour");
-    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{kAssertNoMenu});
-    EXPECT_FALSE(theBinding.HasKey("colour"));
-}
-
 TEST_F(LmMenuBindingTest, ACommandThatNoMenuHoldsIsReportedAndReadThroughANullMenu)
 {
     LmMenuBinding theBinding('none');
@@ -161,6 +153,14 @@ TEST_F(LmMenuBindingTest, TheDebugTextShowsCommandAndItemText)
     EXPECT_STREQ(theBinding->GetDebugInfo().GetUTF8(), "[MenuCommand 'heat', \"Heating On\"]");
 }
 
+TEST_F(LmMenuBindingTest, TheDebugTextShowsTheWholeOfTheLongestText)
+{
+    const std::string theText(255, 'x');
+    LmMenuBinding* theBinding = new LmMenuBinding(kHeating);
+    theBinding->SetKeyPathValue("title", TextValue(theText.c_str()));
+    EXPECT_EQ(std::string(theBinding->GetDebugInfo().GetUTF8()), "[MenuCommand 'heat', \"" + theText + "\"]");
+}
+
 TEST_F(LmMenuBindingTest, InitialisingSelfAttachesTheCommand)
 {
     LmMenuBinding* theBinding = new LmMenuBinding;
@@ -191,18 +191,6 @@ TEST_F(LmMenuBindingTest, AttachingToAnotherCommandReadsItsState)
     theBinding->SetKeyPathValue("title", TextValue("Start Over"));
     EXPECT_EQ(GetTitle(1), "Start Over");
     EXPECT_EQ(GetTitle(2), "Heating On");
-}
-
-TEST_F(LmMenuBindingTest, HandlersThatCannotBeInstalledOrRemovedAreReported)
-{
-    CarbonSpy::Fail("InstallEventHandler", memFullErr);
-    LmMenuBinding theUnheard(kHeating);
-    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{StatusLine(memFullErr)});
-    CarbonSpy::Reset();
-    LmMenuBinding* theBinding = new LmMenuBinding(kHeating);
-    CarbonSpy::Fail("RemoveEventHandler", eventInternalErr);
-    theBinding->SetMenuCommand(0);
-    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{StatusLine(eventInternalErr)});
 }
 
 // From the keys to the menu ----------------------------------------------------------------------------
@@ -264,38 +252,6 @@ TEST_F(LmMenuBindingTest, SettingTheTitleRenamesOnlyTheItemThatWasFound)
     EXPECT_EQ(GetTitle(3), "Heating, Again");
 }
 
-TEST_F(LmMenuBindingTest, AnotherKeyIsOnlyStored)
-{
-    LmMenuBinding* theBinding = new LmMenuBinding(kHeating);
-    CarbonSpy::TakeWrites();
-    theBinding->SetKeyPathValue("colour", LmValue(3UL));
-    EXPECT_EQ(theBinding->GetKeyPathValue("colour").GetUInt32(), 3UL);
-    EXPECT_EQ(CarbonSpy::TakeWrites(), Lines{});
-    theBinding->SyncValue("colour");
-    EXPECT_EQ(theBinding->GetKeyPathValue("colour").GetUInt32(), 3UL);
-}
-
-TEST_F(LmMenuBindingTest, EveryWritingCallThatFailsPrintsItsStatusAndTheKeyIsStored)
-{
-    LmMenuBinding* theBinding = new LmMenuBinding(kHeating);
-    const struct
-    {
-        const char* theCall;
-        const char* theKey;
-        LmValue theValue;
-    } kRows[] = {
-        {"SetMenuCommandMark", "mark", LmValue(1UL)},
-        {"SetMenuItemTextWithCFString", "title", TextValue("after")},
-    };
-    for (const auto& theRow : kRows) {
-        CarbonSpy::Fail(theRow.theCall, paramErr);
-        theBinding->SetKeyPathValue(theRow.theKey, theRow.theValue);
-        EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{StatusLine(paramErr)}) << theRow.theCall;
-        EXPECT_TRUE(theBinding->GetKeyPathValue(theRow.theKey) == theRow.theValue) << theRow.theCall;
-        CarbonSpy::Reset();
-    }
-}
-
 // From the menu to the keys ----------------------------------------------------------------------------
 
 TEST_F(LmMenuBindingTest, AskingForTheStatusReadsMarkAndEnabledButNotTheTitle)
@@ -327,6 +283,36 @@ TEST_F(LmMenuBindingTest, AnotherCommandOrOneThatIsNotFromAMenuChangesNoKey)
     AskForStatus(kHeating, 0);
     AskForStatus(kHeating, kHICommandFromControl);
     EXPECT_EQ(theRecorder.Take(), Lines{});
+}
+
+// Lets the menu send an event while it is told of a change, and then sets the title.
+class MenuCloser : public LmKeyValueObserver
+{
+public:
+    explicit MenuCloser(LmMenuBinding* theBinding)
+        : mBinding(theBinding)
+    {
+    }
+
+    void ValueChanged(const LmKeyValueStore*, const LmString&) override
+    {
+        const TestEvent theEvent(kEventClassMenu, kEventMenuClosed);
+        mBinding->DoEventMenu(theEvent.GetEvent(), kEventMenuClosed);
+        mBinding->SetKeyPathValue("title", TextValue("Cooling On"));
+    }
+
+private:
+    LmMenuBinding* mBinding;
+};
+
+TEST_F(LmMenuBindingTest, AMenuEventLetsKeysBeWrittenAgain)
+{
+    LmMenuBinding* theBinding = new LmMenuBinding(kHeating);
+    MenuCloser theCloser(theBinding);
+    theBinding->ObserveKeyPathValue("mark", &theCloser);
+    SetMenuCommandMark(mMenu, kHeating, checkMark);
+    AskForStatus(kHeating, kHICommandFromMenu);
+    EXPECT_EQ(GetTitle(2), "Cooling On");
 }
 
 TEST_F(LmMenuBindingTest, OtherKindsOfCommandEventsChangeNoKey)
@@ -369,14 +355,6 @@ TEST_F(LmMenuBindingTest, EarlierHandlersAreAskedForTheStatusToo)
     new LmMenuBinding(kHeating);
     AskForStatus(kHeating, kHICommandFromMenu);
     EXPECT_EQ(theCount, 1);
-}
-
-TEST_F(LmMenuBindingTest, AHandlerWithoutABindingPrintsTheAssertionAndHandlesNothing)
-{
-    const TestEvent theEvent(kEventClassMenu, kEventMenuDispose);
-    EXPECT_EQ(LmMenuBinding::EventHandler(nullptr, theEvent.GetEvent(), nullptr), eventNotHandledErr);
-    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(),
-              Lines{"Source/Bindings/LmMenuBinding.cpp, line #: userData != NULL"});
 }
 
 TEST_F(LmMenuBindingTest, EventsOfOtherClassesAreNotHandledAndTheBranchesAssertTheirs)

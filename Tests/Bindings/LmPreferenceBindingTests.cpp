@@ -228,6 +228,7 @@ const ForeignData kForeignData[] = {
     {"ASizeShortOfItsLastNumbers", GeometryBytes("size", 1, 2, 3, 4).substr(0, 12), true},
     {"ARectShortOfOneByte", GeometryBytes("rect", 1, 2, 3, 4).substr(0, 19), true},
     {"AnUnknownTag", GeometryBytes("line", 1, 2, 3, 4), true},
+    {"ATagWithAnotherEnd", GeometryBytes("recs", 1, 2, 3, 4), true},
     {"ATagInCapitals", GeometryBytes("RECT", 1, 2, 3, 4), true},
     {"ATagReversed", GeometryBytes("tcer", 1, 2, 3, 4), true},
     {"HighBytes", std::string(20, '\xFF'), true},

@@ -12,7 +12,6 @@
 
 namespace {
 
-const char kAssertNoWindow[] = "Source/Bindings/LmWindowBinding.cpp, line #: mWindow != NULL";
 const Rect kStartBounds = {60, 80, 260, 480};
 const char* const kKeys[] = {"visible", "collapsed", "bounds", "title"};
 
@@ -102,14 +101,6 @@ TEST_F(LmWindowBindingTest, ABindingWithoutAWindowOnlyStoresItsKeys)
     EXPECT_STREQ(theBinding.GetDebugInfo().GetUTF8(), "[Window \"\"]");
 }
 
-TEST_F(LmWindowBindingTest, SyncingWithoutAWindowPrintsTheAssertionAndGoesOn)
-{
-    LmWindowBinding theBinding;
-    theBinding.SyncValue("colour");
-    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{kAssertNoWindow});
-    EXPECT_FALSE(theBinding.HasKey("colour"));
-}
-
 // Attaching --------------------------------------------------------------------------------------------
 
 TEST_F(LmWindowBindingTest, AttachingReadsTheFourKeysInOrderAndWritesNothingBack)
@@ -136,6 +127,14 @@ TEST_F(LmWindowBindingTest, TheDebugTextShowsTheTitle)
 {
     LmWindowBinding* theBinding = new LmWindowBinding(mWindow);
     EXPECT_STREQ(theBinding->GetDebugInfo().GetUTF8(), "[Window \"Untitled\"]");
+}
+
+TEST_F(LmWindowBindingTest, TheDebugTextShowsTheWholeOfTheLongestTitle)
+{
+    const std::string theTitle(255, 'x');
+    LmWindowBinding* theBinding = new LmWindowBinding(mWindow);
+    theBinding->SetKeyPathValue("title", TextValue(theTitle.c_str()));
+    EXPECT_EQ(std::string(theBinding->GetDebugInfo().GetUTF8()), "[Window \"" + theTitle + "\"]");
 }
 
 TEST_F(LmWindowBindingTest, ANullWindowLeavesTheBindingWithoutOne)
@@ -177,22 +176,6 @@ TEST_F(LmWindowBindingTest, AttachingToAnotherWindowRemovesTheHandlerFromTheFirs
     SetWindowTitleWithCFString(theOther, CFSTR("Second"));
     EXPECT_EQ(TextOf(theBinding->GetKeyPathValue("title")), "Second");
     DisposeWindow(theOther);
-}
-
-TEST_F(LmWindowBindingTest, AttachingPrintsTheStatusOfAHandlerThatCannotBeInstalled)
-{
-    CarbonSpy::Fail("InstallEventHandler", memFullErr);
-    LmWindowBinding theBinding(mWindow);
-    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{StatusLine(memFullErr)});
-    EXPECT_TRUE(theBinding.HasKey("visible"));
-}
-
-TEST_F(LmWindowBindingTest, AHandlerThatCannotBeRemovedIsReported)
-{
-    LmWindowBinding* theBinding = new LmWindowBinding(mWindow);
-    CarbonSpy::Fail("RemoveEventHandler", eventInternalErr);
-    theBinding->SetWindow(nullptr);
-    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{StatusLine(eventInternalErr)});
 }
 
 // From the keys to the window --------------------------------------------------------------------------
@@ -260,40 +243,6 @@ TEST_F(LmWindowBindingTest, SettingTheBoundsMovesTheContent)
     EXPECT_EQ(BoundsOf(mWindow), "top 120, left 100, bottom 270, right 400");
 }
 
-TEST_F(LmWindowBindingTest, AnotherKeyIsOnlyStored)
-{
-    LmWindowBinding* theBinding = new LmWindowBinding(mWindow);
-    CarbonSpy::TakeWrites();
-    theBinding->SetKeyPathValue("colour", LmValue(3UL));
-    EXPECT_EQ(theBinding->GetKeyPathValue("colour").GetUInt32(), 3UL);
-    EXPECT_EQ(CarbonSpy::TakeWrites(), Lines{});
-    theBinding->SyncValue("colour");
-    EXPECT_EQ(theBinding->GetKeyPathValue("colour").GetUInt32(), 3UL);
-}
-
-TEST_F(LmWindowBindingTest, EveryWritingCallThatFailsPrintsItsStatusAndTheKeyIsStored)
-{
-    ShowWindow(mWindow);
-    LmWindowBinding* theBinding = new LmWindowBinding(mWindow);
-    const struct
-    {
-        const char* theCall;
-        const char* theKey;
-        LmValue theValue;
-    } kRows[] = {
-        {"CollapseWindow", "collapsed", LmValue(true)},
-        {"SetWindowBounds", "bounds", LmValue(MakeRect(1, 2, 3, 4))},
-        {"SetWindowTitleWithCFString", "title", TextValue("after")},
-    };
-    for (const auto& theRow : kRows) {
-        CarbonSpy::Fail(theRow.theCall, paramErr);
-        theBinding->SetKeyPathValue(theRow.theKey, theRow.theValue);
-        EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{StatusLine(paramErr)}) << theRow.theCall;
-        EXPECT_TRUE(theBinding->GetKeyPathValue(theRow.theKey) == theRow.theValue) << theRow.theCall;
-        CarbonSpy::Reset();
-    }
-}
-
 // From the window to the keys --------------------------------------------------------------------------
 
 TEST_F(LmWindowBindingTest, AChangeOfTheWindowReachesItsKeyAndIsNotWrittenBack)
@@ -325,6 +274,32 @@ TEST_F(LmWindowBindingTest, AChangeOfTheWindowReachesItsKeyAndIsNotWrittenBack)
         << "only the test's own calls";
 }
 
+TEST_F(LmWindowBindingTest, EachEventReadsItsOwnKeyOnly)
+{
+    const struct
+    {
+        UInt32 theKind;
+        const char* theKey;
+    } kRows[] = {
+        {kEventWindowShown, "visible"},        {kEventWindowHidden, "visible"},
+        {kEventWindowCollapsed, "collapsed"},  {kEventWindowExpanded, "collapsed"},
+        {kEventWindowBoundsChanged, "bounds"}, {kEventWindowTitleChanged, "title"},
+        {kEventWindowActivated, ""},
+    };
+    LmWindowBinding* theBinding = new LmWindowBinding(mWindow);
+    for (const auto& theRow : kRows) {
+        for (const char* theKey : kKeys) {
+            theBinding->LmKeyValueStore::SetKeyValue(theKey, LmValue(5UL));
+        }
+        const TestEvent theEvent(kEventClassWindow, theRow.theKind);
+        EXPECT_EQ(theBinding->DoEventWindow(theEvent.GetEvent(), theRow.theKind), eventNotHandledErr);
+        for (const char* theKey : kKeys) {
+            const bool isStale = theBinding->GetKeyPathValue(theKey).GetType() == kTypeUInt32;
+            EXPECT_EQ(isStale, std::string(theKey) != theRow.theKey) << theRow.theKind << ' ' << theKey;
+        }
+    }
+}
+
 TEST_F(LmWindowBindingTest, AFailingReadPrintsItsStatus)
 {
     LmWindowBinding* theBinding = new LmWindowBinding(mWindow);
@@ -336,6 +311,7 @@ TEST_F(LmWindowBindingTest, AFailingReadPrintsItsStatus)
     theBinding->SyncValue("bounds");
     // The empty rectangle that was read is set like any other, and so reaches the window.
     EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), (Lines{StatusLine(paramErr), StatusLine(paramErr)}));
+    EXPECT_TRUE(theBinding->GetKeyPathValue("bounds") == LmValue(MakeRect(0, 0, 0, 0)));
 }
 
 TEST_F(LmWindowBindingTest, EarlierHandlersHearTheWindowsEventsToo)
@@ -346,14 +322,6 @@ TEST_F(LmWindowBindingTest, EarlierHandlersHearTheWindowsEventsToo)
     new LmWindowBinding(mWindow);
     ShowWindow(mWindow);
     EXPECT_EQ(theCount, 1);
-}
-
-TEST_F(LmWindowBindingTest, AHandlerWithoutABindingPrintsTheAssertionAndHandlesNothing)
-{
-    const TestEvent theEvent(kEventClassWindow, kEventWindowShown);
-    EXPECT_EQ(LmWindowBinding::EventHandler(nullptr, theEvent.GetEvent(), nullptr), eventNotHandledErr);
-    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(),
-              Lines{"Source/Bindings/LmWindowBinding.cpp, line #: userData != NULL"});
 }
 
 TEST_F(LmWindowBindingTest, EventsOfOtherClassesAreNotHandled)

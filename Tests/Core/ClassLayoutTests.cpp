@@ -3,30 +3,14 @@
 #include "LmBindable.h"
 #include "LmKeyValueBinding.h"
 
-#include <cstring>
+#include "ClassLayout.h"
+#include "VirtualSlot.h"
+
 #include <gtest/gtest.h>
 
 // The layout of the classes is a part of the binary interface: applications derive from them. What is checked
 // here are the bases and members in their order, and the slots of the virtual functions, as the C++ ABI of
 // the supported systems (Itanium's) lays them out.
-
-namespace {
-
-constexpr size_t kPointer = sizeof(void*);
-
-// Naming a private member in an explicit instantiation is allowed, and hands it out by way of a friend.
-template <typename Tag, auto theMember>
-struct Revealed
-{
-    friend auto Reveal(Tag) { return theMember; }
-};
-
-#define LM_REVEAL(theTag, theMember)                                                                         \
-    struct theTag                                                                                            \
-    {                                                                                                        \
-        friend auto Reveal(theTag);                                                                          \
-    };                                                                                                       \
-    template struct Revealed<theTag, theMember>
 
 LM_REVEAL(BindableFlag, &LmBindable::mIgnoreChanges);
 LM_REVEAL(BindableBinding, &LmBindable::mBinding);
@@ -35,23 +19,9 @@ LM_REVEAL(StoreKeyStates, &LmKeyValueStore::mKeyStates);
 LM_REVEAL(StoreValues, &LmKeyValueStore::mValues);
 LM_REVEAL(BindingBindings, &LmKeyValueBinding::mBindings);
 
-// How far a member or base stands from the start of its object.
-template <typename Object, typename Member>
-size_t DistanceOf(const Object& theObject, const Member& theMember)
-{
-    return static_cast<size_t>(reinterpret_cast<const char*>(&theMember) -
-                               reinterpret_cast<const char*>(&theObject));
-}
+namespace {
 
-// The place of a virtual function in the table, the two destructors being 0 and 1.
-template <typename Function>
-size_t SlotOf(Function theFunction)
-{
-    std::uintptr_t theWord = 0;
-    static_assert(sizeof theFunction >= sizeof theWord);
-    std::memcpy(&theWord, &theFunction, sizeof theWord);
-    return (theWord - 1) / kPointer;
-}
+constexpr size_t kPointer = sizeof(void*);
 
 // Nothing else is virtual: these classes hide functions of their bases with another result, which compiles
 // only where the base's function is not virtual.
@@ -205,22 +175,23 @@ TEST(ClassLayout, OfABindable)
 
 TEST(ClassLayout, OfTheVirtualFunctionsOfAnObserver)
 {
-    EXPECT_EQ(SlotOf(&LmKeyValueObserver::GetDebugInfo), 2u);
-    EXPECT_EQ(SlotOf(&LmKeyValueObserver::ValueChanging), 3u);
-    EXPECT_EQ(SlotOf(&LmKeyValueObserver::ValueChanged), 4u);
+    EXPECT_EQ(GetVirtualSlot(&LmKeyValueObserver::GetDebugInfo), 2u);
+    EXPECT_EQ(GetVirtualSlot(&LmKeyValueObserver::ValueChanging), 3u);
+    EXPECT_EQ(GetVirtualSlot(&LmKeyValueObserver::ValueChanged), 4u);
 }
 
 TEST(ClassLayout, OfTheVirtualFunctionsOfAStore)
 {
-    EXPECT_EQ(SlotOf(&LmKeyValueStore::GetDebugInfo), 2u);
-    EXPECT_EQ(SlotOf(&LmKeyValueStore::GetKeyValue), 3u);
-    EXPECT_EQ(SlotOf(&LmKeyValueStore::SetKeyValue), 4u);
+    EXPECT_EQ(GetVirtualSlot(&LmKeyValueStore::GetDebugInfo), 2u);
+    EXPECT_EQ(GetVirtualSlot(&LmKeyValueStore::GetKeyValue), 3u);
+    EXPECT_EQ(GetVirtualSlot(&LmKeyValueStore::SetKeyValue), 4u);
 }
 
 TEST(ClassLayout, OfTheVirtualFunctionsOfABindingObject)
 {
-    EXPECT_EQ(SlotOf(static_cast<LmString (LmKeyValueBinding::*)() const>(&LmKeyValueBinding::GetDebugInfo)),
+    EXPECT_EQ(GetVirtualSlot(
+                  static_cast<LmString (LmKeyValueBinding::*)() const>(&LmKeyValueBinding::GetDebugInfo)),
               2u);
-    EXPECT_EQ(SlotOf(&LmKeyValueBinding::ValueChanged), 4u);
-    EXPECT_EQ(SlotOf(&LmKeyValueBinding::IsBindable), 5u);
+    EXPECT_EQ(GetVirtualSlot(&LmKeyValueBinding::ValueChanged), 4u);
+    EXPECT_EQ(GetVirtualSlot(&LmKeyValueBinding::IsBindable), 5u);
 }
