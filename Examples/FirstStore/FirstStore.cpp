@@ -1,6 +1,6 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// The first steps: keys, an observer, and two objects bound to each other.
+// The first steps: two objects bound to each other, and an observer.
 
 #include "LmBindings.h"
 
@@ -18,10 +18,7 @@ int main()
 {
     LmKeyValueBinding theModel, theSlider;
     Meter theMeter;
-    theModel.SetKeyPathValue("volume", LmValue(40UL));
-    theSlider.Bind("value", &theModel, "volume", NULL, NULL); // each follows the other from here on
     theModel.ObserveKeyPathValue("volume", &theMeter);
+    theSlider.Bind("value", &theModel, "volume", NULL, NULL); // each follows the other from here on
     theSlider.SetKeyPathValue("value", LmValue(55UL));
-    theModel.SetKeyPathValue("volume", LmValue(70UL));
-    std::printf("the slider shows %lu\n", theSlider.GetKeyPathValue("value").GetUInt32());
 }
