@@ -12,10 +12,10 @@
 // preference, setting a key writes it. A model key that is bound to it is saved as soon as it changes:
 //
 //     LmPreferenceBinding thePreferences(CFSTR("com.example.thermostat"));
-//     theModel.Bind("target", &thePreferences, "Target", NULL, NULL); // the saved value comes in, changes go
-//     out
+//     // The saved value comes in, changes go out.
+//     theModel.Bind("target", &thePreferences, "Target", NULL, NULL);
 //     ...
-//     thePreferences.Flush();                                         // everything is on disk
+//     thePreferences.Flush(); // everything is on disk
 //
 // Any text is a key; no key has to be declared. A key that was never written reads as invalid. The kinds of
 // values are kept as property list types:

@@ -29,13 +29,14 @@ bool IsAbove(Number theLeft, Number theRight, bool theInclusive)
     return theInclusive ? theLeft >= theRight : theLeft > theRight;
 }
 
-bool IsStringAbove(CFStringRef theLeft, CFStringRef theRight, bool theInclusive)
+// On purpose: both sides are the string itself.
+bool IsStringAboveItself(CFStringRef theString, bool theInclusive)
 {
-    if (theLeft == nullptr || theRight == nullptr) {
+    if (theString == nullptr) {
         return false;
     }
-    return CFStringCompare(theLeft, theRight, 0) == kCFCompareGreaterThan ||
-           (theInclusive && CFStringCompare(theLeft, theRight, 0) == kCFCompareEqualTo);
+    return CFStringCompare(theString, theString, 0) == kCFCompareGreaterThan ||
+           (theInclusive && CFStringCompare(theString, theString, 0) == kCFCompareEqualTo);
 }
 
 std::uintptr_t GetAddress(const LmValue& theValue)
@@ -116,8 +117,7 @@ LmValue LmIsAboveTransform::Apply(const LmValue& theValue)
     case kTypePointer:
         return LmValue(IsAbove(GetAddress(theValue), GetAddress(mCompareValue), mInclusive));
     case kTypeString:
-        // On purpose: both sides are the value itself.
-        return LmValue(IsStringAbove(theValue.GetString(), theValue.GetString(), mInclusive));
+        return LmValue(IsStringAboveItself(theValue.GetString(), mInclusive));
     default:
         LM_ERROR("Illegal value type: %d", static_cast<int>(theValue.GetType()));
         return LmValue(false);

@@ -35,7 +35,7 @@ public:
     LmValue Apply(const LmValue& theValue) override;
 };
 
-// The opposite of LmIsNullTransform. An illegal kind is therefore answered with true.
+// The opposite of LmIsNullTransform. On purpose: an illegal kind is therefore answered with true.
 class LM_EXPORT LmIsNotNullTransform : public LmValueTransform
 {
 public:

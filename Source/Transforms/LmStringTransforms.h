@@ -50,15 +50,13 @@ public:
 // value.
 //
 // On purpose:
-// - Every text that begins like an integer is one, and an unsigned one of 32 bits: -5 gives 4294967291, 3.75
-// gives 3, 0x1F
-//   gives 0, a number that is too large gives 4294967295. No text becomes a signed or 64-bit integer or a
-//   pointer.
-// - A text that begins with a pair becomes a point, that of a rectangle included. No text becomes a size or a
-// rectangle.
-// - The buffer that numbers are read from has one byte for each UTF-16 unit, so a text with characters beyond
-// ASCII is read
-//   without its end.
+// - Every text that begins like an integer is one, and an unsigned one of 32 bits: -5 gives 4294967291,
+//   3.75 gives 3, 0x1F gives 0, a number that is too large gives 4294967295. No text becomes a signed or
+//   64-bit integer or a pointer.
+// - A text that begins with a pair becomes a point, that of a rectangle included. No text becomes a size or
+//   a rectangle.
+// - The buffer that numbers are read from has one byte for each UTF-16 unit, so a text with characters
+//   beyond ASCII is read without its end.
 class LM_EXPORT LmFromStringTransform : public LmValueTransform
 {
 public:

@@ -173,6 +173,8 @@ TEST(BindingLayout, InitialisingAWindowBindingMakesItsMembersNew)
     DisposeWindow(theWindow);
 }
 
+// Detaching sets the flag, also in the midst of copying.
+
 TEST(BindingLayout, ADetachedMenuBindingHasNeitherMenuNorItem)
 {
     MenuRef theMenu = nullptr;
@@ -181,9 +183,65 @@ TEST(BindingLayout, ADetachedMenuBindingHasNeitherMenuNorItem)
     InsertMenu(theMenu, 0);
     ReleaseMenu(theMenu);
     LmMenuBinding theBinding('loud');
+    theBinding.*Reveal(MenuFlag()) = false;
     theBinding.SetMenuCommand(0);
     ExpectNoCommand(theBinding);
     DeleteMenu(128);
+}
+
+TEST(BindingLayout, ADetachedWindowBindingHasNoWindow)
+{
+    LmWindowBinding theBinding;
+    theBinding.*Reveal(WindowFlag()) = false;
+    theBinding.SetWindow(nullptr);
+    ExpectNoWindow(theBinding);
+}
+
+TEST(BindingLayout, ADetachedExampleBindingHasNoModel)
+{
+    int theModel = 0;
+    LmExampleBinding theBinding;
+    theBinding.SetModel(&theModel);
+    theBinding.*Reveal(ExampleFlag()) = false;
+    theBinding.SetModel(nullptr);
+    EXPECT_EQ(theBinding.*Reveal(ExampleModel()), nullptr);
+    EXPECT_TRUE(theBinding.*Reveal(ExampleFlag()));
+}
+
+// The flag is what keeps a copied value from being written into the model; the example's model shows nothing
+// of it.
+class FlagReader : public LmKeyValueObserver
+{
+public:
+    explicit FlagReader(const LmExampleBinding& theBinding)
+        : mBinding(theBinding)
+    {
+    }
+
+    void ValueChanged(const LmKeyValueStore*, const LmString&) override
+    {
+        mFlags.push_back(mBinding.*Reveal(ExampleFlag()));
+    }
+
+    std::vector<bool> mFlags;
+
+private:
+    const LmExampleBinding& mBinding;
+};
+
+TEST(BindingLayout, TheFlagOfAnExampleBindingIsClearWhileItCopiesAndSetAfterwards)
+{
+    int theModel = 0;
+    LmExampleBinding theBinding;
+    FlagReader theReader(theBinding);
+    theBinding.ObserveKeyPathValue("two", &theReader);
+    theBinding.SetModel(&theModel);
+    EXPECT_TRUE(theBinding.*Reveal(ExampleFlag()));
+    theBinding.SetKeyPathValue("two", LmValue(5UL));
+    theBinding.DoEventFromModel(2);
+    EXPECT_TRUE(theBinding.*Reveal(ExampleFlag()));
+    EXPECT_EQ(theReader.mFlags, (std::vector<bool>{false, true, false}))
+        << "attaching, the test's own call, the model's event";
 }
 
 // Overriding does not move a function: each stands where the class that introduced it has it.

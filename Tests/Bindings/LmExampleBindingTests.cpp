@@ -73,10 +73,10 @@ TEST(LmExampleBinding, TheModelsNotificationReadsItsOwnKeyOnly)
     }
     NotificationRecorder theRecorder;
     ObserveAll(theBinding, theRecorder);
-    theBinding.DoEventFromModel(2);
-    EXPECT_EQ(theRecorder.Take(), (Lines{"changing two", "changed two"}));
     theBinding.DoEventFromModel(1);
     EXPECT_EQ(theRecorder.Take(), (Lines{"changing one", "changed one"}));
+    theBinding.DoEventFromModel(2);
+    EXPECT_EQ(theRecorder.Take(), (Lines{"changing two", "changed two"}));
     theBinding.DoEventFromModel(3);
     EXPECT_EQ(theRecorder.Take(), (Lines{"changing three", "changed three"}));
     for (const UInt32 theEvent : {0U, 4U, 7U, 4294967295U}) {

@@ -171,6 +171,67 @@ TEST_F(LmMenuBindingTest, InitialisingSelfAttachesTheCommand)
     EXPECT_TRUE(theBinding->HasKey("title"));
 }
 
+// A second menu with the command "Heating", in front of the first one.
+class OtherMenu
+{
+public:
+    OtherMenu()
+    {
+        CreateNewMenu(130, 0, &mMenu);
+        AppendMenuItemTextWithCFString(mMenu, CFSTR("Heating Elsewhere"), 0, kHeating, nullptr);
+        AppendMenuItemTextWithCFString(mMenu, CFSTR("Cooling"), 0, kCooling, nullptr);
+        InsertMenu(mMenu, 128);
+        ReleaseMenu(mMenu);
+    }
+    ~OtherMenu() { Dispose(); }
+
+    OtherMenu(const OtherMenu&) = delete;
+    OtherMenu& operator=(const OtherMenu&) = delete;
+
+    static void Dispose() { DeleteMenu(130); }
+    MenuRef Get() const { return mMenu; }
+
+    static constexpr MenuCommand kCooling = 'cool';
+
+private:
+    MenuRef mMenu = nullptr;
+};
+
+TEST_F(LmMenuBindingTest, TheBindingStaysWithTheMenuThatItHasFound)
+{
+    LmMenuBinding* theBinding = new LmMenuBinding(kHeating);
+    const OtherMenu theOther;
+    theBinding->SetKeyPathValue("mark", LmValue(1UL));
+    theBinding->SetKeyPathValue("enabled", LmValue(false));
+    theBinding->SetKeyPathValue("title", TextValue("Warming"));
+    EXPECT_EQ(GetMark(), checkMark);
+    EXPECT_FALSE(IsMenuCommandEnabled(mMenu, kHeating));
+    EXPECT_EQ(GetTitle(2), "Warming");
+    UniChar theMark = 0xFFFF;
+    GetMenuCommandMark(theOther.Get(), kHeating, &theMark);
+    EXPECT_EQ(theMark, noMark);
+    EXPECT_TRUE(IsMenuCommandEnabled(theOther.Get(), kHeating));
+    theBinding->SyncValue("enabled");
+    EXPECT_FALSE(theBinding->GetKeyPathValue("enabled").GetBoolean());
+    theBinding->SyncValue("mark");
+    EXPECT_TRUE(theBinding->GetKeyPathValue("mark").GetBoolean());
+    theBinding->SetKeyPathValue("enabled", LmValue(true));
+    EXPECT_TRUE(IsMenuCommandEnabled(mMenu, kHeating));
+}
+
+TEST_F(LmMenuBindingTest, ACommandOfAnotherMenuTakesTheHandlerThere)
+{
+    const OtherMenu theOther;
+    bool theIsGone = false;
+    LmMenuBinding* theBinding = new Mortal<LmMenuBinding>(theIsGone, kReset);
+    theBinding->SetMenuCommand(OtherMenu::kCooling);
+    EXPECT_EQ(TextOf(theBinding->GetKeyPathValue("title")), "Cooling");
+    RemoveMenu();
+    EXPECT_FALSE(theIsGone) << "the first menu is nothing to the binding any more";
+    OtherMenu::Dispose();
+    EXPECT_TRUE(theIsGone);
+}
+
 TEST_F(LmMenuBindingTest, DetachingKeepsTheKeysAndStopsListening)
 {
     LmMenuBinding theBinding(kHeating);
@@ -283,6 +344,8 @@ TEST_F(LmMenuBindingTest, AnotherCommandOrOneThatIsNotFromAMenuChangesNoKey)
     AskForStatus(kHeating, 0);
     AskForStatus(kHeating, kHICommandFromControl);
     EXPECT_EQ(theRecorder.Take(), Lines{});
+    AskForStatus(kHeating, kHICommandFromMenu | kHICommandFromControl);
+    EXPECT_EQ(theRecorder.Take(), (Lines{"changing mark", "changed mark"})) << "from a menu as well";
 }
 
 // Lets the menu send an event while it is told of a change, and then sets the title.

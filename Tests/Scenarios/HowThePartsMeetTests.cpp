@@ -295,6 +295,26 @@ TEST_F(HowThePartsMeet, OtherHandlersHearEveryEventButReturnInABoundField)
     EXPECT_EQ(theKeys, 3);
 }
 
+TEST_F(HowThePartsMeet, EachBoundsEventOfADraggedEdgeReachesTheKeyOnce)
+{
+    int theEvents = 0;
+    const EventTypeSpec theType = {kEventClassWindow, kEventWindowBoundsChanged};
+    InstallWindowEventHandler(mWindow, NewEventHandlerUPP(CountEvent), 1, &theType, &theEvents, nullptr);
+    auto* const theBinding = new LmWindowBinding(mWindow);
+    NotificationRecorder theRecorder;
+    theBinding->ObserveKeyPathValue("bounds", &theRecorder);
+    EXPECT_TRUE(mUser.ResizeWindow(mWindow, 350, 250));
+    EXPECT_GE(theEvents, 1);
+    Lines theLines;
+    for (int theEvent = 0; theEvent < theEvents; ++theEvent) {
+        theLines.insert(theLines.end(), {"changing bounds", "changed bounds"});
+    }
+    EXPECT_EQ(theRecorder.Take(), theLines);
+    const CGRect theBounds = theBinding->GetKeyPathValue("bounds").GetRect();
+    EXPECT_EQ(theBounds.size.width, 350);
+    EXPECT_EQ(theBounds.size.height, 250);
+}
+
 TEST_F(HowThePartsMeet, EitherSideMayBeDestroyedFirst)
 {
     {

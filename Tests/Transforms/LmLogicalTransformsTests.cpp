@@ -239,6 +239,7 @@ INSTANTIATE_TEST_SUITE_P(
                     AboveRow{"9UL and 10UL", LmValue(9UL), LmValue(10UL), false, false},
                     // -1 reads as the largest unsigned number.
                     AboveRow{"4294967294UL and -1L", LmValue(4294967294UL), LmValue(-1L), false, false},
+                    AboveRow{"4294967295UL and 1L", LmValue(4294967295UL), LmValue(1L), true, true},
                     AboveRow{"10L and 10UL", LmValue(10L), LmValue(10UL), false, true},
                     AboveRow{"11L and 10UL", LmValue(11L), LmValue(10UL), true, true},
                     AboveRow{"-1L and 0L", LmValue(-1L), LmValue(0L), false, false},
@@ -249,6 +250,9 @@ INSTANTIATE_TEST_SUITE_P(
                     AboveRow{"5ULL and -1L", LmValue(5ULL), LmValue(-1L), false, false},
                     AboveRow{"-1LL and 1LL", LmValue(-1LL), LmValue(1LL), false, false},
                     AboveRow{"4294967296LL and 1L", LmValue(4294967296LL), LmValue(1L), true, true},
+                    // No double tells these two apart.
+                    AboveRow{"2^53 + 1 LL and 2^53 LL", LmValue(9007199254740993LL),
+                             LmValue(9007199254740992LL), true, true},
                     AboveRow{"7LL and 7UL", LmValue(7LL), LmValue(7UL), false, true}));
 
 INSTANTIATE_TEST_SUITE_P(Doubles, LmIsAboveTransformTable,

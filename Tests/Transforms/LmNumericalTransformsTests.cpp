@@ -417,6 +417,7 @@ INSTANTIATE_TEST_SUITE_P(
         OperandRow{"2^63 by 1", UInt64Value(0x8000000000000000U), LmValue(1.0),
                    UInt64Value(0x8000000000000000U)},
         OperandRow{"2^63 by 2", UInt64Value(0x8000000000000000U), LmValue(2.0), UInt64Value(UINT64_MAX)},
+        OperandRow{"5ULL by -0.5", LmValue(5ULL), LmValue(-0.5), UInt64Value(UINT64_MAX - 1)},
         OperandRow{"5ULL by NaN", LmValue(5ULL), LmValue(kNaN), LmValue(0ULL)},
         OperandRow{"5LL by -0.5", LmValue(5LL), LmValue(-0.5), LmValue(-2LL)},
         OperandRow{"-5000000000LL by 2", LmValue(-5000000000LL), LmValue(2.0), LmValue(-10000000000LL)},

@@ -238,6 +238,7 @@ INSTANTIATE_TEST_SUITE_P(
                     ReadRow{"007 and more", LmValue(7UL)}, ReadRow{"-1", LmValue(4294967295UL)},
                     ReadRow{"-5", LmValue(4294967291UL)}, ReadRow{"3.75", LmValue(3UL)},
                     ReadRow{"2.5", LmValue(2UL)}, ReadRow{"0x1F", LmValue(0UL)}, ReadRow{"1e3", LmValue(1UL)},
+                    ReadRow{"12:30", LmValue(12UL)}, ReadRow{"12/30", LmValue(12UL)},
                     ReadRow{"4294967295", LmValue(4294967295UL)},
                     ReadRow{"4294967296", LmValue(4294967295UL)}, ReadRow{"-4294967295", LmValue(1UL)},
                     ReadRow{"-4294967296", LmValue(4294967295UL)},
