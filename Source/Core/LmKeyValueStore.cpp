@@ -76,6 +76,7 @@ bool LmKeyValueStore::HasKey(const LmString& theKeyName)
 
 void LmKeyValueStore::ObserveKeyPathValue(const LmString& theKeyPath, LmKeyValueObserver* theObserver)
 {
+    // On purpose: who registers twice is reported, registered twice and told twice.
     LM_ASSERT(!IsObserving(theKeyPath, theObserver));
     LmTrace([&] {
         LogString("Observer %s started watching Key '%s' in Store %s", theObserver->GetDebugInfo().GetUTF8(),
@@ -147,6 +148,7 @@ void LmKeyValueStore::MakeDependency(const LmString& watchedKey, const LmString&
 {
     LM_ASSERT(watchedKey != kKeyAnyValue);
     LM_ASSERT(dependentKey != kKeyAnyValue);
+    // On purpose: a dependency made twice is reported, kept twice and told twice.
     LM_ASSERT(!IsDependent(watchedKey, dependentKey));
     // The name is copied first: when there is no memory for it, no key state shall appear either.
     std::list<LmString> theNewDependent(1, dependentKey);

@@ -200,6 +200,23 @@ TEST_P(AllocationFailure, OfTheFirstSetterMakesNoKey)
     EXPECT_EQ(TakeReports(), Lines{});
 }
 
+TEST_P(AllocationFailure, OfTheFirstChangeOfAKeyMakesNoKey)
+{
+    struct Scene : StoreScene
+    {
+        Scene() { theStore.ObserveKeyPathValue(kLongName, &theObserver); }
+    };
+    bool wasToldOfAChangeNotMade = false;
+    FailEach<Scene>([](Scene& the) { the.theStore.SetKeyPathValue(kLongName, LmValue(7UL)); },
+                    [&](Scene& the, bool hasThrown) {
+                        EXPECT_EQ(the.theStore.HasKey(kLongName), !hasThrown);
+                        EXPECT_EQ(the.theObserver.mCalls == 2, !hasThrown);
+                        wasToldOfAChangeNotMade |= hasThrown && the.theObserver.mCalls == 1;
+                    });
+    EXPECT_TRUE(wasToldOfAChangeNotMade);
+    EXPECT_EQ(TakeReports(), Lines{});
+}
+
 namespace {
 
 // A key with ten observers, one of them twice as a dependent: each pass needs memory for its snapshot.
