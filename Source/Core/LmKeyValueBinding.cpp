@@ -14,8 +14,8 @@
 
 // A transform that is bound belongs to the record that names it. The record is the one holder the binding
 // stands for: Link takes the caller's reference over by storing the record, and RemoveBinding gives it back.
-// The transform may die in there, and with it whatever its destructor takes along; nothing of it is touched
-// afterwards.
+// The transform may die in there, and with it whatever its destructor takes along, the other object included;
+// nothing of it is touched afterwards.
 
 namespace {
 
@@ -117,6 +117,7 @@ OSStatus LmKeyValueBinding::Unbind(const LmString& boundKey, LmKeyValueBinding* 
     const auto theRecord =
         std::find_if(theRecords.begin(), theRecords.end(),
                      [&](const BindingInfo& theInfo) { return theInfo.boundTo == boundTo; });
+    // On purpose: the entry stays, even when its list is empty now, and finding no record is no error.
     if (theRecord != theRecords.end()) {
         RemoveBinding(theEntry, theRecord, boundKey, boundTo);
     }
@@ -139,6 +140,7 @@ OSStatus LmKeyValueBinding::CreateBinding(const LmString& bindKey, bool twoWay, 
     LM_ASSERT(boundKey.IsNotEmpty());
     LM_ASSERT(boundTo != NULL); // NOLINT(modernize-use-nullptr): the text is fixed
     Link(bindKey, twoWay, boundTo, boundKey, transform, reverseTransform);
+    // On purpose: the first value runs from the other object to this one, in a two-way binding too.
     const LmLifeWatch theWatch(this);
     const LmValue theValue = ReadThrough(*boundTo, boundKey, transform);
     if (theValue.IsValid() && !theWatch.IsGone()) {
@@ -154,6 +156,7 @@ void LmKeyValueBinding::AddBinding(const LmString& bindKey, const BindingInfo& t
                                    theInfo.boundTo->GetDebugInfo().GetUTF8(), theInfo.boundKey.GetUTF8());
     });
     // The record is copied first: when there is no memory for it, no entry shall appear either.
+    // On purpose: the same pair may be bound again, which makes a second record.
     BindingList theNewRecord(1, theInfo);
     BindingList& theRecords = mBindings.try_emplace(bindKey).first->second;
     theRecords.splice(theRecords.end(), theNewRecord);
@@ -171,8 +174,14 @@ void LmKeyValueBinding::RemoveBinding(BindingMap::iterator theEntry, BindingList
     // The record is out of everybody's reach from here on, and dies at the end: its key is still needed.
     BindingList theRemoved;
     theRemoved.splice(theRemoved.begin(), theEntry->second, theRecord);
+    const LmLifeWatch theOtherSide(boundTo);
     if (theRecord->transform != nullptr) {
         theRecord->transform->Release();
+    }
+    if (theOtherSide.IsGone()) {
+        // The transform was its owner. It has ended the observation and removed the mirror record itself.
+        // Where there was no object in the first place, there is nothing to end either.
+        return;
     }
     // On purpose: this ends the observation even where another record of this object needs it.
     boundTo->IgnoreKeyPathValue(theRecord->boundKey, this);
@@ -195,6 +204,7 @@ void LmKeyValueBinding::UpdateKey(const LmString& theKey, const BindingInfo& the
     const LmTraceIndent theIndent;
     LmTrace(
         [&] { LmKeyValueStore::LogString("Updating %s.%s", GetDebugInfo().GetUTF8(), theTarget.GetUTF8()); });
+    // On purpose: a value that is not valid is set like any other.
     SetKeyPathValue(theTarget, theValue);
 }
 

@@ -29,7 +29,8 @@
 // Ownership. A binding object does not own the objects that it is bound to; the application owns them all. A
 // transform handed to Bind or BindTo is adopted: the caller's reference becomes the binding's, which
 // gives it back when the binding is removed. To keep a transform, or to hand it out twice, call Retain once
-// for each further holder.
+// for each further holder. A transform may own the object that its values come from, and take it along when
+// it dies; its destructor must not touch the object that was bound, nor destroy it.
 //
 // Lifetime. Destroying an object removes all bindings that it made, and the other half of its two-way
 // bindings. It does not reach one-way bindings that others made to its keys: these must be removed with the

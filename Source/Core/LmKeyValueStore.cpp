@@ -187,7 +187,8 @@ void LmKeyValueStore::NotifyDependents(const LmString& theKeyName)
     // A copy: observers may make and break dependencies of this key.
     const std::vector<LmString> theDependents(theState->theDependents.begin(), theState->theDependents.end());
     const LmLifeWatch theWatch(this);
-    // On purpose: one level deep. The dependents of a dependent key are not told, so a cycle ends here.
+    // On purpose: told afterwards only, and one level deep. The dependents of a dependent key are not told,
+    // so a cycle ends here.
     for (const LmString& theDependent : theDependents) {
         NotifyObservers(theDependent, true);
         if (theWatch.IsGone()) {

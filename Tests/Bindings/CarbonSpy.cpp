@@ -2,6 +2,8 @@
 
 #include "CarbonSpy.h"
 
+#include "LmCodeText.h"
+
 #include <dlfcn.h>
 #include <map>
 
@@ -10,6 +12,7 @@ namespace {
 Lines gWrites;
 std::map<std::string, OSStatus> gFailures;
 Rect gBounds;
+Lines gEvents;
 
 template <typename Function>
 Function* FindReal(const char* theName)
@@ -70,6 +73,20 @@ Rect CarbonSpy::LastBounds()
     return gBounds;
 }
 
+void CarbonSpy::NoteEvents(const EventTypeSpec* theList, ItemCount theCount)
+{
+    gEvents.clear();
+    for (ItemCount theIndex = 0; theIndex < theCount; ++theIndex) {
+        gEvents.push_back(LmCodeText(theList[theIndex].eventClass).GetText() + std::string(" ") +
+                          std::to_string(theList[theIndex].eventKind));
+    }
+}
+
+Lines CarbonSpy::LastEvents()
+{
+    return gEvents;
+}
+
 #define SPY_ON(theResult, theName, theParameters, ...)                                                       \
     extern "C" __attribute__((visibility("default"))) theResult theName theParameters                        \
     {                                                                                                        \
@@ -108,10 +125,6 @@ SPY_ON(OSStatus, CopyControlTitleAsCFString, (ControlRef theControl, CFStringRef
 SPY_ON(OSStatus, GetControlKind, (ControlRef theControl, ControlKind* theKind), theControl, theKind)
 SPY_ON(OSErr, SetKeyboardFocus, (WindowRef theWindow, ControlRef theControl, ControlFocusPart thePart),
        theWindow, theControl, thePart)
-SPY_ON(OSStatus, InstallEventHandler,
-       (EventTargetRef theTarget, EventHandlerUPP theHandler, ItemCount theCount,
-        const EventTypeSpec* theList, void* theData, EventHandlerRef* theReference),
-       theTarget, theHandler, theCount, theList, theData, theReference)
 SPY_ON(OSStatus, RemoveEventHandler, (EventHandlerRef theReference), theReference)
 SPY_ON(OSStatus, GetEventParameter,
        (EventRef theEvent, EventParamName theName, EventParamType theType, EventParamType* theActualType,
@@ -145,3 +158,24 @@ SPY_ON(OSStatus, GetMenuCommandMark, (MenuRef theMenu, MenuCommand theCommand, U
        theCommand, theMark)
 SPY_ON(OSStatus, CopyMenuItemTextAsCFString, (MenuRef theMenu, MenuItemIndex theItem, CFStringRef* theText),
        theMenu, theItem, theText)
+
+extern "C" __attribute__((visibility("default"))) OSStatus
+InstallEventHandler(EventTargetRef theTarget, EventHandlerUPP theHandler, ItemCount theCount,
+                    const EventTypeSpec* theList, void* theData, EventHandlerRef* theReference)
+{
+    using Function =
+        OSStatus(EventTargetRef, EventHandlerUPP, ItemCount, const EventTypeSpec*, void*, EventHandlerRef*);
+    static const auto kReal = FindReal<Function>("InstallEventHandler");
+    CarbonSpy::NoteEvents(theList, theCount);
+    return CallThrough("InstallEventHandler", kReal, theTarget, theHandler, theCount, theList, theData,
+                       theReference);
+}
+
+extern "C" __attribute__((visibility("default"))) OSStatus
+GetControlByID(WindowRef theWindow, const ControlID* theID, ControlRef* theControl)
+{
+    static const auto kReal = FindReal<OSStatus(WindowRef, const ControlID*, ControlRef*)>("GetControlByID");
+    const OSStatus theStatus = kReal(theWindow, theID, theControl);
+    const OSStatus theFailure = CarbonSpy::FailureOf("GetControlByID");
+    return theFailure != noErr ? theFailure : theStatus;
+}

@@ -23,7 +23,11 @@ public:
     // The writing calls since the last time, by name.
     static Lines TakeWrites();
 
-    // Lets every further call of theName fail with theStatus, without doing anything.
+    // The events that InstallEventHandler was last asked for: "cntl 151".
+    static Lines LastEvents();
+
+    // Lets every further call of theName fail with theStatus, without doing anything; GetControlByID finds
+    // its control all the same.
     static void Fail(const std::string& theName, OSStatus theStatus);
 
     // What SetWindowBounds was last asked for, before the Window Manager made anything of it.
@@ -33,6 +37,7 @@ public:
     static OSStatus FailureOf(const char* theName);
     static void NoteWrite(const char* theName);
     static void NoteBounds(const Rect& theBounds);
+    static void NoteEvents(const EventTypeSpec* theList, ItemCount theCount);
 
     CarbonSpy() = delete;
 };

@@ -228,6 +228,27 @@ TEST_F(LmControlBindingTest, AnUnknownIdentifierPrintsTheStatusAndLeavesTheBindi
     EXPECT_EQ(theOther.GetControl(), nullptr);
 }
 
+TEST_F(LmControlBindingTest, AControlThatIsFoundWithAnErrorIsUsedAllTheSame)
+{
+    ControlRef theSlider = MakeSlider(5, 0, 10);
+    const ControlID theID = {kSignature, 0};
+    SetControlID(theSlider, &theID);
+    CarbonSpy::Fail("GetControlByID", paramErr);
+    LmControlBinding* theBinding = new LmControlBinding(mWindow, theID);
+    EXPECT_EQ(theBinding->GetControl(), theSlider);
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{StatusLine(paramErr)});
+    theBinding = new LmControlBinding(mWindow, kSignature);
+    EXPECT_EQ(theBinding->GetControl(), theSlider);
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{StatusLine(paramErr)});
+}
+
+TEST_F(LmControlBindingTest, AttachingInstallsOneHandlerForSixKindsOfEvents)
+{
+    new LmControlBinding(MakeSlider(5, 0, 10));
+    EXPECT_EQ(CarbonSpy::LastEvents(),
+              (Lines{"keyb 1", "cntl 1001", "cntl 151", "cntl 161", "cntl 157", "cntl 158"}));
+}
+
 TEST_F(LmControlBindingTest, ANullControlLeavesTheBindingWithoutOne)
 {
     LmControlBinding theBinding(static_cast<ControlRef>(nullptr));

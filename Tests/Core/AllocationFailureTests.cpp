@@ -362,6 +362,23 @@ TEST_P(AllocationFailure, OfASecondBindingKeepsTheFirst)
     TakeReports();
 }
 
+TEST_P(AllocationFailure, OfABindingKeepsTheObservationThatWasThereBefore)
+{
+    struct Scene : BindingScene
+    {
+        Scene() { theA.ObserveKeyPathValue(kLongName, &theB); }
+    };
+    FailEach<Scene>(
+        [](Scene& the) {
+            the.theA.Bind(kLongName, &the.theB, kOtherLongName, the.theTransform, the.theReverse);
+        },
+        [](Scene& the, bool) {
+            EXPECT_TRUE(the.theA.IsObserving(kLongName, &the.theB));
+            EXPECT_TRUE(the.theB.AmObserving(&the.theA, kLongName));
+        });
+    EXPECT_EQ(TakeReports(), Lines{});
+}
+
 TEST_P(AllocationFailure, OfAOneWayBindingLeavesAllOfItOrNothing)
 {
     FailEach<BindingScene>(

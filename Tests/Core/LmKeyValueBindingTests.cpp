@@ -76,8 +76,10 @@ public:
 class OpenBinding : public LmKeyValueBinding
 {
 public:
-    using LmKeyValueBinding::AddBinding;
+    using LmKeyValueBinding::BindingList;
+    using LmKeyValueBinding::BindingMap;
     using LmKeyValueBinding::CreateBinding;
+    using LmKeyValueBinding::RemoveBinding;
 };
 
 // Two binding objects: b of B holds 40 at first, a of A nothing. What they are told is logged.
@@ -381,6 +383,40 @@ TEST(LmKeyValueBinding, OneWayTheOwnKeyIsNotAskedWhetherItIsBindableOnPurpose)
     StandardErrorCapture::TakeText();
 }
 
+TEST(LmKeyValueBinding, BothKeysAreAskedWhetherTheyAreBindableTheOwnOneFirst)
+{
+    class Asked : public LmKeyValueBinding
+    {
+    public:
+        explicit Asked(Lines& theLog)
+            : mLog(theLog)
+        {
+        }
+
+        bool IsBindable(const LmString& theKeyName) override
+        {
+            mLog.push_back(theKeyName.GetUTF8());
+            return LmKeyValueBinding::IsBindable(theKeyName);
+        }
+
+    private:
+        Lines& mLog;
+    };
+    Lines theLog;
+    Asked theA(theLog);
+    Asked theB(theLog);
+    theA.Bind("a", &theB, "b", nullptr, nullptr);
+    EXPECT_EQ(theLog, (Lines{"a", "b"}));
+    theLog.clear();
+    theA.Bind("*", &theB, "b", nullptr, nullptr);
+    EXPECT_EQ(theLog, Lines{"*"});
+    theLog.clear();
+    theA.BindTo("c", &theB, "d", nullptr);
+    EXPECT_EQ(theLog, Lines{"d"});
+    theA.UnbindAll();
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{kNotBoundThere});
+}
+
 TEST(LmKeyValueBinding, EmptyKeysAreReportedAndBoundAllTheSame)
 {
     OpenBinding theA;
@@ -399,9 +435,23 @@ TEST(LmKeyValueBinding, EmptyKeysAreReportedAndBoundAllTheSame)
 TEST(LmKeyValueBindingDeathTest, AMissingObjectIsReportedBeforeTheCallFails)
 {
     OpenBinding theA;
-    EXPECT_DEATH(theA.CreateBinding("a", false, nullptr, "b", nullptr, nullptr), "boundTo != NULL");
+    EXPECT_DEATH(theA.CreateBinding("a", false, nullptr, "b", nullptr, nullptr),
+                 "line [0-9]+: boundTo != NULL\n");
     // The test framework warns where it cannot count threads, as under emulation.
     StandardErrorCapture::TakeText();
+}
+
+TEST(LmKeyValueBinding, ARecordWithoutAnObjectIsReportedAndRemoved)
+{
+    int theDeaths = 0;
+    OpenBinding theA;
+    OpenBinding::BindingMap theEntries;
+    OpenBinding::BindingList& theRecords = theEntries["a"];
+    theRecords.push_back({nullptr, "b", new Adding(1, &theDeaths)});
+    theA.RemoveBinding(theEntries.begin(), theRecords.begin(), "a", nullptr);
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{Diagnostic(kBinding, "boundTo != NULL")});
+    EXPECT_TRUE(theRecords.empty());
+    EXPECT_EQ(theDeaths, 1);
 }
 
 // ---- Following changes
@@ -879,6 +929,56 @@ TEST(LmKeyValueBinding, TheSameTransformMayServeBothWaysWithAReferenceForEach)
     EXPECT_EQ(the.A(), "40");
     the.theA.UnbindAll();
     EXPECT_EQ(theDeaths, 1);
+}
+
+TEST(LmKeyValueBinding, ATransformIsReleasedBeforeTheObservationEnds)
+{
+    class Witness : public Losing
+    {
+    public:
+        explicit Witness(const std::function<void()>& theAction)
+            : mAction(theAction)
+        {
+        }
+        ~Witness() override { mAction(); }
+
+    private:
+        std::function<void()> mAction;
+    };
+    TwoObjects the;
+    Lines theObserved;
+    const auto theNote = [&] {
+        theObserved.push_back(std::string(Observes(the.theA, the.theB, "b") ? "b" : "-") +
+                              (Observes(the.theB, the.theA, "a") ? "a" : "-"));
+    };
+    the.theA.Bind("a", &the.theB, "b", new Witness(theNote), new Witness(theNote));
+    the.theA.UnbindAll();
+    EXPECT_EQ(theObserved, (Lines{"ba", "-a"}));
+}
+
+TEST(LmKeyValueBinding, ATransformMayOwnTheObjectThatItsValuesComeFrom)
+{
+    class Source : public Adding
+    {
+    public:
+        using Adding::Adding;
+        LmKeyValueBinding mModel;
+    };
+    for (const bool isTwoWay : {false, true}) {
+        int theDeaths = 0;
+        LmKeyValueBinding theA;
+        auto* const theSource = new Source(0, &theDeaths);
+        theSource->mModel.SetKeyValue("b", LmValue(40UL));
+        if (isTwoWay) {
+            theA.Bind("a", &theSource->mModel, "b", theSource, nullptr);
+        } else {
+            theA.BindTo("a", &theSource->mModel, "b", theSource);
+        }
+        EXPECT_EQ(theA.Unbind("a", nullptr), noErr);
+        EXPECT_EQ(theDeaths, 1);
+        EXPECT_EQ(theA.Unbind("a", nullptr), paramErr);
+        theA.SetKeyPathValue("a", LmValue(1UL));
+    }
 }
 
 // ---- Death

@@ -287,6 +287,37 @@ TEST(TraceLog, OfDestroyingTheOtherSide)
     EXPECT_EQ(theTrace.Take(), theExpected);
 }
 
+TEST(TraceLog, OfADerivedBindingObjectShowsItsBasesDescriptionOnceItDies)
+{
+    class Slider : public LmKeyValueBinding
+    {
+    public:
+        LmString GetDebugInfo() const override { return "[Slider]"; }
+    };
+    LmKeyValueBinding theModel;
+    auto theSlider = std::make_unique<Slider>();
+    Trace theTrace;
+    theTrace.Name("Model", theModel);
+    // Made by hand, because the slider has a name of its own.
+    const std::string theBase =
+        std::string("[LmKeyValueBinding ") + theSlider->LmKeyValueStore::GetDebugInfo().GetUTF8() + "]";
+    theSlider->Bind("value", &theModel, "volume", nullptr, nullptr);
+    const Lines theBeginning = {
+        "Lm: Binding [Slider].value to [Binding Model].volume",
+        "Lm: Binding [Binding Model].volume to [Slider].value",
+        "Lm: Observer [Binding Model] started watching Key 'value' in Store [Slider]",
+        "Lm: Observer [Slider] started watching Key 'volume' in Store [Binding Model]"};
+    EXPECT_EQ(theTrace.Take(), theBeginning);
+
+    theSlider.reset();
+    const Lines theEnd = {
+        "Lm: Unbinding " + theBase + ".value from [Binding Model].volume",
+        "Lm: Observer " + theBase + " stopped watching Key 'volume' in Store [Binding Model]",
+        "Lm:     Unbinding [Binding Model].volume from " + theBase + ".value",
+        "Lm:     Observer [Binding Model] stopped watching Key 'value' in Store " + theBase};
+    EXPECT_EQ(theTrace.Take(), theEnd);
+}
+
 TEST(TraceLog, OfADyingStoreAndObserverShowsTheirBaseDescriptions)
 {
     Lines theLog;
