@@ -222,6 +222,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         SetterRow{kTypeBoolean, [](LmValue& theValue) { theValue.SetBoolean(true); },
                   [](const LmValue& theValue) { return theValue.GetBoolean(); }},
+        SetterRow{kTypeBoolean, [](LmValue& theValue) { theValue.SetBoolean(false); },
+                  [](const LmValue& theValue) { return !theValue.GetBoolean(); }},
         SetterRow{kTypeUInt32, [](LmValue& theValue) { theValue.SetUInt32(4294967295UL); },
                   [](const LmValue& theValue) { return theValue.GetUInt32() == 4294967295UL; }},
         SetterRow{kTypeSInt32, [](LmValue& theValue) { theValue.SetSInt32(-12L); },
