@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <type_traits>
 #include <vector>
 
@@ -252,7 +253,18 @@ class BindingSlots : public testing::Test
 
 using Bindings =
     testing::Types<LmControlBinding, LmMenuBinding, LmWindowBinding, LmPreferenceBinding, LmExampleBinding>;
-TYPED_TEST_SUITE(BindingSlots, Bindings);
+
+struct BindingNames
+{
+    template <typename Binding>
+    static std::string GetName(int theIndex)
+    {
+        static const char* const kNames[] = {"Control", "Menu", "Window", "Preference", "Example"};
+        return kNames[theIndex];
+    }
+};
+
+TYPED_TEST_SUITE(BindingSlots, Bindings, BindingNames);
 
 TYPED_TEST(BindingSlots, AreThoseOfTheBase)
 {

@@ -324,6 +324,14 @@ TEST(LmFromStringTransform, ANulEndsTheTextThatNumbersAreReadFrom)
     EXPECT_EQ(FromString(theOther).GetType(), kTypeString);
 }
 
+TEST(LmFromStringTransform, ATextEndsWhereItEndsWhateverWasInTheMemoryBefore)
+{
+    for (std::size_t theLength = 24; theLength < 64; ++theLength) {
+        FromText(std::string(theLength + 1, '9'));
+        EXPECT_EQ(FromText(std::string(theLength - 1, '0') + "7").GetUInt32(), 7U) << theLength;
+    }
+}
+
 TEST(LmFromStringTransform, ReadsTextsOfAMegabyte)
 {
     const std::string theDigits(1 << 20, '9');
