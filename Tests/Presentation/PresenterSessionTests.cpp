@@ -4,11 +4,12 @@
 // screen ends up the same. The program that runs these tests says with which presenters.
 
 #include "PresenterKinds.h"
-#include "TestProgram.h"
+#include "TestMenus.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <Simulation/UserSimulator.h>
+#include <thread>
 
 #include "HeadlessPresenter.h"
 
@@ -163,6 +164,170 @@ TEST_P(PresenterSessionWithWindow, TimersRunWhileThePresenterWaits)
     EXPECT_EQ(Take(), Log{"timer"});
 }
 
+// Events of the program's own.
+constexpr EventTypeSpec kOwnEvent = {'Test', 1};
+
+void PostOwnEvent()
+{
+    EventRef theEvent = nullptr;
+    CreateEvent(nullptr, kOwnEvent.eventClass, kOwnEvent.eventKind, 0, kEventAttributeUserEvent, &theEvent);
+    PostEventToQueue(GetMainEventQueue(), theEvent, kEventPriorityStandard);
+    ReleaseEvent(theEvent);
+}
+
+// Calls theAction for each of them.
+class OwnEventHandler
+{
+public:
+    explicit OwnEventHandler(std::function<void()> theAction)
+        : mAction(std::move(theAction))
+    {
+        InstallEventHandler(GetApplicationEventTarget(), Handle, 1, &kOwnEvent, this, &mHandler);
+    }
+    ~OwnEventHandler() { RemoveEventHandler(mHandler); }
+    OwnEventHandler(const OwnEventHandler&) = delete;
+    OwnEventHandler& operator=(const OwnEventHandler&) = delete;
+
+private:
+    static OSStatus Handle(EventHandlerCallRef, EventRef, void* theUserData)
+    {
+        static_cast<OwnEventHandler*>(theUserData)->mAction();
+        return noErr;
+    }
+
+    std::function<void()> mAction;
+    EventHandlerRef mHandler = nullptr;
+};
+
+TEST_P(PresenterSessionWithWindow, PostedEventsAreHandledInTheirOrder)
+{
+    const OwnEventHandler theHandler([this] {
+        mLog.push_back("posted");
+        if (mLog.size() == 2) {
+            QuitApplicationEventLoop();
+        }
+    });
+    PostOwnEvent();
+    PostOwnEvent();
+    EXPECT_EQ(mLog, Log());
+    RunApplicationEventLoop();
+    EXPECT_EQ(Take(), (Log{"posted", "posted"}));
+}
+
+TEST_P(PresenterSessionWithWindow, AnotherThreadWakesTheLoop)
+{
+    const OwnEventHandler theHandler([] { QuitApplicationEventLoop(); });
+    std::thread thePoster(PostOwnEvent);
+    RunApplicationEventLoop();
+    thePoster.join();
+}
+
+// Handles the program's events until theIsDone says so.
+void RunNestedLoop(const bool& theIsDone)
+{
+    EventRef theEvent = nullptr;
+    while (!theIsDone &&
+           ReceiveNextEvent(0, nullptr, kEventDurationForever, kEventRemoveFromQueue, &theEvent) == noErr) {
+        SendEventToEventTarget(theEvent, GetEventDispatcherTarget());
+        ReleaseEvent(theEvent);
+    }
+}
+
+TEST_P(PresenterSessionWithWindow, ALoopInsideOfAHandlerDoesWhatTheOuterOneDoes)
+{
+    bool theIsNested = false;
+    bool theIsDone = false;
+    const OwnEventHandler theHandler([&] {
+        if (theIsNested) {
+            mLog.push_back("inner");
+            theIsDone = true;
+            return;
+        }
+        theIsNested = true;
+        mLog.push_back("outer begins");
+        EXPECT_TRUE(mUser.Click(mProgram.mCheckBox));
+        PostOwnEvent();
+        RunNestedLoop(theIsDone);
+        mLog.push_back("outer ends");
+        QuitApplicationEventLoop();
+    });
+    PostOwnEvent();
+    RunApplicationEventLoop();
+    EXPECT_EQ(Take(), (Log{"outer begins", "mouse moved", "mouse down", "click", "mouse up", "value", "hit",
+                           "inner", "outer ends"}));
+}
+
+TEST_P(PresenterSessionWithWindow, MenusAreWorked)
+{
+    const TestMenus theMenus;
+    const MenuLog theMenuLog(mLog);
+    Take();
+    EXPECT_EQ(After(mUser.OpenMenu("Heating")),
+              (Log{"begin", "update heat", "update none", "update rset", "opening Heating"}));
+    After(mUser.CloseMenus());
+    const Log theChoice = After(mUser.ChooseCommand('rset'));
+    EXPECT_EQ(std::count(theChoice.begin(), theChoice.end(), "command rset"), 1);
+    const Log theKey = After(mUser.PressKey(kVK_ANSI_R, cmdKey));
+    EXPECT_EQ(std::count(theKey.begin(), theKey.end(), "command rset"), 1);
+}
+
+// What the program hears, and what is on the screen, after each step of a session.
+class PresenterComparison : public PresenterSession
+{
+protected:
+    // One line for each, so that a failure shows which are different.
+    std::string PlayWith(Host::PresenterFactory theFactory)
+    {
+        PresenterRegistry::Use(theFactory());
+        TestProgram theProgram;
+        const TestMenus theMenus;
+        const EventLog theWindowLog(GetWindowEventTarget(theProgram.mWindow.Get()), mLog);
+        const MenuLog theMenuLog(mLog);
+        Play(theProgram);
+        Note(mUser.CloseWindow(theProgram.mWindow.Get()));
+        std::string theCourse;
+        for (const std::string& theEntry : std::exchange(mLog, {})) {
+            theCourse += theEntry + '\n';
+        }
+        return theCourse;
+    }
+
+private:
+    void Play(const TestProgram& theProgram)
+    {
+        const WindowRef theWindow = theProgram.mWindow.Get();
+        Note(mUser.Click(theProgram.mField));
+        Note(mUser.TypeText("Attic & more"));
+        Note(mUser.PressKey(kVK_LeftArrow, shiftKey));
+        Note(mUser.PressKey(kVK_Delete));
+        Note(mUser.PressKey(kVK_Tab));
+        Note(mUser.Click(theProgram.mCheckBox));
+        Note(mUser.DragSlider(theProgram.mSlider, 9));
+        Note(mUser.OpenMenu("Heating"));
+        Note(mUser.ChooseCommand('heat'));
+        Note(mUser.PressKey(kVK_ANSI_R, cmdKey));
+        Note(mUser.MoveWindow(theWindow, 150, 120));
+        Note(mUser.ResizeWindow(theWindow, 400, 250));
+        Note(mUser.CollapseWindow(theWindow));
+        Note(mUser.ExpandWindow(theWindow));
+        Note(mUser.Click(theProgram.mButton));
+    }
+
+    void Note(const UserResult& theResult)
+    {
+        mLog.push_back(theResult ? "done" : theResult.Explain());
+        Turn();
+        mLog.push_back(Screen().DescribeScreen());
+    }
+};
+
+TEST_P(PresenterComparison, TheProgramHearsTheSameAndEndsTheSameAsWithoutAScreen)
+{
+    const std::string theExpected = PlayWith(Host::HeadlessPresenter::Make);
+    EXPECT_NE(theExpected.find("Attic & mor"), std::string::npos);
+    EXPECT_EQ(PlayWith(GetParam().theFactory), theExpected);
+}
+
 TEST_P(PresenterSessionWithWindow, ClosingTheWindowTakesItOffTheScreen)
 {
     const Log theLog = After(mUser.CloseWindow(Window()));
@@ -177,5 +342,6 @@ std::string NameOf(const testing::TestParamInfo<PresenterKind>& theInfo)
 
 INSTANTIATE_TEST_SUITE_P(Presenters, PresenterSession, testing::ValuesIn(PresenterKinds()), NameOf);
 INSTANTIATE_TEST_SUITE_P(Presenters, PresenterSessionWithWindow, testing::ValuesIn(PresenterKinds()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Presenters, PresenterComparison, testing::ValuesIn(PresenterKinds()), NameOf);
 
 } // namespace
