@@ -105,13 +105,12 @@ void Gallery::AddButtons()
 {
     const Rect theCancelPlace = {290, 270, 310, 350};
     const Rect theDefaultPlace = {290, 362, 310, 442};
-    const Boolean theIsSo = true;
     ControlRef theControl = nullptr;
     CreatePushButtonControl(mWindow, &theCancelPlace, CFSTR("Cancel"), &theControl);
-    SetControlData(theControl, kControlEntireControl, kControlPushButtonCancelTag, sizeof theIsSo, &theIsSo);
+    SetWindowCancelButton(mWindow, theControl);
     Bind(theControl);
     CreatePushButtonControl(mWindow, &theDefaultPlace, CFSTR("OK"), &theControl);
-    SetControlData(theControl, kControlEntireControl, kControlPushButtonDefaultTag, sizeof theIsSo, &theIsSo);
+    SetWindowDefaultButton(mWindow, theControl);
     Bind(theControl);
 }
 

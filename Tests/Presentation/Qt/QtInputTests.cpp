@@ -3,16 +3,22 @@
 // What a person does to the widgets on the screen, and what the program hears of it.
 
 #include "HeadlessPresenter.h"
+#include "PaintCounter.h"
 #include "QtPresenter.h"
-#include "TestProgram.h"
+#include "TestMenus.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
 #include <QAbstractButton>
+#include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
+#include <QImage>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QSlider>
 #include <QStyleOptionSlider>
 #include <QTest>
@@ -155,6 +161,25 @@ TEST_F(QtInputTest, DraggingTheHandleOfASliderSetsItWhenItIsLetGo)
     EXPECT_EQ(GetControl32BitValue(mProgram->mSlider), 10);
 }
 
+TEST_F(QtInputTest, ALiveSliderSetsItsValueWhileItIsDragged)
+{
+    const Rect theBounds = MakeRect(10, 140, 210, 160);
+    ControlRef theSlider = nullptr;
+    CreateSliderControl(mProgram->mWindow.Get(), &theBounds, 5, 0, 10, kControlSliderDoesNotPoint, 0, true,
+                        nullptr, &theSlider);
+    TestProgram::Name(theSlider, 'live');
+    Turn();
+    auto& theWidget = static_cast<QSlider&>(Widget('live'));
+    QTest::mousePress(&theWidget, Qt::LeftButton, {}, QPoint(2, theWidget.height() / 2));
+    Turn();
+    EXPECT_EQ(GetControl32BitValue(theSlider), 0);
+    QTest::mouseMove(&theWidget, QPoint(theWidget.width() - 1, theWidget.height() / 2));
+    Turn();
+    EXPECT_EQ(GetControl32BitValue(theSlider), 10);
+    EXPECT_TRUE(theWidget.isSliderDown());
+    QTest::mouseRelease(&theWidget, Qt::LeftButton, {}, QPoint(theWidget.width() - 1, 5));
+}
+
 TEST_F(QtInputTest, APressBesideTheHandleBringsItThere)
 {
     const QPoint theStart(2, Slider().height() / 2);
@@ -232,6 +257,68 @@ TEST_F(QtInputTest, AClickIntoATextPutsTheCaretThere)
     EXPECT_EQ(theSelection.selEnd, 0);
 }
 
+TEST_F(QtInputTest, TabAndShiftTabMoveTheFocus)
+{
+    const Rect theBounds = MakeRect(10, 140, 210, 160);
+    ControlRef theNext = nullptr;
+    CreateEditUnicodeTextControl(mProgram->mWindow.Get(), &theBounds, nullptr, false, nullptr, &theNext);
+    TestProgram::Name(theNext, 'next');
+    QTest::mouseClick(&Field(), Qt::LeftButton);
+    Turn();
+    EXPECT_EQ(WindowWidget().focusWidget(), &Field());
+    QTest::keyClick(&Field(), Qt::Key_Tab);
+    Turn();
+    EXPECT_EQ(WindowWidget().focusWidget(), &Widget('next'));
+    QTest::keyClick(&Widget('next'), Qt::Key_Backtab, Qt::ShiftModifier);
+    Turn();
+    EXPECT_EQ(WindowWidget().focusWidget(), &Field());
+}
+
+struct ButtonKey
+{
+    const char* theName;
+    Qt::Key theKey;
+    Qt::KeyboardModifier theModifier;
+    OSStatus (*theSetter)(WindowRef, ControlRef);
+};
+
+class QtButtonKeys : public QtInputTest, public testing::WithParamInterface<ButtonKey>
+{
+protected:
+    QtButtonKeys()
+    {
+        GetParam().theSetter(mProgram->mWindow.Get(), mProgram->mButton);
+        Take();
+    }
+
+    Log Press()
+    {
+        QTest::keyClick(WindowWidget().focusWidget(), GetParam().theKey, GetParam().theModifier);
+        return Take();
+    }
+};
+
+TEST_P(QtButtonKeys, PressTheirButton)
+{
+    const Log theLog = Press();
+    EXPECT_EQ(std::count(theLog.begin(), theLog.end(), "hit"), 1);
+}
+
+TEST_P(QtButtonKeys, PressNothingWhenAHandlerConsumesThem)
+{
+    mWindowLog->mAnswer = [](const std::string& theName, EventRef) {
+        return theName == "key down" ? OSStatus{noErr} : OSStatus{eventNotHandledErr};
+    };
+    EXPECT_EQ(Press(), (Log{"key down", "key up"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, QtButtonKeys,
+    testing::Values(ButtonKey{"Return", Qt::Key_Return, Qt::NoModifier, SetWindowDefaultButton},
+                    ButtonKey{"Enter", Qt::Key_Enter, Qt::KeypadModifier, SetWindowDefaultButton},
+                    ButtonKey{"Escape", Qt::Key_Escape, Qt::NoModifier, SetWindowCancelButton}),
+    [](const testing::TestParamInfo<ButtonKey>& theInfo) { return theInfo.param.theName; });
+
 TEST_F(QtInputTest, KeysAreHeardByTheWindowWhenNoControlHasThem)
 {
     QTest::keyClick(WindowWidget().focusWidget(), Qt::Key_Escape);
@@ -277,6 +364,144 @@ TEST_F(QtInputTest, AWindowThatIsClosedGoes)
     const Log theLog = Take();
     EXPECT_EQ(std::count(theLog.begin(), theLog.end(), "closed"), 1);
     EXPECT_EQ(Screen().DescribeScreen(), "Nothing is on the screen.\n");
+}
+
+// Menus ------------------------------------------------------------------------------------------------
+
+class QtMenuInput : public QtInputTest
+{
+protected:
+    // The loop shows menus at the end of a turn.
+    QtMenuInput()
+    {
+        Turn();
+        Take();
+    }
+
+    QMenu& Heating() const { return *WindowWidget().findChild<QMenuBar*>()->actions().at(1)->menu(); }
+
+    TestMenus mMenus;
+    MenuLog mMenuLog{mLog};
+};
+
+TEST_F(QtMenuInput, AMenuAsksForTheStateOfItsItemsBeforeItIsSeen)
+{
+    mMenuLog.mAnswer = [this](const std::string& theName) {
+        if (theName == "update rset") {
+            DisableMenuItem(mMenus.mHeating, 4);
+        }
+        return OSStatus{eventNotHandledErr};
+    };
+    EXPECT_TRUE(Heating().actions().at(3)->isEnabled());
+    Heating().popup(QPoint(100, 100));
+    EXPECT_TRUE(Heating().isVisible());
+    EXPECT_FALSE(Heating().actions().at(3)->isEnabled());
+    EXPECT_EQ(Take(), (Log{"begin", "update heat", "update none", "update rset", "opening Heating"}));
+    Heating().close();
+    EXPECT_EQ(Take(), (Log{"closed Heating", "end ", "end Heating"}));
+}
+
+TEST_F(QtMenuInput, AnItemOfASubmenuSendsItsCommandOnce)
+{
+    Heating().actions().at(2)->menu()->actions().at(1)->trigger();
+    const Log theLog = Take();
+    EXPECT_EQ(std::count(theLog.begin(), theLog.end(), "command fahr"), 1);
+}
+
+TEST_F(QtMenuInput, ACommandKeySendsItsCommandOnce)
+{
+    QTest::keyClick(WindowWidget().focusWidget(), Qt::Key_R, Qt::ControlModifier);
+    const Log theLog = Take();
+    EXPECT_EQ(std::count(theLog.begin(), theLog.end(), "command rset"), 1);
+}
+
+// The loop ---------------------------------------------------------------------------------------------
+
+TEST_F(QtInputTest, TenThousandChangesInOneTurnArePaintedOnce)
+{
+    PaintCounter theCounter;
+    while (theCounter.theCount == 0) { // what is painted when a window appears is over
+        Slider().installEventFilter(&theCounter);
+        Slider().update();
+        RunCurrentEventLoop(kEventDurationSecond / 60);
+    }
+    theCounter.theCount = 0;
+    for (SInt32 theStep = 0; theStep < 10000; ++theStep) {
+        SetControl32BitValue(mProgram->mSlider, theStep % 11);
+    }
+    while (theCounter.theCount == 0) {
+        RunCurrentEventLoop(kEventDurationSecond / 60);
+    }
+    EXPECT_EQ(theCounter.theCount, 1);
+    EXPECT_EQ(Slider().value(), 9999 % 11);
+}
+
+TEST_F(QtInputTest, AnIdleLoopSleeps)
+{
+    QTest::mouseClick(&Widget('heat'), Qt::LeftButton);
+    RunCurrentEventLoop(kEventDurationSecond / 2); // until the desktop has answered and all is painted
+    int theCount = 0;
+    const QMetaObject::Connection theConnection = QObject::connect(
+        QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, [&theCount] { ++theCount; });
+    EXPECT_EQ(RunCurrentEventLoop(kEventDurationSecond / 2), eventLoopTimedOutErr);
+    QObject::disconnect(theConnection);
+    // For the look at what has arrived, and for the end.
+    EXPECT_LE(theCount, 4);
+}
+
+// Other presenters -------------------------------------------------------------------------------------
+
+TEST_F(QtInputTest, ThePictureIsTheSameAfterAnotherPresenterHadItsTurn)
+{
+    const TestMenus theMenus;
+    QTest::mouseClick(&Widget('heat'), Qt::LeftButton);
+    SetControl32BitValue(mProgram->mSlider, 9);
+    SetControlData(mProgram->mField, kControlEntireControl, kControlEditTextTextTag, 5, "Attic");
+    HideControl(mProgram->mButton);
+    Turn();
+    const QImage theBefore = WindowWidget().grab().toImage();
+    const QRect thePlace = WindowWidget().geometry();
+    PresenterRegistry::Use(Host::HeadlessPresenter::Make());
+    Turn();
+    auto theNext = std::make_unique<QtPresenter>();
+    mPresenter = theNext.get();
+    PresenterRegistry::Use(std::move(theNext));
+    Turn();
+    EXPECT_EQ(WindowWidget().geometry(), thePlace);
+    EXPECT_EQ(WindowWidget().grab().toImage(), theBefore);
+}
+
+TEST_F(QtInputTest, APresenterStartsWithWhatWasDoneWithoutIt)
+{
+    PresenterRegistry::Use(Host::HeadlessPresenter::Make());
+    Turn();
+    SetControl32BitValue(mProgram->mCheckBox, 2);
+    SetControl32BitValue(mProgram->mSlider, 1);
+    SetWindowTitleWithCFString(mProgram->mWindow.Get(), CFSTR("Thermostat"));
+    auto theNext = std::make_unique<QtPresenter>();
+    mPresenter = theNext.get();
+    PresenterRegistry::Use(std::move(theNext));
+    Turn();
+    EXPECT_EQ(static_cast<QCheckBox&>(Widget('heat')).checkState(), Qt::PartiallyChecked);
+    EXPECT_EQ(Slider().value(), 1);
+    QTest::mouseClick(&Widget('heat'), Qt::LeftButton);
+    Turn();
+    EXPECT_NE(GetControl32BitValue(mProgram->mCheckBox), 2);
+}
+
+TEST_F(QtInputTest, AHandlerMayExchangeThePresenterWhoseReportItHandles)
+{
+    mWindowLog->mAnswer = [](const std::string& theName, EventRef) {
+        if (theName == "key down") {
+            PresenterRegistry::Use(Host::HeadlessPresenter::Make());
+        }
+        return OSStatus{eventNotHandledErr};
+    };
+    QTest::mouseClick(&Field(), Qt::LeftButton);
+    Turn();
+    QTest::keyClick(&Field(), Qt::Key_H);
+    Turn();
+    EXPECT_EQ(TextOf(mProgram->mField), "h");
 }
 
 } // namespace

@@ -2,15 +2,21 @@
 
 // What the widgets show of what the presenter is told, and what they make of menus.
 
+#include "PaintCounter.h"
 #include "QtPresenter.h"
 #include "RecordingGate.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QElapsedTimer>
+#include <QGroupBox>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
@@ -221,19 +227,6 @@ TEST_F(QtLooks, TakesAControlOffTheScreen)
     EXPECT_EQ(WindowWidget().findChild<QCheckBox*>(), nullptr);
 }
 
-// Counts how often a widget is painted.
-class PaintCounter : public QObject
-{
-public:
-    int theCount = 0;
-
-    bool eventFilter(QObject*, QEvent* theEvent) override
-    {
-        theCount += theEvent->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-};
-
 TEST_F(QtLooks, ABurstIsPaintedOncePerFrameAndEndsOnTheLastValue)
 {
     for (const ControlShape theShape : {ControlShape::kSlider, ControlShape::kProgressBar}) {
@@ -255,6 +248,187 @@ TEST_F(QtLooks, ABurstIsPaintedOncePerFrameAndEndsOnTheLastValue)
                                  : static_cast<QProgressBar&>(theWidget).value();
         EXPECT_EQ(theShown, theShape == ControlShape::kSlider ? 9999 % 101 : 9999 % 101 * 100);
     }
+}
+
+// Windows ----------------------------------------------------------------------------------------------
+
+struct AttributeRow
+{
+    const char* theName;
+    bool WindowLook::*theAttribute;
+    Qt::WindowType theHint;
+};
+
+class QtWindowAttributes : public QtLooks, public testing::WithParamInterface<AttributeRow>
+{
+};
+
+TEST_P(QtWindowAttributes, GiveTheWindowItsButtons)
+{
+    WindowLook theLook = Window();
+    theLook.*GetParam().theAttribute = true;
+    mPresenter.WindowLooks(theLook);
+    Turn();
+    EXPECT_TRUE(WindowWidget().windowFlags().testFlag(GetParam().theHint));
+    EXPECT_TRUE(WindowWidget().isVisible());
+    theLook.*GetParam().theAttribute = false;
+    mPresenter.WindowLooks(theLook);
+    Turn();
+    EXPECT_FALSE(WindowWidget().windowFlags().testFlag(GetParam().theHint));
+    EXPECT_TRUE(WindowWidget().isVisible());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Attributes, QtWindowAttributes,
+    testing::Values(AttributeRow{"CloseBox", &WindowLook::theHasCloseBox, Qt::WindowCloseButtonHint},
+                    AttributeRow{"CollapseBox", &WindowLook::theHasCollapseBox, Qt::WindowMinimizeButtonHint},
+                    AttributeRow{"ZoomBox", &WindowLook::theHasZoomBox, Qt::WindowMaximizeButtonHint}),
+    [](const testing::TestParamInfo<AttributeRow>& theInfo) { return theInfo.param.theName; });
+
+TEST_F(QtLooks, ShowsTitlePlaceAndStateOfAWindow)
+{
+    WindowLook theLook = Window();
+    theLook.theTitle = "Half [*] & half";
+    theLook.theIsModified = true;
+    mPresenter.WindowLooks(theLook);
+    Turn();
+    EXPECT_EQ(WindowWidget().windowTitle(), QStringLiteral("Half [*][*] & half[*]")) << "stars that stay";
+    EXPECT_TRUE(WindowWidget().isWindowModified());
+    EXPECT_EQ(WindowWidget().geometry(), QRect(100, 80, 320, 200));
+    theLook.theIsCollapsed = true;
+    mPresenter.WindowLooks(theLook);
+    Turn();
+    EXPECT_TRUE(WindowWidget().isMinimized());
+    theLook.theIsCollapsed = false;
+    mPresenter.WindowLooks(theLook);
+    Turn();
+    EXPECT_FALSE(WindowWidget().isMinimized());
+    theLook.theIsVisible = false;
+    mPresenter.WindowLooks(theLook);
+    Turn();
+    EXPECT_FALSE(WindowWidget().isVisible());
+}
+
+TEST_F(QtLooks, LetsThePersonResizeAWindowWithinItsLimitsAndNoOther)
+{
+    EXPECT_EQ(WindowWidget().minimumSize(), QSize(320, 200));
+    EXPECT_EQ(WindowWidget().maximumSize(), QSize(320, 200));
+    WindowLook theLook = Window();
+    theLook.theIsResizable = true;
+    theLook.theSmallest = {200, 100};
+    theLook.theLargest = {500, 400};
+    mPresenter.WindowLooks(theLook);
+    Turn();
+    EXPECT_EQ(WindowWidget().minimumSize(), QSize(200, 100));
+    EXPECT_EQ(WindowWidget().maximumSize(), QSize(500, 400));
+}
+
+TEST_F(QtLooks, GivesTheKeysToTheControlThatHasThem)
+{
+    auto& theField = Shown<QLineEdit>(Control(ControlShape::kEditText));
+    EXPECT_NE(WindowWidget().focusWidget(), &theField);
+    mPresenter.FocusIsAt(kWindow, kControl);
+    Turn();
+    EXPECT_EQ(WindowWidget().focusWidget(), &theField);
+    mPresenter.FocusIsAt(kWindow, Host::kNoObject);
+    Turn();
+    EXPECT_NE(WindowWidget().focusWidget(), &theField);
+}
+
+TEST_F(QtLooks, ShowsTextsAndTheirKinds)
+{
+    ControlLook theLook = Control(ControlShape::kEditText);
+    theLook.theText = "Käse & <b>Brot</b>";
+    theLook.theSelectionStart = 1;
+    theLook.theSelectionEnd = 3;
+    theLook.theIsPassword = true;
+    const auto& theField = Shown<QLineEdit>(theLook);
+    EXPECT_EQ(theField.text(), QString::fromStdString(theLook.theText));
+    EXPECT_EQ(theField.selectedText().size(), 2);
+    EXPECT_EQ(theField.echoMode(), QLineEdit::Password);
+    theLook.theIsPassword = false;
+    theLook.theIsLocked = true;
+    Shown<QLineEdit>(theLook);
+    EXPECT_EQ(theField.echoMode(), QLineEdit::Normal);
+    EXPECT_TRUE(theField.isReadOnly());
+    theLook.theShape = ControlShape::kStaticText;
+    const auto& theLabel = Shown<QLabel>(theLook);
+    EXPECT_EQ(theLabel.text(), QString::fromStdString(theLook.theText));
+    EXPECT_EQ(theLabel.textFormat(), Qt::PlainText) << "no markup";
+}
+
+TEST_F(QtLooks, KeepsAHiddenControlOffTheScreen)
+{
+    ControlLook theLook = Control(ControlShape::kGroupBox);
+    EXPECT_TRUE(Shown<QGroupBox>(theLook).isVisible());
+    theLook.theIsVisible = false;
+    EXPECT_FALSE(Shown<QGroupBox>(theLook).isVisible());
+    theLook.theIsVisible = true;
+    theLook.theIsEnabled = false;
+    EXPECT_TRUE(Shown<QGroupBox>(theLook).isVisible());
+    EXPECT_FALSE(Shown<QGroupBox>(theLook).isEnabled());
+}
+
+// Colours ----------------------------------------------------------------------------------------------
+
+// A dark desktop while it lives.
+class DarkDesktop
+{
+public:
+    DarkDesktop()
+        : mOld(QApplication::palette())
+    {
+        QApplication::setPalette(QPalette(QColor(49, 54, 59), QColor(42, 46, 50)));
+    }
+    ~DarkDesktop() { QApplication::setPalette(mOld); }
+    DarkDesktop(const DarkDesktop&) = delete;
+    DarkDesktop& operator=(const DarkDesktop&) = delete;
+
+private:
+    QPalette mOld;
+};
+
+// How bright the brightest and the darkest point of a picture are.
+std::pair<int, int> Brightness(const QImage& thePicture)
+{
+    int theLeast = 255;
+    int theMost = 0;
+    for (int theY = 0; theY < thePicture.height(); ++theY) {
+        for (int theX = 0; theX < thePicture.width(); ++theX) {
+            const QRgb thePoint = thePicture.pixel(theX, theY);
+            if (qAlpha(thePoint) == 255) {
+                theLeast = std::min(theLeast, qGray(thePoint));
+                theMost = std::max(theMost, qGray(thePoint));
+            }
+        }
+    }
+    return {theLeast, theMost};
+}
+
+TEST_F(QtLooks, FollowsADesktopThatGrowsDark)
+{
+    auto& theLabel = Shown<QLabel>([] {
+        ControlLook theLook = Control(ControlShape::kStaticText);
+        theLook.theText = "Target";
+        return theLook;
+    }());
+    EXPECT_LT(Brightness(theLabel.grab().toImage()).first, 64) << "dark letters";
+    EXPECT_GT(Brightness(theLabel.grab().toImage()).second, 192) << "on light ground";
+    const DarkDesktop theDesktop;
+    Turn();
+    EXPECT_LT(Brightness(theLabel.grab().toImage()).first, 64) << "dark ground";
+    EXPECT_GT(Brightness(theLabel.grab().toImage()).second, 192) << "under light letters";
+}
+
+TEST_F(QtLooks, ShowsTickMarksOnADarkDesktopToo)
+{
+    const DarkDesktop theDesktop;
+    ControlLook theLook = Control(ControlShape::kSlider);
+    theLook.theBounds = {10, 10, 210, 40};
+    theLook.theTickMarks = 11;
+    auto& theSlider = Shown<QSlider>(theLook);
+    const QRect theTicks(0, theSlider.height() - 4, theSlider.width(), 3);
+    EXPECT_GT(Brightness(theSlider.grab(theTicks).toImage()).second, 96);
 }
 
 // Menus ------------------------------------------------------------------------------------------------
@@ -314,6 +488,15 @@ TEST_F(QtMenuLooks, ShowMarksKeysAndStates)
     const QAction& theInner = *theItems[3]->menu()->actions().at(0);
     EXPECT_FALSE(theInner.isCheckable());
     EXPECT_FALSE(theInner.icon().isNull()) << "a mark that is no check mark";
+}
+
+TEST_F(QtMenuLooks, ShowMarksInTheColoursOfTheDesktop)
+{
+    const QIcon theMark = Menu().actions().at(3)->menu()->actions().at(0)->icon();
+    EXPECT_LT(Brightness(theMark.pixmap(32).toImage()).second, 64);
+    EXPECT_GT(Brightness(theMark.pixmap(QSize(32, 32), QIcon::Disabled).toImage()).second, 64);
+    const DarkDesktop theDesktop;
+    EXPECT_GT(Brightness(theMark.pixmap(32).toImage()).first, 192);
 }
 
 TEST_F(QtMenuLooks, ReportTheChoiceFromTheMenuThatHoldsTheItem)
