@@ -10,7 +10,6 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <langinfo.h>
-#include <locale.h>
 #include <string>
 
 namespace {
@@ -23,10 +22,9 @@ void ExpectLocaleToBeThere()
     if (theExpected == nullptr) {
         return;
     }
-    const locale_t theLocale = newlocale(LC_ALL_MASK, "", nullptr);
-    ASSERT_NE(theLocale, nullptr);
-    EXPECT_STREQ(nl_langinfo_l(RADIXCHAR, theLocale), theExpected);
-    freelocale(theLocale);
+    ASSERT_NE(std::setlocale(LC_NUMERIC, ""), nullptr);
+    EXPECT_STREQ(nl_langinfo(RADIXCHAR), theExpected);
+    std::setlocale(LC_NUMERIC, "C");
 }
 
 TEST(QtApplication, LeavesTheNumbersOfTheProgramAlone)
