@@ -13,6 +13,7 @@ Lines gWrites;
 std::map<std::string, OSStatus> gFailures;
 Rect gBounds;
 Lines gEvents;
+OSType gKindSignature = 0;
 
 template <typename Function>
 Function* FindReal(const char* theName)
@@ -38,6 +39,7 @@ void CarbonSpy::Reset()
 {
     gWrites.clear();
     gFailures.clear();
+    gKindSignature = 0;
 }
 
 Lines CarbonSpy::TakeWrites()
@@ -50,6 +52,11 @@ Lines CarbonSpy::TakeWrites()
 void CarbonSpy::Fail(const std::string& theName, OSStatus theStatus)
 {
     gFailures[theName] = theStatus;
+}
+
+void CarbonSpy::PretendKindsOf(OSType theSignature)
+{
+    gKindSignature = theSignature;
 }
 
 OSStatus CarbonSpy::FailureOf(const char* theName)
@@ -107,8 +114,14 @@ SPY_ON_WRITE(void, SetControl32BitMinimum, (ControlRef theControl, SInt32 theVal
 SPY_ON_WRITE(void, SetControl32BitMaximum, (ControlRef theControl, SInt32 theValue), theControl, theValue)
 SPY_ON_WRITE(OSStatus, EnableControl, (ControlRef theControl), theControl)
 SPY_ON_WRITE(OSStatus, DisableControl, (ControlRef theControl), theControl)
-SPY_ON_WRITE(OSErr, SetControlVisibility, (ControlRef theControl, Boolean theState, Boolean theDraw),
-             theControl, theState, theDraw)
+extern "C" __attribute__((visibility("default"))) OSErr
+SetControlVisibility(ControlRef theControl, Boolean theState, Boolean theDraw)
+{
+    static const auto kReal = FindReal<OSErr(ControlRef, Boolean, Boolean)>("SetControlVisibility");
+    CarbonSpy::NoteWrite(theDraw ? "SetControlVisibility" : "SetControlVisibility without drawing");
+    return CallThrough("SetControlVisibility", kReal, theControl, theState, theDraw);
+}
+
 SPY_ON_WRITE(OSStatus, SetControlTitleWithCFString, (ControlRef theControl, CFStringRef theTitle), theControl,
              theTitle)
 SPY_ON_WRITE(OSErr, SetControlData,
@@ -122,7 +135,17 @@ SPY_ON(OSErr, GetControlData,
        theControl, thePart, theTag, theSize, theData, theActualSize)
 SPY_ON(OSStatus, CopyControlTitleAsCFString, (ControlRef theControl, CFStringRef* theTitle), theControl,
        theTitle)
-SPY_ON(OSStatus, GetControlKind, (ControlRef theControl, ControlKind* theKind), theControl, theKind)
+extern "C" __attribute__((visibility("default"))) OSStatus GetControlKind(ControlRef theControl,
+                                                                          ControlKind* theKind)
+{
+    static const auto kReal = FindReal<OSStatus(ControlRef, ControlKind*)>("GetControlKind");
+    const OSStatus theStatus = CallThrough("GetControlKind", kReal, theControl, theKind);
+    if (theStatus == noErr && gKindSignature != 0) {
+        theKind->signature = gKindSignature;
+    }
+    return theStatus;
+}
+
 SPY_ON(OSErr, SetKeyboardFocus, (WindowRef theWindow, ControlRef theControl, ControlFocusPart thePart),
        theWindow, theControl, thePart)
 SPY_ON(OSStatus, RemoveEventHandler, (EventHandlerRef theReference), theReference)

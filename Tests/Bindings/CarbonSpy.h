@@ -30,6 +30,9 @@ public:
     // its control all the same.
     static void Fail(const std::string& theName, OSStatus theStatus);
 
+    // Lets every further control be of the kind that it is, but of theSignature's making.
+    static void PretendKindsOf(OSType theSignature);
+
     // What SetWindowBounds was last asked for, before the Window Manager made anything of it.
     static Rect LastBounds();
 

@@ -6,6 +6,7 @@
 #include "NotificationRecorder.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace {
 
@@ -313,6 +314,39 @@ TEST_F(LmControlBindingTest, InitialisingSelfAttachesTheControl)
     EXPECT_EQ(theBinding->GetKeyPathValue("value").GetUInt32(), 6UL);
 }
 
+TEST_F(LmControlBindingTest, InitialisingSelfForgetsTheHandlerOfAnEarlierControlWithoutRemovingIt)
+{
+    bool isGone = false;
+    ControlRef theFirst = MakeSlider(5, 0, 10);
+    ControlRef theSecond = MakeSlider(6, 0, 10);
+    MortalBinding* theBinding = new MortalBinding(isGone);
+    theBinding->SetControl(theFirst);
+    theBinding->InitialiseSelf(theSecond);
+    EXPECT_EQ(theBinding->GetControl(), theSecond);
+    DisposeControl(theFirst);
+    EXPECT_TRUE(isGone);
+}
+
+TEST_F(LmControlBindingTest, AControlWhoseKindIsNotToldIsNoTextAlsoAfterOneThatWas)
+{
+    LmControlBinding* theBinding = new LmControlBinding(MakeEditText(CFSTR("first")));
+    ControlRef theNext = MakeEditText(CFSTR("second"));
+    CarbonSpy::Fail("GetControlKind", paramErr);
+    theBinding->SetControl(theNext);
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{StatusLine(paramErr)});
+    EXPECT_EQ(theBinding->GetKeyPathValue("value").GetType(), kTypeUInt32);
+}
+
+TEST_F(LmControlBindingTest, ATextKindOfAnotherMakerIsNoText)
+{
+    LmControlBinding* theBinding = new LmControlBinding(MakeEditText(CFSTR("first")));
+    for (ControlRef theControl : {MakeEditText(CFSTR("edit")), MakeStaticText(CFSTR("static"))}) {
+        CarbonSpy::PretendKindsOf('othr');
+        theBinding->SetControl(theControl);
+        EXPECT_EQ(theBinding->GetKeyPathValue("value").GetType(), kTypeUInt32);
+    }
+}
+
 // From the keys to the control -------------------------------------------------------------------------
 
 TEST_F(LmControlBindingTest, SettingTheNumberKeysSetsTheControl)
@@ -339,6 +373,19 @@ TEST_F(LmControlBindingTest, NumbersOfOtherKindsAreConverted)
     EXPECT_EQ(GetControl32BitValue(theSlider), 8);
     theBinding->SetKeyPathValue("value", LmValue(true));
     EXPECT_EQ(GetControl32BitValue(theSlider), 1);
+}
+
+TEST_F(LmControlBindingTest, NumbersAboveTheSignedRangeKeepTheirBits)
+{
+    ControlRef theSlider = MakeSlider(0, std::numeric_limits<SInt32>::min(), 0);
+    LmControlBinding* theBinding = new LmControlBinding(theSlider);
+    for (const char* theKey : {"minimum", "value", "maximum"}) {
+        theBinding->SetKeyPathValue(theKey, LmValue(3000000000.0));
+    }
+    // What does not fit into a signed number is the negative one with the same bits.
+    EXPECT_EQ(GetControl32BitMinimum(theSlider), SInt32{-1294967296});
+    EXPECT_EQ(GetControl32BitValue(theSlider), SInt32{-1294967296});
+    EXPECT_EQ(GetControl32BitMaximum(theSlider), SInt32{-1294967296});
 }
 
 TEST_F(LmControlBindingTest, SettingTheStateKeysEnablesAndShowsTheControl)
@@ -678,6 +725,18 @@ TEST_F(LmControlBindingTest, TheBranchesAssertTheClassOfTheirEvents)
     EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(),
               Lines{"Source/Bindings/LmControlBinding.cpp, line #: "
                     "GetEventClass(theEvent) == kEventClassControl"});
+}
+
+TEST_F(LmControlBindingTest, AfterAnEventOfTheWrongClassKeysAreWrittenToTheControlAsBefore)
+{
+    ControlRef theSlider = MakeSlider(5, 0, 10);
+    LmControlBinding* theBinding = new LmControlBinding(theSlider);
+    const TestEvent theEvent(kEventClassMouse, kEventMouseDown);
+    theBinding->DoEventKeyboard(theEvent.GetEvent(), kEventMouseDown);
+    theBinding->DoEventControl(theEvent.GetEvent(), kEventMouseDown);
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics().size(), 2u);
+    theBinding->SetKeyPathValue("value", LmValue(7UL));
+    EXPECT_EQ(CarbonSpy::TakeWrites(), Lines{"SetControl32BitValue"});
 }
 
 // Death ------------------------------------------------------------------------------------------------
