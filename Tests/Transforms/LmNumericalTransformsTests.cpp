@@ -395,6 +395,7 @@ INSTANTIATE_TEST_SUITE_P(
     Integers32, LmScaleTransformTable,
     testing::Values(
         OperandRow{"5UL by 0.5", LmValue(5UL), LmValue(0.5), LmValue(2UL)},
+        OperandRow{"4000000000UL by 0.5", LmValue(4000000000UL), LmValue(0.5), LmValue(2000000000UL)},
         OperandRow{"2000000000UL by 2", LmValue(2000000000UL), LmValue(2.0), LmValue(4000000000UL)},
         OperandRow{"2000000000UL by 3", LmValue(2000000000UL), LmValue(3.0), UInt32Value(UINT32_MAX)},
         OperandRow{"3UL by -0.5", LmValue(3UL), LmValue(-0.5), UInt32Value(UINT32_MAX)},
