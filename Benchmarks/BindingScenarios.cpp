@@ -12,15 +12,24 @@ const SInt32 kSliderMaximum = 1000;
 const MenuCommand kCommand = 'mark';
 const MenuID kMenuNumber = 128;
 
+// The kinds that a transform is meant for, as their places in kKinds.
+using Kinds = unsigned;
+const Kinds kBoolean = 0x001;
+const Kinds kNumbers = 0x03E;
+const Kinds kText = 0x040;
+const Kinds kPointer = 0x080;
+const Kinds kGeometry = 0x700;
+const Kinds kAll = kBoolean | kNumbers | kText | kPointer | kGeometry;
+
 struct NamedTransform
 {
     const char* theName;
-    std::size_t theFirstKind; // of kKinds
-    std::size_t theLastKind;
-    LmValueTransform* (*theFactory)();
+    Kinds theKinds;
+    // theValue is of the kind that it will be applied to.
+    LmValueTransform* (*theFactory)(const LmValue& theValue);
 };
 
-LmValueTransform* NewListTransform()
+LmValueTransform* NewListTransform(const LmValue&)
 {
     auto* theList = new LmListTransform;
     for (int theCount = 0; theCount < 3; ++theCount) {
@@ -32,19 +41,25 @@ LmValueTransform* NewListTransform()
 }
 
 const std::array<NamedTransform, 13> kTransforms = {{
-    {"IsNull", 0, 6, []() -> LmValueTransform* { return new LmIsNullTransform; }},
-    {"IsNotNull", 0, 6, []() -> LmValueTransform* { return new LmIsNotNullTransform; }},
-    {"IsAbove", 0, 5, []() -> LmValueTransform* { return new LmIsAboveTransform(LmValue(10L), true); }},
-    {"IsBelow", 0, 5, []() -> LmValueTransform* { return new LmIsBelowTransform(LmValue(10L), true); }},
-    {"IsEqual", 0, 6, []() -> LmValueTransform* { return new LmIsEqualTransform(LmValue(10L)); }},
-    {"IsNotEqual", 0, 6, []() -> LmValueTransform* { return new LmIsNotEqualTransform(LmValue(10L)); }},
-    {"Absolute", 0, 5, []() -> LmValueTransform* { return new LmAbsoluteTransform; }},
-    {"Add", 1, 5, []() -> LmValueTransform* { return new LmAddTransform(LmValue(10L)); }},
-    {"Scale", 1, 5, []() -> LmValueTransform* { return new LmScaleTransform(1.5); }},
-    {"Negate", 0, 5, []() -> LmValueTransform* { return new LmNegateTransform; }},
-    {"ToString", 0, 6, []() -> LmValueTransform* { return new LmToStringTransform; }},
-    {"FromString", 6, 6, []() -> LmValueTransform* { return new LmFromStringTransform; }},
-    {"ListOfThree", 0, 5, NewListTransform},
+    {"IsNull", kAll, [](const LmValue&) -> LmValueTransform* { return new LmIsNullTransform; }},
+    {"IsNotNull", kAll, [](const LmValue&) -> LmValueTransform* { return new LmIsNotNullTransform; }},
+    {"IsAbove", kAll & ~kGeometry,
+     [](const LmValue& theValue) -> LmValueTransform* { return new LmIsAboveTransform(theValue, true); }},
+    {"IsBelow", kAll & ~kGeometry,
+     [](const LmValue& theValue) -> LmValueTransform* { return new LmIsBelowTransform(theValue, true); }},
+    {"IsEqual", kAll,
+     [](const LmValue& theValue) -> LmValueTransform* { return new LmIsEqualTransform(theValue); }},
+    {"IsNotEqual", kAll,
+     [](const LmValue& theValue) -> LmValueTransform* { return new LmIsNotEqualTransform(theValue); }},
+    {"Absolute", kAll, [](const LmValue&) -> LmValueTransform* { return new LmAbsoluteTransform; }},
+    {"Add", kAll, [](const LmValue& theValue) -> LmValueTransform* { return new LmAddTransform(theValue); }},
+    {"Scale", kNumbers | kGeometry,
+     [](const LmValue&) -> LmValueTransform* { return new LmScaleTransform(1.5); }},
+    {"Negate", kBoolean | kNumbers | kGeometry,
+     [](const LmValue&) -> LmValueTransform* { return new LmNegateTransform; }},
+    {"ToString", kAll, [](const LmValue&) -> LmValueTransform* { return new LmToStringTransform; }},
+    {"FromString", kText, [](const LmValue&) -> LmValueTransform* { return new LmFromStringTransform; }},
+    {"ListOfThree", kBoolean | kNumbers | kGeometry, NewListTransform},
 }};
 
 struct NamedValue
@@ -53,7 +68,7 @@ struct NamedValue
     LmValue (*theMaker)();
 };
 
-const std::array<NamedValue, 7> kKinds = {{
+const std::array<NamedValue, 11> kKinds = {{
     {"boolean", [] { return LmValue(true); }},
     {"unsigned32", [] { return LmValue(42UL); }},
     {"signed32", [] { return LmValue(-42L); }},
@@ -61,6 +76,10 @@ const std::array<NamedValue, 7> kKinds = {{
     {"signed64", [] { return LmValue(-4200000000000LL); }},
     {"double", [] { return LmValue(42.25); }},
     {"string", [] { return LmValue(CFSTR("42"), false); }},
+    {"pointer", [] { return LmValue(static_cast<const void*>(&kWindowPlace)); }},
+    {"point", [] { return LmValue(CGPointMake(1.5, 2.5)); }},
+    {"size", [] { return LmValue(CGSizeMake(3.5, 4.5)); }},
+    {"rectangle", [] { return LmValue(CGRectMake(1.5, 2.5, 3.5, 4.5)); }},
 }};
 
 template <typename Table>
@@ -101,8 +120,8 @@ CFStringRef MemoryDomain()
 } // namespace
 
 TransformScenario::TransformScenario(std::size_t theTransform, std::size_t theKind)
-    : mTransform(kTransforms.at(theTransform).theFactory()),
-      mValue(kKinds.at(theKind).theMaker()),
+    : mValue(kKinds.at(theKind).theMaker()),
+      mTransform(kTransforms.at(theTransform).theFactory(mValue)),
       mFirstResult(mTransform->Apply(mValue))
 {
 }
@@ -136,8 +155,7 @@ const std::vector<const char*>& TransformScenario::KindNames()
 
 bool TransformScenario::IsMeantFor(std::size_t theTransform, std::size_t theKind)
 {
-    const NamedTransform& theRow = kTransforms.at(theTransform);
-    return theKind >= theRow.theFirstKind && theKind <= theRow.theLastKind;
+    return (kTransforms.at(theTransform).theKinds & (1U << theKind)) != 0;
 }
 
 ControlEventScenario::ControlEventScenario()

@@ -31,8 +31,8 @@ public:
     static bool IsMeantFor(std::size_t theTransform, std::size_t theKind);
 
 private:
-    LmValueTransform* mTransform; // one reference is owned
     LmValue mValue;
+    LmValueTransform* mTransform; // one reference is owned
     LmValue mFirstResult;
     LmValue mResult;
 };
