@@ -33,7 +33,6 @@ using Host::ControlLook;
 using Host::ControlShape;
 using Host::MenuBarLook;
 using Host::MenuItemLook;
-using Host::MenuLook;
 using Host::ObjectId;
 using Host::QtPresenter;
 using Host::WindowLook;
