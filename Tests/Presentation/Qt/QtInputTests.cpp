@@ -22,6 +22,7 @@
 #include <QSlider>
 #include <QStyleOptionSlider>
 #include <QTest>
+#include <QWheelEvent>
 
 namespace {
 
@@ -178,6 +179,23 @@ TEST_F(QtInputTest, ALiveSliderSetsItsValueWhileItIsDragged)
     EXPECT_EQ(GetControl32BitValue(theSlider), 10);
     EXPECT_TRUE(theWidget.isSliderDown());
     QTest::mouseRelease(&theWidget, Qt::LeftButton, {}, QPoint(theWidget.width() - 1, 5));
+}
+
+TEST_F(QtInputTest, TheWheelOverASliderMovesItUnlessAHandlerTakesIt)
+{
+    const auto theTurn = [this] {
+        QWheelEvent theEvent(Slider().rect().center(), Slider().mapToGlobal(Slider().rect().center()), {},
+                             QPoint(0, 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&Slider(), &theEvent);
+        Turn();
+        return GetControl32BitValue(mProgram->mSlider);
+    };
+    const SInt32 theFirst = theTurn();
+    EXPECT_GT(theFirst, 5);
+    mWindowLog->mAnswer = [](const std::string& theName, EventRef) {
+        return theName == "wheel" ? OSStatus{noErr} : OSStatus{eventNotHandledErr};
+    };
+    EXPECT_EQ(theTurn(), theFirst);
 }
 
 TEST_F(QtInputTest, APressBesideTheHandleBringsItThere)

@@ -25,6 +25,7 @@
 #include <QScrollBar>
 #include <QSlider>
 #include <QTest>
+#include <QTimer>
 #include <utility>
 
 namespace {
@@ -522,6 +523,35 @@ TEST_F(QtMenuLooks, AreBroughtUpToDateBeforeTheyOpen)
     Menu().close();
     Turn();
     EXPECT_EQ(mGate.Take(), (Reports{"menu opened 7", "menu closed 7"}));
+}
+
+// Clicks on an item as soon as the menu is open; on none, closes it.
+void ClickOnPopUp(int theItem)
+{
+    QTimer::singleShot(0, [theItem] {
+        auto* const theMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_NE(theMenu, nullptr);
+        if (theItem == 0) {
+            theMenu->close();
+        } else {
+            const QRect thePlace = theMenu->actionGeometry(theMenu->actions().at(theItem - 1));
+            QTest::mouseClick(theMenu, Qt::LeftButton, {}, thePlace.center());
+        }
+    });
+}
+
+TEST_F(QtMenuLooks, ReturnTheChoiceFromAPopUp)
+{
+    Host::PopUpLook theLook;
+    theLook.theMenu = Menus().theMenus[0];
+    theLook.thePlace = {150, 150};
+    theLook.theItem = 1;
+    ClickOnPopUp(1);
+    const Host::MenuChoice theChoice = mPresenter.RunPopUp(theLook);
+    EXPECT_EQ(theChoice.theMenu, kMenu);
+    EXPECT_EQ(theChoice.theItem, 1);
+    ClickOnPopUp(0);
+    EXPECT_EQ(mPresenter.RunPopUp(theLook).theMenu, Host::kNoObject);
 }
 
 TEST_F(QtMenuLooks, MayGoWhileTheyOpen)
