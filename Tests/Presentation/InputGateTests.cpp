@@ -764,6 +764,22 @@ TEST_F(InputGate, AQuitRequestEndsTheApplicationLoop)
     RemoveEventLoopTimer(theTimer);
 }
 
+TEST_F(InputGate, APresenterWithALoopOfItsOwnFiresTheTimersAndHearsWhenTheNextIsDue)
+{
+    EXPECT_LT(Gate().FireTimers(), 0);
+    int theCount = 0;
+    EventLoopTimerRef theTimer = nullptr;
+    const auto Count = [](EventLoopTimerRef, void* theCounter) { ++*static_cast<int*>(theCounter); };
+    InstallEventLoopTimer(GetMainEventLoop(), 0, 3600, Count, &theCount, &theTimer);
+    const double theWait = Gate().FireTimers();
+    EXPECT_EQ(theCount, 1);
+    EXPECT_GT(theWait, 3500);
+    EXPECT_LE(theWait, 3600);
+    Gate().FireTimers();
+    EXPECT_EQ(theCount, 1);
+    RemoveEventLoopTimer(theTimer);
+}
+
 TEST_F(InputGate, NothingIsHeldDownForThePresenterThatComesNext)
 {
     Gate().PointerPressed(At(mWindow, 300, 150));

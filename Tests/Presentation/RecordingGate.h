@@ -26,6 +26,9 @@ public:
     // Called after each report, as a handler of the program would be.
     std::function<void(const std::string&)> mHandler;
 
+    // The timers of the program.
+    std::function<double()> mTimers;
+
     bool PointerPressed(const Host::PointerAction& theAction) override
     {
         return Note("pressed", theAction.theWindow);
@@ -78,6 +81,7 @@ public:
     }
     bool MenuClosed(Host::ObjectId theMenu) override { return Note("menu closed", theMenu); }
     bool QuitAsked() override { return Note("quit", 0); }
+    double FireTimers() override { return mTimers ? mTimers() : -1; }
 
 private:
     bool Note(const char* theWhat, std::uint32_t theWhom)

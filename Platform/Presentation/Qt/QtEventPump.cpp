@@ -15,12 +15,12 @@ namespace {
 // No timer of Qt's waits longer than 24 days. Waking once an hour for nothing costs nothing.
 constexpr double kLongestSleep = 3600;
 
-int Milliseconds(double theSeconds)
+} // namespace
+
+int QtEventPump::Milliseconds(double theSeconds)
 {
     return static_cast<int>(std::ceil(std::clamp(theSeconds, 0.0, kLongestSleep) * 1000));
 }
-
-} // namespace
 
 QtEventPump::QtEventPump()
 {

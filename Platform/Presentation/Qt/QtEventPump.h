@@ -15,6 +15,9 @@ class QtEventPump
 public:
     QtEventPump();
 
+    // What a timer of Qt's is given to wait that long, an hour at the most.
+    static int Milliseconds(double theSeconds);
+
     // Handles what has arrived, without waiting.
     void Poll();
 

@@ -3,6 +3,7 @@
 #include "QtMenuBar.h"
 
 #include "QtControl.h"
+#include "QtEventPump.h"
 #include "QtKeys.h"
 
 #include <QApplication>
@@ -242,7 +243,7 @@ void FillPopUp(QMenu& theMenu, const MenuLook& theLook)
 
 } // namespace
 
-MenuChoice QtMenuBar::Choose(const PopUpLook& theLook)
+MenuChoice QtMenuBar::Choose(const PopUpLook& theLook, const std::function<double()>& theTimers)
 {
     QMenu theMenu;
     FillPopUp(theMenu, theLook.theMenu);
@@ -251,6 +252,14 @@ MenuChoice QtMenuBar::Choose(const PopUpLook& theLook)
     }
     const auto theCurrent = static_cast<qsizetype>(theLook.theItem) - 1;
     const bool theHasCurrent = theCurrent >= 0 && theCurrent < theMenu.actions().size();
+    QTimer theTimer;
+    theTimer.setSingleShot(true);
+    QObject::connect(&theTimer, &QTimer::timeout, &theMenu, [&] {
+        if (const double theWait = theTimers(); theWait >= 0) {
+            theTimer.start(QtEventPump::Milliseconds(theWait));
+        }
+    });
+    theTimer.start(0);
     const QAction* const theChosen = theMenu.exec(QPoint(theLook.thePlace.theX, theLook.thePlace.theY),
                                                   theHasCurrent ? theMenu.actions().at(theCurrent) : nullptr);
     if (theChosen == nullptr) {

@@ -35,8 +35,9 @@ public:
     // Puts the menus into the bar of a window.
     void Fill(QMenuBar& theBar) const;
 
-    // Shows a menu by itself and waits for the choice.
-    static MenuChoice Choose(const PopUpLook& theLook);
+    // Shows a menu by itself and waits for the choice. Meanwhile theTimers is called whenever time has come:
+    // it returns after how many seconds it is to be called again, a negative number for never.
+    static MenuChoice Choose(const PopUpLook& theLook, const std::function<double()>& theTimers);
 
 private:
     struct Menu;

@@ -552,7 +552,12 @@ void QtPresenter::OpenMenu(ObjectId theMenu)
 MenuChoice QtPresenter::RunPopUp(const PopUpLook& theLook)
 {
     ShowNow();
-    return IsRunning() ? QtMenuBar::Choose(theLook) : MenuChoice();
+    const auto theTimers = [this] {
+        const double theWait = mEvents != nullptr ? mEvents->FireTimers() : -1;
+        ShowNow();
+        return theWait;
+    };
+    return IsRunning() ? QtMenuBar::Choose(theLook, theTimers) : MenuChoice();
 }
 
 // Pictures ---------------------------------------------------------------------------------------------

@@ -2,6 +2,7 @@
 
 #include "InputGate.h"
 
+#include "EventLoopTimers.h"
 #include "Internal/Control.h"
 #include "Internal/EventTargets.h"
 #include "Internal/KeyboardFocus.h"
@@ -11,6 +12,7 @@
 #include "KeyText.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace Host {
@@ -470,6 +472,13 @@ bool InputGate::QuitAsked()
 {
     QuitApplicationEventLoop();
     return true;
+}
+
+double InputGate::FireTimers()
+{
+    FireDueTimers();
+    const double theNext = NextTimerTime();
+    return std::isfinite(theNext) ? std::max(0.0, theNext - GetCurrentEventTime()) : -1;
 }
 
 } // namespace Host

@@ -47,6 +47,7 @@ public:
     bool MenuClosed(ObjectId theMenu) override;
 
     bool QuitAsked() override;
+    double FireTimers() override;
 
     // Forgets what is held down: whoever has reported it will not report the release.
     void LetGo();

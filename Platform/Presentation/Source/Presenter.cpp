@@ -31,6 +31,11 @@ bool PresenterEvents::WasTaken() const
     return false;
 }
 
+double PresenterEvents::FireTimers()
+{
+    return -1;
+}
+
 bool PresenterEvents::PartPressed(const PartPress&)
 {
     return false;

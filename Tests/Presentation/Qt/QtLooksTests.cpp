@@ -554,6 +554,23 @@ TEST_F(QtMenuLooks, ReturnTheChoiceFromAPopUp)
     EXPECT_EQ(mPresenter.RunPopUp(theLook).theMenu, Host::kNoObject);
 }
 
+TEST_F(QtMenuLooks, LetTimersRunWhileAPopUpIsOpen)
+{
+    Host::PopUpLook theLook;
+    theLook.theMenu = Menus().theMenus[0];
+    theLook.thePlace = {150, 150};
+    int theCount = 0;
+    mGate.mTimers = [&] {
+        if (++theCount < 3) {
+            return 0.001;
+        }
+        QApplication::activePopupWidget()->close();
+        return -1.0;
+    };
+    EXPECT_EQ(mPresenter.RunPopUp(theLook).theMenu, Host::kNoObject);
+    EXPECT_EQ(theCount, 3);
+}
+
 TEST_F(QtMenuLooks, MayGoWhileTheyOpen)
 {
     mGate.mHandler = [this](const std::string& theReport) {

@@ -81,6 +81,11 @@ public:
 
     // The desktop asks the application to quit.
     virtual bool QuitAsked() = 0;
+
+    // Time. Calls the program's timers that are due and returns how many seconds remain until the next is,
+    // or a negative number when none is running. Only for RunPopUp, which waits in a loop of its own: whoever
+    // calls WaitUntil sees to the timers himself. The default has none.
+    virtual double FireTimers();
 };
 
 } // namespace Host
