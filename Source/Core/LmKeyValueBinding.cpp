@@ -2,6 +2,7 @@
 
 #include "LmKeyValueBinding.h"
 
+#include "LmAnyKey.h"
 #include "LmDiagnostics.h"
 #include "LmLifeWatch.h"
 #include "LmRollback.h"
@@ -67,10 +68,11 @@ void LmKeyValueBinding::ValueChanged(const LmKeyValueStore* theStore, const LmSt
     for (const auto& theEntry : mBindings) {
         for (const BindingInfo& theInfo : theEntry.second) {
             // A binding object is the store that is its base, so this finds what casting theStore down would.
-            const LmKeyValueStore* theSource = theInfo.boundTo;
-            if (theInfo.boundKey == theKeyName && theSource == theStore) {
+            const LmKeyValueStore& theSource = *theInfo.boundTo;
+            // The objects first, which are compared at once.
+            if (&theSource == theStore && theInfo.boundKey == theKeyName) {
                 // On purpose: only the first record is served.
-                UpdateKey(theEntry.first, theInfo);
+                UpdateKey(theEntry.first, *theStore, theKeyName, theInfo.transform);
                 return;
             }
         }
@@ -190,14 +192,14 @@ void LmKeyValueBinding::RemoveBinding(BindingMap::iterator theEntry, BindingList
     LM_CHECK_STATUS(boundTo->Unbind(theRecord->boundKey, this));
 }
 
-// Sets the key that theInfo drives to the value of the key that it names.
-void LmKeyValueBinding::UpdateKey(const LmString& theKey, const BindingInfo& theInfo)
+// Sets a key to what transform, if there is one, makes of a key of theStore.
+void LmKeyValueBinding::UpdateKey(const LmString& theKey, const LmKeyValueStore& theStore,
+                                  const LmString& theStoreKey, LmValueTransform* transform)
 {
-    // A copy: the transform may remove the binding, and theKey and theInfo with it. It may even destroy this
-    // object.
+    // A copy: the transform may remove the binding, and theKey with it. It may even destroy this object.
     const LmString theTarget = theKey; // NOLINT(performance-unnecessary-copy-initialization)
     const LmLifeWatch theWatch(this);
-    const LmValue theValue = ReadThrough(*theInfo.boundTo, theInfo.boundKey, theInfo.transform);
+    const LmValue theValue = ReadThrough(theStore, theStoreKey, transform);
     if (theWatch.IsGone()) {
         return;
     }

@@ -164,7 +164,8 @@ private:
     bool ObserveOnce(const LmString& theKey, LmKeyValueObserver* theObserver);
     bool HasEntry(const LmString& bindKey) const;
     void RemoveEntry(BindingMap::iterator theEntry);
-    void UpdateKey(const LmString& theKey, const BindingInfo& theInfo);
+    void UpdateKey(const LmString& theKey, const LmKeyValueStore& theStore, const LmString& theStoreKey,
+                   LmValueTransform* transform);
 
     BindingMap mBindings; // the records by own key, in the order of binding; entries are erased by Unbind
                           // with a null object

@@ -2,7 +2,9 @@
 
 #include "LmKeyValueStore.h"
 
+#include "LmAnyKey.h"
 #include "LmDiagnostics.h"
+#include "LmKeyMemo.h"
 #include "LmKeyValueObserver.h"
 #include "LmLifeWatch.h"
 #include "LmObserverSnapshot.h"
@@ -27,15 +29,19 @@ LmValue LmKeyValueStore::GetKeyValue(const LmString& theKeyName) const
 {
     LM_ASSERT(theKeyName.IsNotEmpty());
     LM_ASSERT(theKeyName != kKeyAnyValue);
-    const auto theEntry = mValues.find(theKeyName);
-    return theEntry != mValues.end() ? theEntry->second : LmValue();
+    const LmValue* theValue = FindValue(theKeyName);
+    return theValue != nullptr ? *theValue : LmValue();
 }
 
 void LmKeyValueStore::SetKeyValue(const LmString& theKeyName, const LmValue& theValue)
 {
     LM_ASSERT(theKeyName.IsNotEmpty());
     LM_ASSERT(theKeyName != kKeyAnyValue);
-    mValues.try_emplace(theKeyName).first->second = theValue;
+    if (const LmValue* theEntry = FindValue(theKeyName)) {
+        const_cast<LmValue&>(*theEntry) = theValue; // an entry of this store, which is not constant here
+    } else {
+        mValues[theKeyName] = theValue;
+    }
 }
 
 LmValue LmKeyValueStore::GetKeyPathValue(const LmString& theKeyPath) const
@@ -52,18 +58,18 @@ void LmKeyValueStore::SetKeyPathValue(const LmString& theKeyPath, const LmValue&
     // A copy: an observer may be what keeps the caller's string alive, and let go of it.
     const LmString theKeyName = theKeyPath; // NOLINT(performance-unnecessary-copy-initialization)
     LM_ASSERT(theKeyName != kKeyAnyValue);
+    const LmKeyMemo theMemo(this, theKeyName);
     if (theValue == GetKeyValue(theKeyName)) {
         return;
     }
-    const LmLifeWatch theWatch(this);
     NotifyObservers(theKeyName, false);
-    if (!theWatch.IsGone()) {
+    if (!theMemo.IsGone()) {
         SetKeyValue(theKeyName, theValue);
     }
-    if (!theWatch.IsGone()) {
+    if (!theMemo.IsGone()) {
         NotifyObservers(theKeyName, true);
     }
-    if (!theWatch.IsGone()) {
+    if (!theMemo.IsGone()) {
         NotifyDependents(theKeyName);
     }
 }
@@ -181,7 +187,7 @@ void LmKeyValueStore::NotifyDependents(const LmString& theKeyName)
 {
     LM_ASSERT(HasKey(theKeyName));
     const LmKeyState* theState = FindKeyState(theKeyName);
-    if (theState == nullptr) {
+    if (theState == nullptr || theState->theDependents.empty()) {
         return;
     }
     // A copy: observers may make and break dependencies of this key.
@@ -197,18 +203,36 @@ void LmKeyValueStore::NotifyDependents(const LmString& theKeyName)
     }
 }
 
+// The entries of a key, or null. While a key is set, they are looked up once.
+
+const LmValue* LmKeyValueStore::FindValue(const LmString& theKeyName) const
+{
+    LmKeyMemo* theMemo = LmKeyMemo::Of(this, theKeyName);
+    return theMemo != nullptr ? theMemo->mValue.In(mValues, theKeyName) : LmFind(mValues, theKeyName);
+}
+
 const LmKeyState* LmKeyValueStore::FindKeyState(const LmString& theKeyName) const
 {
-    const auto theEntry = mKeyStates.find(theKeyName);
-    return theEntry != mKeyStates.end() ? &theEntry->second : nullptr;
+    LmKeyMemo* theMemo = LmKeyMemo::Of(this, theKeyName);
+    return theMemo != nullptr ? theMemo->mState.In(mKeyStates, theKeyName) : LmFind(mKeyStates, theKeyName);
+}
+
+// The state of "*", or null. There is at least one state.
+const LmKeyState* LmKeyValueStore::FindAnyState() const
+{
+    // Few names sort before "*", so it stands first, or it is not there and a letter stands first.
+    const auto& theFirst = *mKeyStates.begin();
+    if (theFirst.first == kKeyAnyValue) {
+        return &theFirst.second;
+    }
+    return theFirst.first.GetUTF8()[0] > *kKeyAnyValue ? nullptr : LmFind(mKeyStates, kKeyAnyValue);
 }
 
 void LmKeyValueStore::CallObservers(const LmString& theKeyName, const LmKeyState& theState, bool hasChanged)
 {
-    const ObserverList kNobody;
-    const LmKeyState* theAnyState = FindKeyState(kKeyAnyValue);
+    const LmKeyState* theAnyState = FindAnyState();
     const LmObserverSnapshot theObservers(theState.theObservers,
-                                          theAnyState != nullptr ? theAnyState->theObservers : kNobody);
+                                          theAnyState != nullptr ? &theAnyState->theObservers : nullptr);
     const LmLifeWatch theWatch(this);
     for (LmKeyValueObserver* theObserver : theObservers) {
         if (theObserver != nullptr) {

@@ -210,7 +210,9 @@ public:
     void NotifyDependents(const LmString& theKeyName);
 
 private:
+    const LmValue* FindValue(const LmString& theKeyName) const;
     const LmKeyState* FindKeyState(const LmString& theKeyName) const;
+    const LmKeyState* FindAnyState() const;
     void CallObservers(const LmString& theKeyName, const LmKeyState& theState, bool hasChanged);
     void Tell(LmKeyValueObserver& theObserver, const LmString& theKeyName, bool hasChanged);
 

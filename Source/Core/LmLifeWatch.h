@@ -36,6 +36,9 @@ public:
     // True once the store has been destroyed.
     bool IsGone() const { return mStore == nullptr; }
 
+    // True while theStore lives and is the one that is watched.
+    bool IsOn(const LmKeyValueStore* theStore) const { return mStore == theStore; }
+
     // Called by the destructor of every store.
     static void StoreIsGone(const LmKeyValueStore* theStore)
     {

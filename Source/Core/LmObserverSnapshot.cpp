@@ -5,20 +5,6 @@
 #include <algorithm>
 #include <functional>
 
-LmObserverSnapshot::LmObserverSnapshot(const ObserverList& theKeyObservers,
-                                       const ObserverList& theAnyObservers)
-    : mBegin(mFew),
-      mOuter(sInnermost)
-{
-    const std::size_t theRoom = theKeyObservers.size() + theAnyObservers.size();
-    if (theRoom > kFew) {
-        mMany = std::make_unique<LmKeyValueObserver*[]>(theRoom);
-        mBegin = mMany.get();
-    }
-    mEnd = Merge(theKeyObservers, theAnyObservers, mBegin);
-    sInnermost = this;
-}
-
 // On purpose: this is the merge step of a merge sort by address, on lists that are in the order of
 // registration. Not std::merge, which requires sorted input.
 LmKeyValueObserver** LmObserverSnapshot::Merge(const ObserverList& theKeyObservers,

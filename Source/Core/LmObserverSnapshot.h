@@ -3,6 +3,7 @@
 #ifndef LmObserverSnapshot_h
 #define LmObserverSnapshot_h
 
+#include <algorithm>
 #include <cstddef>
 #include <list>
 #include <memory>
@@ -21,8 +22,22 @@ class LmObserverSnapshot
 public:
     using ObserverList = std::list<LmKeyValueObserver*>;
 
-    // The observers of a key merged with those of all keys, in the order in which they are to be called.
-    LmObserverSnapshot(const ObserverList& theKeyObservers, const ObserverList& theAnyObservers);
+    // The observers of a key merged with those of all keys, if there are any, in the order in which they are
+    // to be called.
+    LmObserverSnapshot(const ObserverList& theKeyObservers, const ObserverList* theAnyObservers)
+        : mBegin(mFew),
+          mOuter(sInnermost)
+    {
+        const std::size_t theAnyCount = theAnyObservers != nullptr ? theAnyObservers->size() : 0;
+        const std::size_t theCount = theKeyObservers.size() + theAnyCount;
+        if (theCount > kFew) {
+            mMany = std::make_unique<LmKeyValueObserver*[]>(theCount);
+            mBegin = mMany.get();
+        }
+        mEnd = theAnyCount == 0 ? std::copy(theKeyObservers.begin(), theKeyObservers.end(), mBegin)
+                                : Merge(theKeyObservers, *theAnyObservers, mBegin);
+        sInnermost = this;
+    }
     ~LmObserverSnapshot() { sInnermost = mOuter; }
 
     LmObserverSnapshot(const LmObserverSnapshot&) = delete;

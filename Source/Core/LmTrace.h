@@ -13,12 +13,11 @@
 //
 // The texts need memory. When there is none the line is lost, and nothing else: tracing never makes a call
 // fail that would succeed without it, and lines are written inside destructors too, which cannot fail at all.
+//
+// The writing is a function of its own, so that what is traced stays short while tracing is off.
 template <typename Write>
-void LmTrace(const Write& theWrite)
+[[gnu::cold, gnu::noinline]] void LmWriteTrace(const Write& theWrite)
 {
-    if (!LmDebugObject::IsLogging()) {
-        return;
-    }
     try {
         theWrite();
     } catch (const std::bad_alloc&) {
@@ -26,32 +25,46 @@ void LmTrace(const Write& theWrite)
     }
 }
 
+template <typename Write>
+inline void LmTrace(const Write& theWrite)
+{
+    if (LmDebugObject::IsLogging()) {
+        LmWriteTrace(theWrite);
+    }
+}
+
 // Indents what is traced while it lives, on every way out.
 //
-// The depth belongs to the process, so any object may change it. This one derives from LmDebugObject to be
-// that object itself: the store that a pass works for may be destroyed by one of its observers.
+// The depth belongs to the process, so any object may change it. It is one made for that: the store that a
+// pass works for may be destroyed by one of its observers.
 //
 // On purpose: whether tracing is on is asked anew at the end, so switching it within a pass leaves the depth
 // out of step.
-class LmTraceIndent : private LmDebugObject
+class LmTraceIndent
 {
 public:
     LmTraceIndent()
     {
-        if (IsLogging()) {
-            AddIndent();
+        if (LmDebugObject::IsLogging()) {
+            Change(&LmDebugObject::AddIndent);
         }
     }
 
-    ~LmTraceIndent() override
+    ~LmTraceIndent()
     {
-        if (IsLogging()) {
-            RemoveIndent();
+        if (LmDebugObject::IsLogging()) {
+            Change(&LmDebugObject::RemoveIndent);
         }
     }
 
     LmTraceIndent(const LmTraceIndent&) = delete;
     LmTraceIndent& operator=(const LmTraceIndent&) = delete;
+
+private:
+    [[gnu::cold, gnu::noinline]] static void Change(void (LmDebugObject::*theChange)())
+    {
+        (LmDebugObject().*theChange)();
+    }
 };
 
 #endif

@@ -17,17 +17,17 @@ namespace {
 // The bytes of the heap block behind a payload; 0 for the kinds that have none.
 std::size_t GetBlockSize(ValueType theType)
 {
-    switch (theType) {
-    case kTypeUInt64:
-    case kTypeSInt64:
-    case kTypeDouble:
-    case kTypePoint:
-    case kTypeSize:
-        return 8;
-    case kTypeRect:
-        return 16;
-    default:
-        return 0;
+    constexpr std::uint8_t kSizes[] = {0, 0, 0, 0, 8, 8, 8, 0, 0, 8, 8, 16};
+    return theType <= kTypeRect ? kSizes[theType] : 0;
+}
+
+// Two constant sizes, because the compiler knows how to copy those.
+void CopyBlock(void* theTarget, const void* theSource, std::size_t theSize)
+{
+    if (theSize == sizeof(double)) {
+        std::memcpy(theTarget, theSource, sizeof(double));
+    } else {
+        std::memcpy(theTarget, theSource, sizeof(CGRect));
     }
 }
 
@@ -228,24 +228,31 @@ bool LmValue::AllocateValue(ValueType theType)
         LM_ERROR("Unknown type: %d", static_cast<int>(theType));
     }
     if (const std::size_t theSize = GetBlockSize(theType); theSize != 0) {
-        void* const theBlock = std::malloc(theSize);
-        if (theBlock == nullptr) {
-            return false;
-        }
-        mValue = reinterpret_cast<std::uintptr_t>(theBlock);
+        return AllocateBlock(theType, theSize);
     }
     mType = theType;
     return true;
 }
 
+bool LmValue::AllocateBlock(ValueType theType, std::size_t theSize)
+{
+    void* const theBlock = std::malloc(theSize);
+    if (theBlock == nullptr) {
+        return false;
+    }
+    mType = theType;
+    mValue = reinterpret_cast<std::uintptr_t>(theBlock);
+    return true;
+}
+
 void LmValue::ReleasePayload()
 {
-    if (IsString()) {
+    if (GetBlockSize(mType) != 0) {
+        std::free(GetBlock());
+    } else if (IsString()) {
         if (mValue != 0) {
             CFRelease(GetString());
         }
-    } else if (GetBlockSize(mType) != 0) {
-        std::free(GetBlock());
     } else {
         LM_ERROR("Unknown type: %d", static_cast<int>(mType));
     }
@@ -254,12 +261,14 @@ void LmValue::ReleasePayload()
 void LmValue::CopyOwnedPayload(const LmValue& theValue)
 {
     const std::size_t theSize = GetBlockSize(theValue.mType);
-    if (theValue.IsString()) {
+    if (theSize != 0) {
+        if (AllocateBlock(theValue.mType, theSize)) {
+            CopyBlock(GetBlock(), theValue.GetBlock(), theSize);
+        }
+    } else if (theValue.IsString()) {
         SetString(theValue.GetString(), false);
-    } else if (theSize == 0) {
+    } else {
         LM_ERROR("Unknown type: %d", static_cast<int>(theValue.mType));
-    } else if (AllocateValue(theValue.mType)) {
-        std::memcpy(GetBlock(), theValue.GetBlock(), theSize);
     }
 }
 
@@ -292,7 +301,8 @@ bool LmValue::IsEqual(const LmValue& theValue) const
 template <typename Payload>
 void LmValue::SetBlock(ValueType theType, const Payload& thePayload)
 {
-    if (AllocateValue(theType)) {
+    ReleaseValue();
+    if (AllocateBlock(theType, sizeof thePayload)) {
         std::memcpy(GetBlock(), &thePayload, sizeof thePayload);
     }
 }

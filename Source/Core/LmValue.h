@@ -264,7 +264,8 @@ private:
         mValue = theWord;
     }
 
-    // Both expect this value to be invalid.
+    // The rest expect this value to be invalid.
+    LM_HIDDEN bool AllocateBlock(ValueType theType, std::size_t theSize);
     void CopyPayload(const LmValue& theValue)
     {
         if (IsPlain(theValue.mType)) {
