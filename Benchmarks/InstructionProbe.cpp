@@ -33,9 +33,10 @@ std::size_t NumberArgument(int theCount, char** theArguments, int theIndex)
 int main(int theCount, char** theArguments)
 {
     if (theCount < 3) {
-        std::fprintf(stderr, "usage: InstructionProbe set|one-way|two-way|chain|fan-out-one-way|"
-                             "fan-out-two-way|pairs|control|window|menu|model|preference-read|"
-                             "preference-write|transform <steps> [<size> [<observers or kind>]]\n");
+        std::fprintf(stderr,
+                     "usage: InstructionProbe set|one-way|two-way|chain|fan-out-one-way|"
+                     "fan-out-two-way|bound-keys|pairs|control|window|menu|model|"
+                     "preference-read|preference-write|transform <steps> [<size> [<observers or kind>]]\n");
         return EXIT_FAILURE;
     }
     const char* theName = theArguments[1];
@@ -52,6 +53,9 @@ int main(int theCount, char** theArguments)
     }
     if (std::strncmp(theName, "fan-out-", 8) == 0) {
         return Run(FanOutScenario(theSize, std::strcmp(theName, "fan-out-two-way") == 0), theSteps);
+    }
+    if (std::strcmp(theName, "bound-keys") == 0) {
+        return Run(BoundKeysScenario(theSize), theSteps);
     }
     if (std::strcmp(theName, "pairs") == 0) {
         return Run(PairsScenario(theSize), theSteps);

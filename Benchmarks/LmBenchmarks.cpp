@@ -70,6 +70,13 @@ void FanOutTwoWay(benchmark::State& theState)
 }
 BENCHMARK(FanOutTwoWay)->ArgName("width")->Arg(100)->Arg(1000);
 
+void ChangeAmongBoundKeys(benchmark::State& theState)
+{
+    BoundKeysScenario theScenario(Argument(theState));
+    Measure(theState, theScenario);
+}
+BENCHMARK(ChangeAmongBoundKeys)->ArgName("keys")->Arg(10)->Arg(100)->Arg(1000)->Arg(10000);
+
 void BindingAndUnbinding(benchmark::State& theState)
 {
     PairsScenario theScenario(Argument(theState));

@@ -121,6 +121,28 @@ bool FanOutScenario::IsRight() const
     });
 }
 
+BoundKeysScenario::BoundKeysScenario(std::size_t theKeys)
+{
+    std::vector<std::string> theNames;
+    for (std::size_t theIndex = 0; theIndex < theKeys; ++theIndex) {
+        const LmString theKey = BenchmarkKey(theIndex);
+        mView.Bind(theKey, &mModel, theKey, nullptr, nullptr);
+        theNames.emplace_back(theKey.GetUTF8());
+    }
+    std::sort(theNames.begin(), theNames.end());
+    mKey = theNames[theKeys / 2].c_str();
+}
+
+void BoundKeysScenario::Step()
+{
+    mModel.SetKeyPathValue(mKey, NextValue(mSteps));
+}
+
+bool BoundKeysScenario::IsRight() const
+{
+    return mView.GetKeyPathValue(mKey).GetSInt32() == mSteps;
+}
+
 PairsScenario::PairsScenario(std::size_t thePairs)
     : mModels(thePairs),
       mViews(thePairs)

@@ -83,6 +83,22 @@ private:
     long mSteps = 0;
 };
 
+// A change of one of theKeys keys of an object, all of them bound both ways to the keys of another. The key
+// stands in the middle of the order in which the objects look for it.
+class BoundKeysScenario
+{
+public:
+    explicit BoundKeysScenario(std::size_t theKeys);
+    void Step();
+    bool IsRight() const;
+
+private:
+    LmKeyValueBinding mModel;
+    LmKeyValueBinding mView;
+    LmString mKey;
+    long mSteps = 0;
+};
+
 // Binding thePairs pairs of objects both ways, and unbinding them again.
 class PairsScenario
 {
