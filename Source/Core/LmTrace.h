@@ -9,12 +9,7 @@
 
 // How stores and bindings write to the trace log. Not part of the interface.
 
-// Writes a line of the trace: calls theWrite, which builds the texts and calls LogString, when tracing is on.
-//
-// The texts need memory. When there is none the line is lost, and nothing else: tracing never makes a call
-// fail that would succeed without it, and lines are written inside destructors too, which cannot fail at all.
-//
-// The writing is a function of its own, so that what is traced stays short while tracing is off.
+// What LmTrace does while tracing is on; a function of its own, so that what is traced stays short.
 template <typename Write>
 [[gnu::cold, gnu::noinline]] void LmWriteTrace(const Write& theWrite)
 {
@@ -25,6 +20,10 @@ template <typename Write>
     }
 }
 
+// Writes a line of the trace: calls theWrite, which builds the texts and calls LogString, when tracing is on.
+//
+// The texts need memory. When there is none the line is lost, and nothing else: tracing never makes a call
+// fail that would succeed without it, and lines are written inside destructors too, which cannot fail at all.
 template <typename Write>
 inline void LmTrace(const Write& theWrite)
 {

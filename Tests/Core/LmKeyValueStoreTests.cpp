@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 #include <memory>
+#include <new>
 #include <type_traits>
 
 namespace {
@@ -467,6 +468,87 @@ TEST_P(LmKeyValueStoreDeath, EndsThePassAndTheCall)
 
 INSTANTIATE_TEST_SUITE_P(, LmKeyValueStoreDeath, testing::ValuesIn(kDeaths),
                          [](const auto& theInfo) { return std::string(theInfo.param.mName); });
+
+// ---- What changes while a key is set
+
+TEST(LmKeyValueStore, AnObservationThatBeginsInTheSetterHearsOfTheChange)
+{
+    class WatchedStore : public LmKeyValueStore
+    {
+    public:
+        void SetKeyValue(const LmString& theKeyName, const LmValue& theValue) override
+        {
+            LmKeyValueStore::SetKeyValue(theKeyName, theValue);
+            ObserveKeyPathValue(theKeyName, mObserver);
+        }
+
+        LmKeyValueObserver* mObserver = nullptr;
+    };
+    Lines theLog;
+    NamedObserver theObserver("A", theLog);
+    WatchedStore theStore;
+    theStore.mObserver = &theObserver;
+    theStore.SetKeyPathValue("volume", LmValue(1UL));
+    EXPECT_EQ(theLog, Lines{"A changed volume: 1"});
+}
+
+TEST(LmKeyValueStore, AKeyThatAnObserverMakesWhileItIsSetIsSetAllTheSame)
+{
+    // Makes the key by the very name that it is told.
+    class Maker : public LmKeyValueObserver
+    {
+    public:
+        explicit Maker(LmKeyValueStore& theStore)
+            : mStore(theStore)
+        {
+        }
+        void ValueChanging(const LmKeyValueStore* theStore, const LmString& theKeyName) override
+        {
+            mStore.SetKeyValue(theKeyName, LmValue(7UL));
+            mFound = theStore->GetKeyPathValue(theKeyName).GetUInt32();
+        }
+
+        LmKeyValueStore& mStore;
+        unsigned long mFound = 0;
+    };
+    LmKeyValueStore theStore;
+    Maker theMaker(theStore);
+    theStore.ObserveKeyPathValue("volume", &theMaker);
+    theStore.SetKeyPathValue("volume", LmValue(1UL));
+    EXPECT_EQ(theMaker.mFound, 7UL);
+    EXPECT_EQ(theStore.GetKeyPathValue("volume").GetUInt32(), 1UL);
+}
+
+TEST(LmKeyValueStore, AStoreInThePlaceOfOneThatDiedInItsPassHasItsOwnValues)
+{
+    // Puts another store where the one was that told it, and sets the key there by the very name that it was
+    // told.
+    class Replacer : public LmKeyValueObserver
+    {
+    public:
+        explicit Replacer(void* thePlace)
+            : mPlace(thePlace)
+        {
+        }
+        void ValueChanged(const LmKeyValueStore* theStore, const LmString& theKeyName) override
+        {
+            theStore->~LmKeyValueStore();
+            auto* theSuccessor = new (mPlace) LmKeyValueStore;
+            theSuccessor->SetKeyValue(theKeyName, LmValue(9UL));
+        }
+
+        void* mPlace;
+    };
+    alignas(LmKeyValueStore) unsigned char thePlace[sizeof(LmKeyValueStore)];
+    auto* theStore = new (thePlace) LmKeyValueStore;
+    Replacer theReplacer(thePlace);
+    theStore->SetKeyValue("volume", LmValue(0UL));
+    theStore->ObserveKeyPathValue("volume", &theReplacer);
+    theStore->SetKeyPathValue("volume", LmValue(1UL));
+    theStore = std::launder(reinterpret_cast<LmKeyValueStore*>(thePlace));
+    EXPECT_TRUE(theStore->HasKey("volume"));
+    theStore->~LmKeyValueStore();
+}
 
 TEST(LmKeyValueStore, AStoreMayDieInItsOwnSetter)
 {
