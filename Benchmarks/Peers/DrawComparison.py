@@ -12,7 +12,8 @@ import sys
 
 FLOOR = "the floor"
 TABLES = [
-    ("count", "Instructions", "Counted by callgrind for one operation; the same on every run.", ""),
+    ("count", "Instructions", "Counted by callgrind for one operation. GLib's counts differ from run to run, up to "
+     "twofold; the others hardly do.", ""),
     ("time", "Time", "The processor's time for one operation: the median of nine repetitions, in which "
      "the libraries take turns. It depends on the machine and on what else runs there.", " ns"),
     ("heap", "Memory", "What is in use of the heap, as malloc counts it.", " bytes"),
@@ -109,7 +110,8 @@ def bars(rows, peers):
 
 
 def svg(rows, peers):
-    left, width, bar, gap, top = 250, 560, 13, 16, 66
+    left, width, bar, gap, top = 345, 560, 13, 16, 66
+    right = left + width + 70
     least, most = 0.1, 1000.0
 
     def place(ratio):
@@ -143,9 +145,9 @@ def svg(rows, peers):
             legend.append(f'<rect x="{x}" y="32" width="10" height="10" fill="{COLOURS[peer]}"/>')
             legend.append(f'<text x="{x + 14}" y="41">{peer}</text>')
             x += 30 + 7 * len(peer)
-    yield (f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 880 {y}" font-family="sans-serif" '
+    yield (f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {right} {y}" font-family="sans-serif" '
            'font-size="12">')
-    yield f'<rect width="880" height="{y}" fill="#ffffff"/>'
+    yield f'<rect width="{right}" height="{y}" fill="#ffffff"/>'
     yield '<text x="16" y="20" font-weight="bold">Instructions for one operation, as multiples of the floor</text>'
     yield from legend + axis + body
     yield "</svg>"

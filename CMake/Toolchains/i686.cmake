@@ -9,6 +9,8 @@ set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse")
 # is set up to run 32-bit programs of its own.
 set(CMAKE_EXE_LINKER_FLAGS_INIT
   "-Wl,--dynamic-linker=/usr/i686-linux-gnu/lib/ld-linux.so.2 -Wl,--disable-new-dtags -Wl,-rpath,/usr/i686-linux-gnu/lib")
+# With the older kind of run path, the libraries look where the program looks.
+set(CMAKE_SHARED_LINKER_FLAGS_INIT "-Wl,--disable-new-dtags")
 set(CMAKE_FIND_ROOT_PATH /usr/i686-linux-gnu)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
