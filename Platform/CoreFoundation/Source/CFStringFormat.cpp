@@ -246,6 +246,7 @@ Argument FetchArgument(ArgumentKind theKind, ArgumentList& theArguments)
 {
     Argument theArgument;
     switch (theKind) {
+    // NOLINTNEXTLINE(bugprone-branch-clone): each argument is fetched as what it is
     case ArgumentKind::kInt:
         theArgument.theInteger = va_arg(theArguments.theList, int);
         break;

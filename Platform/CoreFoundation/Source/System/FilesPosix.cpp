@@ -17,7 +17,7 @@ namespace Host {
 
 namespace {
 
-constexpr off_t kLargestFile = 64 * 1024 * 1024;
+constexpr off_t kLargestFile = off_t{64} * 1024 * 1024;
 constexpr mode_t kFolderMode = 0700;
 constexpr mode_t kFileMode = 0600;
 constexpr int kMostNames = 1000;
@@ -108,7 +108,7 @@ std::string Environment(const char* theName)
 
 std::string HomeFolder()
 {
-    const std::string theHome = Environment("HOME");
+    std::string theHome = Environment("HOME");
     if (!theHome.empty()) {
         return theHome;
     }
@@ -172,7 +172,7 @@ bool RemoveFile(const std::string& thePath)
 std::string SetFileAside(const std::string& thePath)
 {
     for (int theNumber = 1; theNumber <= kMostNames; ++theNumber) {
-        const std::string theNewPath = thePath + ".damaged-" + std::to_string(theNumber);
+        std::string theNewPath = thePath + ".damaged-" + std::to_string(theNumber);
         // An empty file takes the name first, so that no file is ever written over.
         const Descriptor thePlace(
             open(theNewPath.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kFileMode));
@@ -208,7 +208,7 @@ FolderLock::~FolderLock()
 // A relative path in the variable is to be ignored, as the convention for it says.
 std::string SettingsFolder()
 {
-    const std::string theFolder = Environment("XDG_CONFIG_HOME");
+    std::string theFolder = Environment("XDG_CONFIG_HOME");
     if (!theFolder.empty() && theFolder[0] == '/') {
         return theFolder;
     }
