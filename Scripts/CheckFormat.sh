@@ -5,6 +5,6 @@
 # version is fixed here.
 set -eu
 cd "$(dirname "$0")/.."
-mapfile -t theFiles < <(find Source Platform Examples Tests Benchmarks -name '*.cpp' -o -name '*.h' | sort)
+mapfile -t theFiles < <(find Source Platform Examples Tests Benchmarks -name '*.cpp' -o -name '*.h' -o -name '*.mm' | sort)
 clang-format-14 --dry-run --Werror "${theFiles[@]}"
 echo "${#theFiles[@]} files"

@@ -9,8 +9,7 @@
 #import <Foundation/Foundation.h>
 
 // A store of any names.
-@interface PeerKeys : NSObject
-{
+@interface PeerKeys : NSObject {
     NSMutableDictionary* mValues;
 }
 @end
@@ -43,8 +42,7 @@
 @end
 
 // An object with a declared key.
-@interface PeerNumber : NSObject
-{
+@interface PeerNumber : NSObject {
     NSNumber* mNumber;
 }
 @end
@@ -68,8 +66,7 @@
 @end
 
 // Counts what it is told.
-@interface PeerCounter : NSObject
-{
+@interface PeerCounter : NSObject {
 @public
     size_t mCalls;
 }
@@ -86,8 +83,7 @@
 @end
 
 // Copies the key of one object into another's whenever it changes to something new.
-@interface PeerFollower : NSObject
-{
+@interface PeerFollower : NSObject {
 @public
     id mTarget;
     double mFactor;
@@ -145,8 +141,7 @@ public:
     {
         const Pool thePool;
         for (std::size_t theIndex = 0; theIndex < theShape.theKeys; ++theIndex) {
-            [mObject setValue:MakeValue(0)
-                       forKey:[NSString stringWithUTF8String:PeerKey(theIndex).c_str()]];
+            [mObject setValue:MakeValue(0) forKey:[NSString stringWithUTF8String:PeerKey(theIndex).c_str()]];
         }
         for (std::size_t theIndex = 0; theIndex < theShape.theObservers; ++theIndex) {
             mObservers.push_back([PeerCounter new]);
@@ -250,10 +245,10 @@ public:
     void Set(std::size_t theObject, long theNumber) override
     {
         const Pool thePool;
-        [mObjects[theObject] setValue:mHop == Hop::kScaled
-                                          ? [NSNumber numberWithDouble:static_cast<double>(theNumber)]
+        [mObjects[theObject]
+            setValue:mHop == Hop::kScaled ? [NSNumber numberWithDouble:static_cast<double>(theNumber)]
                                           : [NSNumber numberWithInt:static_cast<int>(theNumber)]
-                               forKey:kKey];
+              forKey:kKey];
     }
 
     double Get(std::size_t theObject) const override { return [[mObjects[theObject] number] doubleValue]; }
