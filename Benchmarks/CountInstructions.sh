@@ -38,7 +38,7 @@ row 'a fan-out of 100, one way' fan-out-one-way 20 100
 row 'a fan-out of 1000, one way' fan-out-one-way 20 1000
 row 'a fan-out of 100, two ways' fan-out-two-way 20 100
 row 'a fan-out of 1000, two ways' fan-out-two-way 20 1000
-for theKeys in 10 100 1000; do
+for theKeys in 10 100 1000 10000; do
     row "a change among $theKeys bound keys, two ways" bound-keys 100 "$theKeys"
 done
 row 'bind and unbind 1000 pairs' pairs 2 1000

@@ -3,15 +3,16 @@
 #include "LmKeyValueBinding.h"
 
 #include "LmAnyKey.h"
+#include "LmBindingIndex.h"
 #include "LmDiagnostics.h"
 #include "LmLifeWatch.h"
 #include "LmRollback.h"
 #include "LmTrace.h"
 #include "LmValueTransform.h"
 
-#include <algorithm>
 #include <Carbon/Carbon.h>
 #include <cstddef>
+#include <iterator>
 
 // A transform that is bound belongs to the record that names it. The record is the one holder the binding
 // stands for: Link takes the caller's reference over by storing the record, and RemoveBinding gives it back.
@@ -65,17 +66,10 @@ LmString LmKeyValueBinding::GetDebugInfo() const
 
 void LmKeyValueBinding::ValueChanged(const LmKeyValueStore* theStore, const LmString& theKeyName)
 {
-    for (const auto& theEntry : mBindings) {
-        for (const BindingInfo& theInfo : theEntry.second) {
-            // A binding object is the store that is its base, so this finds what casting theStore down would.
-            const LmKeyValueStore& theSource = *theInfo.boundTo;
-            // The objects first, which are compared at once.
-            if (&theSource == theStore && theInfo.boundKey == theKeyName) {
-                // On purpose: only the first record is served.
-                UpdateKey(theEntry.first, *theStore, theKeyName, theInfo.transform);
-                return;
-            }
-        }
+    // On purpose: only the first record is served.
+    const LmBindingIndex::Hit theHit = LmBindingIndex::FindFirst(mBindings, theStore, theKeyName);
+    if (theHit.theRecord != nullptr) {
+        UpdateKey(*theHit.theKey, *theStore, theKeyName, theHit.theRecord->transform);
     }
 }
 
@@ -115,12 +109,9 @@ OSStatus LmKeyValueBinding::Unbind(const LmString& boundKey, LmKeyValueBinding* 
         RemoveEntry(theEntry);
         return noErr;
     }
-    BindingList& theRecords = theEntry->second;
-    const auto theRecord =
-        std::find_if(theRecords.begin(), theRecords.end(),
-                     [&](const BindingInfo& theInfo) { return theInfo.boundTo == boundTo; });
+    const auto theRecord = LmBindingIndex::FindIn(mBindings, theEntry, boundTo);
     // On purpose: the entry stays, even when its list is empty now, and finding no record is no error.
-    if (theRecord != theRecords.end()) {
+    if (theRecord != theEntry->second.end()) {
         RemoveBinding(theEntry, theRecord, boundKey, boundTo);
     }
     return noErr;
@@ -157,11 +148,8 @@ void LmKeyValueBinding::AddBinding(const LmString& bindKey, const BindingInfo& t
         LmKeyValueStore::LogString("Binding %s.%s to %s.%s", GetDebugInfo().GetUTF8(), bindKey.GetUTF8(),
                                    theInfo.boundTo->GetDebugInfo().GetUTF8(), theInfo.boundKey.GetUTF8());
     });
-    // The record is copied first: when there is no memory for it, no entry shall appear either.
     // On purpose: the same pair may be bound again, which makes a second record.
-    BindingList theNewRecord(1, theInfo);
-    BindingList& theRecords = mBindings.try_emplace(bindKey).first->second;
-    theRecords.splice(theRecords.end(), theNewRecord);
+    LmBindingIndex::Append(mBindings, bindKey, theInfo);
 }
 
 void LmKeyValueBinding::RemoveBinding(BindingMap::iterator theEntry, BindingList::iterator theRecord,
@@ -175,7 +163,7 @@ void LmKeyValueBinding::RemoveBinding(BindingMap::iterator theEntry, BindingList
     });
     // The record is out of everybody's reach from here on, and dies at the end: its key is still needed.
     BindingList theRemoved;
-    theRemoved.splice(theRemoved.begin(), theEntry->second, theRecord);
+    LmBindingIndex::Take(mBindings, theEntry, theRecord, theRemoved);
     const LmLifeWatch theOtherSide(boundTo);
     if (theRecord->transform != nullptr) {
         theRecord->transform->Release();
@@ -247,9 +235,10 @@ void LmKeyValueBinding::Link(const LmString& bindKey, bool twoWay, LmKeyValueBin
 void LmKeyValueBinding::WithdrawBinding(const LmString& bindKey, bool isNewEntry)
 {
     const auto theEntry = mBindings.find(bindKey);
-    theEntry->second.pop_back();
+    BindingList theWithdrawn;
+    LmBindingIndex::Take(mBindings, theEntry, std::prev(theEntry->second.end()), theWithdrawn);
     if (isNewEntry) {
-        mBindings.erase(theEntry);
+        LmBindingIndex::EraseEntry(mBindings, theEntry);
     }
 }
 
@@ -275,5 +264,5 @@ void LmKeyValueBinding::RemoveEntry(BindingMap::iterator theEntry)
     while (!theRecords.empty()) {
         RemoveBinding(theEntry, theRecords.begin(), theEntry->first, theRecords.front().boundTo);
     }
-    mBindings.erase(theEntry);
+    LmBindingIndex::EraseEntry(mBindings, theEntry);
 }

@@ -85,7 +85,8 @@ public:
     // first follows. Changes of stores that this object is not bound to are ignored.
     //
     // A transform may do anything while it works, even remove the binding that it works for: its result is
-    // still copied, unless it has destroyed this object. Cost: linear in this object's bindings.
+    // still copied, unless it has destroyed this object. Cost of the search: the logarithm of the number of
+    // this object's bindings.
     void ValueChanged(const LmKeyValueStore* theStore, const LmString& theKeyName) override;
 
     // Whether others may bind to this key. Every key but "*", unless overridden.
@@ -125,7 +126,8 @@ public:
     //
     // Result: noErr, also when there is no binding with boundTo; paramErr when nothing was ever bound to the
     // key. Diagnostics: "boundKey.IsNotEmpty()"; and, on purpose, an error line with the status -50 for
-    // each one-way binding removed, where the other object has no bindings of its key.
+    // each one-way binding removed, where the other object has no bindings of its key. Cost, as that of
+    // binding: the logarithms of the numbers of bindings, observations and observers of the two sides.
     OSStatus Unbind(const LmString& boundKey, LmKeyValueBinding* boundTo);
 
     // Removes all bindings of this object, key by key in ascending order. Needs no memory while tracing is

@@ -4,10 +4,39 @@
 
 #include "LmDiagnostics.h"
 #include "LmKeyValueStore.h"
+#include "LmLongList.h"
 #include "LmObserverSnapshot.h"
 
-#include <algorithm>
 #include <cstddef>
+#include <functional>
+
+namespace {
+
+// An observation that is looked for.
+struct KeyOfStore
+{
+    const LmKeyValueStore* theStore;
+    const LmString& theKeyPath;
+};
+
+struct CompareKeys
+{
+    template <typename Key>
+    int operator()(const LmObservedKey& theLeft, const Key& theRight) const
+    {
+        if (theLeft.theStore != theRight.theStore) {
+            return std::less<const LmKeyValueStore*>()(theLeft.theStore, theRight.theStore) ? -1 : 1;
+        }
+        if (theLeft.theKeyPath == theRight.theKeyPath) {
+            return 0;
+        }
+        return theLeft.theKeyPath < theRight.theKeyPath ? -1 : 1;
+    }
+};
+
+using ObservedKeys = LmLongList<LmObservedKey, CompareKeys>;
+
+} // namespace
 
 LmKeyValueObserver::LmKeyValueObserver() = default;
 
@@ -25,8 +54,7 @@ bool LmKeyValueObserver::AmObserving(LmKeyValueStore* theStore, const LmString& 
 {
     LM_ASSERT(theStore != NULL); // NOLINT(modernize-use-nullptr): the text is fixed
     LM_ASSERT(theKeyPath.IsNotEmpty());
-    return std::any_of(mKeys.begin(), mKeys.end(),
-                       [&](const LmObservedKey& theKey) { return theKey.IsFor(theStore, theKeyPath); });
+    return ObservedKeys::Has(mKeys, KeyOfStore{theStore, theKeyPath});
 }
 
 void LmKeyValueObserver::StopObserving()
@@ -43,19 +71,15 @@ void LmKeyValueObserver::StartedObserving(LmKeyValueStore* theStore, const LmStr
 {
     LM_ASSERT(theStore != NULL); // NOLINT(modernize-use-nullptr): the text is fixed
     LM_ASSERT(!AmObserving(theStore, theKeyPath));
-    mKeys.push_back({theStore, theKeyPath});
+    std::list<LmObservedKey> theNewKey(1, LmObservedKey{theStore, theKeyPath});
+    ObservedKeys::Append(mKeys, theNewKey);
 }
 
 void LmKeyValueObserver::StoppedObserving(LmKeyValueStore* theStore, const LmString& theKeyPath)
 {
     LM_ASSERT(theStore != NULL); // NOLINT(modernize-use-nullptr): the text is fixed
     LM_ASSERT(AmObserving(theStore, theKeyPath));
-    // The records are only set aside at first, because theKeyPath may be a part of one of them.
+    // The records die last, because theKeyPath may be a part of one of them.
     std::list<LmObservedKey> theEnded;
-    for (auto theNext = mKeys.begin(); theNext != mKeys.end();) {
-        const auto theKey = theNext++;
-        if (theKey->IsFor(theStore, theKeyPath)) {
-            theEnded.splice(theEnded.end(), mKeys, theKey);
-        }
-    }
+    ObservedKeys::TakeAll(mKeys, KeyOfStore{theStore, theKeyPath}, theEnded);
 }

@@ -100,7 +100,8 @@ public:
     // True while this object observes theKeyPath of theStore. An observation of "*" counts for the path "*"
     // only.
     //
-    // Diagnostics: "theStore != NULL", "theKeyPath.IsNotEmpty()". Cost: linear in the number of observations.
+    // Diagnostics: "theStore != NULL", "theKeyPath.IsNotEmpty()". Cost: the logarithm of the number of
+    // observations.
     bool AmObserving(LmKeyValueStore* theStore, const LmString& theKeyPath);
 
     // Ends every observation of this object, in all stores, in the order in which they were made.

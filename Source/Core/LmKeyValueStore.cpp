@@ -7,15 +7,33 @@
 #include "LmKeyMemo.h"
 #include "LmKeyValueObserver.h"
 #include "LmLifeWatch.h"
+#include "LmLongList.h"
 #include "LmObserverSnapshot.h"
 #include "LmRollback.h"
 #include "LmTrace.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <vector>
 
-using ObserverList = LmObserverSnapshot::ObserverList;
+namespace {
+
+struct CompareObservers
+{
+    int operator()(const LmKeyValueObserver* theLeft, const LmKeyValueObserver* theRight) const
+    {
+        if (theLeft == theRight) {
+            return 0;
+        }
+        return std::less<>()(theLeft, theRight) ? -1 : 1;
+    }
+};
+
+using Observers = LmLongList<LmKeyValueObserver*, CompareObservers>;
+using ObserverList = Observers::List;
+
+} // namespace
 
 LmKeyValueStore::LmKeyValueStore() = default;
 
@@ -91,15 +109,16 @@ void LmKeyValueStore::ObserveKeyPathValue(const LmString& theKeyPath, LmKeyValue
     ObserverList theNewObserver(1, theObserver);
     const auto theInsertion = mKeyStates.try_emplace(theKeyPath);
     ObserverList& theObservers = theInsertion.first->second.theObservers;
-    theObservers.splice(theObservers.end(), theNewObserver);
-    LmRollback theRollback([&] {
-        theObservers.pop_back();
+    LmRollback theNewState([&] {
         if (theInsertion.second) {
             mKeyStates.erase(theInsertion.first);
         }
     });
+    Observers::Append(theObservers, theNewObserver);
+    LmRollback theRegistration([&] { Observers::RemoveLast(theObservers); });
     theObserver->StartedObserving(this, theKeyPath);
-    theRollback.Commit();
+    theRegistration.Commit();
+    theNewState.Commit();
 }
 
 void LmKeyValueStore::IgnoreKeyPathValue(const LmString& theKeyPath, LmKeyValueObserver* theObserver)
@@ -110,7 +129,9 @@ void LmKeyValueStore::IgnoreKeyPathValue(const LmString& theKeyPath, LmKeyValueO
                   theKeyPath.GetUTF8(), GetDebugInfo().GetUTF8());
     });
     // On purpose: a key state is made where there was none, and stays where its lists are empty now.
-    mKeyStates.try_emplace(theKeyPath).first->second.theObservers.remove(theObserver);
+    ObserverList theRemoved;
+    Observers::TakeAll(mKeyStates.try_emplace(theKeyPath).first->second.theObservers, theObserver,
+                       theRemoved);
     theObserver->StoppedObserving(this, theKeyPath);
 }
 
@@ -122,8 +143,7 @@ bool LmKeyValueStore::IsObserving(const LmString& theKeyPath, LmKeyValueObserver
     if (theState == nullptr) {
         return false;
     }
-    const ObserverList& theObservers = theState->theObservers;
-    return std::find(theObservers.begin(), theObservers.end(), theObserver) != theObservers.end();
+    return Observers::Has(theState->theObservers, theObserver);
 }
 
 void LmKeyValueStore::RemoveObservers()

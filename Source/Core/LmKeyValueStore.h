@@ -137,7 +137,7 @@ public:
     //
     // theObserver is not owned and must not be null. Diagnostics: those of IsObserving,
     // "!IsObserving(theKeyPath, theObserver)", then those of the observer's StartedObserving.
-    // Cost: linear in the key's observers and in the observer's observations.
+    // Cost: the logarithms of the numbers of keys, of the key's observers and of the observer's observations.
     void ObserveKeyPathValue(const LmString& theKeyPath, LmKeyValueObserver* theObserver);
 
     // Unregisters theObserver for a key. A pass that is under way still tells it.

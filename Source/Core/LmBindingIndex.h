@@ -1,0 +1,47 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef LmBindingIndex_h
+#define LmBindingIndex_h
+
+#include "LmKeyValueBinding.h"
+
+#include <cstddef>
+#include <list>
+#include <map>
+
+// The records of a binding object, and how one of them is found. Not part of the interface.
+//
+// Records are ordered by the key that is bound and, within a key, by age; where several match, the first one
+// counts. An object with up to sixteen keys and records is searched in that order. Beside a larger one
+// stands an index, so that a search costs the logarithm of the number of its records. Records that are
+// changed here must not be changed by other means, and must be removed here before they die.
+namespace LmBindingIndex {
+
+using Records = std::list<BindingInfo>;
+using Map = std::map<LmString, Records>;
+
+// A record, and the key that it is a record of. Null for none.
+struct Hit
+{
+    const LmString* theKey;
+    const BindingInfo* theRecord;
+};
+
+// The first record in the whole of theMap that is bound to that key of that store.
+Hit FindFirst(const Map& theMap, const LmKeyValueStore* theStore, const LmString& theStoreKey);
+
+// The first record of one entry that is bound to some key of that object, or the end.
+Records::iterator FindIn(Map& theMap, Map::iterator theEntry, const LmKeyValueBinding* boundTo);
+
+// Appends a copy of theInfo to the records of bindKey. When memory runs out, nothing has changed.
+void Append(Map& theMap, const LmString& bindKey, const BindingInfo& theInfo);
+
+// Takes a record out; it lives on in theTaken. Needs no memory.
+void Take(Map& theMap, Map::iterator theEntry, Records::iterator theRecord, Records& theTaken);
+
+// Erases an entry that has no records. Needs no memory.
+void EraseEntry(Map& theMap, Map::iterator theEntry);
+
+} // namespace LmBindingIndex
+
+#endif

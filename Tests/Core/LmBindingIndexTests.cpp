@@ -1,0 +1,297 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "AllocationFailures.h"
+#include "LmKeyValueBinding.h"
+#include "LmValueTransform.h"
+#include "StandardErrorCapture.h"
+
+#include <algorithm>
+#include <Carbon/Carbon.h>
+#include <cstddef>
+#include <gtest/gtest.h>
+#include <list>
+#include <map>
+#include <memory>
+#include <new>
+#include <random>
+#include <string>
+#include <vector>
+
+// Binding objects with many bindings, which are not searched by walking through them, serve the same record
+// and remove the same record as those with few.
+
+namespace {
+
+constexpr int kNobody = -1;
+
+// Says who was served last.
+class Signing : public LmValueTransform
+{
+public:
+    Signing(int theNumber, int& theLast)
+        : mNumber(theNumber),
+          mLast(theLast)
+    {
+    }
+    LmValue Apply(const LmValue& theValue) override
+    {
+        mLast = mNumber;
+        return theValue;
+    }
+
+private:
+    int mNumber;
+    int& mLast;
+};
+
+// What a binding object promises, in its plainest form.
+class Model
+{
+public:
+    void Bind(const std::string& theKey, std::size_t theSource, const std::string& theSourceKey,
+              int theNumber)
+    {
+        mRecords[theKey].push_back({theSource, theSourceKey, theNumber});
+        ++mSize;
+    }
+
+    // The oldest of theKey with that source.
+    void Unbind(const std::string& theKey, std::size_t theSource)
+    {
+        std::list<Record>& theRecords = mRecords[theKey];
+        const auto theRecord = std::find_if(theRecords.begin(), theRecords.end(), [&](const Record& theOne) {
+            return theOne.theSource == theSource;
+        });
+        if (theRecord != theRecords.end()) {
+            theRecords.erase(theRecord);
+            --mSize;
+        }
+    }
+
+    void UnbindAll(const std::string& theKey)
+    {
+        mSize -= mRecords[theKey].size();
+        mRecords.erase(theKey);
+    }
+
+    int Served(std::size_t theSource, const std::string& theSourceKey) const
+    {
+        for (const auto& theEntry : mRecords) {
+            for (const Record& theRecord : theEntry.second) {
+                if (theRecord.theSource == theSource && theRecord.theSourceKey == theSourceKey) {
+                    return theRecord.theNumber;
+                }
+            }
+        }
+        return kNobody;
+    }
+
+    std::size_t GetSize() const { return mSize; }
+
+private:
+    struct Record
+    {
+        std::size_t theSource;
+        std::string theSourceKey;
+        int theNumber;
+    };
+
+    std::map<std::string, std::list<Record>> mRecords;
+    std::size_t mSize = 0;
+};
+
+// Steps made by dice. Few keys and many bindings, and the other way round.
+struct Shape
+{
+    const char* theName;
+    unsigned theKeys;
+    unsigned theSources;
+    unsigned theSourceKeys;
+    std::size_t theMost; // bindings at a time
+};
+
+const Shape kShapes[] = {
+    {"OneKeyOfManyObjects", 1, 40, 1, 60},    {"ManyKeysOfOneObject", 40, 1, 40, 60},
+    {"ManyTimesTheSame", 2, 2, 2, 60},        {"AroundTheNumberThatIsMany", 4, 4, 3, 14},
+    {"ManyKeysWithFewBindings", 30, 3, 3, 6}, {"OfEverything", 6, 6, 4, 80},
+};
+
+class ManyBindings : public testing::TestWithParam<Shape>
+{
+};
+
+std::string Name(const char* theLetter, std::size_t theNumber)
+{
+    return theLetter + std::to_string(theNumber);
+}
+
+} // namespace
+
+TEST_P(ManyBindings, AreServedAndRemovedInTheirOrder)
+{
+    const Shape& theShape = GetParam();
+    std::mt19937 theDice(11);
+    const auto Throw = [&](std::size_t theSides) { return theDice() % theSides; };
+    std::vector<LmKeyValueBinding> theSources(theShape.theSources);
+    LmKeyValueBinding theObject;
+    Model theModel;
+    int theLast = kNobody;
+    for (int theStep = 0; theStep < 3000; ++theStep) {
+        const std::string theKey = Name("k", Throw(theShape.theKeys));
+        const std::size_t theSource = Throw(theShape.theSources);
+        // Half of the time the number of bindings grows, half of the time it shrinks.
+        const std::size_t theGoal = theStep % 600 < 300 ? theShape.theMost : 0;
+        if (theModel.GetSize() < theGoal || Throw(4) == 0) {
+            const std::string theSourceKey = Name("s", Throw(theShape.theSourceKeys));
+            theObject.BindTo(theKey.c_str(), &theSources[theSource], theSourceKey.c_str(),
+                             new Signing(theStep, theLast));
+            theModel.Bind(theKey, theSource, theSourceKey, theStep);
+        } else if (Throw(20) == 0) {
+            theObject.Unbind(theKey.c_str(), nullptr);
+            theModel.UnbindAll(theKey);
+        } else {
+            theObject.Unbind(theKey.c_str(), &theSources[theSource]);
+            theModel.Unbind(theKey, theSource);
+        }
+        for (std::size_t theOne = 0; theOne < theShape.theSources; ++theOne) {
+            for (std::size_t theNumber = 0; theNumber < theShape.theSourceKeys; ++theNumber) {
+                theLast = kNobody;
+                theObject.ValueChanged(&theSources[theOne], Name("s", theNumber).c_str());
+                ASSERT_EQ(theLast, theModel.Served(theOne, Name("s", theNumber)))
+                    << Name("s", theNumber) << " of object " << theOne << " in step " << theStep;
+            }
+        }
+    }
+    theObject.UnbindAll();
+    StandardErrorCapture::TakeText();
+}
+
+INSTANTIATE_TEST_SUITE_P(, ManyBindings, testing::ValuesIn(kShapes),
+                         [](const auto& theInfo) { return theInfo.param.theName; });
+
+namespace {
+
+// A model with one key that many follow both ways, each with a key of its own name.
+struct Followed
+{
+    explicit Followed(std::size_t theCount)
+    {
+        for (std::size_t theNumber = 0; theNumber < theCount; ++theNumber) {
+            theFollowers.push_back(std::make_unique<LmKeyValueBinding>());
+            theFollowers.back()->Bind("value", &theModel, "value", nullptr, nullptr);
+        }
+    }
+
+    // Whether all that are left follow the model, and the model follows each of them.
+    bool IsInStep()
+    {
+        theModel.SetKeyPathValue("value", LmValue(++theLast));
+        for (const auto& theFollower : theFollowers) {
+            if (theFollower && theFollower->GetKeyValue("value").GetSInt32() != theLast) {
+                return false;
+            }
+        }
+        for (const auto& theFollower : theFollowers) {
+            if (theFollower) {
+                theFollower->SetKeyPathValue("value", LmValue(++theLast));
+                if (theModel.GetKeyValue("value").GetSInt32() != theLast) {
+                    return false;
+                }
+            }
+        }
+        return true;
+    }
+
+    LmKeyValueBinding theModel;
+    std::vector<std::unique_ptr<LmKeyValueBinding>> theFollowers;
+    long theLast = 0;
+};
+
+} // namespace
+
+TEST(ManyFollowers, MayGoInAnyOrder)
+{
+    for (const std::size_t theCount : {15u, 16u, 17u, 18u, 100u}) {
+        Followed the(theCount);
+        std::vector<std::size_t> theOrder(theCount);
+        for (std::size_t theNumber = 0; theNumber < theCount; ++theNumber) {
+            theOrder[theNumber] = theNumber;
+        }
+        std::shuffle(theOrder.begin(), theOrder.end(), std::mt19937(3));
+        for (const std::size_t theNumber : theOrder) {
+            EXPECT_TRUE(the.IsInStep());
+            LmKeyValueBinding* const theGone = the.theFollowers[theNumber].get();
+            EXPECT_TRUE(the.theModel.IsObserving("value", theGone));
+            EXPECT_TRUE(the.theModel.AmObserving(theGone, "value"));
+            EXPECT_EQ(theGone->Unbind("value", &the.theModel), noErr);
+            EXPECT_FALSE(the.theModel.IsObserving("value", theGone));
+            EXPECT_FALSE(the.theModel.AmObserving(theGone, "value"));
+            the.theFollowers[theNumber].reset();
+        }
+        EXPECT_EQ(the.theModel.Unbind("value", nullptr), noErr);
+        EXPECT_EQ(the.theModel.Unbind("value", nullptr), paramErr);
+    }
+}
+
+TEST(ManyFollowers, OutliveTheirModel)
+{
+    auto the = std::make_unique<Followed>(50);
+    std::vector<std::unique_ptr<LmKeyValueBinding>> theFollowers;
+    theFollowers.swap(the->theFollowers);
+    the.reset();
+    for (const auto& theFollower : theFollowers) {
+        theFollower->SetKeyPathValue("value", LmValue(1UL));
+        EXPECT_EQ(theFollower->GetKeyValue("value").GetUInt32(), 1u);
+        EXPECT_EQ(theFollower->Unbind("value", nullptr), noErr) << "without a report: no binding is left";
+    }
+}
+
+TEST(ManyFollowers, AreUnboundWithoutMemory)
+{
+    Followed the(50);
+    AllocationFailures theCount;
+    the.theModel.UnbindAll();
+    theCount.Stop();
+    EXPECT_EQ(theCount.GetCount(), 0u);
+}
+
+TEST(ManyFollowers, AChangeOfOneNeedsNoMoreMemoryThanItsNumberOfObservers)
+{
+    Followed the(50);
+    EXPECT_TRUE(the.IsInStep()) << "from now on, every key is there";
+    AllocationFailures theCount;
+    the.theFollowers[20]->SetKeyPathValue("value", LmValue(7L));
+    theCount.Stop();
+    EXPECT_EQ(theCount.GetCount(), 2u) << "who is told before, and who is told after";
+}
+
+TEST(ManyFollowers, OneMoreIsBoundWhollyOrNotAtAllWhenMemoryRunsOut)
+{
+    for (const std::size_t theCount : {15u, 16u, 17u, 40u}) {
+        SCOPED_TRACE(std::to_string(theCount) + " followers before");
+        bool wasRefused = false;
+        for (std::size_t theNumber = 1;; ++theNumber) {
+            Followed the(theCount);
+            LmKeyValueBinding theNext;
+            bool hasThrown = false;
+            AllocationFailures theFailures(theNumber);
+            try {
+                theNext.Bind("value", &the.theModel, "value", nullptr, nullptr);
+            } catch (const std::bad_alloc&) {
+                hasThrown = true;
+            }
+            theFailures.Stop();
+            EXPECT_EQ(hasThrown, theFailures.HasFailed());
+            const bool isBound = theNext.AmObserving(&the.theModel, "value");
+            EXPECT_EQ(the.theModel.IsObserving("value", &theNext), isBound);
+            EXPECT_EQ(the.theModel.AmObserving(&theNext, "value"), isBound);
+            EXPECT_EQ(theNext.Unbind("value", nullptr), isBound ? OSStatus{noErr} : OSStatus{paramErr});
+            EXPECT_TRUE(the.IsInStep());
+            wasRefused = wasRefused || !isBound;
+            if (!hasThrown) {
+                break;
+            }
+        }
+        EXPECT_TRUE(wasRefused);
+    }
+}
