@@ -77,23 +77,15 @@ private:
 
 using Index = LmSideIndex<Place, Order>;
 
-constexpr std::size_t kFew = 16;
-
-// Whether there is an index. Keys count too, because a search visits them even when they have no records.
-bool IsLarge(const Map& theMap)
+// How many keys and records there are; no more than four of those beyond a few are counted.
+std::size_t CountSome(const Map& theMap)
 {
+    constexpr std::size_t kEnough = kFew + 4;
     std::size_t theCount = theMap.size();
-    for (auto theEntry = theMap.begin(); theCount <= kFew && theEntry != theMap.end(); ++theEntry) {
+    for (auto theEntry = theMap.begin(); theCount < kEnough && theEntry != theMap.end(); ++theEntry) {
         theCount += theEntry->second.size();
     }
-    return theCount > kFew;
-}
-
-bool IsBoundTo(const BindingInfo& theRecord, const LmKeyValueStore* theStore, const LmString& theStoreKey)
-{
-    // A binding object is the store that is its base, so this finds what casting theStore down would. The
-    // objects come first, which are compared at once.
-    return theRecord.boundTo == theStore && theRecord.boundKey == theStoreKey;
+    return std::min(theCount, kEnough);
 }
 
 void IndexAll(Map& theMap)
@@ -108,31 +100,14 @@ void IndexAll(Map& theMap)
     Index::Keep(&theMap, std::move(theSet));
 }
 
-void DropOldIndex(const Map& theMap, bool wasLarge)
-{
-    if (wasLarge && !IsLarge(theMap)) {
-        Index::Drop(&theMap);
-    }
-}
-
 } // namespace
 
-Hit FindFirst(const Map& theMap, const LmKeyValueStore* theStore, const LmString& theStoreKey)
+Hit FindFirstInIndex(const Map& theMap, const LmKeyValueStore* theStore, const LmString& theStoreKey)
 {
-    if (IsLarge(theMap)) {
-        const Index::Set& theSet = Index::Of(&theMap);
-        const auto thePlace = theSet.lower_bound(KeyOfStore{theStore, theStoreKey});
-        const bool isHit = thePlace != theSet.end() && IsBoundTo(*thePlace->theRecord, theStore, theStoreKey);
-        return isHit ? Hit{thePlace->theKey, &*thePlace->theRecord} : Hit();
-    }
-    for (const auto& theEntry : theMap) {
-        for (const BindingInfo& theRecord : theEntry.second) {
-            if (IsBoundTo(theRecord, theStore, theStoreKey)) {
-                return {&theEntry.first, &theRecord};
-            }
-        }
-    }
-    return {};
+    const Index::Set& theSet = Index::Of(&theMap);
+    const auto thePlace = theSet.lower_bound(KeyOfStore{theStore, theStoreKey});
+    const bool isHit = thePlace != theSet.end() && IsBoundTo(*thePlace->theRecord, theStore, theStoreKey);
+    return isHit ? Hit{thePlace->theKey, &*thePlace->theRecord} : Hit();
 }
 
 Records::iterator FindIn(Map& theMap, Map::iterator theEntry, const LmKeyValueBinding* boundTo)
@@ -157,7 +132,6 @@ Records::iterator FindIn(Map& theMap, Map::iterator theEntry, const LmKeyValueBi
 void Append(Map& theMap, const LmString& bindKey, const BindingInfo& theInfo)
 {
     Records theNewRecord(1, theInfo);
-    const bool wasLarge = IsLarge(theMap);
     const auto theInsertion = theMap.try_emplace(bindKey);
     Records& theRecords = theInsertion.first->second;
     theRecords.splice(theRecords.end(), theNewRecord);
@@ -167,9 +141,11 @@ void Append(Map& theMap, const LmString& bindKey, const BindingInfo& theInfo)
             theMap.erase(theInsertion.first);
         }
     });
-    if (wasLarge) {
+    const std::size_t theCount = CountSome(theMap);
+    const std::size_t theNewCount = theInsertion.second ? 2 : 1;
+    if (theCount > kFew + theNewCount) {
         Index::Of(&theMap).insert(Place(theInsertion.first, std::prev(theRecords.end())));
-    } else if (IsLarge(theMap)) {
+    } else if (theCount > kFew) {
         IndexAll(theMap);
     }
     theRollback.Commit();
@@ -177,22 +153,24 @@ void Append(Map& theMap, const LmString& bindKey, const BindingInfo& theInfo)
 
 void Take(Map& theMap, Map::iterator theEntry, Records::iterator theRecord, Records& theTaken)
 {
-    const bool wasLarge = IsLarge(theMap);
-    if (wasLarge) {
+    const std::size_t theCount = CountSome(theMap);
+    if (theCount == kFew + 1) {
+        Index::Drop(&theMap);
+    } else if (theCount > kFew) {
         Index::Set& theSet = Index::Of(&theMap);
         const auto theRange = theSet.equal_range(Place(theEntry, theRecord));
         theSet.erase(std::find_if(theRange.first, theRange.second,
                                   [&](const Place& thePlace) { return thePlace.theRecord == theRecord; }));
     }
     theTaken.splice(theTaken.end(), theEntry->second, theRecord);
-    DropOldIndex(theMap, wasLarge);
 }
 
 void EraseEntry(Map& theMap, Map::iterator theEntry)
 {
-    const bool wasLarge = IsLarge(theMap);
+    if (CountSome(theMap) == kFew + 1) {
+        Index::Drop(&theMap);
+    }
     theMap.erase(theEntry);
-    DropOldIndex(theMap, wasLarge);
 }
 
 } // namespace LmBindingIndex

@@ -27,8 +27,39 @@ struct Hit
     const BindingInfo* theRecord;
 };
 
+// So many keys and records, counted together, are searched by walking through them. Keys count too, because
+// a walk visits them even when they have no records.
+constexpr std::size_t kFew = 16;
+
+inline bool IsBoundTo(const BindingInfo& theRecord, const LmKeyValueStore* theStore,
+                      const LmString& theStoreKey)
+{
+    // A binding object is the store that is its base, so this finds what casting theStore down would. The
+    // objects come first, which are compared at once.
+    return theRecord.boundTo == theStore && theRecord.boundKey == theStoreKey;
+}
+
+// FindFirst for more than a few.
+Hit FindFirstInIndex(const Map& theMap, const LmKeyValueStore* theStore, const LmString& theStoreKey);
+
 // The first record in the whole of theMap that is bound to that key of that store.
-Hit FindFirst(const Map& theMap, const LmKeyValueStore* theStore, const LmString& theStoreKey);
+inline Hit FindFirst(const Map& theMap, const LmKeyValueStore* theStore, const LmString& theStoreKey)
+{
+    std::size_t theCount = 0;
+    for (const auto& theEntry : theMap) {
+        const Records& theRecords = theEntry.second;
+        theCount += 1 + theRecords.size();
+        if (theCount > kFew) {
+            return FindFirstInIndex(theMap, theStore, theStoreKey);
+        }
+        for (const BindingInfo& theRecord : theRecords) {
+            if (IsBoundTo(theRecord, theStore, theStoreKey)) {
+                return {&theEntry.first, &theRecord};
+            }
+        }
+    }
+    return {};
+}
 
 // The first record of one entry that is bound to some key of that object, or the end.
 Records::iterator FindIn(Map& theMap, Map::iterator theEntry, const LmKeyValueBinding* boundTo);

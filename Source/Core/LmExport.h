@@ -7,8 +7,7 @@
 // shared library.
 #define LM_EXPORT __attribute__((visibility("default")))
 
-// Keeps a member of such a class inside the library: for templates, which the optimiser may or may not leave
-// as functions of their own.
+// Keeps a member of such a class inside the library: for what nothing in a header calls.
 #define LM_HIDDEN __attribute__((visibility("hidden")))
 
 // Marks a function whose parameter number theFormat is a printf format for the arguments from theFirst on,

@@ -184,18 +184,26 @@ void LmKeyValueBinding::RemoveBinding(BindingMap::iterator theEntry, BindingList
 void LmKeyValueBinding::UpdateKey(const LmString& theKey, const LmKeyValueStore& theStore,
                                   const LmString& theStoreKey, LmValueTransform* transform)
 {
+    if (transform == nullptr) {
+        SetUpdatedKey(theKey, theStore.GetKeyPathValue(theStoreKey));
+        return;
+    }
     // A copy: the transform may remove the binding, and theKey with it. It may even destroy this object.
     const LmString theTarget = theKey; // NOLINT(performance-unnecessary-copy-initialization)
     const LmLifeWatch theWatch(this);
     const LmValue theValue = ReadThrough(theStore, theStoreKey, transform);
-    if (theWatch.IsGone()) {
-        return;
+    if (!theWatch.IsGone()) {
+        SetUpdatedKey(theTarget, theValue);
     }
+}
+
+void LmKeyValueBinding::SetUpdatedKey(const LmString& theKey, const LmValue& theValue)
+{
     const LmTraceIndent theIndent;
     LmTrace(
-        [&] { LmKeyValueStore::LogString("Updating %s.%s", GetDebugInfo().GetUTF8(), theTarget.GetUTF8()); });
+        [&] { LmKeyValueStore::LogString("Updating %s.%s", GetDebugInfo().GetUTF8(), theKey.GetUTF8()); });
     // On purpose: a value that is not valid is set like any other.
-    SetKeyPathValue(theTarget, theValue);
+    SetKeyPathValue(theKey, theValue);
 }
 
 // Makes the records and the observations of a new binding: all of them, or none when memory runs out.
@@ -203,14 +211,16 @@ void LmKeyValueBinding::Link(const LmString& bindKey, bool twoWay, LmKeyValueBin
                              const LmString& boundKey, LmValueTransform* transform,
                              LmValueTransform* reverseTransform)
 {
-    const bool isNewEntry = !HasEntry(bindKey);
+    const std::size_t theKeyCount = mBindings.size();
     AddBinding(bindKey, {boundTo, boundKey, transform});
+    const bool isNewEntry = mBindings.size() != theKeyCount;
     LmRollback theRecord([&] { WithdrawBinding(bindKey, isNewEntry); });
 
-    const bool isNewMirrorEntry = !boundTo->HasEntry(boundKey);
+    const std::size_t theMirrorKeyCount = boundTo->mBindings.size();
     if (twoWay) {
         boundTo->AddBinding(boundKey, {this, bindKey, reverseTransform});
     }
+    const bool isNewMirrorEntry = boundTo->mBindings.size() != theMirrorKeyCount;
     LmRollback theMirrorRecord([&] {
         if (twoWay) {
             boundTo->WithdrawBinding(boundKey, isNewMirrorEntry);
@@ -250,11 +260,6 @@ bool LmKeyValueBinding::ObserveOnce(const LmString& theKey, LmKeyValueObserver* 
     }
     ObserveKeyPathValue(theKey, theObserver);
     return true;
-}
-
-bool LmKeyValueBinding::HasEntry(const LmString& bindKey) const
-{
-    return mBindings.find(bindKey) != mBindings.end();
 }
 
 // Removes all records of an entry, then the entry.

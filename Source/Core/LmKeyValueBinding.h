@@ -160,14 +160,15 @@ protected:
                        const LmString& bindKey, LmKeyValueBinding* boundTo);
 
 private:
-    void Link(const LmString& bindKey, bool twoWay, LmKeyValueBinding* boundTo, const LmString& boundKey,
-              LmValueTransform* transform, LmValueTransform* reverseTransform);
-    void WithdrawBinding(const LmString& bindKey, bool isNewEntry);
-    bool ObserveOnce(const LmString& theKey, LmKeyValueObserver* theObserver);
-    bool HasEntry(const LmString& bindKey) const;
-    void RemoveEntry(BindingMap::iterator theEntry);
-    void UpdateKey(const LmString& theKey, const LmKeyValueStore& theStore, const LmString& theStoreKey,
-                   LmValueTransform* transform);
+    LM_HIDDEN void Link(const LmString& bindKey, bool twoWay, LmKeyValueBinding* boundTo,
+                        const LmString& boundKey, LmValueTransform* transform,
+                        LmValueTransform* reverseTransform);
+    LM_HIDDEN void WithdrawBinding(const LmString& bindKey, bool isNewEntry);
+    LM_HIDDEN bool ObserveOnce(const LmString& theKey, LmKeyValueObserver* theObserver);
+    LM_HIDDEN void RemoveEntry(BindingMap::iterator theEntry);
+    LM_HIDDEN void UpdateKey(const LmString& theKey, const LmKeyValueStore& theStore,
+                             const LmString& theStoreKey, LmValueTransform* transform);
+    LM_HIDDEN void SetUpdatedKey(const LmString& theKey, const LmValue& theValue);
 
     BindingMap mBindings; // the records by own key, in the order of binding; entries are erased by Unbind
                           // with a null object

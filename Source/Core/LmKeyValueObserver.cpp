@@ -71,7 +71,8 @@ void LmKeyValueObserver::StartedObserving(LmKeyValueStore* theStore, const LmStr
 {
     LM_ASSERT(theStore != NULL); // NOLINT(modernize-use-nullptr): the text is fixed
     LM_ASSERT(!AmObserving(theStore, theKeyPath));
-    std::list<LmObservedKey> theNewKey(1, LmObservedKey{theStore, theKeyPath});
+    std::list<LmObservedKey> theNewKey;
+    theNewKey.push_back({theStore, theKeyPath});
     ObservedKeys::Append(mKeys, theNewKey);
 }
 

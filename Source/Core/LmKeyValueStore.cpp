@@ -130,8 +130,7 @@ void LmKeyValueStore::IgnoreKeyPathValue(const LmString& theKeyPath, LmKeyValueO
     });
     // On purpose: a key state is made where there was none, and stays where its lists are empty now.
     ObserverList theRemoved;
-    Observers::TakeAll(mKeyStates.try_emplace(theKeyPath).first->second.theObservers, theObserver,
-                       theRemoved);
+    Observers::TakeAll(MakeKeyState(theKeyPath).theObservers, theObserver, theRemoved);
     theObserver->StoppedObserving(this, theKeyPath);
 }
 
@@ -188,7 +187,7 @@ void LmKeyValueStore::BreakDependency(const LmString& watchedKey, const LmString
     LM_ASSERT(dependentKey != kKeyAnyValue);
     LM_ASSERT(IsDependent(watchedKey, dependentKey));
     // On purpose: a key state is made where there was none, and stays where its lists are empty now.
-    mKeyStates.try_emplace(watchedKey).first->second.theDependents.remove(dependentKey);
+    MakeKeyState(watchedKey).theDependents.remove(dependentKey);
 }
 
 bool LmKeyValueStore::IsDependent(const LmString& theKeyName, const LmString& dependentKey)
@@ -235,6 +234,15 @@ const LmKeyState* LmKeyValueStore::FindKeyState(const LmString& theKeyName) cons
 {
     LmKeyMemo* theMemo = LmKeyMemo::Of(this, theKeyName);
     return theMemo != nullptr ? theMemo->mState.In(mKeyStates, theKeyName) : LmFind(mKeyStates, theKeyName);
+}
+
+// The state of a key, made where there is none.
+LmKeyState& LmKeyValueStore::MakeKeyState(const LmString& theKeyName)
+{
+    if (const LmKeyState* theState = FindKeyState(theKeyName)) {
+        return const_cast<LmKeyState&>(*theState); // an entry of this store, which is not constant here
+    }
+    return mKeyStates[theKeyName];
 }
 
 // The state of "*", or null. There is at least one state.

@@ -210,11 +210,12 @@ public:
     void NotifyDependents(const LmString& theKeyName);
 
 private:
-    const LmValue* FindValue(const LmString& theKeyName) const;
-    const LmKeyState* FindKeyState(const LmString& theKeyName) const;
-    const LmKeyState* FindAnyState() const;
-    void CallObservers(const LmString& theKeyName, const LmKeyState& theState, bool hasChanged);
-    void Tell(LmKeyValueObserver& theObserver, const LmString& theKeyName, bool hasChanged);
+    LM_HIDDEN const LmValue* FindValue(const LmString& theKeyName) const;
+    LM_HIDDEN const LmKeyState* FindKeyState(const LmString& theKeyName) const;
+    LM_HIDDEN const LmKeyState* FindAnyState() const;
+    LM_HIDDEN LmKeyState& MakeKeyState(const LmString& theKeyName);
+    LM_HIDDEN void CallObservers(const LmString& theKeyName, const LmKeyState& theState, bool hasChanged);
+    LM_HIDDEN void Tell(LmKeyValueObserver& theObserver, const LmString& theKeyName, bool hasChanged);
 
     std::map<LmString, LmKeyState> mKeyStates; // observers and dependents by key; entries are never erased
     std::map<LmString, LmValue> mValues;       // the values by key; entries are never erased

@@ -3,8 +3,11 @@
 #ifndef LmSideIndex_h
 #define LmSideIndex_h
 
+#include "LmRollback.h"
+
 #include <set>
 #include <unordered_map>
+#include <utility>
 
 // Sorted sets of places in containers that have no room for such a set in themselves, because their types are
 // fixed: one set for each container that has grown long. Not part of the interface.
@@ -27,12 +30,9 @@ public:
         if (sSets == nullptr) {
             sSets = new Sets;
         }
-        try {
-            sSets->insert_or_assign(theContainer, std::move(theSet));
-        } catch (...) {
-            FreeWhenEmpty();
-            throw;
-        }
+        LmRollback theRollback([] { FreeWhenEmpty(); });
+        sSets->insert_or_assign(theContainer, std::move(theSet));
+        theRollback.Commit();
     }
 
     static void Drop(const void* theContainer)

@@ -26,6 +26,9 @@
 
 #include "LmExport.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
 #include <string>
 #include <utility>
 
@@ -83,7 +86,14 @@ public:
 
     // The order of the bytes, taken as unsigned numbers; where one text begins with the other, the shorter
     // one comes first. The library's maps are sorted by it.
-    bool operator<(const LmString& theString) const { return mText.compare(theString.mText) < 0; }
+    bool operator<(const LmString& theString) const
+    {
+        const std::size_t theSize = mText.size();
+        const std::size_t theOtherSize = theString.mText.size();
+        const int theOrder =
+            std::memcmp(mText.data(), theString.mText.data(), std::min(theSize, theOtherSize));
+        return theOrder != 0 ? theOrder < 0 : theSize < theOtherSize;
+    }
 
     // Cuts the text at the first place where separator occurs, and tells whether it occurs at all.
     //

@@ -17,7 +17,7 @@ namespace {
 // The bytes of the heap block behind a payload; 0 for the kinds that have none.
 std::size_t GetBlockSize(ValueType theType)
 {
-    constexpr std::uint8_t kSizes[] = {0, 0, 0, 0, 8, 8, 8, 0, 0, 8, 8, 16};
+    static constexpr std::uint8_t kSizes[] = {0, 0, 0, 0, 8, 8, 8, 0, 0, 8, 8, 16};
     return theType <= kTypeRect ? kSizes[theType] : 0;
 }
 
@@ -266,10 +266,28 @@ void LmValue::CopyOwnedPayload(const LmValue& theValue)
             CopyBlock(GetBlock(), theValue.GetBlock(), theSize);
         }
     } else if (theValue.IsString()) {
-        SetString(theValue.GetString(), false);
+        mType = kTypeString;
+        mValue = theValue.mValue;
+        if (mValue != 0) {
+            CFRetain(GetString());
+        }
     } else {
         LM_ERROR("Unknown type: %d", static_cast<int>(theValue.mType));
     }
+}
+
+// Assigns theValue to a value that has a string, a block or an unknown kind.
+void LmValue::ReplaceOwnedPayload(const LmValue& theValue)
+{
+    const std::size_t theSize = GetBlockSize(mType);
+    if (theSize != 0 && theSize == GetBlockSize(theValue.mType) && this != &theValue) {
+        // A block of the right size is as good as a new one.
+        mType = theValue.mType;
+        CopyBlock(GetBlock(), theValue.GetBlock(), theSize);
+        return;
+    }
+    ReleaseValue();
+    CopyPayload(theValue);
 }
 
 bool LmValue::IsEqual(const LmValue& theValue) const

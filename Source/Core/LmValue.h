@@ -118,8 +118,12 @@ public:
     // A kind outside the enumeration is reported, and the value is invalid.
     LmValue& operator=(const LmValue& theValue)
     {
-        ReleaseValue();
-        CopyPayload(theValue);
+        if (IsPlain(mType)) {
+            InitialiseSelf();
+            CopyPayload(theValue);
+        } else {
+            ReplaceOwnedPayload(theValue);
+        }
         return *this;
     }
 
@@ -284,6 +288,7 @@ private:
     }
 
     void CopyOwnedPayload(const LmValue& theValue);
+    void ReplaceOwnedPayload(const LmValue& theValue);
     void ReleasePayload();
     bool IsEqual(const LmValue& theValue) const;
     void* GetBlock() const { return reinterpret_cast<void*>(mValue); }

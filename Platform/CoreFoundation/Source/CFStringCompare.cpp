@@ -4,6 +4,7 @@
 #include "CFUnicode.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -158,7 +159,8 @@ Span SpanOf(CFStringRef theString, CFRange theRange)
 
 Span SpanOf(CFStringRef theString)
 {
-    return SpanOf(theString, CFRangeMake(0, theString->GetLength()));
+    const Units& theUnits = theString->mUnits;
+    return {theUnits.data(), theUnits.data() + theUnits.size()};
 }
 
 CFComparisonResult CompareReadings(Span theFirst, Span theSecond, int theReading,
@@ -173,8 +175,14 @@ CFComparisonResult CompareUnits(Span theFirst, Span theSecond)
 {
     const std::ptrdiff_t theFirstCount = theFirst.theEnd - theFirst.theBegin;
     const std::ptrdiff_t theSecondCount = theSecond.theEnd - theSecond.theBegin;
+    // Four units at a time as long as they agree.
     const std::ptrdiff_t theCount = std::min(theFirstCount, theSecondCount);
-    for (std::ptrdiff_t theIndex = 0; theIndex < theCount; ++theIndex) {
+    std::ptrdiff_t theIndex = 0;
+    while (theCount - theIndex >= 4 && std::memcmp(theFirst.theBegin + theIndex,
+                                                   theSecond.theBegin + theIndex, 4 * sizeof(UniChar)) == 0) {
+        theIndex += 4;
+    }
+    for (; theIndex < theCount; ++theIndex) {
         if (theFirst.theBegin[theIndex] != theSecond.theBegin[theIndex]) {
             return Compare(theFirst.theBegin[theIndex], theSecond.theBegin[theIndex]);
         }
