@@ -259,6 +259,11 @@ const LmKeyState* LmKeyValueStore::FindAnyState() const
 void LmKeyValueStore::CallObservers(const LmString& theKeyName, const LmKeyState& theState, bool hasChanged)
 {
     const LmKeyState* theAnyState = FindAnyState();
+    if (theAnyState == nullptr && theState.theObservers.size() == 1) {
+        // The usual case. Nothing is looked at after the call, so it may change the list or destroy anything.
+        Tell(*theState.theObservers.front(), theKeyName, hasChanged);
+        return;
+    }
     const LmObserverSnapshot theObservers(theState.theObservers,
                                           theAnyState != nullptr ? &theAnyState->theObservers : nullptr);
     const LmLifeWatch theWatch(this);

@@ -119,8 +119,9 @@ public:
     // On purpose: a key without a key state is silent even to the observers of "*".
     //
     // Diagnostics: those of GetKeyPathValue and SetKeyValue, and "HasKey(theKeyName)" when the new value is
-    // invalid. Cost: a constant number of look-ups, plus the observers' own work. Up to eight observers,
-    // a name of up to 15 bytes and a value without a block of its own need no memory from the heap.
+    // invalid. Cost: a constant number of look-ups, plus the observers' own work. Up to sixteen
+    // observers, a name of up to 15 bytes and a value without a block of its own need no memory from the
+    // heap.
     void SetKeyPathValue(const LmString& theKeyPath, const LmValue& theValue);
 
     // True for "*" and for a key whose current value is valid. Asks the virtual GetKeyValue.

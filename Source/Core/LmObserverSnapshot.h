@@ -15,7 +15,7 @@ class LmKeyValueObserver;
 //
 // An observer whose observation ends during the pass is still called. One that is destroyed is not: its place
 // becomes null. To that end the snapshots in use form a list from the innermost outwards, which the
-// destructor of every observer walks; so a snapshot lives on the stack only. Up to eight observers need no
+// destructor of every observer walks; so a snapshot lives on the stack only. Up to sixteen observers need no
 // memory from the heap.
 class LmObserverSnapshot
 {
@@ -54,7 +54,7 @@ private:
     static LmKeyValueObserver** Merge(const ObserverList& theKeyObservers,
                                       const ObserverList& theAnyObservers, LmKeyValueObserver** theEnd);
 
-    static constexpr std::size_t kFew = 8;
+    static constexpr std::size_t kFew = 16;
     static inline LmObserverSnapshot* sInnermost = nullptr;
 
     LmKeyValueObserver* mFew[kFew];               // the observers, when they fit

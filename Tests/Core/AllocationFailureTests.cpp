@@ -219,7 +219,7 @@ TEST_P(AllocationFailure, OfTheFirstChangeOfAKeyMakesNoKey)
 
 namespace {
 
-// A key with ten observers, one of them twice as a dependent: each pass needs memory for its snapshot.
+// A key with twenty observers, one of them twice as a dependent: each pass needs memory for its snapshot.
 struct BusyScene
 {
     BusyScene()
@@ -234,7 +234,7 @@ struct BusyScene
     }
 
     LmKeyValueStore theStore;
-    CountingObserver theObservers[10];
+    CountingObserver theObservers[20];
 };
 
 } // namespace
@@ -461,12 +461,12 @@ INSTANTIATE_TEST_SUITE_P(, AllocationFailure, testing::Bool(), [](const auto& th
 
 // ---- What needs no memory
 
-TEST(Allocation, SettingANumberUnderAShortNameWithEightObserversNeedsNone)
+TEST(Allocation, SettingANumberUnderAShortNameWithSixteenObserversNeedsNone)
 {
     LmKeyValueStore theStore;
-    CountingObserver theObservers[8];
+    CountingObserver theObservers[16];
     theStore.SetKeyValue("fifteen letters", LmValue(1UL));
-    for (size_t theIndex = 0; theIndex < 8; ++theIndex) {
+    for (size_t theIndex = 0; theIndex < 16; ++theIndex) {
         theStore.ObserveKeyPathValue(theIndex % 2 == 0 ? "fifteen letters" : "*", &theObservers[theIndex]);
     }
     const LmString theKey("fifteen letters");
@@ -478,7 +478,7 @@ TEST(Allocation, SettingANumberUnderAShortNameWithEightObserversNeedsNone)
         theCount.Stop();
         EXPECT_EQ(theCount.GetCount(), 0u) << theValue.GetType();
     }
-    EXPECT_EQ(theObservers[7].mCalls, 8);
+    EXPECT_EQ(theObservers[15].mCalls, 8);
 }
 
 TEST(Allocation, SettingADoubleNeedsTheBlocksOfItsCopiesOnly)

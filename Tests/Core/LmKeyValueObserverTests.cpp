@@ -365,8 +365,14 @@ const MergeRow kMergeRows[] = {
     {"NothingIsSorted", {4, 2, 0}, {5, 3, 1}, "420531"},
     {"Interleaved", {1, 3, 5}, {0, 2, 4}, "012345"},
     {"TheSameObserverInBothGoesFirstAsTheKeys", {1, 0}, {1}, "101"},
-    {"EightFitWithoutTheHeap", {0, 2, 4, 6}, {1, 3, 5, 7}, "01234567"},
-    {"NineNeedTheHeap", {0, 2, 4, 6, 8}, {1, 3, 5, 7}, "012345678"},
+    {"SixteenFitWithoutTheHeap",
+     {0, 2, 4, 6, 8, 10, 12, 14},
+     {1, 3, 5, 7, 9, 11, 13, 15},
+     "0123456789abcdef"},
+    {"SeventeenNeedTheHeap",
+     {0, 2, 4, 6, 8, 10, 12, 14, 16},
+     {1, 3, 5, 7, 9, 11, 13, 15},
+     "0123456789abcdefg"},
 };
 
 class LmKeyValueObserverMerge : public testing::TestWithParam<MergeRow>
@@ -380,7 +386,9 @@ TEST_P(LmKeyValueObserverMerge, FollowsAddressesWithoutSorting)
     Lines theLog;
     LmKeyValueStore theStore;
     NamedObserver theObservers[] = {{"0", theLog}, {"1", theLog}, {"2", theLog}, {"3", theLog}, {"4", theLog},
-                                    {"5", theLog}, {"6", theLog}, {"7", theLog}, {"8", theLog}};
+                                    {"5", theLog}, {"6", theLog}, {"7", theLog}, {"8", theLog}, {"9", theLog},
+                                    {"a", theLog}, {"b", theLog}, {"c", theLog}, {"d", theLog}, {"e", theLog},
+                                    {"f", theLog}, {"g", theLog}};
     LmKeyValueObserver theOnce;
     theStore.ObserveKeyPathValue("k", &theOnce);
     theStore.IgnoreKeyPathValue("k", &theOnce);
