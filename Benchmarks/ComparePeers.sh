@@ -18,13 +18,15 @@ G_SLICE=always-malloc "$kProgram" heap >"$kResults/figures"
 "$kProgram" time >>"$kResults/figures"
 
 # Each part of the profile is one scenario of one peer: its title ends with the number of operations.
-valgrind --tool=callgrind --instr-atstart=no --callgrind-out-file="$kResults/profile" \
-    "$kProgram" count 2>"$kResults/log" || { cat "$kResults/log"; exit 1; }
-find "$kResults" -name 'profile.*' | sort -V | while read -r thePart; do
-    awk -F '\t' '
-        sub(/^desc: Trigger: Client Request: /, "") { theTitle = $1 "\t" $2; theOperations = $3 }
-        sub(/^totals: /, "") { printf "count\t%s\t%.0f\n", theTitle, $0 / theOperations }
-    ' "$thePart"
+for theRun in 1 2 3; do
+    valgrind --tool=callgrind --instr-atstart=no --callgrind-out-file="$kResults/profile$theRun" \
+        "$kProgram" count 2>"$kResults/log" || { cat "$kResults/log"; exit 1; }
+    find "$kResults" -name "profile$theRun.*" | sort -V | while read -r thePart; do
+        awk -F '\t' '
+            sub(/^desc: Trigger: Client Request: /, "") { theTitle = $1 "\t" $2; theOperations = $3 }
+            sub(/^totals: /, "") { printf "count\t%s\t%.0f\n", theTitle, $0 / theOperations }
+        ' "$thePart"
+    done
 done >>"$kResults/figures"
 
 python3 Benchmarks/Peers/DrawComparison.py "$kResults/figures" \

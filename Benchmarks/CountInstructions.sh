@@ -43,6 +43,8 @@ for theKeys in 10 100 1000 10000; do
 done
 row 'bind and unbind 1000 pairs' pairs 2 1000
 row 'bind and unbind 10000 pairs' pairs 2 10000
+row 'bind and unbind 1000 followers of one key' followers 2 1000
+row 'bind and unbind 10000 followers of one key' followers 2 10000
 row 'an event through the binding of a control' control 500
 row 'an event through the binding of a window' window 500
 row 'an event through the binding of a menu command' menu 500

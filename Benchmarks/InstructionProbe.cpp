@@ -35,7 +35,7 @@ int main(int theCount, char** theArguments)
     if (theCount < 3) {
         std::fprintf(stderr,
                      "usage: InstructionProbe set|one-way|two-way|chain|fan-out-one-way|"
-                     "fan-out-two-way|bound-keys|pairs|control|window|menu|model|"
+                     "fan-out-two-way|bound-keys|pairs|followers|control|window|menu|model|"
                      "preference-read|preference-write|transform <steps> [<size> [<observers or kind>]]\n");
         return EXIT_FAILURE;
     }
@@ -59,6 +59,9 @@ int main(int theCount, char** theArguments)
     }
     if (std::strcmp(theName, "pairs") == 0) {
         return Run(PairsScenario(theSize), theSteps);
+    }
+    if (std::strcmp(theName, "followers") == 0) {
+        return Run(FollowersScenario(theSize), theSteps);
     }
     if (std::strcmp(theName, "control") == 0) {
         return Run(ControlEventScenario(), theSteps);

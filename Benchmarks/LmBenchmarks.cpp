@@ -84,6 +84,17 @@ void BindingAndUnbinding(benchmark::State& theState)
 }
 BENCHMARK(BindingAndUnbinding)->ArgName("pairs")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 
+void BindingAndUnbindingFollowers(benchmark::State& theState)
+{
+    FollowersScenario theScenario(Argument(theState));
+    Measure(theState, theScenario);
+}
+BENCHMARK(BindingAndUnbindingFollowers)
+    ->ArgName("followers")
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Unit(benchmark::kMillisecond);
+
 template <typename Scenario>
 void EventThroughABinding(benchmark::State& theState)
 {

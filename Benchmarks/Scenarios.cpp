@@ -167,3 +167,28 @@ bool PairsScenario::IsRight() const
         return NumberOf(theView, "value") == mSteps;
     });
 }
+
+FollowersScenario::FollowersScenario(std::size_t theFollowers)
+    : mViews(theFollowers)
+{
+}
+
+void FollowersScenario::Step()
+{
+    mModel.SetKeyPathValue("value", NextValue(mSteps));
+    for (LmKeyValueBinding& theView : mViews) {
+        BindValues(theView, mModel, true);
+    }
+    // The prime number leads to every view once, now here, now there.
+    constexpr std::size_t kStride = 7919;
+    for (std::size_t theIndex = 0; theIndex < mViews.size(); ++theIndex) {
+        mViews[theIndex * kStride % mViews.size()].Unbind("value", &mModel);
+    }
+}
+
+bool FollowersScenario::IsRight() const
+{
+    return std::all_of(mViews.begin(), mViews.end(), [this](const LmKeyValueBinding& theView) {
+        return NumberOf(theView, "value") == mSteps;
+    });
+}

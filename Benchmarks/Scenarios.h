@@ -113,4 +113,18 @@ private:
     long mSteps = 0;
 };
 
+// Binding theFollowers objects both ways to one key of one object, and unbinding them in another order.
+class FollowersScenario
+{
+public:
+    explicit FollowersScenario(std::size_t theFollowers);
+    void Step();
+    bool IsRight() const;
+
+private:
+    LmKeyValueBinding mModel;
+    std::deque<LmKeyValueBinding> mViews;
+    long mSteps = 0;
+};
+
 #endif

@@ -3,17 +3,18 @@
 """DrawComparison.py <figures> <table> <chart>: makes tables and a chart of what PeerComparison measured.
 
 Each figure is a line of four fields: what was measured (count, time or heap), the scenario, the peer, the figure.
+Of one that was measured several times, the median counts.
 The first peer of a scenario is the floor, to which all others are set in relation. The tables are printed
 and written as Markdown, the chart as SVG.
 """
 
 import math
+import statistics
 import sys
 
 FLOOR = "the floor"
 TABLES = [
-    ("count", "Instructions", "Counted by callgrind for one operation. GLib's counts differ from run to run, up to "
-     "twofold; the others hardly do.", ""),
+    ("count", "Instructions", "Counted by callgrind for one operation: the median of three runs.", ""),
     ("time", "Time", "The processor's time for one operation: the median of nine repetitions, in which "
      "the libraries take turns. It depends on the machine and on what else runs there.", " ns"),
     ("heap", "Memory", "What is in use of the heap, as malloc counts it.", " bytes"),
@@ -26,6 +27,7 @@ CHARTED = [
     "one hop, both ways",
     "a chain of 100, both ways",
     "a fan-out of 1,000, one way",
+    "a fan-out of 1,000, both ways",
     "make and undo a two-way binding, 10,000 of them",
 ]
 COLOURS = {
@@ -68,9 +70,12 @@ def read(path):
     with open(path, encoding="utf-8") as lines:
         for line in lines:
             kind, scenario, peer, figure = line.rstrip("\n").split("\t")
-            figures.setdefault(kind, {}).setdefault(scenario, {})[peer] = float(figure)
+            figures.setdefault(kind, {}).setdefault(scenario, {}).setdefault(peer, []).append(float(figure))
             if peer not in peers:
                 peers.append(peer)
+    for scenarios in figures.values():
+        for row in scenarios.values():
+            row.update((peer, statistics.median(measured)) for peer, measured in row.items())
     order = [FLOOR, "LmBindings"] + [peer for peer in COLOURS if peer in peers and peer != "LmBindings"]
     return figures, order
 
