@@ -88,7 +88,9 @@ std::size_t CountSome(const Map& theMap)
     return std::min(theCount, kEnough);
 }
 
-void IndexAll(Map& theMap)
+// What only large objects need is made small, and stays out of what small ones need.
+
+[[gnu::cold, gnu::noinline]] void IndexAll(Map& theMap)
 {
     Index::Set theSet;
     for (auto theEntry = theMap.begin(); theEntry != theMap.end(); ++theEntry) {
@@ -98,6 +100,19 @@ void IndexAll(Map& theMap)
         }
     }
     Index::Keep(&theMap, std::move(theSet));
+}
+
+[[gnu::cold, gnu::noinline]] void AddToIndex(const Map& theMap, const Place& theNew)
+{
+    Index::Of(&theMap).insert(theNew);
+}
+
+[[gnu::cold, gnu::noinline]] void RemoveFromIndex(const Map& theMap, const Place& theOld)
+{
+    Index::Set& theSet = Index::Of(&theMap);
+    const auto theRange = theSet.equal_range(theOld);
+    theSet.erase(std::find_if(theRange.first, theRange.second,
+                              [&](const Place& thePlace) { return thePlace.theRecord == theOld.theRecord; }));
 }
 
 } // namespace
@@ -144,7 +159,7 @@ void Append(Map& theMap, const LmString& bindKey, const BindingInfo& theInfo)
     const std::size_t theCount = CountSome(theMap);
     const std::size_t theNewCount = theInsertion.second ? 2 : 1;
     if (theCount > kFew + theNewCount) {
-        Index::Of(&theMap).insert(Place(theInsertion.first, std::prev(theRecords.end())));
+        AddToIndex(theMap, Place(theInsertion.first, std::prev(theRecords.end())));
     } else if (theCount > kFew) {
         IndexAll(theMap);
     }
@@ -157,10 +172,7 @@ void Take(Map& theMap, Map::iterator theEntry, Records::iterator theRecord, Reco
     if (theCount == kFew + 1) {
         Index::Drop(&theMap);
     } else if (theCount > kFew) {
-        Index::Set& theSet = Index::Of(&theMap);
-        const auto theRange = theSet.equal_range(Place(theEntry, theRecord));
-        theSet.erase(std::find_if(theRange.first, theRange.second,
-                                  [&](const Place& thePlace) { return thePlace.theRecord == theRecord; }));
+        RemoveFromIndex(theMap, Place(theEntry, theRecord));
     }
     theTaken.splice(theTaken.end(), theEntry->second, theRecord);
 }

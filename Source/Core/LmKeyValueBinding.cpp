@@ -18,6 +18,9 @@
 // stands for: Link takes the caller's reference over by storing the record, and RemoveBinding gives it back.
 // The transform may die in there, and with it whatever its destructor takes along, the other object included;
 // nothing of it is touched afterwards.
+//
+// Passing a change on is what must be fast here. What is called once for a binding is cold, so that the
+// compiler makes it small.
 
 namespace {
 
@@ -54,12 +57,12 @@ LmValue ReadThrough(const LmKeyValueStore& theStore, const LmString& theKey, LmV
 
 LmKeyValueBinding::LmKeyValueBinding() = default;
 
-LmKeyValueBinding::~LmKeyValueBinding()
+[[gnu::cold]] LmKeyValueBinding::~LmKeyValueBinding()
 {
     UnbindAll();
 }
 
-LmString LmKeyValueBinding::GetDebugInfo() const
+[[gnu::cold]] LmString LmKeyValueBinding::GetDebugInfo() const
 {
     return LmString("[LmKeyValueBinding ") + LmKeyValueStore::GetDebugInfo() + "]";
 }
@@ -78,9 +81,9 @@ bool LmKeyValueBinding::IsBindable(const LmString& theKeyName)
     return theKeyName != kKeyAnyValue;
 }
 
-OSStatus LmKeyValueBinding::Bind(const LmString& bindKey, LmKeyValueBinding* boundTo,
-                                 const LmString& boundKey, LmValueTransform* transform,
-                                 LmValueTransform* reverseTransform)
+[[gnu::cold]] OSStatus LmKeyValueBinding::Bind(const LmString& bindKey, LmKeyValueBinding* boundTo,
+                                               const LmString& boundKey, LmValueTransform* transform,
+                                               LmValueTransform* reverseTransform)
 {
     if (!IsBindable(bindKey) || !boundTo->IsBindable(boundKey)) {
         return paramErr;
@@ -88,8 +91,8 @@ OSStatus LmKeyValueBinding::Bind(const LmString& bindKey, LmKeyValueBinding* bou
     return LM_CHECK_STATUS(CreateBinding(bindKey, true, boundTo, boundKey, transform, reverseTransform));
 }
 
-OSStatus LmKeyValueBinding::BindTo(const LmString& bindKey, LmKeyValueBinding* boundTo,
-                                   const LmString& boundKey, LmValueTransform* transform)
+[[gnu::cold]] OSStatus LmKeyValueBinding::BindTo(const LmString& bindKey, LmKeyValueBinding* boundTo,
+                                                 const LmString& boundKey, LmValueTransform* transform)
 {
     // On purpose: bindKey need not be bindable, because nobody observes it through this binding.
     if (!boundTo->IsBindable(boundKey)) {
@@ -117,7 +120,7 @@ OSStatus LmKeyValueBinding::Unbind(const LmString& boundKey, LmKeyValueBinding* 
     return noErr;
 }
 
-void LmKeyValueBinding::UnbindAll()
+[[gnu::cold]] void LmKeyValueBinding::UnbindAll()
 {
     while (!mBindings.empty()) {
         // The key goes with its entry, which Unbind erases as the last thing it does.
@@ -242,7 +245,7 @@ void LmKeyValueBinding::Link(const LmString& bindKey, bool twoWay, LmKeyValueBin
 
 // Takes back the record that AddBinding has just added, and the entry where that made it. The transform stays
 // the caller's.
-void LmKeyValueBinding::WithdrawBinding(const LmString& bindKey, bool isNewEntry)
+[[gnu::cold]] void LmKeyValueBinding::WithdrawBinding(const LmString& bindKey, bool isNewEntry)
 {
     const auto theEntry = mBindings.find(bindKey);
     BindingList theWithdrawn;

@@ -35,9 +35,12 @@ using ObserverList = Observers::List;
 
 } // namespace
 
+// Setting a key is what must be fast here. What is called once for an observer or a dependency is cold, so
+// that the compiler makes it small.
+
 LmKeyValueStore::LmKeyValueStore() = default;
 
-LmKeyValueStore::~LmKeyValueStore()
+[[gnu::cold]] LmKeyValueStore::~LmKeyValueStore()
 {
     LmLifeWatch::StoreIsGone(this);
     RemoveObservers();
@@ -58,7 +61,7 @@ void LmKeyValueStore::SetKeyValue(const LmString& theKeyName, const LmValue& the
     if (const LmValue* theEntry = FindValue(theKeyName)) {
         const_cast<LmValue&>(*theEntry) = theValue; // an entry of this store, which is not constant here
     } else {
-        mValues[theKeyName] = theValue;
+        AddValue(theKeyName, theValue);
     }
 }
 
@@ -145,7 +148,7 @@ bool LmKeyValueStore::IsObserving(const LmString& theKeyPath, LmKeyValueObserver
     return Observers::Has(theState->theObservers, theObserver);
 }
 
-void LmKeyValueStore::RemoveObservers()
+[[gnu::cold]] void LmKeyValueStore::RemoveObservers()
 {
     for (const auto& theEntry : mKeyStates) {
         const ObserverList& theObservers = theEntry.second.theObservers;
@@ -169,7 +172,7 @@ void LmKeyValueStore::NotifyObservers(const LmString& theKeyName, bool hasChange
     }
 }
 
-void LmKeyValueStore::MakeDependency(const LmString& watchedKey, const LmString& dependentKey)
+[[gnu::cold]] void LmKeyValueStore::MakeDependency(const LmString& watchedKey, const LmString& dependentKey)
 {
     LM_ASSERT(watchedKey != kKeyAnyValue);
     LM_ASSERT(dependentKey != kKeyAnyValue);
@@ -181,7 +184,7 @@ void LmKeyValueStore::MakeDependency(const LmString& watchedKey, const LmString&
     theDependents.splice(theDependents.end(), theNewDependent);
 }
 
-void LmKeyValueStore::BreakDependency(const LmString& watchedKey, const LmString& dependentKey)
+[[gnu::cold]] void LmKeyValueStore::BreakDependency(const LmString& watchedKey, const LmString& dependentKey)
 {
     LM_ASSERT(watchedKey != kKeyAnyValue);
     LM_ASSERT(dependentKey != kKeyAnyValue);
@@ -190,7 +193,7 @@ void LmKeyValueStore::BreakDependency(const LmString& watchedKey, const LmString
     MakeKeyState(watchedKey).theDependents.remove(dependentKey);
 }
 
-bool LmKeyValueStore::IsDependent(const LmString& theKeyName, const LmString& dependentKey)
+[[gnu::cold]] bool LmKeyValueStore::IsDependent(const LmString& theKeyName, const LmString& dependentKey)
 {
     LM_ASSERT(HasKey(theKeyName));
     LM_ASSERT(HasKey(dependentKey));
@@ -206,11 +209,15 @@ void LmKeyValueStore::NotifyDependents(const LmString& theKeyName)
 {
     LM_ASSERT(HasKey(theKeyName));
     const LmKeyState* theState = FindKeyState(theKeyName);
-    if (theState == nullptr || theState->theDependents.empty()) {
-        return;
+    if (theState != nullptr && !theState->theDependents.empty()) {
+        TellDependents(*theState);
     }
+}
+
+[[gnu::cold]] void LmKeyValueStore::TellDependents(const LmKeyState& theState)
+{
     // A copy: observers may make and break dependencies of this key.
-    const std::vector<LmString> theDependents(theState->theDependents.begin(), theState->theDependents.end());
+    const std::vector<LmString> theDependents(theState.theDependents.begin(), theState.theDependents.end());
     const LmLifeWatch theWatch(this);
     // On purpose: told afterwards only, and one level deep. The dependents of a dependent key are not told,
     // so a cycle ends here.
@@ -234,6 +241,12 @@ const LmKeyState* LmKeyValueStore::FindKeyState(const LmString& theKeyName) cons
 {
     LmKeyMemo* theMemo = LmKeyMemo::Of(this, theKeyName);
     return theMemo != nullptr ? theMemo->mState.In(mKeyStates, theKeyName) : LmFind(mKeyStates, theKeyName);
+}
+
+// Stores the value of a key that has none yet.
+void LmKeyValueStore::AddValue(const LmString& theKeyName, const LmValue& theValue)
+{
+    mValues[theKeyName] = theValue;
 }
 
 // The state of a key, made where there is none.

@@ -214,7 +214,9 @@ private:
     LM_HIDDEN const LmValue* FindValue(const LmString& theKeyName) const;
     LM_HIDDEN const LmKeyState* FindKeyState(const LmString& theKeyName) const;
     LM_HIDDEN const LmKeyState* FindAnyState() const;
+    [[gnu::cold]] LM_HIDDEN void AddValue(const LmString& theKeyName, const LmValue& theValue);
     LM_HIDDEN LmKeyState& MakeKeyState(const LmString& theKeyName);
+    [[gnu::noinline]] LM_HIDDEN void TellDependents(const LmKeyState& theState);
     LM_HIDDEN void CallObservers(const LmString& theKeyName, const LmKeyState& theState, bool hasChanged);
     LM_HIDDEN void Tell(LmKeyValueObserver& theObserver, const LmString& theKeyName, bool hasChanged);
 

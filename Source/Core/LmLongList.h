@@ -28,15 +28,8 @@ public:
     // the index, both stay as they are.
     static void Append(List& theList, List& theNewElement)
     {
-        if (IsLong(theList)) {
-            Index::Of(&theList).insert(theNewElement.begin());
-        } else if (theList.size() == kFew) {
-            typename Index::Set theSet;
-            for (auto thePlace = theList.begin(); thePlace != theList.end(); ++thePlace) {
-                theSet.insert(thePlace);
-            }
-            theSet.insert(theNewElement.begin());
-            Index::Keep(&theList, std::move(theSet));
+        if (theList.size() >= kFew) {
+            AddToIndex(theList, theNewElement.begin());
         }
         theList.splice(theList.end(), theNewElement);
     }
@@ -45,12 +38,9 @@ public:
     static void RemoveLast(List& theList)
     {
         if (IsLong(theList)) {
-            // Equal elements stand in the order in which they were appended.
-            auto& theSet = Index::Of(&theList);
-            theSet.erase(std::prev(theSet.upper_bound(theList.back())));
+            RemoveLastFromIndex(theList);
         }
         theList.pop_back();
-        DropOldIndex(theList, theList.size() + 1);
     }
 
     // Whether there is an element equal to theSought.
@@ -58,8 +48,7 @@ public:
     static bool Has(const List& theList, const Sought& theSought)
     {
         if (IsLong(theList)) {
-            const auto& theSet = Index::Of(&theList);
-            return theSet.find(theSought) != theSet.end();
+            return IsInIndex(theList, theSought);
         }
         return std::any_of(theList.begin(), theList.end(), IsEqualTo(theSought));
     }
@@ -69,23 +58,16 @@ public:
     template <typename Sought>
     static void TakeAll(List& theList, const Sought& theSought, List& theTaken)
     {
-        const std::size_t theOldSize = theList.size();
         if (IsLong(theList)) {
-            auto& theSet = Index::Of(&theList);
-            const auto theEqual = theSet.equal_range(theSought);
-            for (auto thePlace = theEqual.first; thePlace != theEqual.second; ++thePlace) {
-                theTaken.splice(theTaken.end(), theList, *thePlace);
-            }
-            theSet.erase(theEqual.first, theEqual.second);
-        } else {
-            for (auto theNext = theList.begin(); theNext != theList.end();) {
-                const auto thePlace = theNext++;
-                if (IsEqualTo(theSought)(*thePlace)) {
-                    theTaken.splice(theTaken.end(), theList, thePlace);
-                }
+            TakeAllByIndex(theList, theSought, theTaken);
+            return;
+        }
+        for (auto theNext = theList.begin(); theNext != theList.end();) {
+            const auto thePlace = theNext++;
+            if (IsEqualTo(theSought)(*thePlace)) {
+                theTaken.splice(theTaken.end(), theList, thePlace);
             }
         }
-        DropOldIndex(theList, theOldSize);
     }
 
 private:
@@ -118,9 +100,53 @@ private:
         return [&theSought](const Element& theElement) { return Compare()(theElement, theSought) == 0; };
     }
 
-    static void DropOldIndex(const List& theList, std::size_t theOldSize)
+    // What only long lists need is made small, and stays out of what short ones need.
+
+    [[gnu::cold, gnu::noinline]] static void AddToIndex(List& theList, Place theNewElement)
     {
-        if (theOldSize > kFew && !IsLong(theList)) {
+        if (IsLong(theList)) {
+            Index::Of(&theList).insert(theNewElement);
+            return;
+        }
+        typename Index::Set theSet;
+        for (auto thePlace = theList.begin(); thePlace != theList.end(); ++thePlace) {
+            theSet.insert(thePlace);
+        }
+        theSet.insert(theNewElement);
+        Index::Keep(&theList, std::move(theSet));
+    }
+
+    [[gnu::cold, gnu::noinline]] static void RemoveLastFromIndex(List& theList)
+    {
+        // Equal elements stand in the order in which they were appended.
+        auto& theSet = Index::Of(&theList);
+        theSet.erase(std::prev(theSet.upper_bound(theList.back())));
+        DropWhenShort(theList, theList.size() - 1);
+    }
+
+    template <typename Sought>
+    [[gnu::cold, gnu::noinline]] static bool IsInIndex(const List& theList, const Sought& theSought)
+    {
+        const auto& theSet = Index::Of(&theList);
+        return theSet.find(theSought) != theSet.end();
+    }
+
+    template <typename Sought>
+    [[gnu::cold, gnu::noinline]] static void TakeAllByIndex(List& theList, const Sought& theSought,
+                                                            List& theTaken)
+    {
+        auto& theSet = Index::Of(&theList);
+        const auto theEqual = theSet.equal_range(theSought);
+        for (auto thePlace = theEqual.first; thePlace != theEqual.second; ++thePlace) {
+            theTaken.splice(theTaken.end(), theList, *thePlace);
+        }
+        theSet.erase(theEqual.first, theEqual.second);
+        DropWhenShort(theList, theList.size());
+    }
+
+    static void DropWhenShort(const List& theList, std::size_t theNewSize)
+    {
+        if (theNewSize <= kFew) {
             Index::Drop(&theList);
         }
     }
