@@ -275,10 +275,17 @@ void LmKeyValueStore::CallObservers(const LmString& theKeyName, const LmKeyState
     if (theAnyState == nullptr && theState.theObservers.size() == 1) {
         // The usual case. Nothing is looked at after the call, so it may change the list or destroy anything.
         Tell(*theState.theObservers.front(), theKeyName, hasChanged);
-        return;
+    } else {
+        CallSeveral(theKeyName, theState.theObservers,
+                    theAnyState != nullptr ? &theAnyState->theObservers : nullptr, hasChanged);
     }
-    const LmObserverSnapshot theObservers(theState.theObservers,
-                                          theAnyState != nullptr ? &theAnyState->theObservers : nullptr);
+}
+
+// The observers of a key and, if there are any, those of all keys.
+void LmKeyValueStore::CallSeveral(const LmString& theKeyName, const ObserverList& theKeyObservers,
+                                  const ObserverList* theAnyObservers, bool hasChanged)
+{
+    const LmObserverSnapshot theObservers(theKeyObservers, theAnyObservers);
     const LmLifeWatch theWatch(this);
     for (LmKeyValueObserver* theObserver : theObservers) {
         if (theObserver != nullptr) {

@@ -218,6 +218,10 @@ private:
     LM_HIDDEN LmKeyState& MakeKeyState(const LmString& theKeyName);
     [[gnu::noinline]] LM_HIDDEN void TellDependents(const LmKeyState& theState);
     LM_HIDDEN void CallObservers(const LmString& theKeyName, const LmKeyState& theState, bool hasChanged);
+    [[gnu::noinline]] LM_HIDDEN void CallSeveral(const LmString& theKeyName,
+                                                 const std::list<LmKeyValueObserver*>& theKeyObservers,
+                                                 const std::list<LmKeyValueObserver*>* theAnyObservers,
+                                                 bool hasChanged);
     LM_HIDDEN void Tell(LmKeyValueObserver& theObserver, const LmString& theKeyName, bool hasChanged);
 
     std::map<LmString, LmKeyState> mKeyStates; // observers and dependents by key; entries are never erased

@@ -21,16 +21,6 @@ std::size_t GetBlockSize(ValueType theType)
     return theType <= kTypeRect ? kSizes[theType] : 0;
 }
 
-// Two constant sizes, because the compiler knows how to copy those.
-void CopyBlock(void* theTarget, const void* theSource, std::size_t theSize)
-{
-    if (theSize == sizeof(double)) {
-        std::memcpy(theTarget, theSource, sizeof(double));
-    } else {
-        std::memcpy(theTarget, theSource, sizeof(CGRect));
-    }
-}
-
 bool IsEqualPoint(const CGPoint& theLeft, const CGPoint& theRight)
 {
     return theLeft.x == theRight.x && theLeft.y == theRight.y;
@@ -180,11 +170,11 @@ T LmValue::GetNumber() const
     case kTypeSInt32:
         return Convert<T>(static_cast<std::int32_t>(mValue));
     case kTypeUInt64:
-        return Convert<T>(ReadBlock<std::uint64_t>());
+        return Convert<T>(LoadBlock<std::uint64_t>());
     case kTypeSInt64:
-        return Convert<T>(ReadBlock<std::int64_t>());
+        return Convert<T>(LoadBlock<std::int64_t>());
     case kTypeDouble:
-        return Convert<T>(ReadBlock<double>());
+        return Convert<T>(LoadBlock<double>());
     default:
         return T();
     }
@@ -260,31 +250,56 @@ void LmValue::ReleasePayload()
 
 void LmValue::CopyOwnedPayload(const LmValue& theValue)
 {
-    const std::size_t theSize = GetBlockSize(theValue.mType);
-    if (theSize != 0) {
-        if (AllocateBlock(theValue.mType, theSize)) {
-            CopyBlock(GetBlock(), theValue.GetBlock(), theSize);
-        }
-    } else if (theValue.IsString()) {
-        mType = kTypeString;
-        mValue = theValue.mValue;
-        if (mValue != 0) {
-            CFRetain(GetString());
-        }
-    } else {
+    switch (GetBlockSize(theValue.mType)) {
+    case sizeof(double):
+        CopyBlock<double>(theValue);
+        break;
+    case sizeof(CGRect):
+        CopyBlock<CGRect>(theValue);
+        break;
+    default:
+        CopyReference(theValue);
+        break;
+    }
+}
+
+// A constant size, because the compiler knows how to copy that.
+template <typename Payload>
+void LmValue::CopyBlock(const LmValue& theValue)
+{
+    if (AllocateBlock(theValue.mType, sizeof(Payload))) {
+        std::memcpy(GetBlock(), theValue.GetBlock(), sizeof(Payload));
+    }
+}
+
+void LmValue::CopyReference(const LmValue& theValue)
+{
+    if (!theValue.IsString()) {
         LM_ERROR("Unknown type: %d", static_cast<int>(theValue.mType));
+        return;
+    }
+    mType = kTypeString;
+    mValue = theValue.mValue;
+    if (mValue != 0) {
+        CFRetain(GetString());
     }
 }
 
 // Assigns theValue to a value that has a string, a block or an unknown kind.
 void LmValue::ReplaceOwnedPayload(const LmValue& theValue)
 {
-    const std::size_t theSize = GetBlockSize(mType);
-    if (theSize != 0 && theSize == GetBlockSize(theValue.mType) && this != &theValue) {
-        // A block of the right size is as good as a new one.
-        mType = theValue.mType;
-        CopyBlock(GetBlock(), theValue.GetBlock(), theSize);
-        return;
+    if (mType == theValue.mType && this != &theValue) {
+        // Of the same kind, so a block is as good as a new one.
+        switch (GetBlockSize(mType)) {
+        case sizeof(double):
+            std::memcpy(GetBlock(), theValue.GetBlock(), sizeof(double));
+            return;
+        case sizeof(CGRect):
+            std::memcpy(GetBlock(), theValue.GetBlock(), sizeof(CGRect));
+            return;
+        default:
+            break;
+        }
     }
     ReleaseValue();
     CopyPayload(theValue);
@@ -292,8 +307,12 @@ void LmValue::ReplaceOwnedPayload(const LmValue& theValue)
 
 bool LmValue::IsEqual(const LmValue& theValue) const
 {
+    // On purpose: one integer comparison for all kinds, so that 1.5 equals 1.
+    if (mType == kTypeDouble && theValue.mType == kTypeDouble) {
+        using LmNumericConversion::ToUInt64;
+        return ToUInt64(LoadBlock<double>()) == ToUInt64(theValue.LoadBlock<double>());
+    }
     if (IsNumber() && theValue.IsNumber()) {
-        // On purpose: one integer comparison for all kinds, so that 1.5 equals 1.
         return GetNumber<unsigned long long>() == theValue.GetNumber<unsigned long long>();
     }
     if (GetType() != theValue.GetType()) {
@@ -325,13 +344,18 @@ void LmValue::SetBlock(ValueType theType, const Payload& thePayload)
     }
 }
 
+// The block of a kind whose payload is a Payload.
+template <typename Payload>
+Payload LmValue::LoadBlock() const
+{
+    Payload thePayload;
+    std::memcpy(&thePayload, GetBlock(), sizeof thePayload);
+    return thePayload;
+}
+
 // All zero where there is no block, or one that is smaller than a Payload.
 template <typename Payload>
 Payload LmValue::ReadBlock() const
 {
-    Payload thePayload = {};
-    if (GetBlockSize(mType) >= sizeof thePayload) {
-        std::memcpy(&thePayload, GetBlock(), sizeof thePayload);
-    }
-    return thePayload;
+    return GetBlockSize(mType) >= sizeof(Payload) ? LoadBlock<Payload>() : Payload();
 }

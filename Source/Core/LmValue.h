@@ -289,11 +289,16 @@ private:
 
     void CopyOwnedPayload(const LmValue& theValue);
     void ReplaceOwnedPayload(const LmValue& theValue);
+    template <typename Payload>
+    LM_HIDDEN void CopyBlock(const LmValue& theValue);
+    LM_HIDDEN void CopyReference(const LmValue& theValue);
     void ReleasePayload();
     bool IsEqual(const LmValue& theValue) const;
     void* GetBlock() const { return reinterpret_cast<void*>(mValue); }
     template <typename Payload>
     LM_HIDDEN void SetBlock(ValueType theType, const Payload& thePayload);
+    template <typename Payload>
+    LM_HIDDEN Payload LoadBlock() const;
     template <typename Payload>
     LM_HIDDEN Payload ReadBlock() const;
 
