@@ -88,6 +88,11 @@ std::size_t CountSome(const Map& theMap)
     return std::min(theCount, kEnough);
 }
 
+bool IsLarge(const Map& theMap)
+{
+    return CountSome(theMap) > kFew;
+}
+
 // What only large objects need is made small, and stays out of what small ones need.
 
 [[gnu::cold, gnu::noinline]] void IndexAll(Map& theMap)
@@ -111,8 +116,20 @@ std::size_t CountSome(const Map& theMap)
 {
     Index::Set& theSet = Index::Of(&theMap);
     const auto theRange = theSet.equal_range(theOld);
-    theSet.erase(std::find_if(theRange.first, theRange.second,
-                              [&](const Place& thePlace) { return thePlace.theRecord == theOld.theRecord; }));
+    const auto thePlace = std::find_if(theRange.first, theRange.second, [&](const Place& theOne) {
+        return &*theOne.theRecord == &*theOld.theRecord;
+    });
+    // A derived class may hand over a record that it keeps itself.
+    if (thePlace != theRange.second) {
+        theSet.erase(thePlace);
+    }
+}
+
+[[gnu::cold, gnu::noinline]] void DropWhenSmall(const Map& theMap)
+{
+    if (!IsLarge(theMap)) {
+        Index::Drop(&theMap);
+    }
 }
 
 } // namespace
@@ -168,21 +185,23 @@ void Append(Map& theMap, const LmString& bindKey, const BindingInfo& theInfo)
 
 void Take(Map& theMap, Map::iterator theEntry, Records::iterator theRecord, Records& theTaken)
 {
-    const std::size_t theCount = CountSome(theMap);
-    if (theCount == kFew + 1) {
-        Index::Drop(&theMap);
-    } else if (theCount > kFew) {
+    const bool wasLarge = IsLarge(theMap);
+    if (wasLarge) {
         RemoveFromIndex(theMap, Place(theEntry, theRecord));
     }
     theTaken.splice(theTaken.end(), theEntry->second, theRecord);
+    if (wasLarge) {
+        DropWhenSmall(theMap);
+    }
 }
 
 void EraseEntry(Map& theMap, Map::iterator theEntry)
 {
-    if (CountSome(theMap) == kFew + 1) {
-        Index::Drop(&theMap);
-    }
+    const bool wasLarge = IsLarge(theMap);
     theMap.erase(theEntry);
+    if (wasLarge) {
+        DropWhenSmall(theMap);
+    }
 }
 
 } // namespace LmBindingIndex

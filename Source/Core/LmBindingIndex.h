@@ -67,7 +67,8 @@ Records::iterator FindIn(Map& theMap, Map::iterator theEntry, const LmKeyValueBi
 // Appends a copy of theInfo to the records of bindKey. When memory runs out, nothing has changed.
 void Append(Map& theMap, const LmString& bindKey, const BindingInfo& theInfo);
 
-// Takes a record out; it lives on in theTaken. Needs no memory.
+// Takes a record out of its entry; it lives on in theTaken. The entry need not be one of theMap. Needs no
+// memory.
 void Take(Map& theMap, Map::iterator theEntry, Records::iterator theRecord, Records& theTaken);
 
 // Erases an entry that has no records. Needs no memory.

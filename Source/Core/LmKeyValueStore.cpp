@@ -142,10 +142,7 @@ bool LmKeyValueStore::IsObserving(const LmString& theKeyPath, LmKeyValueObserver
     LM_ASSERT(theKeyPath.IsNotEmpty());
     LM_ASSERT(theObserver != NULL); // NOLINT(modernize-use-nullptr): the text is fixed
     const LmKeyState* theState = FindKeyState(theKeyPath);
-    if (theState == nullptr) {
-        return false;
-    }
-    return Observers::Has(theState->theObservers, theObserver);
+    return theState != nullptr && Observers::Has(theState->theObservers, theObserver);
 }
 
 [[gnu::cold]] void LmKeyValueStore::RemoveObservers()

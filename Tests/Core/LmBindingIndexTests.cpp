@@ -295,3 +295,78 @@ TEST(ManyFollowers, OneMoreIsBoundWhollyOrNotAtAllWhenMemoryRunsOut)
         EXPECT_TRUE(wasRefused);
     }
 }
+
+// ---- Records that come by the inner steps
+
+namespace {
+
+// Opens the inner steps, and has so many one-way bindings of one key.
+class OpenBinding : public LmKeyValueBinding
+{
+public:
+    explicit OpenBinding(std::size_t theCount)
+        : mSources(theCount)
+    {
+        for (LmKeyValueBinding& theSource : mSources) {
+            BindTo("value", &theSource, "value", nullptr);
+        }
+    }
+    ~OpenBinding() override
+    {
+        UnbindAll();
+        StandardErrorCapture::TakeText(); // the other halves that one-way bindings do not have
+    }
+
+    OpenBinding(const OpenBinding&) = delete;
+    OpenBinding& operator=(const OpenBinding&) = delete;
+
+    using LmKeyValueBinding::AddBinding;
+    using LmKeyValueBinding::BindingMap;
+    using LmKeyValueBinding::RemoveBinding;
+
+    // Whether each of the others drives the key.
+    bool IsDriven()
+    {
+        return std::all_of(mSources.begin(), mSources.end(), [this](LmKeyValueBinding& theSource) {
+            theSource.SetKeyPathValue("value", LmValue(++mLast));
+            return GetKeyValue("value").GetSInt32() == mLast;
+        });
+    }
+
+private:
+    std::vector<LmKeyValueBinding> mSources;
+    long mLast = 0;
+};
+
+class InnerSteps : public testing::TestWithParam<std::size_t>
+{
+};
+
+} // namespace
+
+TEST_P(InnerSteps, RemoveARecordThatADerivedClassKeepsItself)
+{
+    OpenBinding theObject(GetParam());
+    LmKeyValueBinding theOther;
+    OpenBinding::BindingMap theEntries;
+    theEntries["value"].push_back({&theOther, "value", nullptr});
+    theOther.ObserveKeyPathValue("value", &theObject);
+    theObject.RemoveBinding(theEntries.begin(), theEntries["value"].begin(), "value", &theOther);
+    EXPECT_TRUE(theEntries["value"].empty());
+    EXPECT_FALSE(theObject.AmObserving(&theOther, "value"));
+    EXPECT_TRUE(theObject.IsDriven());
+}
+
+TEST_P(InnerSteps, AddARecordWithoutAnObjectThatDisturbsNobody)
+{
+    OpenBinding theObject(GetParam());
+    theObject.AddBinding("value", {nullptr, "value", nullptr});
+    theObject.AddBinding("another", {nullptr, "value", nullptr});
+    EXPECT_TRUE(theObject.IsDriven());
+    EXPECT_EQ(theObject.Unbind("another", nullptr), noErr);
+    EXPECT_EQ(theObject.Unbind("another", nullptr), paramErr);
+    EXPECT_TRUE(theObject.IsDriven());
+}
+
+INSTANTIATE_TEST_SUITE_P(Around, InnerSteps, testing::Values(2, 13, 14, 15, 16, 17, 18, 30),
+                         testing::PrintToStringParamName());
