@@ -38,6 +38,16 @@ void Append(List& theList, int theNumber)
     Numbers::Append(theList, theNew);
 }
 
+// Appends a number, and tells how much memory that takes besides the element.
+std::size_t CountBlocksOfAppending(List& theList, int theNumber)
+{
+    List theNew(1, theNumber);
+    AllocationFailures theCount;
+    Numbers::Append(theList, theNew);
+    theCount.Stop();
+    return theCount.GetCount();
+}
+
 List TakeAll(List& theList, int theNumber)
 {
     List theTaken;
@@ -120,27 +130,16 @@ TEST(LmLongList, WhatIsSoughtMayBeAPartOfWhatIsTaken)
 
 TEST(LmLongList, OnlyALongOneTakesMemoryAndNoneIsLeft)
 {
-    const auto theShort = Counted(15);
-    List theNew(1, 15);
-    AllocationFailures theCount;
-    Numbers::Append(*theShort, theNew);
-    theCount.Stop();
-    EXPECT_EQ(theCount.GetCount(), 0u);
-
-    List theNext(1, 16);
-    AllocationFailures theNextCount;
-    Numbers::Append(*theShort, theNext);
-    theNextCount.Stop();
-    EXPECT_GT(theNextCount.GetCount(), 16u);
-
+    const auto theList = Counted(15);
+    EXPECT_EQ(CountBlocksOfAppending(*theList, 15), 0u);
+    const std::size_t theCount = CountBlocksOfAppending(*theList, 16);
+    EXPECT_GT(theCount, 16u);
     // The same once more: what was there is gone.
-    TakeAll(*theShort, 16);
-    List theSame(1, 16);
-    AllocationFailures theSameCount;
-    Numbers::Append(*theShort, theSame);
-    theSameCount.Stop();
-    EXPECT_EQ(theSameCount.GetCount(), theNextCount.GetCount());
-    Empty(*theShort);
+    TakeAll(*theList, 16);
+    EXPECT_EQ(CountBlocksOfAppending(*theList, 16), theCount);
+    Numbers::RemoveLast(*theList);
+    EXPECT_EQ(CountBlocksOfAppending(*theList, 16), theCount);
+    Empty(*theList);
 }
 
 TEST(LmLongList, WithoutMemoryForItsIndexStaysAsItIs)
