@@ -54,11 +54,6 @@ struct Order
         return theLeft.theStore != theRight.theStore ? IsBefore(theLeft.theStore, theRight.theStore)
                                                      : theLeft.theRecord->boundKey < theRight.theKey;
     }
-    bool operator()(const KeyOfStore& theLeft, const Place& theRight) const
-    {
-        return theLeft.theStore != theRight.theStore ? IsBefore(theLeft.theStore, theRight.theStore)
-                                                     : theLeft.theKey < theRight.theRecord->boundKey;
-    }
     bool operator()(const Place& theLeft, const LmKeyValueStore* theRight) const
     {
         return IsBefore(theLeft.theStore, theRight);
@@ -77,10 +72,11 @@ private:
 
 using Index = LmSideIndex<Place, Order>;
 
-// How many keys and records there are; no more than four of those beyond a few are counted.
+// How many keys and records there are; no more than three of those beyond a few are counted, for a new key
+// with its record adds two.
 std::size_t CountSome(const Map& theMap)
 {
-    constexpr std::size_t kEnough = kFew + 4;
+    constexpr std::size_t kEnough = kFew + 3;
     std::size_t theCount = theMap.size();
     for (auto theEntry = theMap.begin(); theCount < kEnough && theEntry != theMap.end(); ++theEntry) {
         theCount += theEntry->second.size();
