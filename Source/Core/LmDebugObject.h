@@ -34,7 +34,9 @@ public:
     virtual ~LmDebugObject();
 
     // What this object is called in log lines. Here: its address, as "0x0012AB40" (upper-case hexadecimal,
-    // at least eight digits). A derived class puts a description around that.
+    // at least eight digits). A derived class puts a description around that. It is asked in the midst of
+    // what is traced, so it must leave everything as it is: no observation or binding begins or ends in it,
+    // and no object is destroyed.
     virtual LmString GetDebugInfo() const;
 
     // Whether the trace log is on; cheap enough to ask before every line.

@@ -127,7 +127,8 @@ public:
     // Result: noErr, also when there is no binding with boundTo; paramErr when nothing was ever bound to the
     // key. Diagnostics: "boundKey.IsNotEmpty()"; and, on purpose, an error line with the status -50 for
     // each one-way binding removed, where the other object has no bindings of its key. Cost, as that of
-    // binding: the logarithms of the numbers of bindings, observations and observers of the two sides.
+    // binding: the logarithms of the numbers of bindings, observations and observers of the two sides. Where
+    // boundTo is bound many times, it may be linear in that number and in the bindings of the key.
     OSStatus Unbind(const LmString& boundKey, LmKeyValueBinding* boundTo);
 
     // Removes all bindings of this object, key by key in ascending order. Needs no memory while tracing is
