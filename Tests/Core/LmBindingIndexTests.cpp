@@ -296,6 +296,52 @@ TEST(ManyFollowers, OneMoreIsBoundWhollyOrNotAtAllWhenMemoryRunsOut)
     }
 }
 
+TEST(ManyFollowers, OnlyMoreThanAFewTakeMemoryForAnIndexAndNoneIsLeft)
+{
+    const auto CountBlocksOfOneMoreThan = [](Followed& the) {
+        LmKeyValueBinding theNext;
+        AllocationFailures theCount;
+        theNext.Bind("value", &the.theModel, "value", nullptr, nullptr);
+        theCount.Stop();
+        return theCount.GetCount();
+    };
+    Followed theFew(3);
+    Followed theOthers(14);
+    EXPECT_EQ(CountBlocksOfOneMoreThan(theFew), CountBlocksOfOneMoreThan(theOthers));
+    Followed theMost(15);
+    const std::size_t theCount = CountBlocksOfOneMoreThan(theMost);
+    EXPECT_GT(theCount, CountBlocksOfOneMoreThan(theOthers) + 16);
+    // The same once more: what was there is gone.
+    EXPECT_EQ(CountBlocksOfOneMoreThan(theMost), theCount);
+}
+
+TEST(ManyKeys, OneMoreIsBoundWhollyOrNotAtAllWhenMemoryRunsOut)
+{
+    for (const std::size_t theKeys : {6u, 7u, 8u, 9u, 20u}) {
+        SCOPED_TRACE(std::to_string(theKeys) + " keys before");
+        std::vector<LmKeyValueBinding> theSources(theKeys + 1);
+        LmKeyValueBinding theObject;
+        for (std::size_t theKey = 0; theKey < theKeys; ++theKey) {
+            theObject.Bind(Name("k", theKey).c_str(), &theSources[theKey], "value", nullptr, nullptr);
+        }
+        const LmString theNewKey("one more key, which needs memory for its name");
+        EXPECT_GT(FailEachAllocation([&](AllocationFailures& theFailures) {
+                      try {
+                          theObject.Bind(theNewKey, &theSources[theKeys], "value", nullptr, nullptr);
+                      } catch (const std::bad_alloc&) {
+                      }
+                      theFailures.Stop();
+                      EXPECT_EQ(theObject.Unbind(theNewKey, nullptr),
+                                theFailures.HasFailed() ? OSStatus{paramErr} : OSStatus{noErr});
+                  }),
+                  0u);
+        for (std::size_t theKey = 0; theKey < theKeys; ++theKey) {
+            theSources[theKey].SetKeyPathValue("value", LmValue(1UL));
+            EXPECT_EQ(theObject.GetKeyValue(Name("k", theKey).c_str()).GetUInt32(), 1u);
+        }
+    }
+}
+
 // ---- Records that come by the inner steps
 
 namespace {
