@@ -18,7 +18,12 @@ if [ "${#theFiles[@]}" -eq 0 ]; then
     echo "$theBuild names no file of the project" >&2
     exit 1
 fi
-# GCC and clang know different warnings by name; those that clang does not know are no finding.
-printf '%s\n' "${theFiles[@]}" |
-    xargs -P "$(nproc)" -n 1 clang-tidy-14 --quiet -p "$theBuild" --extra-arg=-Wno-unknown-warning-option
+# clang cannot read what GCC has precompiled, so every file is read as it stands.
+mkdir -p "$theBuild/Tidy"
+sed 's| -Winvalid-pch -include [^ ]*/cmake_pch\.hxx||' \
+    "$theBuild/compile_commands.json" >"$theBuild/Tidy/compile_commands.json"
+# GCC and clang know different warnings by name; those that clang does not know are no finding. The files that
+# take longest come first, so that no processor has nothing left to do while another reads the longest.
+ls -S "${theFiles[@]}" |
+    xargs -P "$(nproc)" -n 1 clang-tidy-14 --quiet -p "$theBuild/Tidy" --extra-arg=-Wno-unknown-warning-option
 echo "${#theFiles[@]} files"
