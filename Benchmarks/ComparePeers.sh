@@ -17,11 +17,12 @@ cmake --build --preset peers >"$kResults/build" || { cat "$kResults/build"; exit
 G_SLICE=always-malloc "$kProgram" heap >"$kResults/figures"
 "$kProgram" time >>"$kResults/figures"
 
-# Each part of the profile is one scenario of one peer: its title ends with the number of operations.
+# Each scenario has a process and a profile of its own. Each part of a profile is one peer: its title ends with the
+# number of operations.
 for theRun in 1 2 3; do
-    valgrind --tool=callgrind --instr-atstart=no --callgrind-out-file="$kResults/profile$theRun" \
+    valgrind --tool=callgrind --instr-atstart=no --callgrind-out-file="$kResults/profile$theRun.%p" \
         "$kProgram" count 2>"$kResults/log" || { cat "$kResults/log"; exit 1; }
-    find "$kResults" -name "profile$theRun.*" | sort -V | while read -r thePart; do
+    find "$kResults" -name "profile$theRun.*.*" | sort -V | while read -r thePart; do
         awk -F '\t' '
             sub(/^desc: Trigger: Client Request: /, "") { theTitle = $1 "\t" $2; theOperations = $3 }
             sub(/^totals: /, "") { printf "count\t%s\t%.0f\n", theTitle, $0 / theOperations }

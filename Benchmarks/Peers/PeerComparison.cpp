@@ -7,6 +7,9 @@
 //   count   is run by callgrind, and lets it write one profile for each scenario and peer.
 //   heap    prints "heap <tab> what <tab> peer <tab> bytes" in use, as malloc counts them.
 //
+// Each scenario has a process of its own, which begins as this one did, so that nobody works in a heap that
+// the scenarios before have left in pieces.
+//
 // Each job says at its end whether the work was really done; if it was not, nothing is printed and the
 // program fails.
 
@@ -20,6 +23,8 @@
 #include <ctime>
 #include <functional>
 #include <malloc.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <valgrind/callgrind.h>
 
 namespace {
@@ -331,15 +336,32 @@ void MeasureHeap(const Peer& thePeer)
     }
 }
 
+template <typename Measure>
+void MeasureEachInItsOwnProcess(const Measure& theMeasure)
+{
+    for (const Scenario& theScenario : kScenarios) {
+        const pid_t theChild = fork();
+        if (theChild == 0) {
+            theMeasure(theScenario);
+            std::fflush(stdout);
+            _exit(EXIT_SUCCESS);
+        }
+        int theStatus = EXIT_FAILURE;
+        if (waitpid(theChild, &theStatus, 0) != theChild || theStatus != EXIT_SUCCESS) {
+            std::exit(EXIT_FAILURE);
+        }
+    }
+}
+
 } // namespace
 
 int main(int theCount, char** theArguments)
 {
     const char* const theMode = theCount == 2 ? theArguments[1] : "";
     if (std::strcmp(theMode, "time") == 0) {
-        std::for_each(kScenarios.begin(), kScenarios.end(), MeasureTime);
+        MeasureEachInItsOwnProcess(MeasureTime);
     } else if (std::strcmp(theMode, "count") == 0) {
-        std::for_each(kScenarios.begin(), kScenarios.end(), CountInstructions);
+        MeasureEachInItsOwnProcess(CountInstructions);
     } else if (std::strcmp(theMode, "heap") == 0) {
         for (const Peer* thePeer : AllPeers()) {
             MeasureHeap(*thePeer);
