@@ -110,10 +110,10 @@ public:
     // else is.
     virtual ~LmValue() { ReleaseValue(); }
 
-    // Replaces the payload by an independent copy of theValue's. The old payload is released first.
+    // Replaces the payload by an independent copy of theValue's. The old payload is released first; but the
+    // block of a value of the same kind is used again, so that this needs no memory and cannot fail.
     //
-    // On purpose: there is no test for self-assignment. theValue is read after the release, so that
-    // assigning a value to itself leaves it invalid.
+    // On purpose: assigning a value to itself leaves it invalid, as if it were read after the release.
     //
     // A kind outside the enumeration is reported, and the value is invalid.
     LmValue& operator=(const LmValue& theValue)

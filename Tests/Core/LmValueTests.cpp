@@ -515,6 +515,25 @@ TEST(LmValueCopy, AssigningAValueToItselfLeavesItInvalidOnPurpose)
     EXPECT_EQ(theString.GetRetainCount(), 1);
 }
 
+TEST(LmValueCopy, AssigningAValueOfTheSameKindUsesItsBlockAgain)
+{
+    std::vector<LmValue> theTargets = OneOfEachKind();
+    const LmValue theSources[] = {LmValue(40ULL),          LmValue(-50LL),
+                                  LmValue(65.25),          LmValue(CGPoint{15, 16}),
+                                  LmValue(CGSize{17, 18}), LmValue(CGRect{{19, 20}, {21, 22}})};
+    for (const LmValue& theSource : theSources) {
+        LmValue& theTarget = theTargets[theSource.GetType()];
+        AllocationFailures theFailures(1);
+        theTarget = theSource;
+        theFailures.Stop();
+        SCOPED_TRACE(theSource.GetType());
+        EXPECT_EQ(theFailures.GetCount(), 0U);
+        EXPECT_EQ(theTarget.GetType(), theSource.GetType());
+        EXPECT_TRUE(theTarget == theSource);
+    }
+    EXPECT_EQ(theTargets[kTypeDouble].GetDouble(), 65.25) << "the whole of it, not only its integer";
+}
+
 TEST(LmValueCopy, AssigningReturnsTheValue)
 {
     LmValue theValue;
