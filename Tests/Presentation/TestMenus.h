@@ -7,8 +7,8 @@
 
 // A menu bar for the test: "File" with one item, and "Heating" with a submenu. It is cleared at the end.
 //
-//     Heating: Heating On ('heat', checked) | ---- | Units: Celsius ('cels'), Fahrenheit ('fahr') | Reset
-//     ('rset')
+//     File: Quit (quit)
+//     Heating: Heating On (heat, checked), -, Units > Celsius (cels), Fahrenheit (fahr), Reset (rset)
 struct TestMenus
 {
     TestMenus()

@@ -10,8 +10,8 @@
 
 // Notes the events that arrive at a target as "name: event", and lets the test answer them:
 //
-//     EventWatch theWatch(GetControlEventTarget(theSlider), "slider", theLog, kEventClassControl, {151,
-//     158});
+//     EventWatch theWatch(GetControlEventTarget(theSlider), "slider", theLog,
+//                         {{kEventClassControl, kEventControlValueFieldChanged}});
 //
 // The name of each event is the platform's without kEvent and class ("ValueFieldChanged"). Control and window
 // events that come up from another object are noted with "from below".

@@ -8,7 +8,8 @@
 //
 //     ControlRef theSlider;
 //     CreateSliderControl(theWindow, &theBounds, 5, 0, 10, kControlSliderDoesNotPoint, 0, true, NULL,
-//     &theSlider); SetControl32BitValue(theSlider, 7);      // kEventControlValueFieldChanged to theSlider
+//                         &theSlider);
+//     SetControl32BitValue(theSlider, 7);      // kEventControlValueFieldChanged to theSlider
 //     SetControl32BitValue(theSlider, 7);      // nothing: it is 7 already
 //
 // Rules for every call:
@@ -17,8 +18,7 @@
 //   give errUnknownControl (property calls: controlHandleInvalidErr), the others do nothing, and those that
 //   read give 0 or null. A null pointer where a result is to be put gives paramErr.
 // - A change sends its event after it was made, to the control, then up its chain of parents to the window
-// and
-//   the application; a call that changes nothing sends nothing. Changes by a person send the same.
+//   and the application; a call that changes nothing sends nothing. Changes by a person send the same.
 // - A handler may dispose any control or window, the event's own included.
 // - Visible, enabled and active are asked for with the parents': a control in a hidden, disabled or inactive
 //   one is so too. When a call changes that for a control and for those embedded in it, each of them gets the

@@ -7,9 +7,9 @@
 //
 //     Rect theBounds = {100, 100, 400, 500};
 //     WindowRef theWindow = NULL;
-//     CreateNewWindow(kDocumentWindowClass, kWindowStandardDocumentAttributes |
-//     kWindowStandardHandlerAttribute,
-//         &theBounds, &theWindow);
+//     CreateNewWindow(kDocumentWindowClass,
+//                     kWindowStandardDocumentAttributes | kWindowStandardHandlerAttribute, &theBounds,
+//                     &theWindow);
 //     SetWindowTitleWithCFString(theWindow, CFSTR("Thermostat"));
 //     ShowWindow(theWindow);       // kEventWindowShowing, kEventWindowShown, kEventWindowActivated
 //
@@ -19,9 +19,8 @@
 //   give errInvalidWindowRef, the others do nothing, and those that read give 0, false or null. A null
 //   pointer where a result is to be put gives paramErr.
 // - A change sends its events whether a program or a person made it; a call that changes nothing sends
-// nothing.
-//   Events that report a change go to every handler of the window for them, and to the application's; none
-//   can keep one from the others.
+//   nothing. Events that report a change go to every handler of the window for them, and to the
+//   application's; none can keep one from the others.
 // - A handler may dispose any window, the event's own included.
 //
 // Windows stand in layers, front to back: overlay, help, utility, modal (alerts and modal dialogs), floating,
