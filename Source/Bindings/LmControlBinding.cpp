@@ -5,6 +5,7 @@
 #include "LmAdoptedString.h"
 #include "LmCodeText.h"
 #include "LmDiagnostics.h"
+#include "LmIsText.h"
 #include "LmUpdateScope.h"
 
 #include <cstdio>
@@ -172,7 +173,7 @@ OSStatus LmControlBinding::WriteControl(const LmString& theKey, const LmValue& t
         return theValue.GetBoolean() ? EnableControl(mControl) : DisableControl(mControl);
     } else if (theKey == kKeyVisible) {
         return SetControlVisibility(mControl, theValue.GetBoolean(), true);
-    } else if (theKey == kKeyTitle) {
+    } else if (theKey == kKeyTitle && LmIsText(theValue)) {
         return SetControlTitleWithCFString(mControl, theValue.GetString());
     }
     return noErr;
@@ -180,12 +181,13 @@ OSStatus LmControlBinding::WriteControl(const LmString& theKey, const LmValue& t
 
 OSStatus LmControlBinding::WriteValue(const LmValue& theValue)
 {
-    if (IsText()) {
+    if (!IsText()) {
+        SetControl32BitValue(mControl, static_cast<SInt32>(theValue.GetUInt32()));
+    } else if (LmIsText(theValue)) {
         const CFStringRef theString = theValue.GetString();
         return SetControlData(mControl, kControlEntireControl, kControlStaticTextCFStringTag,
                               sizeof theString, &theString);
     }
-    SetControl32BitValue(mControl, static_cast<SInt32>(theValue.GetUInt32()));
     return noErr;
 }
 

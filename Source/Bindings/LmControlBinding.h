@@ -27,6 +27,10 @@
 // system changes back into the key. Text controls are static text, edit text and Unicode edit text; a
 // person's typing reaches "value" with Return, Enter or Tab, not letter by letter.
 //
+// A key that stands for a text and is set to a value of another kind keeps that value, but the control is not
+// written, and the assertion "IsString()" is printed. Neither does a string value that holds null change the
+// control: Carbon refuses it with paramErr, which is printed.
+//
 // Life: the binding deletes itself when its control is disposed, so make it with new, and do not use it
 // after that. It may be deleted earlier; the control stays as it is then. It does not own the control.
 //

@@ -5,6 +5,7 @@
 #include "LmAdoptedString.h"
 #include "LmCodeText.h"
 #include "LmDiagnostics.h"
+#include "LmIsText.h"
 #include "LmUpdateScope.h"
 
 #include <cstdio>
@@ -142,7 +143,7 @@ OSStatus LmMenuBinding::WriteMenu(const LmString& theKey, const LmValue& theValu
         } else {
             DisableMenuCommand(mMenu, mCommand);
         }
-    } else if (theKey == kKeyTitle) {
+    } else if (theKey == kKeyTitle && LmIsText(theValue)) {
         return SetMenuItemTextWithCFString(mMenu, mMenuItem, theValue.GetString());
     }
     return noErr;

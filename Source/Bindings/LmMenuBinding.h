@@ -24,6 +24,10 @@
 // opens, a Carbon event handler copies "mark" and "enabled" from the menu into the keys. A person's choice of
 // the command does not reach the keys: that is the application's to handle, which then changes its model.
 //
+// When "title" is set to a value that is no string, the key keeps that value, but the menu is not changed,
+// and the assertion "IsString()" is printed. Neither does a string value that holds null change the menu:
+// Carbon refuses it with paramErr, which is printed.
+//
 // A menu binding only follows: no key of it can be the other side of a binding, so use BindTo.
 //
 // Life: the binding deletes itself when the command's menu is disposed, so make it with new, and do not use

@@ -4,6 +4,7 @@
 
 #include "LmAdoptedString.h"
 #include "LmDiagnostics.h"
+#include "LmIsText.h"
 #include "LmNumericConversion.h"
 #include "LmUpdateScope.h"
 
@@ -151,7 +152,7 @@ OSStatus LmWindowBinding::WriteWindow(const LmString& theKey, const LmValue& the
     } else if (theKey == kKeyBounds) {
         const Rect theBounds = WindowBoundsFromRect(theValue.GetRect());
         return SetWindowBounds(mWindow, kWindowContentRgn, &theBounds);
-    } else if (theKey == kKeyTitle) {
+    } else if (theKey == kKeyTitle && LmIsText(theValue)) {
         return SetWindowTitleWithCFString(mWindow, theValue.GetString());
     }
     return noErr;

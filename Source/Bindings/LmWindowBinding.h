@@ -24,6 +24,10 @@
 // Setting a key changes the window; a Carbon event handler on the window copies what a person or the system
 // changes back into the key.
 //
+// When "title" is set to a value that is no string, the key keeps that value, but the window is not changed,
+// and the assertion "IsString()" is printed. Neither does a string value that holds null change the window:
+// Carbon refuses it with paramErr, which is printed.
+//
 // Life: the binding deletes itself when its window is closed, so make it with new, and do not use it
 // after that. It may be deleted earlier; the window stays as it is then. It does not own the window.
 //

@@ -2,7 +2,8 @@
 
 // What every binding to an object owes, whatever the object: one set of tests for all of them. A new binding
 // joins by a class that knows its object. The bindings that have keys of their own, and may be without an
-// object, owe some more, and so do those that Carbon tells of their object's changes.
+// object, owe some more, and so do those that Carbon tells of their object's changes, and those that have a
+// key that stands for a text.
 
 #include "BindingTestSupport.h"
 #include "CarbonSpy.h"
@@ -76,10 +77,73 @@ public:
                 {"SetControlVisibility", "visible", LmValue(false)},
                 {"SetControlTitleWithCFString", "title", TextValue("after")}};
     }
+    static const char* TextKey() { return "title"; }
+    std::string Text() const
+    {
+        CFStringRef theTitle = nullptr;
+        CopyControlTitleAsCFString(mSlider, &theTitle);
+        return TextOfAdopted(theTitle);
+    }
 
 private:
     WindowRef mWindow = nullptr;
     ControlRef mSlider = nullptr;
+};
+
+// The controls whose value is a text.
+template <OSType kKind>
+class TextControlObject : public ObjectTraits
+{
+public:
+    using Binding = LmControlBinding;
+
+    TextControlObject()
+    {
+        const Rect theWindowBounds = {50, 50, 450, 450};
+        CreateNewWindow(kDocumentWindowClass, kWindowNoAttributes, &theWindowBounds, &mWindow);
+        const Rect theBounds = {10, 10, 30, 210};
+        if constexpr (kKind == kControlKindStaticText) {
+            CreateStaticTextControl(mWindow, &theBounds, nullptr, nullptr, &mControl);
+        } else if constexpr (kKind == kControlKindEditText) {
+            CreateEditTextControl(mWindow, &theBounds, nullptr, false, false, nullptr, &mControl);
+        } else {
+            CreateEditUnicodeTextControl(mWindow, &theBounds, nullptr, false, nullptr, &mControl);
+        }
+    }
+    ~TextControlObject() { DisposeWindow(mWindow); }
+
+    void Attach(LmControlBinding& theBinding) const { theBinding.SetControl(mControl); }
+    static std::string Place() { return ControlObject::Place(); }
+    static const char* TextKey() { return "value"; }
+    std::string Text() const
+    {
+        CFStringRef theText = nullptr;
+        GetControlData(mControl, kControlEntireControl, kControlStaticTextCFStringTag, sizeof theText,
+                       &theText, nullptr);
+        return TextOfAdopted(theText);
+    }
+
+private:
+    WindowRef mWindow = nullptr;
+    ControlRef mControl = nullptr;
+};
+
+class StaticTextObject : public TextControlObject<kControlKindStaticText>
+{
+public:
+    static constexpr const char* kName = "StaticText";
+};
+
+class EditTextObject : public TextControlObject<kControlKindEditText>
+{
+public:
+    static constexpr const char* kName = "EditText";
+};
+
+class EditUnicodeTextObject : public TextControlObject<kControlKindEditUnicodeText>
+{
+public:
+    static constexpr const char* kName = "EditUnicodeText";
 };
 
 class WindowObject : public ObjectTraits
@@ -115,6 +179,13 @@ public:
         return {{"CollapseWindow", "collapsed", LmValue(true)},
                 {"SetWindowBounds", "bounds", LmValue(CGRect{{1, 2}, {3, 4}})},
                 {"SetWindowTitleWithCFString", "title", TextValue("after")}};
+    }
+    static const char* TextKey() { return "title"; }
+    std::string Text() const
+    {
+        CFStringRef theTitle = nullptr;
+        CopyWindowTitleAsCFString(mWindow, &theTitle);
+        return TextOfAdopted(theTitle);
     }
 
 private:
@@ -163,6 +234,13 @@ public:
     {
         return {{"SetMenuCommandMark", "mark", LmValue(1UL)},
                 {"SetMenuItemTextWithCFString", "title", TextValue("after")}};
+    }
+    static const char* TextKey() { return "title"; }
+    std::string Text() const
+    {
+        CFStringRef theTitle = nullptr;
+        CopyMenuItemTextAsCFString(mMenu, 1, &theTitle);
+        return TextOfAdopted(theTitle);
     }
 
 private:
@@ -449,6 +527,77 @@ TYPED_TEST(BindingWithHandler, EventsOfOtherClassesAreNotHandled)
     const TestEvent theEvent(kEventClassMouse, kEventMouseDown);
     EXPECT_EQ(TypeParam::Binding::EventHandler(nullptr, theEvent.GetEvent(), this->mBinding),
               eventNotHandledErr);
+}
+
+// Of the keys that stand for a text.
+
+template <typename Object>
+class BindingWithText : public BindingContract<Object>
+{
+protected:
+    BindingWithText()
+    {
+        this->mObject.Attach(*this->mBinding);
+        this->mBinding->SetKeyPathValue(Object::TextKey(), TextValue("shown"));
+        EXPECT_EQ(this->mObject.Text(), "shown");
+        this->TakeWrites();
+    }
+};
+
+using ObjectsWithText = testing::Types<ControlObject, StaticTextObject, EditTextObject, EditUnicodeTextObject,
+                                       WindowObject, MenuObject>;
+TYPED_TEST_SUITE(BindingWithText, ObjectsWithText, ObjectNames);
+
+const char kNoString[] = "Source/Core/LmValue.cpp, line #: IsString()";
+const char kNoValue[] = "Source/Core/LmKeyValueStore.cpp, line #: HasKey(theKeyName)";
+
+struct NoText
+{
+    LmValue theValue;
+    Lines theDiagnostics;
+};
+
+std::vector<NoText> NoTexts()
+{
+    static const int kPointedAt = 0;
+    return {
+        {LmValue(), {kNoString, kNoValue}},
+        {LmValue(true), {kNoString}},
+        {LmValue(2UL), {kNoString}},
+        {LmValue(3L), {kNoString}},
+        {LmValue(4ULL), {kNoString}},
+        {LmValue(5LL), {kNoString}},
+        {LmValue(6.0), {kNoString}},
+        {LmValue(static_cast<const void*>(&kPointedAt)), {kNoString}},
+        {LmValue(CGPoint{1, 2}), {kNoString}},
+        {LmValue(CGSize{1, 2}), {kNoString}},
+        {LmValue(CGRect{{1, 2}, {3, 4}}), {kNoString}},
+    };
+}
+
+// The words of such a value used to be taken for the address of a string.
+TYPED_TEST(BindingWithText, WhatIsNoStringIsReportedAndStoredAndTheObjectIsNotWritten)
+{
+    for (const NoText& theRow : NoTexts()) {
+        const ValueType theType = theRow.theValue.GetType();
+        this->mBinding->SetKeyPathValue(TypeParam::TextKey(), theRow.theValue);
+        EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), theRow.theDiagnostics) << theType;
+        EXPECT_EQ(this->mBinding->GetKeyPathValue(TypeParam::TextKey()).GetType(), theType);
+        EXPECT_EQ(this->TakeWrites(), Lines{}) << theType;
+        EXPECT_EQ(this->mObject.Text(), "shown") << theType;
+    }
+}
+
+TYPED_TEST(BindingWithText, ANullStringIsRefusedByTheObjectAndReportedAndStored)
+{
+    this->mBinding->SetKeyPathValue(TypeParam::TextKey(), LmValue(CFStringRef(nullptr), false));
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(),
+              Lines{TypeParam::Place() + "Error " + std::to_string(paramErr)});
+    const LmValue theStored = this->mBinding->GetKeyPathValue(TypeParam::TextKey());
+    ASSERT_TRUE(theStored.IsString());
+    EXPECT_EQ(theStored.GetString(), nullptr);
+    EXPECT_EQ(this->TakeWrites().size(), 1U);
+    EXPECT_EQ(this->mObject.Text(), "shown");
 }
 
 } // namespace

@@ -278,7 +278,8 @@ CARBON_EXPORT void GetControlTitle(ControlRef theControl, Str255 theTitle);
 //
 // thePart is 0, or kControlEditTextPart for the tags of an edit text. Results: errDataNotSupported for a tag
 // that the control does not have, or has in the other direction only; errInvalidPartCode for another part;
-// errDataSizeMismatch for a size that does not fit the tag.
+// errDataSizeMismatch for a size that does not fit the tag; paramErr for a null string where the tag asks for
+// one.
 //
 // The calls send kEventControlSetData and kEventControlGetData to the control alone, with what they were
 // given; a handler that returns noErr has done the work itself.

@@ -215,7 +215,8 @@ CARBON_EXPORT OSStatus AppendMenuItemText(MenuRef menu, ConstStr255Param inStrin
 CARBON_EXPORT void DeleteMenuItem(MenuRef theMenu, MenuItemIndex item);
 CARBON_EXPORT OSStatus DeleteMenuItems(MenuRef inMenu, MenuItemIndex inFirstItem, ItemCount inNumItems);
 
-// Texts follow the rules of titles. GetMenuItemText gives the empty string for what is not there.
+// Texts follow the rules of titles; paramErr for a null string. GetMenuItemText gives the empty string for
+// what is not there.
 CARBON_EXPORT OSStatus SetMenuItemTextWithCFString(MenuRef inMenu, MenuItemIndex inItem,
                                                    CFStringRef inString);
 CARBON_EXPORT OSStatus CopyMenuItemTextAsCFString(MenuRef inMenu, MenuItemIndex inItem,
