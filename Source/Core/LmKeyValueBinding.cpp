@@ -134,7 +134,7 @@ OSStatus LmKeyValueBinding::CreateBinding(const LmString& bindKey, bool twoWay, 
 {
     LM_ASSERT(bindKey.IsNotEmpty());
     LM_ASSERT(boundKey.IsNotEmpty());
-    LM_ASSERT(boundTo != NULL); // NOLINT(modernize-use-nullptr): the text is fixed
+    LM_ASSERT(boundTo != NULL);
     Link(bindKey, twoWay, boundTo, boundKey, transform, reverseTransform);
     // On purpose: the first value runs from the other object to this one, in a two-way binding too.
     const LmLifeWatch theWatch(this);
@@ -158,7 +158,7 @@ void LmKeyValueBinding::AddBinding(const LmString& bindKey, const BindingInfo& t
 void LmKeyValueBinding::RemoveBinding(BindingMap::iterator theEntry, BindingList::iterator theRecord,
                                       const LmString& bindKey, LmKeyValueBinding* boundTo)
 {
-    LM_ASSERT(boundTo != NULL); // NOLINT(modernize-use-nullptr): the text is fixed
+    LM_ASSERT(boundTo != NULL);
     const LmTraceIndent theIndent;
     LmTrace([&] {
         LmKeyValueStore::LogString("Unbinding %s.%s from %s.%s", GetDebugInfo().GetUTF8(), bindKey.GetUTF8(),

@@ -52,7 +52,7 @@ void LmKeyValueObserver::ValueChanged(const LmKeyValueStore* /*theStore*/, const
 
 bool LmKeyValueObserver::AmObserving(LmKeyValueStore* theStore, const LmString& theKeyPath)
 {
-    LM_ASSERT(theStore != NULL); // NOLINT(modernize-use-nullptr): the text is fixed
+    LM_ASSERT(theStore != NULL);
     LM_ASSERT(theKeyPath.IsNotEmpty());
     return ObservedKeys::Has(mKeys, KeyOfStore{theStore, theKeyPath});
 }
@@ -69,7 +69,7 @@ void LmKeyValueObserver::StopObserving()
 
 void LmKeyValueObserver::StartedObserving(LmKeyValueStore* theStore, const LmString& theKeyPath)
 {
-    LM_ASSERT(theStore != NULL); // NOLINT(modernize-use-nullptr): the text is fixed
+    LM_ASSERT(theStore != NULL);
     LM_ASSERT(!AmObserving(theStore, theKeyPath));
     std::list<LmObservedKey> theNewKey;
     theNewKey.push_back({theStore, theKeyPath});
@@ -78,7 +78,7 @@ void LmKeyValueObserver::StartedObserving(LmKeyValueStore* theStore, const LmStr
 
 void LmKeyValueObserver::StoppedObserving(LmKeyValueStore* theStore, const LmString& theKeyPath)
 {
-    LM_ASSERT(theStore != NULL); // NOLINT(modernize-use-nullptr): the text is fixed
+    LM_ASSERT(theStore != NULL);
     LM_ASSERT(AmObserving(theStore, theKeyPath));
     // The records die last, because theKeyPath may be a part of one of them.
     std::list<LmObservedKey> theEnded;

@@ -140,7 +140,7 @@ void LmKeyValueStore::IgnoreKeyPathValue(const LmString& theKeyPath, LmKeyValueO
 bool LmKeyValueStore::IsObserving(const LmString& theKeyPath, LmKeyValueObserver* theObserver)
 {
     LM_ASSERT(theKeyPath.IsNotEmpty());
-    LM_ASSERT(theObserver != NULL); // NOLINT(modernize-use-nullptr): the text is fixed
+    LM_ASSERT(theObserver != NULL);
     const LmKeyState* theState = FindKeyState(theKeyPath);
     return theState != nullptr && Observers::Has(theState->theObservers, theObserver);
 }

@@ -62,7 +62,6 @@ public:
     //
     // On purpose: none is for int, so LmValue(5) does not compile; write 5L, 5UL or 5.0. A lone pointer of
     // any type, a CFStringRef included, makes a kTypePointer value; a string value takes two arguments.
-    // NOLINTBEGIN(google-explicit-constructor): values are made from numbers without ceremony.
     LmValue() noexcept
         : LmValue(kTypeInvalid, 0)
     {
@@ -90,7 +89,6 @@ public:
     LmValue(const CGPoint& thePoint);
     LmValue(const CGSize& theSize);
     LmValue(const CGRect& theRect);
-    // NOLINTEND(google-explicit-constructor)
 
     // An independent copy: blocks are copied, a string is shared and retained once more.
     LmValue(const LmValue& theValue)
