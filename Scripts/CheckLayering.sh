@@ -5,6 +5,7 @@
 # names each such line.
 #
 #   Examples -> Source -> Platform/Carbon -> Platform/CoreFoundation
+#   Platform/Simulation -> Platform/Carbon -> Platform/Presentation
 #
 # Source knows of its host only <CoreFoundation/CoreFoundation.h> and <Carbon/Carbon.h>, asks for no
 # system, and uses nothing of the standard library that Mac OS X 10.7 has no run time for. Platform knows
@@ -63,6 +64,32 @@ without_headers_of()
     without "\"(${theNames:-none})\\.h\""
 }
 
+# room <folder> <rooms below, as a pattern>: a room of the managers includes its own headers by bare name, and
+# those of the rooms below it by the room's name.
+room()
+{
+    local theFolder=Platform/Carbon/Source/$1
+    local theOwn
+    theOwn=$(find "$theFolder" -maxdepth 1 -name '*.h' -printf '%f\n' | sed 's/\.h$//' | paste -sd '|')
+    report "A room of the managers includes its own headers, and those of the rooms below: $2" < <(
+        includes "$theFolder" |
+            grep -E "^$theFolder/[A-Za-z]+\.(h|cpp):" |
+            without "<.*>|\"($2)/[A-Za-z]+\.h\"|\"(${theOwn:-none})\.h\""
+    )
+}
+
+# headers_elsewhere <folder>: prints each header there whose source lies in another folder than it.
+headers_elsewhere()
+{
+    local theHeader theSource
+    find "$1" -path '*/Include/*' -prune -o -name '*.h' -print | sort | while IFS= read -r theHeader; do
+        theSource=$(basename "$theHeader" .h).cpp
+        if [ ! -e "$(dirname "$theHeader")/$theSource" ] && find "$1" -name "$theSource" | grep -q .; then
+            echo "$theHeader:1:"
+        fi
+    done
+}
+
 # report <rule>: reads the lines that break it.
 report()
 {
@@ -95,6 +122,9 @@ report "Source throws nothing" < <(
 report "Platform knows nothing of Source" < <(
     includes Platform | grep -E '[<"/]Lm[A-Za-z]*\.h[>"]|Source/(Core|Transforms|Bindings)/'
 )
+report "A header lies beside its source" < <(
+    headers_elsewhere Platform
+)
 report "CoreFoundation stands below Carbon" < <(
     includes Platform/CoreFoundation Platform/CoreGraphics |
         grep -E '[<"/](Carbon|Presentation|Simulation)/'
@@ -102,6 +132,26 @@ report "CoreFoundation stands below Carbon" < <(
 report "The presenter interface is said in the standard library's types alone" < <(
     includes Platform/Presentation/Include | without "$kStandard" | without '[<"]Presentation/[A-Za-z]+\.h[>"]'
 )
+report "The headless presenter stands below the managers" < <(
+    includes Platform/Presentation/Source Platform/Presentation/Headless |
+        without "$kStandard" |
+        without '<Presentation/[A-Za-z]+\.h>' |
+        without_headers_of Platform/Presentation
+)
+report "Presenters know nothing of the managers" < <(
+    includes Platform/Presentation/Qt |
+        grep -E '[<"/](Carbon|CoreFoundation|CoreGraphics|Simulation|Base|System|Events|Menus|Windows|Input)/'
+)
+report "Nothing but tests and examples knows the simulated person" < <(
+    includes Source Platform | grep -E '[<"/]Simulation/' | grep -v '^Platform/Simulation/'
+)
+room Base Base
+room System Base
+room Events 'Base|System'
+room Menus 'Base|System|Events'
+room Windows 'Base|System|Events|Windows/ControlKinds'
+room Windows/ControlKinds 'Base|System|Events|Windows'
+room Input 'Base|System|Events|Menus|Windows'
 report "Qt stays in its own presenter" < <(
     includes Source Platform Examples | grep -E '[<"]Q[A-Za-z]' | grep -v '^Platform/Presentation/Qt/'
 )

@@ -13,12 +13,27 @@ gFailures=0
 fresh_tree()
 {
     rm -rf "${gTree:?}"/*
-    mkdir -p "$gTree/Source/Core" "$gTree/Platform/CoreFoundation" "$gTree/Platform/Carbon" \
-        "$gTree/Platform/Presentation/Include/Presentation" "$gTree/Platform/Presentation/Qt" "$gTree/Examples"
+    mkdir -p "$gTree/Source/Core" "$gTree/Platform/CoreFoundation" "$gTree/Platform/Simulation" \
+        "$gTree"/Platform/Carbon/Source/{Base,System,Events,Menus,Windows/ControlKinds,Input} \
+        "$gTree"/Platform/Presentation/{Include/Presentation,Headless,Qt} "$gTree/Examples"
     printf '%s\n' '#ifndef LmThing_h' '#include <Carbon/Carbon.h>' '#include <vector>' '#endif' \
         >"$gTree/Source/Core/LmThing.h"
     printf '%s\n' '#include "LmThing.h"' '// throw #include <Nothing.h>' >"$gTree/Source/Core/LmThing.cpp"
-    printf '%s\n' '#include <CoreFoundation/CoreFoundation.h>' '#include <unistd.h>' >"$gTree/Platform/Carbon/Queue.cpp"
+    printf '%s\n' '#include <CoreFoundation/CoreFoundation.h>' '#include <unistd.h>' >"$gTree/Platform/Carbon/Source/Events/Loop.cpp"
+    printf '%s\n' '#include "Loop.h"' '#include "Base/Table.h"' >>"$gTree/Platform/Carbon/Source/Events/Loop.cpp"
+    printf '%s\n' '#include <vector>' >"$gTree/Platform/Carbon/Source/Events/Loop.h"
+    printf '%s\n' '#include <map>' >"$gTree/Platform/Carbon/Source/Base/Table.h"
+    printf '%s\n' '#include "Events/Loop.h"' '#include <Presentation/Presenter.h>' \
+        >"$gTree/Platform/Carbon/Source/Menus/Menu.cpp"
+    printf '%s\n' '#include "Windows/ControlKinds/Kind.h"' >"$gTree/Platform/Carbon/Source/Windows/Window.cpp"
+    printf '%s\n' '#include "Events/Loop.h"' >"$gTree/Platform/Carbon/Source/Windows/ControlKinds/Kind.h"
+    printf '%s\n' '#include "Menus/Menu.h"' '#include "Windows/Window.h"' \
+        >"$gTree/Platform/Carbon/Source/Input/Gate.cpp"
+    printf '%s\n' '#include "Headless.h"' '#include <Presentation/Presenter.h>' \
+        >"$gTree/Platform/Presentation/Headless/Headless.cpp"
+    printf '%s\n' '#include "Base/Table.h"' >"$gTree/Platform/Carbon/Source/System/Clock.h"
+    : >"$gTree/Platform/Presentation/Headless/Headless.h"
+    printf '%s\n' '#include "Events/Loop.h"' '#include <Simulation/Person.h>' >"$gTree/Platform/Simulation/Person.cpp"
     printf '%s\n' '#include <string>' '#include <Presentation/PresenterTypes.h>' \
         >"$gTree/Platform/Presentation/Include/Presentation/Presenter.h"
     printf '%s\n' '#include <QWidget>' >"$gTree/Platform/Presentation/Qt/QtWindow.cpp"
@@ -57,13 +72,28 @@ finds Source/Core/LmThing.cpp '#include <filesystem>'
 finds Source/Core/LmThing.cpp '    return theOptional.value();'
 finds Source/Core/LmThing.cpp '    return std::get<int>(theVariant);'
 finds Source/Core/LmThing.cpp '    throw 1;'
-finds Platform/Carbon/Queue.cpp '#include "LmThing.h"'
-finds Platform/Carbon/Queue.cpp '#include <LmBindings/LmThing.h>'
-finds Platform/Carbon/Queue.cpp '#include <QWidget>'
+finds Platform/Carbon/Source/Events/Loop.cpp '#include "LmThing.h"'
+finds Platform/Carbon/Source/Events/Loop.cpp '#include <LmBindings/LmThing.h>'
+finds Platform/Carbon/Source/Events/Loop.cpp '#include <QWidget>'
 finds Platform/CoreFoundation/String.cpp '#include <Carbon/Carbon.h>'
 finds Platform/Presentation/Include/Presentation/Presenter.h '#include <Carbon/Carbon.h>'
 finds Platform/Presentation/Include/Presentation/Presenter.h '#include <QString>'
+finds Platform/Carbon/Source/Base/Table.h '#include "Events/Loop.h"'
+finds Platform/Carbon/Source/Base/Table.h '#include "Loop.h"'
+finds Platform/Carbon/Source/Events/Loop.cpp '#include "Menus/Menu.h"'
+finds Platform/Carbon/Source/Events/Loop.cpp '#include "Table.h"'
+finds Platform/Carbon/Source/Events/Loop.cpp '#include <Simulation/Person.h>'
+finds Platform/Carbon/Source/Menus/Menu.cpp '#include "Windows/Window.h"'
+finds Platform/Carbon/Source/Windows/Window.cpp '#include "Kind.h"'
+finds Platform/Carbon/Source/Windows/Window.cpp '#include "Input/Gate.h"'
+finds Platform/Carbon/Source/Windows/ControlKinds/Kind.h '#include "Menus/Menu.h"'
+finds Platform/Carbon/Source/Base/Loop.h ''
+finds Platform/Presentation/Headless/Headless.cpp '#include <Carbon/Carbon.h>'
+finds Platform/Presentation/Headless/Headless.cpp '#include "Input/Gate.h"'
+finds Platform/Presentation/Headless/Headless.cpp '#include "Loop.h"'
+finds Platform/Presentation/Qt/QtWindow.cpp '#include <Carbon/Carbon.h>'
+finds Platform/Presentation/Qt/QtWindow.cpp '#include "Windows/Window.h"'
 finds Examples/Main.cpp '#include "EventQueue.h"'
-finds Examples/Main.cpp '#include <Internal/Windows.h>'
+finds Examples/Main.cpp '#include <Windows/Windows.h>'
 
 [ "$gFailures" -eq 0 ]

@@ -2,6 +2,7 @@
 
 #include <Presentation/Presenter.h>
 
+#include <Presentation/PresentedProgram.h>
 #include <Presentation/PresenterEvents.h>
 
 namespace Host {
@@ -25,6 +26,8 @@ int CountCodePoints(const std::string& theText)
 Presenter::~Presenter() = default;
 
 PresenterEvents::~PresenterEvents() = default;
+
+PresentedProgram::~PresentedProgram() = default;
 
 bool PresenterEvents::WasTaken() const
 {

@@ -3,9 +3,6 @@
 #include <Presentation/PresenterRegistry.h>
 
 #include "HeadlessPresenter.h"
-#include "InputGate.h"
-#include "Internal/Menus.h"
-#include "Internal/Windows.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -23,7 +20,7 @@ struct Registry
 {
     std::map<std::string, PresenterFactory> theFactories = {{kDefaultName, HeadlessPresenter::Make}};
     std::unique_ptr<Presenter> thePresenter;
-    InputGate theGate;
+    PresentedProgram* theProgram = nullptr; // not owned
 
     // Presenters that were stopped. They stay, since a handler that changes the presenter may run inside a
     // function of the one that it stops.
@@ -67,7 +64,7 @@ std::unique_ptr<Presenter> StartChosen()
         Refuse("no presenter is called \"" + theName + "\"");
     }
     std::unique_ptr<Presenter> thePresenter = theEntry->second();
-    if (thePresenter == nullptr || !thePresenter->Start(theRegistry.theGate)) {
+    if (thePresenter == nullptr || !thePresenter->Start(PresenterRegistry::Events())) {
         Refuse("the presenter \"" + theName + "\" cannot start");
     }
     return thePresenter;
@@ -78,6 +75,11 @@ std::unique_ptr<Presenter> StartChosen()
 void PresenterRegistry::Register(const std::string& theName, PresenterFactory theFactory)
 {
     TheRegistry().theFactories[theName] = theFactory;
+}
+
+void PresenterRegistry::Present(PresentedProgram& theProgram)
+{
+    TheRegistry().theProgram = &theProgram;
 }
 
 std::vector<std::string> PresenterRegistry::Names()
@@ -100,20 +102,20 @@ Presenter& PresenterRegistry::Current()
 
 PresenterEvents& PresenterRegistry::Events()
 {
-    return TheRegistry().theGate;
+    return TheRegistry().theProgram->Gate();
 }
 
 bool PresenterRegistry::Use(std::unique_ptr<Presenter> theNext)
 {
     Registry& theRegistry = TheRegistry();
-    if (theNext == nullptr || !theNext->Start(theRegistry.theGate)) {
+    if (theNext == nullptr || !theNext->Start(Events())) {
         return false;
     }
     if (theRegistry.thePresenter != nullptr) {
         theRegistry.thePresenter->Stop();
         theRegistry.theRetired.push_back(std::move(theRegistry.thePresenter));
     }
-    theRegistry.theGate.LetGo();
+    theRegistry.theProgram->ForgetWhatIsHeld();
     theRegistry.thePresenter = std::move(theNext);
     ReplayLooks(*theRegistry.thePresenter);
     return true;
@@ -121,8 +123,7 @@ bool PresenterRegistry::Use(std::unique_ptr<Presenter> theNext)
 
 void PresenterRegistry::ReplayLooks(Presenter& thePresenter)
 {
-    ReplayMenuLooks(thePresenter);
-    ReplayWindowLooks(thePresenter);
+    TheRegistry().theProgram->ReplayLooks(thePresenter);
 }
 
 } // namespace Host

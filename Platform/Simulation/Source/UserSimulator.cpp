@@ -2,13 +2,13 @@
 
 #include <Simulation/UserSimulator.h>
 
+#include "Base/Geometry.h"
 #include "Glance.h"
 #include "HeadlessDrawing.h"
-#include "Internal/Control.h"
-#include "Internal/Geometry.h"
-#include "Internal/Window.h"
-#include "KeyText.h"
+#include "Input/KeyText.h"
 #include "USKeyboard.h"
+#include "Windows/Control.h"
+#include "Windows/Window.h"
 
 #include <Presentation/PresenterRegistry.h>
 

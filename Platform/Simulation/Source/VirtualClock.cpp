@@ -2,7 +2,7 @@
 
 #include <Simulation/VirtualClock.h>
 
-#include "Internal/System/Clock.h"
+#include "System/Clock.h"
 
 #include <algorithm>
 #include <atomic>

@@ -4,8 +4,8 @@
 
 #include "ManagerTestSupport.h"
 
-#include <Internal/Controls.h>
 #include <Presentation/PresenterRegistry.h>
+#include <Windows/Controls.h>
 
 namespace {
 

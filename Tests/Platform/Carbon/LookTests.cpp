@@ -4,10 +4,10 @@
 
 #include "ManagerTestSupport.h"
 
-#include <Internal/Controls.h>
-#include <Internal/Windows.h>
 #include <map>
 #include <Presentation/PresenterRegistry.h>
+#include <Windows/Controls.h>
+#include <Windows/Windows.h>
 
 namespace {
 

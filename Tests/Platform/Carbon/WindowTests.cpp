@@ -4,8 +4,8 @@
 
 #include "ManagerTestSupport.h"
 
-#include <Internal/Windows.h>
 #include <Presentation/PresenterRegistry.h>
+#include <Windows/Windows.h>
 
 namespace {
 

@@ -1,7 +1,7 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-#include "Internal/NeverDestroyed.h"
-#include "Internal/System/Clock.h"
+#include "Base/NeverDestroyed.h"
+#include "Clock.h"
 
 #include <algorithm>
 #include <atomic>

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include <Presentation/PresentedProgram.h>
 #include <Presentation/Presenter.h>
 #include <Presentation/PresenterEvents.h>
 
@@ -31,6 +32,10 @@ public:
     // calls this before anything is shown.
     static void Register(const std::string& theName, PresenterFactory theFactory);
 
+    // Names the program that is shown, for good: the managers call this when they are loaded, before anything
+    // else is asked of the registry.
+    static void Present(PresentedProgram& theProgram);
+
     // The names that can be chosen, in alphabetical order.
     static std::vector<std::string> Names();
 
@@ -45,7 +50,7 @@ public:
     // while the old presenter waits or reports; it is kept, stopped, as long as the program runs.
     static bool Use(std::unique_ptr<Presenter> theNext);
 
-    // Describes every window, control and menu to thePresenter, from back to front, and where the focus is.
+    // PresentedProgram::ReplayLooks of the program.
     static void ReplayLooks(Presenter& thePresenter);
 
     PresenterRegistry() = delete;

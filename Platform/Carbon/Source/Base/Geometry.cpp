@@ -1,0 +1,118 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "Geometry.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+namespace Host {
+
+short Narrow(int theCoordinate)
+{
+    return static_cast<short>(std::clamp(theCoordinate, int{INT16_MIN}, int{INT16_MAX}));
+}
+
+short Narrow(double theCoordinate)
+{
+    if (std::isnan(theCoordinate)) {
+        return 0;
+    }
+    const double theInside = std::clamp(theCoordinate, double{INT16_MIN}, double{INT16_MAX});
+    return static_cast<short>(std::floor(theInside));
+}
+
+int WidthOf(const Rect& theRect)
+{
+    return theRect.right - theRect.left;
+}
+
+int HeightOf(const Rect& theRect)
+{
+    return theRect.bottom - theRect.top;
+}
+
+bool IsEmpty(const Rect& theRect)
+{
+    return WidthOf(theRect) <= 0 || HeightOf(theRect) <= 0;
+}
+
+bool Agree(const Rect& theOne, const Rect& theOther)
+{
+    return theOne.top == theOther.top && theOne.left == theOther.left && theOne.bottom == theOther.bottom &&
+           theOne.right == theOther.right;
+}
+
+bool Contains(const Rect& theRect, Point thePoint)
+{
+    return thePoint.h >= theRect.left && thePoint.h < theRect.right && thePoint.v >= theRect.top &&
+           thePoint.v < theRect.bottom;
+}
+
+bool Encloses(const Rect& theOuter, const Rect& theInner)
+{
+    return theOuter.left <= theInner.left && theOuter.top <= theInner.top &&
+           theOuter.right >= theInner.right && theOuter.bottom >= theInner.bottom;
+}
+
+Rect MakeRect(int theLeft, int theTop, int theRight, int theBottom)
+{
+    Rect theRect;
+    theRect.top = Narrow(theTop);
+    theRect.left = Narrow(theLeft);
+    theRect.bottom = Narrow(theBottom);
+    theRect.right = Narrow(theRight);
+    return theRect;
+}
+
+Rect Moved(const Rect& theRect, int theHorizontal, int theVertical)
+{
+    return MakeRect(theRect.left + theHorizontal, theRect.top + theVertical, theRect.right + theHorizontal,
+                    theRect.bottom + theVertical);
+}
+
+Point MakePoint(int theHorizontal, int theVertical)
+{
+    Point thePoint;
+    thePoint.v = Narrow(theVertical);
+    thePoint.h = Narrow(theHorizontal);
+    return thePoint;
+}
+
+Point MiddleOf(const Rect& theRect)
+{
+    return MakePoint((theRect.left + theRect.right) / 2, (theRect.top + theRect.bottom) / 2);
+}
+
+PixelRect PixelsOf(const Rect& theRect)
+{
+    return {theRect.left, theRect.top, theRect.right, theRect.bottom};
+}
+
+} // namespace Host
+
+// The interface of Quickdraw.h ---------------------------------------------------------------------------
+
+void SetRect(Rect* theRect, short theLeft, short theTop, short theRight, short theBottom)
+{
+    if (theRect != nullptr) {
+        *theRect = Host::MakeRect(theLeft, theTop, theRight, theBottom);
+    }
+}
+
+void OffsetRect(Rect* theRect, short theHorizontal, short theVertical)
+{
+    if (theRect != nullptr) {
+        *theRect = Host::Moved(*theRect, theHorizontal, theVertical);
+    }
+}
+
+Boolean EqualRect(const Rect* theOne, const Rect* theOther)
+{
+    return theOne != nullptr && theOther != nullptr && Host::Agree(*theOne, *theOther);
+}
+
+Boolean PtInRect(Point thePoint, const Rect* theRect)
+{
+    return theRect != nullptr && Host::Contains(*theRect, thePoint);
+}

@@ -1,0 +1,291 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "EventLoop.h"
+
+#include "Base/NeverDestroyed.h"
+#include "EventLoopTimers.h"
+#include "EventQueue.h"
+#include "OutgoingEvent.h"
+#include "System/Clock.h"
+
+#include <algorithm>
+#include <cmath>
+#include <mutex>
+#include <Presentation/PresenterRegistry.h>
+#include <utility>
+
+namespace Host {
+
+namespace {
+
+// Times later than any other stand for "never" here; presenters and clocks call that negative.
+double ForOthers(double theTime)
+{
+    return theTime == kNever ? -1 : theTime;
+}
+
+// --- Waiting ----------------------------------------------------------------------------------------
+
+// The presenter that the loop waits in, and whether somebody wanted the next wait to end at once.
+struct WaitState
+{
+    std::mutex theMutex;
+    Presenter* thePresenter = nullptr;
+    bool theIsWoken = false;
+};
+
+WaitState& TheWaitState()
+{
+    static NeverDestroyed<WaitState> sState;
+    return sState.Get();
+}
+
+// Names the presenter that is waited in, so that another thread can wake it. Waits may nest: a handler of
+// what a presenter reports may run the loop.
+class PresenterWait
+{
+public:
+    explicit PresenterWait(Presenter& thePresenter)
+    {
+        const std::lock_guard<std::mutex> theLock(TheWaitState().theMutex);
+        mOuter = std::exchange(TheWaitState().thePresenter, &thePresenter);
+        mWasWoken = std::exchange(TheWaitState().theIsWoken, false);
+    }
+    ~PresenterWait()
+    {
+        const std::lock_guard<std::mutex> theLock(TheWaitState().theMutex);
+        TheWaitState().thePresenter = mOuter;
+    }
+    PresenterWait(const PresenterWait&) = delete;
+    PresenterWait& operator=(const PresenterWait&) = delete;
+
+    bool WasWoken() const { return mWasWoken; }
+
+private:
+    Presenter* mOuter = nullptr;
+    bool mWasWoken = false;
+};
+
+// Lets the presenter report what the person has done already.
+void PollPresenter()
+{
+    const double theNow = CurrentClock().Now();
+    PresenterRegistry::Current().WaitUntil(theNow, theNow);
+}
+
+// Lets the presenter report what the person does, waiting for it until theDeadline. False when it has nothing
+// that could be waited for.
+bool WaitInPresenter(double theDeadline)
+{
+    Presenter& thePresenter = PresenterRegistry::Current();
+    const double theNow = CurrentClock().Now();
+    const PresenterWait theWait(thePresenter);
+    return thePresenter.WaitUntil(theWait.WasWoken() ? theNow : ForOthers(theDeadline), theNow);
+}
+
+// False when the wait would never end.
+bool Wait(double theDeadline)
+{
+    const bool theHasWaited = !CurrentClock().StandsStill() && WaitInPresenter(theDeadline);
+    return theHasWaited || CurrentClock().WaitUntil(ForOthers(theDeadline));
+}
+
+// --- Running ----------------------------------------------------------------------------------------
+
+// One running ReceiveNextEvent or RunCurrentEventLoop; QuitEventLoop ends the innermost.
+class LoopRun
+{
+public:
+    LoopRun()
+        : mOuter(sInnermost)
+    {
+        sInnermost = this;
+    }
+    ~LoopRun() { sInnermost = mOuter; }
+    LoopRun(const LoopRun&) = delete;
+    LoopRun& operator=(const LoopRun&) = delete;
+
+    bool IsQuit() const { return mIsQuit; }
+
+    static void QuitInnermost()
+    {
+        if (sInnermost != nullptr) {
+            sInnermost->mIsQuit = true;
+        }
+    }
+
+private:
+    static LoopRun* sInnermost;
+
+    LoopRun* mOuter;
+    bool mIsQuit = false;
+};
+
+LoopRun* LoopRun::sInnermost = nullptr;
+
+LoopChore gChore = nullptr;
+
+void DoChore()
+{
+    if (gChore != nullptr) {
+        gChore();
+    }
+}
+
+// Runs timers and the presenter until theIsDone, theDeadline or QuitEventLoop. Both have their turn before
+// each event that is taken, however many there are, and even when the deadline has passed already.
+template <class Condition>
+OSStatus RunUntil(double theDeadline, const Condition& theIsDone)
+{
+    const LoopRun theRun;
+    for (;;) {
+        FireDueTimers();
+        PollPresenter();
+        DoChore();
+        if (theRun.IsQuit()) {
+            return eventLoopQuitErr;
+        }
+        if (theIsDone()) {
+            return noErr;
+        }
+        if (CurrentClock().Now() >= theDeadline || !Wait(std::min(theDeadline, NextTimerTime()))) {
+            return eventLoopTimedOutErr;
+        }
+    }
+}
+
+double DeadlineAfter(EventTimeout theTimeout)
+{
+    return theTimeout < 0 ? kNever : CurrentClock().Now() + theTimeout;
+}
+
+// --- The application's loop -------------------------------------------------------------------------
+
+// The running application loops, from the innermost out.
+struct ApplicationLoop
+{
+    ApplicationLoop* theOuter;
+    bool theIsOver = false;
+};
+
+ApplicationLoop* gApplicationLoop = nullptr;
+
+// Takes one event and sends it on; false when the loop was quit.
+bool HandleNextEvent()
+{
+    EventRef theEvent = nullptr;
+    if (ReceiveNextEvent(0, nullptr, kEventDurationForever, kEventRemoveFromQueue, &theEvent) != noErr) {
+        return false;
+    }
+    SendEventToEventTarget(theEvent, GetEventDispatcherTarget());
+    ReleaseEvent(theEvent);
+    return true;
+}
+
+// What the reference of the one event loop points at.
+char gMainLoop = 0;
+
+} // namespace
+
+void WakeEventLoop()
+{
+    {
+        WaitState& theState = TheWaitState();
+        const std::lock_guard<std::mutex> theLock(theState.theMutex);
+        theState.theIsWoken = true;
+        if (theState.thePresenter != nullptr) {
+            theState.thePresenter->Wake();
+        }
+    }
+    CurrentClock().Wake();
+}
+
+void SetLoopChore(LoopChore theChore)
+{
+    gChore = theChore;
+}
+
+bool IsApplicationLoopRunning()
+{
+    return gApplicationLoop != nullptr;
+}
+
+bool EndApplicationLoop()
+{
+    if (gApplicationLoop == nullptr) {
+        return false;
+    }
+    gApplicationLoop->theIsOver = true;
+    QuitEventLoop(GetMainEventLoop());
+    return true;
+}
+
+} // namespace Host
+
+using namespace Host;
+
+EventLoopRef GetMainEventLoop(void)
+{
+    return reinterpret_cast<EventLoopRef>(&gMainLoop);
+}
+
+EventLoopRef GetCurrentEventLoop(void)
+{
+    return GetMainEventLoop();
+}
+
+OSStatus ReceiveNextEvent(ItemCount inNumTypes, const EventTypeSpec* inList, EventTimeout inTimeout,
+                          Boolean inPullEvent, EventRef* outEvent)
+{
+    if (outEvent == nullptr) {
+        return paramErr;
+    }
+    *outEvent = nullptr;
+    if ((inNumTypes > 0 && inList == nullptr) || std::isnan(inTimeout)) {
+        return paramErr;
+    }
+    EventRef theEvent = nullptr;
+    const OSStatus theStatus = RunUntil(DeadlineAfter(inTimeout), [&] {
+        theEvent = FirstEventInQueue(inNumTypes, inList, inPullEvent != 0);
+        return theEvent != nullptr;
+    });
+    if (theStatus == noErr && inPullEvent == 0) {
+        // It stays in the queue, which keeps it alive.
+        ReleaseEvent(theEvent);
+    }
+    *outEvent = theEvent;
+    return theStatus;
+}
+
+OSStatus RunCurrentEventLoop(EventTimeout inTimeout)
+{
+    if (std::isnan(inTimeout)) {
+        return paramErr;
+    }
+    return RunUntil(DeadlineAfter(inTimeout), [] { return false; });
+}
+
+OSStatus QuitEventLoop(EventLoopRef inEventLoop)
+{
+    if (inEventLoop != GetMainEventLoop()) {
+        return paramErr;
+    }
+    LoopRun::QuitInnermost();
+    WakeEventLoop();
+    return noErr;
+}
+
+void RunApplicationEventLoop(void)
+{
+    ApplicationLoop theLoop{gApplicationLoop};
+    gApplicationLoop = &theLoop;
+    while (!theLoop.theIsOver && HandleNextEvent()) {
+    }
+    gApplicationLoop = theLoop.theOuter;
+}
+
+void QuitApplicationEventLoop(void)
+{
+    const OutgoingEvent theEvent(kEventClassApplication, kEventAppQuit);
+    theEvent.SendTo(GetApplicationEventTarget());
+}

@@ -1,0 +1,24 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef Events_EventLoop_h
+#define Events_EventLoop_h
+
+namespace Host {
+
+// Ends the wait of the event loop, or its next one. From any thread.
+void WakeEventLoop();
+
+// What a manager puts off until a loop turns; every turn calls it before it looks for an event or waits. Set
+// once by the Menu Manager.
+using LoopChore = void (*)();
+void SetLoopChore(LoopChore theChore);
+
+// Whether RunApplicationEventLoop is running.
+bool IsApplicationLoopRunning();
+
+// Ends the innermost RunApplicationEventLoop; false when none is running.
+bool EndApplicationLoop();
+
+} // namespace Host
+
+#endif

@@ -1,0 +1,353 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "Control.h"
+
+#include "Base/Geometry.h"
+#include "Base/Guarded.h"
+#include "ControlTable.h"
+#include "Events/EventTargets.h"
+#include "Events/OutgoingEvent.h"
+#include "KeyboardFocus.h"
+#include "Window.h"
+
+#include <algorithm>
+#include <Presentation/PresenterRegistry.h>
+
+namespace Host {
+
+namespace {
+
+UInt32 KindOfChange(ControlState theState, bool theNewState)
+{
+    switch (theState) {
+    case ControlState::kVisible:
+        return kEventControlVisibilityChanged;
+    case ControlState::kEnabled:
+        return kEventControlEnabledStateChanged;
+    case ControlState::kActive:
+        break;
+    }
+    return theNewState ? kEventControlActivate : kEventControlDeactivate;
+}
+
+UInt32 BoundsAttributes(const Rect& theOld, const Rect& theNew)
+{
+    UInt32 theAttributes = 0;
+    if (WidthOf(theOld) != WidthOf(theNew) || HeightOf(theOld) != HeightOf(theNew)) {
+        theAttributes |= kControlBoundsChangeSizeChanged;
+    }
+    if (theOld.left != theNew.left || theOld.top != theNew.top) {
+        theAttributes |= kControlBoundsChangePositionChanged;
+    }
+    return theAttributes;
+}
+
+void SendBoundsChange(const Control& theControl, UInt32 theKind, const Rect& theOld)
+{
+    OutgoingEvent theEvent(kEventClassControl, theKind);
+    theEvent.Set(kEventParamDirectObject, typeControlRef, theControl.Reference());
+    theEvent.Set(kEventParamOriginalBounds, typeQDRectangle, theOld);
+    theEvent.Set(kEventParamCurrentBounds, typeQDRectangle, theControl.Bounds());
+    if (theKind == kEventControlBoundsChanged) {
+        theEvent.Set(kEventParamAttributes, typeUInt32, BoundsAttributes(theOld, theControl.Bounds()));
+        theEvent.Set(kEventParamPreviousBounds, typeQDRectangle, theOld);
+    }
+    theEvent.SendTo(theControl.Target());
+}
+
+} // namespace
+
+SInt32 ControlRange::Nearest(SInt32 theWanted) const
+{
+    return std::max(theMinimum, std::min(theWanted, theMaximum));
+}
+
+bool operator==(const ControlRange& theOne, const ControlRange& theOther)
+{
+    return theOne.theValue == theOther.theValue && theOne.theMinimum == theOther.theMinimum &&
+           theOne.theMaximum == theOther.theMaximum && theOne.theViewSize == theOther.theViewSize;
+}
+
+// State --------------------------------------------------------------------------------------------------
+
+bool Control::OwnState(ControlState theState) const
+{
+    switch (theState) {
+    case ControlState::kVisible:
+        return mIsVisible;
+    case ControlState::kEnabled:
+        return mIsEnabled;
+    case ControlState::kActive:
+        break;
+    }
+    return mIsActive;
+}
+
+void Control::SetOwnState(ControlState theState, bool theNewState)
+{
+    switch (theState) {
+    case ControlState::kVisible:
+        mIsVisible = theNewState;
+        break;
+    case ControlState::kEnabled:
+        mIsEnabled = theNewState;
+        break;
+    case ControlState::kActive:
+        mIsActive = theNewState;
+        break;
+    }
+}
+
+bool Control::Is(ControlState theState) const
+{
+    if (!OwnState(theState)) {
+        return false;
+    }
+    const SharedControl theParent = Parent();
+    return theParent == nullptr || theParent->Is(theState);
+}
+
+void Control::CollectInState(ControlState theState, std::vector<SharedControl>* theControls)
+{
+    if (!OwnState(theState)) {
+        return;
+    }
+    theControls->push_back(shared_from_this());
+    for (const SharedControl& theSubControl : mSubControls) {
+        theSubControl->CollectInState(theState, theControls);
+    }
+}
+
+OSStatus Control::Set(ControlState theState, bool theNewState)
+{
+    if (OwnState(theState) == theNewState) {
+        return noErr;
+    }
+    if (!theNewState && theState != ControlState::kActive) {
+        // The focus leaves while the control can still hear of it.
+        ReleaseFocusInside(*this);
+        if (mIsGone || OwnState(theState) == theNewState) {
+            return noErr;
+        }
+    }
+    SetOwnState(theState, true);
+    std::vector<SharedControl> theChanged;
+    const OSStatus theStatus = Guarded([&] {
+        if (Is(theState)) {
+            CollectInState(theState, &theChanged);
+        }
+        return OSStatus{noErr};
+    });
+    SetOwnState(theState, theStatus == noErr ? theNewState : !theNewState);
+    if (theStatus != noErr) {
+        return theStatus;
+    }
+    for (const SharedControl& theControl : theChanged) {
+        theControl->Show();
+    }
+    for (const SharedControl& theControl : theChanged) {
+        if (!theControl->mIsGone) {
+            theControl->Notify(kEventClassControl, KindOfChange(theState, theNewState));
+        }
+    }
+    return noErr;
+}
+
+void Control::StartWithRange(const ControlRange& theRange)
+{
+    mRange = theRange;
+    mRange.theValue = mRange.Nearest(theRange.theValue);
+}
+
+void Control::SetRange(const ControlRange& theRange)
+{
+    ControlRange theNew = theRange;
+    theNew.theValue = theNew.Nearest(theNew.theValue);
+    if (theNew == mRange) {
+        return;
+    }
+    mRange = theNew;
+    Show();
+    Notify(kEventClassControl, kEventControlValueFieldChanged);
+}
+
+void Control::SetValue(SInt32 theValue)
+{
+    ControlRange theNew = mRange;
+    theNew.theValue = theValue;
+    SetRange(theNew);
+}
+
+void Control::SetBounds(const Rect& theBounds)
+{
+    if (Agree(theBounds, mBounds)) {
+        return;
+    }
+    const SharedControl theKeepAlive = shared_from_this();
+    const Rect theOld = mBounds;
+    mBounds = theBounds;
+    ShowAll();
+    if ((BoundsAttributes(theOld, theBounds) & kControlBoundsChangeSizeChanged) != 0) {
+        SendBoundsChange(*this, kEventControlInvalidateForSizeChange, theOld);
+    }
+    if (!mIsGone) {
+        SendBoundsChange(*this, kEventControlBoundsChanged, theOld);
+    }
+}
+
+void Control::SetTitle(Text theTitle)
+{
+    if (theTitle == mTitle) {
+        return;
+    }
+    mTitle = std::move(theTitle);
+    Show();
+    Notify(kEventClassControl, kEventControlTitleChanged);
+}
+
+void Control::SetHilite(ControlPartCode thePart)
+{
+    if (thePart == mHilite) {
+        return;
+    }
+    const ControlPartCode theOld = mHilite;
+    mHilite = thePart;
+    Show();
+    OutgoingEvent theEvent(kEventClassControl, kEventControlHiliteChanged);
+    theEvent.Set(kEventParamDirectObject, typeControlRef, Reference());
+    theEvent.Set(kEventParamControlPreviousPart, typeControlPartCode, theOld);
+    theEvent.Set(kEventParamControlCurrentPart, typeControlPartCode, thePart);
+    theEvent.SendTo(mTarget);
+}
+
+// Events -------------------------------------------------------------------------------------------------
+
+void Control::Notify(OSType theClass, UInt32 theKind)
+{
+    OutgoingEvent theEvent(theClass, theKind);
+    theEvent.Set(kEventParamDirectObject, typeControlRef, Reference());
+    // Nobody can refuse what has happened, so the handlers' answer means nothing here.
+    theEvent.SendTo(mTarget);
+}
+
+OSStatus Control::Request(OSType theClass, UInt32 theKind)
+{
+    OutgoingEvent theEvent(theClass, theKind);
+    theEvent.Set(kEventParamDirectObject, typeControlRef, Reference());
+    return theEvent.SendTo(mTarget, kEventTargetDontPropagate);
+}
+
+// Looks --------------------------------------------------------------------------------------------------
+
+// The managers hold the truth: a picture that there is no memory for is made up for by the next one.
+void Control::Show() const
+{
+    if (Owner() != nullptr && !mIsGone) {
+        Guarded([this] {
+            PresenterRegistry::Current().ControlLooks(Look());
+            return OSStatus{noErr};
+        });
+    }
+}
+
+void Control::ShowAll() const
+{
+    if (Owner() != nullptr && !mIsGone) {
+        Guarded([this] {
+            Replay(PresenterRegistry::Current());
+            return OSStatus{noErr};
+        });
+    }
+}
+
+void Control::Replay(Presenter& thePresenter) const
+{
+    thePresenter.ControlLooks(Look());
+    for (const SharedControl& theSubControl : mSubControls) {
+        theSubControl->Replay(thePresenter);
+    }
+}
+
+ControlLook Control::Look() const
+{
+    ControlLook theLook;
+    theLook.theId = mIdentifier;
+    theLook.theSignature = mID.signature;
+    theLook.theNumber = static_cast<std::int32_t>(mID.id);
+    theLook.theTitle = Utf8Of(mTitle);
+    theLook.theBounds = PixelsOf(WindowBounds());
+    theLook.theValue = static_cast<std::int32_t>(mRange.theValue);
+    theLook.theMinimum = static_cast<std::int32_t>(mRange.theMinimum);
+    theLook.theMaximum = static_cast<std::int32_t>(mRange.theMaximum);
+    theLook.theViewSize = static_cast<std::int32_t>(mRange.theViewSize);
+    theLook.theIsVisible = Is(ControlState::kVisible);
+    theLook.theIsEnabled = Is(ControlState::kEnabled);
+    theLook.theIsActive = Is(ControlState::kActive);
+    theLook.theIsHilited = mHilite != kControlNoPart;
+    AddPlaceToLook(theLook);
+    AddToLook(theLook);
+    return theLook;
+}
+
+void Control::AddPlaceToLook(ControlLook& theLook) const
+{
+    if (const SharedWindow theOwner = Owner()) {
+        theLook.theWindow = theOwner->Identifier();
+        theLook.theIsDefault = theOwner->mDefaultButton.lock().get() == this;
+        theLook.theIsCancel = theOwner->mCancelButton.lock().get() == this;
+    }
+    if (const SharedControl theParent = Parent()) {
+        theLook.theParent = theParent->mIdentifier;
+        const auto& theControls = theParent->mSubControls;
+        const auto thePlace = std::find_if(theControls.begin(), theControls.end(),
+                                           [this](const auto& theOne) { return theOne.get() == this; });
+        theLook.theOrder = static_cast<int>(thePlace - theControls.begin());
+    }
+}
+
+// What a kind does unless it says otherwise ---------------------------------------------------------------
+
+ControlPartCode Control::PartAt(Point) const
+{
+    return kControlNoPart;
+}
+
+Rect Control::PlaceOf(ControlPartCode thePart) const
+{
+    const Rect theBounds = WindowBounds();
+    return PartAt(MiddleOf(theBounds)) == thePart ? theBounds : Rect{0, 0, 0, 0};
+}
+
+bool Control::IsIndicator(ControlPartCode) const
+{
+    return false;
+}
+
+SInt32 Control::ValueAt(Point) const
+{
+    return mRange.theValue;
+}
+
+Point Control::PlaceOfValue(SInt32) const
+{
+    return MiddleOf(WindowBounds());
+}
+
+bool Control::ToggledValue(SInt32*) const
+{
+    return false;
+}
+
+OSStatus Control::PressKey(const KeyPress&)
+{
+    return eventNotHandledErr;
+}
+
+ControlPartCode Control::FocusPart(bool) const
+{
+    return kControlFocusNoPart;
+}
+
+void Control::FocusMoved(bool) {}
+
+} // namespace Host

@@ -1,0 +1,204 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef Windows_Control_h
+#define Windows_Control_h
+
+#include "Base/Properties.h"
+#include "Base/Text.h"
+#include "Controls.h"
+
+#include <Presentation/Presenter.h>
+
+namespace Host {
+
+// Value, range and view size, which change and are told of together.
+struct ControlRange
+{
+    SInt32 theValue = 0;
+    SInt32 theMinimum = 0;
+    SInt32 theMaximum = 0;
+    SInt32 theViewSize = 0;
+
+    // The nearest value inside; the minimum of a range that ends before it starts.
+    SInt32 Nearest(SInt32 theWanted) const;
+};
+
+bool operator==(const ControlRange& theOne, const ControlRange& theOther);
+
+// The three states that a control shares with everything around it.
+enum class ControlState
+{
+    kVisible,
+    kEnabled,
+    kActive,
+};
+
+// One tag of Get/SetControlData.
+struct ControlDataTag
+{
+    // The size of data that has as many bytes as its text.
+    static constexpr Size kBytes = -1;
+
+    ResType theTag;
+    Size theSize;
+
+    // Null when the tag is for writing, or for reading only. The read function fills a buffer of at least
+    // theSize bytes; for kBytes it fills no buffer but gives the bytes.
+    void (*theRead)(const Control& theControl, void* theBuffer);
+    OSErr (*theWrite)(Control& theControl, const void* theData, size_t theSize);
+    std::string (*theReadBytes)(const Control& theControl);
+};
+
+// A key that no handler wanted, on its way through the default handling of the focused control and its
+// window.
+struct KeyPress
+{
+    UInt32 theCode = 0;
+    UInt32 theModifiers = 0;
+    Text theText;
+};
+
+// A control.
+//
+// Life: the table of references and the control's container each hold one count; whoever sends an event holds
+// one for as long. DisposeControl takes the first two away, so a control that is disposed in its own handler
+// lives on, marked as gone, until the call that sent the event has returned. After every event ask IsGone
+// before touching anything that leads outward. The container and the window are held weakly.
+class Control : public std::enable_shared_from_this<Control>
+{
+public:
+    Control(OSType theKind, UInt32 theFeatures);
+    virtual ~Control();
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    // Identity.
+    ObjectIdentifier Identifier() const { return mIdentifier; }
+    ControlRef Reference() const;
+    OSType Kind() const { return mKind; }
+    UInt32 Features() const { return mFeatures; }
+    EventTargetRef Target() const { return mTarget; }
+    EventTargetRef TargetAround() const; // the container's, the window's or the application's
+    bool IsGone() const { return mIsGone; }
+    bool IsGoing() const { return mIsGoing; } // from the start of its disposal
+
+    // Place.
+    const std::vector<SharedControl>& SubControls() const { return mSubControls; }
+    SharedControl Parent() const { return mParent.lock(); }
+    SharedWindow Owner() const;
+    bool IsRoot() const { return mIsRoot; }
+    bool IsInside(const Control& theContainer) const; // or is it
+    bool CanEmbed() const;
+
+    // Life. Begin makes the target and the reference; the others are the steps of EmbedControl and
+    // DisposeControl, whose checks are made by the caller. Join puts the control in front of what
+    // theContainer holds.
+    void Begin(const SharedWindow& theOwner, const Rect& theBounds, const Text& theTitle);
+    void BeginAsRoot(const SharedWindow& theOwner, const Rect& theBounds);
+    void Join(const SharedControl& theContainer);
+    void Dispose();
+    void DisposeSubControls();
+
+    // State. The setters tell the presenter and the handlers, if there is something to tell.
+    bool Is(ControlState theState) const; // with everything around it
+    OSStatus Set(ControlState theState, bool theNewState);
+    bool CanBePressed() const { return Is(ControlState::kVisible) && Is(ControlState::kEnabled); }
+    const ControlRange& Range() const { return mRange; }
+    void SetRange(const ControlRange& theRange);
+    void SetValue(SInt32 theValue);
+    const Rect& Bounds() const { return mBounds; }
+    Rect WindowBounds() const; // in the window's content
+    void SetBounds(const Rect& theBounds);
+    const Text& Title() const { return mTitle; }
+    void SetTitle(Text theTitle);
+    ControlPartCode Hilite() const { return mHilite; }
+    void SetHilite(ControlPartCode thePart);
+
+    // Events to this control. Notify goes up the chain; Request asks this control alone and gives the
+    // handler's answer, eventNotHandledErr when there was none.
+    void Notify(OSType theClass, UInt32 theKind);
+    OSStatus Request(OSType theClass, UInt32 theKind);
+
+    // Tells the presenter what the control looks like; with its sub-controls in the second form.
+    void Show() const;
+    void ShowAll() const;
+    void Replay(Presenter& thePresenter) const;
+    ControlLook Look() const;
+
+    // What the kinds are made of.
+
+    // The part at a point of the window's content that lies in the bounds; kControlNoPart where a press does
+    // nothing.
+    virtual ControlPartCode PartAt(Point thePoint) const;
+
+    // Where a part is, in the window's content; an empty rectangle for parts that the control does not have.
+    virtual Rect PlaceOf(ControlPartCode thePart) const;
+
+    // Whether a part is an indicator that a person drags, and where it puts the value.
+    virtual bool IsIndicator(ControlPartCode thePart) const;
+    virtual SInt32 ValueAt(Point thePoint) const;
+    virtual Point PlaceOfValue(SInt32 theValue) const;
+
+    // What a click turns the value into before it is told of; gives false when it leaves the value alone.
+    virtual bool ToggledValue(SInt32* theValue) const;
+
+    // A key that arrived at this control while it had the focus; eventNotHandledErr lets the window have it.
+    virtual OSStatus PressKey(const KeyPress& theKey);
+
+    // The part that gets the focus; kControlFocusNoPart when the control takes none. theEverything: full
+    // keyboard access is on.
+    virtual ControlPartCode FocusPart(bool theEverything) const;
+
+    // The focus came or went. Called after the handlers were asked and before they are told.
+    virtual void FocusMoved(bool theHasFocus);
+
+    virtual const ControlDataTag* FindTag(ResType theTag) const;
+    virtual void AddToLook(ControlLook& theLook) const = 0;
+
+    // Sets the range at creation, when there is nobody to tell.
+    void StartWithRange(const ControlRange& theRange);
+
+    // Plain data that nothing follows from.
+    ControlID mID = {0, 0};
+    bool mHasID = false;
+    UInt32 mCommand = 0;
+    SRefCon mReference = {};
+    ControlActionUPP mAction = nullptr;
+    bool mIsLive = false; // the value follows a drag step by step
+    ControlFontStyleRec mStyle = {};
+    ControlSize mSize = kControlSizeNormal;
+    Properties mProperties;
+
+private:
+    bool OwnState(ControlState theState) const;
+    void SetOwnState(ControlState theState, bool theNewState);
+    void AddPlaceToLook(ControlLook& theLook) const;
+    void Leave();
+    void MoveTo(const SharedWindow& theOwner);
+    void TellContainer(UInt32 theKind, const SharedControl& theContainer);
+    SharedControl LastSubControl(ObjectIdentifier theNewest) const;
+    void MakeRoom();
+    void CollectInState(ControlState theState, std::vector<SharedControl>* theControls);
+
+    ObjectIdentifier mIdentifier = NewObjectIdentifier();
+    OSType mKind;
+    UInt32 mFeatures;
+    EventTargetRef mTarget = nullptr;
+    std::weak_ptr<Control> mParent;
+    std::weak_ptr<Window> mOwner;
+    std::vector<SharedControl> mSubControls; // from back to front
+    bool mIsGone = false;
+    bool mIsGoing = false; // being disposed; handlers are hearing of it
+    bool mIsRoot = false;
+    bool mIsVisible = true;
+    bool mIsEnabled = true;
+    bool mIsActive = true;
+    ControlRange mRange;
+    Rect mBounds = {0, 0, 0, 0};
+    Text mTitle;
+    ControlPartCode mHilite = kControlNoPart;
+};
+
+} // namespace Host
+
+#endif

@@ -1,0 +1,517 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+// Life of controls and their places in each other and in windows.
+
+#include "Base/Geometry.h"
+#include "Base/Guarded.h"
+#include "ControlTable.h"
+#include "Events/EventTargets.h"
+#include "Events/OutgoingEvent.h"
+#include "KeyboardFocus.h"
+#include "Window.h"
+
+#include <algorithm>
+#include <Presentation/PresenterRegistry.h>
+
+namespace Host {
+
+namespace {
+
+// The event target's way to its control. The target may outlive the control for the rest of a dispatch.
+EventTargetBehaviour BehaviourOf(const std::weak_ptr<Control>& theWeakControl)
+{
+    EventTargetBehaviour theBehaviour;
+    theBehaviour.theContainer = [theWeakControl] {
+        const SharedControl theControl = theWeakControl.lock();
+        return theControl == nullptr ? GetApplicationEventTarget() : theControl->TargetAround();
+    };
+    theBehaviour.theDefault = [theWeakControl](EventRef theEvent) {
+        const SharedControl theControl = theWeakControl.lock();
+        return theControl == nullptr ? OSStatus{eventNotHandledErr}
+                                     : PressKeyInControl(*theControl, theEvent);
+    };
+    return theBehaviour;
+}
+
+} // namespace
+
+HandleTable<ControlRef, Control>& ControlTable()
+{
+    static auto& theTable = *new HandleTable<ControlRef, Control>;
+    return theTable;
+}
+
+SharedControl FindControl(ControlRef theReference)
+{
+    return ControlTable().Find(theReference);
+}
+
+SharedControl FindControl(ObjectIdentifier theIdentifier)
+{
+    return ControlTable().FindIdentifier(theIdentifier);
+}
+
+ObjectIdentifier IdentifierOf(ControlRef theReference)
+{
+    const SharedControl theControl = FindControl(theReference);
+    return theControl == nullptr ? 0 : theControl->Identifier();
+}
+
+// Life ---------------------------------------------------------------------------------------------------
+
+Control::Control(OSType theKind, UInt32 theFeatures)
+    : mKind(theKind),
+      mFeatures(theFeatures)
+{
+}
+
+Control::~Control() = default;
+
+ControlRef Control::Reference() const
+{
+    return HandleTable<ControlRef, Control>::ReferenceOf(mIdentifier);
+}
+
+void Control::Begin(const SharedWindow& theOwner, const Rect& theBounds, const Text& theTitle)
+{
+    mBounds = theBounds;
+    mTitle = theTitle;
+    mOwner = theOwner;
+    ControlTable().Add(mIdentifier, shared_from_this());
+    const OSStatus theStatus = Guarded([this] {
+        mTarget = NewEventTarget(BehaviourOf(weak_from_this()));
+        return OSStatus{noErr};
+    });
+    if (theStatus != noErr) {
+        ControlTable().Remove(Reference());
+        throw std::bad_alloc();
+    }
+}
+
+void Control::BeginAsRoot(const SharedWindow& theOwner, const Rect& theBounds)
+{
+    mIsRoot = true;
+    Begin(theOwner, theBounds, Text());
+    Show();
+}
+
+// The order of the steps is what DisposeControl promises. A handler may dispose the parent, the window or
+// this control once more meanwhile; mIsGoing keeps the second call out, and the count held here keeps the
+// object.
+void Control::Dispose()
+{
+    if (mIsGoing) {
+        return; // it is being disposed further out, or is gone
+    }
+    const SharedControl theKeepAlive = shared_from_this();
+    mIsGoing = true;
+    ReleaseFocusInside(*this);
+    Request(kEventClassControl, kEventControlDispose);
+    DisposeSubControls();
+    if (const SharedControl theParent = Parent(); theParent != nullptr && !theParent->mIsGoing) {
+        TellContainer(kEventControlRemovingSubControl, theParent);
+    }
+    Leave();
+    mIsGone = true;
+    ControlTable().Remove(Reference());
+    DisposeEventTarget(mTarget);
+    PresenterRegistry::Current().ControlGone(mIdentifier);
+}
+
+void Control::DisposeSubControls()
+{
+    // Handlers may dispose others of them meanwhile, and make new ones, which stay: those have greater
+    // numbers. No list is made of them, since what disposes must not need memory.
+    ObjectIdentifier theNewest = 0;
+    for (const SharedControl& theSubControl : mSubControls) {
+        theNewest = std::max(theNewest, theSubControl->mIdentifier);
+    }
+    while (const SharedControl theNext = LastSubControl(theNewest)) {
+        theNext->Dispose();
+    }
+}
+
+// The frontmost one that is not being disposed yet and has no greater number than theNewest; null for none.
+SharedControl Control::LastSubControl(ObjectIdentifier theNewest) const
+{
+    const auto theEntry =
+        std::find_if(mSubControls.rbegin(), mSubControls.rend(), [=](const SharedControl& theOne) {
+            return !theOne->mIsGoing && theOne->mIdentifier <= theNewest;
+        });
+    return theEntry == mSubControls.rend() ? nullptr : *theEntry;
+}
+
+// Hierarchy ----------------------------------------------------------------------------------------------
+
+SharedWindow Control::Owner() const
+{
+    return mOwner.lock();
+}
+
+EventTargetRef Control::TargetAround() const
+{
+    if (const SharedControl theParent = Parent()) {
+        return theParent->Target();
+    }
+    if (const SharedWindow theOwner = Owner()) {
+        return theOwner->Target();
+    }
+    return GetApplicationEventTarget();
+}
+
+bool Control::IsInside(const Control& theContainer) const
+{
+    const Control* theControl = this;
+    SharedControl theParent;
+    while (theControl != &theContainer) {
+        theParent = theControl->Parent();
+        theControl = theParent.get();
+        if (theControl == nullptr) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool Control::CanEmbed() const
+{
+    return (mFeatures & kControlSupportsEmbedding) != 0 && !mIsGoing;
+}
+
+void Control::TellContainer(UInt32 theKind, const SharedControl& theContainer)
+{
+    OutgoingEvent theEvent(kEventClassControl, theKind);
+    theEvent.Set(kEventParamDirectObject, typeControlRef, theContainer->Reference());
+    theEvent.Set(kEventParamControlSubControl, typeControlRef, Reference());
+    theEvent.SendTo(theContainer->Target());
+}
+
+void Control::Leave()
+{
+    const SharedControl theParent = Parent();
+    if (theParent == nullptr) {
+        return;
+    }
+    auto& theControls = theParent->mSubControls;
+    auto theRest = theControls.erase(std::find(theControls.begin(), theControls.end(), shared_from_this()));
+    mParent.reset();
+    for (; theRest != theControls.end(); ++theRest) {
+        (*theRest)->Show(); // its place has changed
+    }
+}
+
+// Has room for the new place before it leaves the old one.
+void Control::Join(const SharedControl& theContainer)
+{
+    const SharedControl theKeepAlive = shared_from_this();
+    const SharedControl theOldParent = Parent();
+    const bool theIsMove = theOldParent != theContainer;
+    if (theIsMove && theOldParent != nullptr) {
+        TellContainer(kEventControlRemovingSubControl, theOldParent);
+        if (mIsGoing || !theContainer->CanEmbed() || theContainer->IsInside(*this)) {
+            return; // a handler made the move impossible
+        }
+    }
+    theContainer->MakeRoom();
+    Leave();
+    theContainer->mSubControls.push_back(theKeepAlive);
+    mParent = theContainer;
+    MoveTo(theContainer->Owner());
+    ShowAll();
+    if (theIsMove && !mIsGoing && !theContainer->mIsGoing) {
+        TellContainer(kEventControlAddedSubControl, theContainer);
+    }
+}
+
+void Control::MakeRoom()
+{
+    if (mSubControls.size() == mSubControls.capacity()) {
+        mSubControls.reserve(2 * mSubControls.size() + 1);
+    }
+}
+
+// Between the old parent and the new one, as the two events about them have it.
+void Control::MoveTo(const SharedWindow& theOwner)
+{
+    const SharedWindow theOldOwner = Owner();
+    if (theOldOwner == theOwner || theOwner == nullptr) {
+        return;
+    }
+    ReleaseFocusInside(*this);
+    mOwner = theOwner;
+    OutgoingEvent theEvent(kEventClassControl, kEventControlOwningWindowChanged);
+    theEvent.Set(kEventParamDirectObject, typeControlRef, Reference());
+    theEvent.Set(kEventParamAttributes, typeUInt32, UInt32{0});
+    const WindowRef theOldReference = theOldOwner == nullptr ? nullptr : theOldOwner->Reference();
+    theEvent.Set(kEventParamControlOriginalOwningWindow, typeWindowRef, theOldReference);
+    theEvent.Set(kEventParamControlCurrentOwningWindow, typeWindowRef, theOwner->Reference());
+    theEvent.SendTo(mTarget);
+    // A handler may move controls, this one too, which then belong elsewhere.
+    while (Owner() == theOwner) {
+        const auto theNext = std::find_if(mSubControls.begin(), mSubControls.end(),
+                                          [&](const auto& theOne) { return theOne->Owner() != theOwner; });
+        if (theNext == mSubControls.end()) {
+            return;
+        }
+        const SharedControl theSubControl = *theNext;
+        theSubControl->MoveTo(theOwner);
+    }
+}
+
+Rect Control::WindowBounds() const
+{
+    Rect theBounds = mBounds;
+    const SharedWindow theOwner = Owner();
+    if (theOwner == nullptr || !theOwner->Has(kWindowCompositingAttribute)) {
+        return theBounds;
+    }
+    for (SharedControl theParent = Parent(); theParent != nullptr && !theParent->mIsRoot;
+         theParent = theParent->Parent()) {
+        theBounds = Moved(theBounds, theParent->mBounds.left, theParent->mBounds.top);
+    }
+    return theBounds;
+}
+
+Rect BoundsInWindow(const SharedControl& theControl)
+{
+    return theControl->WindowBounds();
+}
+
+// Finding ------------------------------------------------------------------------------------------------
+
+namespace {
+
+SharedControl FindAt(const SharedControl& theContainer, Point thePoint)
+{
+    const auto& theControls = theContainer->SubControls();
+    for (auto theEntry = theControls.rbegin(); theEntry != theControls.rend(); ++theEntry) {
+        const SharedControl& theControl = *theEntry;
+        if (theControl->Is(ControlState::kVisible) && Contains(theControl->WindowBounds(), thePoint)) {
+            const SharedControl theDeeper = FindAt(theControl, thePoint);
+            return theDeeper == nullptr ? theControl : theDeeper;
+        }
+    }
+    return nullptr;
+}
+
+SharedControl FindID(const SharedControl& theControl, const ControlID& theID)
+{
+    if (theControl->mHasID && theControl->mID.signature == theID.signature &&
+        theControl->mID.id == theID.id) {
+        return theControl;
+    }
+    for (const SharedControl& theSubControl : theControl->SubControls()) {
+        if (SharedControl theFound = FindID(theSubControl, theID)) {
+            return theFound;
+        }
+    }
+    return nullptr;
+}
+
+SharedControl DeepestAround(const SharedControl& theContainer, const SharedControl& theInner)
+{
+    const auto& theControls = theContainer->SubControls();
+    for (auto theEntry = theControls.rbegin(); theEntry != theControls.rend(); ++theEntry) {
+        const SharedControl& theControl = *theEntry;
+        if (theControl != theInner && theControl->CanEmbed() &&
+            Encloses(theControl->WindowBounds(), theInner->WindowBounds())) {
+            return DeepestAround(theControl, theInner);
+        }
+    }
+    return theContainer;
+}
+
+OSErr Embed(const SharedControl& theControl, const SharedControl& theContainer)
+{
+    if (theControl->IsRoot()) {
+        return errCantEmbedRoot;
+    }
+    if (theContainer->IsInside(*theControl)) {
+        return errCantEmbedIntoSelf;
+    }
+    if (!theContainer->CanEmbed()) {
+        return errControlIsNotEmbedder;
+    }
+    return static_cast<OSErr>(Guarded([&] {
+        theControl->Join(theContainer);
+        return OSStatus{noErr};
+    }));
+}
+
+} // namespace
+
+SharedControl ControlAt(const SharedWindow& theWindow, Point theContentPoint)
+{
+    return theWindow == nullptr || theWindow->Root() == nullptr ? nullptr
+                                                                : FindAt(theWindow->Root(), theContentPoint);
+}
+
+} // namespace Host
+
+// The interface ------------------------------------------------------------------------------------------
+
+using namespace Host;
+
+OSErr CreateRootControl(WindowRef theWindow, ControlRef* theControl)
+{
+    const SharedWindow theOwner = Host::FindWindow(theWindow);
+    if (theOwner == nullptr || theOwner->IsClosing()) {
+        return errInvalidWindowRef;
+    }
+    if (theOwner->Root() != nullptr) {
+        return errRootAlreadyExists;
+    }
+    return static_cast<OSErr>(Guarded([&] {
+        const SharedControl theRoot = theOwner->EnsureRoot();
+        if (theControl != nullptr) {
+            *theControl = theRoot->Reference();
+        }
+        return OSStatus{noErr};
+    }));
+}
+
+OSErr GetRootControl(WindowRef theWindow, ControlRef* theControl)
+{
+    if (theControl == nullptr) {
+        return paramErr;
+    }
+    *theControl = nullptr;
+    const SharedWindow theOwner = Host::FindWindow(theWindow);
+    if (theOwner == nullptr) {
+        return errInvalidWindowRef;
+    }
+    if (theOwner->Root() == nullptr) {
+        return errNoRootControl;
+    }
+    *theControl = theOwner->Root()->Reference();
+    return noErr;
+}
+
+OSErr EmbedControl(ControlRef theControl, ControlRef theContainer)
+{
+    const SharedControl theInner = Host::FindControl(theControl);
+    const SharedControl theOuter = Host::FindControl(theContainer);
+    return theInner == nullptr || theOuter == nullptr ? OSErr{errUnknownControl} : Embed(theInner, theOuter);
+}
+
+OSErr AutoEmbedControl(ControlRef theControl, WindowRef theWindow)
+{
+    const SharedControl theInner = Host::FindControl(theControl);
+    const SharedWindow theOwner = Host::FindWindow(theWindow);
+    if (theInner == nullptr) {
+        return errUnknownControl;
+    }
+    if (theOwner == nullptr) {
+        return errInvalidWindowRef;
+    }
+    if (theOwner->Has(kWindowCompositingAttribute)) {
+        return paramErr;
+    }
+    if (theOwner->Root() == nullptr) {
+        return errNoRootControl;
+    }
+    return Embed(theInner, DeepestAround(theOwner->Root(), theInner));
+}
+
+OSErr CountSubControls(ControlRef theControl, UInt16* theCount)
+{
+    const SharedControl theContainer = Host::FindControl(theControl);
+    if (theCount == nullptr) {
+        return paramErr;
+    }
+    *theCount = 0;
+    if (theContainer == nullptr) {
+        return errUnknownControl;
+    }
+    *theCount = static_cast<UInt16>(std::min<size_t>(theContainer->SubControls().size(), UINT16_MAX));
+    return noErr;
+}
+
+OSErr GetIndexedSubControl(ControlRef theControl, UInt16 theIndex, ControlRef* theSubControl)
+{
+    if (theSubControl == nullptr) {
+        return paramErr;
+    }
+    *theSubControl = nullptr;
+    const SharedControl theContainer = Host::FindControl(theControl);
+    if (theContainer == nullptr) {
+        return errUnknownControl;
+    }
+    if (theIndex == 0 || theIndex > theContainer->SubControls().size()) {
+        return paramErr;
+    }
+    *theSubControl = theContainer->SubControls()[theIndex - size_t{1}]->Reference();
+    return noErr;
+}
+
+OSErr GetSuperControl(ControlRef theControl, ControlRef* theParent)
+{
+    if (theParent == nullptr) {
+        return paramErr;
+    }
+    *theParent = nullptr;
+    const SharedControl theInner = Host::FindControl(theControl);
+    if (theInner == nullptr) {
+        return errUnknownControl;
+    }
+    if (const SharedControl theContainer = theInner->Parent()) {
+        *theParent = theContainer->Reference();
+    }
+    return noErr;
+}
+
+WindowRef GetControlOwner(ControlRef theControl)
+{
+    const SharedControl theInner = Host::FindControl(theControl);
+    const SharedWindow theOwner = theInner == nullptr ? nullptr : theInner->Owner();
+    return theOwner == nullptr ? nullptr : theOwner->Reference();
+}
+
+void DisposeControl(ControlRef theControl)
+{
+    const SharedControl theFound = Host::FindControl(theControl);
+    if (theFound != nullptr && !theFound->IsRoot()) {
+        theFound->Dispose();
+    }
+}
+
+void KillControls(WindowRef theWindow)
+{
+    const SharedWindow theOwner = Host::FindWindow(theWindow);
+    if (theOwner != nullptr && theOwner->Root() != nullptr) {
+        const SharedControl theRoot = theOwner->Root();
+        theRoot->DisposeSubControls();
+    }
+}
+
+Boolean IsValidControlHandle(ControlRef theControl)
+{
+    return Host::FindControl(theControl) != nullptr;
+}
+
+OSStatus GetControlByID(WindowRef theWindow, const ControlID* theID, ControlRef* theControl)
+{
+    if (theControl == nullptr) {
+        return paramErr;
+    }
+    *theControl = nullptr;
+    if (theID == nullptr) {
+        return paramErr;
+    }
+    const SharedWindow theOwner = Host::FindWindow(theWindow);
+    if (theOwner == nullptr) {
+        return errInvalidWindowRef;
+    }
+    const SharedControl theFound = theOwner->Root() == nullptr ? nullptr : FindID(theOwner->Root(), *theID);
+    if (theFound == nullptr) {
+        return errUnknownControl;
+    }
+    *theControl = theFound->Reference();
+    return noErr;
+}
+
+EventTargetRef GetControlEventTarget(ControlRef theControl)
+{
+    const SharedControl theFound = Host::FindControl(theControl);
+    return theFound == nullptr ? nullptr : theFound->Target();
+}

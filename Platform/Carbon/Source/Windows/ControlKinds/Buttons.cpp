@@ -1,0 +1,132 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "Buttons.h"
+
+#include "Creation.h"
+#include "DataTags.h"
+#include "Windows/ControlTracking.h"
+
+namespace Host {
+
+namespace {
+
+const UInt32 kFocusable = kControlSupportsFocus;
+const ControlRange kToggleRange = {0, kControlCheckBoxUncheckedValue, kControlCheckBoxMixedValue, 0};
+
+UInt32 ToggleFeatures(bool theAutoToggle)
+{
+    return kFocusable | (theAutoToggle ? UInt32{kControlAutoToggles} : 0);
+}
+
+} // namespace
+
+Button::Button(OSType theKind, UInt32 theFeatures, ControlPartCode thePart)
+    : Control(theKind, theFeatures),
+      mPart(thePart)
+{
+}
+
+ControlPartCode Button::PartAt(Point) const
+{
+    return mPart;
+}
+
+ControlPartCode Button::FocusPart(bool theEverything) const
+{
+    return theEverything ? mPart : ControlPartCode{kControlFocusNoPart};
+}
+
+OSStatus Button::PressKey(const KeyPress& theKey)
+{
+    if (theKey.theCode != kVK_Space || !CanBePressed()) {
+        return eventNotHandledErr;
+    }
+    PressAndRelease(shared_from_this(), mPart, theKey.theModifiers);
+    return noErr;
+}
+
+// Push buttons -------------------------------------------------------------------------------------------
+
+PushButton::PushButton()
+    : Button(kControlKindPushButton, kFocusable | kControlSupportsDataAccess, kControlButtonPart)
+{
+}
+
+const ControlDataTag* PushButton::FindTag(ResType theTag) const
+{
+    static const ControlDataTag kTags[] = {
+        FlagTag<PushButton, &PushButton::mLooksDefault>(kControlPushButtonDefaultTag),
+        FlagTag<PushButton, &PushButton::mIsCancel>(kControlPushButtonCancelTag),
+    };
+    return FindIn(kTags, theTag, Button::FindTag(theTag));
+}
+
+void PushButton::AddToLook(ControlLook& theLook) const
+{
+    theLook.theShape = ControlShape::kPushButton;
+    theLook.theIsDefault = theLook.theIsDefault || mLooksDefault;
+    theLook.theIsCancel = theLook.theIsCancel || mIsCancel;
+}
+
+// Check boxes and radio buttons --------------------------------------------------------------------------
+
+CheckBox::CheckBox(bool theAutoToggle)
+    : Button(kControlKindCheckBox, ToggleFeatures(theAutoToggle), kControlCheckBoxPart)
+{
+}
+
+bool CheckBox::ToggledValue(SInt32* theValue) const
+{
+    const bool theIsOn = Range().theValue == kControlCheckBoxCheckedValue;
+    *theValue = theIsOn ? kControlCheckBoxUncheckedValue : kControlCheckBoxCheckedValue;
+    return true;
+}
+
+void CheckBox::AddToLook(ControlLook& theLook) const
+{
+    theLook.theShape = ControlShape::kCheckBox;
+}
+
+RadioButton::RadioButton(bool theAutoToggle)
+    : Button(kControlKindRadioButton, ToggleFeatures(theAutoToggle), kControlRadioButtonPart)
+{
+}
+
+bool RadioButton::ToggledValue(SInt32* theValue) const
+{
+    *theValue = kControlRadioButtonCheckedValue;
+    return true;
+}
+
+void RadioButton::AddToLook(ControlLook& theLook) const
+{
+    theLook.theShape = ControlShape::kRadioButton;
+}
+
+} // namespace Host
+
+// The interface ------------------------------------------------------------------------------------------
+
+OSStatus CreatePushButtonControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theTitle,
+                                 ControlRef* theControl)
+{
+    return Host::Create<Host::PushButton>({theWindow, theBounds, theTitle, theControl, true, {0, 0, 1, 0}});
+}
+
+OSStatus CreateCheckBoxControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theTitle,
+                               SInt32 theInitialValue, Boolean theAutoToggle, ControlRef* theControl)
+{
+    Host::ControlRange theRange = Host::kToggleRange;
+    theRange.theValue = theInitialValue;
+    return Host::Create<Host::CheckBox>({theWindow, theBounds, theTitle, theControl, true, theRange},
+                                        theAutoToggle != 0);
+}
+
+OSStatus CreateRadioButtonControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theTitle,
+                                  SInt32 theInitialValue, Boolean theAutoToggle, ControlRef* theControl)
+{
+    Host::ControlRange theRange = Host::kToggleRange;
+    theRange.theValue = theInitialValue;
+    return Host::Create<Host::RadioButton>({theWindow, theBounds, theTitle, theControl, true, theRange},
+                                           theAutoToggle != 0);
+}

@@ -1,0 +1,27 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef ControlKinds_Containers_h
+#define ControlKinds_Containers_h
+
+#include "Windows/Control.h"
+
+namespace Host {
+
+// Holds all controls of a window and goes with it.
+class RootControl : public Control
+{
+public:
+    RootControl();
+    void AddToLook(ControlLook& theLook) const override;
+};
+
+class GroupBox : public Control
+{
+public:
+    GroupBox();
+    void AddToLook(ControlLook& theLook) const override;
+};
+
+} // namespace Host
+
+#endif

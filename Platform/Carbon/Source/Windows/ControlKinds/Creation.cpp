@@ -1,0 +1,54 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "Creation.h"
+
+#include "Base/Guarded.h"
+#include "Windows/Window.h"
+
+namespace Host {
+
+OSStatus CheckRequest(const CreationRequest& theRequest)
+{
+    if (theRequest.theControl == nullptr) {
+        return paramErr;
+    }
+    *theRequest.theControl = nullptr;
+    if (theRequest.theBounds == nullptr || theRequest.theRange.theMinimum > theRequest.theRange.theMaximum) {
+        return paramErr;
+    }
+    if (theRequest.theWindow == nullptr) {
+        return theRequest.theWindowMayBeNull ? OSStatus{noErr} : OSStatus{paramErr};
+    }
+    const SharedWindow theWindow = FindWindow(theRequest.theWindow);
+    return theWindow == nullptr || theWindow->IsClosing() ? OSStatus{paramErr} : OSStatus{noErr};
+}
+
+void Begin(const SharedControl& theControl, const CreationRequest& theRequest)
+{
+    const SharedWindow theWindow = FindWindow(theRequest.theWindow);
+    if (theWindow != nullptr) {
+        theWindow->EnsureRoot();
+    }
+    theControl->StartWithRange(theRequest.theRange);
+    theControl->Begin(theWindow, *theRequest.theBounds, TextOf(theRequest.theTitle));
+}
+
+OSStatus Place(const SharedControl& theControl, const CreationRequest& theRequest)
+{
+    *theRequest.theControl = theControl->Reference();
+    const SharedWindow theWindow = FindWindow(theRequest.theWindow);
+    if (theWindow == nullptr) {
+        return noErr;
+    }
+    const OSStatus theStatus = Guarded([&] {
+        theControl->Join(theWindow->Root());
+        return OSStatus{noErr};
+    });
+    if (theStatus != noErr) {
+        *theRequest.theControl = nullptr;
+        theControl->Dispose();
+    }
+    return theStatus;
+}
+
+} // namespace Host

@@ -1,0 +1,358 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+// What a press of the mouse does to a control, from the button's going down to its coming up.
+
+#include "ControlTracking.h"
+
+#include "Base/Geometry.h"
+#include "Events/OutgoingEvent.h"
+#include "KeyboardFocus.h"
+#include "Window.h"
+
+#include <optional>
+
+namespace Host {
+
+namespace {
+
+// The press that is going on. There is one mouse.
+struct Tracking
+{
+    std::weak_ptr<Control> theControl;
+    ControlPartCode thePart = kControlNoPart;
+    UInt32 theClickCount = 1;
+    Point theGrip = {0, 0};              // from the pointer to the indicator's middle
+    SInt32 theDraggedValue = 0;          // where the indicator is
+    std::optional<SInt32> theExactValue; // named by DragIndicatorTo for the next step
+};
+
+Tracking& Current()
+{
+    static auto& theTracking = *new Tracking;
+    return theTracking;
+}
+
+void CallAction(const SharedControl& theControl, ControlPartCode thePart)
+{
+    if (theControl->mAction != nullptr) {
+        theControl->mAction(theControl->Reference(), thePart);
+    }
+}
+
+void SetMouseParameters(OutgoingEvent& theEvent, const Control& theControl, const Press& thePress)
+{
+    theEvent.Set(kEventParamDirectObject, typeControlRef, theControl.Reference());
+    theEvent.Set(kEventParamKeyModifiers, typeUInt32, thePress.theModifiers);
+}
+
+// The click is told before it is tracked; a handler that takes it does with it what it likes.
+bool IsClickTaken(const Control& theControl, const Press& thePress)
+{
+    OutgoingEvent theEvent(kEventClassControl, kEventControlClick);
+    SetMouseParameters(theEvent, theControl, thePress);
+    theEvent.Set(kEventParamMouseLocation, typeHIPoint, thePress.theGlobalPoint);
+    theEvent.Set(kEventParamWindowRef, typeWindowRef, thePress.theWindow);
+    theEvent.Set(kEventParamWindowMouseLocation, typeHIPoint, thePress.theWindowPoint);
+    theEvent.Set(kEventParamWindowPartCode, typeWindowPartCode, WindowPartCode{inContent});
+    theEvent.Set(kEventParamMouseButton, typeMouseButton, EventMouseButton{kEventMouseButtonPrimary});
+    theEvent.Set(kEventParamClickCount, typeUInt32, thePress.theClickCount);
+    theEvent.Set(kEventParamMouseChord, typeUInt32, UInt32{1});
+    return theEvent.SendTo(theControl.Target()) != eventNotHandledErr;
+}
+
+// A handler may do the tracking itself, and gives the part that was hit.
+bool IsTrackingTaken(const Control& theControl, const Press& thePress, ControlPartCode* thePart)
+{
+    OutgoingEvent theEvent(kEventClassControl, kEventControlTrack);
+    SetMouseParameters(theEvent, theControl, thePress);
+    theEvent.Set(kEventParamMouseLocation, typeQDPoint, thePress.thePoint);
+    theEvent.Set(kEventParamControlAction, typeControlActionUPP, theControl.mAction);
+    if (theEvent.SendTo(theControl.Target(), kEventTargetDontPropagate) == eventNotHandledErr) {
+        return false;
+    }
+    theEvent.Read(kEventParamControlPart, typeControlPartCode, thePart);
+    return true;
+}
+
+SInt32 ValueUnder(const Control& theControl, Point thePoint)
+{
+    const Tracking& theTracking = Current();
+    return theTracking.theExactValue.value_or(theControl.ValueAt(
+        MakePoint(thePoint.h + theTracking.theGrip.h, thePoint.v + theTracking.theGrip.v)));
+}
+
+void DragTo(const SharedControl& theControl, SInt32 theValue)
+{
+    Tracking& theTracking = Current();
+    theTracking.theExactValue.reset();
+    theValue = theControl->Range().Nearest(theValue);
+    if (theValue == theTracking.theDraggedValue) {
+        return;
+    }
+    theTracking.theDraggedValue = theValue;
+    if (theControl->mIsLive) {
+        theControl->SetValue(theValue);
+        if (!theControl->IsGone()) {
+            CallAction(theControl, kControlIndicatorPart);
+        }
+    }
+}
+
+// An indicator keeps its place under the pointer; a press beside it brings it there.
+Point GripAt(const Control& theControl, Point thePoint)
+{
+    const Rect thePlace = theControl.PlaceOf(kControlIndicatorPart);
+    if (!Contains(thePlace, thePoint)) {
+        return MakePoint(0, 0);
+    }
+    const Point theMiddle = theControl.PlaceOfValue(theControl.Range().theValue);
+    return MakePoint(theMiddle.h - thePoint.h, theMiddle.v - thePoint.v);
+}
+
+ControlPartCode PartToTrack(const Control& theControl, const Press& thePress)
+{
+    const bool theCanBeTracked = !theControl.IsGone() && theControl.CanBePressed();
+    return theCanBeTracked ? theControl.PartAt(thePress.thePoint) : ControlPartCode{kControlNoPart};
+}
+
+void Start(const SharedControl& theControl, ControlPartCode thePart, const Press& thePress)
+{
+    Tracking& theTracking = Current();
+    theTracking = Tracking();
+    theTracking.theControl = theControl;
+    theTracking.thePart = thePart;
+    theTracking.theClickCount = thePress.theClickCount;
+    theTracking.theDraggedValue = theControl->Range().theValue;
+    theTracking.theGrip = GripAt(*theControl, thePress.thePoint);
+    theControl->SetHilite(thePart);
+    if (theControl->IsGone()) {
+        return;
+    }
+    if (theControl->IsIndicator(thePart)) {
+        DragTo(theControl, ValueUnder(*theControl, thePress.thePoint));
+    } else {
+        CallAction(theControl, thePart);
+    }
+}
+
+SharedControl StopTracking()
+{
+    SharedControl theControl = TrackedControl();
+    Current().theControl.reset();
+    return theControl;
+}
+
+bool SendHit(const Control& theControl, ControlPartCode thePart, UInt32 theModifiers, UInt32 theClickCount)
+{
+    OutgoingEvent theEvent(kEventClassControl, kEventControlHit);
+    theEvent.Set(kEventParamDirectObject, typeControlRef, theControl.Reference());
+    theEvent.Set(kEventParamControlPart, typeControlPartCode, thePart);
+    theEvent.Set(kEventParamKeyModifiers, typeUInt32, theModifiers);
+    theEvent.Set(kEventParamClickCount, typeUInt32, theClickCount);
+    return theEvent.SendTo(theControl.Target()) != eventNotHandledErr;
+}
+
+void SendCommand(const Control& theControl, UInt32 theModifiers)
+{
+    HICommandExtended theCommand = {};
+    theCommand.attributes = kHICommandFromControl;
+    theCommand.commandID = theControl.mCommand;
+    theCommand.source.control = theControl.Reference();
+    OutgoingEvent theEvent(kEventClassCommand, kEventCommandProcess);
+    theEvent.Set(kEventParamDirectObject, typeHICommand, theCommand);
+    theEvent.Set(kEventParamKeyModifiers, typeUInt32, theModifiers);
+    theEvent.SendTo(theControl.Target());
+}
+
+} // namespace
+
+void Hit(const SharedControl& theControl, ControlPartCode thePart, UInt32 theModifiers, UInt32 theClickCount)
+{
+    const bool theIsTaken = SendHit(*theControl, thePart, theModifiers, theClickCount);
+    if (!theIsTaken && !theControl->IsGone() && theControl->mCommand != 0) {
+        SendCommand(*theControl, theModifiers);
+    }
+}
+
+void Toggle(const SharedControl& theControl, ControlPartCode thePart)
+{
+    SInt32 theValue = 0;
+    if ((theControl->Features() & kControlAutoToggles) == 0 || !theControl->ToggledValue(&theValue)) {
+        return;
+    }
+    OutgoingEvent theEvent(kEventClassControl, kEventControlGetAutoToggleValue);
+    theEvent.Set(kEventParamDirectObject, typeControlRef, theControl->Reference());
+    theEvent.Set(kEventParamControlPart, typeControlPartCode, thePart);
+    if (theEvent.SendTo(theControl->Target(), kEventTargetDontPropagate) == noErr) {
+        theEvent.Read(kEventParamControlValue, typeSInt32, &theValue);
+    }
+    if (!theControl->IsGone()) {
+        theControl->SetValue(theValue);
+    }
+}
+
+void PressAndRelease(const SharedControl& theControl, ControlPartCode thePart, UInt32 theModifiers)
+{
+    if (!theControl->IsIndicator(thePart)) {
+        CallAction(theControl, thePart);
+    }
+    if (!theControl->IsGone()) {
+        Toggle(theControl, thePart);
+    }
+    if (!theControl->IsGone()) {
+        Hit(theControl, thePart, theModifiers, 1);
+    }
+}
+
+SharedControl TrackedControl()
+{
+    const SharedControl theControl = Current().theControl.lock();
+    return theControl == nullptr || theControl->IsGone() ? nullptr : theControl;
+}
+
+void BeginTracking(const SharedControl& theControl, const Press& thePress)
+{
+    if (const SharedControl theForgotten = StopTracking()) {
+        // A handler kept the release of the last press for itself.
+        theForgotten->SetHilite(kControlNoPart);
+    }
+    if (theControl->IsGone() || !theControl->CanBePressed() || IsClickTaken(*theControl, thePress) ||
+        theControl->IsGone()) {
+        return;
+    }
+    FocusByClick(theControl);
+    const ControlPartCode thePart = PartToTrack(*theControl, thePress);
+    if (thePart == kControlNoPart) {
+        return;
+    }
+    ControlPartCode theHitPart = kControlNoPart;
+    const bool theIsTaken = IsTrackingTaken(*theControl, thePress, &theHitPart);
+    if (theControl->IsGone()) {
+        return;
+    }
+    if (!theIsTaken) {
+        Start(theControl, thePart, thePress);
+    } else if (theHitPart != kControlNoPart) {
+        Hit(theControl, theHitPart, thePress.theModifiers, thePress.theClickCount);
+    }
+}
+
+void ContinueTracking(Point theContentPoint)
+{
+    const SharedControl theControl = TrackedControl();
+    if (theControl == nullptr) {
+        return;
+    }
+    const ControlPartCode thePart = Current().thePart;
+    if (theControl->IsIndicator(thePart)) {
+        DragTo(theControl, ValueUnder(*theControl, theContentPoint));
+    } else {
+        const bool theIsInside = Contains(theControl->PlaceOf(thePart), theContentPoint);
+        theControl->SetHilite(theIsInside ? thePart : ControlPartCode{kControlNoPart});
+    }
+}
+
+void EndTracking(Point theContentPoint, UInt32 theModifiers)
+{
+    ContinueTracking(theContentPoint);
+    const ControlPartCode thePart = Current().thePart;
+    const SInt32 theDraggedValue = Current().theDraggedValue;
+    const UInt32 theClickCount = Current().theClickCount;
+    const SharedControl theControl = StopTracking();
+    if (theControl == nullptr) {
+        return;
+    }
+    const bool theIsHit = theControl->IsIndicator(thePart) || theControl->Hilite() == thePart;
+    theControl->SetHilite(kControlNoPart);
+    if (!theIsHit || theControl->IsGone() || !theControl->CanBePressed()) {
+        return;
+    }
+    if (!theControl->IsIndicator(thePart)) {
+        Toggle(theControl, thePart);
+    } else if (!theControl->mIsLive) {
+        theControl->SetValue(theDraggedValue);
+    }
+    if (!theControl->IsGone()) {
+        Hit(theControl, thePart, theModifiers, theClickCount);
+    }
+}
+
+bool DragIndicatorTo(SInt32 theValue)
+{
+    const SharedControl theControl = TrackedControl();
+    if (theControl == nullptr || !theControl->IsIndicator(Current().thePart)) {
+        return false;
+    }
+    Current().theExactValue = theValue;
+    return true;
+}
+
+bool PointOfPart(const SharedControl& theControl, ControlPartCode thePart, Point* thePoint)
+{
+    const Rect thePlace = theControl->PlaceOf(thePart);
+    if (IsEmpty(thePlace)) {
+        return false;
+    }
+    *thePoint = MiddleOf(thePlace);
+    return true;
+}
+
+bool PointOfValue(const SharedControl& theControl, SInt32 theValue, Point* thePoint)
+{
+    if (!theControl->IsIndicator(kControlIndicatorPart)) {
+        return false;
+    }
+    *thePoint = theControl->PlaceOfValue(theControl->Range().Nearest(theValue));
+    return true;
+}
+
+} // namespace Host
+
+// The interface ------------------------------------------------------------------------------------------
+
+using namespace Host;
+
+ControlPartCode FindControl(Point thePoint, WindowRef theWindow, ControlRef* theControl)
+{
+    const SharedControl theFound = ControlAt(Host::FindWindow(theWindow), thePoint);
+    if (theControl != nullptr) {
+        *theControl = theFound == nullptr ? nullptr : theFound->Reference();
+    }
+    return theFound == nullptr ? ControlPartCode{kControlNoPart}
+                               : TestControl(theFound->Reference(), thePoint);
+}
+
+ControlPartCode TestControl(ControlRef theControl, Point thePoint)
+{
+    const SharedControl theFound = Host::FindControl(theControl);
+    if (theFound == nullptr || !theFound->CanBePressed() || !theFound->Is(ControlState::kActive) ||
+        !Contains(theFound->WindowBounds(), thePoint)) {
+        return kControlNoPart;
+    }
+    return theFound->PartAt(thePoint);
+}
+
+OSStatus HIViewSimulateClick(ControlRef theControl, ControlPartCode thePart, UInt32 theModifiers,
+                             ControlPartCode* theClickedPart)
+{
+    if (theClickedPart != nullptr) {
+        *theClickedPart = kControlNoPart;
+    }
+    const SharedControl theFound = Host::FindControl(theControl);
+    if (theFound == nullptr) {
+        return errUnknownControl;
+    }
+    if (!theFound->CanBePressed()) {
+        return errControlHiddenOrDisabled;
+    }
+    const ControlPartCode theMiddle = theFound->PartAt(MiddleOf(theFound->WindowBounds()));
+    thePart = thePart == kControlEntireControl ? theMiddle : thePart;
+    if (thePart == kControlNoPart || (thePart != theMiddle && IsEmpty(theFound->PlaceOf(thePart)))) {
+        return errInvalidPartCode;
+    }
+    if (theClickedPart != nullptr) {
+        *theClickedPart = thePart;
+    }
+    PressAndRelease(theFound, thePart, theModifiers);
+    return noErr;
+}

@@ -1,0 +1,62 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef Windows_Controls_h
+#define Windows_Controls_h
+
+#include "Base/HandleTable.h"
+
+#include <Carbon/Carbon.h>
+#include <memory>
+#include <Presentation/PresenterTypes.h>
+#include <string>
+#include <vector>
+
+namespace Host {
+
+class Control;
+class Window;
+using SharedControl = std::shared_ptr<Control>;
+using SharedWindow = std::shared_ptr<Window>;
+
+// The control behind a reference, or null for null, disposed and foreign references.
+SharedControl FindControl(ControlRef theReference);
+SharedControl FindControl(ObjectIdentifier theIdentifier);
+
+// The identifier of a control; 0 for null, disposed and foreign references.
+HOST_PUBLIC ObjectIdentifier IdentifierOf(ControlRef theReference);
+
+// Bounds of a control in its window's content (0, 0 is the content's top left), whatever coordinates the
+// application uses for it.
+Rect BoundsInWindow(const SharedControl& theControl);
+
+// The control that a press at a point of the window's content reaches: the frontmost, deepest visible one.
+// Disabled ones are found too, since they cover what is behind them. Null when there is none.
+SharedControl ControlAt(const SharedWindow& theWindow, Point theContentPoint);
+
+// A point of the window's content where a press starts to track thePart (an indicator stands where its value
+// puts it). False when the control has no such part.
+bool PointOfPart(const SharedControl& theControl, ControlPartCode thePart, Point* thePoint);
+
+// Where the indicator of a slider or scroll bar would stand for a value. False for other controls.
+bool PointOfValue(const SharedControl& theControl, SInt32 theValue, Point* thePoint);
+
+// The control being tracked, or null.
+SharedControl TrackedControl();
+
+// Names the exact value for the next step of a drag, for ranges finer than the screen's points: the default
+// handling of the next mouse event that drags or releases the indicator puts it there instead of under the
+// pointer. False when no indicator is tracked.
+bool DragIndicatorTo(SInt32 theValue);
+
+// A presenter's own text field was edited: theText is the whole new text, the selection in UTF-16 units. Goes
+// through the same events as typing. False when the control is not an edit text that takes input.
+bool TextEditedByPerson(const SharedControl& theControl, const std::u16string& theText,
+                        size_t theSelectionStart, size_t theSelectionEnd);
+
+// Lets the Tab key and the focus reach every control that can be worked by keys, not only text fields. Off
+// at start, as the platform has it.
+HOST_PUBLIC void SetFullKeyboardAccess(bool theState);
+
+} // namespace Host
+
+#endif

@@ -1,0 +1,445 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "Window.h"
+
+#include "Base/Geometry.h"
+#include "Base/Guarded.h"
+#include "Events/EventTargets.h"
+#include "Events/OutgoingEvent.h"
+#include "KeyboardFocus.h"
+#include "WindowDefaults.h"
+#include "Windows/ControlKinds/Containers.h"
+#include "WindowTable.h"
+
+#include <algorithm>
+#include <Presentation/PresenterRegistry.h>
+
+namespace Host {
+
+// Classes ------------------------------------------------------------------------------------------------
+
+namespace {
+
+const WindowAttributes kResizing = kWindowResizableAttribute;
+const WindowAttributes kBoxes = kWindowCloseBoxAttribute | kWindowFullZoomAttribute;
+const WindowAttributes kCollapsing = kWindowCollapseBoxAttribute;
+const WindowAttributes kDocumentThings = kBoxes | kCollapsing | kResizing;
+const WindowAttributes kPaletteThings = kBoxes | kResizing;
+
+const WindowTraits kTraits[] = {
+    // class, shape, layer, title, frame, modal, shares activity, always active, at creation, later
+    {kAlertWindowClass, WindowShape::kAlert, 4, 0, 3, true, true, false, 0, 0},
+    {kMovableAlertWindowClass, WindowShape::kAlert, 4, 22, 0, true, true, false, 0, 0},
+    {kModalWindowClass, WindowShape::kDialog, 4, 0, 3, true, true, false, 0, 0},
+    {kMovableModalWindowClass, WindowShape::kDialog, 4, 22, 0, true, true, false, kResizing, kResizing},
+    {kFloatingWindowClass, WindowShape::kFloating, 3, 16, 0, false, false, true, kPaletteThings,
+     kDocumentThings},
+    {kDocumentWindowClass, WindowShape::kDocument, 1, 22, 0, false, true, false, kDocumentThings,
+     kDocumentThings},
+    {kUtilityWindowClass, WindowShape::kUtility, 5, 16, 0, false, false, true, kPaletteThings,
+     kDocumentThings},
+    {kHelpWindowClass, WindowShape::kHelp, 6, 0, 0, false, false, false, 0, 0},
+    {kSheetWindowClass, WindowShape::kSheet, 1, 0, 0, false, true, false, kResizing, kResizing},
+    {kToolbarWindowClass, WindowShape::kToolbar, 2, 0, 0, false, false, false, 0, 0},
+    {kPlainWindowClass, WindowShape::kPlain, 1, 0, 1, false, true, false, 0, 0},
+    {kOverlayWindowClass, WindowShape::kOverlay, 7, 0, 0, false, false, false, 0, 0},
+    {kSheetAlertWindowClass, WindowShape::kSheet, 1, 0, 0, false, true, false, 0, 0},
+    {kAltPlainWindowClass, WindowShape::kPlain, 1, 0, 1, false, true, false, 0, 0},
+    {kSimpleWindowClass, WindowShape::kPlain, 1, 0, 0, false, true, false, 0, 0},
+    {kDrawerWindowClass, WindowShape::kDrawer, 1, 0, 0, false, true, false, kResizing, kResizing},
+};
+
+// The event target's way to its window. The target may outlive the window for the rest of a dispatch.
+EventTargetBehaviour BehaviourOf(const std::weak_ptr<Window>& theWeakWindow)
+{
+    EventTargetBehaviour theBehaviour;
+    theBehaviour.theContainer = [] { return GetApplicationEventTarget(); };
+    theBehaviour.theDefault = [theWeakWindow](EventRef theEvent) {
+        const SharedWindow theWindow = theWeakWindow.lock();
+        return theWindow == nullptr ? OSStatus{eventNotHandledErr} : HandleWindowEvent(theWindow, theEvent);
+    };
+    return theBehaviour;
+}
+
+Rect WithoutOrigin(const Rect& theRect)
+{
+    return MakeRect(0, 0, WidthOf(theRect), HeightOf(theRect));
+}
+
+UInt32 BoundsAttributes(const Rect& theOld, const Rect& theNew)
+{
+    UInt32 theAttributes = 0;
+    if (WidthOf(theOld) != WidthOf(theNew) || HeightOf(theOld) != HeightOf(theNew)) {
+        theAttributes |= kWindowBoundsChangeSizeChanged;
+    }
+    if (theOld.left != theNew.left || theOld.top != theNew.top) {
+        theAttributes |= kWindowBoundsChangeOriginChanged;
+    }
+    return theAttributes;
+}
+
+void FillBoundsEvent(OutgoingEvent& theEvent, WindowRef theWindow, UInt32 theCause, const Rect& theOriginal,
+                     const Rect& thePrevious, const Rect& theCurrent)
+{
+    theEvent.Set(kEventParamDirectObject, typeWindowRef, theWindow);
+    theEvent.Set(kEventParamAttributes, typeUInt32, BoundsAttributes(thePrevious, theCurrent) | theCause);
+    theEvent.Set(kEventParamOriginalBounds, typeQDRectangle, theOriginal);
+    theEvent.Set(kEventParamPreviousBounds, typeQDRectangle, thePrevious);
+    theEvent.Set(kEventParamCurrentBounds, typeQDRectangle, theCurrent);
+}
+
+} // namespace
+
+const WindowTraits* TraitsOf(WindowClass theClass)
+{
+    const auto* theEntry =
+        std::find_if(std::begin(kTraits), std::end(kTraits),
+                     [&](const WindowTraits& theOne) { return theOne.theClass == theClass; });
+    return theEntry == std::end(kTraits) ? nullptr : theEntry;
+}
+
+// Life ---------------------------------------------------------------------------------------------------
+
+Window::Window(const WindowTraits& theTraits, WindowAttributes theAttributes, const Rect& theContent)
+    : mTraits(theTraits),
+      mAttributes(theAttributes),
+      mContent(theContent)
+{
+}
+
+Window::~Window() = default;
+
+WindowRef Window::Reference() const
+{
+    return HandleTable<WindowRef, Window>::ReferenceOf(mIdentifier);
+}
+
+OSStatus Window::Begin()
+{
+    const OSStatus theStatus = Guarded([this] {
+        AnswerForUserFocus();
+        mTarget = NewEventTarget(BehaviourOf(weak_from_this()));
+        WindowTable().Add(mIdentifier, shared_from_this());
+        AddToOrder(shared_from_this());
+        if (Has(kWindowCompositingAttribute)) {
+            EnsureRoot();
+        }
+        return OSStatus{noErr};
+    });
+    if (theStatus != noErr) {
+        Close();
+    }
+    return theStatus;
+}
+
+void Window::Release()
+{
+    if (mReferences > 0 && --mReferences == 0) {
+        Close();
+    }
+}
+
+// The order of the steps is what DisposeWindow promises. Handlers on the way may retain and release the
+// window as they like: nothing brings it back, and the steps run once.
+void Window::Close()
+{
+    if (mIsClosing) {
+        return;
+    }
+    const SharedWindow theKeepAlive = shared_from_this();
+    mIsClosing = true;
+    SetVisible(false);
+    ActivateAfterHiding(theKeepAlive);
+    Notify(kEventWindowClosed);
+    if (mRoot != nullptr) {
+        mRoot->Dispose();
+    }
+    RemoveFromOrder(theKeepAlive);
+    NotifyHere(kEventWindowDispose);
+    mIsGone = true;
+    WindowTable().Remove(Reference());
+    DisposeEventTarget(mTarget);
+    PresenterRegistry::Current().WindowGone(mIdentifier);
+}
+
+SharedControl Window::EnsureRoot()
+{
+    if (mRoot == nullptr) {
+        const auto theRoot = std::make_shared<RootControl>();
+        theRoot->BeginAsRoot(shared_from_this(), WithoutOrigin(mContent));
+        mRoot = theRoot;
+    }
+    return mRoot;
+}
+
+// State --------------------------------------------------------------------------------------------------
+
+void Window::SetVisible(bool theState)
+{
+    if (mIsVisible == theState) {
+        return;
+    }
+    const SharedWindow theKeepAlive = shared_from_this();
+    Notify(theState ? kEventWindowShowing : kEventWindowHiding);
+    if (mIsGone || mIsVisible == theState) {
+        return; // a handler came first
+    }
+    mIsVisible = theState;
+    Show();
+    Notify(theState ? kEventWindowShown : kEventWindowHidden);
+}
+
+void Window::SetCollapsed(bool theState)
+{
+    if (mIsCollapsed == theState) {
+        return;
+    }
+    const SharedWindow theKeepAlive = shared_from_this();
+    Notify(theState ? kEventWindowCollapsing : kEventWindowExpanding);
+    if (mIsGone || mIsCollapsed == theState) {
+        return;
+    }
+    mIsCollapsed = theState;
+    Show();
+    Notify(theState ? kEventWindowCollapsed : kEventWindowExpanded);
+}
+
+void Window::SetActive(bool theState)
+{
+    if (mIsActive == theState) {
+        return;
+    }
+    const SharedWindow theKeepAlive = shared_from_this();
+    mIsActive = theState;
+    Show();
+    Notify(theState ? kEventWindowActivated : kEventWindowDeactivated);
+    if (mIsClosing || mIsActive != theState || !Has(kWindowStandardHandlerAttribute)) {
+        return;
+    }
+    const OSStatus theAnswer = Ask(theState ? kEventWindowHandleActivate : kEventWindowHandleDeactivate);
+    if (theAnswer == eventNotHandledErr && mRoot != nullptr && mIsActive == theState) {
+        const SharedControl theRoot = mRoot;
+        theRoot->Set(ControlState::kActive, theState);
+    }
+}
+
+void Window::SetTitle(Text theTitle)
+{
+    if (theTitle != mTitle) {
+        mTitle = std::move(theTitle);
+        Show();
+        NotifyHere(kEventWindowTitleChanged);
+    }
+}
+
+void Window::SetAttributes(WindowAttributes theAttributes)
+{
+    if (theAttributes != mAttributes) {
+        mAttributes = theAttributes;
+        Show();
+        NotifyHere(kEventWindowAttributesChanged);
+    }
+}
+
+void Window::SetModified(bool theState)
+{
+    const bool theIsChange = mIsModified != theState;
+    mIsModified = theState;
+    mIsModifiedKnown = true;
+    Show();
+    if (!theIsChange) {
+        return;
+    }
+    OutgoingEvent theEvent(kEventClassWindow, kEventWindowModified);
+    theEvent.Set(kEventParamDirectObject, typeWindowRef, Reference());
+    theEvent.Set(kEventParamWindowModifiedFlag, typeBoolean, static_cast<Boolean>(theState));
+    theEvent.SendTo(mTarget);
+}
+
+// Bounds -------------------------------------------------------------------------------------------------
+
+Rect Window::FrameWidths() const
+{
+    const int theTitleHeight = Has(kWindowNoTitleBarAttribute) ? 0 : mTraits.theTitleHeight;
+    const int theFrame = mTraits.theFrame;
+    return MakeRect(theFrame, theTitleHeight + theFrame, theFrame, theFrame);
+}
+
+Rect Window::Structure() const
+{
+    const Rect theWidths = FrameWidths();
+    return MakeRect(mContent.left - theWidths.left, mContent.top - theWidths.top,
+                    mContent.right + theWidths.right, mContent.bottom + theWidths.bottom);
+}
+
+namespace {
+
+const int kBoxWidth = 14;
+const int kGrowBox = 15;
+
+// Close, collapse and zoom box stand in this order from the left of the title bar, without gaps for missing
+// ones.
+const struct
+{
+    WindowAttributes theAttribute;
+    WindowRegionCode theRegion;
+    WindowPartCode thePart;
+} kTitleBoxes[] = {{kWindowCloseBoxAttribute, kWindowCloseBoxRgn, inGoAway},
+                   {kWindowCollapseBoxAttribute, kWindowCollapseBoxRgn, inCollapseBox},
+                   {kWindowFullZoomAttribute, kWindowZoomBoxRgn, inZoomOut}};
+
+Rect PlaceInTitleBar(const Window& theWindow, const Rect& theTitleBar, WindowRegionCode theRegion)
+{
+    int theLeft = theTitleBar.left;
+    for (const auto& theBox : kTitleBoxes) {
+        const int theWidth = theWindow.Has(theBox.theAttribute) ? kBoxWidth : 0;
+        if (theBox.theRegion == theRegion) {
+            return MakeRect(theLeft, theTitleBar.top, theLeft + theWidth, theTitleBar.bottom);
+        }
+        theLeft += theWidth;
+    }
+    const bool theIsRest = theRegion == kWindowDragRgn;
+    return theIsRest ? MakeRect(theLeft, theTitleBar.top, theTitleBar.right, theTitleBar.bottom)
+                     : MakeRect(0, 0, 0, 0);
+}
+
+} // namespace
+
+Rect Window::PlaceOf(WindowRegionCode theRegion) const
+{
+    const Rect theStructure = Structure();
+    const bool theHasTitle = mTraits.theTitleHeight > 0 && !Has(kWindowNoTitleBarAttribute);
+    const Rect theTitleBar = MakeRect(theStructure.left, theStructure.top, theStructure.right,
+                                      theHasTitle ? mContent.top : theStructure.top);
+    switch (theRegion) {
+    case kWindowContentRgn:
+        return mIsCollapsed ? MakeRect(0, 0, 0, 0) : mContent;
+    case kWindowGlobalPortRgn:
+        return mContent;
+    case kWindowStructureRgn:
+        return theStructure;
+    case kWindowTitleBarRgn:
+        return theTitleBar;
+    case kWindowGrowRgn:
+        return Has(kWindowResizableAttribute)
+                   ? MakeRect(mContent.right - kGrowBox, mContent.bottom - kGrowBox, mContent.right,
+                              mContent.bottom)
+                   : MakeRect(0, 0, 0, 0);
+    default:
+        return PlaceInTitleBar(*this, theTitleBar, theRegion);
+    }
+}
+
+WindowPartCode PartAt(const Window& theWindow, Point thePoint)
+{
+    for (const auto& theBox : kTitleBoxes) {
+        if (Contains(theWindow.PlaceOf(theBox.theRegion), thePoint)) {
+            const bool theIsZoomed = theBox.thePart == inZoomOut && !IsEmpty(theWindow.mUnzoomed);
+            return theIsZoomed ? WindowPartCode{inZoomIn} : theBox.thePart;
+        }
+    }
+    if (Contains(theWindow.PlaceOf(kWindowDragRgn), thePoint)) {
+        return inDrag;
+    }
+    if (Contains(theWindow.PlaceOf(kWindowGrowRgn), thePoint)) {
+        return inGrow;
+    }
+    return Contains(theWindow.Content(), thePoint) ? WindowPartCode{inContent} : WindowPartCode{inStructure};
+}
+
+void Window::SetContent(const Rect& theContent, UInt32 theCause, const Rect* theOriginal)
+{
+    if (Agree(theContent, mContent)) {
+        return;
+    }
+    const SharedWindow theKeepAlive = shared_from_this();
+    const Rect theOld = mContent;
+    const Rect& theStart = theOriginal == nullptr ? theOld : *theOriginal;
+    OutgoingEvent theAsking(kEventClassWindow, kEventWindowBoundsChanging);
+    FillBoundsEvent(theAsking, Reference(), theCause, theStart, theOld, theContent);
+    Rect theNew = theContent;
+    if (theAsking.SendTo(mTarget) == noErr) {
+        theAsking.Read(kEventParamCurrentBounds, typeQDRectangle, &theNew);
+    }
+    if (mIsGone || IsEmpty(theNew) || Agree(theNew, theOld) || !Agree(mContent, theOld)) {
+        return;
+    }
+    PlaceContent(theNew);
+    OutgoingEvent theTelling(kEventClassWindow, kEventWindowBoundsChanged);
+    FillBoundsEvent(theTelling, Reference(), theCause, theStart, theOld, theNew);
+    theTelling.SendTo(mTarget, kEventTargetSendToAllHandlers);
+}
+
+void Window::PlaceContent(const Rect& theContent)
+{
+    const bool theSizeChanged =
+        WidthOf(theContent) != WidthOf(mContent) || HeightOf(theContent) != HeightOf(mContent);
+    mContent = theContent;
+    Show();
+    if (theSizeChanged && mRoot != nullptr) {
+        const SharedControl theRoot = mRoot;
+        theRoot->SetBounds(WithoutOrigin(theContent));
+    }
+}
+
+// Events -------------------------------------------------------------------------------------------------
+
+void Window::Notify(UInt32 theKind)
+{
+    OutgoingEvent theEvent(kEventClassWindow, theKind);
+    theEvent.Set(kEventParamDirectObject, typeWindowRef, Reference());
+    theEvent.SendTo(mTarget, kEventTargetSendToAllHandlers);
+}
+
+void Window::NotifyHere(UInt32 theKind)
+{
+    OutgoingEvent theEvent(kEventClassWindow, theKind);
+    theEvent.Set(kEventParamDirectObject, typeWindowRef, Reference());
+    theEvent.NotifyAll(mTarget);
+}
+
+OSStatus Window::Ask(UInt32 theKind)
+{
+    OutgoingEvent theEvent(kEventClassWindow, theKind);
+    theEvent.Set(kEventParamDirectObject, typeWindowRef, Reference());
+    return theEvent.SendTo(mTarget);
+}
+
+// Looks --------------------------------------------------------------------------------------------------
+
+void Window::Show() const
+{
+    if (!mIsGone && !mIsClosing) {
+        // The managers hold the truth: a picture that there is no memory for is made up for by the next one.
+        Guarded([this] {
+            PresenterRegistry::Current().WindowLooks(Look());
+            return OSStatus{noErr};
+        });
+    }
+}
+
+WindowLook Window::Look() const
+{
+    WindowLook theLook;
+    theLook.theId = mIdentifier;
+    theLook.theShape = mTraits.theShape;
+    theLook.theTitle = Utf8Of(mTitle);
+    theLook.theContent = PixelsOf(mContent);
+    theLook.theStructure = PixelsOf(Structure());
+    theLook.theOrder = PlaceInOrder(*this);
+    theLook.theHasCloseBox = Has(kWindowCloseBoxAttribute);
+    theLook.theHasCollapseBox = Has(kWindowCollapseBoxAttribute);
+    theLook.theHasZoomBox = Has(kWindowFullZoomAttribute);
+    theLook.theIsResizable = Has(kWindowResizableAttribute);
+    theLook.theIsMovable = FrameWidths().top > mTraits.theFrame;
+    theLook.theIsVisible = mIsVisible;
+    theLook.theIsCollapsed = mIsCollapsed;
+    theLook.theIsActive = mIsActive;
+    theLook.theIsModified = mIsModified && mIsModifiedKnown;
+    theLook.theIsModal = IsModal();
+    theLook.theSmallest = {Narrow(double{mSmallest.width}), Narrow(double{mSmallest.height})};
+    theLook.theLargest = {Narrow(double{mLargest.width}), Narrow(double{mLargest.height})};
+    return theLook;
+}
+
+} // namespace Host
