@@ -1,0 +1,184 @@
+#!/usr/bin/env python3
+# LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+"""House.py check|draw [<root of the project>]
+
+Documentation/House.md lists the rooms of the project in a table: the folder, what it holds, and which other rooms its
+files include. `check` holds that table, and the picture beside it, against the sources, and names each line that says
+something else. `draw` makes the picture anew; it needs Graphviz.
+"""
+
+import pathlib
+import re
+import subprocess
+import sys
+
+PAGE = "Documentation/House.md"
+PICTURE = "Documentation/Pictures/House.svg"
+FLOORS = ("Source", "Platform", "Examples")
+SUFFIXES = {".h", ".cpp", ".c"}
+INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')
+ROW = re.compile(r"^\| `([^`]+)` \| ([^|]+) \|([^|]*)\|$")
+
+
+def listed_rooms(root):
+    """The rooms of the table: folder -> the folders that it may include."""
+    rooms = {}
+    for line in (root / PAGE).read_text(encoding="utf-8").splitlines():
+        row = ROW.match(line)
+        if row:
+            rooms[row[1]] = set(re.findall(r"`([^`]+)`", row[3]))
+    return rooms
+
+
+def sources(root):
+    """Every source of the project's floors, as a path from its root."""
+    found = []
+    for floor in FLOORS:
+        found += [path.relative_to(root) for path in (root / floor).rglob("*") if path.suffix in SUFFIXES]
+    return sorted(found)
+
+
+def room_of(path, rooms):
+    """The innermost room that a file lies in, or None."""
+    for folder in path.parents:
+        if folder.as_posix() in rooms:
+            return folder.as_posix()
+    return None
+
+
+def nearest(including, candidates):
+    """The file that an include means: of several with that name, the one that shares most folders."""
+
+    def shared(path):
+        count = 0
+        for mine, its in zip(including.parts, path.parts):
+            if mine != its:
+                break
+            count += 1
+        return count
+
+    return max(candidates, key=shared)
+
+
+def includes(root, files):
+    """Each include of a file of the project: (including file, line number, included file)."""
+    by_name = {}
+    for path in files:
+        by_name.setdefault(path.name, []).append(path)
+    for path in files:
+        for number, line in enumerate((root / path).read_text(encoding="utf-8").splitlines(), 1):
+            match = INCLUDE.match(line)
+            if not match:
+                continue
+            name = match[1] or match[2]
+            candidates = [
+                other for other in by_name.get(pathlib.PurePosixPath(name).name, [])
+                if ("/" + other.as_posix()).endswith("/" + name)
+            ]
+            if candidates:
+                yield path, number, nearest(path, candidates)
+
+
+def arrows(root, rooms, files):
+    """Which room includes which: (room, room) -> the first line that does."""
+    found = {}
+    for path, number, included in includes(root, files):
+        arrow = room_of(path, rooms), room_of(included, rooms)
+        if None not in arrow and arrow[0] != arrow[1]:
+            found.setdefault(arrow, f"{path.as_posix()}:{number}")
+    return found
+
+
+def drawn_arrows(root):
+    """The arrows of the picture. Graphviz keeps each one's ends as its title."""
+    text = (root / PICTURE).read_text(encoding="utf-8")
+    return {tuple(title.split("&#45;&gt;")) for title in re.findall(r"<title>([^<]*&#45;&gt;[^<]*)</title>", text)}
+
+
+def findings(root):
+    rooms = listed_rooms(root)
+    if not rooms:
+        yield f"{PAGE} lists no room"
+        return
+    files = sources(root)
+    inhabited = {room_of(path, rooms) for path in files}
+    for path in files:
+        if room_of(path, rooms) is None:
+            yield f"{path.as_posix()} lies in no room of {PAGE}"
+    for room in sorted(set(rooms) - inhabited):
+        yield f"{PAGE} lists {room}, where no source is"
+    found = arrows(root, rooms, files)
+    listed = {(room, other) for room, others in rooms.items() for other in others}
+    for arrow in sorted(set(found) - listed):
+        yield f"{found[arrow]}: {arrow[0]} includes {arrow[1]}, which {PAGE} does not say"
+    for room, other in sorted(listed - set(found)):
+        yield f"{PAGE} says that {room} includes {other}, which nothing there does"
+    drawn = drawn_arrows(root)
+    for room, other in sorted(set(found) ^ drawn):
+        state = "does not show" if (room, other) in found else "still shows"
+        yield f"{PICTURE} {state} that {room} includes {other}; Scripts/House.py draw makes it anew"
+
+
+def goes_round(arrow, found):
+    """Whether other arrows lead from one end to the other as well, past the rooms inside of the latter. Such arrows are
+    drawn pale."""
+    seen, ahead = {arrow[0]}, [arrow[0]]
+    while ahead:
+        room = ahead.pop()
+        for start, end in found:
+            is_inside = end.startswith(arrow[1] + "/")
+            if start == room and (start, end) != arrow and end not in seen and not is_inside:
+                seen.add(end)
+                ahead.append(end)
+    return arrow[1] in seen
+
+
+def graph(root):
+    """The rooms and their arrows in Graphviz's language, with a frame around each floor."""
+    rooms = listed_rooms(root)
+    found = arrows(root, rooms, sources(root))
+    lines = [
+        "digraph House {",
+        '  graph [rankdir=TB, fontname="sans-serif", fontsize=13, labeljust=l, ranksep=0.55, nodesep=0.35];',
+        '  node [shape=box, style="filled,rounded", fillcolor="#ffffff", color="#6b7280",'
+        ' fontname="sans-serif", fontsize=12];',
+        "  edge [arrowsize=0.7];",
+    ]
+    colours = {"Examples": "#fef3c7", "Source": "#dbeafe", "Platform": "#dcfce7"}
+    for floor in ("Examples", "Source", "Platform"):
+        lines.append(f'  subgraph "cluster_{floor}" {{ label="{floor}"; style="filled,rounded";'
+                     f' color="{colours[floor]}";')
+        for room in rooms:
+            if room.split("/")[0] == floor:
+                label = room.removeprefix(floor + "/")
+                lines.append(f'    "{room}" [label="{label}"];')
+        lines.append("  }")
+    for room, other in sorted(found):
+        colour = "#b8bec9" if goes_round((room, other), found) else "#374151"
+        lines.append(f'  "{room}" -> "{other}" [color="{colour}"];')
+    lines.append("}")
+    return "\n".join(lines)
+
+
+def draw(root):
+    picture = subprocess.run(["dot", "-Tsvg"], input=graph(root), capture_output=True, check=True, text=True).stdout
+    (root / PICTURE).write_text(picture, encoding="utf-8")
+
+
+def main(arguments):
+    if len(arguments) not in (2, 3) or arguments[1] not in ("check", "draw"):
+        print(__doc__, file=sys.stderr)
+        return 2
+    root = pathlib.Path(arguments[2] if len(arguments) == 3 else ".")
+    if arguments[1] == "draw":
+        draw(root)
+        return 0
+    found = list(findings(root))
+    for finding in found:
+        print(finding)
+    print(f"{len(found)} differences between the page and the sources")
+    return 1 if found else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv))
