@@ -135,7 +135,7 @@ report "The presenter interface is said in the standard library's types alone" <
 report "The headless presenter stands below the managers" < <(
     includes Platform/Presentation/Source Platform/Presentation/Headless |
         without "$kStandard" |
-        without '<Presentation/[A-Za-z]+\.h>' |
+        without '<Presentation/[A-Za-z]+\.h>|"Common/[A-Za-z]+\.h"' |
         without_headers_of Platform/Presentation
 )
 report "Presenters know nothing of the managers" < <(
@@ -145,13 +145,16 @@ report "Presenters know nothing of the managers" < <(
 report "Nothing but tests and examples knows the simulated person" < <(
     includes Source Platform | grep -E '[<"/]Simulation/' | grep -v '^Platform/Simulation/'
 )
-room Base Base
-room System Base
-room Events 'Base|System'
-room Menus 'Base|System|Events'
-room Windows 'Base|System|Events|Windows/ControlKinds'
-room Windows/ControlKinds 'Base|System|Events|Windows'
-room Input 'Base|System|Events|Menus|Windows'
+report "The lowest room stands on the standard library alone" < <(
+    includes Platform/Common | without "$kStandard" | without '"Common/[A-Za-z]+\.h"'
+)
+room Base Common
+room System 'Common|Base'
+room Events 'Common|Base|System'
+room Menus 'Common|Base|System|Events'
+room Windows 'Common|Base|System|Events|Windows/ControlKinds'
+room Windows/ControlKinds 'Common|Base|System|Events|Windows'
+room Input 'Common|Base|System|Events|Menus|Windows'
 report "Qt stays in its own presenter" < <(
     includes Source Platform Examples | grep -E '[<"]Q[A-Za-z]' | grep -v '^Platform/Presentation/Qt/'
 )

@@ -15,14 +15,15 @@ fresh_tree()
     rm -rf "${gTree:?}"/*
     mkdir -p "$gTree/Source/Core" "$gTree/Platform/CoreFoundation" "$gTree/Platform/Simulation" \
         "$gTree"/Platform/Carbon/Source/{Base,System,Events,Menus,Windows/ControlKinds,Input} \
-        "$gTree"/Platform/Presentation/{Include/Presentation,Headless,Qt} "$gTree/Examples"
+        "$gTree/Platform/Common" "$gTree"/Platform/Presentation/{Include/Presentation,Headless,Qt} "$gTree/Examples"
     printf '%s\n' '#ifndef LmThing_h' '#include <Carbon/Carbon.h>' '#include <vector>' '#endif' \
         >"$gTree/Source/Core/LmThing.h"
     printf '%s\n' '#include "LmThing.h"' '// throw #include <Nothing.h>' >"$gTree/Source/Core/LmThing.cpp"
     printf '%s\n' '#include <CoreFoundation/CoreFoundation.h>' '#include <unistd.h>' >"$gTree/Platform/Carbon/Source/Events/Loop.cpp"
     printf '%s\n' '#include "Loop.h"' '#include "Base/Table.h"' >>"$gTree/Platform/Carbon/Source/Events/Loop.cpp"
     printf '%s\n' '#include <vector>' >"$gTree/Platform/Carbon/Source/Events/Loop.h"
-    printf '%s\n' '#include <map>' >"$gTree/Platform/Carbon/Source/Base/Table.h"
+    printf '%s\n' '#include <new>' >"$gTree/Platform/Common/Kept.h"
+    printf '%s\n' '#include <map>' '#include "Common/Kept.h"' >"$gTree/Platform/Carbon/Source/Base/Table.h"
     printf '%s\n' '#include "Events/Loop.h"' '#include <Presentation/Presenter.h>' \
         >"$gTree/Platform/Carbon/Source/Menus/Menu.cpp"
     printf '%s\n' '#include "Windows/ControlKinds/Kind.h"' >"$gTree/Platform/Carbon/Source/Windows/Window.cpp"
@@ -80,6 +81,7 @@ finds Platform/Presentation/Include/Presentation/Presenter.h '#include <Carbon/C
 finds Platform/Presentation/Include/Presentation/Presenter.h '#include <QString>'
 finds Platform/Carbon/Source/Base/Table.h '#include "Events/Loop.h"'
 finds Platform/Carbon/Source/Base/Table.h '#include "Loop.h"'
+finds Platform/Common/Kept.h '#include "Base/Table.h"'
 finds Platform/Carbon/Source/Events/Loop.cpp '#include "Menus/Menu.h"'
 finds Platform/Carbon/Source/Events/Loop.cpp '#include "Table.h"'
 finds Platform/Carbon/Source/Events/Loop.cpp '#include <Simulation/Person.h>'

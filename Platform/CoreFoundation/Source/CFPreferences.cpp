@@ -4,6 +4,7 @@
 
 #include "CFPropertyListSupport.h"
 #include "CFStringObject.h"
+#include "Common/NeverDestroyed.h"
 #include "PreferenceStore.h"
 #include "System/Files.h"
 
@@ -140,9 +141,9 @@ public:
 
     static Domains& GetShared()
     {
-        // Never destroyed: preferences are used until the process ends.
-        static Domains& gDomains = *new Domains;
-        return gDomains;
+        // Preferences are used until the process ends.
+        static Host::NeverDestroyed<Domains> sDomains;
+        return sDomains.Get();
     }
 
 private:

@@ -2,6 +2,7 @@
 
 #include "CFStringObject.h"
 #include "CFUnicode.h"
+#include "Common/NeverDestroyed.h"
 
 #include <algorithm>
 #include <cstring>
@@ -87,10 +88,9 @@ public:
 
     static ConstantTable& GetShared()
     {
-        // Never destroyed: other libraries use their constants until the process ends.
-        alignas(ConstantTable) static unsigned char gStorage[sizeof(ConstantTable)];
-        static ConstantTable& gShared = *new (gStorage) ConstantTable;
-        return gShared;
+        // Other libraries use their constants until the process ends.
+        static Host::NeverDestroyed<ConstantTable> sShared;
+        return sShared.Get();
     }
 
 private:

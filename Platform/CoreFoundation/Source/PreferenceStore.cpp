@@ -3,6 +3,7 @@
 #include "PreferenceStore.h"
 
 #include "CFPropertyListLibrary.h"
+#include "Common/NeverDestroyed.h"
 #include "FilePreferenceStore.h"
 #include "MemoryPreferenceStore.h"
 
@@ -36,13 +37,13 @@ void ApplyOne(const void* theKey, const void* theValue, void* theContext)
 
 PreferenceStore& PreferenceStore::GetShared()
 {
-    // Never destroyed: preferences are used until the process ends.
-    static FilePreferenceStore& gFiles = *new FilePreferenceStore;
-    static MemoryPreferenceStore& gMemory = *new MemoryPreferenceStore;
+    // Preferences are used until the process ends.
+    static NeverDestroyed<FilePreferenceStore> sFiles;
+    static NeverDestroyed<MemoryPreferenceStore> sMemory;
     if (!HasPropertyListLibrary() || IsMemoryAskedFor()) {
-        return gMemory;
+        return sMemory.Get();
     }
-    return gFiles;
+    return sFiles.Get();
 }
 
 PreferenceStore::Values PreferenceStore::EmptyValues()

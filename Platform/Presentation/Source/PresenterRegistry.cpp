@@ -2,6 +2,7 @@
 
 #include <Presentation/PresenterRegistry.h>
 
+#include "Common/NeverDestroyed.h"
 #include "HeadlessPresenter.h"
 
 #include <cstdio>
@@ -27,11 +28,11 @@ struct Registry
     std::vector<std::unique_ptr<Presenter>> theRetired;
 };
 
-// Never destroyed: programs dispose windows as late as in the destructors of their own static objects.
+// Programs dispose windows as late as in the destructors of their own static objects.
 Registry& TheRegistry()
 {
-    static Registry& theRegistry = *new Registry;
-    return theRegistry;
+    static NeverDestroyed<Registry> sRegistry;
+    return sRegistry.Get();
 }
 
 std::string ListOfNames()

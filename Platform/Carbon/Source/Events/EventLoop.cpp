@@ -2,7 +2,8 @@
 
 #include "EventLoop.h"
 
-#include "Base/NeverDestroyed.h"
+#include "Base/OnStack.h"
+#include "Common/NeverDestroyed.h"
 #include "EventLoopTimers.h"
 #include "EventQueue.h"
 #include "OutgoingEvent.h"
@@ -93,35 +94,15 @@ bool Wait(double theDeadline)
 // --- Running ----------------------------------------------------------------------------------------
 
 // One running ReceiveNextEvent or RunCurrentEventLoop; QuitEventLoop ends the innermost.
-class LoopRun
+class LoopRun : public OnStack<LoopRun>
 {
 public:
-    LoopRun()
-        : mOuter(sInnermost)
-    {
-        sInnermost = this;
-    }
-    ~LoopRun() { sInnermost = mOuter; }
-    LoopRun(const LoopRun&) = delete;
-    LoopRun& operator=(const LoopRun&) = delete;
-
     bool IsQuit() const { return mIsQuit; }
-
-    static void QuitInnermost()
-    {
-        if (sInnermost != nullptr) {
-            sInnermost->mIsQuit = true;
-        }
-    }
+    void Quit() { mIsQuit = true; }
 
 private:
-    static LoopRun* sInnermost;
-
-    LoopRun* mOuter;
     bool mIsQuit = false;
 };
-
-LoopRun* LoopRun::sInnermost = nullptr;
 
 LoopChore gChore = nullptr;
 
@@ -137,7 +118,7 @@ void DoChore()
 template <class Condition>
 OSStatus RunUntil(double theDeadline, const Condition& theIsDone)
 {
-    const LoopRun theRun;
+    LoopRun theRun;
     for (;;) {
         FireDueTimers();
         PollPresenter();
@@ -161,14 +142,11 @@ double DeadlineAfter(EventTimeout theTimeout)
 
 // --- The application's loop -------------------------------------------------------------------------
 
-// The running application loops, from the innermost out.
-struct ApplicationLoop
+// A running RunApplicationEventLoop.
+struct ApplicationLoop : OnStack<ApplicationLoop>
 {
-    ApplicationLoop* theOuter;
     bool theIsOver = false;
 };
-
-ApplicationLoop* gApplicationLoop = nullptr;
 
 // Takes one event and sends it on; false when the loop was quit.
 bool HandleNextEvent()
@@ -207,15 +185,16 @@ void SetLoopChore(LoopChore theChore)
 
 bool IsApplicationLoopRunning()
 {
-    return gApplicationLoop != nullptr;
+    return ApplicationLoop::Innermost() != nullptr;
 }
 
 bool EndApplicationLoop()
 {
-    if (gApplicationLoop == nullptr) {
+    ApplicationLoop* const theLoop = ApplicationLoop::Innermost();
+    if (theLoop == nullptr) {
         return false;
     }
-    gApplicationLoop->theIsOver = true;
+    theLoop->theIsOver = true;
     QuitEventLoop(GetMainEventLoop());
     return true;
 }
@@ -270,18 +249,18 @@ OSStatus QuitEventLoop(EventLoopRef inEventLoop)
     if (inEventLoop != GetMainEventLoop()) {
         return paramErr;
     }
-    LoopRun::QuitInnermost();
+    if (LoopRun* const theRun = LoopRun::Innermost(); theRun != nullptr) {
+        theRun->Quit();
+    }
     WakeEventLoop();
     return noErr;
 }
 
 void RunApplicationEventLoop(void)
 {
-    ApplicationLoop theLoop{gApplicationLoop};
-    gApplicationLoop = &theLoop;
+    ApplicationLoop theLoop;
     while (!theLoop.theIsOver && HandleNextEvent()) {
     }
-    gApplicationLoop = theLoop.theOuter;
 }
 
 void QuitApplicationEventLoop(void)

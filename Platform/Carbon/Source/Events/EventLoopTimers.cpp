@@ -3,8 +3,8 @@
 #include "EventLoopTimers.h"
 
 #include "Base/Guarded.h"
-#include "Base/NeverDestroyed.h"
 #include "Base/ReferenceTable.h"
+#include "Common/NeverDestroyed.h"
 #include "EventLoop.h"
 #include "System/Clock.h"
 
@@ -30,7 +30,7 @@ struct Timer
 };
 
 using SharedTimer = std::shared_ptr<Timer>;
-using TimerTable = ReferenceTable<EventLoopTimerRef, 12, Timer>;
+using TimerTable = ReferenceTable<EventLoopTimerRef, ReferenceKind::kTimer, Timer>;
 
 TimerTable& Table()
 {

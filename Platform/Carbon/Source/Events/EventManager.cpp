@@ -10,8 +10,8 @@
 #include <Carbon/Carbon.h>
 
 #include "Base/Guarded.h"
-#include "Base/NeverDestroyed.h"
 #include "Base/ReferenceTable.h"
+#include "Common/NeverDestroyed.h"
 #include "EventManager.h"
 #include "EventManagerParameters.h"
 #include "System/Clock.h"
@@ -58,9 +58,9 @@ struct Event
 };
 
 using SharedEvent = std::shared_ptr<Event>;
-using EventTable = ReferenceTable<EventRef, 8, Event>;
+using EventTable = ReferenceTable<EventRef, ReferenceKind::kEvent, Event>;
 
-// Never destroyed: events may still be released while the program ends.
+// Events may still be released while the program ends.
 EventTable& Events()
 {
     static NeverDestroyed<EventTable> sEvents;

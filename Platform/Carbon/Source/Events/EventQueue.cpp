@@ -3,7 +3,7 @@
 #include "EventQueue.h"
 
 #include "Base/Guarded.h"
-#include "Base/NeverDestroyed.h"
+#include "Common/NeverDestroyed.h"
 #include "EventLoop.h"
 #include "EventManager.h"
 
@@ -140,7 +140,7 @@ std::vector<EventRef> EventQueue::Copy() const
     return theEvents;
 }
 
-// Never destroyed: another thread may still post while the program ends.
+// Another thread may still post while the program ends.
 EventQueue& MainQueue()
 {
     static NeverDestroyed<EventQueue> sQueue;

@@ -3,8 +3,8 @@
 #include "EventTarget.h"
 
 #include "Base/Guarded.h"
-#include "Base/NeverDestroyed.h"
 #include "Base/ReferenceTable.h"
+#include "Common/NeverDestroyed.h"
 
 #include <algorithm>
 #include <utility>
@@ -13,10 +13,10 @@ namespace Host {
 
 namespace {
 
-using TargetTable = ReferenceTable<EventTargetRef, 2, EventTarget>;
-using HandlerTable = ReferenceTable<EventHandlerRef, 4, EventHandler>;
+using TargetTable = ReferenceTable<EventTargetRef, ReferenceKind::kEventTarget, EventTarget>;
+using HandlerTable = ReferenceTable<EventHandlerRef, ReferenceKind::kEventHandler, EventHandler>;
 
-// Never destroyed: objects with targets may still be disposed while the program ends.
+// Objects with targets may still be disposed while the program ends.
 TargetTable& Targets()
 {
     static NeverDestroyed<TargetTable> sTargets;

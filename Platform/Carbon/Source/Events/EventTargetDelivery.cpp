@@ -3,6 +3,8 @@
 // How an event travels along the handlers of a target and out to the containing ones.
 
 #include "Base/Guarded.h"
+#include "Base/OnStack.h"
+#include "Base/ReferenceTable.h"
 #include "EventManager.h"
 #include "EventTarget.h"
 
@@ -77,35 +79,24 @@ private:
     bool mGoesToAll;
 };
 
-// A handler that is running: what its call reference stands for. They are linked from the innermost out,
-// and a reference that is not among them is not one of a running handler.
-class HandlerCall
+// A handler that is running: what its call reference stands for. A reference of none of them is not one of a
+// running handler.
+class HandlerCall : public OnStack<HandlerCall>
 {
 public:
     HandlerCall(Delivery& theDelivery, Delivery::Place thePlace)
         : mDelivery(theDelivery),
-          mPlace(thePlace),
-          mOuter(sInnermost)
+          mPlace(thePlace)
     {
-        sLastNumber += kSpacing;
-        mNumber = sLastNumber;
-        sInnermost = this;
     }
-    ~HandlerCall() { sInnermost = mOuter; }
-    HandlerCall(const HandlerCall&) = delete;
-    HandlerCall& operator=(const HandlerCall&) = delete;
 
-    EventHandlerCallRef Reference() const
-    {
-        // NOLINTNEXTLINE(performance-no-int-to-ptr): references are numbers and never followed.
-        return reinterpret_cast<EventHandlerCallRef>(mNumber);
-    }
+    EventHandlerCallRef Reference() const { return mReference; }
 
     static HandlerCall* Find(EventHandlerCallRef theReference)
     {
-        HandlerCall* theCall = sInnermost;
+        HandlerCall* theCall = Innermost();
         while (theCall != nullptr && theCall->Reference() != theReference) {
-            theCall = theCall->mOuter;
+            theCall = theCall->Outer();
         }
         return theCall;
     }
@@ -123,21 +114,16 @@ public:
     OSStatus NextStatus() const { return mNextStatus; }
 
 private:
-    static constexpr std::uintptr_t kSpacing = 16;
-    static constexpr std::uintptr_t kTag = 6;
-    static HandlerCall* sInnermost;
-    static std::uintptr_t sLastNumber;
+    using Numbered = NumberedReference<EventHandlerCallRef, ReferenceKind::kHandlerCall>;
+
+    inline static std::uintptr_t sLastNumber = 0;
 
     Delivery& mDelivery;
     Delivery::Place mPlace;
-    HandlerCall* mOuter;
-    std::uintptr_t mNumber = 0;
+    EventHandlerCallRef mReference = Numbered::Of(++sLastNumber);
     bool mPassedOn = false;
     OSStatus mNextStatus = eventNotHandledErr;
 };
-
-HandlerCall* HandlerCall::sInnermost = nullptr;
-std::uintptr_t HandlerCall::sLastNumber = HandlerCall::kTag;
 
 OSStatus Delivery::Run(EventRef theEvent)
 {

@@ -2,7 +2,7 @@
 
 // Makes the managers known to those who show them.
 
-#include "Base/NeverDestroyed.h"
+#include "Common/NeverDestroyed.h"
 #include "InputGate.h"
 #include "Menus/Menus.h"
 #include "Windows/Windows.h"

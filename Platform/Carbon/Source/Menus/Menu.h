@@ -3,7 +3,7 @@
 #ifndef Menus_Menu_h
 #define Menus_Menu_h
 
-#include "Base/HandleTable.h"
+#include "Base/ObjectIds.h"
 #include "Base/Properties.h"
 
 #include <Carbon/Carbon.h>
@@ -77,8 +77,8 @@ class Menu
 public:
     Menu(MenuID theID, MenuAttributes theAttributes);
 
-    ObjectIdentifier Identifier() const { return mIdentifier; }
-    MenuRef Reference() const { return HandleTable<MenuRef, Menu>::ReferenceOf(mIdentifier); }
+    ObjectId Identifier() const { return mIdentifier; }
+    MenuRef Reference() const;
     EventTargetRef Target() const { return mTarget; }
 
     // The item at a place, from 1; null when there is none.
@@ -107,7 +107,7 @@ public:
 private:
     friend void DestroyMenu(const SharedMenu& theMenu);
 
-    ObjectIdentifier mIdentifier;
+    ObjectId mIdentifier;
     EventTargetRef mTarget = nullptr;
     bool mIsGone = false;
 };
@@ -116,7 +116,7 @@ const MenuItemIndex kLargestMenu = 65534; // the number after it stands for "at 
 
 // The menu behind a reference or identifier, or null.
 SharedMenu FindMenu(MenuRef theReference);
-SharedMenu FindMenu(ObjectIdentifier theIdentifier);
+SharedMenu FindMenu(ObjectId theIdentifier);
 
 // Makes a menu and puts it into the table; its one count belongs to the caller.
 SharedMenu AddMenu(MenuID theID, MenuAttributes theAttributes);

@@ -6,8 +6,9 @@
 #include "Menus.h"
 
 #include "Base/Guarded.h"
-#include "Base/NeverDestroyed.h"
+#include "Base/ReferenceTable.h"
 #include "Base/Text.h"
+#include "Common/NeverDestroyed.h"
 #include "Events/EventLoop.h"
 #include "Events/EventTargets.h"
 #include "Events/OutgoingEvent.h"
@@ -19,9 +20,9 @@ namespace Host {
 
 namespace {
 
-using MenuTable = HandleTable<MenuRef, Menu>;
+using MenuTable = ReferenceTable<MenuRef, ReferenceKind::kMenu, Menu, NoMutex>;
 
-// Never destroyed: menus may still be released while the program ends.
+// Menus may still be released while the program ends.
 MenuTable& Menus()
 {
     static NeverDestroyed<MenuTable> sMenus;
@@ -238,10 +239,15 @@ MenuHolder& MenuHolder::operator=(MenuHolder theOther) noexcept
 Menu::Menu(MenuID theID, MenuAttributes theAttributes)
     : mID(theID),
       mAttributes(theAttributes),
-      mIdentifier(NewObjectIdentifier()),
+      mIdentifier(NewObjectId()),
       // What no handler of the menu takes goes on to the user focus.
       mTarget(NewEventTarget({GetUserFocusEventTarget, nullptr}))
 {
+}
+
+MenuRef Menu::Reference() const
+{
+    return MenuTable::Numbered::Of(mIdentifier);
 }
 
 MenuItem* Menu::Item(MenuItemIndex theItem)
@@ -272,9 +278,9 @@ SharedMenu FindMenu(MenuRef theReference)
     return Menus().Find(theReference);
 }
 
-SharedMenu FindMenu(ObjectIdentifier theIdentifier)
+SharedMenu FindMenu(ObjectId theIdentifier)
 {
-    return Menus().FindIdentifier(theIdentifier);
+    return Menus().FindNumber(theIdentifier);
 }
 
 SharedMenu AddMenu(MenuID theID, MenuAttributes theAttributes)

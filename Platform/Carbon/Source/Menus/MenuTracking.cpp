@@ -4,7 +4,7 @@
 
 #include "Menu.h"
 
-#include "Base/NeverDestroyed.h"
+#include "Common/NeverDestroyed.h"
 #include "Events/OutgoingEvent.h"
 #include "Menus.h"
 
@@ -229,7 +229,7 @@ SInt32 PackedChoice(const SharedMenu& theMenu, MenuItemIndex theItem)
 
 } // namespace
 
-bool MenuOpenedByPerson(ObjectIdentifier theMenu)
+bool MenuOpenedByPerson(ObjectId theMenu)
 {
     const SharedMenu theFound = FindMenu(theMenu);
     const SharedMenu theRoot = RootMenu();
@@ -250,7 +250,7 @@ bool MenuOpenedByPerson(ObjectIdentifier theMenu)
     return true;
 }
 
-bool MenuChosenByPerson(ObjectIdentifier theMenu, MenuItemIndex theItem, UInt32 theModifiers)
+bool MenuChosenByPerson(ObjectId theMenu, MenuItemIndex theItem, UInt32 theModifiers)
 {
     const SharedMenu theFound = FindMenu(theMenu);
     if (theFound == nullptr || !CanBeChosen(theFound, theItem)) {
@@ -261,7 +261,7 @@ bool MenuChosenByPerson(ObjectIdentifier theMenu, MenuItemIndex theItem, UInt32 
     return true;
 }
 
-bool MenuClosedByPerson(ObjectIdentifier theMenu)
+bool MenuClosedByPerson(ObjectId theMenu)
 {
     const SharedMenu theFound = FindMenu(theMenu);
     if (theFound == nullptr || !IsIn(TheSession().theOpen, theFound->Reference())) {

@@ -3,7 +3,7 @@
 #ifndef Menus_Menus_h
 #define Menus_Menus_h
 
-#include "Base/HandleTable.h"
+#include "Base/ObjectIds.h"
 
 #include <Carbon/Carbon.h>
 
@@ -17,15 +17,15 @@ class Presenter;
 // A menu of the bar was pulled down, or a submenu of an open menu. Sends, when no menu was open,
 // kEventMenuBeginTracking; then kEventMenuPopulate, kEventMenuEnableItems, kEventCommandUpdateStatus for each
 // item, and kEventMenuOpening. False when a handler refused.
-bool MenuOpenedByPerson(ObjectIdentifier theMenu);
+bool MenuOpenedByPerson(ObjectId theMenu);
 
 // An item was chosen. Open menus close as MenuClosedByPerson says, then the item's command is sent. False
 // when it cannot be chosen: disabled, hidden, a separator, or held by something disabled.
-bool MenuChosenByPerson(ObjectIdentifier theMenu, MenuItemIndex theItem, UInt32 theModifiers);
+bool MenuChosenByPerson(ObjectId theMenu, MenuItemIndex theItem, UInt32 theModifiers);
 
 // The menu, and those opened from it, closed without a choice: kEventMenuClosed for each, the innermost
 // first, and kEventMenuEndTracking after the last.
-bool MenuClosedByPerson(ObjectIdentifier theMenu);
+bool MenuClosedByPerson(ObjectId theMenu);
 
 // Tells a presenter what the menu bar looks like.
 void ReplayMenuLooks(Presenter& thePresenter);

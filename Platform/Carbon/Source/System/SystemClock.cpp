@@ -1,7 +1,7 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-#include "Base/NeverDestroyed.h"
 #include "Clock.h"
+#include "Common/NeverDestroyed.h"
 
 #include <algorithm>
 #include <atomic>
@@ -51,7 +51,7 @@ private:
     bool mIsWoken = false;
 };
 
-// Never destroyed: another thread may still wake it while the program ends.
+// Another thread may still wake it while the program ends.
 SystemClock& TheSystemClock()
 {
     static NeverDestroyed<SystemClock> sClock;

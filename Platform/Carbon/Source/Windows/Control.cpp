@@ -4,7 +4,6 @@
 
 #include "Base/Geometry.h"
 #include "Base/Guarded.h"
-#include "ControlTable.h"
 #include "Events/EventTargets.h"
 #include "Events/OutgoingEvent.h"
 #include "KeyboardFocus.h"

@@ -73,7 +73,7 @@ public:
     Control& operator=(const Control&) = delete;
 
     // Identity.
-    ObjectIdentifier Identifier() const { return mIdentifier; }
+    ObjectId Identifier() const { return mIdentifier; }
     ControlRef Reference() const;
     OSType Kind() const { return mKind; }
     UInt32 Features() const { return mFeatures; }
@@ -176,11 +176,11 @@ private:
     void Leave();
     void MoveTo(const SharedWindow& theOwner);
     void TellContainer(UInt32 theKind, const SharedControl& theContainer);
-    SharedControl LastSubControl(ObjectIdentifier theNewest) const;
+    SharedControl LastSubControl(ObjectId theNewest) const;
     void MakeRoom();
     void CollectInState(ControlState theState, std::vector<SharedControl>* theControls);
 
-    ObjectIdentifier mIdentifier = NewObjectIdentifier();
+    ObjectId mIdentifier = NewObjectId();
     OSType mKind;
     UInt32 mFeatures;
     EventTargetRef mTarget = nullptr;

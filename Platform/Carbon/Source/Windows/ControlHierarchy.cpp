@@ -4,7 +4,8 @@
 
 #include "Base/Geometry.h"
 #include "Base/Guarded.h"
-#include "ControlTable.h"
+#include "Base/ReferenceTable.h"
+#include "Common/NeverDestroyed.h"
 #include "Events/EventTargets.h"
 #include "Events/OutgoingEvent.h"
 #include "KeyboardFocus.h"
@@ -33,25 +34,28 @@ EventTargetBehaviour BehaviourOf(const std::weak_ptr<Control>& theWeakControl)
     return theBehaviour;
 }
 
-} // namespace
+using ControlTable = ReferenceTable<ControlRef, ReferenceKind::kControl, Control, NoMutex>;
 
-HandleTable<ControlRef, Control>& ControlTable()
+// Every control that exists.
+ControlTable& Controls()
 {
-    static auto& theTable = *new HandleTable<ControlRef, Control>;
-    return theTable;
+    static NeverDestroyed<ControlTable> sControls;
+    return sControls.Get();
 }
+
+} // namespace
 
 SharedControl FindControl(ControlRef theReference)
 {
-    return ControlTable().Find(theReference);
+    return Controls().Find(theReference);
 }
 
-SharedControl FindControl(ObjectIdentifier theIdentifier)
+SharedControl FindControl(ObjectId theIdentifier)
 {
-    return ControlTable().FindIdentifier(theIdentifier);
+    return Controls().FindNumber(theIdentifier);
 }
 
-ObjectIdentifier IdentifierOf(ControlRef theReference)
+ObjectId IdentifierOf(ControlRef theReference)
 {
     const SharedControl theControl = FindControl(theReference);
     return theControl == nullptr ? 0 : theControl->Identifier();
@@ -69,7 +73,7 @@ Control::~Control() = default;
 
 ControlRef Control::Reference() const
 {
-    return HandleTable<ControlRef, Control>::ReferenceOf(mIdentifier);
+    return ControlTable::Numbered::Of(mIdentifier);
 }
 
 void Control::Begin(const SharedWindow& theOwner, const Rect& theBounds, const Text& theTitle)
@@ -77,13 +81,13 @@ void Control::Begin(const SharedWindow& theOwner, const Rect& theBounds, const T
     mBounds = theBounds;
     mTitle = theTitle;
     mOwner = theOwner;
-    ControlTable().Add(mIdentifier, shared_from_this());
+    Controls().Add(mIdentifier, shared_from_this());
     const OSStatus theStatus = Guarded([this] {
         mTarget = NewEventTarget(BehaviourOf(weak_from_this()));
         return OSStatus{noErr};
     });
     if (theStatus != noErr) {
-        ControlTable().Remove(Reference());
+        Controls().Remove(Reference());
         throw std::bad_alloc();
     }
 }
@@ -113,7 +117,7 @@ void Control::Dispose()
     }
     Leave();
     mIsGone = true;
-    ControlTable().Remove(Reference());
+    Controls().Remove(Reference());
     DisposeEventTarget(mTarget);
     PresenterRegistry::Current().ControlGone(mIdentifier);
 }
@@ -122,7 +126,7 @@ void Control::DisposeSubControls()
 {
     // Handlers may dispose others of them meanwhile, and make new ones, which stay: those have greater
     // numbers. No list is made of them, since what disposes must not need memory.
-    ObjectIdentifier theNewest = 0;
+    ObjectId theNewest = 0;
     for (const SharedControl& theSubControl : mSubControls) {
         theNewest = std::max(theNewest, theSubControl->mIdentifier);
     }
@@ -132,7 +136,7 @@ void Control::DisposeSubControls()
 }
 
 // The frontmost one that is not being disposed yet and has no greater number than theNewest; null for none.
-SharedControl Control::LastSubControl(ObjectIdentifier theNewest) const
+SharedControl Control::LastSubControl(ObjectId theNewest) const
 {
     const auto theEntry =
         std::find_if(mSubControls.rbegin(), mSubControls.rend(), [=](const SharedControl& theOne) {

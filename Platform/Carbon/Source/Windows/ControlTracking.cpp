@@ -5,6 +5,7 @@
 #include "ControlTracking.h"
 
 #include "Base/Geometry.h"
+#include "Common/NeverDestroyed.h"
 #include "Events/OutgoingEvent.h"
 #include "KeyboardFocus.h"
 #include "Window.h"
@@ -28,8 +29,8 @@ struct Tracking
 
 Tracking& Current()
 {
-    static auto& theTracking = *new Tracking;
-    return theTracking;
+    static NeverDestroyed<Tracking> sTracking;
+    return sTracking.Get();
 }
 
 void CallAction(const SharedControl& theControl, ControlPartCode thePart)

@@ -3,7 +3,7 @@
 #ifndef Windows_Controls_h
 #define Windows_Controls_h
 
-#include "Base/HandleTable.h"
+#include "Base/ObjectIds.h"
 
 #include <Carbon/Carbon.h>
 #include <memory>
@@ -20,10 +20,10 @@ using SharedWindow = std::shared_ptr<Window>;
 
 // The control behind a reference, or null for null, disposed and foreign references.
 SharedControl FindControl(ControlRef theReference);
-SharedControl FindControl(ObjectIdentifier theIdentifier);
+SharedControl FindControl(ObjectId theIdentifier);
 
 // The identifier of a control; 0 for null, disposed and foreign references.
-HOST_PUBLIC ObjectIdentifier IdentifierOf(ControlRef theReference);
+HOST_PUBLIC ObjectId IdentifierOf(ControlRef theReference);
 
 // Bounds of a control in its window's content (0, 0 is the content's top left), whatever coordinates the
 // application uses for it.

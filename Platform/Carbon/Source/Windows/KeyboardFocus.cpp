@@ -4,6 +4,7 @@
 
 #include "Base/Geometry.h"
 #include "Base/Guarded.h"
+#include "Common/NeverDestroyed.h"
 #include "ControlTracking.h"
 #include "Events/EventTargets.h"
 #include "Events/OutgoingEvent.h"
@@ -302,8 +303,8 @@ struct UserFocus
 
 UserFocus& CurrentUserFocus()
 {
-    static auto& theFocus = *new UserFocus;
-    return theFocus;
+    static NeverDestroyed<UserFocus> sFocus;
+    return sFocus.Get();
 }
 
 EventTargetRef UserFocusTarget()

@@ -4,12 +4,13 @@
 
 #include "Base/Geometry.h"
 #include "Base/Guarded.h"
+#include "Base/ReferenceTable.h"
+#include "Common/NeverDestroyed.h"
 #include "Events/EventTargets.h"
 #include "Events/OutgoingEvent.h"
 #include "KeyboardFocus.h"
 #include "WindowDefaults.h"
 #include "Windows/ControlKinds/Containers.h"
-#include "WindowTable.h"
 
 #include <algorithm>
 #include <Presentation/PresenterRegistry.h>
@@ -100,6 +101,35 @@ const WindowTraits* TraitsOf(WindowClass theClass)
 
 // Life ---------------------------------------------------------------------------------------------------
 
+namespace {
+
+using WindowTable = ReferenceTable<WindowRef, ReferenceKind::kWindow, Window, NoMutex>;
+
+// Every window that exists.
+WindowTable& Windows()
+{
+    static NeverDestroyed<WindowTable> sWindows;
+    return sWindows.Get();
+}
+
+} // namespace
+
+SharedWindow FindWindow(WindowRef theReference)
+{
+    return Windows().Find(theReference);
+}
+
+SharedWindow FindWindow(ObjectId theIdentifier)
+{
+    return Windows().FindNumber(theIdentifier);
+}
+
+ObjectId IdentifierOf(WindowRef theReference)
+{
+    const SharedWindow theWindow = FindWindow(theReference);
+    return theWindow == nullptr ? kNoObject : theWindow->Identifier();
+}
+
 Window::Window(const WindowTraits& theTraits, WindowAttributes theAttributes, const Rect& theContent)
     : mTraits(theTraits),
       mAttributes(theAttributes),
@@ -111,7 +141,7 @@ Window::~Window() = default;
 
 WindowRef Window::Reference() const
 {
-    return HandleTable<WindowRef, Window>::ReferenceOf(mIdentifier);
+    return WindowTable::Numbered::Of(mIdentifier);
 }
 
 OSStatus Window::Begin()
@@ -119,7 +149,7 @@ OSStatus Window::Begin()
     const OSStatus theStatus = Guarded([this] {
         AnswerForUserFocus();
         mTarget = NewEventTarget(BehaviourOf(weak_from_this()));
-        WindowTable().Add(mIdentifier, shared_from_this());
+        Windows().Add(mIdentifier, shared_from_this());
         AddToOrder(shared_from_this());
         if (Has(kWindowCompositingAttribute)) {
             EnsureRoot();
@@ -157,7 +187,7 @@ void Window::Close()
     RemoveFromOrder(theKeepAlive);
     NotifyHere(kEventWindowDispose);
     mIsGone = true;
-    WindowTable().Remove(Reference());
+    Windows().Remove(Reference());
     DisposeEventTarget(mTarget);
     PresenterRegistry::Current().WindowGone(mIdentifier);
 }

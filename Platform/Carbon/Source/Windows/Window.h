@@ -45,7 +45,7 @@ public:
     OSStatus Begin();
 
     // Identity.
-    ObjectIdentifier Identifier() const { return mIdentifier; }
+    ObjectId Identifier() const { return mIdentifier; }
     WindowRef Reference() const;
     EventTargetRef Target() const { return mTarget; }
     bool IsGone() const { return mIsGone; }
@@ -112,7 +112,7 @@ private:
     void Close();
     void PlaceContent(const Rect& theContent);
 
-    ObjectIdentifier mIdentifier = NewObjectIdentifier();
+    ObjectId mIdentifier = NewObjectId();
     const WindowTraits& mTraits;
     WindowAttributes mAttributes;
     EventTargetRef mTarget = nullptr;
@@ -132,7 +132,10 @@ private:
 // The part of a window at a global point that lies in its structure.
 WindowPartCode PartAt(const Window& theWindow, Point thePoint);
 
-// The order of windows, frontmost first, and who is active in it.
+// The order of windows, frontmost first, and who is active in it. A new window stands in front of its layer; a
+// closed one leaves the order.
+void AddToOrder(const SharedWindow& theWindow);
+void RemoveFromOrder(const SharedWindow& theWindow);
 void PutInFront(const SharedWindow& theWindow);
 void PutBehind(const SharedWindow& theWindow, const SharedWindow& theFront); // null: to the back of its layer
 int PlaceInOrder(const Window& theWindow);

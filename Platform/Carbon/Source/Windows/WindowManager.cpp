@@ -5,36 +5,10 @@
 #include "Base/Geometry.h"
 #include "Base/Guarded.h"
 #include "KeyboardFocus.h"
-#include "WindowTable.h"
+#include "Window.h"
 
 #include <algorithm>
 #include <Presentation/PresenterRegistry.h>
-
-namespace Host {
-
-HandleTable<WindowRef, Window>& WindowTable()
-{
-    static auto& theTable = *new HandleTable<WindowRef, Window>;
-    return theTable;
-}
-
-SharedWindow FindWindow(WindowRef theReference)
-{
-    return WindowTable().Find(theReference);
-}
-
-SharedWindow FindWindow(ObjectIdentifier theIdentifier)
-{
-    return WindowTable().FindIdentifier(theIdentifier);
-}
-
-ObjectIdentifier IdentifierOf(WindowRef theReference)
-{
-    const SharedWindow theWindow = FindWindow(theReference);
-    return theWindow == nullptr ? 0 : theWindow->Identifier();
-}
-
-} // namespace Host
 
 using namespace Host;
 

@@ -3,9 +3,10 @@
 // The order of windows from front to back, and which of them are active.
 
 #include "Base/Geometry.h"
+#include "Common/NeverDestroyed.h"
 #include "Events/OutgoingEvent.h"
 #include "KeyboardFocus.h"
-#include "WindowTable.h"
+#include "Window.h"
 
 #include <algorithm>
 
@@ -17,8 +18,8 @@ using Windows = std::vector<SharedWindow>;
 
 Windows& Order()
 {
-    static auto& theOrder = *new Windows;
-    return theOrder;
+    static NeverDestroyed<Windows> sOrder;
+    return sOrder.Get();
 }
 
 size_t FindInOrder(const Window& theWindow)

@@ -3,7 +3,7 @@
 #ifndef Windows_Windows_h
 #define Windows_Windows_h
 
-#include "Base/HandleTable.h"
+#include "Base/ObjectIds.h"
 #include "Controls.h"
 
 #include <Carbon/Carbon.h>
@@ -19,10 +19,10 @@ using SharedWindow = std::shared_ptr<Window>;
 
 // The window behind a reference, or null for null, disposed and foreign references.
 SharedWindow FindWindow(WindowRef theReference);
-SharedWindow FindWindow(ObjectIdentifier theIdentifier);
+SharedWindow FindWindow(ObjectId theIdentifier);
 
 // The identifier of a window; 0 for null, disposed and foreign references.
-HOST_PUBLIC ObjectIdentifier IdentifierOf(WindowRef theReference);
+HOST_PUBLIC ObjectId IdentifierOf(WindowRef theReference);
 
 // Every window, frontmost first, hidden ones included.
 const std::vector<SharedWindow>& AllWindows();

@@ -57,7 +57,6 @@ class HOST_PUBLIC ControlAddress
 {
 public:
     // On purpose not explicit: an address stands for the control in every action.
-    // NOLINTNEXTLINE(google-explicit-constructor)
     ControlAddress(ControlRef theControl);
     ControlAddress(WindowRef theWindow, ControlID theID);
 

@@ -1,13 +1,13 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-#include "HandleTable.h"
+#include "ObjectIds.h"
 
 namespace Host {
 
-ObjectIdentifier NewObjectIdentifier()
+ObjectId NewObjectId()
 {
-    static ObjectIdentifier theLast = 0;
-    return ++theLast;
+    static ObjectId sLast = kNoObject;
+    return ++sLast;
 }
 
 } // namespace Host

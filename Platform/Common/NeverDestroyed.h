@@ -1,7 +1,7 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-#ifndef Base_NeverDestroyed_h
-#define Base_NeverDestroyed_h
+#ifndef Common_NeverDestroyed_h
+#define Common_NeverDestroyed_h
 
 #include <new>
 
