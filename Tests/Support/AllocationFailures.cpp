@@ -73,7 +73,6 @@ const char* __lsan_default_options()
     return "print_suppressions=0";
 }
 
-// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the C library's headers name them __size.
 void* malloc(size_t theSize)
 {
     if (FailsNow()) {
@@ -99,7 +98,6 @@ void* realloc(void* theBlock, size_t theSize)
     return __interceptor_realloc != nullptr ? __interceptor_realloc(theBlock, theSize)
                                             : __libc_realloc(theBlock, theSize);
 }
-// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 }
 
 // Both halves of the operators are replaced, because an allocation checker wants them to match.

@@ -5,11 +5,7 @@
 #include "AllocationFailures.h"
 #include "EventTestSupport.h"
 
-#include <gtest/gtest.h>
-
 namespace {
-
-const EventParamName kName = 'name';
 
 OSStatus CountCall(EventHandlerCallRef, EventRef, void* theData)
 {

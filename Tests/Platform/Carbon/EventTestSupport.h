@@ -4,7 +4,10 @@
 #define EventTestSupport_h
 
 #include <Carbon/Carbon.h>
+#include <cmath>
 #include <functional>
+#include <gtest/gtest.h>
+#include <Simulation/VirtualClock.h>
 #include <string>
 #include <vector>
 
@@ -20,8 +23,33 @@ const EventTypeSpec kOtherTestEvent = {kTestClass, 2};
 template <class Reference>
 Reference InventedReference()
 {
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): the point is that it refers to nothing.
     return reinterpret_cast<Reference>(0x12345678);
+}
+
+// A string that is no constant: its count can be looked at.
+inline CFMutableStringRef NewMutableString(const char* theText)
+{
+    CFMutableStringRef theString = CFStringCreateMutable(nullptr, 0);
+    CFStringAppendCString(theString, theText, kCFStringEncodingUTF8);
+    return theString;
+}
+
+// A parameter of an event, or zero.
+template <class Type>
+Type Parameter(EventRef theEvent, EventParamName theName, EventParamType theType)
+{
+    Type theValue = {};
+    GetEventParameter(theEvent, theName, theType, nullptr, sizeof theValue, nullptr, &theValue);
+    return theValue;
+}
+
+// The parameter that tests set and read.
+const EventParamName kName = 'name';
+
+template <class Type>
+OSStatus Read(EventRef theEvent, EventParamType theType, Type* theValue)
+{
+    return GetEventParameter(theEvent, kName, theType, nullptr, sizeof *theValue, nullptr, theValue);
 }
 
 // An event, released at the end.
@@ -93,6 +121,108 @@ private:
     Log& mLog;
     Action mAction;
     EventHandlerRef mReference = nullptr;
+    OSStatus mStatus = noErr;
+};
+
+// What a handler does that only answers.
+inline TestHandler::Action Answer(OSStatus theStatus)
+{
+    return [theStatus](EventHandlerCallRef, EventRef) { return theStatus; };
+}
+
+// A window with a group box that holds a button: button, box, root of the window, window, application.
+class EventTargetTest : public testing::Test
+{
+protected:
+    EventTargetTest()
+    {
+        const Rect theBounds = {100, 100, 300, 400};
+        const Rect theBoxBounds = {10, 10, 100, 200};
+        const Rect theButtonBounds = {30, 30, 50, 100};
+        CreateNewWindow(kDocumentWindowClass, kWindowStandardDocumentAttributes, &theBounds, &mWindow);
+        CreateGroupBoxControl(mWindow, &theBoxBounds, CFSTR("Box"), true, &mBox);
+        CreatePushButtonControl(mWindow, &theButtonBounds, CFSTR("Button"), &mButton);
+        EmbedControl(mButton, mBox);
+    }
+    ~EventTargetTest() override
+    {
+        if (mWindow != nullptr) {
+            DisposeWindow(mWindow);
+        }
+    }
+
+    EventTargetRef Button() const { return GetControlEventTarget(mButton); }
+    EventTargetRef Box() const { return GetControlEventTarget(mBox); }
+    EventTargetRef Window() const { return GetWindowEventTarget(mWindow); }
+
+    static EventTargetRef Application() { return GetApplicationEventTarget(); }
+
+    static OSStatus Send(EventTargetRef theTarget, OptionBits theOptions = 0)
+    {
+        const TestEvent theEvent;
+        return SendEventToEventTargetWithOptions(theEvent.Get(), theTarget, theOptions);
+    }
+
+    Log mLog;
+    WindowRef mWindow = nullptr;
+    ControlRef mBox = nullptr;
+    ControlRef mButton = nullptr;
+};
+
+// The loop under a clock that stands still unless it is waited for.
+class EventLoopTest : public testing::Test
+{
+protected:
+    EventLoopTest() { FlushEventQueue(GetMainEventQueue()); }
+    ~EventLoopTest() override { FlushEventQueue(GetMainEventQueue()); }
+
+    static EventRef Post(UInt32 theKind)
+    {
+        const TestEvent theEvent(theKind);
+        PostEventToQueue(GetMainEventQueue(), theEvent.Get(), kEventPriorityStandard);
+        return theEvent.Get();
+    }
+
+    Host::VirtualClock mClock{1000};
+    Log mLog;
+};
+
+// A timer that notes the time since the start of the test, then does what the test wants. It is removed at
+// the end.
+class TestTimer
+{
+public:
+    using Action = std::function<void()>;
+
+    TestTimer(EventTimerInterval theDelay, EventTimerInterval theInterval, Action theAction)
+        : mAction(std::move(theAction))
+    {
+        mStatus = InstallEventLoopTimer(GetMainEventLoop(), theDelay, theInterval, Fire, this, &mReference);
+    }
+    TestTimer(EventTimerInterval theDelay, EventTimerInterval theInterval, const std::string& theName,
+              Log& theLog)
+        : TestTimer(theDelay, theInterval, [theName, &theLog] {
+              theLog.push_back(theName + " " + std::to_string(std::lround(GetCurrentEventTime() - 1000)));
+          })
+    {
+    }
+    ~TestTimer() { RemoveEventLoopTimer(mReference); }
+    TestTimer(const TestTimer&) = delete;
+    TestTimer& operator=(const TestTimer&) = delete;
+
+    OSStatus Status() const { return mStatus; }
+    EventLoopTimerRef Get() const { return mReference; }
+
+private:
+    static void Fire(EventLoopTimerRef theTimer, void* theUserData)
+    {
+        auto* theSelf = static_cast<TestTimer*>(theUserData);
+        EXPECT_EQ(theTimer, theSelf->mReference);
+        theSelf->mAction();
+    }
+
+    Action mAction;
+    EventLoopTimerRef mReference = nullptr;
     OSStatus mStatus = noErr;
 };
 

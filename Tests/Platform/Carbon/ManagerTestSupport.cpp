@@ -351,3 +351,184 @@ std::string ManagerTest::TextIn(ControlRef theControl) const
     }
     return theText;
 }
+
+const std::vector<KindRow>& EveryKind()
+{
+    static const std::vector<KindRow> kKinds = {
+        {"PushButton", kControlKindPushButton,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreatePushButtonControl(theWindow, theBounds, CFSTR("Title"), theControl);
+         },
+         0, 1, true},
+        {"CheckBox", kControlKindCheckBox,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateCheckBoxControl(theWindow, theBounds, CFSTR("Title"), 0, true, theControl);
+         },
+         0, 2, true},
+        {"RadioButton", kControlKindRadioButton,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateRadioButtonControl(theWindow, theBounds, CFSTR("Title"), 0, true, theControl);
+         },
+         0, 2, true},
+        {"Slider", kControlKindSlider,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateSliderControl(theWindow, theBounds, 0, 0, 10, kControlSliderDoesNotPoint, 0, false,
+                                        nullptr, theControl);
+         },
+         0, 10, false},
+        {"ScrollBar", kControlKindScrollBar,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateScrollBarControl(theWindow, theBounds, 0, 0, 100, 10, false, nullptr, theControl);
+         },
+         0, 100, true},
+        {"ProgressBar", kControlKindProgressBar,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateProgressBarControl(theWindow, theBounds, 0, 0, 100, false, theControl);
+         },
+         0, 100, false},
+        {"LittleArrows", kControlKindLittleArrows,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateLittleArrowsControl(theWindow, theBounds, 0, 0, 9, 3, theControl);
+         },
+         0, 9, false},
+        {"StaticText", kControlKindStaticText,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateStaticTextControl(theWindow, theBounds, CFSTR("Text"), nullptr, theControl);
+         },
+         0, 0, true},
+        {"EditText", kControlKindEditText,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateEditTextControl(theWindow, theBounds, CFSTR("Text"), false, false, nullptr,
+                                          theControl);
+         },
+         0, 0, true},
+        {"EditUnicodeText", kControlKindEditUnicodeText,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateEditUnicodeTextControl(theWindow, theBounds, CFSTR("Text"), false, nullptr,
+                                                 theControl);
+         },
+         0, 0, true},
+        {"GroupBox", kControlKindGroupBox,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateGroupBoxControl(theWindow, theBounds, CFSTR("Title"), true, theControl);
+         },
+         0, 0, false},
+    };
+    return kKinds;
+}
+
+const Rect EveryControl::kBounds = {20, 10, 40, 110};
+
+ControlRef EveryControl::Make()
+{
+    ControlRef theControl = nullptr;
+    EXPECT_EQ(GetParam().theMaker(mWindow, &kBounds, &theControl), noErr);
+    return theControl;
+}
+
+const std::vector<EventTypeSpec> kWithoutHilite = {{kEventClassControl, kEventControlValueFieldChanged},
+                                                   {kEventClassControl, kEventControlHit},
+                                                   {kEventClassCommand, kEventCommandProcess}};
+
+bool ControlKindTest::Flag(ControlRef theControl, ResType theTag)
+{
+    Boolean theFlag = 2;
+    Size theSize = 0;
+    EXPECT_EQ(GetControlData(theControl, 0, theTag, sizeof theFlag, &theFlag, &theSize), noErr);
+    EXPECT_EQ(theSize, 1);
+    return theFlag != 0;
+}
+
+void ControlKindTest::CheckFlag(ControlRef theControl, ResType theTag, bool theStart)
+{
+    EXPECT_EQ(Flag(theControl, theTag), theStart);
+    const Boolean theOther = !theStart;
+    EXPECT_EQ(SetControlData(theControl, 0, theTag, sizeof theOther, &theOther), noErr);
+    EXPECT_EQ(Flag(theControl, theTag), !theStart);
+    EXPECT_EQ(SetControlData(theControl, 0, theTag, 2, "ab"), errDataSizeMismatch);
+    Boolean theFlag = 0;
+    EXPECT_EQ(GetControlData(theControl, 0, theTag, 0, &theFlag, nullptr), errDataSizeMismatch);
+}
+
+std::vector<int>& ControlKindTest::Actions()
+{
+    static std::vector<int> theActions;
+    return theActions;
+}
+
+void ControlKindTest::NoteAction(ControlRef, ControlPartCode thePart)
+{
+    Actions().push_back(thePart);
+}
+
+ControlRef ControlKindTest::NewLittleArrows(ControlActionUPP theAction)
+{
+    const Rect theBounds = MakeRect(300, 210, 313, 234);
+    ControlRef theControl = nullptr;
+    EXPECT_EQ(CreateLittleArrowsControl(mWindow, &theBounds, 5, 0, 9, 3, &theControl), noErr);
+    SetControlAction(theControl, theAction);
+    return theControl;
+}
+
+ControlRef ControlKindTest::NewFieldAt(int theLeft, int theTop, const char* theText)
+{
+    const Rect theBounds = MakeRect(theLeft, theTop, theLeft + 50, theTop + 16);
+    ControlRef theField = nullptr;
+    CreateEditUnicodeTextControl(mWindow, &theBounds, TestString(theText), false, nullptr, &theField);
+    return theField;
+}
+
+ControlRef ControlKindTest::Focus() const
+{
+    ControlRef theControl = InventedReference<ControlRef>();
+    EXPECT_EQ(GetKeyboardFocus(mWindow, &theControl), noErr);
+    return theControl;
+}
+
+OSErr ControlKindTest::SetFocus(ControlRef theControl)
+{
+    return SetKeyboardFocus(mWindow, theControl, kControlEditTextPart);
+}
+
+void ControlKindTest::Select(ControlRef theField, SInt16 theStart, SInt16 theEnd)
+{
+    const ControlEditTextSelectionRec theSelection = {theStart, theEnd};
+    SetControlData(theField, 0, kControlEditTextSelectionTag, sizeof theSelection, &theSelection);
+}
+
+std::string ControlKindTest::Selection(ControlRef theField)
+{
+    ControlEditTextSelectionRec theSelection = {};
+    GetControlData(theField, 0, kControlEditTextSelectionTag, sizeof theSelection, &theSelection, nullptr);
+    return std::to_string(theSelection.selStart) + "-" + std::to_string(theSelection.selEnd);
+}
+
+Rect WindowTest::Bounds(WindowRef theWindow, WindowRegionCode theRegion)
+{
+    Rect theBounds = MakeRect(0, 0, 0, 0);
+    EXPECT_EQ(GetWindowBounds(theWindow, theRegion, &theBounds), noErr);
+    return theBounds;
+}
+
+std::string WindowTest::Content(WindowRef theWindow)
+{
+    return Describe(Bounds(theWindow, kWindowContentRgn));
+}
+
+std::string WindowTest::Title(WindowRef theWindow)
+{
+    CFStringRef theTitle = nullptr;
+    EXPECT_EQ(CopyWindowTitleAsCFString(theWindow, &theTitle), noErr);
+    std::string theText = TextOf(theTitle);
+    CFRelease(theTitle);
+    return theText;
+}
+
+WindowTest::Windows WindowTest::Order()
+{
+    Windows theWindows;
+    for (WindowRef theWindow = GetWindowList(); theWindow != nullptr; theWindow = GetNextWindow(theWindow)) {
+        theWindows.push_back(theWindow);
+    }
+    return theWindows;
+}

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 #include <memory>
+#include <Presentation/PresenterRegistry.h>
 
 // Notes the events that arrive at a target as "name: event", and lets the test answer them:
 //
@@ -42,15 +43,6 @@ private:
 
 // The name of an event's class and kind, or the numbers of one that is not known here.
 std::string NameOf(EventRef theEvent);
-
-// A parameter of an event, or zero.
-template <class Type>
-Type Parameter(EventRef theEvent, EventParamName theName, EventParamType theType)
-{
-    Type theValue = {};
-    GetEventParameter(theEvent, theName, theType, nullptr, sizeof theValue, nullptr, &theValue);
-    return theValue;
-}
 
 std::string TextOf(CFStringRef theString);
 std::string Describe(const Rect& theRect); // "left, top, right, bottom"
@@ -116,6 +108,78 @@ protected:
 
 private:
     std::vector<std::unique_ptr<EventWatch>> mWatches;
+};
+
+// A kind of control that can be made.
+struct KindRow
+{
+    const char* theName;
+    OSType theKind;
+    OSStatus (*theMaker)(WindowRef theWindow, const Rect* theBounds, ControlRef* theControl);
+    SInt32 theMinimum;
+    SInt32 theMaximum;
+    bool theWindowMayBeNull;
+};
+
+// Every one, for parameters of tests.
+const std::vector<KindRow>& EveryKind();
+
+// A control of every kind in turn.
+class EveryControl : public ManagerTest, public testing::WithParamInterface<KindRow>
+{
+protected:
+    static const Rect kBounds;
+
+    ControlRef Make();
+};
+
+// What changes and hits of controls send, without the hilite on the way.
+extern const std::vector<EventTypeSpec> kWithoutHilite;
+
+// What tests of single kinds of controls have in common: data that are flags, actions, fields and the focus.
+class ControlKindTest : public ManagerTest
+{
+protected:
+    ControlKindTest() { Actions().clear(); }
+
+    // Reads a flag, turns it over and tries wrong sizes.
+    static void CheckFlag(ControlRef theControl, ResType theTag, bool theStart);
+
+    // The parts that action procedures were called with.
+    static std::vector<int>& Actions();
+    static void NoteAction(ControlRef theControl, ControlPartCode thePart);
+
+    ControlRef NewLittleArrows(ControlActionUPP theAction = nullptr);
+
+    // An edit text at a place of its own.
+    ControlRef NewFieldAt(int theLeft, int theTop, const char* theText = "");
+
+    ControlRef Focus() const;
+    OSErr SetFocus(ControlRef theControl);
+    static void Select(ControlRef theField, SInt16 theStart, SInt16 theEnd);
+    static std::string Selection(ControlRef theField);
+
+private:
+    static bool Flag(ControlRef theControl, ResType theTag);
+};
+
+// What tests of windows have in common.
+class WindowTest : public ManagerTest
+{
+protected:
+    using Windows = std::vector<WindowRef>;
+
+    static const WindowAttributes kStandard =
+        kWindowStandardDocumentAttributes | kWindowStandardHandlerAttribute;
+
+    static Rect Bounds(WindowRef theWindow, WindowRegionCode theRegion);
+    static std::string Content(WindowRef theWindow);
+    static std::string Title(WindowRef theWindow);
+
+    // Every window, front to back.
+    static Windows Order();
+
+    static Host::PresenterEvents& Person() { return Host::PresenterRegistry::Events(); }
 };
 
 #endif

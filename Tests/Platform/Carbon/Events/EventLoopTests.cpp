@@ -1,77 +1,20 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// The loop and its timers, under a clock that stands still unless it is waited for.
+// The loop, under a clock that stands still unless it is waited for.
 
 #include "EventTestSupport.h"
 #include "StandardErrorCapture.h"
 
-#include <cmath>
 #include <condition_variable>
-#include <gtest/gtest.h>
 #include <memory>
 #include <mutex>
 #include <Presentation/Presenter.h>
 #include <Presentation/PresenterRegistry.h>
-#include <Simulation/VirtualClock.h>
 #include <thread>
 
 namespace {
 
-class EventLoop : public testing::Test
-{
-protected:
-    EventLoop() { FlushEventQueue(GetMainEventQueue()); }
-    ~EventLoop() override { FlushEventQueue(GetMainEventQueue()); }
-
-    static EventRef Post(UInt32 theKind)
-    {
-        const TestEvent theEvent(theKind);
-        PostEventToQueue(GetMainEventQueue(), theEvent.Get(), kEventPriorityStandard);
-        return theEvent.Get();
-    }
-
-    Host::VirtualClock mClock{1000};
-    Log mLog;
-};
-
-// A timer that notes the time since the start of the test, then does what the test wants. It is removed at
-// the end.
-class TestTimer
-{
-public:
-    using Action = std::function<void()>;
-
-    TestTimer(EventTimerInterval theDelay, EventTimerInterval theInterval, Action theAction)
-        : mAction(std::move(theAction))
-    {
-        mStatus = InstallEventLoopTimer(GetMainEventLoop(), theDelay, theInterval, Fire, this, &mReference);
-    }
-    TestTimer(EventTimerInterval theDelay, EventTimerInterval theInterval, const std::string& theName,
-              Log& theLog)
-        : TestTimer(theDelay, theInterval, [theName, &theLog] {
-              theLog.push_back(theName + " " + std::to_string(std::lround(GetCurrentEventTime() - 1000)));
-          })
-    {
-    }
-    ~TestTimer() { RemoveEventLoopTimer(mReference); }
-    TestTimer(const TestTimer&) = delete;
-    TestTimer& operator=(const TestTimer&) = delete;
-
-    OSStatus Status() const { return mStatus; }
-    EventLoopTimerRef Get() const { return mReference; }
-
-private:
-    static void Fire(EventLoopTimerRef theTimer, void* theUserData)
-    {
-        auto* theSelf = static_cast<TestTimer*>(theUserData);
-        EXPECT_EQ(theTimer, theSelf->mReference);
-        theSelf->mAction();
-    }
-
-    Action mAction;
-    EventLoopTimerRef mReference = nullptr;
-    OSStatus mStatus = noErr;
-};
+using EventLoop = EventLoopTest;
 
 } // namespace
 
@@ -201,146 +144,6 @@ TEST_F(EventLoop, TimersStillRunWhenThereIsNoTimeToWait)
     EXPECT_EQ(mLog, Log{"fired 0"});
 }
 
-// --- Timers -----------------------------------------------------------------------------------------
-
-TEST_F(EventLoop, ATimerFiresAfterItsDelayAndThenInItsInterval)
-{
-    const TestTimer theTimer(2, 3, "fired", mLog);
-    RunCurrentEventLoop(10);
-    EXPECT_EQ(mLog, (Log{"fired 2", "fired 5", "fired 8"}));
-}
-
-TEST_F(EventLoop, ATimerWithoutAnIntervalFiresOnce)
-{
-    const TestTimer theZero(2, 0, "zero", mLog);
-    const TestTimer theForever(3, kEventDurationForever, "forever", mLog);
-    RunCurrentEventLoop(20);
-    EXPECT_EQ(mLog, (Log{"zero 2", "forever 3"}));
-}
-
-TEST_F(EventLoop, ATimerDelayedForEverWaitsUntilItIsSet)
-{
-    const TestTimer theTimer(kEventDurationForever, 4, "fired", mLog);
-    RunCurrentEventLoop(10);
-    EXPECT_TRUE(mLog.empty());
-    EXPECT_EQ(SetEventLoopTimerNextFireTime(theTimer.Get(), 1), noErr);
-    RunCurrentEventLoop(7);
-    EXPECT_EQ(mLog, (Log{"fired 11", "fired 15"}));
-}
-
-TEST_F(EventLoop, SettingTheNextTimeMovesTheRhythm)
-{
-    const TestTimer theTimer(1, 5, "fired", mLog);
-    RunCurrentEventLoop(2);
-    SetEventLoopTimerNextFireTime(theTimer.Get(), 1);
-    RunCurrentEventLoop(7);
-    EXPECT_EQ(mLog, (Log{"fired 1", "fired 3", "fired 8"}));
-    SetEventLoopTimerNextFireTime(theTimer.Get(), kEventDurationForever);
-    RunCurrentEventLoop(20);
-    EXPECT_EQ(mLog.size(), 3u);
-}
-
-TEST_F(EventLoop, TimersFireInTheOrderOfTheirTimes)
-{
-    const TestTimer theLate(3, 0, "late", mLog);
-    const TestTimer theEarly(1, 0, "early", mLog);
-    const TestTimer theTwin(3, 0, "twin", mLog);
-    mClock.Advance(5);
-    RunCurrentEventLoop(0);
-    EXPECT_EQ(mLog, (Log{"early 5", "late 5", "twin 5"}));
-}
-
-TEST_F(EventLoop, MissedTimesAreNotMadeUpFor)
-{
-    const TestTimer theTimer(1, 2, "fired", mLog);
-    mClock.Advance(6);
-    RunCurrentEventLoop(4);
-    EXPECT_EQ(mLog, (Log{"fired 6", "fired 7", "fired 9"}));
-}
-
-TEST_F(EventLoop, ATimerMayRemoveItselfAndOthers)
-{
-    std::unique_ptr<TestTimer> theFirst;
-    const std::unique_ptr<TestTimer> theSecond = std::make_unique<TestTimer>(2, 0, "second", mLog);
-    theFirst = std::make_unique<TestTimer>(1, 1, [&] {
-        mLog.push_back("first");
-        EXPECT_EQ(RemoveEventLoopTimer(theFirst->Get()), noErr);
-        EXPECT_EQ(RemoveEventLoopTimer(theSecond->Get()), noErr);
-    });
-    mClock.Advance(5);
-    RunCurrentEventLoop(5);
-    EXPECT_EQ(mLog, Log{"first"});
-    EXPECT_EQ(RemoveEventLoopTimer(theFirst->Get()), paramErr);
-}
-
-TEST_F(EventLoop, ATimerMaySetItsOwnNextTime)
-{
-    std::unique_ptr<TestTimer> theTimer;
-    theTimer = std::make_unique<TestTimer>(1, 0, [&] {
-        mLog.push_back(std::to_string(std::lround(mClock.Now() - 1000)));
-        SetEventLoopTimerNextFireTime(theTimer->Get(), mClock.Now() < 1005 ? 4 : kEventDurationForever);
-    });
-    RunCurrentEventLoop(20);
-    EXPECT_EQ(mLog, (Log{"1", "5"}));
-}
-
-TEST_F(EventLoop, ATimerStartedByATimerWaitsForItsTurn)
-{
-    std::unique_ptr<TestTimer> theNew;
-    const TestTimer theOld(1, 0, [&] {
-        mLog.push_back("old");
-        theNew = std::make_unique<TestTimer>(0, 0, "new", mLog);
-    });
-    RunCurrentEventLoop(1);
-    RunCurrentEventLoop(0);
-    EXPECT_EQ(mLog, (Log{"old", "new 1"}));
-}
-
-TEST_F(EventLoop, ATimerDoesNotFireWhileItsFunctionRuns)
-{
-    const TestTimer theOther(2, 0, "other", mLog);
-    const TestTimer theTimer(1, 1, [&] {
-        mLog.push_back("begin");
-        RunCurrentEventLoop(3);
-        mLog.push_back("end");
-        QuitEventLoop(GetMainEventLoop());
-    });
-    EXPECT_EQ(RunCurrentEventLoop(10), eventLoopQuitErr);
-    EXPECT_EQ(mLog, (Log{"begin", "other 2", "end"}));
-}
-
-TEST_F(EventLoop, ATinyIntervalDoesNotStopTheTime)
-{
-    int theCount = 0;
-    const TestTimer theTimer(0, 1e-300, [&] { ++theCount; });
-    EXPECT_EQ(RunCurrentEventLoop(1e-4), eventLoopTimedOutErr);
-    EXPECT_GT(theCount, 50);
-    EXPECT_LT(theCount, 150);
-}
-
-TEST_F(EventLoop, BadArgumentsOfTimersAreRefused)
-{
-    const EventLoopTimerUPP theFunction = [](EventLoopTimerRef, void*) {};
-    EventLoopTimerRef theTimer = nullptr;
-    EXPECT_EQ(InstallEventLoopTimer(nullptr, 0, 0, theFunction, nullptr, &theTimer), paramErr);
-    EXPECT_EQ(InstallEventLoopTimer(GetMainEventLoop(), 0, 0, nullptr, nullptr, &theTimer), paramErr);
-    EXPECT_EQ(InstallEventLoopTimer(GetMainEventLoop(), 0, 0, theFunction, nullptr, nullptr), paramErr);
-    EXPECT_EQ(InstallEventLoopTimer(GetMainEventLoop(), std::nan(""), 0, theFunction, nullptr, &theTimer),
-              paramErr);
-    EXPECT_EQ(InstallEventLoopTimer(GetMainEventLoop(), 0, std::nan(""), theFunction, nullptr, &theTimer),
-              paramErr);
-    EXPECT_EQ(theTimer, nullptr);
-    for (const EventLoopTimerRef theBad :
-         {EventLoopTimerRef(nullptr), InventedReference<EventLoopTimerRef>()}) {
-        EXPECT_EQ(RemoveEventLoopTimer(theBad), paramErr);
-        EXPECT_EQ(SetEventLoopTimerNextFireTime(theBad, 1), paramErr);
-    }
-    const TestTimer theGood(1, 0, "fired", mLog);
-    EXPECT_EQ(SetEventLoopTimerNextFireTime(theGood.Get(), std::nan("")), paramErr);
-    EXPECT_EQ(NewEventLoopTimerUPP(theFunction), theFunction);
-    DisposeEventLoopTimerUPP(theFunction);
-}
-
 // --- The application's loop -------------------------------------------------------------------------
 
 TEST_F(EventLoop, TheApplicationsLoopSendsPostedEventsOnUntilItQuits)
@@ -445,7 +248,7 @@ private:
     std::function<void()> mAction;
 };
 
-class PresenterTurn : public EventLoop
+class PresenterTurn : public EventLoopTest
 {
 protected:
     void Use(std::function<void()> theAction)
@@ -543,29 +346,4 @@ TEST(SystemEventLoop, APresenterThatWaitsIsWokenByAnotherThread)
               noErr);
     ReleaseEvent(theEvent);
     Host::PresenterRegistry::Use(std::make_unique<Host::Presenter>());
-}
-
-// --- Other threads, and the machine's clock ---------------------------------------------------------
-
-TEST(SystemEventLoop, AnEventPostedByAnotherThreadEndsTheWait)
-{
-    FlushEventQueue(GetMainEventQueue());
-    std::thread thePoster([] {
-        const TestEvent theEvent(1);
-        PostEventToQueue(GetMainEventQueue(), theEvent.Get(), kEventPriorityStandard);
-    });
-    EventRef theEvent = nullptr;
-    EXPECT_EQ(ReceiveNextEvent(1, &kTestEvent, kEventDurationForever, kEventRemoveFromQueue, &theEvent),
-              noErr);
-    thePoster.join();
-    EXPECT_EQ(GetEventRetainCount(theEvent), 1u);
-    ReleaseEvent(theEvent);
-}
-
-TEST(SystemEventLoop, AShortWaitEndsByItself)
-{
-    FlushEventQueue(GetMainEventQueue());
-    EventRef theEvent = nullptr;
-    EXPECT_EQ(ReceiveNextEvent(1, &kTestEvent, kEventDurationMillisecond, kEventRemoveFromQueue, &theEvent),
-              eventLoopTimedOutErr);
 }

@@ -1,6 +1,6 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// Controls in controls and windows: embedding, order, owners and disposal.
+// Controls in controls and windows: embedding, order, owners, identifiers and disposal.
 
 #include "ManagerTestSupport.h"
 
@@ -422,4 +422,69 @@ TEST_F(ControlHierarchy, AThousandDeepIsNoTrouble)
     EXPECT_FALSE(IsControlEnabled(theOuter));
     DisposeControl(theFirst);
     EXPECT_FALSE(IsValidControlHandle(theOuter));
+}
+
+// --- Identity ----------------------------------------------------------------------------------------
+
+TEST_F(ControlHierarchy, IsFoundByTheIdentifierThatWasSet)
+{
+    ControlRef theBox = NewGroupBox();
+    ControlRef theSlider = NewSlider();
+    EmbedControl(theSlider, theBox);
+    const ControlID theID = {'Lmte', 7};
+    EXPECT_EQ(SetControlID(theSlider, &theID), noErr);
+    ControlRef theFound = nullptr;
+    EXPECT_EQ(GetControlByID(mWindow, &theID, &theFound), noErr);
+    EXPECT_EQ(theFound, theSlider);
+    ControlID theRead = {0, 0};
+    EXPECT_EQ(GetControlID(theSlider, &theRead), noErr);
+    EXPECT_EQ(OSType{theRead.signature}, OSType{'Lmte'});
+    EXPECT_EQ(SInt32{theRead.id}, 7);
+}
+
+TEST_F(ControlHierarchy, AnIdentifierThatNobodyHasGivesNullAndAStatus)
+{
+    NewSlider();
+    const ControlID theIDs[] = {{'Lmte', 7}, {0, 0}};
+    for (const ControlID& theID : theIDs) {
+        ControlRef theFound = InventedReference<ControlRef>();
+        EXPECT_EQ(GetControlByID(mWindow, &theID, &theFound), errUnknownControl);
+        EXPECT_EQ(theFound, nullptr);
+    }
+    ControlRef theFound = InventedReference<ControlRef>();
+    WindowRef theEmptyWindow = NewWindow();
+    EXPECT_EQ(GetControlByID(theEmptyWindow, &theIDs[0], &theFound), errUnknownControl);
+    EXPECT_EQ(GetControlByID(nullptr, &theIDs[0], &theFound), errInvalidWindowRef);
+    EXPECT_EQ(theFound, nullptr);
+    EXPECT_EQ(GetControlByID(mWindow, nullptr, &theFound), paramErr);
+    EXPECT_EQ(GetControlByID(mWindow, &theIDs[0], nullptr), paramErr);
+}
+
+TEST_F(ControlHierarchy, OfTwoWithOneIdentifierTheOneBehindIsFound)
+{
+    ControlRef theFirst = NewSlider();
+    ControlRef theSecond = NewSlider();
+    const ControlID theID = {'Lmte', 0};
+    SetControlID(theSecond, &theID);
+    SetControlID(theFirst, &theID);
+    ControlRef theFound = nullptr;
+    GetControlByID(mWindow, &theID, &theFound);
+    EXPECT_EQ(theFound, theFirst);
+    DisposeControl(theFirst);
+    GetControlByID(mWindow, &theID, &theFound);
+    EXPECT_EQ(theFound, theSecond);
+}
+
+// --- Bad references ----------------------------------------------------------------------------------
+
+TEST_F(ControlHierarchy, AReferenceIsNeverGivenOutAgain)
+{
+    ControlRef theFirst = NewSlider();
+    DisposeControl(theFirst);
+    for (int theCount = 0; theCount < 100; ++theCount) {
+        ControlRef theNext = NewSlider();
+        EXPECT_NE(theNext, theFirst);
+        DisposeControl(theNext);
+    }
+    EXPECT_FALSE(IsValidControlHandle(theFirst));
 }

@@ -4,64 +4,19 @@
 
 #include "ManagerTestSupport.h"
 
-#include <Presentation/PresenterRegistry.h>
 #include <Windows/Controls.h>
 
 namespace {
 
-class KeyboardFocus : public ManagerTest
+class KeyboardFocus : public ControlKindTest
 {
 protected:
     ~KeyboardFocus() override { Host::SetFullKeyboardAccess(false); }
-
-    ControlRef Focus() const
-    {
-        ControlRef theControl = InventedReference<ControlRef>();
-        EXPECT_EQ(GetKeyboardFocus(mWindow, &theControl), noErr);
-        return theControl;
-    }
-
-    OSErr SetFocus(ControlRef theControl)
-    {
-        return SetKeyboardFocus(mWindow, theControl, kControlEditTextPart);
-    }
-
-    // An edit text at a place of its own.
-    ControlRef NewFieldAt(int theLeft, int theTop, const char* theText = "")
-    {
-        const Rect theBounds = MakeRect(theLeft, theTop, theLeft + 50, theTop + 16);
-        ControlRef theField = nullptr;
-        CreateEditUnicodeTextControl(mWindow, &theBounds, TestString(theText), false, nullptr, &theField);
-        return theField;
-    }
-
-    static bool Edit(ControlRef theField, const char* theText, int theStart, int theEnd)
-    {
-        return Host::PresenterRegistry::Events().TextEdited(
-            {Host::IdentifierOf(theField), theText, theStart, theEnd});
-    }
-
-    void Select(ControlRef theField, SInt16 theStart, SInt16 theEnd)
-    {
-        const ControlEditTextSelectionRec theSelection = {theStart, theEnd};
-        SetControlData(theField, 0, kControlEditTextSelectionTag, sizeof theSelection, &theSelection);
-    }
-
-    std::string Selection(ControlRef theField)
-    {
-        ControlEditTextSelectionRec theSelection = {};
-        GetControlData(theField, 0, kControlEditTextSelectionTag, sizeof theSelection, &theSelection,
-                       nullptr);
-        return std::to_string(theSelection.selStart) + "-" + std::to_string(theSelection.selEnd);
-    }
 };
 
 const std::vector<EventTypeSpec> kFocusEvents = {{kEventClassControl, kEventControlSetFocusPart},
                                                  {kEventClassControl, kEventControlFocusPartChanged},
                                                  {kEventClassTextField, kEventTextAccepted}};
-const std::vector<EventTypeSpec> kTextEvents = {{kEventClassTextField, kEventTextAccepted},
-                                                {kEventClassTextField, kEventTextShouldChangeInRange},
-                                                {kEventClassTextField, kEventTextDidChange}};
 
 } // namespace
 
@@ -339,216 +294,6 @@ TEST_F(KeyboardFocus, AKeyGoesThroughTheHandlersBeforeItDoesAnything)
     EXPECT_EQ(mLog.size(), 2u);
 }
 
-TEST_F(KeyboardFocus, TypingReplacesTheSelectionAndTellsBeforeAndAfter)
-{
-    ControlRef theField = NewEditText("hello");
-    Select(theField, 1, 4);
-    SetFocus(theField);
-    std::string theCandidate;
-    CFRange theRange = {0, 0};
-    Watch(theField, "field", kTextEvents, [&](EventRef theEvent) {
-        if (GetEventKind(theEvent) == kEventTextShouldChangeInRange) {
-            theCandidate =
-                TextOf(Parameter<CFStringRef>(theEvent, kEventParamCandidateText, typeCFStringRef));
-            theRange = Parameter<CFRange>(theEvent, kEventParamTextSelection, typeCFRange);
-            EXPECT_EQ(TextIn(theField), "hello");
-        }
-        return OSStatus{eventNotHandledErr};
-    });
-    Type("u");
-    EXPECT_EQ(TextIn(theField), "huo");
-    EXPECT_EQ(Selection(theField), "2-2");
-    EXPECT_EQ(theCandidate, "u");
-    EXPECT_EQ(theRange.location, 1);
-    EXPECT_EQ(theRange.length, 3);
-    EXPECT_EQ(TakeLog(), (Log{"field: TextShouldChangeInRange", "field: TextDidChange"}));
-}
-
-TEST_F(KeyboardFocus, TheOlderEditTextTypesInSilence)
-{
-    const Rect theBounds = MakeRect(10, 10, 100, 26);
-    ControlRef theField = nullptr;
-    CreateEditTextControl(mWindow, &theBounds, CFSTR(""), false, false, nullptr, &theField);
-    SetFocus(theField);
-    Watch(theField, "field", kTextEvents);
-    Type("ab");
-    EXPECT_EQ(TextIn(theField), "ab");
-    EXPECT_EQ(TakeLog(), Log{});
-}
-
-namespace {
-
-struct AnswerRow
-{
-    const char* theName;
-    OSStatus theAnswer;
-    const char* theReplacement; // null for none
-    const char* theText; // of a field with "[old]", the brackets around the selection, after typing "x"
-    bool theIsTold;
-};
-
-class TextChangeAnswers : public ManagerTest, public testing::WithParamInterface<AnswerRow>
-{
-};
-
-const AnswerRow kAnswerRows[] = {
-    {"NotHandled", eventNotHandledErr, nullptr, "ax", true},
-    {"SomeError", paramErr, nullptr, "ax", true},
-    {"Replaced", noErr, "yz", "ayz", true},
-    {"HandledWithoutReplacement", noErr, nullptr, "a", true},
-    {"Cancelled", userCanceledErr, nullptr, "aold", false},
-};
-
-INSTANTIATE_TEST_SUITE_P(Answers, TextChangeAnswers, testing::ValuesIn(kAnswerRows),
-                         [](const auto& theInfo) { return std::string(theInfo.param.theName); });
-
-} // namespace
-
-TEST_P(TextChangeAnswers, DecideTheEdit)
-{
-    ControlRef theField = NewEditText("aold");
-    const ControlEditTextSelectionRec theSelection = {1, 4};
-    SetControlData(theField, 0, kControlEditTextSelectionTag, sizeof theSelection, &theSelection);
-    SetKeyboardFocus(mWindow, theField, kControlEditTextPart);
-    Watch(theField, "field", {{kEventClassTextField, kEventTextDidChange}});
-    EventWatch theAnswerer(GetControlEventTarget(theField), "answer", mLog,
-                           {{kEventClassTextField, kEventTextShouldChangeInRange}}, [](EventRef theEvent) {
-                               if (GetParam().theReplacement != nullptr) {
-                                   const TestString theText(GetParam().theReplacement);
-                                   const CFStringRef theString = theText;
-                                   SetEventParameter(theEvent, kEventParamReplacementText, typeCFStringRef,
-                                                     sizeof theString, &theString);
-                               }
-                               return GetParam().theAnswer;
-                           });
-    Type("x");
-    EXPECT_EQ(TextIn(theField), GetParam().theText);
-    EXPECT_EQ(TakeLog().size(), GetParam().theIsTold ? 2u : 1u);
-}
-
-TEST_F(KeyboardFocus, AFieldDisposedByItsTextHandlerIsForgotten)
-{
-    for (const UInt32 theKind : {kEventTextShouldChangeInRange, kEventTextDidChange, kEventTextAccepted}) {
-        ControlRef theField = NewEditText();
-        SetFocus(theField);
-        EventWatch theWatch(GetControlEventTarget(theField), "field", mLog, {{kEventClassTextField, theKind}},
-                            [&](EventRef) {
-                                DisposeControl(theField);
-                                return OSStatus{eventNotHandledErr};
-                            });
-        Type("x");
-        Key(kVK_Return, "\r");
-        EXPECT_FALSE(IsValidControlHandle(theField));
-    }
-}
-
-namespace {
-
-struct EditRow
-{
-    const char* theName;
-    UInt32 theCode;
-    const char* theTyped;
-    UInt32 theModifiers;
-    SInt16 theStart;
-    SInt16 theEnd;
-    const char* theText; // of a field that held "hello"
-    const char* theSelection;
-};
-
-class EditKeys : public ManagerTest, public testing::WithParamInterface<EditRow>
-{
-};
-
-const EditRow kEditRows[] = {
-    {"Left", kVK_LeftArrow, "\x1C", 0, 3, 3, "hello", "2-2"},
-    {"LeftAtTheStart", kVK_LeftArrow, "\x1C", 0, 0, 0, "hello", "0-0"},
-    {"LeftOfASelection", kVK_LeftArrow, "\x1C", 0, 1, 3, "hello", "1-1"},
-    {"ShiftLeft", kVK_LeftArrow, "\x1C", shiftKey, 3, 3, "hello", "2-3"},
-    {"Right", kVK_RightArrow, "\x1D", 0, 3, 3, "hello", "4-4"},
-    {"RightAtTheEnd", kVK_RightArrow, "\x1D", 0, 5, 5, "hello", "5-5"},
-    {"RightOfASelection", kVK_RightArrow, "\x1D", 0, 1, 3, "hello", "3-3"},
-    {"ShiftRight", kVK_RightArrow, "\x1D", shiftKey, 1, 3, "hello", "1-4"},
-    {"Up", kVK_UpArrow, "\x1E", 0, 3, 3, "hello", "0-0"},
-    {"ShiftHome", kVK_Home, "\x01", shiftKey, 3, 3, "hello", "0-3"},
-    {"Down", kVK_DownArrow, "\x1F", 0, 3, 3, "hello", "5-5"},
-    {"ShiftEnd", kVK_End, "\x04", shiftKey, 3, 3, "hello", "3-5"},
-    {"Delete", kVK_Delete, "\x08", 0, 3, 3, "helo", "2-2"},
-    {"DeleteAtTheStart", kVK_Delete, "\x08", 0, 0, 0, "hello", "0-0"},
-    {"DeleteASelection", kVK_Delete, "\x08", 0, 1, 4, "ho", "1-1"},
-    {"ForwardDelete", kVK_ForwardDelete, "\x7F", 0, 3, 3, "helo", "3-3"},
-    {"ForwardDeleteAtTheEnd", kVK_ForwardDelete, "\x7F", 0, 5, 5, "hello", "5-5"},
-    {"ForwardDeleteASelection", kVK_ForwardDelete, "\x7F", 0, 0, 5, "", "0-0"},
-    {"ALetter", kVK_ANSI_A, "a", 0, 5, 5, "helloa", "6-6"},
-    {"ACommandKey", kVK_ANSI_A, "a", cmdKey, 5, 5, "hello", "5-5"},
-    {"AControlCharacter", kVK_F1, "\x10", 0, 5, 5, "hello", "5-5"},
-    {"Escape", kVK_Escape, "\x1B", 0, 5, 5, "hello", "5-5"},
-};
-
-INSTANTIATE_TEST_SUITE_P(Keys, EditKeys, testing::ValuesIn(kEditRows),
-                         [](const auto& theInfo) { return std::string(theInfo.param.theName); });
-
-} // namespace
-
-TEST_P(EditKeys, MoveAndChange)
-{
-    ControlRef theField = NewEditText("hello");
-    ControlEditTextSelectionRec theSelection = {GetParam().theStart, GetParam().theEnd};
-    SetControlData(theField, 0, kControlEditTextSelectionTag, sizeof theSelection, &theSelection);
-    SetKeyboardFocus(mWindow, theField, kControlEditTextPart);
-    Key(GetParam().theCode, GetParam().theTyped, GetParam().theModifiers);
-    EXPECT_EQ(TextIn(theField), GetParam().theText);
-    GetControlData(theField, 0, kControlEditTextSelectionTag, sizeof theSelection, &theSelection, nullptr);
-    EXPECT_EQ(std::to_string(theSelection.selStart) + "-" + std::to_string(theSelection.selEnd),
-              GetParam().theSelection);
-}
-
-TEST_F(KeyboardFocus, AnArrowAndADeletionTakeTheWholeOfACharacterOfTwoUnits)
-{
-    ControlRef theField = NewEditText("a\xF0\x9F\x8E\xB9z");
-    Select(theField, 1, 1);
-    SetFocus(theField);
-    Key(kVK_RightArrow, "\x1D");
-    EXPECT_EQ(Selection(theField), "3-3");
-    Key(kVK_Delete, "\x08");
-    EXPECT_EQ(TextIn(theField), "az");
-}
-
-TEST_F(KeyboardFocus, ALockedFieldTakesTheFocusButNoTyping)
-{
-    ControlRef theField = NewEditText("hello");
-    const Boolean theLock = true;
-    SetControlData(theField, 0, kControlEditTextLockedTag, 1, &theLock);
-    EXPECT_EQ(SetFocus(theField), noErr);
-    Type("x");
-    Key(kVK_Delete, "\x08");
-    EXPECT_EQ(TextIn(theField), "hello");
-    Key(kVK_LeftArrow, "\x1C");
-    EXPECT_EQ(Selection(theField), "4-4");
-}
-
-TEST_F(KeyboardFocus, ATextIsAcceptedByReturnAndByLeavingItAfterAnEdit)
-{
-    ControlRef theField = NewFieldAt(10, 10, "old");
-    ControlRef theOther = NewFieldAt(10, 40);
-    Watch(theField, "field", {{kEventClassTextField, kEventTextAccepted}});
-    SetFocus(theField);
-    SetFocus(theOther);
-    EXPECT_EQ(TakeLog(), Log{});
-    SetFocus(theField);
-    Type("x");
-    SetFocus(theOther);
-    EXPECT_EQ(TakeLog(), Log{"field: TextAccepted"});
-    SetFocus(theField);
-    for (const UInt32 theCode : {UInt32{kVK_Return}, UInt32{kVK_ANSI_KeypadEnter}, UInt32{52}}) {
-        Key(theCode, "\r");
-        EXPECT_EQ(TakeLog(), Log{"field: TextAccepted"});
-    }
-    SetFocus(theOther);
-    EXPECT_EQ(TakeLog(), Log{});
-    EXPECT_EQ(TextIn(theField), "oldx");
-}
-
 TEST_F(KeyboardFocus, ReturnPressesTheDefaultButtonAndEscapeTheOther)
 {
     ControlRef theDefault = NewPushButton("OK");
@@ -651,41 +396,6 @@ TEST_F(KeyboardFocus, AClickOnAnEditTextTakesIt)
     NewPushButton();
     Click(20, 50);
     EXPECT_EQ(Focus(), theField);
-}
-
-// --- Edits that are not keys -------------------------------------------------------------------------
-
-TEST_F(KeyboardFocus, AnEditByAPresentersFieldTellsOnlyOfWhatDiffers)
-{
-    ControlRef theField = NewEditText("the cat sat");
-    CFRange theRange = {0, 0};
-    std::string theCandidate;
-    Watch(theField, "field", kTextEvents, [&](EventRef theEvent) {
-        if (GetEventKind(theEvent) == kEventTextShouldChangeInRange) {
-            theRange = Parameter<CFRange>(theEvent, kEventParamTextSelection, typeCFRange);
-            theCandidate =
-                TextOf(Parameter<CFStringRef>(theEvent, kEventParamCandidateText, typeCFStringRef));
-        }
-        return OSStatus{eventNotHandledErr};
-    });
-    EXPECT_TRUE(Edit(theField, "the cool cat sat", 3, 8));
-    EXPECT_EQ(TextIn(theField), "the cool cat sat");
-    EXPECT_EQ(Selection(theField), "3-8");
-    EXPECT_EQ(theRange.length, 0);
-    EXPECT_EQ(theCandidate.size(), 5u);
-    EXPECT_EQ(TakeLog(), (Log{"field: TextShouldChangeInRange", "field: TextDidChange"}));
-    EXPECT_FALSE(Edit(theField, "the cool cat sat", 3, 8));
-    EXPECT_TRUE(Edit(theField, "the cool cat sat", 0, 99));
-    EXPECT_EQ(Selection(theField), "0-16");
-    EXPECT_EQ(TakeLog(), Log{});
-    EXPECT_TRUE(Edit(theField, "", 0, 0));
-    EXPECT_EQ(TextIn(theField), "");
-    EXPECT_TRUE(Edit(theField, "aa", 0, 0));
-    EXPECT_TRUE(Edit(theField, "aaa", 0, 0));
-    EXPECT_EQ(TextIn(theField), "aaa");
-    DisableControl(theField);
-    EXPECT_FALSE(Edit(theField, "b", 0, 0));
-    EXPECT_FALSE(Edit(NewSlider(), "b", 0, 0));
 }
 
 // --- The user focus ----------------------------------------------------------------------------------

@@ -4,18 +4,14 @@
 
 #include "EventTestSupport.h"
 
-#include <gtest/gtest.h>
-#include <Presentation/PresenterRegistry.h>
-#include <Simulation/VirtualClock.h>
-
 namespace {
 
 const OSStatus kMine = 4711;
 
-class EventDispatcher : public testing::Test
+class EventTargetDispatcher : public testing::Test
 {
 protected:
-    EventDispatcher()
+    EventTargetDispatcher()
     {
         const Rect theBounds = {100, 100, 300, 400};
         const Rect theFieldBounds = {10, 10, 30, 200};
@@ -28,12 +24,7 @@ protected:
         // What the showing posted is not of interest here.
         FlushEventQueue(GetMainEventQueue());
     }
-    ~EventDispatcher() override { DisposeWindow(mWindow); }
-
-    static TestHandler::Action Answer(OSStatus theStatus)
-    {
-        return [theStatus](EventHandlerCallRef, EventRef) { return theStatus; };
-    }
+    ~EventTargetDispatcher() override { DisposeWindow(mWindow); }
 
     Log mLog;
     WindowRef mWindow = nullptr;
@@ -43,7 +34,7 @@ protected:
 
 } // namespace
 
-TEST_F(EventDispatcher, UnknownClassesGoToTheApplication)
+TEST_F(EventTargetDispatcher, UnknownClassesGoToTheApplication)
 {
     const TestHandler theHandler(GetApplicationEventTarget(), "application", mLog, kMine);
     const TestEvent theEvent;
@@ -51,7 +42,7 @@ TEST_F(EventDispatcher, UnknownClassesGoToTheApplication)
     EXPECT_EQ(mLog, Log{"application"});
 }
 
-TEST_F(EventDispatcher, HandlersOnTheDispatcherSeeAnEventFirst)
+TEST_F(EventTargetDispatcher, HandlersOnTheDispatcherSeeAnEventFirst)
 {
     const TestHandler theApplication(GetApplicationEventTarget(), "application", mLog, noErr);
     const TestHandler theDispatcher(GetEventDispatcherTarget(), "dispatcher", mLog, eventNotHandledErr);
@@ -60,7 +51,7 @@ TEST_F(EventDispatcher, HandlersOnTheDispatcherSeeAnEventFirst)
     EXPECT_EQ(mLog, (Log{"dispatcher", "application"}));
 }
 
-TEST_F(EventDispatcher, APostTargetInTheEventDecides)
+TEST_F(EventTargetDispatcher, APostTargetInTheEventDecides)
 {
     const TestHandler theApplication(GetApplicationEventTarget(), "application", mLog, noErr);
     const TestHandler theButton(GetControlEventTarget(mButton), "button", mLog, eventNotHandledErr);
@@ -86,7 +77,7 @@ void PrintTo(const Route& theRoute, std::ostream* theStream)
     *theStream << theRoute.thePlace << " for kind " << theRoute.theKind;
 }
 
-class EventRoute : public EventDispatcher, public testing::WithParamInterface<Route>
+class EventRoute : public EventTargetDispatcher, public testing::WithParamInterface<Route>
 {
 };
 
@@ -121,7 +112,7 @@ INSTANTIATE_TEST_SUITE_P(EachClass, EventRoute,
                                          Route{kEventClassMouse, kEventMouseMoved, "window"},
                                          Route{kEventClassApplication, kEventAppShown, "application"}));
 
-TEST_F(EventDispatcher, AnObjectThatIsGoneLeavesTheEventToTheApplication)
+TEST_F(EventTargetDispatcher, AnObjectThatIsGoneLeavesTheEventToTheApplication)
 {
     const EventTypeSpec theType = {kEventClassMouse, kEventMouseMoved};
     const TestHandler theApplication(GetApplicationEventTarget(), "application", mLog, Answer(kMine),
@@ -131,7 +122,7 @@ TEST_F(EventDispatcher, AnObjectThatIsGoneLeavesTheEventToTheApplication)
     EXPECT_EQ(SendEventToEventTarget(theEvent.Get(), GetEventDispatcherTarget()), kMine);
 }
 
-TEST_F(EventDispatcher, TheUserFocusIsTheFocusedControlThenTheWindowThenTheApplication)
+TEST_F(EventTargetDispatcher, TheUserFocusIsTheFocusedControlThenTheWindowThenTheApplication)
 {
     EXPECT_EQ(GetUserFocusEventTarget(), GetControlEventTarget(mField));
     ClearKeyboardFocus(mWindow);
@@ -142,7 +133,7 @@ TEST_F(EventDispatcher, TheUserFocusIsTheFocusedControlThenTheWindowThenTheAppli
 
 // --- Keys become text -------------------------------------------------------------------------------
 
-TEST_F(EventDispatcher, AKeyThatNobodyHandlesBecomesTextForTheFocus)
+TEST_F(EventTargetDispatcher, AKeyThatNobodyHandlesBecomesTextForTheFocus)
 {
     const EventTypeSpec theKeyType = {kEventClassKeyboard, kEventRawKeyDown};
     const EventTypeSpec theTextType = {kEventClassTextInput, kEventTextInputUnicodeForKeyEvent};
@@ -174,7 +165,7 @@ TEST_F(EventDispatcher, AKeyThatNobodyHandlesBecomesTextForTheFocus)
     EXPECT_EQ(theKey, UInt32(kVK_ANSI_X));
 }
 
-TEST_F(EventDispatcher, AKeyWithNothingButItsCharacterBecomesThatText)
+TEST_F(EventTargetDispatcher, AKeyWithNothingButItsCharacterBecomesThatText)
 {
     const EventTypeSpec theTextType = {kEventClassTextInput, kEventTextInputUnicodeForKeyEvent};
     std::vector<UniChar> theText;
@@ -202,7 +193,7 @@ TEST_F(EventDispatcher, AKeyWithNothingButItsCharacterBecomesThatText)
     EXPECT_TRUE(theText.empty());
 }
 
-TEST_F(EventDispatcher, AHandledKeyOneWithTheCommandKeyAndAReleaseTypeNothing)
+TEST_F(EventTargetDispatcher, AHandledKeyOneWithTheCommandKeyAndAReleaseTypeNothing)
 {
     const EventTypeSpec theTextType = {kEventClassTextInput, kEventTextInputUnicodeForKeyEvent};
     const TestHandler theText(GetControlEventTarget(mField), "text", mLog, Answer(noErr), {theTextType});
@@ -218,51 +209,9 @@ TEST_F(EventDispatcher, AHandledKeyOneWithTheCommandKeyAndAReleaseTypeNothing)
     EXPECT_EQ(mLog, Log{"key"});
 }
 
-// --- The current event ------------------------------------------------------------------------------
-
-TEST_F(EventDispatcher, APersonsEventIsTheCurrentOneWhileItIsHandled)
-{
-    EventRef theSeen = nullptr;
-    UInt32 theModifiers = 0;
-    const TestHandler theHandler(GetApplicationEventTarget(), "application", mLog,
-                                 [&](EventHandlerCallRef, EventRef) {
-                                     theSeen = GetCurrentEvent();
-                                     theModifiers = GetCurrentEventKeyModifiers();
-                                     return OSStatus(noErr);
-                                 });
-    TestEvent theEvent(kTestClass, 1, kEventAttributeUserEvent);
-    theEvent.Set(kEventParamKeyModifiers, typeUInt32, UInt32(shiftKey | optionKey));
-    SendEventToEventTarget(theEvent.Get(), GetEventDispatcherTarget());
-    EXPECT_EQ(theSeen, theEvent.Get());
-    EXPECT_EQ(theModifiers, UInt32(shiftKey | optionKey));
-    EXPECT_EQ(GetCurrentEvent(), nullptr);
-    EXPECT_EQ(GetCurrentEventKeyModifiers(), UInt32(shiftKey | optionKey));
-}
-
-TEST_F(EventDispatcher, OtherEventsAreNotTheCurrentOne)
-{
-    EventRef theSeen = InventedReference<EventRef>();
-    const TestHandler theHandler(GetApplicationEventTarget(), "application", mLog,
-                                 [&](EventHandlerCallRef, EventRef) {
-                                     theSeen = GetCurrentEvent();
-                                     return OSStatus(noErr);
-                                 });
-    const TestEvent theEvent;
-    SendEventToEventTarget(theEvent.Get(), GetEventDispatcherTarget());
-    EXPECT_EQ(theSeen, nullptr);
-}
-
-TEST_F(EventDispatcher, TheModifiersOfThisMomentAreThoseThatThePresenterReports)
-{
-    Host::PresenterRegistry::Events().ModifiersChanged(shiftKey);
-    EXPECT_EQ(GetCurrentKeyModifiers(), UInt32(shiftKey));
-    Host::PresenterRegistry::Events().ModifiersChanged(0);
-    EXPECT_EQ(GetCurrentKeyModifiers(), 0u);
-}
-
 // --- Commands ---------------------------------------------------------------------------------------
 
-TEST_F(EventDispatcher, ACommandIsSentToTheUserFocusAsItIs)
+TEST_F(EventTargetDispatcher, ACommandIsSentToTheUserFocusAsItIs)
 {
     HICommand theSeen{};
     const TestHandler theHandler(GetControlEventTarget(mField), "focus", mLog,
@@ -282,7 +231,7 @@ TEST_F(EventDispatcher, ACommandIsSentToTheUserFocusAsItIs)
     EXPECT_EQ(theAttributes, UInt32(kHICommandFromWindow));
 }
 
-TEST_F(EventDispatcher, ACommandThatNobodyHandlesIsNotHandled)
+TEST_F(EventTargetDispatcher, ACommandThatNobodyHandlesIsNotHandled)
 {
     HICommand theCommand{};
     theCommand.commandID = 'mine';

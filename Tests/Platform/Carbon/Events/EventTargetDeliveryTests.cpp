@@ -1,63 +1,21 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// Handlers, their order and the way of an event outward, as the platform's headers describe them.
+// The order of handlers and the way of an event outward, as the platform's headers describe them.
 
 #include "EventTestSupport.h"
 
-#include <gtest/gtest.h>
 #include <memory>
+#include <Presentation/PresenterRegistry.h>
 
 namespace {
 
-// A window with a group box that holds a button: button, box, root of the window, window, application.
-class EventTarget : public testing::Test
-{
-protected:
-    EventTarget()
-    {
-        const Rect theBounds = {100, 100, 300, 400};
-        const Rect theBoxBounds = {10, 10, 100, 200};
-        const Rect theButtonBounds = {30, 30, 50, 100};
-        CreateNewWindow(kDocumentWindowClass, kWindowStandardDocumentAttributes, &theBounds, &mWindow);
-        CreateGroupBoxControl(mWindow, &theBoxBounds, CFSTR("Box"), true, &mBox);
-        CreatePushButtonControl(mWindow, &theButtonBounds, CFSTR("Button"), &mButton);
-        EmbedControl(mButton, mBox);
-    }
-    ~EventTarget() override
-    {
-        if (mWindow != nullptr) {
-            DisposeWindow(mWindow);
-        }
-    }
-
-    EventTargetRef Button() const { return GetControlEventTarget(mButton); }
-    EventTargetRef Box() const { return GetControlEventTarget(mBox); }
-    EventTargetRef Window() const { return GetWindowEventTarget(mWindow); }
-
-    static EventTargetRef Application() { return GetApplicationEventTarget(); }
-
-    static OSStatus Send(EventTargetRef theTarget, OptionBits theOptions = 0)
-    {
-        const TestEvent theEvent;
-        return SendEventToEventTargetWithOptions(theEvent.Get(), theTarget, theOptions);
-    }
-
-    Log mLog;
-    WindowRef mWindow = nullptr;
-    ControlRef mBox = nullptr;
-    ControlRef mButton = nullptr;
-};
-
-OSStatus Ignore(EventHandlerCallRef, EventRef, void*)
-{
-    return eventNotHandledErr;
-}
+using EventTargetDelivery = EventTargetTest;
 
 } // namespace
 
 // --- Order and answers ------------------------------------------------------------------------------
 
-TEST_F(EventTarget, TheHandlerInstalledLastIsAskedFirst)
+TEST_F(EventTargetDelivery, TheHandlerInstalledLastIsAskedFirst)
 {
     const TestHandler theFirst(Button(), "first", mLog, eventNotHandledErr);
     const TestHandler theSecond(Button(), "second", mLog, eventNotHandledErr);
@@ -66,7 +24,7 @@ TEST_F(EventTarget, TheHandlerInstalledLastIsAskedFirst)
     EXPECT_EQ(mLog, (Log{"third", "second", "first"}));
 }
 
-TEST_F(EventTarget, AnUnhandledEventGoesOutwardToTheApplication)
+TEST_F(EventTargetDelivery, AnUnhandledEventGoesOutwardToTheApplication)
 {
     const TestHandler theApplication(Application(), "application", mLog, eventNotHandledErr);
     const TestHandler theWindow(Window(), "window", mLog, eventNotHandledErr);
@@ -76,7 +34,7 @@ TEST_F(EventTarget, AnUnhandledEventGoesOutwardToTheApplication)
     EXPECT_EQ(mLog, (Log{"button", "box", "window", "application"}));
 }
 
-TEST_F(EventTarget, AHandledEventGoesNoFurther)
+TEST_F(EventTargetDelivery, AHandledEventGoesNoFurther)
 {
     const TestHandler theWindow(Window(), "window", mLog, eventNotHandledErr);
     const TestHandler theLower(Button(), "lower", mLog, eventNotHandledErr);
@@ -85,7 +43,7 @@ TEST_F(EventTarget, AHandledEventGoesNoFurther)
     EXPECT_EQ(mLog, Log{"upper"});
 }
 
-TEST_F(EventTarget, AnyOtherAnswerEndsTheWayAndReachesTheSender)
+TEST_F(EventTargetDelivery, AnyOtherAnswerEndsTheWayAndReachesTheSender)
 {
     const TestHandler theWindow(Window(), "window", mLog, noErr);
     const TestHandler theButton(Button(), "button", mLog, userCanceledErr);
@@ -93,7 +51,7 @@ TEST_F(EventTarget, AnyOtherAnswerEndsTheWayAndReachesTheSender)
     EXPECT_EQ(mLog, Log{"button"});
 }
 
-TEST_F(EventTarget, PassingToTheNextTargetLeavesTheRestOfThisOneOut)
+TEST_F(EventTargetDelivery, PassingToTheNextTargetLeavesTheRestOfThisOneOut)
 {
     const TestHandler theWindow(Window(), "window", mLog, noErr);
     const TestHandler theLower(Button(), "lower", mLog, noErr);
@@ -102,7 +60,7 @@ TEST_F(EventTarget, PassingToTheNextTargetLeavesTheRestOfThisOneOut)
     EXPECT_EQ(mLog, (Log{"upper", "window"}));
 }
 
-TEST_F(EventTarget, PassingFromTheLastTargetIsNoHandling)
+TEST_F(EventTargetDelivery, PassingFromTheLastTargetIsNoHandling)
 {
     const TestHandler theLower(Application(), "lower", mLog, noErr);
     const TestHandler theUpper(Application(), "upper", mLog, eventPassToNextTargetErr);
@@ -110,7 +68,7 @@ TEST_F(EventTarget, PassingFromTheLastTargetIsNoHandling)
     EXPECT_EQ(mLog, Log{"upper"});
 }
 
-TEST_F(EventTarget, OnlyHandlersForTheTypeAreCalled)
+TEST_F(EventTargetDelivery, OnlyHandlersForTheTypeAreCalled)
 {
     const auto theRefusal = [](EventHandlerCallRef, EventRef) { return OSStatus(eventNotHandledErr); };
     const TestHandler theOther(Button(), "other kind", mLog, theRefusal, {kOtherTestEvent});
@@ -120,7 +78,7 @@ TEST_F(EventTarget, OnlyHandlersForTheTypeAreCalled)
     EXPECT_EQ(mLog, Log{"both"});
 }
 
-TEST_F(EventTarget, AHandlerGetsItsEventAndItsUserData)
+TEST_F(EventTargetDelivery, AHandlerGetsItsEventAndItsUserData)
 {
     struct Call
     {
@@ -142,108 +100,9 @@ TEST_F(EventTarget, AHandlerGetsItsEventAndItsUserData)
     EXPECT_EQ(theCall.theCount, 1);
 }
 
-// --- Installing and removing ------------------------------------------------------------------------
-
-TEST_F(EventTarget, TheSameFunctionWithTheSameDataIsInstalledOnce)
-{
-    EventHandlerRef theReference = nullptr;
-    int theData = 0;
-    EXPECT_EQ(InstallEventHandler(Button(), Ignore, 1, &kTestEvent, &theData, nullptr), noErr);
-    EXPECT_EQ(InstallEventHandler(Button(), Ignore, 1, &kOtherTestEvent, &theData, &theReference),
-              eventHandlerAlreadyInstalledErr);
-    EXPECT_EQ(theReference, nullptr);
-    EXPECT_EQ(InstallEventHandler(Button(), Ignore, 1, &kTestEvent, nullptr, nullptr), noErr);
-    EXPECT_EQ(InstallEventHandler(Window(), Ignore, 1, &kTestEvent, &theData, nullptr), noErr);
-}
-
-TEST_F(EventTarget, ARemovedHandlerCanBeInstalledAgain)
-{
-    EventHandlerRef theReference = nullptr;
-    ASSERT_EQ(InstallEventHandler(Button(), Ignore, 1, &kTestEvent, nullptr, &theReference), noErr);
-    EXPECT_EQ(RemoveEventHandler(theReference), noErr);
-    EXPECT_EQ(RemoveEventHandler(theReference), paramErr);
-    EXPECT_EQ(InstallEventHandler(Button(), Ignore, 1, &kTestEvent, nullptr, &theReference), noErr);
-}
-
-TEST_F(EventTarget, TypesCanComeLater)
-{
-    EventHandlerRef theReference = nullptr;
-    int theCount = 0;
-    const EventHandlerUPP theFunction = [](EventHandlerCallRef, EventRef, void* theData) {
-        ++*static_cast<int*>(theData);
-        return OSStatus(eventNotHandledErr);
-    };
-    ASSERT_EQ(InstallEventHandler(Button(), theFunction, 0, nullptr, &theCount, &theReference), noErr);
-    Send(Button());
-    EXPECT_EQ(theCount, 0);
-    EXPECT_EQ(AddEventTypesToHandler(theReference, 1, &kTestEvent), noErr);
-    Send(Button());
-    EXPECT_EQ(theCount, 1);
-}
-
-TEST_F(EventTarget, ATypeAddedTwiceIsDeliveredOnceAndRemovedTwice)
-{
-    TestHandler theHandler(Button(), "called", mLog, eventNotHandledErr);
-    EXPECT_EQ(AddEventTypesToHandler(theHandler.Get(), 1, &kTestEvent), noErr);
-    Send(Button());
-    EXPECT_EQ(mLog, Log{"called"});
-    EXPECT_EQ(RemoveEventTypesFromHandler(theHandler.Get(), 1, &kTestEvent), noErr);
-    Send(Button());
-    EXPECT_EQ(mLog.size(), 2u);
-    EXPECT_EQ(RemoveEventTypesFromHandler(theHandler.Get(), 1, &kTestEvent), noErr);
-    Send(Button());
-    EXPECT_EQ(mLog.size(), 2u);
-    EXPECT_EQ(RemoveEventTypesFromHandler(theHandler.Get(), 1, &kTestEvent), noErr);
-}
-
-TEST_F(EventTarget, BadArgumentsOfInstallingAreRefused)
-{
-    EventHandlerRef theReference = InventedReference<EventHandlerRef>();
-    EXPECT_EQ(InstallEventHandler(nullptr, Ignore, 1, &kTestEvent, nullptr, &theReference), paramErr);
-    EXPECT_EQ(theReference, nullptr);
-    EXPECT_EQ(
-        InstallEventHandler(InventedReference<EventTargetRef>(), Ignore, 1, &kTestEvent, nullptr, nullptr),
-        paramErr);
-    EXPECT_EQ(InstallEventHandler(Button(), nullptr, 1, &kTestEvent, nullptr, nullptr), paramErr);
-    EXPECT_EQ(InstallEventHandler(Button(), Ignore, 1, nullptr, nullptr, nullptr), paramErr);
-}
-
-TEST_F(EventTarget, BadHandlerReferencesAreRefused)
-{
-    for (const EventHandlerRef theReference :
-         {EventHandlerRef(nullptr), InventedReference<EventHandlerRef>()}) {
-        EXPECT_EQ(RemoveEventHandler(theReference), paramErr);
-        EXPECT_EQ(AddEventTypesToHandler(theReference, 1, &kTestEvent), paramErr);
-        EXPECT_EQ(RemoveEventTypesFromHandler(theReference, 1, &kTestEvent), paramErr);
-    }
-    const TestHandler theHandler(Button(), "handler", mLog, noErr);
-    EXPECT_EQ(AddEventTypesToHandler(theHandler.Get(), 1, nullptr), paramErr);
-    EXPECT_EQ(RemoveEventTypesFromHandler(theHandler.Get(), 1, nullptr), paramErr);
-}
-
-TEST_F(EventTarget, HandlersGoWithTheirTarget)
-{
-    TestHandler theHandler(Button(), "button", mLog, noErr);
-    const EventTargetRef theTarget = Button();
-    DisposeControl(mButton);
-    EXPECT_EQ(Send(theTarget), paramErr);
-    EXPECT_EQ(theHandler.Remove(), paramErr);
-    EXPECT_EQ(InstallEventHandler(theTarget, Ignore, 1, &kTestEvent, nullptr, nullptr), paramErr);
-    EXPECT_TRUE(mLog.empty());
-}
-
-TEST_F(EventTarget, NoObjectHasNoTarget)
-{
-    EXPECT_EQ(GetControlEventTarget(nullptr), nullptr);
-    EXPECT_EQ(GetWindowEventTarget(nullptr), nullptr);
-    EXPECT_EQ(GetMenuEventTarget(nullptr), nullptr);
-    EXPECT_EQ(GetControlEventTarget(InventedReference<ControlRef>()), nullptr);
-    EXPECT_EQ(Send(nullptr), paramErr);
-}
-
 // --- Calling the next handler -----------------------------------------------------------------------
 
-TEST_F(EventTarget, CallingTheNextHandlerAsksTheRestAndGivesTheirAnswer)
+TEST_F(EventTargetDelivery, CallingTheNextHandlerAsksTheRestAndGivesTheirAnswer)
 {
     OSStatus theNext = noErr;
     const TestHandler theWindow(Window(), "window", mLog, OSStatus(77));
@@ -258,7 +117,7 @@ TEST_F(EventTarget, CallingTheNextHandlerAsksTheRestAndGivesTheirAnswer)
     EXPECT_EQ(mLog, (Log{"upper", "lower", "window", "upper again"}));
 }
 
-TEST_F(EventTarget, HandlersThatWereAskedByAnotherAreNotAskedAgain)
+TEST_F(EventTargetDelivery, HandlersThatWereAskedByAnotherAreNotAskedAgain)
 {
     const TestHandler theWindow(Window(), "window", mLog, eventNotHandledErr);
     const TestHandler theLower(Button(), "lower", mLog, eventNotHandledErr);
@@ -269,7 +128,7 @@ TEST_F(EventTarget, HandlersThatWereAskedByAnotherAreNotAskedAgain)
     EXPECT_EQ(mLog, (Log{"upper", "lower", "window"}));
 }
 
-TEST_F(EventTarget, PassingOnAfterTheOthersWereAskedIsNoHandling)
+TEST_F(EventTargetDelivery, PassingOnAfterTheOthersWereAskedIsNoHandling)
 {
     const TestHandler theWindow(Window(), "window", mLog, noErr);
     const TestHandler theUpper(Button(), "upper", mLog, [](EventHandlerCallRef theCall, EventRef theEvent) {
@@ -280,7 +139,7 @@ TEST_F(EventTarget, PassingOnAfterTheOthersWereAskedIsNoHandling)
     EXPECT_EQ(mLog, (Log{"upper", "window"}));
 }
 
-TEST_F(EventTarget, CallsOfTheNextHandlerNest)
+TEST_F(EventTargetDelivery, CallsOfTheNextHandlerNest)
 {
     const auto thePassOn = [](EventHandlerCallRef theCall, EventRef theEvent) {
         return CallNextEventHandler(theCall, theEvent);
@@ -292,7 +151,7 @@ TEST_F(EventTarget, CallsOfTheNextHandlerNest)
     EXPECT_EQ(mLog, (Log{"first", "second", "third"}));
 }
 
-TEST_F(EventTarget, ACallReferenceIsGoodOnlyInsideItsHandler)
+TEST_F(EventTargetDelivery, ACallReferenceIsGoodOnlyInsideItsHandler)
 {
     EventHandlerCallRef theKept = nullptr;
     const TestHandler theHandler(Button(), "button", mLog, [&](EventHandlerCallRef theCall, EventRef) {
@@ -307,7 +166,7 @@ TEST_F(EventTarget, ACallReferenceIsGoodOnlyInsideItsHandler)
 
 // --- Options ----------------------------------------------------------------------------------------
 
-TEST_F(EventTarget, WithoutPropagationOnlyTheTargetIsAsked)
+TEST_F(EventTargetDelivery, WithoutPropagationOnlyTheTargetIsAsked)
 {
     const TestHandler theWindow(Window(), "window", mLog, noErr);
     const TestHandler theLower(Button(), "lower", mLog, eventNotHandledErr);
@@ -325,7 +184,7 @@ struct AnswersOfAll
     OSStatus theResult;
 };
 
-class EventTargetToAll : public EventTarget, public testing::WithParamInterface<AnswersOfAll>
+class EventTargetToAll : public EventTargetTest, public testing::WithParamInterface<AnswersOfAll>
 {
 };
 
@@ -348,7 +207,7 @@ INSTANTIATE_TEST_SUITE_P(
                     AnswersOfAll{noErr, userCanceledErr, userCanceledErr},
                     AnswersOfAll{userCanceledErr, paramErr, userCanceledErr}));
 
-TEST_F(EventTarget, AHandlerThatAsksTheOthersItselfCannotHideTheirAnswer)
+TEST_F(EventTargetDelivery, AHandlerThatAsksTheOthersItselfCannotHideTheirAnswer)
 {
     const TestHandler theLower(Box(), "lower", mLog, noErr);
     const TestHandler theUpper(Button(), "upper", mLog, [](EventHandlerCallRef theCall, EventRef theEvent) {
@@ -359,7 +218,7 @@ TEST_F(EventTarget, AHandlerThatAsksTheOthersItselfCannotHideTheirAnswer)
     EXPECT_EQ(mLog, (Log{"upper", "lower"}));
 }
 
-TEST_F(EventTarget, PassingToTheNextTargetHidesNothingFromAll)
+TEST_F(EventTargetDelivery, PassingToTheNextTargetHidesNothingFromAll)
 {
     const TestHandler theLower(Button(), "lower", mLog, eventNotHandledErr);
     const TestHandler theUpper(Button(), "upper", mLog, eventPassToNextTargetErr);
@@ -367,7 +226,7 @@ TEST_F(EventTarget, PassingToTheNextTargetHidesNothingFromAll)
     EXPECT_EQ(mLog, (Log{"upper", "lower"}));
 }
 
-TEST_F(EventTarget, AllHandlersOfOneTargetCanBeToldAlone)
+TEST_F(EventTargetDelivery, AllHandlersOfOneTargetCanBeToldAlone)
 {
     const TestHandler theWindow(Window(), "window", mLog, noErr);
     const TestHandler theLower(Button(), "lower", mLog, noErr);
@@ -378,7 +237,7 @@ TEST_F(EventTarget, AllHandlersOfOneTargetCanBeToldAlone)
 
 // --- Changes during a pass --------------------------------------------------------------------------
 
-TEST_F(EventTarget, AHandlerMayRemoveItself)
+TEST_F(EventTargetDelivery, AHandlerMayRemoveItself)
 {
     const TestHandler theLower(Button(), "lower", mLog, eventNotHandledErr);
     std::unique_ptr<TestHandler> theUpper;
@@ -391,7 +250,7 @@ TEST_F(EventTarget, AHandlerMayRemoveItself)
     EXPECT_EQ(mLog, (Log{"upper", "lower", "lower"}));
 }
 
-TEST_F(EventTarget, AHandlerMayDeleteItselfWithItsUserData)
+TEST_F(EventTargetDelivery, AHandlerMayDeleteItselfWithItsUserData)
 {
     const TestHandler theLower(Button(), "lower", mLog, eventNotHandledErr);
     TestHandler* theUpper = nullptr;
@@ -405,7 +264,7 @@ TEST_F(EventTarget, AHandlerMayDeleteItselfWithItsUserData)
     EXPECT_EQ(mLog, (Log{"upper", "lower", "lower"}));
 }
 
-TEST_F(EventTarget, AHandlerRemovedDuringAPassIsNotCalledByIt)
+TEST_F(EventTargetDelivery, AHandlerRemovedDuringAPassIsNotCalledByIt)
 {
     TestHandler theWindow(Window(), "window", mLog, eventNotHandledErr);
     TestHandler theLower(Button(), "lower", mLog, eventNotHandledErr);
@@ -418,7 +277,7 @@ TEST_F(EventTarget, AHandlerRemovedDuringAPassIsNotCalledByIt)
     EXPECT_EQ(mLog, Log{"upper"});
 }
 
-TEST_F(EventTarget, RemovingAHandlerThatWasAskedAlreadyKeepsThePlaces)
+TEST_F(EventTargetDelivery, RemovingAHandlerThatWasAskedAlreadyKeepsThePlaces)
 {
     const TestHandler theThird(Button(), "third", mLog, eventNotHandledErr);
     std::unique_ptr<TestHandler> theFirst;
@@ -432,7 +291,7 @@ TEST_F(EventTarget, RemovingAHandlerThatWasAskedAlreadyKeepsThePlaces)
     EXPECT_EQ(mLog, (Log{"first", "second", "third", "second", "third"}));
 }
 
-TEST_F(EventTarget, AHandlerInstalledDuringAPassIsFirstCalledByTheNextEvent)
+TEST_F(EventTargetDelivery, AHandlerInstalledDuringAPassIsFirstCalledByTheNextEvent)
 {
     std::unique_ptr<TestHandler> theNew;
     const TestHandler theOld(Button(), "old", mLog, [&](EventHandlerCallRef, EventRef) {
@@ -447,7 +306,7 @@ TEST_F(EventTarget, AHandlerInstalledDuringAPassIsFirstCalledByTheNextEvent)
     EXPECT_EQ(mLog, (Log{"old", "new", "old"}));
 }
 
-TEST_F(EventTarget, AHandlerMayTakeItselfOutAndPutItselfBackOnTop)
+TEST_F(EventTargetDelivery, AHandlerMayTakeItselfOutAndPutItselfBackOnTop)
 {
     struct Self
     {
@@ -474,7 +333,7 @@ TEST_F(EventTarget, AHandlerMayTakeItselfOutAndPutItselfBackOnTop)
     EXPECT_EQ(theSelf.theCount, 2);
 }
 
-TEST_F(EventTarget, AHandlerMayDisposeItsControl)
+TEST_F(EventTargetDelivery, AHandlerMayDisposeItsControl)
 {
     const TestHandler theWindow(Window(), "window", mLog, eventNotHandledErr);
     const TestHandler theBox(Box(), "box", mLog, eventNotHandledErr);
@@ -487,7 +346,7 @@ TEST_F(EventTarget, AHandlerMayDisposeItsControl)
     EXPECT_EQ(mLog, (Log{"upper", "box", "window"}));
 }
 
-TEST_F(EventTarget, AHandlerMayCloseTheWindowItIsIn)
+TEST_F(EventTargetDelivery, AHandlerMayCloseTheWindowItIsIn)
 {
     const TestHandler theApplication(Application(), "application", mLog, noErr);
     const TestHandler theWindow(Window(), "window", mLog, eventNotHandledErr);
@@ -501,7 +360,7 @@ TEST_F(EventTarget, AHandlerMayCloseTheWindowItIsIn)
     EXPECT_EQ(mLog, (Log{"upper", "application"}));
 }
 
-TEST_F(EventTarget, TheWayOutwardIsSettledWhenSendingBegins)
+TEST_F(EventTargetDelivery, TheWayOutwardIsSettledWhenSendingBegins)
 {
     const TestHandler theBox(Box(), "box", mLog, eventNotHandledErr);
     const TestHandler theWindow(Window(), "window", mLog, eventNotHandledErr);
@@ -518,7 +377,7 @@ TEST_F(EventTarget, TheWayOutwardIsSettledWhenSendingBegins)
     EXPECT_EQ(mLog, (Log{"button", "window"}));
 }
 
-TEST_F(EventTarget, AHandlerMaySendTheSameKindOfEventAgain)
+TEST_F(EventTargetDelivery, AHandlerMaySendTheSameKindOfEventAgain)
 {
     int theDepth = 0;
     const TestHandler theButton(Button(), "button", mLog, [&](EventHandlerCallRef, EventRef) {
@@ -528,7 +387,7 @@ TEST_F(EventTarget, AHandlerMaySendTheSameKindOfEventAgain)
     EXPECT_EQ(mLog.size(), 5u);
 }
 
-TEST_F(EventTarget, AHandlerRemovedInsideANestedEventIsGoneFromTheOuterOne)
+TEST_F(EventTargetDelivery, AHandlerRemovedInsideANestedEventIsGoneFromTheOuterOne)
 {
     TestHandler theLower(Button(), "lower", mLog, eventNotHandledErr);
     int theDepth = 0;
@@ -543,7 +402,7 @@ TEST_F(EventTarget, AHandlerRemovedInsideANestedEventIsGoneFromTheOuterOne)
     EXPECT_EQ(mLog, (Log{"upper", "upper", "lower"}));
 }
 
-TEST_F(EventTarget, TheEventStaysAliveWhileItIsOnItsWay)
+TEST_F(EventTargetDelivery, TheEventStaysAliveWhileItIsOnItsWay)
 {
     EventRef theEvent = nullptr;
     CreateEvent(nullptr, kTestClass, 1, 0, 0, &theEvent);
@@ -558,7 +417,7 @@ TEST_F(EventTarget, TheEventStaysAliveWhileItIsOnItsWay)
     EXPECT_EQ(GetEventRetainCount(theEvent), 0u);
 }
 
-TEST_F(EventTarget, ParametersSetByAHandlerReachTheSender)
+TEST_F(EventTargetDelivery, ParametersSetByAHandlerReachTheSender)
 {
     const TestHandler theHandler(Button(), "button", mLog, [](EventHandlerCallRef, EventRef theEvent) {
         const UInt32 theValue = 21;
@@ -571,7 +430,7 @@ TEST_F(EventTarget, ParametersSetByAHandlerReachTheSender)
     EXPECT_EQ(theValue, 21u);
 }
 
-TEST_F(EventTarget, AThousandHandlersAreAskedInOrder)
+TEST_F(EventTargetDelivery, AThousandHandlersAreAskedInOrder)
 {
     std::vector<std::unique_ptr<TestHandler>> theHandlers;
     theHandlers.reserve(1000);
@@ -583,4 +442,46 @@ TEST_F(EventTarget, AThousandHandlersAreAskedInOrder)
     ASSERT_EQ(mLog.size(), 1000u);
     EXPECT_EQ(mLog.front(), "999");
     EXPECT_EQ(mLog.back(), "0");
+}
+
+// --- The current event ------------------------------------------------------------------------------
+
+TEST_F(EventTargetDelivery, APersonsEventIsTheCurrentOneWhileItIsHandled)
+{
+    EventRef theSeen = nullptr;
+    UInt32 theModifiers = 0;
+    const TestHandler theHandler(GetApplicationEventTarget(), "application", mLog,
+                                 [&](EventHandlerCallRef, EventRef) {
+                                     theSeen = GetCurrentEvent();
+                                     theModifiers = GetCurrentEventKeyModifiers();
+                                     return OSStatus(noErr);
+                                 });
+    TestEvent theEvent(kTestClass, 1, kEventAttributeUserEvent);
+    theEvent.Set(kEventParamKeyModifiers, typeUInt32, UInt32(shiftKey | optionKey));
+    SendEventToEventTarget(theEvent.Get(), GetEventDispatcherTarget());
+    EXPECT_EQ(theSeen, theEvent.Get());
+    EXPECT_EQ(theModifiers, UInt32(shiftKey | optionKey));
+    EXPECT_EQ(GetCurrentEvent(), nullptr);
+    EXPECT_EQ(GetCurrentEventKeyModifiers(), UInt32(shiftKey | optionKey));
+}
+
+TEST_F(EventTargetDelivery, OtherEventsAreNotTheCurrentOne)
+{
+    EventRef theSeen = InventedReference<EventRef>();
+    const TestHandler theHandler(GetApplicationEventTarget(), "application", mLog,
+                                 [&](EventHandlerCallRef, EventRef) {
+                                     theSeen = GetCurrentEvent();
+                                     return OSStatus(noErr);
+                                 });
+    const TestEvent theEvent;
+    SendEventToEventTarget(theEvent.Get(), GetEventDispatcherTarget());
+    EXPECT_EQ(theSeen, nullptr);
+}
+
+TEST_F(EventTargetDelivery, TheModifiersOfThisMomentAreThoseThatThePresenterReports)
+{
+    Host::PresenterRegistry::Events().ModifiersChanged(shiftKey);
+    EXPECT_EQ(GetCurrentKeyModifiers(), UInt32(shiftKey));
+    Host::PresenterRegistry::Events().ModifiersChanged(0);
+    EXPECT_EQ(GetCurrentKeyModifiers(), 0u);
 }
