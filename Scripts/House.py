@@ -4,7 +4,8 @@
 
 Documentation/House.md lists the rooms of the project in a table: the folder, what it holds, and which other rooms its
 files include. `check` holds that table, and the picture beside it, against the sources, and names each line that says
-something else. `draw` makes the picture anew; it needs Graphviz.
+something else. `draw` writes the last column of the table and the picture anew; it needs Graphviz. Which includes are
+allowed is Scripts/CheckLayering.sh's affair.
 """
 
 import pathlib
@@ -160,7 +161,20 @@ def graph(root):
     return "\n".join(lines)
 
 
-def draw(root):
+def write_table(root):
+    """Puts what the rooms include into the last column, in the order in which the page lists them."""
+    rooms = listed_rooms(root)
+    found = arrows(root, rooms, sources(root))
+    lines = (root / PAGE).read_text(encoding="utf-8").splitlines()
+    for place, line in enumerate(lines):
+        row = ROW.match(line)
+        if row:
+            included = ", ".join(f"`{room}`" for room in rooms if (row[1], room) in found)
+            lines[place] = f"| `{row[1]}` | {row[2]} | {included} |"
+    (root / PAGE).write_text("\n".join(lines) + "\n", encoding="utf-8")
+
+
+def draw_picture(root):
     picture = subprocess.run(["dot", "-Tsvg"], input=graph(root), capture_output=True, check=True, text=True).stdout
     (root / PICTURE).write_text(picture, encoding="utf-8")
 
@@ -171,7 +185,8 @@ def main(arguments):
         return 2
     root = pathlib.Path(arguments[2] if len(arguments) == 3 else ".")
     if arguments[1] == "draw":
-        draw(root)
+        write_table(root)
+        draw_picture(root)
         return 0
     found = list(findings(root))
     for finding in found:
