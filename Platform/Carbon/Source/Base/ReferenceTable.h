@@ -51,8 +51,8 @@ struct NoMutex
 // The table holds one count on each object. Whoever calls out to handlers takes a count of its own, since a
 // handler may dispose the object that it is called for.
 //
-// Objects have numbers from the table or bring their own, all of them the same way. The table's come again only
-// after every other one has been used, so that an old reference does not come to name a new object.
+// Objects have numbers from the table or bring their own, all of them the same way. The table's come again
+// only after every other one has been used, so that an old reference does not come to name a new object.
 //
 // With std::mutex it may be used from any thread.
 template <class Reference, ReferenceKind kKind, class Object, class Mutex = std::mutex>

@@ -132,8 +132,8 @@ private:
 // The part of a window at a global point that lies in its structure.
 WindowPartCode PartAt(const Window& theWindow, Point thePoint);
 
-// The order of windows, frontmost first, and who is active in it. A new window stands in front of its layer; a
-// closed one leaves the order.
+// The order of windows, frontmost first, and who is active in it. A new window stands in front of its layer;
+// a closed one leaves the order.
 void AddToOrder(const SharedWindow& theWindow);
 void RemoveFromOrder(const SharedWindow& theWindow);
 void PutInFront(const SharedWindow& theWindow);
