@@ -502,8 +502,19 @@ protected:
         return Gate().ControlDragged(theDrag);
     }
 
-    SInt32 Value() const { return GetControl32BitValue(mProgram.mSlider); }
+    // A slider at the left top 10, 130, whose value follows the drag.
+    void UseLiveSlider(SInt32 theMaximum)
+    {
+        const Rect theBounds = MakeRect(10, 130, 210, 150);
+        CreateSliderControl(mProgram.mWindow.Get(), &theBounds, 5, 0, theMaximum, kControlSliderDoesNotPoint,
+                            0, true, nullptr, &mDragged);
+        mProgram.Name(mDragged, 'live');
+        mSlider = Screen().ControlCalled('live');
+    }
 
+    SInt32 Value() const { return GetControl32BitValue(mDragged); }
+
+    ControlRef mDragged = mProgram.mSlider;
     ObjectId mSlider;
 };
 
@@ -529,17 +540,12 @@ TEST_F(InputGateDrag, ReachesValuesThatLieBetweenThePixels)
 
 TEST_F(InputGateDrag, FollowsALiveSliderStepByStep)
 {
-    const Rect theBounds = MakeRect(10, 130, 210, 150);
-    ControlRef theLive = nullptr;
-    CreateSliderControl(mProgram.mWindow.Get(), &theBounds, 5, 0, 1000, kControlSliderDoesNotPoint, 0, true,
-                        nullptr, &theLive);
-    mProgram.Name(theLive, 'live');
-    mSlider = Screen().ControlCalled('live');
+    UseLiveSlider(1000);
     Drag(DragPhase::kBegan, 5);
     Drag(DragPhase::kMoved, 333);
-    EXPECT_EQ(GetControl32BitValue(theLive), 333);
+    EXPECT_EQ(Value(), 333);
     Drag(DragPhase::kMoved, 334);
-    EXPECT_EQ(GetControl32BitValue(theLive), 334);
+    EXPECT_EQ(Value(), 334);
     Drag(DragPhase::kEnded, 334);
     EXPECT_EQ(Take(), (Log{"mouse down", "click", "mouse dragged", "value", "mouse dragged", "value",
                            "mouse up", "hit"}));
@@ -563,6 +569,19 @@ TEST_F(InputGateDrag, MovesNothingOnADisabledSlider)
     Drag(DragPhase::kEnded, 8);
     EXPECT_EQ(Value(), 5);
     EXPECT_EQ(Take(), (Log{"mouse down", "mouse dragged", "mouse up"}));
+}
+
+// The exact value of a step that a handler kept used to be left behind, and the next move jumped there.
+TEST_F(InputGateDrag, LeavesNothingBehindOfAStepThatAHandlerKept)
+{
+    UseLiveSlider(1000000);
+    Drag(DragPhase::kBegan, 5);
+    Consume("mouse dragged");
+    Drag(DragPhase::kMoved, 900001);
+    mWindowLog.mAnswer = nullptr;
+    EXPECT_TRUE(Gate().PointerMoved(At(mWindow, 110, 140)));
+    EXPECT_GT(Value(), 400000);
+    EXPECT_LT(Value(), 600000);
 }
 
 TEST_F(InputGateDrag, NeedsABeginning)

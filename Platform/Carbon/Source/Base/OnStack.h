@@ -7,13 +7,14 @@
 
 namespace Host {
 
-// Links the objects of one class that stand on the stack, from the innermost outward: the calls, runs or waits of
-// one sort that are going on.
+// Links the objects of one class that stand on the stack, from the innermost outward: the calls, runs or
+// waits of one sort that are going on.
 //
 //     class LoopRun : public OnStack<LoopRun>
 //
 // Whoever comes later finds the newest with LoopRun::Innermost, and from there with Outer those around it. An
-// object leaves the list when its block ends; it is to be made on the stack and nowhere else. Main thread only.
+// object leaves the list when its block ends; it is to be made on the stack and nowhere else. Main thread
+// only.
 template <class Object>
 class OnStack
 {

@@ -10,7 +10,8 @@
 
 namespace Host {
 
-// What a reference refers to; told by its lowest four bits, so a reference of one kind is never one of another.
+// What a reference refers to; told by its lowest four bits, so a reference of one kind is never one of
+// another.
 enum class ReferenceKind : std::uintptr_t
 {
     kWindow = 1,

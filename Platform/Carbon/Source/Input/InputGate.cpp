@@ -92,6 +92,13 @@ public:
         Set(kEventParamMouseChord, typeUInt32, theButtonsDown);
     }
 
+    void SetExactValue(std::optional<SInt32> theValue)
+    {
+        if (theValue) {
+            Set(kEventParamExactIndicatorValue, typeSInt32, *theValue);
+        }
+    }
+
     // Whether somebody wanted it.
     bool Dispatch() const { return DispatchUserEvent(Get()) != eventNotHandledErr; }
 
@@ -217,7 +224,7 @@ bool InputGate::PointerMoved(const PointerAction& theAction)
     return theAction.thePlace != mPlace && SendMove(theAction);
 }
 
-bool InputGate::SendMove(const PointerAction& theAction)
+bool InputGate::SendMove(const PointerAction& theAction, std::optional<SInt32> theExactValue)
 {
     const bool theIsDrag = mButtonsDown != 0;
     const SharedWindow theWindow =
@@ -230,11 +237,17 @@ bool InputGate::SendMove(const PointerAction& theAction)
     MouseEvent theEvent(theIsDrag ? kEventMouseDragged : kEventMouseMoved, theWindow, theAction.thePlace,
                         theAction.theModifiers);
     theEvent.Set(kEventParamMouseDelta, typeHIPoint, ToHIPoint(theDelta));
+    theEvent.SetExactValue(theExactValue);
     theEvent.Dispatch();
     return true;
 }
 
 bool InputGate::PointerReleased(const PointerAction& theAction)
+{
+    return SendRelease(theAction);
+}
+
+bool InputGate::SendRelease(const PointerAction& theAction, std::optional<SInt32> theExactValue)
 {
     if ((mButtonsDown & BitOf(theAction.theButton)) == 0) {
         return false;
@@ -248,6 +261,7 @@ bool InputGate::PointerReleased(const PointerAction& theAction)
     }
     MouseEvent theEvent(kEventMouseUp, theWindow, theAction.thePlace, theAction.theModifiers);
     theEvent.SetButton(theAction.theButton, static_cast<UInt32>(theAction.theClickCount), mButtonsDown);
+    theEvent.SetExactValue(theExactValue);
     theEvent.Dispatch();
     return true;
 }
@@ -360,27 +374,27 @@ bool InputGate::PressPart(const SharedControl& theControl, ControlPartCode thePa
     return true;
 }
 
-// A small step of the value may leave the indicator on its pixel, and is reported all the same. Tells the
-// exact value first: the default handling of the mouse event that follows puts the indicator there,
-// unless a handler keeps the event for itself.
+// A small step of the value may leave the indicator on its pixel, and is reported all the same: the exact
+// value travels with the mouse event, for whoever handles it.
 bool InputGate::DragIndicator(const ControlDrag& theDrag)
 {
     PointerAction theMove;
     theMove.theModifiers = theDrag.theModifiers;
     theMove.thePlace = mPlace;
+    std::optional<SInt32> theExactValue;
     Point thePoint = {0, 0};
     const SharedWindow theWindow = FindWindow(mPressedWindow);
     const SharedControl theControl = FindControl(theDrag.theControl);
     if (theWindow != nullptr && theControl != nullptr &&
         PointOfValue(theControl, theDrag.theValue, &thePoint)) {
         theMove.thePlace = GlobalPlace(*theWindow, thePoint);
-        DragIndicatorTo(theDrag.theValue);
+        theExactValue = theDrag.theValue;
     }
     if (theDrag.thePhase == DragPhase::kMoved) {
-        return SendMove(theMove);
+        return SendMove(theMove, theExactValue);
     }
     mTrackedControl = kNoObject;
-    return PointerReleased(theMove);
+    return SendRelease(theMove, theExactValue);
 }
 
 bool InputGate::TextEdited(const TextEdit& theEdit)

@@ -5,6 +5,7 @@
 
 #include "Windows/Controls.h"
 
+#include <optional>
 #include <Presentation/PresenterEvents.h>
 #include <set>
 
@@ -55,7 +56,8 @@ public:
 private:
     bool Deliver(UInt32 theKind, const KeyAction& theAction);
     bool PressPart(const SharedControl& theControl, ControlPartCode thePart, std::uint32_t theModifiers);
-    bool SendMove(const PointerAction& theAction);
+    bool SendMove(const PointerAction& theAction, std::optional<SInt32> theExactValue = std::nullopt);
+    bool SendRelease(const PointerAction& theAction, std::optional<SInt32> theExactValue = std::nullopt);
     bool DragIndicator(const ControlDrag& theDrag);
 
     ObjectId mPressedWindow = kNoObject;  // where the first button went down; none while no button is down

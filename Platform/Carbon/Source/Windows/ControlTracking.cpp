@@ -10,7 +10,6 @@
 #include "KeyboardFocus.h"
 #include "Window.h"
 
-#include <optional>
 
 namespace Host {
 
@@ -22,9 +21,8 @@ struct Tracking
     std::weak_ptr<Control> theControl;
     ControlPartCode thePart = kControlNoPart;
     UInt32 theClickCount = 1;
-    Point theGrip = {0, 0};              // from the pointer to the indicator's middle
-    SInt32 theDraggedValue = 0;          // where the indicator is
-    std::optional<SInt32> theExactValue; // named by DragIndicatorTo for the next step
+    Point theGrip = {0, 0};     // from the pointer to the indicator's middle
+    SInt32 theDraggedValue = 0; // where the indicator is
 };
 
 Tracking& Current()
@@ -77,15 +75,13 @@ bool IsTrackingTaken(const Control& theControl, const Press& thePress, ControlPa
 
 SInt32 ValueUnder(const Control& theControl, Point thePoint)
 {
-    const Tracking& theTracking = Current();
-    return theTracking.theExactValue.value_or(theControl.ValueAt(
-        MakePoint(thePoint.h + theTracking.theGrip.h, thePoint.v + theTracking.theGrip.v)));
+    const Point theGrip = Current().theGrip;
+    return theControl.ValueAt(MakePoint(thePoint.h + theGrip.h, thePoint.v + theGrip.v));
 }
 
 void DragTo(const SharedControl& theControl, SInt32 theValue)
 {
     Tracking& theTracking = Current();
-    theTracking.theExactValue.reset();
     theValue = theControl->Range().Nearest(theValue);
     if (theValue == theTracking.theDraggedValue) {
         return;
@@ -238,7 +234,7 @@ void BeginTracking(const SharedControl& theControl, const Press& thePress)
     }
 }
 
-void ContinueTracking(Point theContentPoint)
+void ContinueTracking(Point theContentPoint, std::optional<SInt32> theExactValue)
 {
     const SharedControl theControl = TrackedControl();
     if (theControl == nullptr) {
@@ -246,16 +242,16 @@ void ContinueTracking(Point theContentPoint)
     }
     const ControlPartCode thePart = Current().thePart;
     if (theControl->IsIndicator(thePart)) {
-        DragTo(theControl, ValueUnder(*theControl, theContentPoint));
+        DragTo(theControl, theExactValue ? *theExactValue : ValueUnder(*theControl, theContentPoint));
     } else {
         const bool theIsInside = Contains(theControl->PlaceOf(thePart), theContentPoint);
         theControl->SetHilite(theIsInside ? thePart : ControlPartCode{kControlNoPart});
     }
 }
 
-void EndTracking(Point theContentPoint, UInt32 theModifiers)
+void EndTracking(Point theContentPoint, std::optional<SInt32> theExactValue, UInt32 theModifiers)
 {
-    ContinueTracking(theContentPoint);
+    ContinueTracking(theContentPoint, theExactValue);
     const ControlPartCode thePart = Current().thePart;
     const SInt32 theDraggedValue = Current().theDraggedValue;
     const UInt32 theClickCount = Current().theClickCount;
@@ -276,16 +272,6 @@ void EndTracking(Point theContentPoint, UInt32 theModifiers)
     if (!theControl->IsGone()) {
         Hit(theControl, thePart, theModifiers, theClickCount);
     }
-}
-
-bool DragIndicatorTo(SInt32 theValue)
-{
-    const SharedControl theControl = TrackedControl();
-    if (theControl == nullptr || !theControl->IsIndicator(Current().thePart)) {
-        return false;
-    }
-    Current().theExactValue = theValue;
-    return true;
 }
 
 bool PointOfPart(const SharedControl& theControl, ControlPartCode thePart, Point* thePoint)

@@ -5,6 +5,8 @@
 
 #include "Control.h"
 
+#include <optional>
+
 namespace Host {
 
 // A press of the primary button.
@@ -20,10 +22,11 @@ struct Press
 
 // Starts, follows and ends the tracking of one control: hilite, indicator and action procedure while the
 // button is down; the new value, kEventControlHit and the command when it comes up inside the control. The
-// calls before and after may find the control gone, or nothing tracked, and do nothing then.
+// calls before and after may find the control gone, or nothing tracked, and do nothing then. An indicator
+// goes where the pointer is, or to theExactValue.
 void BeginTracking(const SharedControl& theControl, const Press& thePress);
-void ContinueTracking(Point theContentPoint);
-void EndTracking(Point theContentPoint, UInt32 theModifiers);
+void ContinueTracking(Point theContentPoint, std::optional<SInt32> theExactValue);
+void EndTracking(Point theContentPoint, std::optional<SInt32> theExactValue, UInt32 theModifiers);
 
 // The steps of a click, for those who click otherwise: the new value of a control that toggles by itself; the
 // hit and the command; and all of it with the action procedure.

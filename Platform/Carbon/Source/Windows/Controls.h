@@ -43,10 +43,12 @@ bool PointOfValue(const SharedControl& theControl, SInt32 theValue, Point* thePo
 // The control being tracked, or null.
 SharedControl TrackedControl();
 
-// Names the exact value for the next step of a drag, for ranges finer than the screen's points: the default
-// handling of the next mouse event that drags or releases the indicator puts it there instead of under the
-// pointer. False when no indicator is tracked.
-bool DragIndicatorTo(SInt32 theValue);
+// Where a mouse event that drags or releases an indicator puts it, exactly, for ranges finer than the
+// screen's points; without this parameter (typeSInt32) the indicator goes under the pointer.
+enum : EventParamName
+{
+    kEventParamExactIndicatorValue = 'xval',
+};
 
 // A presenter's own text field was edited: theText is the whole new text, the selection in UTF-16 units. Goes
 // through the same events as typing. False when the control is not an edit text that takes input.

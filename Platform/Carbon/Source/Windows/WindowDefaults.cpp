@@ -76,13 +76,16 @@ OSStatus FollowMouse(EventRef theEvent, const HIPoint& theGlobalPoint)
         return eventNotHandledErr;
     }
     const Point thePoint = ContentPoint(*theOwner, theGlobalPoint);
+    SInt32 theValue = 0;
+    const bool theIsExact = ReadParameter(theEvent, kEventParamExactIndicatorValue, typeSInt32, &theValue);
+    const auto theExactValue = theIsExact ? std::optional<SInt32>(theValue) : std::nullopt;
     if (GetEventKind(theEvent) == kEventMouseDragged) {
-        ContinueTracking(thePoint);
+        ContinueTracking(thePoint, theExactValue);
         return noErr;
     }
     UInt32 theModifiers = 0;
     ReadParameter(theEvent, kEventParamKeyModifiers, typeUInt32, &theModifiers);
-    EndTracking(thePoint, theModifiers);
+    EndTracking(thePoint, theExactValue, theModifiers);
     return noErr;
 }
 
