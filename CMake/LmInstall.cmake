@@ -22,19 +22,8 @@ endif()
 install(TARGETS ${LM_INSTALLED_LIBRARIES}
   EXPORT LmBindingsTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-
-# The interface of the library is what LmBindings.h includes; its other headers are its own affair. They lie
-# in one folder, because they include one another by bare name.
-file(STRINGS "${PROJECT_SOURCE_DIR}/Source/LmBindings.h" theIncludes REGEX "^#include \"")
-set(thePublicHeaders "${PROJECT_SOURCE_DIR}/Source/LmBindings.h")
-foreach(theInclude IN LISTS theIncludes)
-  string(REGEX REPLACE "^#include \"(.*)\"$" "\\1" theName "${theInclude}")
-  file(GLOB theHeader "${PROJECT_SOURCE_DIR}/Source/*/${theName}")
-  list(APPEND thePublicHeaders "${theHeader}")
-endforeach()
-install(FILES ${thePublicHeaders} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/LmBindings)
-set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/Source/LmBindings.h")
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  PUBLIC_HEADER DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/LmBindings)
 
 if(NOT APPLE)
   foreach(theFolder CoreFoundation CoreGraphics Carbon Presentation Simulation)

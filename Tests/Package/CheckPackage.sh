@@ -3,7 +3,7 @@
 #
 # CheckPackage.sh <build folder> <work folder>: installs the build, moves the installed tree elsewhere, and
 # builds and runs a foreign project with it by find_package and by pkg-config, and with the sources by
-# add_subdirectory. Every installed header must compile alone.
+# add_subdirectory. Each way must refuse every private header. Every installed header must compile alone.
 set -eu
 cd "$(dirname "$0")/../.."
 theBuild=$1
@@ -34,6 +34,48 @@ cmake_project()
         -DCMAKE_C_FLAGS="$kWarnings" -DCMAKE_CXX_FLAGS="$kWarnings" "$@"
     cmake --build "$theWork/$theName"
     expect_run "$theName" "$theWork/$theName/Foreign"
+    # What the project wrote is a list of words.
+    # shellcheck disable=SC2046
+    expect_private "$theName" $(cat "$theWork/$theName/IncludeFlags.txt")
+}
+
+# compiles <header> <flag>...: whether a file that includes the header compiles with these flags. When it does
+# not, the reason must be that there is no such header.
+compiles()
+{
+    local theHeader=$1 theErrors
+    shift
+    if theErrors=$(g++ -std=c++17 -fsyntax-only -w "$@" -x c++ - 2>&1 <<<"#include \"$theHeader\""); then
+        return 0
+    fi
+    if ! grep -qF "$theHeader: No such file" <<<"$theErrors"; then
+        echo "$theErrors"
+        exit 1
+    fi
+    return 1
+}
+
+# expect_private <how> <flag>...: with these flags an application finds the interface, and nothing that is the
+# library's own, whatever it takes its place to be.
+expect_private()
+{
+    local theHow=$1 theHeader theName theCount=0
+    shift
+    if ! compiles LmBindings.h "$@"; then
+        echo "$theHow: the interface is not found"
+        exit 1
+    fi
+    for theHeader in Source/*/Internal/*.h; do
+        for theName in "${theHeader##*/}" "Internal/${theHeader##*/}" "${theHeader#Source/}" "../$theHeader"; do
+            if compiles "$theName" "$@"; then
+                echo "$theHow: an application can include $theName"
+                exit 1
+            fi
+        done
+        theCount=$((theCount + 1))
+    done
+    [ "$theCount" -gt 0 ]
+    echo "$theHow: $theCount private headers are refused"
 }
 
 rm -rf "$theWork"
@@ -77,6 +119,7 @@ export PKG_CONFIG_PATH=$theLibraries/pkgconfig
     g++ -std=c++17 $kWarnings "$kForeign/Main.cpp" "$theWork/pkg-config/PlainC.o" \
         -o "$theWork/pkg-config/Foreign" $(pkg-config --cflags --libs lmbindings) -Wl,-rpath,"$theLibraries"
     expect_run pkg-config "$theWork/pkg-config/Foreign"
+    expect_private pkg-config $(pkg-config --cflags lmbindings)
 
     theCount=0
     while IFS= read -r theHeader; do
