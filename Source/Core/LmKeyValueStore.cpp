@@ -43,6 +43,7 @@ LmKeyValueStore::LmKeyValueStore() = default;
 [[gnu::cold]] LmKeyValueStore::~LmKeyValueStore()
 {
     LmLifeWatch::StoreIsGone(this);
+    LmKeyMemo::StoreIsGone(this);
     RemoveObservers();
 }
 
@@ -83,15 +84,17 @@ void LmKeyValueStore::SetKeyPathValue(const LmString& theKeyPath, const LmValue&
     if (theValue == GetKeyValue(theKeyName)) {
         return;
     }
-    NotifyObservers(theKeyName, false);
+    LmFound<LmKeyState> theState;
+    NotifyObserversOf(theState.In(mKeyStates, theKeyName), theKeyName, false);
     if (!theMemo.IsGone()) {
         SetKeyValue(theKeyName, theValue);
     }
     if (!theMemo.IsGone()) {
-        NotifyObservers(theKeyName, true);
+        NotifyObserversOf(theState.In(mKeyStates, theKeyName), theKeyName, true);
     }
     if (!theMemo.IsGone()) {
-        NotifyDependents(theKeyName);
+        LM_ASSERT(HasKey(theKeyName));
+        NotifyDependentsOf(theState.In(mKeyStates, theKeyName));
     }
 }
 
@@ -157,6 +160,12 @@ bool LmKeyValueStore::IsObserving(const LmString& theKeyPath, LmKeyValueObserver
 
 void LmKeyValueStore::NotifyObservers(const LmString& theKeyName, bool hasChanged)
 {
+    NotifyObserversOf(FindKeyState(theKeyName), theKeyName, hasChanged);
+}
+
+void LmKeyValueStore::NotifyObserversOf(const LmKeyState* theState, const LmString& theKeyName,
+                                        bool hasChanged)
+{
     const LmTraceIndent theIndent;
     LmTrace([&] {
         // Both words are eight characters, so that the lines of the trace line up.
@@ -164,7 +173,7 @@ void LmKeyValueStore::NotifyObservers(const LmString& theKeyName, bool hasChange
                   theKeyName.GetUTF8());
     });
     // On purpose: a key without a key state is silent even to the observers of "*".
-    if (const LmKeyState* theState = FindKeyState(theKeyName)) {
+    if (theState != nullptr) {
         CallObservers(theKeyName, *theState, hasChanged);
     }
 }
@@ -205,7 +214,11 @@ void LmKeyValueStore::NotifyObservers(const LmString& theKeyName, bool hasChange
 void LmKeyValueStore::NotifyDependents(const LmString& theKeyName)
 {
     LM_ASSERT(HasKey(theKeyName));
-    const LmKeyState* theState = FindKeyState(theKeyName);
+    NotifyDependentsOf(FindKeyState(theKeyName));
+}
+
+void LmKeyValueStore::NotifyDependentsOf(const LmKeyState* theState)
+{
     if (theState != nullptr && !theState->theDependents.empty()) {
         TellDependents(*theState);
     }
@@ -226,7 +239,7 @@ void LmKeyValueStore::NotifyDependents(const LmString& theKeyName)
     }
 }
 
-// The entries of a key, or null. While a key is set, they are looked up once.
+// The entries of a key, or null. While a key is set, each is looked up once.
 
 const LmValue* LmKeyValueStore::FindValue(const LmString& theKeyName) const
 {
@@ -236,8 +249,7 @@ const LmValue* LmKeyValueStore::FindValue(const LmString& theKeyName) const
 
 const LmKeyState* LmKeyValueStore::FindKeyState(const LmString& theKeyName) const
 {
-    LmKeyMemo* theMemo = LmKeyMemo::Of(this, theKeyName);
-    return theMemo != nullptr ? theMemo->mState.In(mKeyStates, theKeyName) : LmFind(mKeyStates, theKeyName);
+    return LmFind(mKeyStates, theKeyName);
 }
 
 // Stores the value of a key that has none yet.

@@ -216,6 +216,8 @@ private:
     LM_HIDDEN const LmKeyState* FindAnyState() const;
     [[gnu::cold]] LM_HIDDEN void AddValue(const LmString& theKeyName, const LmValue& theValue);
     LM_HIDDEN LmKeyState& MakeKeyState(const LmString& theKeyName);
+    LM_HIDDEN void NotifyObserversOf(const LmKeyState* theState, const LmString& theKeyName, bool hasChanged);
+    LM_HIDDEN void NotifyDependentsOf(const LmKeyState* theState);
     [[gnu::noinline]] LM_HIDDEN void TellDependents(const LmKeyState& theState);
     LM_HIDDEN void CallObservers(const LmString& theKeyName, const LmKeyState& theState, bool hasChanged);
     [[gnu::noinline]] LM_HIDDEN void CallSeveral(const LmString& theKeyName,
@@ -224,7 +226,8 @@ private:
                                                  bool hasChanged);
     LM_HIDDEN void Tell(LmKeyValueObserver& theObserver, const LmString& theKeyName, bool hasChanged);
 
-    std::map<LmString, LmKeyState> mKeyStates; // observers and dependents by key; entries are never erased
+    std::map<LmString, LmKeyState> mKeyStates; // observers and dependents by key; an entry stays, but for one
+                                               // just made by an observation that runs out of memory
     std::map<LmString, LmValue> mValues;       // the values by key; entries are never erased
 };
 

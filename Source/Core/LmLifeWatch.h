@@ -3,9 +3,12 @@
 #ifndef LmLifeWatch_h
 #define LmLifeWatch_h
 
+#include "LmExport.h"
+#include "LmStackLink.h"
+
 class LmKeyValueStore;
 
-// Tells a function that calls out whether the store it works for still lives. Not part of the interface.
+// Tells a function that calls out whether the store it works for still lives.
 //
 // Observers and event handlers may do anything, disposing the control whose binding just called them
 // included, and such a binding deletes itself. A member function that calls out and then goes on with its
@@ -19,16 +22,12 @@ class LmKeyValueStore;
 //
 // A watch lives on the stack only: watches form a list from the innermost outwards, which the destructor of
 // the store walks. Making one costs a few instructions and no memory.
-class LmLifeWatch
+class LM_EXPORT LmLifeWatch : private LmStackLink<LmLifeWatch>
 {
 public:
-    explicit LmLifeWatch(const LmKeyValueStore* theStore)
-        : mStore(theStore),
-          mOuter(sInnermost)
-    {
-        sInnermost = this;
-    }
-    ~LmLifeWatch() { sInnermost = mOuter; }
+    // Watches theStore, which may be null: then it is gone from the start.
+    [[nodiscard]] explicit LmLifeWatch(const LmKeyValueStore* theStore);
+    ~LmLifeWatch();
 
     LmLifeWatch(const LmLifeWatch&) = delete;
     LmLifeWatch& operator=(const LmLifeWatch&) = delete;
@@ -36,24 +35,15 @@ public:
     // True once the store has been destroyed.
     bool IsGone() const { return mStore == nullptr; }
 
-    // True while theStore lives and is the one that is watched.
-    bool IsOn(const LmKeyValueStore* theStore) const { return mStore == theStore; }
-
-    // Called by the destructor of every store.
-    static void StoreIsGone(const LmKeyValueStore* theStore)
-    {
-        for (LmLifeWatch* theWatch = sInnermost; theWatch != nullptr; theWatch = theWatch->mOuter) {
-            if (theWatch->mStore == theStore) {
-                theWatch->mStore = nullptr;
-            }
-        }
-    }
+    // Called by the destructor of every store, and by nobody else.
+    LM_HIDDEN static void StoreIsGone(const LmKeyValueStore* theStore);
 
 private:
-    static inline LmLifeWatch* sInnermost = nullptr;
+    friend class LmStackLink<LmLifeWatch>;
+
+    LM_HIDDEN static LmLifeWatch* sInnermost; // null while there is none
 
     const LmKeyValueStore* mStore; // null once the store is gone; not owned
-    LmLifeWatch* mOuter;           // the watch that was made before this one; on the stack, not owned
 };
 
 #endif

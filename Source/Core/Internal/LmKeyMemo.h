@@ -4,7 +4,7 @@
 #define LmKeyMemo_h
 
 #include "LmKeyValueStore.h"
-#include "LmLifeWatch.h"
+#include "LmStackLink.h"
 
 #include <cstddef>
 
@@ -18,12 +18,12 @@ template <typename Entry>
         const auto& theOnly = *theMap.begin();
         return theOnly.first == theName ? &theOnly.second : nullptr;
     }
-    const auto thePlace = theMap.find(theName);
-    return thePlace != theMap.end() ? &thePlace->second : nullptr;
+    const auto theEntry = theMap.find(theName);
+    return theEntry != theMap.end() ? &theEntry->second : nullptr;
 }
 
-// The same, kept for the next time. Entries of a store's maps are never erased: what is there stays there,
-// and what is not there can have come only when the map has grown.
+// The same, kept for the next time. What a set has found in a store's maps stays there, and what it has not
+// found can have come only when the map has grown.
 template <typename Entry>
 class LmFound
 {
@@ -43,22 +43,19 @@ private:
     std::size_t mSize = 0;         // of the map when it was searched
 };
 
-// What has been found of a key while it is being set. Each step of that, and most observers, ask for the
-// same key again, by a reference to the very string that the set works with; those are answered from here.
-// Also a watch on the store. Not part of the interface.
+// Where the value of a key is kept, while that key is being set. Both virtual steps of that, and most
+// observers, ask for the same value again, by a reference to the very string that the set works with; those
+// are answered from here. Also tells the set whether its store still lives. Not part of the interface.
 //
 // A memo lives on the stack only; only the innermost one is asked.
-class LmKeyMemo : public LmLifeWatch
+class [[nodiscard]] LmKeyMemo : private LmStackLink<LmKeyMemo>
 {
 public:
     LmKeyMemo(const LmKeyValueStore* theStore, const LmString& theKeyName)
-        : LmLifeWatch(theStore),
-          mKeyName(&theKeyName),
-          mOuter(sInnermost)
+        : mStore(theStore),
+          mKeyName(&theKeyName)
     {
-        sInnermost = this;
     }
-    ~LmKeyMemo() { sInnermost = mOuter; }
 
     LmKeyMemo(const LmKeyMemo&) = delete;
     LmKeyMemo& operator=(const LmKeyMemo&) = delete;
@@ -67,18 +64,32 @@ public:
     static LmKeyMemo* Of(const LmKeyValueStore* theStore, const LmString& theKeyName)
     {
         const bool isIt =
-            sInnermost != nullptr && sInnermost->mKeyName == &theKeyName && sInnermost->IsOn(theStore);
+            sInnermost != nullptr && sInnermost->mKeyName == &theKeyName && sInnermost->mStore == theStore;
         return isIt ? sInnermost : nullptr;
     }
 
-    LmFound<LmValue> mValue;    // the key's value
-    LmFound<LmKeyState> mState; // the key's state
+    // True once the store has been destroyed.
+    bool IsGone() const { return mStore == nullptr; }
+
+    // Called by the destructor of every store.
+    static void StoreIsGone(const LmKeyValueStore* theStore)
+    {
+        VisitAll([theStore](LmKeyMemo& theMemo) {
+            if (theMemo.mStore == theStore) {
+                theMemo.mStore = nullptr;
+            }
+        });
+    }
+
+    LmFound<LmValue> mValue; // the key's value
 
 private:
+    friend class LmStackLink<LmKeyMemo>;
+
     static inline LmKeyMemo* sInnermost = nullptr;
 
-    const LmString* mKeyName; // the string that the set works with; not owned
-    LmKeyMemo* mOuter;        // the memo that was made before; on the stack, not owned
+    const LmKeyValueStore* mStore; // null once the store is gone; not owned
+    const LmString* mKeyName;      // the string that the set works with; not owned
 };
 
 #endif

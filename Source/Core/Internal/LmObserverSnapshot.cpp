@@ -24,8 +24,7 @@ LmKeyValueObserver** LmObserverSnapshot::Merge(const ObserverList& theKeyObserve
 void LmObserverSnapshot::ObserverIsGone(LmKeyValueObserver* theObserver)
 {
     LmKeyValueObserver* const kGone = nullptr;
-    for (LmObserverSnapshot* theSnapshot = sInnermost; theSnapshot != nullptr;
-         theSnapshot = theSnapshot->mOuter) {
-        std::replace(theSnapshot->mBegin, theSnapshot->mEnd, theObserver, kGone);
-    }
+    VisitAll([&](const LmObserverSnapshot& theSnapshot) {
+        std::replace(theSnapshot.mBegin, theSnapshot.mEnd, theObserver, kGone);
+    });
 }

@@ -3,6 +3,8 @@
 #ifndef LmObserverSnapshot_h
 #define LmObserverSnapshot_h
 
+#include "LmStackLink.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <list>
@@ -17,7 +19,7 @@ class LmKeyValueObserver;
 // becomes null. To that end the snapshots in use form a list from the innermost outwards, which the
 // destructor of every observer walks; so a snapshot lives on the stack only. Up to sixteen observers need no
 // memory from the heap.
-class LmObserverSnapshot
+class [[nodiscard]] LmObserverSnapshot : private LmStackLink<LmObserverSnapshot>
 {
 public:
     using ObserverList = std::list<LmKeyValueObserver*>;
@@ -25,8 +27,7 @@ public:
     // The observers of a key merged with those of all keys, if there are any, in the order in which they are
     // to be called.
     LmObserverSnapshot(const ObserverList& theKeyObservers, const ObserverList* theAnyObservers)
-        : mBegin(mFew),
-          mOuter(sInnermost)
+        : mBegin(mFew)
     {
         const std::size_t theAnyCount = theAnyObservers != nullptr ? theAnyObservers->size() : 0;
         const std::size_t theCount = theKeyObservers.size() + theAnyCount;
@@ -36,9 +37,7 @@ public:
         }
         mEnd = theAnyCount == 0 ? std::copy(theKeyObservers.begin(), theKeyObservers.end(), mBegin)
                                 : Merge(theKeyObservers, *theAnyObservers, mBegin);
-        sInnermost = this;
     }
-    ~LmObserverSnapshot() { sInnermost = mOuter; }
 
     LmObserverSnapshot(const LmObserverSnapshot&) = delete;
     LmObserverSnapshot& operator=(const LmObserverSnapshot&) = delete;
@@ -51,6 +50,8 @@ public:
     static void ObserverIsGone(LmKeyValueObserver* theObserver);
 
 private:
+    friend class LmStackLink<LmObserverSnapshot>;
+
     static LmKeyValueObserver** Merge(const ObserverList& theKeyObservers,
                                       const ObserverList& theAnyObservers, LmKeyValueObserver** theEnd);
 
@@ -61,7 +62,6 @@ private:
     std::unique_ptr<LmKeyValueObserver*[]> mMany; // the observers, when they do not
     LmKeyValueObserver** mBegin;                  // into mFew or mMany
     LmKeyValueObserver** mEnd;                    // behind the last one
-    LmObserverSnapshot* mOuter;                   // the one that was made before; on the stack, not owned
 };
 
 #endif
