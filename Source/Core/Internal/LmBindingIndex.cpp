@@ -13,16 +13,18 @@ namespace LmBindingIndex {
 
 namespace {
 
-// Where a record is, with the store that it is bound to, so that most comparisons need not look at the
-// record.
-struct Place
+// A record and the key that it is a record of, with the store that it is bound to, so that most comparisons
+// need not look at the record.
+struct Item
 {
-    Place(Map::iterator theEntry, Records::iterator theFoundRecord)
-        : theStore(theFoundRecord->boundTo),
+    Item(Map::iterator theEntry, Records::iterator theEntrysRecord)
+        : theStore(theEntrysRecord->boundTo),
           theKey(&theEntry->first),
-          theRecord(theFoundRecord)
+          theRecord(theEntrysRecord)
     {
     }
+
+    bool operator==(const Item& theOther) const { return &*theRecord == &*theOther.theRecord; }
 
     const LmKeyValueStore* theStore;
     const LmString* theKey; // the key of the entry
@@ -40,7 +42,7 @@ struct Order
 {
     using is_transparent = void;
 
-    bool operator()(const Place& theLeft, const Place& theRight) const
+    bool operator()(const Item& theLeft, const Item& theRight) const
     {
         if (theLeft.theStore != theRight.theStore) {
             return IsBefore(theLeft.theStore, theRight.theStore);
@@ -49,16 +51,18 @@ struct Order
         const LmString& theRightKey = theRight.theRecord->boundKey;
         return theLeftKey < theRightKey || (theLeftKey == theRightKey && *theLeft.theKey < *theRight.theKey);
     }
-    bool operator()(const Place& theLeft, const KeyOfStore& theRight) const
+    bool operator()(const Item& theLeft, const KeyOfStore& theRight) const
     {
-        return theLeft.theStore != theRight.theStore ? IsBefore(theLeft.theStore, theRight.theStore)
-                                                     : theLeft.theRecord->boundKey < theRight.theKey;
+        if (theLeft.theStore != theRight.theStore) {
+            return IsBefore(theLeft.theStore, theRight.theStore);
+        }
+        return theLeft.theRecord->boundKey < theRight.theKey;
     }
-    bool operator()(const Place& theLeft, const LmKeyValueStore* theRight) const
+    bool operator()(const Item& theLeft, const LmKeyValueStore* theRight) const
     {
         return IsBefore(theLeft.theStore, theRight);
     }
-    bool operator()(const LmKeyValueStore* theLeft, const Place& theRight) const
+    bool operator()(const LmKeyValueStore* theLeft, const Item& theRight) const
     {
         return IsBefore(theLeft, theRight.theStore);
     }
@@ -70,86 +74,60 @@ private:
     }
 };
 
-using Index = LmSideIndex<Place, Order>;
-
-// How many keys and records there are; no more than three of those beyond a few are counted, for a new key
-// with its record adds two.
-std::size_t CountSome(const Map& theMap)
+struct Traits
 {
-    constexpr std::size_t kEnough = kFew + 3;
-    std::size_t theCount = theMap.size();
-    for (auto theEntry = theMap.begin(); theCount < kEnough && theEntry != theMap.end(); ++theEntry) {
-        theCount += theEntry->second.size();
-    }
-    return std::min(theCount, kEnough);
-}
+    using Container = Map;
+    using Item = LmBindingIndex::Item;
+    using Order = LmBindingIndex::Order;
 
-bool IsLarge(const Map& theMap)
-{
-    return CountSome(theMap) > kFew;
-}
-
-// What only large objects need is made small, and stays out of what small ones need.
-
-[[gnu::cold, gnu::noinline]] void IndexAll(Map& theMap)
-{
-    Index::Set theSet;
-    for (auto theEntry = theMap.begin(); theEntry != theMap.end(); ++theEntry) {
-        Records& theRecords = theEntry->second;
-        for (auto theRecord = theRecords.begin(); theRecord != theRecords.end(); ++theRecord) {
-            theSet.insert(Place(theEntry, theRecord));
+    template <typename Visit>
+    static void VisitItems(Map& theMap, const Visit& theVisit)
+    {
+        for (auto theEntry = theMap.begin(); theEntry != theMap.end(); ++theEntry) {
+            Records& theRecords = theEntry->second;
+            for (auto theRecord = theRecords.begin(); theRecord != theRecords.end(); ++theRecord) {
+                theVisit(Item(theEntry, theRecord));
+            }
         }
     }
-    Index::Keep(&theMap, std::move(theSet));
-}
 
-[[gnu::cold, gnu::noinline]] void AddToIndex(const Map& theMap, const Place& theNew)
-{
-    Index::Of(&theMap).insert(theNew);
-}
-
-[[gnu::cold, gnu::noinline]] void RemoveFromIndex(const Map& theMap, const Place& theOld)
-{
-    Index::Set& theSet = Index::Of(&theMap);
-    const auto theRange = theSet.equal_range(theOld);
-    const auto thePlace = std::find_if(theRange.first, theRange.second, [&](const Place& theOne) {
-        return &*theOne.theRecord == &*theOld.theRecord;
-    });
-    // A derived class may hand over a record that it keeps itself.
-    if (thePlace != theRange.second) {
-        theSet.erase(thePlace);
+    static bool HasMany(const Map& theMap)
+    {
+        std::size_t theCount = theMap.size();
+        for (auto theEntry = theMap.begin(); theCount <= kLmFew && theEntry != theMap.end(); ++theEntry) {
+            theCount += theEntry->second.size();
+        }
+        return theCount > kLmFew;
     }
-}
 
-[[gnu::cold, gnu::noinline]] void DropWhenSmall(const Map& theMap)
-{
-    if (!IsLarge(theMap)) {
-        Index::Drop(&theMap);
-    }
-}
+    static bool HasFew(const Map& theMap, std::size_t theItems) { return theMap.size() + theItems <= kLmFew; }
+};
+
+using Index = LmSideIndex<Traits>;
 
 } // namespace
 
 Hit FindFirstInIndex(const Map& theMap, const LmKeyValueStore* theStore, const LmString& theStoreKey)
 {
-    const Index::Set& theSet = Index::Of(&theMap);
-    const auto thePlace = theSet.lower_bound(KeyOfStore{theStore, theStoreKey});
-    const bool isHit = thePlace != theSet.end() && IsBoundTo(*thePlace->theRecord, theStore, theStoreKey);
-    return isHit ? Hit{thePlace->theKey, &*thePlace->theRecord} : Hit();
+    const Index::Items& theIndex = *Index::Find(theMap);
+    const auto theItem = theIndex.lower_bound(KeyOfStore{theStore, theStoreKey});
+    const bool isHit = theItem != theIndex.end() && IsBoundTo(*theItem->theRecord, theStore, theStoreKey);
+    return isHit ? Hit{theItem->theKey, &*theItem->theRecord} : Hit();
 }
 
 Records::iterator FindIn(Map& theMap, Map::iterator theEntry, const LmKeyValueBinding* boundTo)
 {
     Records& theRecords = theEntry->second;
-    if (theRecords.size() > kFew) {
-        const auto theRange = Index::Of(&theMap).equal_range(static_cast<const LmKeyValueStore*>(boundTo));
-        const auto isOfEntry = [&](const Place& thePlace) { return thePlace.theKey == &theEntry->first; };
-        const auto thePlace = std::find_if(theRange.first, theRange.second, isOfEntry);
-        if (thePlace == theRange.second) {
+    if (theRecords.size() > kLmFew) {
+        const Index::Items& theIndex = *Index::Find(theMap);
+        const Index::Range theRange = theIndex.equal_range(static_cast<const LmKeyValueStore*>(boundTo));
+        const auto isOfEntry = [&](const Item& theItem) { return theItem.theKey == &theEntry->first; };
+        const auto theItem = std::find_if(theRange.first, theRange.second, isOfEntry);
+        if (theItem == theRange.second) {
             return theRecords.end();
         }
-        if (std::none_of(std::next(thePlace), theRange.second, isOfEntry)) {
-            return thePlace->theRecord;
+        if (std::none_of(std::next(theItem), theRange.second, isOfEntry)) {
+            return theItem->theRecord;
         }
         // Which of several is the oldest, the list alone knows.
     }
@@ -169,35 +147,21 @@ void Append(Map& theMap, const LmString& bindKey, const BindingInfo& theInfo)
             theMap.erase(theInsertion.first);
         }
     });
-    const std::size_t theCount = CountSome(theMap);
-    const std::size_t theNewCount = theInsertion.second ? 2 : 1;
-    if (theCount > kFew + theNewCount) {
-        AddToIndex(theMap, Place(theInsertion.first, std::prev(theRecords.end())));
-    } else if (theCount > kFew) {
-        IndexAll(theMap);
-    }
+    Index::Add(theMap, Item(theInsertion.first, std::prev(theRecords.end())));
     theRollback.Commit();
 }
 
 void Take(Map& theMap, Map::iterator theEntry, Records::iterator theRecord, Records& theTaken)
 {
-    const bool wasLarge = IsLarge(theMap);
-    if (wasLarge) {
-        RemoveFromIndex(theMap, Place(theEntry, theRecord));
-    }
+    // A derived class may hand over a record that it keeps itself, of which the index knows nothing.
+    Index::Remove(theMap, Item(theEntry, theRecord));
     theTaken.splice(theTaken.end(), theEntry->second, theRecord);
-    if (wasLarge) {
-        DropWhenSmall(theMap);
-    }
 }
 
 void EraseEntry(Map& theMap, Map::iterator theEntry)
 {
-    const bool wasLarge = IsLarge(theMap);
     theMap.erase(theEntry);
-    if (wasLarge) {
-        DropWhenSmall(theMap);
-    }
+    Index::Shrink(theMap);
 }
 
 } // namespace LmBindingIndex

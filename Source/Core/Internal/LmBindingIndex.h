@@ -4,6 +4,7 @@
 #define LmBindingIndex_h
 
 #include "LmKeyValueBinding.h"
+#include "LmSideIndex.h"
 
 #include <cstddef>
 #include <list>
@@ -12,9 +13,10 @@
 // The records of a binding object, and how one of them is found. Not part of the interface.
 //
 // Records are ordered by the key that is bound and, within a key, by age; where several match, the first one
-// counts. An object with up to sixteen keys and records is searched in that order. Beside a larger one
-// stands an index, so that a search costs the logarithm of the number of its records. Records that are
-// changed here must not be changed by other means, and must be removed here before they die.
+// counts. An object with a few keys and records, counted together, is searched in that order: keys count too,
+// because a walk visits them even when they have no records. One with more has an index, so that a search
+// costs the logarithm of the number of its records. Records that are changed here must not be changed by
+// other means, and must be removed here before they die.
 namespace LmBindingIndex {
 
 using Records = std::list<BindingInfo>;
@@ -27,10 +29,6 @@ struct Hit
     const BindingInfo* theRecord;
 };
 
-// So many keys and records, counted together, are searched by walking through them. Keys count too, because
-// a walk visits them even when they have no records.
-constexpr std::size_t kFew = 16;
-
 inline bool IsBoundTo(const BindingInfo& theRecord, const LmKeyValueStore* theStore,
                       const LmString& theStoreKey)
 {
@@ -39,7 +37,7 @@ inline bool IsBoundTo(const BindingInfo& theRecord, const LmKeyValueStore* theSt
     return theRecord.boundTo == theStore && theRecord.boundKey == theStoreKey;
 }
 
-// FindFirst for more than a few.
+// FindFirst for an object that has an index.
 Hit FindFirstInIndex(const Map& theMap, const LmKeyValueStore* theStore, const LmString& theStoreKey);
 
 // The first record in the whole of theMap that is bound to that key of that store.
@@ -49,7 +47,7 @@ inline Hit FindFirst(const Map& theMap, const LmKeyValueStore* theStore, const L
     for (const auto& theEntry : theMap) {
         const Records& theRecords = theEntry.second;
         theCount += 1 + theRecords.size();
-        if (theCount > kFew) {
+        if (theCount > kLmFew) {
             return FindFirstInIndex(theMap, theStore, theStoreKey);
         }
         for (const BindingInfo& theRecord : theRecords) {

@@ -3,6 +3,7 @@
 #ifndef LmLongList_h
 #define LmLongList_h
 
+#include "LmRollback.h"
 #include "LmSideIndex.h"
 
 #include <algorithm>
@@ -10,11 +11,10 @@
 #include <iterator>
 #include <list>
 
-// Lists that are searched, short mostly, but long now and then. Not part of the interface.
+// Lists that are searched, short mostly, but long now and then: a long one has an index, so that searching it
+// costs the logarithm of its length. Not part of the interface.
 //
-// A list of up to sixteen elements is searched by walking through it. Beside a longer one stands an index, so
-// that searching it costs the logarithm of its length. A list that is changed here must not be changed by
-// other means, and must be emptied here before it dies.
+// A list that is changed here must not be changed by other means, and must be emptied here before it dies.
 //
 // Compare tells which of two elements, or of an element and what is looked for, comes first: its result is
 // negative, zero or positive, as that of std::strcmp.
@@ -28,18 +28,19 @@ public:
     // the index, both stay as they are.
     static void Append(List& theList, List& theNewElement)
     {
-        if (theList.size() >= kFew) {
-            AddToIndex(theList, theNewElement.begin());
-        }
         theList.splice(theList.end(), theNewElement);
+        if (!IsShort(theList)) {
+            LmRollback theRollback(
+                [&] { theNewElement.splice(theNewElement.end(), theList, std::prev(theList.end())); });
+            Index::Add(theList, std::prev(theList.end()));
+            theRollback.Commit();
+        }
     }
 
     // Removes the element that was appended last. Needs no memory.
     static void RemoveLast(List& theList)
     {
-        if (IsLong(theList)) {
-            RemoveLastFromIndex(theList);
-        }
+        Index::Remove(theList, std::prev(theList.end()));
         theList.pop_back();
     }
 
@@ -47,8 +48,8 @@ public:
     template <typename Sought>
     static bool Has(const List& theList, const Sought& theSought)
     {
-        if (IsLong(theList)) {
-            return IsInIndex(theList, theSought);
+        if (const auto* theIndex = FindIndex(theList)) {
+            return theIndex->find(theSought) != theIndex->end();
         }
         return std::any_of(theList.begin(), theList.end(), IsEqualTo(theSought));
     }
@@ -58,41 +59,63 @@ public:
     template <typename Sought>
     static void TakeAll(List& theList, const Sought& theSought, List& theTaken)
     {
-        if (IsLong(theList)) {
-            TakeAllByIndex(theList, theSought, theTaken);
+        if (auto* theIndex = FindIndex(theList)) {
+            TakeAllByIndex(theList, *theIndex, theSought, theTaken);
             return;
         }
         for (auto theNext = theList.begin(); theNext != theList.end();) {
-            const auto thePlace = theNext++;
-            if (IsEqualTo(theSought)(*thePlace)) {
-                theTaken.splice(theTaken.end(), theList, thePlace);
+            const auto theElement = theNext++;
+            if (IsEqualTo(theSought)(*theElement)) {
+                theTaken.splice(theTaken.end(), theList, theElement);
             }
         }
     }
 
 private:
-    using Place = typename List::iterator;
-
     struct Order
     {
         using is_transparent = void;
+        using Item = typename List::iterator;
 
-        bool operator()(Place theLeft, Place theRight) const { return Compare()(*theLeft, *theRight) < 0; }
+        bool operator()(Item theLeft, Item theRight) const { return Compare()(*theLeft, *theRight) < 0; }
         template <typename Sought>
-        bool operator()(Place theLeft, const Sought& theRight) const
+        bool operator()(Item theLeft, const Sought& theRight) const
         {
             return Compare()(*theLeft, theRight) < 0;
         }
         template <typename Sought>
-        bool operator()(const Sought& theLeft, Place theRight) const
+        bool operator()(const Sought& theLeft, Item theRight) const
         {
             return Compare()(*theRight, theLeft) > 0;
         }
     };
 
-    using Index = LmSideIndex<Place, Order>;
+    struct IndexTraits
+    {
+        using Container = List;
+        using Item = typename List::iterator;
+        using Order = typename LmLongList::Order;
 
-    static bool IsLong(const List& theList) { return theList.size() > kFew; }
+        template <typename Visit>
+        static void VisitItems(List& theList, const Visit& theVisit)
+        {
+            for (auto theElement = theList.begin(); theElement != theList.end(); ++theElement) {
+                theVisit(theElement);
+            }
+        }
+        static bool HasMany(const List& theList) { return !IsShort(theList); }
+        static bool HasFew(const List& /*theList*/, std::size_t theItems) { return theItems <= kLmFew; }
+    };
+
+    using Index = LmSideIndex<IndexTraits>;
+
+    static bool IsShort(const List& theList) { return theList.size() <= kLmFew; }
+
+    // A short list has no index, which is seen faster than it is looked up.
+    static typename Index::Items* FindIndex(const List& theList)
+    {
+        return IsShort(theList) ? nullptr : Index::Find(theList);
+    }
 
     template <typename Sought>
     static auto IsEqualTo(const Sought& theSought)
@@ -100,58 +123,16 @@ private:
         return [&theSought](const Element& theElement) { return Compare()(theElement, theSought) == 0; };
     }
 
-    // What only long lists need is made small, and stays out of what short ones need.
-
-    [[gnu::cold, gnu::noinline]] static void AddToIndex(List& theList, Place theNewElement)
-    {
-        if (IsLong(theList)) {
-            Index::Of(&theList).insert(theNewElement);
-            return;
-        }
-        typename Index::Set theSet;
-        for (auto thePlace = theList.begin(); thePlace != theList.end(); ++thePlace) {
-            theSet.insert(thePlace);
-        }
-        theSet.insert(theNewElement);
-        Index::Keep(&theList, std::move(theSet));
-    }
-
-    [[gnu::cold, gnu::noinline]] static void RemoveLastFromIndex(List& theList)
-    {
-        // Equal elements stand in the order in which they were appended.
-        auto& theSet = Index::Of(&theList);
-        theSet.erase(std::prev(theSet.upper_bound(theList.back())));
-        DropWhenShort(theList, theList.size() - 1);
-    }
-
     template <typename Sought>
-    [[gnu::cold, gnu::noinline]] static bool IsInIndex(const List& theList, const Sought& theSought)
+    [[gnu::cold, gnu::noinline]] static void TakeAllByIndex(List& theList, typename Index::Items& theIndex,
+                                                            const Sought& theSought, List& theTaken)
     {
-        const auto& theSet = Index::Of(&theList);
-        return theSet.find(theSought) != theSet.end();
-    }
-
-    template <typename Sought>
-    [[gnu::cold, gnu::noinline]] static void TakeAllByIndex(List& theList, const Sought& theSought,
-                                                            List& theTaken)
-    {
-        auto& theSet = Index::Of(&theList);
-        const auto theEqual = theSet.equal_range(theSought);
-        for (auto thePlace = theEqual.first; thePlace != theEqual.second; ++thePlace) {
-            theTaken.splice(theTaken.end(), theList, *thePlace);
+        const typename Index::Range theEqual = theIndex.equal_range(theSought);
+        for (auto theItem = theEqual.first; theItem != theEqual.second; ++theItem) {
+            theTaken.splice(theTaken.end(), theList, *theItem);
         }
-        theSet.erase(theEqual.first, theEqual.second);
-        DropWhenShort(theList, theList.size());
+        Index::Remove(theList, theIndex, theEqual);
     }
-
-    static void DropWhenShort(const List& theList, std::size_t theNewSize)
-    {
-        if (theNewSize <= kFew) {
-            Index::Drop(&theList);
-        }
-    }
-
-    static constexpr std::size_t kFew = 16;
 };
 
 #endif
