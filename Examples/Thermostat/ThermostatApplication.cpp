@@ -14,12 +14,13 @@ ThermostatApplication::ThermostatApplication()
     LmKeyValueBinding* const theModel = mModel.GetBindings();
     theModel->Bind(kModelTarget, &mPreferences, "target", nullptr, nullptr);
     theModel->Bind(kModelFahrenheit, &mPreferences, "fahrenheit", nullptr, nullptr);
+    theModel->Bind(kModelShown, &mPreferences, "shown", nullptr, nullptr);
     mWindow = OpenThermostatWindow(mModel, mPreferences);
 }
 
 ThermostatApplication::~ThermostatApplication()
 {
     if (IsValidWindowPtr(mWindow)) {
-        DisposeWindow(mWindow);
+        CloseThermostatWindow(mWindow, mModel);
     }
 }

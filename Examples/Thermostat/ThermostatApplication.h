@@ -12,7 +12,8 @@
 // The application: the model, what it remembers from one run to the next, and its window and menu, which are
 // open from the constructor on. Run the event loop to use it.
 //
-// The preference domain org.lmbindings.Thermostat keeps the target, the unit and the window's place.
+// The preference domain org.lmbindings.Thermostat keeps the target, the unit, the window's place and
+// whether it is shown.
 class ThermostatApplication
 {
 public:

@@ -146,17 +146,22 @@ void BindWindow(WindowRef theWindow, LmKeyValueBinding* theModel, LmPreferenceBi
     theBinding->Bind("visible", theModel, kModelShown, nullptr, nullptr);
 }
 
-OSStatus EndWithWindow(EventHandlerCallRef, EventRef, void*)
+// The person asks for it with the close box.
+OSStatus EndWithWindow(EventHandlerCallRef, EventRef theEvent, void* theModel)
 {
+    WindowRef theWindow = nullptr;
+    GetEventParameter(theEvent, kEventParamDirectObject, typeWindowRef, nullptr, sizeof theWindow, nullptr,
+                      &theWindow);
+    CloseThermostatWindow(theWindow, *static_cast<ThermostatModel*>(theModel));
     QuitApplicationEventLoop();
-    return eventNotHandledErr;
+    return noErr;
 }
 
-void EndApplicationWithWindow(WindowRef theWindow)
+void EndApplicationWithWindow(WindowRef theWindow, ThermostatModel& theModel)
 {
     static const EventHandlerUPP kHandler = NewEventHandlerUPP(EndWithWindow);
-    const EventTypeSpec theClosing = {kEventClassWindow, kEventWindowClosed};
-    InstallWindowEventHandler(theWindow, kHandler, 1, &theClosing, nullptr, nullptr);
+    const EventTypeSpec theClosing = {kEventClassWindow, kEventWindowClose};
+    InstallWindowEventHandler(theWindow, kHandler, 1, &theClosing, &theModel, nullptr);
 }
 
 } // namespace
@@ -169,7 +174,14 @@ WindowRef OpenThermostatWindow(ThermostatModel& theModel, LmPreferenceBinding& t
     BindHeating(theWindow, theModel.GetBindings());
     BindTarget(theWindow, theModel.GetBindings());
     BindPower(theWindow, theModel.GetBindings());
-    EndApplicationWithWindow(theWindow);
+    EndApplicationWithWindow(theWindow, theModel);
     BindWindow(theWindow, theModel.GetBindings(), &thePreferences);
     return theWindow;
+}
+
+void CloseThermostatWindow(WindowRef theWindow, ThermostatModel& theModel)
+{
+    // A window is hidden before it goes. That is not what the person chose, so nothing follows it any more.
+    theModel.GetBindings()->Unbind(kModelShown, nullptr);
+    DisposeWindow(theWindow);
 }

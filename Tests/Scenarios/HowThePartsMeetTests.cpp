@@ -212,6 +212,63 @@ TEST_F(HowThePartsMeet, ClosingTheWindowTakesItsBindingsAndLeavesModelAndPrefere
     EXPECT_EQ(mPreferences.GetKeyPathValue("volume").GetSInt32(), 6L);
 }
 
+// Notes the window events that it gets, in the list that its user data points to.
+OSStatus NoteEnd(EventHandlerCallRef, EventRef theEvent, void* theEvents)
+{
+    const UInt32 theKind = GetEventKind(theEvent);
+    static_cast<Lines*>(theEvents)->emplace_back(theKind == kEventWindowHidden   ? "hidden"
+                                                 : theKind == kEventWindowClosed ? "closed"
+                                                                                 : "disposed");
+    return eventNotHandledErr;
+}
+
+// A window whose visibility a model follows, and a preference the model.
+class RememberedVisibility : public HowThePartsMeet
+{
+protected:
+    void SetUp() override
+    {
+        HowThePartsMeet::SetUp();
+        mPreferences.SetKeyPathValue("shown", LmValue(true));
+        mModel.Bind("shown", &mPreferences, "shown", nullptr, nullptr);
+        (new LmWindowBinding(mWindow))->Bind("visible", &mModel, "shown", nullptr, nullptr);
+        EXPECT_TRUE(IsWindowVisible(mWindow));
+    }
+
+    bool IsRemembered() const { return mPreferences.GetKeyPathValue("shown").GetBoolean(); }
+};
+
+TEST_F(RememberedVisibility, IsFalseWhenTheVisibleWindowIsDisposedOfForThatHidesItFirstOnPurpose)
+{
+    const EventTypeSpec kEnd[] = {{kEventClassWindow, kEventWindowHidden},
+                                  {kEventClassWindow, kEventWindowClosed},
+                                  {kEventClassWindow, kEventWindowDispose}};
+    Lines theEvents;
+    InstallWindowEventHandler(mWindow, NewEventHandlerUPP(NoteEnd), GetEventTypeCount(kEnd), kEnd, &theEvents,
+                              nullptr);
+    DisposeWindow(mWindow);
+    EXPECT_EQ(theEvents, (Lines{"hidden", "closed", "disposed"}));
+    EXPECT_FALSE(mModel.GetKeyPathValue("shown").GetBoolean());
+    EXPECT_FALSE(IsRemembered());
+}
+
+TEST_F(RememberedVisibility, IsKeptWhenTheKeyIsUnboundBeforeTheWindowIsDisposedOf)
+{
+    mModel.Unbind("shown", nullptr);
+    DisposeWindow(mWindow);
+    EXPECT_TRUE(mModel.GetKeyPathValue("shown").GetBoolean());
+    EXPECT_TRUE(IsRemembered());
+}
+
+TEST_F(RememberedVisibility, IsThatOfAWindowThatIsHiddenInsteadAndBringsItBack)
+{
+    HideWindow(mWindow);
+    EXPECT_FALSE(IsRemembered());
+    mModel.SetKeyPathValue("shown", LmValue(true));
+    EXPECT_TRUE(IsWindowVisible(mWindow));
+    EXPECT_TRUE(IsRemembered());
+}
+
 // Changes nothing, and counts the dead.
 class CountedTransform : public LmValueTransform
 {
@@ -323,6 +380,7 @@ TEST_F(HowThePartsMeet, EitherSideMayBeDestroyedFirst)
         theBinding->Bind("value", &theModel, "volume", nullptr, nullptr);
         delete theBinding;
         theModel.SetKeyPathValue("volume", LmValue(2UL));
+        EXPECT_EQ(GetControl32BitValue(mSlider), 5) << "nobody is bound to the volume any more";
     }
     auto theModel = std::make_unique<LmKeyValueBinding>();
     LmControlBinding* theBinding = new LmControlBinding(mSlider);

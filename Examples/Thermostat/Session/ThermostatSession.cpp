@@ -197,11 +197,11 @@ void ThermostatSession::Fail(const UserResult& theResult)
 void ThermostatSession::PrintState()
 {
     std::vector<std::string> theLines = DescribeState();
-    const bool theIsFirst = mShownLines.empty();
+    const bool isFirst = mShownLines.empty();
     mShownLines.resize(theLines.size());
     for (size_t theIndex = 0; theIndex < theLines.size(); ++theIndex) {
-        const bool theIsNew = !theIsFirst && theLines[theIndex] != mShownLines[theIndex];
-        std::printf("  %s %s\n", theIsNew ? "->" : "  ", theLines[theIndex].c_str());
+        const bool isNew = !isFirst && theLines[theIndex] != mShownLines[theIndex];
+        std::printf("  %s %s\n", isNew ? "->" : "  ", theLines[theIndex].c_str());
     }
     std::fflush(stdout);
     mShownLines.swap(theLines);
