@@ -3,7 +3,7 @@
 #ifndef BindingTestSupport_h
 #define BindingTestSupport_h
 
-#include "LmValue.h"
+#include "LmKeyValueBinding.h"
 
 #include <Carbon/Carbon.h>
 
@@ -86,9 +86,9 @@ class Mortal : public Binding
 {
 public:
     template <typename... Arguments>
-    explicit Mortal(bool& theIsGone, Arguments... theArguments)
+    explicit Mortal(bool& isGone, Arguments... theArguments)
         : Binding(theArguments...),
-          mIsGone(theIsGone)
+          mIsGone(isGone)
     {
         mIsGone = false;
     }
@@ -96,6 +96,28 @@ public:
 
 private:
     bool& mIsGone;
+};
+
+// An observer that deletes a binding as soon as it hears of a change, and counts how often it hears.
+class BindingDeleter : public LmKeyValueObserver
+{
+public:
+    explicit BindingDeleter(LmKeyValueBinding* theBinding)
+        : mBinding(theBinding)
+    {
+    }
+
+    void ValueChanged(const LmKeyValueStore*, const LmString&) override
+    {
+        mCount += 1;
+        delete mBinding;
+    }
+
+    int GetCount() const { return mCount; }
+
+private:
+    LmKeyValueBinding* mBinding;
+    int mCount = 0;
 };
 
 #endif

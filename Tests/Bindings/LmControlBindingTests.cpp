@@ -624,9 +624,9 @@ class LmControlBindingKeyTest : public LmControlBindingTest, public testing::Wit
 
 TEST_P(LmControlBindingKeyTest, OnlyTheKeysThatEndTypingStoreTheText)
 {
-    for (const bool theFieldIsUnicode : {true, false}) {
+    for (const bool isFieldUnicode : {true, false}) {
         ControlRef theField =
-            theFieldIsUnicode ? MakeEditText(CFSTR("before")) : MakeOldEditText(CFSTR("before"));
+            isFieldUnicode ? MakeEditText(CFSTR("before")) : MakeOldEditText(CFSTR("before"));
         LmControlBinding* theBinding = new LmControlBinding(theField);
         TypeInto(theField, CFSTR("after"));
         CarbonSpy::TakeWrites();
@@ -744,10 +744,10 @@ TEST_F(LmControlBindingTest, AfterAnEventOfTheWrongClassKeysAreWrittenToTheContr
 TEST_F(LmControlBindingTest, DisposingTheControlDeletesTheBinding)
 {
     ControlRef theSlider = MakeSlider(5, 0, 10);
-    bool theIsGone = false;
-    new MortalBinding(theIsGone, theSlider);
+    bool isGone = false;
+    new MortalBinding(isGone, theSlider);
     DisposeControl(theSlider);
-    EXPECT_TRUE(theIsGone);
+    EXPECT_TRUE(isGone);
 }
 
 TEST_F(LmControlBindingTest, ClosingTheWindowDeletesTheBindingsOfItsControls)
@@ -758,12 +758,14 @@ TEST_F(LmControlBindingTest, ClosingTheWindowDeletesTheBindingsOfItsControls)
     ControlRef theSlider = nullptr;
     CreateSliderControl(theWindow, &kBounds, 5, 0, 10, kControlSliderDoesNotPoint, 0, true, nullptr,
                         &theSlider);
-    bool theIsGone = false;
+    bool isGone = false;
     LmKeyValueBinding theModel;
-    (new MortalBinding(theIsGone, theSlider))->Bind("value", &theModel, "volume", nullptr, nullptr);
+    (new MortalBinding(isGone, theSlider))->Bind("value", &theModel, "volume", nullptr, nullptr);
+    CarbonSpy::TakeWrites();
     DisposeWindow(theWindow);
-    EXPECT_TRUE(theIsGone);
+    EXPECT_TRUE(isGone);
     theModel.SetKeyPathValue("volume", LmValue(1UL));
+    EXPECT_EQ(CarbonSpy::TakeWrites(), Lines{});
 }
 
 // Disposes a control as soon as it hears of a change.
@@ -797,13 +799,13 @@ private:
 
 TEST_F(LmControlBindingTest, TheControlMayBeDisposedByAnObserverOfItsOwnChange)
 {
-    for (const bool theIsEarly : {true, false}) {
+    for (const bool isEarly : {true, false}) {
         ControlRef theSlider = MakeSlider(5, 0, 10);
-        Disposer theDisposer(theSlider, theIsEarly);
-        bool theIsGone = false;
-        (new MortalBinding(theIsGone, theSlider))->ObserveKeyPathValue("value", &theDisposer);
+        Disposer theDisposer(theSlider, isEarly);
+        bool isGone = false;
+        (new MortalBinding(isGone, theSlider))->ObserveKeyPathValue("value", &theDisposer);
         SetControl32BitValue(theSlider, 7);
-        EXPECT_TRUE(theIsGone);
+        EXPECT_TRUE(isGone);
     }
 }
 
@@ -811,33 +813,33 @@ TEST_F(LmControlBindingTest, TheControlMayBeDisposedWhileItsKeyIsSet)
 {
     ControlRef theSlider = MakeSlider(5, 0, 10);
     Disposer theDisposer(theSlider, false);
-    bool theIsGone = false;
-    LmControlBinding* theBinding = new MortalBinding(theIsGone, theSlider);
+    bool isGone = false;
+    LmControlBinding* theBinding = new MortalBinding(isGone, theSlider);
     theBinding->ObserveKeyPathValue("value", &theDisposer);
     theBinding->SetKeyPathValue("value", LmValue(7UL));
-    EXPECT_TRUE(theIsGone);
+    EXPECT_TRUE(isGone);
 }
 
 TEST_F(LmControlBindingTest, TheControlMayBeDisposedWhileItIsAttached)
 {
     ControlRef theSlider = MakeSlider(5, 0, 10);
     Disposer theDisposer(theSlider, false);
-    bool theIsGone = false;
-    LmControlBinding* theBinding = new MortalBinding(theIsGone);
+    bool isGone = false;
+    LmControlBinding* theBinding = new MortalBinding(isGone);
     theBinding->ObserveKeyPathValue("value", &theDisposer);
     theBinding->SetControl(theSlider);
-    EXPECT_TRUE(theIsGone);
+    EXPECT_TRUE(isGone);
 }
 
 TEST_F(LmControlBindingTest, TheFieldMayBeDisposedByAnObserverOfItsReturnKey)
 {
     ControlRef theField = MakeEditText(CFSTR("before"));
     Disposer theDisposer(theField, false);
-    bool theIsGone = false;
-    (new MortalBinding(theIsGone, theField))->ObserveKeyPathValue("value", &theDisposer);
+    bool isGone = false;
+    (new MortalBinding(isGone, theField))->ObserveKeyPathValue("value", &theDisposer);
     TypeInto(theField, CFSTR("after"));
     PressKey(theField, kReturnKey);
-    EXPECT_TRUE(theIsGone);
+    EXPECT_TRUE(isGone);
 }
 
 OSStatus DisposeOwnControl(EventHandlerCallRef, EventRef, void* theControl)
@@ -848,20 +850,20 @@ OSStatus DisposeOwnControl(EventHandlerCallRef, EventRef, void* theControl)
 
 TEST_F(LmControlBindingTest, TheControlMayBeDisposedByAHandlerOfItsOwnEvent)
 {
-    for (const bool theHandlerIsFirst : {true, false}) {
+    for (const bool isHandlerFirst : {true, false}) {
         ControlRef theSlider = MakeSlider(5, 0, 10);
         const EventTypeSpec theType = {kEventClassControl, kEventControlValueFieldChanged};
         const EventHandlerUPP theHandler = NewEventHandlerUPP(DisposeOwnControl);
-        bool theIsGone = false;
-        if (theHandlerIsFirst) {
-            new MortalBinding(theIsGone, theSlider);
+        bool isGone = false;
+        if (isHandlerFirst) {
+            new MortalBinding(isGone, theSlider);
             InstallControlEventHandler(theSlider, theHandler, 1, &theType, theSlider, nullptr);
         } else {
             InstallControlEventHandler(theSlider, theHandler, 1, &theType, theSlider, nullptr);
-            new MortalBinding(theIsGone, theSlider);
+            new MortalBinding(isGone, theSlider);
         }
         SetControl32BitValue(theSlider, 7);
-        EXPECT_TRUE(theIsGone);
+        EXPECT_TRUE(isGone);
     }
 }
 

@@ -1,5 +1,6 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
+#include "BindingTestSupport.h"
 #include "LmExampleBinding.h"
 #include "NotificationRecorder.h"
 
@@ -138,39 +139,36 @@ TEST(LmExampleBinding, AModelKeyCanDriveAndBeDriven)
     EXPECT_EQ(theOther.GetKeyPathValue("number").GetUInt32(), 0UL);
 }
 
-// Deletes the binding as soon as it hears of a change.
-class Deleter : public LmKeyValueObserver
-{
-public:
-    explicit Deleter(LmExampleBinding* theBinding)
-        : mBinding(theBinding)
-    {
-    }
-
-    void ValueChanged(const LmKeyValueStore*, const LmString&) override { delete mBinding; }
-
-private:
-    LmExampleBinding* mBinding;
-};
+using MortalBinding = Mortal<LmExampleBinding>;
 
 TEST(LmExampleBinding, AnObserverMayDeleteTheBindingWhileItAttaches)
 {
     int theModel = 0;
-    LmExampleBinding* theBinding = new LmExampleBinding;
-    Deleter theDeleter(theBinding);
+    bool isGone = false;
+    auto* const theBinding = new MortalBinding(isGone);
+    NotificationRecorder theRecorder;
+    ObserveAll(*theBinding, theRecorder);
+    BindingDeleter theDeleter(theBinding);
     theBinding->ObserveKeyPathValue("two", &theDeleter);
     theBinding->SetModel(&theModel);
+    EXPECT_TRUE(isGone);
+    EXPECT_EQ(theDeleter.GetCount(), 1);
+    EXPECT_EQ(theRecorder.Take(), (Lines{"changing one", "changed one", "changing two", "changed two"}))
+        << "the third key is not copied any more";
 }
 
 TEST(LmExampleBinding, AnObserverMayDeleteTheBindingDuringTheModelsNotification)
 {
     int theModel = 0;
-    LmExampleBinding* theBinding = new LmExampleBinding;
+    bool isGone = false;
+    auto* const theBinding = new MortalBinding(isGone);
     theBinding->SetModel(&theModel);
     theBinding->SetKeyPathValue("two", LmValue(5UL));
-    Deleter theDeleter(theBinding);
+    BindingDeleter theDeleter(theBinding);
     theBinding->ObserveKeyPathValue("two", &theDeleter);
     theBinding->DoEventFromModel(2);
+    EXPECT_TRUE(isGone);
+    EXPECT_EQ(theDeleter.GetCount(), 1);
 }
 
 } // namespace

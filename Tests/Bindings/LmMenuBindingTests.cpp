@@ -222,14 +222,14 @@ TEST_F(LmMenuBindingTest, TheBindingStaysWithTheMenuThatItHasFound)
 TEST_F(LmMenuBindingTest, ACommandOfAnotherMenuTakesTheHandlerThere)
 {
     const OtherMenu theOther;
-    bool theIsGone = false;
-    LmMenuBinding* theBinding = new Mortal<LmMenuBinding>(theIsGone, kReset);
+    bool isGone = false;
+    LmMenuBinding* theBinding = new Mortal<LmMenuBinding>(isGone, kReset);
     theBinding->SetMenuCommand(OtherMenu::kCooling);
     EXPECT_EQ(TextOf(theBinding->GetKeyPathValue("title")), "Cooling");
     RemoveMenu();
-    EXPECT_FALSE(theIsGone) << "the first menu is nothing to the binding any more";
+    EXPECT_FALSE(isGone) << "the first menu is nothing to the binding any more";
     OtherMenu::Dispose();
-    EXPECT_TRUE(theIsGone);
+    EXPECT_TRUE(isGone);
 }
 
 TEST_F(LmMenuBindingTest, DetachingKeepsTheKeysAndStopsListening)
@@ -465,53 +465,51 @@ TEST_F(LmMenuBindingTest, ACommandFollowsAModelButDoesNotDriveIt)
 
 TEST_F(LmMenuBindingTest, DisposingTheMenuDeletesTheBinding)
 {
-    bool theIsGone = false;
-    new Mortal<LmMenuBinding>(theIsGone, kHeating);
+    bool isGone = false;
+    new Mortal<LmMenuBinding>(isGone, kHeating);
     RemoveMenu();
-    EXPECT_TRUE(theIsGone);
+    EXPECT_TRUE(isGone);
 }
 
 TEST_F(LmMenuBindingTest, OtherMenuEventsLeaveTheBindingAlone)
 {
-    bool theIsGone = false;
-    LmMenuBinding* theBinding = new Mortal<LmMenuBinding>(theIsGone, kHeating);
+    bool isGone = false;
+    LmMenuBinding* theBinding = new Mortal<LmMenuBinding>(isGone, kHeating);
     const TestEvent theEvent(kEventClassMenu, kEventMenuClosed);
     EXPECT_EQ(theBinding->DoEventMenu(theEvent.GetEvent(), kEventMenuClosed), eventNotHandledErr);
-    EXPECT_FALSE(theIsGone);
+    EXPECT_FALSE(isGone);
     RemoveMenu();
-    EXPECT_TRUE(theIsGone);
+    EXPECT_TRUE(isGone);
 }
-
-// Deletes the binding as soon as it hears of a change.
-class Deleter : public LmKeyValueObserver
-{
-public:
-    explicit Deleter(LmMenuBinding* theBinding)
-        : mBinding(theBinding)
-    {
-    }
-
-    void ValueChanged(const LmKeyValueStore*, const LmString&) override { delete mBinding; }
-
-private:
-    LmMenuBinding* mBinding;
-};
 
 TEST_F(LmMenuBindingTest, AnObserverMayDeleteTheBindingWhileTheStatusIsAsked)
 {
-    LmMenuBinding* theBinding = new LmMenuBinding(kHeating);
-    Deleter theDeleter(theBinding);
+    bool isGone = false;
+    auto* const theBinding = new Mortal<LmMenuBinding>(isGone, kHeating);
+    NotificationRecorder theRecorder;
+    theBinding->ObserveKeyPathValue("enabled", &theRecorder);
+    BindingDeleter theDeleter(theBinding);
     theBinding->ObserveKeyPathValue("mark", &theDeleter);
     SetMenuCommandMark(mMenu, kHeating, checkMark);
+    DisableMenuCommand(mMenu, kHeating);
     AskForStatus(kHeating, kHICommandFromMenu);
+    EXPECT_TRUE(isGone);
+    EXPECT_EQ(theDeleter.GetCount(), 1);
+    EXPECT_EQ(theRecorder.Take(), Lines{}) << "the second key is not copied any more";
 }
 
 TEST_F(LmMenuBindingTest, AnObserverMayDeleteTheBindingWhileItAttaches)
 {
-    LmMenuBinding* theBinding = new LmMenuBinding;
-    Deleter theDeleter(theBinding);
+    bool isGone = false;
+    auto* const theBinding = new Mortal<LmMenuBinding>(isGone);
+    NotificationRecorder theRecorder;
+    theBinding->ObserveKeyPathValue("enabled", &theRecorder);
+    BindingDeleter theDeleter(theBinding);
     theBinding->ObserveKeyPathValue("mark", &theDeleter);
     theBinding->SetMenuCommand(kHeating);
+    EXPECT_TRUE(isGone);
+    EXPECT_EQ(theDeleter.GetCount(), 1);
+    EXPECT_EQ(theRecorder.Take(), Lines{}) << "the second key is not copied any more";
 }
 
 } // namespace

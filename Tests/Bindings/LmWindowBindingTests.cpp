@@ -338,10 +338,10 @@ TEST_F(LmWindowBindingTest, EventsOfOtherClassesAreNotHandled)
 
 TEST_F(LmWindowBindingTest, ClosingTheWindowDeletesTheBinding)
 {
-    bool theIsGone = false;
-    new Mortal<LmWindowBinding>(theIsGone, mWindow);
+    bool isGone = false;
+    new Mortal<LmWindowBinding>(isGone, mWindow);
     CloseWindow();
-    EXPECT_TRUE(theIsGone);
+    EXPECT_TRUE(isGone);
 }
 
 class Closer : public LmKeyValueObserver
@@ -364,31 +364,31 @@ private:
 
 TEST_F(LmWindowBindingTest, TheWindowMayBeClosedByAnObserverOfItsOwnChange)
 {
-    bool theIsGone = false;
+    bool isGone = false;
     Closer theCloser(mWindow);
-    (new Mortal<LmWindowBinding>(theIsGone, mWindow))->ObserveKeyPathValue("title", &theCloser);
+    (new Mortal<LmWindowBinding>(isGone, mWindow))->ObserveKeyPathValue("title", &theCloser);
     SetWindowTitleWithCFString(mWindow, CFSTR("Named"));
-    EXPECT_TRUE(theIsGone);
+    EXPECT_TRUE(isGone);
 }
 
 TEST_F(LmWindowBindingTest, TheWindowMayBeClosedWhileItsKeyIsSet)
 {
-    bool theIsGone = false;
+    bool isGone = false;
     Closer theCloser(mWindow);
-    LmWindowBinding* theBinding = new Mortal<LmWindowBinding>(theIsGone, mWindow);
+    LmWindowBinding* theBinding = new Mortal<LmWindowBinding>(isGone, mWindow);
     theBinding->ObserveKeyPathValue("title", &theCloser);
     theBinding->SetKeyPathValue("title", TextValue("Named"));
-    EXPECT_TRUE(theIsGone);
+    EXPECT_TRUE(isGone);
 }
 
 TEST_F(LmWindowBindingTest, TheWindowMayBeClosedWhileItIsAttached)
 {
-    bool theIsGone = false;
+    bool isGone = false;
     Closer theCloser(mWindow);
-    LmWindowBinding* theBinding = new Mortal<LmWindowBinding>(theIsGone, nullptr);
+    LmWindowBinding* theBinding = new Mortal<LmWindowBinding>(isGone, nullptr);
     theBinding->ObserveKeyPathValue("collapsed", &theCloser);
     theBinding->SetWindow(mWindow);
-    EXPECT_TRUE(theIsGone);
+    EXPECT_TRUE(isGone);
 }
 
 } // namespace
