@@ -48,7 +48,7 @@ install(FILES
   "${PROJECT_BINARY_DIR}/LmBindingsConfigVersion.cmake"
   DESTINATION ${LM_PACKAGE_DIR})
 
-# The pkg-config file names its folders relative to its own, so the installed tree can be moved.
+# The pkg-config files name their folders relative to their own, so the installed tree can be moved.
 file(RELATIVE_PATH LM_PKGCONFIG_TO_PREFIX
   "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
 if(APPLE)
@@ -60,3 +60,8 @@ else()
 endif()
 configure_file("${CMAKE_CURRENT_LIST_DIR}/lmbindings.pc.in" "${PROJECT_BINARY_DIR}/lmbindings.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/lmbindings.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+if(TARGET LmCarbonDesktop)
+  configure_file("${CMAKE_CURRENT_LIST_DIR}/lmbindings-desktop.pc.in"
+    "${PROJECT_BINARY_DIR}/lmbindings-desktop.pc" @ONLY)
+  install(FILES "${PROJECT_BINARY_DIR}/lmbindings-desktop.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endif()

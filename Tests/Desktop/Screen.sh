@@ -71,7 +71,7 @@ start_server()
     export HOME=$kFolder/home XDG_CONFIG_HOME=$kFolder/home XDG_RUNTIME_DIR=$kFolder/home
     chmod 700 "$HOME"
     unset WAYLAND_DISPLAY QT_QPA_PLATFORM QT_QPA_PLATFORMTHEME QT_SCALE_FACTOR XDG_CURRENT_DESKTOP
-    unset LM_SCREENSHOT LM_PREFERENCES XAUTHORITY
+    unset LM_PRESENTER LM_SCREENSHOT LM_PREFERENCES XAUTHORITY
 }
 
 has_manager()
@@ -82,7 +82,7 @@ has_manager()
 # start_program <program> [<argument>...]
 start_program()
 {
-    LM_PRESENTER=qt QT_STYLE_OVERRIDE=Fusion "$@" >"$kTrace" 2>&1 &
+    QT_STYLE_OVERRIDE=Fusion "$@" >"$kTrace" 2>&1 &
     gProgram=$!
 }
 

@@ -93,10 +93,34 @@ needs()
     readelf -d "$2" | grep -q "NEEDED.*$1"
 }
 
-theDesktopProgram=$theWork/find_package/ForeignOnDesktop
-if [ -x "$theDesktopProgram" ]; then
-    needs libLmCarbonDesktop "$theDesktopProgram"
-    LM_PRESENTER=headless expect_run "find_package with the desktop" "$theDesktopProgram"
+# expect_window <how> <program>: it shows its window, of which the desktop takes a picture before it quits; and says
+# in one line that there is no display.
+expect_window()
+{
+    local theLines
+    needs libLmCarbonDesktop "$2"
+    rm -f "$theWork/window.png"
+    env -u LM_PRESENTER QT_QPA_PLATFORM=offscreen LM_SCREENSHOT="$theWork/window.png" "$2"
+    [ -s "$theWork/window.png" ]
+    if theLines=$(env -u LM_PRESENTER -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM "$2" 2>&1); then
+        echo "$1: the program runs without a display"
+        exit 1
+    fi
+    case $theLines in
+    *$'\n'*)
+        echo "$1: more than one line says that there is no display: $theLines"
+        exit 1
+        ;;
+    "No windows can be shown"*) echo "$1: shows its window" ;;
+    *)
+        echo "$1: instead of the display the program laments: $theLines"
+        exit 1
+        ;;
+    esac
+}
+
+if [ -x "$theWork/find_package/ForeignOnDesktop" ]; then
+    expect_window find_package "$theWork/find_package/ForeignOnDesktop"
 fi
 for theFile in "$theWork/find_package/Foreign" "$theLibraries"/libLm*.so; do
     case $theFile in
@@ -120,6 +144,11 @@ export PKG_CONFIG_PATH=$theLibraries/pkgconfig
         -o "$theWork/pkg-config/Foreign" $(pkg-config --cflags --libs lmbindings) -Wl,-rpath,"$theLibraries"
     expect_run pkg-config "$theWork/pkg-config/Foreign"
     expect_private pkg-config $(pkg-config --cflags lmbindings)
+    if pkg-config --exists lmbindings-desktop; then
+        g++ -std=c++17 $kWarnings "$kForeign/Window.cpp" -o "$theWork/pkg-config/ForeignOnDesktop" \
+            $(pkg-config --cflags --libs lmbindings-desktop) -Wl,-rpath,"$theLibraries"
+        expect_window pkg-config "$theWork/pkg-config/ForeignOnDesktop"
+    fi
 
     theCount=0
     while IFS= read -r theHeader; do

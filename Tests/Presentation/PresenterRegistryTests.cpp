@@ -1,13 +1,12 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
+#include "HeadlessPresenter.h"
+#include "PresenterChoice.h"
 #include "TestProgram.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <gtest/gtest.h>
 #include <memory>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
@@ -21,64 +20,51 @@ public:
     bool Start(Host::PresenterEvents&) override { return false; }
 };
 
+class OutOfPaper : public Unwilling
+{
+public:
+    static std::unique_ptr<Host::Presenter> Make() { return std::make_unique<OutOfPaper>(); }
+
+    std::string Complaint() const override { return "the printer is empty"; }
+};
+
+class Willing : public Host::Presenter
+{
+public:
+    static std::unique_ptr<Host::Presenter> Make() { return std::make_unique<Willing>(); }
+};
+
 std::unique_ptr<Host::Presenter> MakeNothing()
 {
     return nullptr;
 }
 
-// How a program ended, and what it said on its standard error stream.
-struct Ending
-{
-    int theStatus = -1; // its exit status, or -1 when it was killed
-    std::string theText;
-};
+constexpr char kPreferred[] = "preferred";
 
-[[noreturn]] void ChooseAndExit(const char* theName, int theStream)
+// A program with these presenters. A null theName leaves LM_PRESENTER out of the environment, a null
+// thePreferred leaves the preferred presenter out of the program. The status of one that starts is 10 with
+// the headless presenter, 20 with another.
+Ending StartWith(const char* theName, Host::PresenterFactory thePreferred)
 {
-    dup2(theStream, STDERR_FILENO);
-    setenv("LM_PRESENTER", theName, 1);
-    PresenterRegistry::Register("unwilling", Unwilling::Make);
-    PresenterRegistry::Register("nothing", MakeNothing);
-    PresenterRegistry::Current();
-    std::_Exit(EXIT_SUCCESS);
-}
-
-std::string ReadAll(int theStream)
-{
-    std::string theText;
-    char theBytes[256];
-    ssize_t theCount = 0;
-    while ((theCount = read(theStream, theBytes, sizeof theBytes)) > 0) {
-        theText.append(theBytes, static_cast<size_t>(theCount));
-    }
-    return theText;
-}
-
-// A program that shows something for the first time under this LM_PRESENTER.
-Ending StartWith(const char* theName)
-{
-    int theStreams[2] = {-1, -1};
-    Ending theEnding;
-    if (pipe(theStreams) != 0) {
-        return theEnding;
-    }
-    const pid_t theProcess = fork();
-    if (theProcess == 0) {
-        ChooseAndExit(theName, theStreams[1]);
-    }
-    close(theStreams[1]);
-    theEnding.theText = ReadAll(theStreams[0]);
-    close(theStreams[0]);
-    int theStatus = 0;
-    const bool theHasExited = waitpid(theProcess, &theStatus, 0) == theProcess && WIFEXITED(theStatus);
-    theEnding.theStatus = theHasExited ? WEXITSTATUS(theStatus) : -1;
-    return theEnding;
+    const auto thePreparation = [=] {
+        theName == nullptr ? unsetenv("LM_PRESENTER") : setenv("LM_PRESENTER", theName, 1);
+        PresenterRegistry::Register("unwilling", Unwilling::Make);
+        PresenterRegistry::Register("printer", OutOfPaper::Make);
+        PresenterRegistry::Register("nothing", MakeNothing);
+        if (thePreferred != nullptr) {
+            PresenterRegistry::RegisterPreferred(kPreferred, thePreferred);
+        }
+    };
+    return StartProgram(thePreparation, [](Host::Presenter& thePresenter) {
+        return dynamic_cast<Host::HeadlessPresenter*>(&thePresenter) != nullptr ? 10 : 20;
+    });
 }
 
 struct ChoiceRow
 {
     const char* theTest;
     const char* theName;
+    Host::PresenterFactory thePreferred;
     int theStatus;
     const char* theText;
 };
@@ -90,25 +76,43 @@ class PresenterChoiceDeathTest : public testing::TestWithParam<ChoiceRow>
 
 TEST_P(PresenterChoiceDeathTest, StartsThePresenterOrEndsTheProgramWithOneLine)
 {
-    const Ending theEnding = StartWith(GetParam().theName);
+    const Ending theEnding = StartWith(GetParam().theName, GetParam().thePreferred);
     EXPECT_EQ(theEnding.theText, GetParam().theText);
     EXPECT_EQ(theEnding.theStatus, GetParam().theStatus);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Names, PresenterChoiceDeathTest,
-    testing::Values(
-        ChoiceRow{
-            "Unknown", "paper", 1,
-            "LM_PRESENTER: no presenter is called \"paper\"; there are: headless, nothing, unwilling\n"},
-        ChoiceRow{"DoesNotStart", "unwilling", 1,
-                  "LM_PRESENTER: the presenter \"unwilling\" cannot start; there are: headless, nothing, "
-                  "unwilling\n"},
-        ChoiceRow{"CannotBeMade", "nothing", 1,
-                  "LM_PRESENTER: the presenter \"nothing\" cannot start; there are: headless, nothing, "
-                  "unwilling\n"},
-        ChoiceRow{"Headless", "headless", 0, ""}, ChoiceRow{"Empty", "", 0, ""}),
-    [](const testing::TestParamInfo<ChoiceRow>& theInfo) { return theInfo.param.theTest; });
+const ChoiceRow kChoices[] = {
+    {"Unknown", "paper", nullptr, 1,
+     "LM_PRESENTER: no presenter is called \"paper\"; there are: headless, nothing, printer, unwilling\n"},
+    {"UnknownBesideThePreferred", "paper", Willing::Make, 1,
+     "LM_PRESENTER: no presenter is called \"paper\"; there are: headless, nothing, preferred, printer, "
+     "unwilling\n"},
+    {"DoesNotStart", "unwilling", nullptr, 1,
+     "LM_PRESENTER: the presenter \"unwilling\" cannot start; there are: headless, nothing, printer, "
+     "unwilling\n"},
+    {"SaysWhy", "printer", nullptr, 1,
+     "LM_PRESENTER: the presenter \"printer\" cannot start: the printer is empty; there are: headless, "
+     "nothing, printer, unwilling\n"},
+    {"CannotBeMade", "nothing", nullptr, 1,
+     "LM_PRESENTER: the presenter \"nothing\" cannot start; there are: headless, nothing, printer, "
+     "unwilling\n"},
+    {"Headless", "headless", nullptr, 10, ""},
+    {"HeadlessBesideThePreferred", "headless", Willing::Make, 10, ""},
+    {"Absent", nullptr, nullptr, 10, ""},
+    {"Empty", "", nullptr, 10, ""},
+    {"AbsentWithAPreferredOne", nullptr, Willing::Make, 20, ""},
+    {"EmptyWithAPreferredOne", "", Willing::Make, 20, ""},
+    {"PreferredByName", kPreferred, Willing::Make, 20, ""},
+    {"PreferredDoesNotStart", nullptr, OutOfPaper::Make, 1,
+     "No windows can be shown: the printer is empty; LM_PRESENTER=headless runs the program without\n"},
+    {"PreferredDoesNotSayWhy", nullptr, Unwilling::Make, 1,
+     "No windows can be shown; LM_PRESENTER=headless runs the program without\n"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Names, PresenterChoiceDeathTest, testing::ValuesIn(kChoices),
+                         [](const testing::TestParamInfo<ChoiceRow>& theInfo) {
+                             return theInfo.param.theTest;
+                         });
 
 TEST(PresenterRegistry, KnowsTheHeadlessPresenter)
 {

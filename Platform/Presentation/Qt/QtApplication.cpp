@@ -2,6 +2,7 @@
 
 #include "QtApplication.h"
 
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
@@ -22,7 +23,10 @@ constexpr char kIncapable[] = "This plugin does not support";
 void PrintMessage(QtMsgType theType, const QMessageLogContext&, const QString& theText)
 {
     if (gIsStarting && theType == QtFatalMsg) {
-        std::fputs("No display can be opened: Qt has no working platform plugin for it.\n", stderr);
+        std::fputs("No windows can be shown: Qt has no working platform plugin for the display; "
+                   "LM_PRESENTER=headless "
+                   "runs the program without\n",
+                   stderr);
         std::_Exit(EXIT_FAILURE);
     }
     if (!gIsStarting && !theText.startsWith(QLatin1String(kIncapable))) {
@@ -56,16 +60,20 @@ bool XServerAnswers()
     return theIsThere;
 }
 
+// What Qt cannot be asked about beforehand it finds out by itself.
+bool CanShowOn(const QByteArray& thePlatform)
+{
+    return !thePlatform.startsWith("xcb") || (IsSet("DISPLAY") && XServerAnswers());
+}
+
 bool HasDisplay()
 {
-    const QByteArray thePlatform = qgetenv("QT_QPA_PLATFORM");
-    if (!thePlatform.isEmpty() && !thePlatform.startsWith("xcb")) {
-        return true;
+    if (!IsSet("QT_QPA_PLATFORM")) {
+        return IsSet("WAYLAND_DISPLAY") || CanShowOn("xcb");
     }
-    if (thePlatform.isEmpty() && IsSet("WAYLAND_DISPLAY")) {
-        return true;
-    }
-    return IsSet("DISPLAY") && XServerAnswers();
+    // Several are tried one after the other.
+    const QList<QByteArray> thePlatforms = qgetenv("QT_QPA_PLATFORM").split(';');
+    return std::any_of(thePlatforms.begin(), thePlatforms.end(), CanShowOn);
 }
 
 // Qt takes the desktop's locale for the whole program, and numbers that the program prints would change their
@@ -124,7 +132,6 @@ bool PrepareQtApplication()
     }
     if (QCoreApplication::instance() == nullptr) {
         if (!HasDisplay()) {
-            std::fputs("There is no display: neither DISPLAY nor WAYLAND_DISPLAY leads to one.\n", stderr);
             return false;
         }
         MakeApplication();

@@ -8,8 +8,7 @@
 namespace Host {
 
 // Makes Qt's application object, unless the program has one already. It is made once and lives until the
-// program ends. Returns false, after one line on the standard error stream, when there is no display to be
-// had.
+// program ends. Returns false when there is no display to be had.
 bool PrepareQtApplication();
 
 // Whether there is one. Not any more while the program ends: static objects of the program that are destroyed

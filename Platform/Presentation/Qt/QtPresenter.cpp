@@ -71,6 +71,11 @@ bool QtPresenter::Start(PresenterEvents& theEvents)
     return true;
 }
 
+std::string QtPresenter::Complaint() const
+{
+    return "there is no display, neither DISPLAY nor WAYLAND_DISPLAY leads to one";
+}
+
 bool QtPresenter::IsRunning() const
 {
     return mEvents != nullptr && HasQtApplication();

@@ -38,6 +38,7 @@ public:
     ~QtPresenter() override;
 
     bool Start(PresenterEvents& theEvents) override;
+    std::string Complaint() const override;
     void Stop() override;
     std::vector<ScreenLook> Screens() const override;
     PixelSize MeasureText(const std::string& theText, TextStyle theStyle) const override;

@@ -6,10 +6,10 @@
 
 namespace {
 
-// Whatever is linked with this library can be shown with Qt.
+// Whatever is linked with this library is shown with Qt, unless LM_PRESENTER says otherwise.
 struct QtRegistration
 {
-    QtRegistration() { Host::PresenterRegistry::Register("qt", Host::QtPresenter::Make); }
+    QtRegistration() { Host::PresenterRegistry::RegisterPreferred("qt", Host::QtPresenter::Make); }
 };
 
 const QtRegistration kRegistration;

@@ -49,6 +49,11 @@ bool Presenter::Start(PresenterEvents&)
     return true;
 }
 
+std::string Presenter::Complaint() const
+{
+    return {};
+}
+
 void Presenter::Stop() {}
 
 std::vector<ScreenLook> Presenter::Screens() const

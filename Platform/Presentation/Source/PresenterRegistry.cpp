@@ -15,11 +15,12 @@ namespace Host {
 namespace {
 
 constexpr char kVariable[] = "LM_PRESENTER";
-constexpr char kDefaultName[] = "headless";
+constexpr char kHeadless[] = "headless";
 
 struct Registry
 {
-    std::map<std::string, PresenterFactory> theFactories = {{kDefaultName, HeadlessPresenter::Make}};
+    std::map<std::string, PresenterFactory> theFactories = {{kHeadless, HeadlessPresenter::Make}};
+    std::string thePreferred = kHeadless;
     std::unique_ptr<Presenter> thePresenter;
     PresentedProgram* theProgram = nullptr; // not owned
 
@@ -44,29 +45,44 @@ std::string ListOfNames()
     return theList;
 }
 
+// The name that LM_PRESENTER chooses, or an empty one.
+std::string ChosenName()
+{
+    const char* theName = std::getenv(kVariable);
+    return theName == nullptr ? "" : theName;
+}
+
 [[noreturn]] void Refuse(const std::string& theComplaint)
 {
     std::fprintf(stderr, "%s: %s; there are: %s\n", kVariable, theComplaint.c_str(), ListOfNames().c_str());
     std::exit(EXIT_FAILURE);
 }
 
-std::string ChosenName()
+// A person who has chosen nothing need not know that there is anything to choose.
+[[noreturn]] void RefusePreferred(const std::string& theReason)
 {
-    const char* theName = std::getenv(kVariable);
-    return theName == nullptr || *theName == '\0' ? kDefaultName : theName;
+    std::fprintf(stderr, "No windows can be shown%s; %s=%s runs the program without\n", theReason.c_str(),
+                 kVariable, kHeadless);
+    std::exit(EXIT_FAILURE);
 }
 
 std::unique_ptr<Presenter> StartChosen()
 {
     Registry& theRegistry = TheRegistry();
-    const std::string theName = ChosenName();
+    const std::string theChosen = ChosenName();
+    const std::string theName = theChosen.empty() ? theRegistry.thePreferred : theChosen;
     const auto theEntry = theRegistry.theFactories.find(theName);
     if (theEntry == theRegistry.theFactories.end()) {
         Refuse("no presenter is called \"" + theName + "\"");
     }
     std::unique_ptr<Presenter> thePresenter = theEntry->second();
     if (thePresenter == nullptr || !thePresenter->Start(PresenterRegistry::Events())) {
-        Refuse("the presenter \"" + theName + "\" cannot start");
+        const std::string theComplaint = thePresenter == nullptr ? "" : thePresenter->Complaint();
+        const std::string theReason = theComplaint.empty() ? "" : ": " + theComplaint;
+        if (theChosen.empty()) {
+            RefusePreferred(theReason);
+        }
+        Refuse("the presenter \"" + theName + "\" cannot start" + theReason);
     }
     return thePresenter;
 }
@@ -76,6 +92,12 @@ std::unique_ptr<Presenter> StartChosen()
 void PresenterRegistry::Register(const std::string& theName, PresenterFactory theFactory)
 {
     TheRegistry().theFactories[theName] = theFactory;
+}
+
+void PresenterRegistry::RegisterPreferred(const std::string& theName, PresenterFactory theFactory)
+{
+    Register(theName, theFactory);
+    TheRegistry().thePreferred = theName;
 }
 
 void PresenterRegistry::Present(PresentedProgram& theProgram)

@@ -45,9 +45,11 @@ public:
     // Life ---------------------------------------------------------------------------------------------
 
     // Begins. theEvents outlives the time until Stop; what the person does is reported to it. Returns false
-    // when the screen is not to be had (no display, say); the presenter must then not be used further, and
-    // has said why in one line on the standard error stream.
+    // when the screen is not to be had (no display, say); the presenter must then not be used further.
     virtual bool Start(PresenterEvents& theEvents);
+
+    // Why Start has returned false, for a person to read: "there is no display". Empty by default.
+    virtual std::string Complaint() const;
 
     // Takes everything off the screen and forgets every look. Reports nothing from now on. May be followed
     // by another Start.

@@ -17,20 +17,26 @@ using PresenterFactory = std::unique_ptr<Presenter> (*)();
 
 // Knows the presenters that the program is linked with and the one that is in use.
 //
-// The environment variable LM_PRESENTER chooses by name; "headless" is used when it is absent or empty.
-// The choice is made when something is shown for the first time. A name that is not known, or a presenter
-// that cannot start, ends the program with status 1 after one line on the standard error stream:
+// The environment variable LM_PRESENTER chooses by name. When it is absent or empty, the preferred presenter
+// is used, which a library for the desktop brings along by being linked; without one, "headless". The choice
+// is made when something is shown for the first time. A name that is not known, or a presenter that cannot
+// start, ends the program with status 1 after one line on the standard error stream:
 //
 //     LM_PRESENTER: no presenter is called "qt"; there are: headless
+//     No windows can be shown: there is no display; LM_PRESENTER=headless runs the program without
 //
-// On purpose: another presenter is never taken instead. A person who asked for windows and sees none
-// should not have to guess why.
+// On purpose: another presenter is never taken instead. A person who expects windows and sees none should not
+// have to guess why, and a program that waits for nobody in memory is hard to find.
 class HOST_PUBLIC PresenterRegistry
 {
 public:
     // Adds a presenter under a name, or replaces the one of that name. A library that brings a presenter
     // calls this before anything is shown.
     static void Register(const std::string& theName, PresenterFactory theFactory);
+
+    // The same, and takes it from now on where LM_PRESENTER does not choose. Of several, the last is
+    // preferred.
+    static void RegisterPreferred(const std::string& theName, PresenterFactory theFactory);
 
     // Names the program that is shown, for good: the managers call this when they are loaded, before anything
     // else is asked of the registry.
