@@ -14,8 +14,8 @@
 //     LmPreferenceBinding thePreferences(CFSTR("com.example.thermostat"));
 //     // The saved value comes in, changes go out.
 //     theModel.Bind("target", &thePreferences, "Target", NULL, NULL);
-//     ...
-//     thePreferences.Flush(); // everything is on disk
+//     theModel.SetKeyPathValue("target", LmValue(23L)); // is saved
+//     thePreferences.Flush();                           // and on disk
 //
 // Any text is a key; no key has to be declared. A key that was never written reads as invalid. The kinds of
 // values are kept as property list types:

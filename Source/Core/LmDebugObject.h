@@ -6,17 +6,26 @@
 // The root of the library's object classes: a printable identity, and one trace log for all of them.
 //
 // The trace log is off at first. Once SetLogging(true) is called, stores, observers and bindings write one
-// line per event on the standard error stream, and what happens inside an event stands indented below it:
+// line per event on the standard error stream, and what happens inside an event stands indented below it. A
+// slider that is bound to a model both ways follows it like this:
 //
-//     Lm: A[0x0012AB40]::Volume changed
-//     Lm:     ...
+//     Lm: changing [Model].volume
+//     Lm: changed  [Model].volume
+//     Lm:     Updating [Slider].value
+//     Lm:         changing [Slider].value
+//     Lm:         changed  [Slider].value
+//     Lm:             Updating [Model].volume
 //
 // Whoever writes to it asks first, so that building the texts costs nothing while the log is off, and
 // brackets the work that a line announces:
 //
 //     if (IsLogging()) {
-//         LogString("%s refreshed", GetDebugInfo().GetUTF8());
+//         LogString("refreshing %s", GetDebugInfo().GetUTF8());
 //         AddIndent();
+//     }
+//     Refresh();
+//     if (IsLogging()) {
+//         RemoveIndent();
 //     }
 //
 // The switch and the depth belong to the process, not to an object; they are plain variables for use on the

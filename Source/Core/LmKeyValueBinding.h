@@ -17,9 +17,11 @@
 // given.
 //
 //     LmKeyValueBinding theModel;
+//     theModel.SetKeyPathValue("volume", LmValue(40UL));
 //     LmControlBinding* theSlider = new LmControlBinding(theWindow, kVolumeSlider);
-//     theSlider->Bind("value", &theModel, "volume", NULL, NULL);  // both ways: they follow each other
-//     theLabel->BindTo("value", &theModel, "volume", new LmToStringTransform("%ld")); // the model drives
+//     LmControlBinding* theLabel = new LmControlBinding(theWindow, kVolumeLabel);
+//     theSlider->Bind("value", &theModel, "volume", NULL, NULL); // both ways: they follow each other
+//     theLabel->BindTo("value", &theModel, "volume", new LmToStringTransform); // one way: the model drives
 //
 // How a change travels. Let A.Bind("a", &B, "b", t, r). Setting B's "b" to x tells A, which reads x from B
 // and sets its own "a" to t(x); that tells B, which sets "b" to r(t(x)). Where r undoes t this equals x, and

@@ -14,7 +14,8 @@
 //
 //     LmValue theValue;
 //     theValue.GetString();
-//     EXPECT_EQ(StandardErrorCapture::TakeLines(), Lines{"Source/Core/LmValue.cpp, line 123: ..."});
+//     EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(),
+//               Lines{"Source/Core/LmValue.cpp, line #: IsString()"});
 //
 // Works on the file descriptor, so text written by C code and by other libraries is seen as well.
 class StandardErrorCapture

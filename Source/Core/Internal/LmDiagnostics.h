@@ -8,9 +8,9 @@
 // There are three reports, all on the standard error stream, all one line that begins with the place in the
 // source:
 //
-//     LM_ASSERT(theName.IsNotEmpty());         Source/Core/X.cpp, line 12: theName.IsNotEmpty()
-//     LM_CHECK_STATUS(DisposeThing(theThing)); Source/Core/X.cpp, line 13: Error -50
-//     LM_ERROR("Unknown type: %d", theType);   Source/Core/X.cpp, line 14: Unknown type: 12
+//     LM_ASSERT(theName.IsNotEmpty());          Source/Core/X.cpp, line 12: theName.IsNotEmpty()
+//     LM_CHECK_STATUS(DisposeThing(theThing));  Source/Core/X.cpp, line 13: Error -50
+//     LM_ERROR("Unknown type: %d", theType);    Source/Core/X.cpp, line 14: Unknown type: 12
 //
 // None of them stops anything: the statement after a failed check always runs. They are in every build, and
 // evaluate their argument exactly once, so a call that must be made may stand inside them. Errors of the

@@ -1,0 +1,22 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef NamedBinding_h
+#define NamedBinding_h
+
+#include "LmKeyValueBinding.h"
+
+// A binding object with a name for the trace, such as an application gives its own.
+class NamedBinding : public LmKeyValueBinding
+{
+public:
+    explicit NamedBinding(const char* theName)
+        : mName(theName)
+    {
+    }
+    LmString GetDebugInfo() const override { return mName; }
+
+private:
+    LmString mName;
+};
+
+#endif
