@@ -26,8 +26,8 @@ enum ThermostatControl : SInt32
 const OSType kThermostatSignature = 'Ther';
 
 // Makes the window and binds its controls, its title and its visibility to theModel, and its place on the
-// screen to a key of thePreferences. The window belongs to the Window Manager until it is closed; a person who
-// closes it ends the application's event loop. Both objects must outlive it.
+// screen to a key of thePreferences. The window belongs to the Window Manager until it is closed; a person
+// who closes it ends the application's event loop. Both objects must outlive it.
 WindowRef OpenThermostatWindow(ThermostatModel& theModel, LmPreferenceBinding& thePreferences);
 
 // Closes the window. The model, and what is bound to it, keep whether it was shown until then.

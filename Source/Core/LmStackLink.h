@@ -11,7 +11,6 @@
 //
 //     class Watch : public LmStackLink<Watch>
 //     {
-//         ...
 //         friend class LmStackLink<Watch>;
 //         static Watch* sInnermost; // defined in one source file of the library
 //     };

@@ -31,9 +31,8 @@ constexpr std::size_t kLmFew = 16;
 //     using Item = ...;        // what stands for an item of the container; equal when they are the same one
 //     using Order = ...;       // of items, and of items and what is looked for
 //     template <typename Visit> static void VisitItems(Container&, const Visit&);
-//     static bool HasMany(const Container&);                       // more than a few: asked when there is no
-//     index static bool HasFew(const Container&, std::size_t theItems);  // no more than a few: asked when
-//     there is one
+//     static bool HasMany(const Container&); // more than a few: asked when there is no index
+//     static bool HasFew(const Container&, std::size_t theItems); // only a few: asked when there is one
 template <typename Traits>
 class LmSideIndex
 {

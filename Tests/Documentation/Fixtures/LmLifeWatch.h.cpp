@@ -12,9 +12,6 @@ namespace {
 class Announcer : public LmKeyValueStore
 {
 public:
-    // The library's list of watches is its own; this one stands in this program.
-    ~Announcer() override { LmLifeWatch::StoreIsGone(this); }
-
     void Announce(LmKeyValueObserver* theObserver, bool* theGoesOn)
     {
         const LmString theKeyName = "volume";

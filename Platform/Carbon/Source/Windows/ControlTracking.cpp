@@ -10,7 +10,6 @@
 #include "KeyboardFocus.h"
 #include "Window.h"
 
-
 namespace Host {
 
 namespace {

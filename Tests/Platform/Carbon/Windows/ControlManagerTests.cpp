@@ -1,6 +1,7 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// The calls on a control's numbers, states, bounds, titles and identity, as the platform's headers describe them.
+// The calls on a control's numbers, states, bounds, titles and identity, as the platform's headers describe
+// them.
 
 #include "ManagerTestSupport.h"
 
