@@ -5,5 +5,5 @@
 set -eu
 cd "$(dirname "$0")/.."
 . Scripts/Packages.sh
-need_packages g++ cmake ninja-build pkg-config libplist-dev valgrind python3 \
+need_packages g++ cmake ninja-build pkg-config valgrind python3 \
     libglib2.0-dev qt6-base-dev gobjc gobjc++ libgnustep-base-dev libboost-dev

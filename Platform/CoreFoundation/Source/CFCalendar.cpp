@@ -4,6 +4,7 @@
 
 #include "CFText.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -85,10 +86,18 @@ bool HasPattern(std::string_view theText, std::string_view thePattern)
     return theText.size() == thePattern.size();
 }
 
+// Some programs write "1-01-01" for the first day of the year 1.
+std::string PadYear(std::string_view theDate)
+{
+    const size_t theDigits = std::min<size_t>(theDate.find('-'), 4);
+    return std::string(theDigits == 0 ? 0 : 4 - theDigits, '0').append(theDate);
+}
+
 } // namespace
 
-std::optional<CFAbsoluteTime> Host::ParseDate(std::string_view theText)
+std::optional<CFAbsoluteTime> Host::ParseDate(std::string_view theDate)
 {
+    const std::string theText = PadYear(theDate);
     if (!HasPattern(theText, "0000-00-00T00:00:00Z")) {
         return std::nullopt;
     }

@@ -12,7 +12,8 @@
 
 namespace Host {
 
-// None for a text of another form, or with a day or an hour that does not exist.
+// A year that others have written with fewer than four digits is read too. None for a text of another form,
+// or with a day or an hour that does not exist.
 std::optional<CFAbsoluteTime> ParseDate(std::string_view theText);
 
 // The whole second that theTime is in. None for a year that does not have four digits.

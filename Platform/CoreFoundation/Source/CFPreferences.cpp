@@ -212,14 +212,17 @@ CFPropertyListRef CopyFrom(Domain& theDomain, CFStringRef theKey)
 
 void SetIn(Domain& theDomain, CFStringRef theKey, CFPropertyListRef theValue)
 {
-    const Holder<CFPropertyListRef> theCopy(
-        theValue == nullptr ? nullptr : Host::CopyPropertyList(theValue, Host::CopyOptions()));
+    // The domain's own dictionary is around both.
     const bool theIsKept =
-        (theValue == nullptr || theCopy.Get() != nullptr) && Host::UTF8Text(theKey).has_value();
+        Host::IsPropertyList(theKey, 1) && (theValue == nullptr || Host::IsPropertyList(theValue, 1));
     if (!theIsKept) {
         std::fputs("CFPreferences: a value that is no property list was not set\n", stderr);
         return;
     }
+    const Holder<CFPropertyListRef> theCopy(
+        theValue == nullptr
+            ? nullptr
+            : Host::RequireMemory(Host::CopyPropertyList(theValue, Host::CopyOptions())).Release());
     theDomain.Set(theKey, theCopy.Get());
 }
 

@@ -6,8 +6,7 @@
 #include "CFCalendar.h"
 #include "CFDictionaryObject.h"
 #include "CFNumberObject.h"
-#include "CFPropertyListLibrary.h"
-#include "CFPropertyListReader.h"
+#include "CFPropertyListForms.h"
 #include "CFPropertyListSupport.h"
 #include "CFStringObject.h"
 
@@ -20,48 +19,79 @@ namespace {
 using Host::CopyOptions;
 using Host::Holder;
 
-bool IsValid(CFPropertyListRef theObject, int theDepth);
+// Why an object cannot be part of a property list; null when it can.
+const char* FaultOf(CFPropertyListRef theObject, int theDepth);
 
 // Containers of plain pointers cannot be looked at.
-bool IsValidArray(CFArrayRef theArray, int theDepth)
+const char* const kPlainPointers = "a container holds something else than objects";
+
+const char* FaultOfArray(CFArrayRef theArray, int theDepth)
 {
-    return theArray->mCallBacks.equal == CFEqual &&
-           std::all_of(theArray->mValues.begin(), theArray->mValues.end(),
-                       [=](const void* theValue) { return IsValid(theValue, theDepth + 1); });
+    if (theArray->mCallBacks.equal != CFEqual) {
+        return kPlainPointers;
+    }
+    const char* theFault = nullptr;
+    for (size_t theIndex = 0; theFault == nullptr && theIndex < theArray->mValues.size(); ++theIndex) {
+        theFault = FaultOf(theArray->mValues[theIndex], theDepth + 1);
+    }
+    return theFault;
 }
 
-bool IsValidEntry(const void* theKey, const void* theValue, int theDepth)
+const char* FaultOfEntry(const void* theKey, const void* theValue, int theDepth)
 {
-    return CFGetTypeID(theKey) == Host::kStringTypeID && IsValid(theKey, theDepth) &&
-           IsValid(theValue, theDepth);
+    if (CFGetTypeID(theKey) != Host::kStringTypeID) {
+        return "a key is no string";
+    }
+    const char* const theFault = FaultOf(theKey, theDepth);
+    return theFault == nullptr ? FaultOf(theValue, theDepth) : theFault;
 }
 
-bool IsValidDictionary(CFDictionaryRef theDictionary, int theDepth)
+const char* FaultOfDictionary(CFDictionaryRef theDictionary, int theDepth)
 {
-    return theDictionary->mKeyCallBacks.equal == CFEqual && theDictionary->mValueCallBacks.equal == CFEqual &&
-           std::all_of(theDictionary->mEntries.begin(), theDictionary->mEntries.end(),
-                       [=](const Host::Entries::value_type& theEntry) {
-                           return IsValidEntry(theEntry.first, theEntry.second, theDepth + 1);
-                       });
+    if (theDictionary->mKeyCallBacks.equal != CFEqual || theDictionary->mValueCallBacks.equal != CFEqual) {
+        return kPlainPointers;
+    }
+    for (const Host::Entries::value_type& theEntry : theDictionary->mEntries) {
+        if (const char* theFault = FaultOfEntry(theEntry.first, theEntry.second, theDepth + 1)) {
+            return theFault;
+        }
+    }
+    return nullptr;
 }
 
-bool IsValid(CFPropertyListRef theObject, int theDepth)
+const char* FaultOfLeaf(CFPropertyListRef theLeaf)
 {
-    if (theObject == nullptr || theDepth >= Host::kDeepestNesting) {
-        return false;
+    switch (CFGetTypeID(theLeaf)) {
+    case Host::kStringTypeID:
+        return Host::UTF8Text(static_cast<CFStringRef>(theLeaf)).has_value() ? nullptr : Host::kHalfAPair;
+    case Host::kDateTypeID:
+        return Host::DateText(CFDateGetAbsoluteTime(static_cast<CFDateRef>(theLeaf))).has_value()
+                   ? nullptr
+                   : Host::kDateWithoutText;
+    case Host::kNumberTypeID:
+    case Host::kBooleanTypeID:
+    case Host::kDataTypeID:
+        return nullptr;
+    default:
+        return "there is an object that no file can hold";
+    }
+}
+
+const char* FaultOf(CFPropertyListRef theObject, int theDepth)
+{
+    if (theObject == nullptr) {
+        return "there is no object";
+    }
+    if (theDepth >= Host::kDeepestNesting) {
+        return Host::kTooDeep;
     }
     switch (CFGetTypeID(theObject)) {
     case Host::kArrayTypeID:
-        return IsValidArray(static_cast<CFArrayRef>(theObject), theDepth);
+        return FaultOfArray(static_cast<CFArrayRef>(theObject), theDepth);
     case Host::kDictionaryTypeID:
-        return IsValidDictionary(static_cast<CFDictionaryRef>(theObject), theDepth);
-    case Host::kStringTypeID:
-        return Host::UTF8Text(static_cast<CFStringRef>(theObject)).has_value();
-    case Host::kDateTypeID:
-        return Host::DateText(CFDateGetAbsoluteTime(static_cast<CFDateRef>(theObject))).has_value();
+        return FaultOfDictionary(static_cast<CFDictionaryRef>(theObject), theDepth);
     default:
-        return CFGetTypeID(theObject) == Host::kNumberTypeID ||
-               CFGetTypeID(theObject) == Host::kBooleanTypeID || CFGetTypeID(theObject) == Host::kDataTypeID;
+        return FaultOfLeaf(theObject);
     }
 }
 
@@ -99,10 +129,7 @@ CFPropertyListRef CopyNumberAsRead(CFNumberRef theNumber)
     if (theNumber->IsFloat()) {
         return CFNumberCreate(nullptr, kCFNumberFloat64Type, &theNumber->mFloat);
     }
-    const SInt32 theShort = static_cast<SInt32>(theNumber->mInteger);
-    return theShort == theNumber->mInteger
-               ? CFNumberCreate(nullptr, kCFNumberSInt32Type, &theShort)
-               : CFNumberCreate(nullptr, kCFNumberSInt64Type, &theNumber->mInteger);
+    return Host::MakeReadInteger(theNumber->mInteger);
 }
 
 CFPropertyListRef CopyLeaf(CFPropertyListRef theLeaf, const CopyOptions& theOptions)
@@ -145,25 +172,66 @@ CopyOptions OptionsOf(CFOptionFlags theMutability)
     return theOptions;
 }
 
-CFPropertyListRef ReadData(CFDataRef theData, CFOptionFlags theMutability, CFStringRef* theError)
+std::string_view BytesOf(CFDataRef theData)
 {
-    const std::string_view theText(reinterpret_cast<const char*>(CFDataGetBytePtr(theData)),
-                                   static_cast<size_t>(CFDataGetLength(theData)));
+    return std::string_view(reinterpret_cast<const char*>(CFDataGetBytePtr(theData)),
+                            static_cast<size_t>(CFDataGetLength(theData)));
+}
+
+// Reads the data; without success, calls theReport with the reason.
+template <class Report>
+CFPropertyListRef ReadData(CFDataRef theData, CFOptionFlags theMutability, Report theReport)
+{
+    const std::string_view theText = BytesOf(theData);
     try {
         return Host::CopyPropertyList(Host::ReadPropertyList(theText).Get(), OptionsOf(theMutability));
     } catch (const Host::MalformedPropertyList& theReason) {
-        if (theError != nullptr) {
-            *theError = Host::Text().Append(theReason.what()).CopyString();
-        }
+        theReport(theReason.what());
         return nullptr;
     }
 }
 
+CFDataRef MakeData(const std::string& theText)
+{
+    return CFDataCreate(nullptr, reinterpret_cast<const UInt8*>(theText.data()),
+                        static_cast<CFIndex>(theText.size()));
+}
+
+CFPropertyListFormat FormatOf(std::string_view theData)
+{
+    return Host::IsBinaryPropertyList(theData) ? kCFPropertyListBinaryFormat_v1_0
+                                               : kCFPropertyListXMLFormat_v1_0;
+}
+
+// Nothing when nobody wants the error.
+void ReportError(CFErrorRef* theError, CFIndex theCode, const char* theReason)
+{
+    if (theError == nullptr) {
+        return;
+    }
+    const Holder<CFStringRef> theText(Host::Text().Append(theReason).CopyString());
+    const void* const theKeys[] = {kCFErrorDescriptionKey};
+    const void* const theValues[] = {theText.Get()};
+    *theError =
+        CFErrorCreateWithUserInfoKeysAndValues(nullptr, kCFErrorDomainCocoa, theCode, theKeys, theValues, 1);
+}
+
+bool IsWritable(CFPropertyListFormat theFormat)
+{
+    return theFormat == kCFPropertyListXMLFormat_v1_0 || theFormat == kCFPropertyListBinaryFormat_v1_0;
+}
+
+// Why a list cannot be written in a format; null when it can.
+const char* WritingFaultOf(CFPropertyListRef theList, CFPropertyListFormat theFormat)
+{
+    return IsWritable(theFormat) ? FaultOf(theList, 0) : "nothing is written in this format";
+}
+
 } // namespace
 
-bool Host::IsPropertyList(CFPropertyListRef theList)
+bool Host::IsPropertyList(CFPropertyListRef theList, int theDepth)
 {
-    return IsValid(theList, 0);
+    return FaultOf(theList, theDepth) == nullptr;
 }
 
 CFPropertyListRef Host::CopyPropertyList(CFPropertyListRef theList, const CopyOptions& theOptions)
@@ -173,15 +241,32 @@ CFPropertyListRef Host::CopyPropertyList(CFPropertyListRef theList, const CopyOp
 
 Host::Holder<CFPropertyListRef> Host::ReadPropertyList(std::string_view theData)
 {
-    if (theData.substr(0, 6) != "bplist") {
-        return ReadXMLPropertyList(theData);
+    return IsBinaryPropertyList(theData) ? ReadBinaryPropertyList(theData) : ReadXMLPropertyList(theData);
+}
+
+CFNumberRef Host::MakeReadInteger(SInt64 theValue)
+{
+    const SInt32 theShort = static_cast<SInt32>(theValue);
+    return theShort == theValue ? CFNumberCreate(nullptr, kCFNumberSInt32Type, &theShort)
+                                : CFNumberCreate(nullptr, kCFNumberSInt64Type, &theValue);
+}
+
+// A container that had no memory for a value has stayed as it was.
+void Host::AppendToList(CFMutableArrayRef theArray, CFPropertyListRef theValue)
+{
+    const CFIndex theCount = CFArrayGetCount(theArray);
+    CFArrayAppendValue(theArray, theValue);
+    if (CFArrayGetCount(theArray) == theCount) {
+        throw std::bad_alloc();
     }
-    const std::string theText =
-        IsSafeBinaryPropertyList(theData) ? XMLOfBinaryPropertyList(theData) : std::string();
-    if (theText.empty()) {
-        throw MalformedPropertyList("the binary form is damaged");
+}
+
+void Host::SetInList(CFMutableDictionaryRef theDictionary, CFStringRef theKey, CFPropertyListRef theValue)
+{
+    CFDictionarySetValue(theDictionary, theKey, theValue);
+    if (CFDictionaryGetValue(theDictionary, theKey) != theValue) {
+        throw std::bad_alloc();
     }
-    return ReadXMLPropertyList(theText);
 }
 
 std::vector<CFStringRef> Host::SortedKeys(CFDictionaryRef theDictionary)
@@ -213,11 +298,22 @@ std::optional<std::string> Host::UTF8Text(CFStringRef theString)
 
 CFDataRef CFPropertyListCreateXMLData(CFAllocatorRef theAllocator, CFPropertyListRef theList)
 {
+    return CFPropertyListCreateData(theAllocator, theList, kCFPropertyListXMLFormat_v1_0, 0, nullptr);
+}
+
+CFDataRef CFPropertyListCreateData(CFAllocatorRef, CFPropertyListRef theList, CFPropertyListFormat theFormat,
+                                   CFOptionFlags, CFErrorRef* theError)
+{
+    if (theError != nullptr) {
+        *theError = nullptr;
+    }
     return Host::NothingWithoutMemory([=]() -> CFDataRef {
-        const std::string theText = Host::IsPropertyList(theList) ? Host::WriteXMLPropertyList(theList) : "";
-        return theText.empty() ? nullptr
-                               : CFDataCreate(theAllocator, reinterpret_cast<const UInt8*>(theText.data()),
-                                              static_cast<CFIndex>(theText.size()));
+        if (const char* const theFault = WritingFaultOf(theList, theFormat)) {
+            ReportError(theError, kCFPropertyListWriteStreamError, theFault);
+            return nullptr;
+        }
+        return MakeData(theFormat == kCFPropertyListXMLFormat_v1_0 ? Host::WriteXMLPropertyList(theList)
+                                                                   : Host::WriteBinaryPropertyList(theList));
     });
 }
 
@@ -227,7 +323,30 @@ CFPropertyListRef CFPropertyListCreateFromXMLData(CFAllocatorRef, CFDataRef theD
     if (theError != nullptr) {
         *theError = nullptr;
     }
-    return Host::NothingWithoutMemory([=] { return ReadData(theData, theMutability, theError); });
+    return Host::NothingWithoutMemory([=] {
+        return ReadData(theData, theMutability, [theError](const char* theReason) {
+            if (theError != nullptr) {
+                *theError = Host::Text().Append(theReason).CopyString();
+            }
+        });
+    });
+}
+
+CFPropertyListRef CFPropertyListCreateWithData(CFAllocatorRef, CFDataRef theData, CFOptionFlags theMutability,
+                                               CFPropertyListFormat* theFormat, CFErrorRef* theError)
+{
+    if (theError != nullptr) {
+        *theError = nullptr;
+    }
+    return Host::NothingWithoutMemory([=] {
+        const CFPropertyListRef theList = ReadData(theData, theMutability, [theError](const char* theReason) {
+            ReportError(theError, kCFPropertyListReadCorruptError, theReason);
+        });
+        if (theList != nullptr && theFormat != nullptr) {
+            *theFormat = FormatOf(BytesOf(theData));
+        }
+        return theList;
+    });
 }
 
 CFPropertyListRef CFPropertyListCreateDeepCopy(CFAllocatorRef, CFPropertyListRef theList,
@@ -239,7 +358,5 @@ CFPropertyListRef CFPropertyListCreateDeepCopy(CFAllocatorRef, CFPropertyListRef
 
 Boolean CFPropertyListIsValid(CFPropertyListRef theList, CFPropertyListFormat theFormat)
 {
-    const bool theIsKnown =
-        theFormat == kCFPropertyListXMLFormat_v1_0 || theFormat == kCFPropertyListBinaryFormat_v1_0;
-    return Host::NothingWithoutMemory([=] { return theIsKnown && Host::IsPropertyList(theList); });
+    return Host::NothingWithoutMemory([=] { return WritingFaultOf(theList, theFormat) == nullptr; });
 }

@@ -10,6 +10,7 @@
 #include <CoreFoundation/CFArray.h>
 #include <CoreFoundation/CFData.h>
 #include <CoreFoundation/CFDictionary.h>
+#include <CoreFoundation/CFNumber.h>
 #include <CoreFoundation/CFString.h>
 #include <optional>
 #include <string>
@@ -30,19 +31,25 @@ struct CopyOptions
 // std::bad_alloc.
 CFPropertyListRef CopyPropertyList(CFPropertyListRef theList, const CopyOptions& theOptions);
 
-bool IsPropertyList(CFPropertyListRef theList);
+// Also in a container that is itself nested: theDepth levels above.
+bool IsPropertyList(CFPropertyListRef theList, int theDepth = 0);
 
-// Reads either form. Throws MalformedPropertyList and std::bad_alloc. Containers are mutable.
+// Reads any form. Throws MalformedPropertyList and std::bad_alloc. Containers are mutable.
 Holder<CFPropertyListRef> ReadPropertyList(std::string_view theData);
+
+// An integer as it is when it comes from a file, which does not carry its type; the caller releases it. NULL
+// when there is no memory.
+CFNumberRef MakeReadInteger(SInt64 theValue);
+
+// Put a value into a container that is being read. They throw std::bad_alloc.
+void AppendToList(CFMutableArrayRef theArray, CFPropertyListRef theValue);
+void SetInList(CFMutableDictionaryRef theDictionary, CFStringRef theKey, CFPropertyListRef theValue);
 
 // The keys in the order in which they are written.
 std::vector<CFStringRef> SortedKeys(CFDictionaryRef theDictionary);
 
 // A string as a text that a zero byte ends; none for a string that such a text cannot tell.
 std::optional<std::string> UTF8Text(CFStringRef theString);
-
-// Whether reading binary data takes neither more nesting nor more memory than a real property list needs.
-bool IsSafeBinaryPropertyList(std::string_view theData);
 
 } // namespace Host
 

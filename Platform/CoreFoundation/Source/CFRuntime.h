@@ -44,6 +44,7 @@ enum : CFTypeID
     kDataTypeID,
     kDateTypeID,
     kDictionaryTypeID,
+    kErrorTypeID,
     kNullTypeID,
     kNumberTypeID,
     kStringTypeID
@@ -55,6 +56,7 @@ extern const TypeOperations kBooleanType;
 extern const TypeOperations kDataType;
 extern const TypeOperations kDateType;
 extern const TypeOperations kDictionaryType;
+extern const TypeOperations kErrorType;
 extern const TypeOperations kNullType;
 extern const TypeOperations kNumberType;
 extern const TypeOperations kStringType;

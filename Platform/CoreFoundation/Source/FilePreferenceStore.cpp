@@ -2,8 +2,7 @@
 
 #include "FilePreferenceStore.h"
 
-#include "CFPropertyListLibrary.h"
-#include "CFPropertyListReader.h"
+#include "CFPropertyListForms.h"
 #include "CFPropertyListSupport.h"
 #include "System/Files.h"
 
@@ -40,8 +39,7 @@ bool WriteValues(const std::string& thePath, CFDictionaryRef theValues)
     if (CFDictionaryGetCount(theValues) == 0) {
         return RemoveFile(thePath);
     }
-    const std::string theText = IsPropertyList(theValues) ? WriteXMLPropertyList(theValues) : std::string();
-    return !theText.empty() && ReplaceFile(thePath, theText);
+    return ReplaceFile(thePath, WriteXMLPropertyList(theValues));
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 
 #include "PreferenceStore.h"
 
-#include "CFPropertyListLibrary.h"
 #include "Common/NeverDestroyed.h"
 #include "FilePreferenceStore.h"
 #include "MemoryPreferenceStore.h"
@@ -40,7 +39,7 @@ PreferenceStore& PreferenceStore::GetShared()
     // Preferences are used until the process ends.
     static NeverDestroyed<FilePreferenceStore> sFiles;
     static NeverDestroyed<MemoryPreferenceStore> sMemory;
-    if (!HasPropertyListLibrary() || IsMemoryAskedFor()) {
+    if (IsMemoryAskedFor()) {
         return sMemory.Get();
     }
     return sFiles.Get();

@@ -32,6 +32,7 @@ public:
     Owned(const Owned&) = delete;
     Owned& operator=(const Owned&) = delete;
     Owned& operator=(Owned&&) = delete;
+    void Swap(Owned& theOther) { std::swap(mReference, theOther.mReference); }
 
     operator Reference() const { return mReference; }
 

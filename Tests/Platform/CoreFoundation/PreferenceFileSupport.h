@@ -111,9 +111,6 @@ class PreferenceFiles : public testing::Test
 protected:
     void SetUp() override
     {
-        if (Owned(CFPropertyListCreateXMLData(nullptr, kCFBooleanTrue)).operator CFDataRef() == nullptr) {
-            GTEST_SKIP() << "there is no library for property lists, so there are no files";
-        }
         // In memory where that is possible: what is tested is what a killed process leaves, not what a dead
         // disk does.
         std::string theTemplate = access("/dev/shm", W_OK) == 0 ? "/dev/shm" : "/tmp";

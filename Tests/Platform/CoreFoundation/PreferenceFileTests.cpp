@@ -2,6 +2,7 @@
 
 // Where preferences are kept, and what is done when that is not possible.
 
+#include "CFPropertyListTestSupport.h"
 #include "PreferenceFileSupport.h"
 #include "StandardErrorCapture.h"
 
@@ -10,23 +11,9 @@
 
 namespace {
 
-const char* const kHeader = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                            "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
-                            "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
-                            "<plist version=\"1.0\">\n";
-
 std::string FileWith(const std::string& theContent)
 {
     return kHeader + theContent + "</plist>\n";
-}
-
-std::string Repeated(const std::string& theText, int theCount)
-{
-    std::string theResult;
-    for (int theIndex = 0; theIndex < theCount; ++theIndex) {
-        theResult += theText;
-    }
-    return theResult;
 }
 
 // Bytes without a pattern, the same ones every time.
@@ -56,12 +43,24 @@ std::string OutputOf(const std::string& theCommand)
     return theOutput;
 }
 
-void RequirePlistutil()
+// A file in another form, made by an independent program.
+void ConvertFile(const std::string& theOldPath, const char* theForm, const std::string& theNewPath)
 {
-    if (OutputOf("command -v plistutil").empty()) {
-        GTEST_SKIP() << "plistutil is not installed";
-    }
+    OutputOf("plistutil -i '" + theOldPath + "' -f " + theForm + " -o '" + theNewPath + "'");
 }
+
+// Tests that ask the program plistutil, which comes with the package libplist-utils.
+class PreferenceFilesOfOthers : public PreferenceFiles
+{
+protected:
+    void SetUp() override
+    {
+        PreferenceFiles::SetUp();
+        if (OutputOf("command -v plistutil").empty()) {
+            GTEST_SKIP() << "plistutil is not installed";
+        }
+    }
+};
 
 } // namespace
 
@@ -205,26 +204,29 @@ TEST_F(PreferenceFiles, TypesOfNumbersAreThoseOfTheFile)
               kCFNumberFloat64Type);
 }
 
-TEST_F(PreferenceFiles, OtherToolsReadThem)
+// The other program gets the file in the binary form and back, so that it has to understand it.
+TEST_F(PreferenceFilesOfOthers, HaveTheSameTextAsTheHostsOwn)
 {
-    RequirePlistutil();
     const Owned<CFDateRef> theDate(CFDateCreate(nullptr, 0));
     Set(CFSTR("text"), String(u8"a<b> \u20AC"));
     Set(CFSTR("number"), Integer(-5000000000));
     Set(CFSTR("real"), Float(0.1));
-    Set(CFSTR("list"), ObjectArray({theDate, Data({1, 2, 3}), kCFBooleanTrue}));
+    Set(CFSTR("list"), ObjectArray({theDate, Data({1, 2, 3}), Data(std::vector<UInt8>(100, 9)),
+                                    kCFBooleanTrue, ObjectArray({}), ObjectDictionary({})}));
     EXPECT_TRUE(Synchronize());
-    EXPECT_EQ(OutputOf("plistutil -i '" + Path() + "' -f xml"), FileText(Path()));
+    ConvertFile(Path(), "bin", PathInFolder("binary"));
+    ASSERT_EQ(FileText(PathInFolder("binary")).substr(0, 8), "bplist00");
+    ConvertFile(PathInFolder("binary"), "xml", PathInFolder("text"));
+    EXPECT_EQ(FileText(PathInFolder("text")), FileText(Path()));
 }
 
-TEST_F(PreferenceFiles, BinaryFilesOfOtherToolsAreReadAndRewrittenAsXML)
+TEST_F(PreferenceFilesOfOthers, AreReadInTheBinaryFormAndRewrittenAsXML)
 {
-    RequirePlistutil();
     const std::string theText =
         FileWith("<dict>\n\t<key>a</key>\n\t<array>\n\t\t<date>2005-06-07T08:09:10Z</date>\n"
                  "\t\t<integer>70000</integer>\n\t</array>\n</dict>\n");
     WriteFile(PathInFolder("text"), theText);
-    OutputOf("plistutil -i '" + PathInFolder("text") + "' -f bin -o '" + Path() + "'");
+    ConvertFile(PathInFolder("text"), "bin", Path());
     ASSERT_EQ(FileText(Path()).substr(0, 8), "bplist00");
     const Owned<CFDateRef> theDate(CFDateCreate(nullptr, 139824550));
     EXPECT_TRUE(Has(CFSTR("a"), ObjectArray({theDate, Integer(70000)})));
@@ -233,6 +235,56 @@ TEST_F(PreferenceFiles, BinaryFilesOfOtherToolsAreReadAndRewrittenAsXML)
     EXPECT_EQ(FileText(Path()).substr(0, 5), "<?xml");
     EXPECT_TRUE(CFEqual(FileValues(), ObjectDictionary({{CFSTR("a"), ObjectArray({theDate, Integer(70000)})},
                                                         {CFSTR("b"), kCFBooleanTrue}})));
+}
+
+TEST_F(PreferenceFilesOfOthers, AreWhatTheHostsBinaryFormSays)
+{
+    const auto theList = ObjectDictionary(
+        {{CFSTR("list"), ObjectArray({Integer(5), Integer(-1), Float(0.5), Data({1, 2, 3}), kCFBooleanTrue})},
+         {CFSTR("text"), String(u8"\u00E9\U0001F600")}});
+    const Owned<CFDataRef> theData(
+        CFPropertyListCreateData(nullptr, theList, kCFPropertyListBinaryFormat_v1_0, 0, nullptr));
+    const std::vector<UInt8> theBytes = BytesOf(theData);
+    WriteFile(PathInFolder("binary"), std::string(theBytes.begin(), theBytes.end()));
+    ConvertFile(PathInFolder("binary"), "xml", Path());
+    EXPECT_TRUE(CFEqual(FileValues(), theList));
+}
+
+// Their year had no padding, which made the whole domain count as damaged.
+TEST_F(PreferenceFilesOfOthers, MayHoldADateBeforeTheYear1000)
+{
+    const Owned<CFDateRef> theDate(CFDateCreate(nullptr, -63113904000.0));
+    WriteFile(PathInFolder("text"),
+              FileWith("<dict><key>never</key><date>0001-01-01T00:00:00Z</date></dict>"));
+    ConvertFile(PathInFolder("text"), "bin", PathInFolder("binary"));
+    ConvertFile(PathInFolder("binary"), "xml", Path());
+    ASSERT_NE(FileText(Path()).find("<date>1-01-01T00:00:00Z</date>"), std::string::npos);
+    EXPECT_TRUE(Has(CFSTR("never"), theDate));
+    Set(CFSTR("other"), kCFBooleanTrue);
+    EXPECT_TRUE(Synchronize());
+    EXPECT_NE(FileText(Path()).find("<date>0001-01-01T00:00:00Z</date>"), std::string::npos);
+}
+
+TEST_F(PreferenceFiles, ADateBeforeTheYear1000IsThereAtTheNextStart)
+{
+    const Owned<CFDateRef> theDate(CFDateCreate(nullptr, -63113904000.0));
+    Set(CFSTR("never"), theDate);
+    EXPECT_TRUE(Synchronize());
+    EXPECT_NE(FileText(Path()).find("<date>0001-01-01T00:00:00Z</date>"), std::string::npos);
+    EXPECT_EQ(RunInProcess([this, &theDate] { return Has(CFSTR("never"), theDate) ? 0 : 1; }), 0);
+    EXPECT_TRUE(Synchronize());
+    EXPECT_TRUE(Has(CFSTR("never"), theDate));
+}
+
+// The domain's own dictionary is one level more.
+TEST_F(PreferenceFiles, AValueThatIsNestedTooDeepForTheFileIsNotSet)
+{
+    for (const int theDepth : {511, 512}) {
+        Set(CFSTR("a"), NestedArray(theDepth));
+        EXPECT_TRUE(Synchronize()) << theDepth;
+    }
+    EXPECT_EQ(StandardErrorCapture::TakeLines(),
+              Lines{"CFPreferences: a value that is no property list was not set"});
 }
 
 TEST_F(PreferenceFiles, ALinkIsReplacedByAFile)

@@ -10,7 +10,8 @@
 // seen after the next synchronisation.
 //
 // Each domain is one XML property list: <application>.plist in the folder that XDG_CONFIG_HOME names, or else
-// in ~/.config. Domains of the current host are in the folder ByHost there. There are none for any user.
+// in ~/.config. A file in the binary form is read too, and becomes XML when it is written. Domains of the
+// current host are in the folder ByHost there. There are none for any user.
 //
 // Synchronising reads the file again, applies only what this process has changed, and puts a complete new
 // file in the place of the old one: other keys that another process has written stay, and whatever happens,

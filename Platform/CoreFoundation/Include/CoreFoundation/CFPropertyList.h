@@ -6,14 +6,16 @@
 // Property lists: objects that can be kept in a file.
 //
 // They consist of strings, numbers, booleans, data, dates, arrays of these, and dictionaries of these with
-// strings as keys. A string is part of one only when it is well-formed Unicode without zero characters, and
-// containers may be nested 512 deep.
+// strings as keys. A string is part of one only when it is well-formed Unicode without zero characters, a
+// date only when it is in the years 0 to 9999, and containers may be nested 512 deep.
 //
 // A file does not carry the type of a number. An integer is read as kCFNumberSInt32Type when it fits and as
-// kCFNumberSInt64Type otherwise, any other number as kCFNumberFloat64Type.
+// kCFNumberSInt64Type otherwise, any other number as kCFNumberFloat64Type; the binary form also keeps
+// kCFNumberFloat32Type. XML keeps neither the sign of 0 nor the fractions of a date.
 
 #include <CoreFoundation/CFBase.h>
 #include <CoreFoundation/CFData.h>
+#include <CoreFoundation/CFError.h>
 #include <CoreFoundation/CFString.h>
 
 typedef CFIndex CFPropertyListFormat;
@@ -32,6 +34,15 @@ enum CF_OF_TYPE(CFOptionFlags)
     kCFPropertyListMutableContainersAndLeaves = 2
 };
 
+// Codes of errors in kCFErrorDomainCocoa. Since Mac OS X 10.6.
+enum CF_OF_TYPE(CFIndex)
+{
+    kCFPropertyListReadCorruptError = 3840,
+    kCFPropertyListReadUnknownVersionError = 3841,
+    kCFPropertyListReadStreamError = 3842,
+    kCFPropertyListWriteStreamError = 3851
+};
+
 // The property list as XML text, in UTF-8, with the keys of each dictionary in ascending order. NULL when
 // theList is no property list. The caller releases it.
 CF_EXPORT CFDataRef CFPropertyListCreateXMLData(CFAllocatorRef theAllocator, CFPropertyListRef theList);
@@ -45,6 +56,20 @@ CF_EXPORT CFDataRef CFPropertyListCreateXMLData(CFAllocatorRef theAllocator, CFP
 CF_EXPORT CFPropertyListRef CFPropertyListCreateFromXMLData(CFAllocatorRef theAllocator, CFDataRef theData,
                                                             CFOptionFlags theMutability,
                                                             CFStringRef* theError);
+
+// The property list in the XML or the binary form. NULL, and an error in *theError, when theList is no
+// property list or the format is another one. theError may be NULL. No options are known; give 0. The caller
+// releases data and error. Since Mac OS X 10.6.
+CF_EXPORT CFDataRef CFPropertyListCreateData(CFAllocatorRef theAllocator, CFPropertyListRef theList,
+                                             CFPropertyListFormat theFormat, CFOptionFlags theOptions,
+                                             CFErrorRef* theError);
+
+// CFPropertyListCreateFromXMLData with an error, whose description says the reason, and with the form of the
+// data in *theFormat, which may be NULL. Since Mac OS X 10.6.
+CF_EXPORT CFPropertyListRef CFPropertyListCreateWithData(CFAllocatorRef theAllocator, CFDataRef theData,
+                                                         CFOptionFlags theMutability,
+                                                         CFPropertyListFormat* theFormat,
+                                                         CFErrorRef* theError);
 
 // A copy down to the leaves. NULL when theList is no property list. The caller releases it.
 CF_EXPORT CFPropertyListRef CFPropertyListCreateDeepCopy(CFAllocatorRef theAllocator,

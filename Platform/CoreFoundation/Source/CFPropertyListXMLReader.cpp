@@ -1,19 +1,12 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-#include "CFPropertyListReader.h"
-
 #include "CFCalendar.h"
+#include "CFPropertyListForms.h"
+#include "CFPropertyListSupport.h"
 #include "CFStringObject.h"
 
 #include <cmath>
-#include <CoreFoundation/CFArray.h>
-#include <CoreFoundation/CFData.h>
-#include <CoreFoundation/CFDictionary.h>
-#include <CoreFoundation/CFNumber.h>
-#include <CoreFoundation/CFString.h>
 #include <limits>
-#include <optional>
-#include <vector>
 
 namespace {
 
@@ -97,17 +90,6 @@ SInt64 ParseInteger(std::string_view theText)
         throw MalformedPropertyList("an integer is none, or is too large");
     }
     return static_cast<SInt64>(theIsNegative ? 0 - *theMagnitude : *theMagnitude);
-}
-
-// A file does not carry the width, so the number takes the smaller type that holds it.
-ObjectHolder MakeInteger(SInt64 theValue)
-{
-    const SInt32 theShort = static_cast<SInt32>(theValue);
-    if (theShort == theValue) {
-        return Host::RequireMemory<CFPropertyListRef>(
-            CFNumberCreate(nullptr, kCFNumberSInt32Type, &theShort));
-    }
-    return Host::RequireMemory<CFPropertyListRef>(CFNumberCreate(nullptr, kCFNumberSInt64Type, &theValue));
 }
 
 std::string LowerCase(std::string_view theText)
@@ -283,7 +265,7 @@ private:
 
     ObjectHolder ReadObject(const Tag& theTag, int theDepth)
     {
-        Require(theDepth < Host::kDeepestNesting, "the nesting is too deep");
+        Require(theDepth < Host::kDeepestNesting, Host::kTooDeep);
         if (theTag.theName == "dict") {
             return ReadDictionary(theTag, theDepth);
         }
@@ -303,7 +285,8 @@ private:
             return ObjectHolder(ReadString(theTag).Release());
         }
         if (theTag.theName == "integer") {
-            return MakeInteger(ParseInteger(ReadPlainText(theTag)));
+            return Host::RequireMemory<CFPropertyListRef>(
+                Host::MakeReadInteger(ParseInteger(ReadPlainText(theTag))));
         }
         if (theTag.theName == "real") {
             const double theValue = ParseReal(ReadPlainText(theTag));
@@ -341,9 +324,7 @@ private:
         auto theArray = Host::RequireMemory(CFArrayCreateMutable(nullptr, 0, &kCFTypeArrayCallBacks));
         ReadContent(theTag, [&](const Tag& theElement) {
             const ObjectHolder theValue = ReadObject(theElement, theDepth + 1);
-            const CFIndex theCount = CFArrayGetCount(theArray.Get());
-            CFArrayAppendValue(theArray.Get(), theValue.Get());
-            RequireGrowth(CFArrayGetCount(theArray.Get()) > theCount);
+            Host::AppendToList(theArray.Get(), theValue.Get());
         });
         return ObjectHolder(theArray.Release());
     }
@@ -357,18 +338,9 @@ private:
             const Holder<CFStringRef> theKey = ReadString(theElement);
             SkipComments();
             const ObjectHolder theValue = ReadObject(ReadTag(), theDepth + 1);
-            CFDictionarySetValue(theDictionary.Get(), theKey.Get(), theValue.Get());
-            RequireGrowth(CFDictionaryContainsKey(theDictionary.Get(), theKey.Get()));
+            Host::SetInList(theDictionary.Get(), theKey.Get(), theValue.Get());
         });
         return ObjectHolder(theDictionary.Release());
-    }
-
-    // A container that had no memory for a value has stayed as it was.
-    static void RequireGrowth(bool theHasGrown)
-    {
-        if (!theHasGrown) {
-            throw std::bad_alloc();
-        }
     }
 
     // Text
