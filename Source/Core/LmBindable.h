@@ -27,10 +27,10 @@
 // The object itself is neither a store nor a binding object: others bind to GetBindings(). The rules of
 // LmKeyValueStore hold here too.
 
-// A derived class overrides ValueChanged, ValueChanging or both, and hears of every change of its keys, no
+// A derived class overrides ValueChanged, ValueChanging or both, and is told of every change of its keys, no
 // matter whether a binding or the application's code made it.
 //
-// On purpose: it hears as an observer of "*", so only of keys that have a key state: those that somebody has
+// On purpose: it is told as an observer of "*", so only of keys that have a key state: those that somebody has
 // bound both ways or as a source, observed by name, or made others depend on. A key that only the application
 // sets is silent.
 //
@@ -51,7 +51,7 @@ public:
 
     // A flag for derived classes, such as: the change comes from me, do not react. The library only keeps it.
     bool IgnoreChanges() { return mIgnoreChanges; }
-    void SetIgnoreChanges(bool theIgnoreChanges) { mIgnoreChanges = theIgnoreChanges; }
+    void SetIgnoreChanges(bool isIgnoring) { mIgnoreChanges = isIgnoring; }
 
 private:
     bool mIgnoreChanges;        // the flag

@@ -50,7 +50,7 @@ public:
 
     // Whether the trace log is on; cheap enough to ask before every line.
     static bool IsLogging() { return mDebugLog != 0; }
-    static void SetLogging(bool theLogging) { mDebugLog = theLogging ? 1 : 0; }
+    static void SetLogging(bool isOn) { mDebugLog = isOn ? 1 : 0; }
 
     // Go one level deeper, and back. They count whether or not the log is on, so every AddIndent needs its
     // RemoveIndent.

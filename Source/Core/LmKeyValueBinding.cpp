@@ -15,7 +15,7 @@
 #include <iterator>
 
 // A transform that is bound belongs to the record that names it. The record is the one holder the binding
-// stands for: Link takes the caller's reference over by storing the record, and RemoveBinding gives it back.
+// stands for: CreateBinding takes the caller's reference over by storing the record, and RemoveBinding gives it back.
 // The transform may die in there, and with it whatever its destructor takes along, the other object included;
 // nothing of it is touched afterwards.
 //
@@ -25,7 +25,7 @@
 namespace {
 
 // Holds a transform while it works, for it may do anything, removing the binding that it works for included.
-class TransformHold
+class [[nodiscard]] TransformHold
 {
 public:
     explicit TransformHold(LmValueTransform& transform)
@@ -53,6 +53,66 @@ LmValue ReadThrough(const LmKeyValueStore& theStore, const LmString& theKey, LmV
     return theValue;
 }
 
+void SetUpdatedKey(LmKeyValueBinding& theBinding, const LmString& theKey, const LmValue& theValue)
+{
+    const LmTraceIndent theIndent;
+    LmTrace([&] {
+        LmDebugObject().LogString("Updating %s.%s", theBinding.GetDebugInfo().GetUTF8(), theKey.GetUTF8());
+    });
+    // On purpose: a value that is not valid is set like any other.
+    theBinding.SetKeyPathValue(theKey, theValue);
+}
+
+// Sets a key of theBinding to what transform, if there is one, makes of a key of theStore.
+void UpdateKey(LmKeyValueBinding& theBinding, const LmString& theKey, const LmKeyValueStore& theStore,
+               const LmString& theStoreKey, LmValueTransform* transform)
+{
+    if (transform == nullptr) {
+        SetUpdatedKey(theBinding, theKey, theStore.GetKeyPathValue(theStoreKey));
+        return;
+    }
+    // A copy: the transform may remove the binding, and theKey with it. It may even destroy theBinding.
+    const LmString theTarget = theKey; // NOLINT(performance-unnecessary-copy-initialization)
+    const LmLifeWatch theWatch(&theBinding);
+    const LmValue theValue = ReadThrough(theStore, theStoreKey, transform);
+    if (!theWatch.IsGone()) {
+        SetUpdatedKey(theBinding, theTarget, theValue);
+    }
+}
+
+// On purpose: the first value runs from the other object to this one, in a two-way binding too.
+void CopyFirstValue(LmKeyValueBinding& theBinding, const LmString& bindKey, const LmKeyValueBinding& boundTo,
+                    const LmString& boundKey, LmValueTransform* transform)
+{
+    const LmLifeWatch theWatch(&theBinding);
+    const LmValue theValue = ReadThrough(boundTo, boundKey, transform);
+    if (theValue.IsValid() && !theWatch.IsGone()) {
+        theBinding.SetKeyPathValue(bindKey, theValue);
+    }
+}
+
+// Takes back the last record of bindKey, and its entry too where there were only so many keys before. The
+// transform stays the caller's.
+[[gnu::cold]] void Withdraw(LmBindingIndex::Map& theMap, const LmString& bindKey, std::size_t theKeysBefore)
+{
+    const auto theEntry = theMap.find(bindKey);
+    LmBindingIndex::Records theWithdrawn;
+    LmBindingIndex::Take(theMap, theEntry, std::prev(theEntry->second.end()), theWithdrawn);
+    if (theMap.size() != theKeysBefore) {
+        LmBindingIndex::EraseEntry(theMap, theEntry);
+    }
+}
+
+// Lets theObserver observe a key, unless it does already. True when it did not.
+bool ObserveOnce(LmKeyValueStore& theStore, const LmString& theKey, LmKeyValueObserver* theObserver)
+{
+    if (theStore.IsObserving(theKey, theObserver)) {
+        return false;
+    }
+    theStore.ObserveKeyPathValue(theKey, theObserver);
+    return true;
+}
+
 } // namespace
 
 LmKeyValueBinding::LmKeyValueBinding() = default;
@@ -72,7 +132,7 @@ void LmKeyValueBinding::ValueChanged(const LmKeyValueStore* theStore, const LmSt
     // On purpose: only the first record is served.
     const LmBindingIndex::Hit theHit = LmBindingIndex::FindFirst(mBindings, theStore, theKeyName);
     if (theHit.theRecord != nullptr) {
-        UpdateKey(*theHit.theKey, *theStore, theKeyName, theHit.theRecord->transform);
+        UpdateKey(*this, *theHit.theKey, *theStore, theKeyName, theHit.theRecord->transform);
     }
 }
 
@@ -109,7 +169,11 @@ OSStatus LmKeyValueBinding::Unbind(const LmString& boundKey, LmKeyValueBinding* 
         return paramErr;
     }
     if (boundTo == nullptr) {
-        RemoveEntry(theEntry);
+        BindingList& theRecords = theEntry->second;
+        while (!theRecords.empty()) {
+            RemoveBinding(theEntry, theRecords.begin(), theEntry->first, theRecords.front().boundTo);
+        }
+        LmBindingIndex::EraseEntry(mBindings, theEntry);
         return noErr;
     }
     const auto theRecord = LmBindingIndex::FindIn(mBindings, theEntry, boundTo);
@@ -135,13 +199,33 @@ OSStatus LmKeyValueBinding::CreateBinding(const LmString& bindKey, bool twoWay, 
     LM_ASSERT(bindKey.IsNotEmpty());
     LM_ASSERT(boundKey.IsNotEmpty());
     LM_ASSERT(boundTo != NULL);
-    Link(bindKey, twoWay, boundTo, boundKey, transform, reverseTransform);
-    // On purpose: the first value runs from the other object to this one, in a two-way binding too.
-    const LmLifeWatch theWatch(this);
-    const LmValue theValue = ReadThrough(*boundTo, boundKey, transform);
-    if (theValue.IsValid() && !theWatch.IsGone()) {
-        SetKeyPathValue(bindKey, theValue);
+    // All records and observations are made, or none when memory runs out.
+    const std::size_t theKeys = mBindings.size();
+    AddBinding(bindKey, {boundTo, boundKey, transform});
+    LmRollback theRecord([&] { Withdraw(mBindings, bindKey, theKeys); });
+
+    const std::size_t theOtherKeys = boundTo->mBindings.size();
+    if (twoWay) {
+        boundTo->AddBinding(boundKey, {this, bindKey, reverseTransform});
     }
+    LmRollback theMirrorRecord([&] {
+        if (twoWay) {
+            Withdraw(boundTo->mBindings, boundKey, theOtherKeys);
+        }
+    });
+
+    const bool isNewlyObserved = twoWay && ObserveOnce(*this, bindKey, boundTo);
+    LmRollback theObservation([&] {
+        if (isNewlyObserved) {
+            IgnoreKeyPathValue(bindKey, boundTo);
+        }
+    });
+    ObserveOnce(*boundTo, boundKey, this);
+
+    theObservation.Commit();
+    theMirrorRecord.Commit();
+    theRecord.Commit();
+    CopyFirstValue(*this, bindKey, *boundTo, boundKey, transform);
     return noErr;
 }
 
@@ -181,96 +265,4 @@ void LmKeyValueBinding::RemoveBinding(BindingMap::iterator theEntry, BindingList
     // Removes the mirror record, which calls back here and finds nothing. On purpose: where there is no
     // mirror record, because the binding was one-way, the status is reported all the same.
     LM_CHECK_STATUS(boundTo->Unbind(theRecord->boundKey, this));
-}
-
-// Sets a key to what transform, if there is one, makes of a key of theStore.
-void LmKeyValueBinding::UpdateKey(const LmString& theKey, const LmKeyValueStore& theStore,
-                                  const LmString& theStoreKey, LmValueTransform* transform)
-{
-    if (transform == nullptr) {
-        SetUpdatedKey(theKey, theStore.GetKeyPathValue(theStoreKey));
-        return;
-    }
-    // A copy: the transform may remove the binding, and theKey with it. It may even destroy this object.
-    const LmString theTarget = theKey; // NOLINT(performance-unnecessary-copy-initialization)
-    const LmLifeWatch theWatch(this);
-    const LmValue theValue = ReadThrough(theStore, theStoreKey, transform);
-    if (!theWatch.IsGone()) {
-        SetUpdatedKey(theTarget, theValue);
-    }
-}
-
-void LmKeyValueBinding::SetUpdatedKey(const LmString& theKey, const LmValue& theValue)
-{
-    const LmTraceIndent theIndent;
-    LmTrace(
-        [&] { LmKeyValueStore::LogString("Updating %s.%s", GetDebugInfo().GetUTF8(), theKey.GetUTF8()); });
-    // On purpose: a value that is not valid is set like any other.
-    SetKeyPathValue(theKey, theValue);
-}
-
-// Makes the records and the observations of a new binding: all of them, or none when memory runs out.
-void LmKeyValueBinding::Link(const LmString& bindKey, bool twoWay, LmKeyValueBinding* boundTo,
-                             const LmString& boundKey, LmValueTransform* transform,
-                             LmValueTransform* reverseTransform)
-{
-    const std::size_t theKeyCount = mBindings.size();
-    AddBinding(bindKey, {boundTo, boundKey, transform});
-    const bool isNewEntry = mBindings.size() != theKeyCount;
-    LmRollback theRecord([&] { WithdrawBinding(bindKey, isNewEntry); });
-
-    const std::size_t theMirrorKeyCount = boundTo->mBindings.size();
-    if (twoWay) {
-        boundTo->AddBinding(boundKey, {this, bindKey, reverseTransform});
-    }
-    const bool isNewMirrorEntry = boundTo->mBindings.size() != theMirrorKeyCount;
-    LmRollback theMirrorRecord([&] {
-        if (twoWay) {
-            boundTo->WithdrawBinding(boundKey, isNewMirrorEntry);
-        }
-    });
-
-    const bool isNewlyHeard = twoWay && ObserveOnce(bindKey, boundTo);
-    LmRollback theObservation([&] {
-        if (isNewlyHeard) {
-            IgnoreKeyPathValue(bindKey, boundTo);
-        }
-    });
-    boundTo->ObserveOnce(boundKey, this);
-
-    theObservation.Commit();
-    theMirrorRecord.Commit();
-    theRecord.Commit();
-}
-
-// Takes back the record that AddBinding has just added, and the entry where that made it. The transform stays
-// the caller's.
-[[gnu::cold]] void LmKeyValueBinding::WithdrawBinding(const LmString& bindKey, bool isNewEntry)
-{
-    const auto theEntry = mBindings.find(bindKey);
-    BindingList theWithdrawn;
-    LmBindingIndex::Take(mBindings, theEntry, std::prev(theEntry->second.end()), theWithdrawn);
-    if (isNewEntry) {
-        LmBindingIndex::EraseEntry(mBindings, theEntry);
-    }
-}
-
-// Lets theObserver observe a key of this object, unless it does already. True when it did not.
-bool LmKeyValueBinding::ObserveOnce(const LmString& theKey, LmKeyValueObserver* theObserver)
-{
-    if (IsObserving(theKey, theObserver)) {
-        return false;
-    }
-    ObserveKeyPathValue(theKey, theObserver);
-    return true;
-}
-
-// Removes all records of an entry, then the entry.
-void LmKeyValueBinding::RemoveEntry(BindingMap::iterator theEntry)
-{
-    BindingList& theRecords = theEntry->second;
-    while (!theRecords.empty()) {
-        RemoveBinding(theEntry, theRecords.begin(), theEntry->first, theRecords.front().boundTo);
-    }
-    LmBindingIndex::EraseEntry(mBindings, theEntry);
 }

@@ -100,7 +100,7 @@ public:
     //
     // transform converts values coming from boundTo, reverseTransform those going there; either may be null,
     // and both are adopted. When boundKey's value (transformed) is valid, it is copied into bindKey at once,
-    // and observers are told; boundTo hears it too, so its own key is set to the value that reverseTransform
+    // and observers are told; boundTo is told too, so its own key is set to the value that reverseTransform
     // gives back.
     //
     // Result: noErr, or paramErr when a key is not bindable; then nothing has changed, and the transforms
@@ -123,7 +123,7 @@ public:
     // Removes bindings of boundKey, which here is this object's own key: the oldest one with boundTo, or
     // all of them when boundTo is null.
     //
-    // The values stay as they are, and nobody is notified. The other half of a two-way binding goes too. This
+    // The values stay as they are, and nobody is told. The other half of a two-way binding goes too. This
     // object stops observing the other key, on purpose even when another of its bindings uses it still.
     //
     // Result: noErr, also when there is no binding with boundTo; paramErr when nothing was ever bound to the
@@ -163,16 +163,6 @@ protected:
                        const LmString& bindKey, LmKeyValueBinding* boundTo);
 
 private:
-    LM_HIDDEN void Link(const LmString& bindKey, bool twoWay, LmKeyValueBinding* boundTo,
-                        const LmString& boundKey, LmValueTransform* transform,
-                        LmValueTransform* reverseTransform);
-    LM_HIDDEN void WithdrawBinding(const LmString& bindKey, bool isNewEntry);
-    LM_HIDDEN bool ObserveOnce(const LmString& theKey, LmKeyValueObserver* theObserver);
-    LM_HIDDEN void RemoveEntry(BindingMap::iterator theEntry);
-    LM_HIDDEN void UpdateKey(const LmString& theKey, const LmKeyValueStore& theStore,
-                             const LmString& theStoreKey, LmValueTransform* transform);
-    LM_HIDDEN void SetUpdatedKey(const LmString& theKey, const LmValue& theValue);
-
     BindingMap mBindings; // the records by own key, in the order of binding; entries are erased by Unbind
                           // with a null object
 };

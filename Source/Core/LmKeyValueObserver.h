@@ -23,7 +23,7 @@
 //     };
 //
 //     VolumeMeter theMeter;
-//     theStore.ObserveKeyPathValue("volume", &theMeter); // from here on the meter hears of changes
+//     theStore.ObserveKeyPathValue("volume", &theMeter); // from here on the meter is told of changes
 //     theStore.SetKeyPathValue("volume", LmValue(0.5));
 //
 // An observation always begins with the store's ObserveKeyPathValue and ends with its IgnoreKeyPathValue. It
@@ -57,8 +57,8 @@ struct LmObservedKey
 
 // The base of everything that watches keys. A derived class overrides ValueChanging, ValueChanged or both.
 //
-// Observers are called from a copy of the store's list. While being told, an observer may set keys of any
-// store and add or remove observations, its own included; that takes effect from the next notification on,
+// Observers are told from a copy of the store's list. While being told, an observer may set keys of any
+// store and add or remove observations, its own included; that takes effect from the next pass on,
 // so an observer whose observation ends during a pass is still told in that pass. Only one that is destroyed
 // is not; an observer may be destroyed at any time, even by itself while it is being told.
 //

@@ -15,6 +15,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <list>
+#include <map>
 #include <vector>
 
 namespace {
@@ -32,6 +34,108 @@ struct CompareObservers
 
 using Observers = LmLongList<LmKeyValueObserver*, CompareObservers>;
 using ObserverList = Observers::List;
+using KeyStates = std::map<LmString, LmKeyState>;
+using Values = std::map<LmString, LmValue>;
+
+// The value of a key of theStore, or null. While the key is set, it is looked up once.
+const LmValue* FindValue(const Values& theValues, const LmKeyValueStore* theStore, const LmString& theKeyName)
+{
+    LmKeyMemo* theMemo = LmKeyMemo::Of(theStore, theKeyName);
+    return theMemo != nullptr ? theMemo->mValue.In(theValues, theKeyName) : LmFind(theValues, theKeyName);
+}
+
+// Stores the value of a key that has none yet.
+[[gnu::cold, gnu::noinline]] void AddValue(Values& theValues, const LmString& theKeyName,
+                                           const LmValue& theValue)
+{
+    theValues[theKeyName] = theValue;
+}
+
+// The state of "*", or null. There is at least one state.
+const LmKeyState* FindAnyState(const KeyStates& theStates)
+{
+    // Few names sort before "*", so it stands first, or it is not there and a letter stands first.
+    const auto& theFirst = *theStates.begin();
+    if (theFirst.first == kKeyAnyValue) {
+        return &theFirst.second;
+    }
+    return theFirst.first.GetUTF8()[0] > *kKeyAnyValue ? nullptr : LmFind(theStates, kKeyAnyValue);
+}
+
+void Tell(LmKeyValueObserver& theObserver, const LmKeyValueStore& theStore, const LmString& theKeyName,
+          bool hasChanged)
+{
+    if (hasChanged) {
+        theObserver.ValueChanged(&theStore, theKeyName);
+    } else {
+        theObserver.ValueChanging(&theStore, theKeyName);
+    }
+}
+
+// Tells the observers of a key and, if there are any, those of all keys.
+[[gnu::noinline]] void TellSeveral(const ObserverList& theKeyObservers, const ObserverList* theAnyObservers,
+                                   const LmKeyValueStore& theStore, const LmString& theKeyName,
+                                   bool hasChanged)
+{
+    const LmObserverSnapshot theObservers(theKeyObservers, theAnyObservers);
+    const LmLifeWatch theWatch(&theStore);
+    for (LmKeyValueObserver* theObserver : theObservers) {
+        if (theObserver != nullptr) {
+            Tell(*theObserver, theStore, theKeyName, hasChanged);
+        }
+        if (theWatch.IsGone()) {
+            return;
+        }
+    }
+}
+
+// Tells all who observe a key, of which theState is one of theStates, or null when it has none.
+void TellObservers(const KeyStates& theStates, const LmKeyState* theState, LmKeyValueStore& theStore,
+                   const LmString& theKeyName, bool hasChanged)
+{
+    const LmTraceIndent theIndent;
+    LmTrace([&] {
+        // Both words are eight characters, so that the lines of the trace line up.
+        theStore.LogString("%s %s.%s", hasChanged ? "changed " : "changing",
+                           theStore.GetDebugInfo().GetUTF8(), theKeyName.GetUTF8());
+    });
+    if (theState == nullptr) {
+        // On purpose: a key without a key state is silent even to the observers of "*".
+        return;
+    }
+    const LmKeyState* theAnyState = FindAnyState(theStates);
+    if (theAnyState == nullptr && theState->theObservers.size() == 1) {
+        // The usual case. Nothing is looked at afterwards, so the observer may change the list or destroy
+        // anything.
+        Tell(*theState->theObservers.front(), theStore, theKeyName, hasChanged);
+    } else {
+        TellSeveral(theState->theObservers, theAnyState != nullptr ? &theAnyState->theObservers : nullptr,
+                    theStore, theKeyName, hasChanged);
+    }
+}
+
+// Tells the observers of the keys that depend on a key.
+[[gnu::cold, gnu::noinline]] void TellDependents(const LmKeyState& theState, LmKeyValueStore& theStore)
+{
+    // A copy: observers may make and break dependencies of this key.
+    const std::vector<LmString> theDependents(theState.theDependents.begin(), theState.theDependents.end());
+    const LmLifeWatch theWatch(&theStore);
+    // On purpose: told afterwards only, and one level deep. The dependents of a dependent key are not told,
+    // so a cycle ends here.
+    for (const LmString& theDependent : theDependents) {
+        theStore.NotifyObservers(theDependent, true);
+        if (theWatch.IsGone()) {
+            return;
+        }
+    }
+}
+
+void TellDependentsOf(const LmKeyState* theState, LmKeyValueStore& theStore)
+{
+    if (theState != nullptr && !theState->theDependents.empty()) {
+        TellDependents(*theState, theStore);
+    }
+}
 
 } // namespace
 
@@ -51,7 +155,7 @@ LmValue LmKeyValueStore::GetKeyValue(const LmString& theKeyName) const
 {
     LM_ASSERT(theKeyName.IsNotEmpty());
     LM_ASSERT(theKeyName != kKeyAnyValue);
-    const LmValue* theValue = FindValue(theKeyName);
+    const LmValue* theValue = FindValue(mValues, this, theKeyName);
     return theValue != nullptr ? *theValue : LmValue();
 }
 
@@ -59,10 +163,10 @@ void LmKeyValueStore::SetKeyValue(const LmString& theKeyName, const LmValue& the
 {
     LM_ASSERT(theKeyName.IsNotEmpty());
     LM_ASSERT(theKeyName != kKeyAnyValue);
-    if (const LmValue* theEntry = FindValue(theKeyName)) {
+    if (const LmValue* theEntry = FindValue(mValues, this, theKeyName)) {
         const_cast<LmValue&>(*theEntry) = theValue; // an entry of this store, which is not constant here
     } else {
-        AddValue(theKeyName, theValue);
+        AddValue(mValues, theKeyName, theValue);
     }
 }
 
@@ -85,16 +189,16 @@ void LmKeyValueStore::SetKeyPathValue(const LmString& theKeyPath, const LmValue&
         return;
     }
     LmFound<LmKeyState> theState;
-    NotifyObserversOf(theState.In(mKeyStates, theKeyName), theKeyName, false);
+    TellObservers(mKeyStates, theState.In(mKeyStates, theKeyName), *this, theKeyName, false);
     if (!theMemo.IsGone()) {
         SetKeyValue(theKeyName, theValue);
     }
     if (!theMemo.IsGone()) {
-        NotifyObserversOf(theState.In(mKeyStates, theKeyName), theKeyName, true);
+        TellObservers(mKeyStates, theState.In(mKeyStates, theKeyName), *this, theKeyName, true);
     }
     if (!theMemo.IsGone()) {
         LM_ASSERT(HasKey(theKeyName));
-        NotifyDependentsOf(theState.In(mKeyStates, theKeyName));
+        TellDependentsOf(theState.In(mKeyStates, theKeyName), *this);
     }
 }
 
@@ -136,7 +240,7 @@ void LmKeyValueStore::IgnoreKeyPathValue(const LmString& theKeyPath, LmKeyValueO
     });
     // On purpose: a key state is made where there was none, and stays where its lists are empty now.
     ObserverList theRemoved;
-    Observers::TakeAll(MakeKeyState(theKeyPath).theObservers, theObserver, theRemoved);
+    Observers::TakeAll(mKeyStates[theKeyPath].theObservers, theObserver, theRemoved);
     theObserver->StoppedObserving(this, theKeyPath);
 }
 
@@ -144,7 +248,7 @@ bool LmKeyValueStore::IsObserving(const LmString& theKeyPath, LmKeyValueObserver
 {
     LM_ASSERT(theKeyPath.IsNotEmpty());
     LM_ASSERT(theObserver != NULL);
-    const LmKeyState* theState = FindKeyState(theKeyPath);
+    const LmKeyState* theState = LmFind(mKeyStates, theKeyPath);
     return theState != nullptr && Observers::Has(theState->theObservers, theObserver);
 }
 
@@ -160,22 +264,7 @@ bool LmKeyValueStore::IsObserving(const LmString& theKeyPath, LmKeyValueObserver
 
 void LmKeyValueStore::NotifyObservers(const LmString& theKeyName, bool hasChanged)
 {
-    NotifyObserversOf(FindKeyState(theKeyName), theKeyName, hasChanged);
-}
-
-void LmKeyValueStore::NotifyObserversOf(const LmKeyState* theState, const LmString& theKeyName,
-                                        bool hasChanged)
-{
-    const LmTraceIndent theIndent;
-    LmTrace([&] {
-        // Both words are eight characters, so that the lines of the trace line up.
-        LogString("%s %s.%s", hasChanged ? "changed " : "changing", GetDebugInfo().GetUTF8(),
-                  theKeyName.GetUTF8());
-    });
-    // On purpose: a key without a key state is silent even to the observers of "*".
-    if (theState != nullptr) {
-        CallObservers(theKeyName, *theState, hasChanged);
-    }
+    TellObservers(mKeyStates, LmFind(mKeyStates, theKeyName), *this, theKeyName, hasChanged);
 }
 
 [[gnu::cold]] void LmKeyValueStore::MakeDependency(const LmString& watchedKey, const LmString& dependentKey)
@@ -196,14 +285,14 @@ void LmKeyValueStore::NotifyObserversOf(const LmKeyState* theState, const LmStri
     LM_ASSERT(dependentKey != kKeyAnyValue);
     LM_ASSERT(IsDependent(watchedKey, dependentKey));
     // On purpose: a key state is made where there was none, and stays where its lists are empty now.
-    MakeKeyState(watchedKey).theDependents.remove(dependentKey);
+    mKeyStates[watchedKey].theDependents.remove(dependentKey);
 }
 
 [[gnu::cold]] bool LmKeyValueStore::IsDependent(const LmString& theKeyName, const LmString& dependentKey)
 {
     LM_ASSERT(HasKey(theKeyName));
     LM_ASSERT(HasKey(dependentKey));
-    const LmKeyState* theState = FindKeyState(theKeyName);
+    const LmKeyState* theState = LmFind(mKeyStates, theKeyName);
     if (theState == nullptr) {
         return false;
     }
@@ -214,103 +303,5 @@ void LmKeyValueStore::NotifyObserversOf(const LmKeyState* theState, const LmStri
 void LmKeyValueStore::NotifyDependents(const LmString& theKeyName)
 {
     LM_ASSERT(HasKey(theKeyName));
-    NotifyDependentsOf(FindKeyState(theKeyName));
-}
-
-void LmKeyValueStore::NotifyDependentsOf(const LmKeyState* theState)
-{
-    if (theState != nullptr && !theState->theDependents.empty()) {
-        TellDependents(*theState);
-    }
-}
-
-[[gnu::cold]] void LmKeyValueStore::TellDependents(const LmKeyState& theState)
-{
-    // A copy: observers may make and break dependencies of this key.
-    const std::vector<LmString> theDependents(theState.theDependents.begin(), theState.theDependents.end());
-    const LmLifeWatch theWatch(this);
-    // On purpose: told afterwards only, and one level deep. The dependents of a dependent key are not told,
-    // so a cycle ends here.
-    for (const LmString& theDependent : theDependents) {
-        NotifyObservers(theDependent, true);
-        if (theWatch.IsGone()) {
-            return;
-        }
-    }
-}
-
-// The entries of a key, or null. While a key is set, each is looked up once.
-
-const LmValue* LmKeyValueStore::FindValue(const LmString& theKeyName) const
-{
-    LmKeyMemo* theMemo = LmKeyMemo::Of(this, theKeyName);
-    return theMemo != nullptr ? theMemo->mValue.In(mValues, theKeyName) : LmFind(mValues, theKeyName);
-}
-
-const LmKeyState* LmKeyValueStore::FindKeyState(const LmString& theKeyName) const
-{
-    return LmFind(mKeyStates, theKeyName);
-}
-
-// Stores the value of a key that has none yet.
-void LmKeyValueStore::AddValue(const LmString& theKeyName, const LmValue& theValue)
-{
-    mValues[theKeyName] = theValue;
-}
-
-// The state of a key, made where there is none.
-LmKeyState& LmKeyValueStore::MakeKeyState(const LmString& theKeyName)
-{
-    if (const LmKeyState* theState = FindKeyState(theKeyName)) {
-        return const_cast<LmKeyState&>(*theState); // an entry of this store, which is not constant here
-    }
-    return mKeyStates[theKeyName];
-}
-
-// The state of "*", or null. There is at least one state.
-const LmKeyState* LmKeyValueStore::FindAnyState() const
-{
-    // Few names sort before "*", so it stands first, or it is not there and a letter stands first.
-    const auto& theFirst = *mKeyStates.begin();
-    if (theFirst.first == kKeyAnyValue) {
-        return &theFirst.second;
-    }
-    return theFirst.first.GetUTF8()[0] > *kKeyAnyValue ? nullptr : LmFind(mKeyStates, kKeyAnyValue);
-}
-
-void LmKeyValueStore::CallObservers(const LmString& theKeyName, const LmKeyState& theState, bool hasChanged)
-{
-    const LmKeyState* theAnyState = FindAnyState();
-    if (theAnyState == nullptr && theState.theObservers.size() == 1) {
-        // The usual case. Nothing is looked at after the call, so it may change the list or destroy anything.
-        Tell(*theState.theObservers.front(), theKeyName, hasChanged);
-    } else {
-        CallSeveral(theKeyName, theState.theObservers,
-                    theAnyState != nullptr ? &theAnyState->theObservers : nullptr, hasChanged);
-    }
-}
-
-// The observers of a key and, if there are any, those of all keys.
-void LmKeyValueStore::CallSeveral(const LmString& theKeyName, const ObserverList& theKeyObservers,
-                                  const ObserverList* theAnyObservers, bool hasChanged)
-{
-    const LmObserverSnapshot theObservers(theKeyObservers, theAnyObservers);
-    const LmLifeWatch theWatch(this);
-    for (LmKeyValueObserver* theObserver : theObservers) {
-        if (theObserver != nullptr) {
-            Tell(*theObserver, theKeyName, hasChanged);
-        }
-        if (theWatch.IsGone()) {
-            return;
-        }
-    }
-}
-
-void LmKeyValueStore::Tell(LmKeyValueObserver& theObserver, const LmString& theKeyName, bool hasChanged)
-{
-    if (hasChanged) {
-        theObserver.ValueChanged(this, theKeyName);
-    } else {
-        theObserver.ValueChanging(this, theKeyName);
-    }
+    TellDependentsOf(LmFind(mKeyStates, theKeyName), *this);
 }

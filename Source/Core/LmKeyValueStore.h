@@ -17,7 +17,7 @@
 //     LmKeyValueStore theStore;
 //     theStore.SetKeyPathValue("volume", LmValue(40UL));      // the key comes into being
 //     theStore.ObserveKeyPathValue("volume", &theMeter);
-//     theStore.SetKeyPathValue("volume", LmValue(55UL));      // theMeter hears ValueChanging, ValueChanged
+//     theStore.SetKeyPathValue("volume", LmValue(55UL));      // theMeter is told before and after
 //     theStore.SetKeyPathValue("volume", LmValue(55UL));      // equal: nothing happens
 //     theStore.GetKeyPathValue("volume").GetUInt32();         // 55
 //
@@ -36,7 +36,7 @@
 //   interrupts has then changed nothing, except that observers may have been told of a change that was not
 //   made. A value whose own block could not be allocated is not an error: it is invalid.
 // - Observers are not owned, and a null observer is not supported. Either side may be destroyed first.
-// - Observers are called from copies of the lists. They may set keys, add and remove observers, make and
+// - Observers are told from copies of the lists. They may set keys, add and remove observers, make and
 //   break dependencies; that takes effect from the next pass on. They may even destroy an observer, which
 //   is then not told any more, or the store, which ends the pass and the call.
 // - A call costs at most a few map look-ups, logarithmic in the number of keys, besides what it says.
@@ -45,8 +45,8 @@
 
 class LmKeyValueObserver;
 
-// The wildcard key: who observes it hears of all keys of the store that have a key state. It never names a
-// value.
+// The wildcard key: who observes it is told of all keys of the store that have a key state. It never names
+// a value.
 constexpr const char* kKeyAnyValue = "*";
 
 // The key state: what a store knows of a key besides its value. A copy copies both lists in their order.
@@ -64,8 +64,8 @@ struct LmKeyState
 // - GetKeyValue returns an invalid value for a key that is not there, and changes nothing.
 // - After SetKeyValue, GetKeyValue returns the new value or one equal to it; otherwise setting the same value
 //   again counts as a change again.
-// - Neither notifies: SetKeyPathValue does, around SetKeyValue. A derived class that learns of a change from
-//   outside calls SetKeyPathValue with the new value.
+// - Neither tells the observers: SetKeyPathValue does, around SetKeyValue. A derived class that learns of a
+//   change from outside calls SetKeyPathValue with the new value.
 //
 // Order of destruction: the derived class, then all observers are taken off (RemoveObservers), the
 // values, the key states. The trace of that shows the store's base description only.
@@ -93,8 +93,8 @@ public:
     // Diagnostics: "theKeyName.IsNotEmpty()", "theKeyName != kKeyAnyValue".
     virtual LmValue GetKeyValue(const LmString& theKeyName) const;
 
-    // Stores a value, and nothing else: no comparison with the old value, no notification. Applications set
-    // keys with SetKeyPathValue.
+    // Stores a value, and nothing else: it is not compared with the old value, and nobody is told. Applications
+    // set keys with SetKeyPathValue.
     //
     // Diagnostics: those of GetKeyValue.
     virtual void SetKeyValue(const LmString& theKeyName, const LmValue& theValue);
@@ -114,7 +114,7 @@ public:
     // told, see NotifyObservers. theValue must stay as it is until it is stored.
     //
     // On purpose: numbers are compared as integers, so setting 1.0 where 1.5 is stored changes nothing; and
-    // a null string equals nothing, so setting one always notifies.
+    // a null string equals nothing, so setting one is always told.
     //
     // On purpose: a key without a key state is silent even to the observers of "*".
     //
@@ -160,8 +160,8 @@ public:
     // Needs no memory while tracing is off.
     void RemoveObservers();
 
-    // Calls ValueChanged (hasChanged) or ValueChanging of the observers of a key and of those of "*". Called
-    // by SetKeyPathValue; a derived class whose key has changed by itself may call it too.
+    // Tells the observers of a key and those of "*": ValueChanged when it has changed, ValueChanging when it is
+    // about to. Called by SetKeyPathValue; a derived class whose key has changed by itself may call it too.
     //
     // The key's observers keep the order of their registration among themselves, and so do those of "*". The
     // two lists are merged by one step of a merge sort on the observers' addresses: while both lists have
@@ -204,28 +204,13 @@ public:
     // the diagnostic of HasKey itself.
     bool IsDependent(const LmString& theKeyName, const LmString& dependentKey);
 
-    // Calls NotifyObservers(name, true) for each dependent of a key, in the order in which the dependencies
-    // were made. Called by SetKeyPathValue as its last step. Works on a copy of the list.
+    // Tells the observers of each dependent of a key, as NotifyObservers(name, true) does, in the order in
+    // which the dependencies were made. Called by SetKeyPathValue as its last step. Works on a copy of the list.
     //
     // Diagnostics: "HasKey(theKeyName)".
     void NotifyDependents(const LmString& theKeyName);
 
 private:
-    LM_HIDDEN const LmValue* FindValue(const LmString& theKeyName) const;
-    LM_HIDDEN const LmKeyState* FindKeyState(const LmString& theKeyName) const;
-    LM_HIDDEN const LmKeyState* FindAnyState() const;
-    [[gnu::cold]] LM_HIDDEN void AddValue(const LmString& theKeyName, const LmValue& theValue);
-    LM_HIDDEN LmKeyState& MakeKeyState(const LmString& theKeyName);
-    LM_HIDDEN void NotifyObserversOf(const LmKeyState* theState, const LmString& theKeyName, bool hasChanged);
-    LM_HIDDEN void NotifyDependentsOf(const LmKeyState* theState);
-    [[gnu::noinline]] LM_HIDDEN void TellDependents(const LmKeyState& theState);
-    LM_HIDDEN void CallObservers(const LmString& theKeyName, const LmKeyState& theState, bool hasChanged);
-    [[gnu::noinline]] LM_HIDDEN void CallSeveral(const LmString& theKeyName,
-                                                 const std::list<LmKeyValueObserver*>& theKeyObservers,
-                                                 const std::list<LmKeyValueObserver*>* theAnyObservers,
-                                                 bool hasChanged);
-    LM_HIDDEN void Tell(LmKeyValueObserver& theObserver, const LmString& theKeyName, bool hasChanged);
-
     std::map<LmString, LmKeyState> mKeyStates; // observers and dependents by key; an entry stays, but for one
                                                // just made by an observation that runs out of memory
     std::map<LmString, LmValue> mValues;       // the values by key; entries are never erased

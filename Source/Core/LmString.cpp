@@ -6,15 +6,15 @@
 
 bool LmString::Split(const LmString& separator, LmString& resultLeft, LmString& resultRight) const
 {
-    const std::size_t thePlace = mText.find(separator.GetUTF8());
-    if (thePlace == std::string::npos) {
+    const std::size_t thePosition = mText.find(separator.GetUTF8());
+    if (thePosition == std::string::npos) {
         resultLeft = LmString();
         resultRight = LmString();
         return false;
     }
     // Both parts are cut before either result changes: a result may be the separator or this string.
-    LmString theLeft(mText.substr(0, thePlace));
-    LmString theRight(mText.substr(thePlace + separator.mText.size()));
+    LmString theLeft(mText.substr(0, thePosition));
+    LmString theRight(mText.substr(thePosition + separator.mText.size()));
     resultLeft = std::move(theLeft);
     resultRight = std::move(theRight);
     // On purpose: an empty part is worth a line, but it is a result like any other.

@@ -24,19 +24,19 @@ bool IsNullRect(const CGRect& theRect)
 }
 
 template <typename Number>
-bool IsAbove(Number theLeft, Number theRight, bool theInclusive)
+bool IsAbove(Number theLeft, Number theRight, bool isInclusive)
 {
-    return theInclusive ? theLeft >= theRight : theLeft > theRight;
+    return isInclusive ? theLeft >= theRight : theLeft > theRight;
 }
 
 // On purpose: both sides are the string itself.
-bool IsStringAboveItself(CFStringRef theString, bool theInclusive)
+bool IsStringAboveItself(CFStringRef theString, bool isInclusive)
 {
     if (theString == nullptr) {
         return false;
     }
     return CFStringCompare(theString, theString, 0) == kCFCompareGreaterThan ||
-           (theInclusive && CFStringCompare(theString, theString, 0) == kCFCompareEqualTo);
+           (isInclusive && CFStringCompare(theString, theString, 0) == kCFCompareEqualTo);
 }
 
 std::uintptr_t GetAddress(const LmValue& theValue)
@@ -91,9 +91,9 @@ LmValue LmIsNotNullTransform::Apply(const LmValue& theValue)
     return LmValue(!newValue.GetBoolean());
 }
 
-LmIsAboveTransform::LmIsAboveTransform(const LmValue& theValue, bool theInclusive)
+LmIsAboveTransform::LmIsAboveTransform(const LmValue& theValue, bool isInclusive)
     : mCompareValue(theValue),
-      mInclusive(theInclusive)
+      mInclusive(isInclusive)
 {
 }
 
@@ -124,9 +124,9 @@ LmValue LmIsAboveTransform::Apply(const LmValue& theValue)
     }
 }
 
-LmIsBelowTransform::LmIsBelowTransform(const LmValue& theValue, bool theInclusive)
+LmIsBelowTransform::LmIsBelowTransform(const LmValue& theValue, bool isInclusive)
     : mCompareValue(theValue),
-      mInclusive(theInclusive)
+      mInclusive(isInclusive)
 {
 }
 

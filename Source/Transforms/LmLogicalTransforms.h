@@ -12,7 +12,7 @@
 // Rules for every Apply: the result is a kTypeBoolean value. The kind of the input decides how it is looked
 // at; the fixed value is read with the getter of that kind, so that numbers of different kinds can be
 // compared and anything else prints the getter's assertion. A kind that a question makes no sense for prints
-// "Illegal value type: %d" and answers as the transform says. Nothing else is changed or notified.
+// "Illegal value type: %d" and answers as the transform says. Nothing else is changed, and nobody is told.
 //
 // On purpose: LmIsNotNullTransform, LmIsBelowTransform and LmIsNotEqualTransform ask a temporary transform of
 // the opposite sort, which is not released but just goes out of scope. Each application of theirs therefore
@@ -44,16 +44,16 @@ public:
     LmValue Apply(const LmValue& theValue) override;
 };
 
-// True when the value is greater than a fixed one; with theInclusive, also when it equals it. Booleans are 0
+// True when the value is greater than a fixed one; with isInclusive, also when it equals it. Booleans are 0
 // and 1, pointers are compared as unsigned addresses, a NaN is above nothing. Invalid values, points, sizes,
 // rectangles and unknown kinds are illegal, and answered with false.
 //
 // On purpose: a string is compared with itself, whatever the fixed value is, so that the answer is
-// theInclusive. A null string is answered with false.
+// isInclusive. A null string is answered with false.
 class LM_EXPORT LmIsAboveTransform : public LmValueTransform
 {
 public:
-    LmIsAboveTransform(const LmValue& theValue, bool theInclusive);
+    LmIsAboveTransform(const LmValue& theValue, bool isInclusive);
     ~LmIsAboveTransform() override;
     LmValue Apply(const LmValue& theValue) override;
 
@@ -62,14 +62,14 @@ private:
     bool mInclusive;       // whether equality passes
 };
 
-// True when the value is less than a fixed one; with theInclusive, also when it equals it.
+// True when the value is less than a fixed one; with isInclusive, also when it equals it.
 //
 // On purpose: it is the opposite of the other question, which gives its odd answers their opposite: illegal
-// kinds, a NaN on either side and null strings are answered with true, other strings with theInclusive.
+// kinds, a NaN on either side and null strings are answered with true, other strings with isInclusive.
 class LM_EXPORT LmIsBelowTransform : public LmValueTransform
 {
 public:
-    LmIsBelowTransform(const LmValue& theValue, bool theInclusive);
+    LmIsBelowTransform(const LmValue& theValue, bool isInclusive);
     ~LmIsBelowTransform() override;
     LmValue Apply(const LmValue& theValue) override;
 

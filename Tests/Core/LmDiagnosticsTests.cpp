@@ -25,6 +25,7 @@ TEST(LmDiagnostics, AnAssertionThatHoldsIsSilent)
 {
     const int theNumber = 12;
     LM_ASSERT(theNumber == kSomeMacro);
+    EXPECT_EQ(StandardErrorCapture::TakeLines(), Lines());
 }
 
 TEST(LmDiagnostics, AFailedAssertionPrintsItsPlaceAndItsTextAndGoesOn)

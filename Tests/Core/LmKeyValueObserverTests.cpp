@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -276,21 +277,34 @@ TEST(LmKeyValueObserver, ADyingObserverLeavesItsStores)
 
 TEST(LmKeyValueObserver, ManyStoresAndObserversMayDieInAnyOrder)
 {
+    struct Counting : LmKeyValueObserver
+    {
+        void ValueChanged(const LmKeyValueStore*, const LmString&) override { ++mChanges; }
+        int mChanges = 0;
+    };
     std::vector<std::unique_ptr<LmKeyValueStore>> theStores(5);
-    std::vector<std::unique_ptr<LmKeyValueObserver>> theObservers(5);
+    std::vector<std::unique_ptr<Counting>> theObservers(5);
     for (auto& theStore : theStores) {
         theStore = std::make_unique<LmKeyValueStore>();
     }
     for (auto& theObserver : theObservers) {
-        theObserver = std::make_unique<LmKeyValueObserver>();
+        theObserver = std::make_unique<Counting>();
         for (auto& theStore : theStores) {
             theStore->ObserveKeyPathValue("a", theObserver.get());
             theStore->ObserveKeyPathValue("*", theObserver.get());
         }
     }
-    for (size_t theIndex = 0; theIndex < theStores.size(); ++theIndex) {
-        theStores[theIndex].reset();
-        theObservers[theStores.size() - 1 - theIndex].reset();
+    for (size_t theGone = 0; theGone < theStores.size(); ++theGone) {
+        // Those that are left are told of the key by name and as observers of all keys.
+        for (size_t theIndex = theGone; theIndex < theStores.size(); ++theIndex) {
+            theStores[theIndex]->SetKeyPathValue("a", LmValue(static_cast<long>(theGone + 1)));
+        }
+        for (size_t theIndex = 0; theIndex < theObservers.size() - theGone; ++theIndex) {
+            EXPECT_EQ(std::exchange(theObservers[theIndex]->mChanges, 0),
+                      2 * static_cast<int>(theStores.size() - theGone));
+        }
+        theStores[theGone].reset();
+        theObservers[theObservers.size() - 1 - theGone].reset();
     }
 }
 

@@ -12,11 +12,11 @@
 
 class LmKeyValueObserver;
 
-// The observers that one pass calls, copied before the first call, because the calls may change the store's
+// The observers that one pass tells, copied before the first is told, because what they do may change the store's
 // lists. Not part of the interface.
 //
-// An observer whose observation ends during the pass is still called. One that is destroyed is not: its place
-// becomes null. To that end the snapshots in use form a list from the innermost outwards, which the
+// An observer whose observation ends during the pass is still told. One that is destroyed is not: what stands
+// for it becomes null. To that end the snapshots in use form a list from the innermost outwards, which the
 // destructor of every observer walks; so a snapshot lives on the stack only. Up to sixteen observers need no
 // memory from the heap.
 class [[nodiscard]] LmObserverSnapshot : private LmStackLink<LmObserverSnapshot>
@@ -25,7 +25,7 @@ public:
     using ObserverList = std::list<LmKeyValueObserver*>;
 
     // The observers of a key merged with those of all keys, if there are any, in the order in which they are
-    // to be called.
+    // to be told.
     LmObserverSnapshot(const ObserverList& theKeyObservers, const ObserverList* theAnyObservers)
         : mBegin(mFew)
     {

@@ -12,7 +12,7 @@
 //
 // What is called must not throw itself.
 template <typename Undo>
-class LmRollback
+class [[nodiscard]] LmRollback
 {
 public:
     explicit LmRollback(const Undo& theUndo)

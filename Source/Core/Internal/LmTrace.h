@@ -39,7 +39,7 @@ inline void LmTrace(const Write& theWrite)
 //
 // On purpose: whether tracing is on is asked anew at the end, so switching it within a pass leaves the depth
 // out of step.
-class LmTraceIndent
+class [[nodiscard]] LmTraceIndent
 {
 public:
     LmTraceIndent()
