@@ -1,5 +1,5 @@
-# What `cmake --install` puts in place: the headers, the shared libraries, the CMake package and the
-# pkg-config file.
+# What `cmake --install` puts in place: the headers, the shared libraries, the CMake package, the pkg-config
+# file, the documentation, the licence and the examples.
 include(CMakePackageConfigHelpers)
 
 set(LM_INSTALLED_LIBRARIES LmBindings)
@@ -65,3 +65,13 @@ if(TARGET LmCarbonDesktop)
     "${PROJECT_BINARY_DIR}/lmbindings-desktop.pc" @ONLY)
   install(FILES "${PROJECT_BINARY_DIR}/lmbindings-desktop.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 endif()
+
+# The documents link to one another as they do here, and to the examples.
+install(FILES
+  "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/LICENSE"
+  DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/Documentation" "${PROJECT_SOURCE_DIR}/Examples"
+  DESTINATION ${CMAKE_INSTALL_DOCDIR}
+  FILES_MATCHING
+    PATTERN "*.md" PATTERN "*.svg" PATTERN "*.png" PATTERN "*.cpp" PATTERN "*.h" PATTERN "*.txt"
+    PATTERN "CMakeLists.txt" EXCLUDE)

@@ -154,7 +154,7 @@ export PKG_CONFIG_PATH=$theLibraries/pkgconfig
     while IFS= read -r theHeader; do
         g++ -std=c++17 -fsyntax-only $kWarnings $(pkg-config --cflags lmbindings) -include "$theHeader" -x c++ /dev/null
         theCount=$((theCount + 1))
-    done < <(find "$theWork/installed" -name '*.h')
+    done < <(find "$theWork/installed/include" -name "*.h")
     [ "$theCount" -gt 0 ]
     echo "$theCount headers compile alone"
 }
