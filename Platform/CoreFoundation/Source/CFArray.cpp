@@ -160,166 +160,165 @@ CFTypeID CFArrayGetTypeID()
 
 // Making arrays
 
-CFArrayRef CFArrayCreate(CFAllocatorRef, const void** theValues, CFIndex theCount,
-                         const CFArrayCallBacks* theCallBacks)
+CFArrayRef CFArrayCreate(CFAllocatorRef, const void** inValues, CFIndex inCount,
+                         const CFArrayCallBacks* inCallBacks)
 {
-    if (theCount < 0) {
+    if (inCount < 0) {
         return nullptr;
     }
-    if (theValues == nullptr && theCount > 0) {
+    if (inValues == nullptr && inCount > 0) {
         Host::Stop(__func__, "the values are NULL");
     }
-    return CreateArray(theValues, theCount, theCallBacks, false);
+    return CreateArray(inValues, inCount, inCallBacks, false);
 }
 
-CFArrayRef CFArrayCreateCopy(CFAllocatorRef, CFArrayRef theArray)
+CFArrayRef CFArrayCreateCopy(CFAllocatorRef, CFArrayRef inArray)
 {
-    RequireArray(theArray, __func__);
-    return CreateArray(theArray->mValues.data(), theArray->GetCount(), &theArray->mCallBacks, false);
+    RequireArray(inArray, __func__);
+    return CreateArray(inArray->mValues.data(), inArray->GetCount(), &inArray->mCallBacks, false);
 }
 
-CFMutableArrayRef CFArrayCreateMutable(CFAllocatorRef, CFIndex, const CFArrayCallBacks* theCallBacks)
+CFMutableArrayRef CFArrayCreateMutable(CFAllocatorRef, CFIndex, const CFArrayCallBacks* inCallBacks)
 {
-    return CreateArray(nullptr, 0, theCallBacks, true);
+    return CreateArray(nullptr, 0, inCallBacks, true);
 }
 
-CFMutableArrayRef CFArrayCreateMutableCopy(CFAllocatorRef, CFIndex, CFArrayRef theArray)
+CFMutableArrayRef CFArrayCreateMutableCopy(CFAllocatorRef, CFIndex, CFArrayRef inArray)
 {
-    RequireArray(theArray, __func__);
-    return CreateArray(theArray->mValues.data(), theArray->GetCount(), &theArray->mCallBacks, true);
+    RequireArray(inArray, __func__);
+    return CreateArray(inArray->mValues.data(), inArray->GetCount(), &inArray->mCallBacks, true);
 }
 
 // Reading
 
-CFIndex CFArrayGetCount(CFArrayRef theArray)
+CFIndex CFArrayGetCount(CFArrayRef inArray)
 {
-    return RequireArray(theArray, __func__)->GetCount();
+    return RequireArray(inArray, __func__)->GetCount();
 }
 
-const void* CFArrayGetValueAtIndex(CFArrayRef theArray, CFIndex theIndex)
+const void* CFArrayGetValueAtIndex(CFArrayRef inArray, CFIndex inIndex)
 {
-    RequireIndex(theIndex, RequireArray(theArray, __func__)->GetCount(), __func__);
-    return theArray->mValues[static_cast<size_t>(theIndex)];
+    RequireIndex(inIndex, RequireArray(inArray, __func__)->GetCount(), __func__);
+    return inArray->mValues[static_cast<size_t>(inIndex)];
 }
 
-void CFArrayGetValues(CFArrayRef theArray, CFRange theRange, const void** theValues)
+void CFArrayGetValues(CFArrayRef inArray, CFRange inRange, const void** outValues)
 {
-    RequireRange(theArray, theRange, __func__);
-    std::copy_n(ValuesAt(theArray, theRange), theRange.length, theValues);
+    RequireRange(inArray, inRange, __func__);
+    std::copy_n(ValuesAt(inArray, inRange), inRange.length, outValues);
 }
 
-Boolean CFArrayContainsValue(CFArrayRef theArray, CFRange theRange, const void* theValue)
+Boolean CFArrayContainsValue(CFArrayRef inArray, CFRange inRange, const void* inValue)
 {
-    return CFArrayGetFirstIndexOfValue(theArray, theRange, theValue) != kCFNotFound;
+    return CFArrayGetFirstIndexOfValue(inArray, inRange, inValue) != kCFNotFound;
 }
 
-CFIndex CFArrayGetFirstIndexOfValue(CFArrayRef theArray, CFRange theRange, const void* theValue)
+CFIndex CFArrayGetFirstIndexOfValue(CFArrayRef inArray, CFRange inRange, const void* inValue)
 {
-    RequireRange(theArray, theRange, __func__);
-    for (CFIndex theIndex = 0; theIndex < theRange.length; ++theIndex) {
-        if (EqualValues(theArray, ValuesAt(theArray, theRange)[theIndex], theValue)) {
-            return theRange.location + theIndex;
+    RequireRange(inArray, inRange, __func__);
+    for (CFIndex theIndex = 0; theIndex < inRange.length; ++theIndex) {
+        if (EqualValues(inArray, ValuesAt(inArray, inRange)[theIndex], inValue)) {
+            return inRange.location + theIndex;
         }
     }
     return kCFNotFound;
 }
 
-CFIndex CFArrayGetLastIndexOfValue(CFArrayRef theArray, CFRange theRange, const void* theValue)
+CFIndex CFArrayGetLastIndexOfValue(CFArrayRef inArray, CFRange inRange, const void* inValue)
 {
-    RequireRange(theArray, theRange, __func__);
-    for (CFIndex theIndex = theRange.length - 1; theIndex >= 0; --theIndex) {
-        if (EqualValues(theArray, ValuesAt(theArray, theRange)[theIndex], theValue)) {
-            return theRange.location + theIndex;
+    RequireRange(inArray, inRange, __func__);
+    for (CFIndex theIndex = inRange.length - 1; theIndex >= 0; --theIndex) {
+        if (EqualValues(inArray, ValuesAt(inArray, inRange)[theIndex], inValue)) {
+            return inRange.location + theIndex;
         }
     }
     return kCFNotFound;
 }
 
-CFIndex CFArrayGetCountOfValue(CFArrayRef theArray, CFRange theRange, const void* theValue)
+CFIndex CFArrayGetCountOfValue(CFArrayRef inArray, CFRange inRange, const void* inValue)
 {
-    RequireRange(theArray, theRange, __func__);
-    const void* const* const theFirst = ValuesAt(theArray, theRange);
-    return static_cast<CFIndex>(
-        std::count_if(theFirst, theFirst + theRange.length,
-                      [=](const void* theOther) { return EqualValues(theArray, theOther, theValue); }));
+    RequireRange(inArray, inRange, __func__);
+    const void* const* const theFirst = ValuesAt(inArray, inRange);
+    return static_cast<CFIndex>(std::count_if(theFirst, theFirst + inRange.length, [=](const void* theOther) {
+        return EqualValues(inArray, theOther, inValue);
+    }));
 }
 
-void CFArrayApplyFunction(CFArrayRef theArray, CFRange theRange, CFArrayApplierFunction theFunction,
-                          void* theContext)
+void CFArrayApplyFunction(CFArrayRef inArray, CFRange inRange, CFArrayApplierFunction inFunction,
+                          void* inContext)
 {
-    RequireRange(theArray, theRange, __func__);
-    for (CFIndex theIndex = 0; theIndex < theRange.length; ++theIndex) {
-        theFunction(ValuesAt(theArray, theRange)[theIndex], theContext);
+    RequireRange(inArray, inRange, __func__);
+    for (CFIndex theIndex = 0; theIndex < inRange.length; ++theIndex) {
+        inFunction(ValuesAt(inArray, inRange)[theIndex], inContext);
     }
 }
 
 // Changing
 
-void CFArrayAppendValue(CFMutableArrayRef theArray, const void* theValue)
+void CFArrayAppendValue(CFMutableArrayRef inArray, const void* inValue)
 {
-    CFArrayInsertValueAtIndex(theArray, CFArrayGetCount(theArray), theValue);
+    CFArrayInsertValueAtIndex(inArray, CFArrayGetCount(inArray), inValue);
 }
 
-void CFArrayAppendArray(CFMutableArrayRef theArray, CFArrayRef theOther, CFRange theRange)
+void CFArrayAppendArray(CFMutableArrayRef inArray, CFArrayRef inOther, CFRange inRange)
 {
-    RequireMutableArray(theArray, __func__);
-    RequireRange(theOther, theRange, __func__);
-    Host::NothingWithoutMemory(
-        [=] { AppendValues(theArray, ValuesAt(theOther, theRange), theRange.length); });
+    RequireMutableArray(inArray, __func__);
+    RequireRange(inOther, inRange, __func__);
+    Host::NothingWithoutMemory([=] { AppendValues(inArray, ValuesAt(inOther, inRange), inRange.length); });
 }
 
-void CFArrayInsertValueAtIndex(CFMutableArrayRef theArray, CFIndex theIndex, const void* theValue)
+void CFArrayInsertValueAtIndex(CFMutableArrayRef inArray, CFIndex inIndex, const void* inValue)
 {
-    RequireIndex(theIndex, RequireMutableArray(theArray, __func__)->GetCount() + 1, __func__);
-    Host::NothingWithoutMemory([=] { InsertValue(theArray, theIndex, theValue); });
+    RequireIndex(inIndex, RequireMutableArray(inArray, __func__)->GetCount() + 1, __func__);
+    Host::NothingWithoutMemory([=] { InsertValue(inArray, inIndex, inValue); });
 }
 
-void CFArraySetValueAtIndex(CFMutableArrayRef theArray, CFIndex theIndex, const void* theValue)
+void CFArraySetValueAtIndex(CFMutableArrayRef inArray, CFIndex inIndex, const void* inValue)
 {
-    if (theIndex == CFArrayGetCount(theArray)) {
-        CFArrayAppendValue(theArray, theValue);
+    if (inIndex == CFArrayGetCount(inArray)) {
+        CFArrayAppendValue(inArray, inValue);
         return;
     }
-    RequireIndex(theIndex, RequireMutableArray(theArray, __func__)->GetCount(), __func__);
+    RequireIndex(inIndex, RequireMutableArray(inArray, __func__)->GetCount(), __func__);
     // The old value may be the only owner of the new one.
-    const void*& thePlace = theArray->mValues[static_cast<size_t>(theIndex)];
+    const void*& thePlace = inArray->mValues[static_cast<size_t>(inIndex)];
     const void* const theOldValue = thePlace;
-    thePlace = Host::RetainValue(theArray->mCallBacks, theValue);
-    Host::ReleaseValue(theArray->mCallBacks, theOldValue);
+    thePlace = Host::RetainValue(inArray->mCallBacks, inValue);
+    Host::ReleaseValue(inArray->mCallBacks, theOldValue);
 }
 
-void CFArrayRemoveValueAtIndex(CFMutableArrayRef theArray, CFIndex theIndex)
+void CFArrayRemoveValueAtIndex(CFMutableArrayRef inArray, CFIndex inIndex)
 {
-    RequireIndex(theIndex, RequireMutableArray(theArray, __func__)->GetCount(), __func__);
-    const void* const theValue = theArray->mValues[static_cast<size_t>(theIndex)];
-    theArray->mValues.erase(theArray->mValues.begin() + theIndex);
-    Host::ReleaseValue(theArray->mCallBacks, theValue);
+    RequireIndex(inIndex, RequireMutableArray(inArray, __func__)->GetCount(), __func__);
+    const void* const theValue = inArray->mValues[static_cast<size_t>(inIndex)];
+    inArray->mValues.erase(inArray->mValues.begin() + inIndex);
+    Host::ReleaseValue(inArray->mCallBacks, theValue);
 }
 
-void CFArrayRemoveAllValues(CFMutableArrayRef theArray)
+void CFArrayRemoveAllValues(CFMutableArrayRef inArray)
 {
     std::vector<const void*> theValues;
-    theValues.swap(RequireMutableArray(theArray, __func__)->mValues);
-    ReleaseValues(theArray->mCallBacks, theValues);
+    theValues.swap(RequireMutableArray(inArray, __func__)->mValues);
+    ReleaseValues(inArray->mCallBacks, theValues);
 }
 
-void CFArrayExchangeValuesAtIndices(CFMutableArrayRef theArray, CFIndex theFirst, CFIndex theSecond)
+void CFArrayExchangeValuesAtIndices(CFMutableArrayRef inArray, CFIndex inFirst, CFIndex inSecond)
 {
-    const CFIndex theCount = RequireMutableArray(theArray, __func__)->GetCount();
-    RequireIndex(theFirst, theCount, __func__);
-    RequireIndex(theSecond, theCount, __func__);
-    std::swap(theArray->mValues[static_cast<size_t>(theFirst)],
-              theArray->mValues[static_cast<size_t>(theSecond)]);
+    const CFIndex theCount = RequireMutableArray(inArray, __func__)->GetCount();
+    RequireIndex(inFirst, theCount, __func__);
+    RequireIndex(inSecond, theCount, __func__);
+    std::swap(inArray->mValues[static_cast<size_t>(inFirst)],
+              inArray->mValues[static_cast<size_t>(inSecond)]);
 }
 
-void CFArraySortValues(CFMutableArrayRef theArray, CFRange theRange, CFComparatorFunction theComparator,
-                       void* theContext)
+void CFArraySortValues(CFMutableArrayRef inArray, CFRange inRange, CFComparatorFunction inComparator,
+                       void* inContext)
 {
-    RequireMutableArray(theArray, __func__);
-    RequireRange(theArray, theRange, __func__);
+    RequireMutableArray(inArray, __func__);
+    RequireRange(inArray, inRange, __func__);
     Host::NothingWithoutMemory([=] {
-        std::vector<const void*> theBuffer(static_cast<size_t>(theRange.length));
-        const void** const theFirst = theArray->mValues.data() + theRange.location;
-        MergeSort(theFirst, theFirst + theRange.length, theBuffer.data(), theComparator, theContext);
+        std::vector<const void*> theBuffer(static_cast<size_t>(inRange.length));
+        const void** const theFirst = inArray->mValues.data() + inRange.location;
+        MergeSort(theFirst, theFirst + inRange.length, theBuffer.data(), inComparator, inContext);
     });
 }

@@ -74,9 +74,9 @@ CFTypeID CFBooleanGetTypeID()
     return Host::kBooleanTypeID;
 }
 
-Boolean CFBooleanGetValue(CFBooleanRef theBoolean)
+Boolean CFBooleanGetValue(CFBooleanRef inBoolean)
 {
-    return theBoolean == kCFBooleanTrue;
+    return inBoolean == kCFBooleanTrue;
 }
 
 CFTypeID CFNullGetTypeID()

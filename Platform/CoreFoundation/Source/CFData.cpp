@@ -119,125 +119,124 @@ CFTypeID CFDataGetTypeID()
 
 // Making data
 
-CFDataRef CFDataCreate(CFAllocatorRef, const UInt8* theBytes, CFIndex theLength)
+CFDataRef CFDataCreate(CFAllocatorRef, const UInt8* inBytes, CFIndex inLength)
 {
-    if (theLength < 0) {
+    if (inLength < 0) {
         return nullptr;
     }
-    if (theBytes == nullptr && theLength > 0) {
+    if (inBytes == nullptr && inLength > 0) {
         Host::Stop(__func__, "the bytes are NULL");
     }
-    return Host::NothingWithoutMemory([=] { return new __CFData(CopyBytes(theBytes, theLength), false); });
+    return Host::NothingWithoutMemory([=] { return new __CFData(CopyBytes(inBytes, inLength), false); });
 }
 
-CFDataRef CFDataCreateWithBytesNoCopy(CFAllocatorRef, const UInt8* theBytes, CFIndex theLength,
-                                      CFAllocatorRef theBytesDeallocator)
+CFDataRef CFDataCreateWithBytesNoCopy(CFAllocatorRef, const UInt8* inBytes, CFIndex inLength,
+                                      CFAllocatorRef inBytesDeallocator)
 {
-    if (theLength < 0) {
+    if (inLength < 0) {
         return nullptr;
     }
-    const bool theFreesBytes = theBytesDeallocator != kCFAllocatorNull;
-    return Host::NothingWithoutMemory([=] { return new __CFData(theBytes, theLength, theFreesBytes); });
+    const bool theFreesBytes = inBytesDeallocator != kCFAllocatorNull;
+    return Host::NothingWithoutMemory([=] { return new __CFData(inBytes, inLength, theFreesBytes); });
 }
 
-CFDataRef CFDataCreateCopy(CFAllocatorRef theAllocator, CFDataRef theData)
+CFDataRef CFDataCreateCopy(CFAllocatorRef inAllocator, CFDataRef inData)
 {
-    RequireData(theData, __func__);
-    return CFDataCreate(theAllocator, theData->GetBytes(), theData->GetLength());
+    RequireData(inData, __func__);
+    return CFDataCreate(inAllocator, inData->GetBytes(), inData->GetLength());
 }
 
-CFMutableDataRef CFDataCreateMutable(CFAllocatorRef, CFIndex theCapacity)
+CFMutableDataRef CFDataCreateMutable(CFAllocatorRef, CFIndex inCapacity)
 {
-    return Host::NothingWithoutMemory([=] { return new __CFData(std::vector<UInt8>(), true, theCapacity); });
+    return Host::NothingWithoutMemory([=] { return new __CFData(std::vector<UInt8>(), true, inCapacity); });
 }
 
-CFMutableDataRef CFDataCreateMutableCopy(CFAllocatorRef, CFIndex theCapacity, CFDataRef theData)
+CFMutableDataRef CFDataCreateMutableCopy(CFAllocatorRef, CFIndex inCapacity, CFDataRef inData)
 {
-    RequireData(theData, __func__);
-    return Host::NothingWithoutMemory([=] {
-        return new __CFData(CopyBytes(theData->GetBytes(), theData->GetLength()), true, theCapacity);
-    });
+    RequireData(inData, __func__);
+    return Host::NothingWithoutMemory(
+        [=] { return new __CFData(CopyBytes(inData->GetBytes(), inData->GetLength()), true, inCapacity); });
 }
 
 // Reading
 
-CFIndex CFDataGetLength(CFDataRef theData)
+CFIndex CFDataGetLength(CFDataRef inData)
 {
-    return RequireData(theData, __func__)->GetLength();
+    return RequireData(inData, __func__)->GetLength();
 }
 
-const UInt8* CFDataGetBytePtr(CFDataRef theData)
+const UInt8* CFDataGetBytePtr(CFDataRef inData)
 {
-    return RequireData(theData, __func__)->GetBytes();
+    return RequireData(inData, __func__)->GetBytes();
 }
 
-UInt8* CFDataGetMutableBytePtr(CFMutableDataRef theData)
+UInt8* CFDataGetMutableBytePtr(CFMutableDataRef inData)
 {
-    return RequireMutableData(theData, __func__)->mBytes.data();
+    return RequireMutableData(inData, __func__)->mBytes.data();
 }
 
-void CFDataGetBytes(CFDataRef theData, CFRange theRange, UInt8* theBuffer)
+void CFDataGetBytes(CFDataRef inData, CFRange inRange, UInt8* outBuffer)
 {
-    RequireData(theData, __func__);
-    if (theRange.location < 0 || theRange.length <= 0) {
+    RequireData(inData, __func__);
+    if (inRange.location < 0 || inRange.length <= 0) {
         return;
     }
-    const CFIndex theRest = std::max<CFIndex>(theData->GetLength() - theRange.location, 0);
-    const CFIndex theCount = std::min(theRange.length, theRest);
-    std::copy_n(theData->GetBytes() + (theCount > 0 ? theRange.location : 0), theCount, theBuffer);
-    std::fill_n(theBuffer + theCount, theRange.length - theCount, UInt8{0});
+    const CFIndex theRest = std::max<CFIndex>(inData->GetLength() - inRange.location, 0);
+    const CFIndex theCount = std::min(inRange.length, theRest);
+    std::copy_n(inData->GetBytes() + (theCount > 0 ? inRange.location : 0), theCount, outBuffer);
+    std::fill_n(outBuffer + theCount, inRange.length - theCount, UInt8{0});
 }
 
 // Changing
 
-void CFDataSetLength(CFMutableDataRef theData, CFIndex theLength)
+void CFDataSetLength(CFMutableDataRef inData, CFIndex inLength)
 {
-    RequireMutableData(theData, __func__);
-    RequireCapacity(theData, theLength, __func__);
+    RequireMutableData(inData, __func__);
+    RequireCapacity(inData, inLength, __func__);
     Host::NothingWithoutMemory(
-        [=] { theData->mBytes.resize(static_cast<size_t>(std::max<CFIndex>(theLength, 0))); });
+        [=] { inData->mBytes.resize(static_cast<size_t>(std::max<CFIndex>(inLength, 0))); });
 }
 
-void CFDataIncreaseLength(CFMutableDataRef theData, CFIndex theExtraLength)
+void CFDataIncreaseLength(CFMutableDataRef inData, CFIndex inExtraLength)
 {
     // An overflow would be longer than any memory.
     CFIndex theLength = 0;
-    if (!__builtin_add_overflow(CFDataGetLength(theData), theExtraLength, &theLength)) {
-        CFDataSetLength(theData, theLength);
+    if (!__builtin_add_overflow(CFDataGetLength(inData), inExtraLength, &theLength)) {
+        CFDataSetLength(inData, theLength);
     }
 }
 
-void CFDataAppendBytes(CFMutableDataRef theData, const UInt8* theBytes, CFIndex theLength)
+void CFDataAppendBytes(CFMutableDataRef inData, const UInt8* inBytes, CFIndex inLength)
 {
-    CFDataReplaceBytes(theData, CFRangeMake(CFDataGetLength(theData), 0), theBytes, theLength);
+    CFDataReplaceBytes(inData, CFRangeMake(CFDataGetLength(inData), 0), inBytes, inLength);
 }
 
-void CFDataReplaceBytes(CFMutableDataRef theData, CFRange theRange, const UInt8* theNewBytes,
-                        CFIndex theNewLength)
+void CFDataReplaceBytes(CFMutableDataRef inData, CFRange inRange, const UInt8* inNewBytes,
+                        CFIndex inNewLength)
 {
-    RequireMutableData(theData, __func__);
-    RequireRange(theData, theRange, __func__);
-    const CFIndex theCount = std::max<CFIndex>(theNewLength, 0);
-    const CFIndex theRest = theData->GetLength() - theRange.length;
+    RequireMutableData(inData, __func__);
+    RequireRange(inData, inRange, __func__);
+    const CFIndex theCount = std::max<CFIndex>(inNewLength, 0);
+    const CFIndex theRest = inData->GetLength() - inRange.length;
     CFIndex theLength = 0;
     if (__builtin_add_overflow(theRest, theCount, &theLength)) {
         return;
     }
-    RequireCapacity(theData, theLength, __func__);
+    RequireCapacity(inData, theLength, __func__);
     Host::NothingWithoutMemory([=] {
         // The new bytes may be the data's own.
-        const std::vector<UInt8> theCopy = CopyBytes(theNewBytes, theCount);
+        const std::vector<UInt8> theCopy = CopyBytes(inNewBytes, theCount);
         std::vector<UInt8> theResult;
         theResult.reserve(static_cast<size_t>(theLength));
-        const auto theFirst = theData->mBytes.begin() + theRange.location;
-        theResult.insert(theResult.end(), theData->mBytes.begin(), theFirst);
+        const auto theFirst = inData->mBytes.begin() + inRange.location;
+        theResult.insert(theResult.end(), inData->mBytes.begin(), theFirst);
         theResult.insert(theResult.end(), theCopy.begin(), theCopy.end());
-        theResult.insert(theResult.end(), theFirst + theRange.length, theData->mBytes.end());
-        theData->mBytes.swap(theResult);
+        theResult.insert(theResult.end(), theFirst + inRange.length, inData->mBytes.end());
+        inData->mBytes.swap(theResult);
     });
 }
 
-void CFDataDeleteBytes(CFMutableDataRef theData, CFRange theRange)
+void CFDataDeleteBytes(CFMutableDataRef inData, CFRange inRange)
 {
-    CFDataReplaceBytes(theData, theRange, nullptr, 0);
+    CFDataReplaceBytes(inData, inRange, nullptr, 0);
 }

@@ -58,25 +58,25 @@ CFTypeID CFDateGetTypeID()
     return Host::kDateTypeID;
 }
 
-CFDateRef CFDateCreate(CFAllocatorRef, CFAbsoluteTime theTime)
+CFDateRef CFDateCreate(CFAllocatorRef, CFAbsoluteTime inTime)
 {
-    return Host::NothingWithoutMemory([=] { return new __CFDate(theTime); });
+    return Host::NothingWithoutMemory([=] { return new __CFDate(inTime); });
 }
 
-CFAbsoluteTime CFDateGetAbsoluteTime(CFDateRef theDate)
+CFAbsoluteTime CFDateGetAbsoluteTime(CFDateRef inDate)
 {
-    return RequireDate(theDate, __func__).mTime;
+    return RequireDate(inDate, __func__).mTime;
 }
 
-CFTimeInterval CFDateGetTimeIntervalSinceDate(CFDateRef theDate, CFDateRef theOther)
+CFTimeInterval CFDateGetTimeIntervalSinceDate(CFDateRef inDate, CFDateRef inOther)
 {
-    return RequireDate(theDate, __func__).mTime - RequireDate(theOther, __func__).mTime;
+    return RequireDate(inDate, __func__).mTime - RequireDate(inOther, __func__).mTime;
 }
 
-CFComparisonResult CFDateCompare(CFDateRef theDate, CFDateRef theOther, void*)
+CFComparisonResult CFDateCompare(CFDateRef inDate, CFDateRef inOther, void*)
 {
-    const CFAbsoluteTime theTime = RequireDate(theDate, __func__).mTime;
-    const CFAbsoluteTime theOtherTime = RequireDate(theOther, __func__).mTime;
+    const CFAbsoluteTime theTime = RequireDate(inDate, __func__).mTime;
+    const CFAbsoluteTime theOtherTime = RequireDate(inOther, __func__).mTime;
     return theTime < theOtherTime   ? kCFCompareLessThan
            : theTime > theOtherTime ? kCFCompareGreaterThan
                                     : kCFCompareEqualTo;

@@ -172,162 +172,161 @@ CFTypeID CFDictionaryGetTypeID()
 
 // Making dictionaries
 
-CFDictionaryRef CFDictionaryCreate(CFAllocatorRef, const void** theKeys, const void** theValues,
-                                   CFIndex theCount, const CFDictionaryKeyCallBacks* theKeyCallBacks,
-                                   const CFDictionaryValueCallBacks* theValueCallBacks)
+CFDictionaryRef CFDictionaryCreate(CFAllocatorRef, const void** inKeys, const void** inValues,
+                                   CFIndex inCount, const CFDictionaryKeyCallBacks* inKeyCallBacks,
+                                   const CFDictionaryValueCallBacks* inValueCallBacks)
 {
-    if (theCount > 0 && (theKeys == nullptr || theValues == nullptr)) {
+    if (inCount > 0 && (inKeys == nullptr || inValues == nullptr)) {
         Host::Stop(__func__, "the keys or the values are NULL");
     }
     return Host::NothingWithoutMemory([=]() -> CFDictionaryRef {
-        Host::NewObject<__CFDictionary> theDictionary(CallBacksOrPointers(theKeyCallBacks),
-                                                      CallBacksOrPointers(theValueCallBacks), false);
-        for (CFIndex theIndex = 0; theIndex < theCount; ++theIndex) {
-            AddNewEntry(theDictionary.Get(), theKeys[theIndex], theValues[theIndex]);
+        Host::NewObject<__CFDictionary> theDictionary(CallBacksOrPointers(inKeyCallBacks),
+                                                      CallBacksOrPointers(inValueCallBacks), false);
+        for (CFIndex theIndex = 0; theIndex < inCount; ++theIndex) {
+            AddNewEntry(theDictionary.Get(), inKeys[theIndex], inValues[theIndex]);
         }
         return theDictionary.Release();
     });
 }
 
-CFDictionaryRef CFDictionaryCreateCopy(CFAllocatorRef, CFDictionaryRef theDictionary)
+CFDictionaryRef CFDictionaryCreateCopy(CFAllocatorRef, CFDictionaryRef inDictionary)
 {
-    return CopyDictionary(RequireDictionary(theDictionary, __func__), false);
+    return CopyDictionary(RequireDictionary(inDictionary, __func__), false);
 }
 
 CFMutableDictionaryRef CFDictionaryCreateMutable(CFAllocatorRef, CFIndex,
-                                                 const CFDictionaryKeyCallBacks* theKeyCallBacks,
-                                                 const CFDictionaryValueCallBacks* theValueCallBacks)
+                                                 const CFDictionaryKeyCallBacks* inKeyCallBacks,
+                                                 const CFDictionaryValueCallBacks* inValueCallBacks)
 {
     return Host::NothingWithoutMemory([=] {
-        return new __CFDictionary(CallBacksOrPointers(theKeyCallBacks),
-                                  CallBacksOrPointers(theValueCallBacks), true);
+        return new __CFDictionary(CallBacksOrPointers(inKeyCallBacks), CallBacksOrPointers(inValueCallBacks),
+                                  true);
     });
 }
 
-CFMutableDictionaryRef CFDictionaryCreateMutableCopy(CFAllocatorRef, CFIndex, CFDictionaryRef theDictionary)
+CFMutableDictionaryRef CFDictionaryCreateMutableCopy(CFAllocatorRef, CFIndex, CFDictionaryRef inDictionary)
 {
-    return CopyDictionary(RequireDictionary(theDictionary, __func__), true);
+    return CopyDictionary(RequireDictionary(inDictionary, __func__), true);
 }
 
 // Reading
 
-CFIndex CFDictionaryGetCount(CFDictionaryRef theDictionary)
+CFIndex CFDictionaryGetCount(CFDictionaryRef inDictionary)
 {
-    return RequireDictionary(theDictionary, __func__)->GetCount();
+    return RequireDictionary(inDictionary, __func__)->GetCount();
 }
 
-CFIndex CFDictionaryGetCountOfKey(CFDictionaryRef theDictionary, const void* theKey)
+CFIndex CFDictionaryGetCountOfKey(CFDictionaryRef inDictionary, const void* inKey)
 {
-    return CFDictionaryContainsKey(theDictionary, theKey) ? 1 : 0;
+    return CFDictionaryContainsKey(inDictionary, inKey) ? 1 : 0;
 }
 
-CFIndex CFDictionaryGetCountOfValue(CFDictionaryRef theDictionary, const void* theValue)
+CFIndex CFDictionaryGetCountOfValue(CFDictionaryRef inDictionary, const void* inValue)
 {
-    const Entries& theEntries = RequireDictionary(theDictionary, __func__)->mEntries;
+    const Entries& theEntries = RequireDictionary(inDictionary, __func__)->mEntries;
     return static_cast<CFIndex>(
         std::count_if(theEntries.begin(), theEntries.end(), [=](const Entries::value_type& theEntry) {
-            return Host::EqualValues(theDictionary->mValueCallBacks, theEntry.second, theValue);
+            return Host::EqualValues(inDictionary->mValueCallBacks, theEntry.second, inValue);
         }));
 }
 
-Boolean CFDictionaryContainsKey(CFDictionaryRef theDictionary, const void* theKey)
+Boolean CFDictionaryContainsKey(CFDictionaryRef inDictionary, const void* inKey)
 {
-    return CFDictionaryGetValueIfPresent(theDictionary, theKey, nullptr);
+    return CFDictionaryGetValueIfPresent(inDictionary, inKey, nullptr);
 }
 
-Boolean CFDictionaryContainsValue(CFDictionaryRef theDictionary, const void* theValue)
+Boolean CFDictionaryContainsValue(CFDictionaryRef inDictionary, const void* inValue)
 {
-    return CFDictionaryGetCountOfValue(theDictionary, theValue) > 0;
+    return CFDictionaryGetCountOfValue(inDictionary, inValue) > 0;
 }
 
-const void* CFDictionaryGetValue(CFDictionaryRef theDictionary, const void* theKey)
+const void* CFDictionaryGetValue(CFDictionaryRef inDictionary, const void* inKey)
 {
     const void* theValue = nullptr;
-    CFDictionaryGetValueIfPresent(theDictionary, theKey, &theValue);
+    CFDictionaryGetValueIfPresent(inDictionary, inKey, &theValue);
     return theValue;
 }
 
-Boolean CFDictionaryGetValueIfPresent(CFDictionaryRef theDictionary, const void* theKey,
-                                      const void** theValue)
+Boolean CFDictionaryGetValueIfPresent(CFDictionaryRef inDictionary, const void* inKey, const void** outValue)
 {
-    const auto theFound = Find(RequireDictionary(theDictionary, __func__), theKey);
-    if (theFound == theDictionary->mEntries.end()) {
+    const auto theFound = Find(RequireDictionary(inDictionary, __func__), inKey);
+    if (theFound == inDictionary->mEntries.end()) {
         return false;
     }
-    if (theValue != nullptr) {
-        *theValue = theFound->second;
+    if (outValue != nullptr) {
+        *outValue = theFound->second;
     }
     return true;
 }
 
-void CFDictionaryGetKeysAndValues(CFDictionaryRef theDictionary, const void** theKeys, const void** theValues)
+void CFDictionaryGetKeysAndValues(CFDictionaryRef inDictionary, const void** outKeys, const void** outValues)
 {
     CFIndex theIndex = 0;
-    for (const Entries::value_type& theEntry : RequireDictionary(theDictionary, __func__)->mEntries) {
-        if (theKeys != nullptr) {
-            theKeys[theIndex] = theEntry.first;
+    for (const Entries::value_type& theEntry : RequireDictionary(inDictionary, __func__)->mEntries) {
+        if (outKeys != nullptr) {
+            outKeys[theIndex] = theEntry.first;
         }
-        if (theValues != nullptr) {
-            theValues[theIndex] = theEntry.second;
+        if (outValues != nullptr) {
+            outValues[theIndex] = theEntry.second;
         }
         ++theIndex;
     }
 }
 
-void CFDictionaryApplyFunction(CFDictionaryRef theDictionary, CFDictionaryApplierFunction theFunction,
-                               void* theContext)
+void CFDictionaryApplyFunction(CFDictionaryRef inDictionary, CFDictionaryApplierFunction inFunction,
+                               void* inContext)
 {
-    for (const Entries::value_type& theEntry : RequireDictionary(theDictionary, __func__)->mEntries) {
-        theFunction(theEntry.first, theEntry.second, theContext);
+    for (const Entries::value_type& theEntry : RequireDictionary(inDictionary, __func__)->mEntries) {
+        inFunction(theEntry.first, theEntry.second, inContext);
     }
 }
 
 // Changing
 
-void CFDictionaryAddValue(CFMutableDictionaryRef theDictionary, const void* theKey, const void* theValue)
+void CFDictionaryAddValue(CFMutableDictionaryRef inDictionary, const void* inKey, const void* inValue)
 {
-    RequireMutableDictionary(theDictionary, __func__);
-    Host::NothingWithoutMemory([=] { AddNewEntry(theDictionary, theKey, theValue); });
+    RequireMutableDictionary(inDictionary, __func__);
+    Host::NothingWithoutMemory([=] { AddNewEntry(inDictionary, inKey, inValue); });
 }
 
-void CFDictionarySetValue(CFMutableDictionaryRef theDictionary, const void* theKey, const void* theValue)
+void CFDictionarySetValue(CFMutableDictionaryRef inDictionary, const void* inKey, const void* inValue)
 {
-    RequireMutableDictionary(theDictionary, __func__);
+    RequireMutableDictionary(inDictionary, __func__);
     Host::NothingWithoutMemory([=] {
-        const auto theFound = Find(theDictionary, theKey);
-        if (theFound == theDictionary->mEntries.end()) {
-            AddEntry(theDictionary, theKey, theValue);
+        const auto theFound = Find(inDictionary, inKey);
+        if (theFound == inDictionary->mEntries.end()) {
+            AddEntry(inDictionary, inKey, inValue);
         } else {
-            ReplaceEntry(theDictionary, theFound, theValue);
+            ReplaceEntry(inDictionary, theFound, inValue);
         }
     });
 }
 
-void CFDictionaryReplaceValue(CFMutableDictionaryRef theDictionary, const void* theKey, const void* theValue)
+void CFDictionaryReplaceValue(CFMutableDictionaryRef inDictionary, const void* inKey, const void* inValue)
 {
-    const auto theFound = Find(RequireMutableDictionary(theDictionary, __func__), theKey);
-    if (theFound != theDictionary->mEntries.end()) {
-        ReplaceEntry(theDictionary, theFound, theValue);
+    const auto theFound = Find(RequireMutableDictionary(inDictionary, __func__), inKey);
+    if (theFound != inDictionary->mEntries.end()) {
+        ReplaceEntry(inDictionary, theFound, inValue);
     }
 }
 
-void CFDictionaryRemoveValue(CFMutableDictionaryRef theDictionary, const void* theKey)
+void CFDictionaryRemoveValue(CFMutableDictionaryRef inDictionary, const void* inKey)
 {
-    const auto theFound = Find(RequireMutableDictionary(theDictionary, __func__), theKey);
-    if (theFound != theDictionary->mEntries.end()) {
+    const auto theFound = Find(RequireMutableDictionary(inDictionary, __func__), inKey);
+    if (theFound != inDictionary->mEntries.end()) {
         const Entries::value_type theEntry = *theFound;
-        theDictionary->mEntries.erase(theFound);
-        ReleaseEntry(*theDictionary, theEntry);
+        inDictionary->mEntries.erase(theFound);
+        ReleaseEntry(*inDictionary, theEntry);
     }
 }
 
-void CFDictionaryRemoveAllValues(CFMutableDictionaryRef theDictionary)
+void CFDictionaryRemoveAllValues(CFMutableDictionaryRef inDictionary)
 {
-    RequireMutableDictionary(theDictionary, __func__);
+    RequireMutableDictionary(inDictionary, __func__);
     // A release may run code that looks at the dictionary, which is already without the entry.
-    while (!theDictionary->mEntries.empty()) {
-        const Entries::value_type theEntry = *theDictionary->mEntries.begin();
-        theDictionary->mEntries.erase(theDictionary->mEntries.begin());
-        ReleaseEntry(*theDictionary, theEntry);
+    while (!inDictionary->mEntries.empty()) {
+        const Entries::value_type theEntry = *inDictionary->mEntries.begin();
+        inDictionary->mEntries.erase(inDictionary->mEntries.begin());
+        ReleaseEntry(*inDictionary, theEntry);
     }
 }

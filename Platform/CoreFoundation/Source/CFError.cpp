@@ -112,44 +112,44 @@ CFTypeID CFErrorGetTypeID()
     return Host::kErrorTypeID;
 }
 
-CFErrorRef CFErrorCreate(CFAllocatorRef, CFStringRef theDomain, CFIndex theCode, CFDictionaryRef theUserInfo)
+CFErrorRef CFErrorCreate(CFAllocatorRef, CFStringRef inDomain, CFIndex inCode, CFDictionaryRef inUserInfo)
 {
-    Host::Require(theDomain, Host::kStringType, __func__);
+    Host::Require(inDomain, Host::kStringType, __func__);
     return Host::NothingWithoutMemory([=] {
-        return MakeError(theDomain, theCode,
-                         theUserInfo == nullptr
+        return MakeError(inDomain, inCode,
+                         inUserInfo == nullptr
                              ? MakeUserInfo(nullptr, nullptr, 0)
-                             : Host::RequireMemory(CFDictionaryCreateCopy(nullptr, theUserInfo)));
+                             : Host::RequireMemory(CFDictionaryCreateCopy(nullptr, inUserInfo)));
     });
 }
 
-CFErrorRef CFErrorCreateWithUserInfoKeysAndValues(CFAllocatorRef, CFStringRef theDomain, CFIndex theCode,
-                                                  const void* const* theKeys, const void* const* theValues,
-                                                  CFIndex theCount)
+CFErrorRef CFErrorCreateWithUserInfoKeysAndValues(CFAllocatorRef, CFStringRef inDomain, CFIndex inCode,
+                                                  const void* const* inKeys, const void* const* inValues,
+                                                  CFIndex inCount)
 {
-    Host::Require(theDomain, Host::kStringType, __func__);
+    Host::Require(inDomain, Host::kStringType, __func__);
     return Host::NothingWithoutMemory(
-        [=] { return MakeError(theDomain, theCode, MakeUserInfo(theKeys, theValues, theCount)); });
+        [=] { return MakeError(inDomain, inCode, MakeUserInfo(inKeys, inValues, inCount)); });
 }
 
-CFStringRef CFErrorGetDomain(CFErrorRef theError)
+CFStringRef CFErrorGetDomain(CFErrorRef inError)
 {
-    return RequireError(theError, __func__).mDomain.Get();
+    return RequireError(inError, __func__).mDomain.Get();
 }
 
-CFIndex CFErrorGetCode(CFErrorRef theError)
+CFIndex CFErrorGetCode(CFErrorRef inError)
 {
-    return RequireError(theError, __func__).mCode;
+    return RequireError(inError, __func__).mCode;
 }
 
-CFDictionaryRef CFErrorCopyUserInfo(CFErrorRef theError)
+CFDictionaryRef CFErrorCopyUserInfo(CFErrorRef inError)
 {
-    return static_cast<CFDictionaryRef>(CFRetain(RequireError(theError, __func__).mUserInfo.Get()));
+    return static_cast<CFDictionaryRef>(CFRetain(RequireError(inError, __func__).mUserInfo.Get()));
 }
 
-CFStringRef CFErrorCopyDescription(CFErrorRef theError)
+CFStringRef CFErrorCopyDescription(CFErrorRef inError)
 {
-    const __CFError& theSource = RequireError(theError, __func__);
+    const __CFError& theSource = RequireError(inError, __func__);
     return Host::NothingWithoutMemory([&] {
         return GetText(theSource, kCFErrorLocalizedDescriptionKey) != nullptr
                    ? CopyText(theSource, kCFErrorLocalizedDescriptionKey)
@@ -157,12 +157,12 @@ CFStringRef CFErrorCopyDescription(CFErrorRef theError)
     });
 }
 
-CFStringRef CFErrorCopyFailureReason(CFErrorRef theError)
+CFStringRef CFErrorCopyFailureReason(CFErrorRef inError)
 {
-    return CopyText(RequireError(theError, __func__), kCFErrorLocalizedFailureReasonKey);
+    return CopyText(RequireError(inError, __func__), kCFErrorLocalizedFailureReasonKey);
 }
 
-CFStringRef CFErrorCopyRecoverySuggestion(CFErrorRef theError)
+CFStringRef CFErrorCopyRecoverySuggestion(CFErrorRef inError)
 {
-    return CopyText(RequireError(theError, __func__), kCFErrorLocalizedRecoverySuggestionKey);
+    return CopyText(RequireError(inError, __func__), kCFErrorLocalizedRecoverySuggestionKey);
 }

@@ -358,66 +358,66 @@ CFTypeID CFNumberGetTypeID()
     return Host::kNumberTypeID;
 }
 
-CFNumberRef CFNumberCreate(CFAllocatorRef, CFNumberType theType, const void* theValue)
+CFNumberRef CFNumberCreate(CFAllocatorRef, CFNumberType inType, const void* inValue)
 {
-    if (theValue == nullptr) {
+    if (inValue == nullptr) {
         Host::Stop(__func__, "the value is NULL");
     }
-    return Host::NothingWithoutMemory([theType, theValue]() -> CFNumberRef {
-        const CFNumberType theCanonicalType = CanonicalType(theType);
+    return Host::NothingWithoutMemory([inType, inValue]() -> CFNumberRef {
+        const CFNumberType theCanonicalType = CanonicalType(inType);
         switch (theCanonicalType) {
         case 0:
             return nullptr;
         case kCFNumberFloat32Type:
-            return CreateFloat(theCanonicalType, Load<Float32>(theValue));
+            return CreateFloat(theCanonicalType, Load<Float32>(inValue));
         case kCFNumberFloat64Type:
-            return CreateFloat(theCanonicalType, Load<Float64>(theValue));
+            return CreateFloat(theCanonicalType, Load<Float64>(inValue));
         default:
-            return CreateInteger(theCanonicalType, LoadInteger(theCanonicalType, theValue));
+            return CreateInteger(theCanonicalType, LoadInteger(theCanonicalType, inValue));
         }
     });
 }
 
-CFNumberType CFNumberGetType(CFNumberRef theNumber)
+CFNumberType CFNumberGetType(CFNumberRef inNumber)
 {
-    return Host::Require(theNumber, Host::kNumberType, __func__)->mNumberType;
+    return Host::Require(inNumber, Host::kNumberType, __func__)->mNumberType;
 }
 
-CFIndex CFNumberGetByteSize(CFNumberRef theNumber)
+CFIndex CFNumberGetByteSize(CFNumberRef inNumber)
 {
     static const CFIndex kSizes[] = {1, 2, 4, 8, 4, 8};
-    return kSizes[CFNumberGetType(theNumber) - 1];
+    return kSizes[CFNumberGetType(inNumber) - 1];
 }
 
-Boolean CFNumberIsFloatType(CFNumberRef theNumber)
+Boolean CFNumberIsFloatType(CFNumberRef inNumber)
 {
-    return Host::Require(theNumber, Host::kNumberType, __func__)->IsFloat();
+    return Host::Require(inNumber, Host::kNumberType, __func__)->IsFloat();
 }
 
-Boolean CFNumberGetValue(CFNumberRef theNumber, CFNumberType theType, void* theValue)
+Boolean CFNumberGetValue(CFNumberRef inNumber, CFNumberType inType, void* outValue)
 {
-    const __CFNumber& theSource = *Host::Require(theNumber, Host::kNumberType, __func__);
-    switch (CanonicalType(theType)) {
+    const __CFNumber& theSource = *Host::Require(inNumber, Host::kNumberType, __func__);
+    switch (CanonicalType(inType)) {
     case kCFNumberSInt8Type:
-        return GetInteger<SInt8>(theSource, 0xFF, theValue);
+        return GetInteger<SInt8>(theSource, 0xFF, outValue);
     case kCFNumberSInt16Type:
-        return GetInteger<SInt16>(theSource, 0xFFFF, theValue);
+        return GetInteger<SInt16>(theSource, 0xFFFF, outValue);
     case kCFNumberSInt32Type:
-        return GetInteger<SInt32>(theSource, 0x7FFFFFFF, theValue);
+        return GetInteger<SInt32>(theSource, 0x7FFFFFFF, outValue);
     case kCFNumberSInt64Type:
-        return GetInteger<SInt64>(theSource, std::numeric_limits<SInt64>::max(), theValue);
+        return GetInteger<SInt64>(theSource, std::numeric_limits<SInt64>::max(), outValue);
     case kCFNumberFloat32Type:
-        return GetFloat<Float32>(theSource, theValue);
+        return GetFloat<Float32>(theSource, outValue);
     case kCFNumberFloat64Type:
         // The same type is exact even for NaN, which equals nothing.
-        return GetFloat<Float64>(theSource, theValue) || theSource.IsFloat();
+        return GetFloat<Float64>(theSource, outValue) || theSource.IsFloat();
     default:
         return false;
     }
 }
 
-CFComparisonResult CFNumberCompare(CFNumberRef theNumber, CFNumberRef theOther, void*)
+CFComparisonResult CFNumberCompare(CFNumberRef inNumber, CFNumberRef inOther, void*)
 {
-    return CompareNumbers(*Host::Require(theNumber, Host::kNumberType, __func__),
-                          *Host::Require(theOther, Host::kNumberType, __func__));
+    return CompareNumbers(*Host::Require(inNumber, Host::kNumberType, __func__),
+                          *Host::Require(inOther, Host::kNumberType, __func__));
 }

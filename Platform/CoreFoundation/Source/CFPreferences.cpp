@@ -327,15 +327,15 @@ const CFStringRef kCFPreferencesCurrentUser = CFSTR("kCFPreferencesCurrentUser")
 
 // An application's values
 
-CFPropertyListRef CFPreferencesCopyAppValue(CFStringRef theKey, CFStringRef theApplication)
+CFPropertyListRef CFPreferencesCopyAppValue(CFStringRef inKey, CFStringRef inApplication)
 {
-    RequireString(theKey, __func__);
-    RequireString(theApplication, __func__);
+    RequireString(inKey, __func__);
+    RequireString(inApplication, __func__);
     return WithDomains([=](Domains& theDomains) {
-        for (const CFStringRef theOwner : {theApplication, kCFPreferencesAnyApplication}) {
+        for (const CFStringRef theOwner : {inApplication, kCFPreferencesAnyApplication}) {
             for (const CFStringRef theHost : {kCFPreferencesCurrentHost, kCFPreferencesAnyHost}) {
                 Domain& theDomain = theDomains.Find(theOwner, kCFPreferencesCurrentUser, theHost);
-                const CFPropertyListRef theValue = CopyFrom(theDomain, theKey);
+                const CFPropertyListRef theValue = CopyFrom(theDomain, inKey);
                 if (theValue != nullptr) {
                     return theValue;
                 }
@@ -345,84 +345,82 @@ CFPropertyListRef CFPreferencesCopyAppValue(CFStringRef theKey, CFStringRef theA
     });
 }
 
-void CFPreferencesSetAppValue(CFStringRef theKey, CFPropertyListRef theValue, CFStringRef theApplication)
+void CFPreferencesSetAppValue(CFStringRef inKey, CFPropertyListRef inValue, CFStringRef inApplication)
 {
-    CFPreferencesSetValue(theKey, theValue, theApplication, kCFPreferencesCurrentUser, kCFPreferencesAnyHost);
+    CFPreferencesSetValue(inKey, inValue, inApplication, kCFPreferencesCurrentUser, kCFPreferencesAnyHost);
 }
 
-Boolean CFPreferencesAppSynchronize(CFStringRef theApplication)
+Boolean CFPreferencesAppSynchronize(CFStringRef inApplication)
 {
-    RequireString(theApplication, __func__);
+    RequireString(inApplication, __func__);
     return WithDomains([](Domains& theDomains) { return theDomains.SynchronizeAll(); });
 }
 
-Boolean CFPreferencesGetAppBooleanValue(CFStringRef theKey, CFStringRef theApplication, Boolean* theIsValid)
+Boolean CFPreferencesGetAppBooleanValue(CFStringRef inKey, CFStringRef inApplication, Boolean* outIsValid)
 {
-    return GetAppValue<bool>(theKey, theApplication, theIsValid, BooleanOf);
+    return GetAppValue<bool>(inKey, inApplication, outIsValid, BooleanOf);
 }
 
-CFIndex CFPreferencesGetAppIntegerValue(CFStringRef theKey, CFStringRef theApplication, Boolean* theIsValid)
+CFIndex CFPreferencesGetAppIntegerValue(CFStringRef inKey, CFStringRef inApplication, Boolean* outIsValid)
 {
-    return GetAppValue<CFIndex>(theKey, theApplication, theIsValid,
+    return GetAppValue<CFIndex>(inKey, inApplication, outIsValid,
                                 [](CFPropertyListRef theValue) { return IntegerOf(theValue); });
 }
 
 // One domain's values
 
-CFPropertyListRef CFPreferencesCopyValue(CFStringRef theKey, CFStringRef theApplication, CFStringRef theUser,
-                                         CFStringRef theHost)
+CFPropertyListRef CFPreferencesCopyValue(CFStringRef inKey, CFStringRef inApplication, CFStringRef inUser,
+                                         CFStringRef inHost)
 {
-    RequireString(theKey, __func__);
-    return WithDomains([=](Domains& theDomains) {
-        return CopyFrom(theDomains.Find(theApplication, theUser, theHost), theKey);
-    });
+    RequireString(inKey, __func__);
+    return WithDomains(
+        [=](Domains& theDomains) { return CopyFrom(theDomains.Find(inApplication, inUser, inHost), inKey); });
 }
 
-void CFPreferencesSetValue(CFStringRef theKey, CFPropertyListRef theValue, CFStringRef theApplication,
-                           CFStringRef theUser, CFStringRef theHost)
+void CFPreferencesSetValue(CFStringRef inKey, CFPropertyListRef inValue, CFStringRef inApplication,
+                           CFStringRef inUser, CFStringRef inHost)
 {
-    RequireString(theKey, __func__);
-    WithDomains([=](Domains& theDomains) {
-        SetIn(theDomains.Find(theApplication, theUser, theHost), theKey, theValue);
-    });
+    RequireString(inKey, __func__);
+    WithDomains(
+        [=](Domains& theDomains) { SetIn(theDomains.Find(inApplication, inUser, inHost), inKey, inValue); });
 }
 
-CFDictionaryRef CFPreferencesCopyMultiple(CFArrayRef theKeys, CFStringRef theApplication, CFStringRef theUser,
-                                          CFStringRef theHost)
+CFDictionaryRef CFPreferencesCopyMultiple(CFArrayRef inKeys, CFStringRef inApplication, CFStringRef inUser,
+                                          CFStringRef inHost)
 {
     return WithDomains([=](Domains& theDomains) {
-        const CFDictionaryRef theValues = theDomains.Find(theApplication, theUser, theHost).GetValues();
-        return theKeys == nullptr ? CFDictionaryCreateCopy(nullptr, theValues) : CopySome(theValues, theKeys);
+        const CFDictionaryRef theValues = theDomains.Find(inApplication, inUser, inHost).GetValues();
+        return inKeys == nullptr ? CFDictionaryCreateCopy(nullptr, theValues) : CopySome(theValues, inKeys);
     });
 }
 
-void CFPreferencesSetMultiple(CFDictionaryRef theSet, CFArrayRef theRemoved, CFStringRef theApplication,
-                              CFStringRef theUser, CFStringRef theHost)
+void CFPreferencesSetMultiple(CFDictionaryRef inSet, CFArrayRef inRemoved, CFStringRef inApplication,
+                              CFStringRef inUser, CFStringRef inHost)
 {
     WithDomains([=](Domains& theDomains) {
-        Domain& theDomain = theDomains.Find(theApplication, theUser, theHost);
-        if (theSet != nullptr) {
-            for (const CFStringRef theKey : Host::SortedKeys(theSet)) {
-                SetIn(theDomain, theKey, CFDictionaryGetValue(theSet, theKey));
+        Domain& theDomain = theDomains.Find(inApplication, inUser, inHost);
+        if (inSet != nullptr) {
+            for (const CFStringRef theKey : Host::SortedKeys(inSet)) {
+                SetIn(theDomain, theKey, CFDictionaryGetValue(inSet, theKey));
             }
         }
-        for (CFIndex theIndex = 0; theRemoved != nullptr && theIndex < CFArrayGetCount(theRemoved);
+        for (CFIndex theIndex = 0; inRemoved != nullptr && theIndex < CFArrayGetCount(inRemoved);
              ++theIndex) {
-            SetIn(theDomain, static_cast<CFStringRef>(CFArrayGetValueAtIndex(theRemoved, theIndex)), nullptr);
+            SetIn(theDomain, static_cast<CFStringRef>(CFArrayGetValueAtIndex(inRemoved, theIndex)), nullptr);
         }
     });
 }
 
-Boolean CFPreferencesSynchronize(CFStringRef theApplication, CFStringRef theUser, CFStringRef theHost)
+Boolean CFPreferencesSynchronize(CFStringRef inApplication, CFStringRef inUser, CFStringRef inHost)
 {
     return WithDomains(
-        [=](Domains& theDomains) { return theDomains.Find(theApplication, theUser, theHost).Synchronize(); });
+        [=](Domains& theDomains) { return theDomains.Find(inApplication, inUser, inHost).Synchronize(); });
 }
 
-CFArrayRef CFPreferencesCopyKeyList(CFStringRef theApplication, CFStringRef theUser, CFStringRef theHost)
+CFArrayRef CFPreferencesCopyKeyList(CFStringRef inApplication, CFStringRef inUser, CFStringRef inHost)
 {
     return WithDomains([=](Domains& theDomains) -> CFArrayRef {
-        const CFDictionaryRef theValues = theDomains.Find(theApplication, theUser, theHost).GetValues();
+        const CFDictionaryRef theValues = theDomains.Find(inApplication, inUser, inHost).GetValues();
         std::vector<CFStringRef> theKeys = Host::SortedKeys(theValues);
         return theKeys.empty() ? nullptr
                                : CFArrayCreate(nullptr, reinterpret_cast<const void**>(theKeys.data()),

@@ -296,67 +296,67 @@ std::optional<std::string> Host::UTF8Text(CFStringRef theString)
     return theText;
 }
 
-CFDataRef CFPropertyListCreateXMLData(CFAllocatorRef theAllocator, CFPropertyListRef theList)
+CFDataRef CFPropertyListCreateXMLData(CFAllocatorRef inAllocator, CFPropertyListRef inList)
 {
-    return CFPropertyListCreateData(theAllocator, theList, kCFPropertyListXMLFormat_v1_0, 0, nullptr);
+    return CFPropertyListCreateData(inAllocator, inList, kCFPropertyListXMLFormat_v1_0, 0, nullptr);
 }
 
-CFDataRef CFPropertyListCreateData(CFAllocatorRef, CFPropertyListRef theList, CFPropertyListFormat theFormat,
-                                   CFOptionFlags, CFErrorRef* theError)
+CFDataRef CFPropertyListCreateData(CFAllocatorRef, CFPropertyListRef inList, CFPropertyListFormat inFormat,
+                                   CFOptionFlags, CFErrorRef* outError)
 {
-    if (theError != nullptr) {
-        *theError = nullptr;
+    if (outError != nullptr) {
+        *outError = nullptr;
     }
     return Host::NothingWithoutMemory([=]() -> CFDataRef {
-        if (const char* const theFault = WritingFaultOf(theList, theFormat)) {
-            ReportError(theError, kCFPropertyListWriteStreamError, theFault);
+        if (const char* const theFault = WritingFaultOf(inList, inFormat)) {
+            ReportError(outError, kCFPropertyListWriteStreamError, theFault);
             return nullptr;
         }
-        return MakeData(theFormat == kCFPropertyListXMLFormat_v1_0 ? Host::WriteXMLPropertyList(theList)
-                                                                   : Host::WriteBinaryPropertyList(theList));
+        return MakeData(inFormat == kCFPropertyListXMLFormat_v1_0 ? Host::WriteXMLPropertyList(inList)
+                                                                  : Host::WriteBinaryPropertyList(inList));
     });
 }
 
-CFPropertyListRef CFPropertyListCreateFromXMLData(CFAllocatorRef, CFDataRef theData,
-                                                  CFOptionFlags theMutability, CFStringRef* theError)
+CFPropertyListRef CFPropertyListCreateFromXMLData(CFAllocatorRef, CFDataRef inData,
+                                                  CFOptionFlags inMutability, CFStringRef* outError)
 {
-    if (theError != nullptr) {
-        *theError = nullptr;
+    if (outError != nullptr) {
+        *outError = nullptr;
     }
     return Host::NothingWithoutMemory([=] {
-        return ReadData(theData, theMutability, [theError](const char* theReason) {
-            if (theError != nullptr) {
-                *theError = Host::Text().Append(theReason).CopyString();
+        return ReadData(inData, inMutability, [outError](const char* theReason) {
+            if (outError != nullptr) {
+                *outError = Host::Text().Append(theReason).CopyString();
             }
         });
     });
 }
 
-CFPropertyListRef CFPropertyListCreateWithData(CFAllocatorRef, CFDataRef theData, CFOptionFlags theMutability,
-                                               CFPropertyListFormat* theFormat, CFErrorRef* theError)
+CFPropertyListRef CFPropertyListCreateWithData(CFAllocatorRef, CFDataRef inData, CFOptionFlags inMutability,
+                                               CFPropertyListFormat* outFormat, CFErrorRef* outError)
 {
-    if (theError != nullptr) {
-        *theError = nullptr;
+    if (outError != nullptr) {
+        *outError = nullptr;
     }
     return Host::NothingWithoutMemory([=] {
-        const CFPropertyListRef theList = ReadData(theData, theMutability, [theError](const char* theReason) {
-            ReportError(theError, kCFPropertyListReadCorruptError, theReason);
+        const CFPropertyListRef theList = ReadData(inData, inMutability, [outError](const char* theReason) {
+            ReportError(outError, kCFPropertyListReadCorruptError, theReason);
         });
-        if (theList != nullptr && theFormat != nullptr) {
-            *theFormat = FormatOf(BytesOf(theData));
+        if (theList != nullptr && outFormat != nullptr) {
+            *outFormat = FormatOf(BytesOf(inData));
         }
         return theList;
     });
 }
 
-CFPropertyListRef CFPropertyListCreateDeepCopy(CFAllocatorRef, CFPropertyListRef theList,
-                                               CFOptionFlags theMutability)
+CFPropertyListRef CFPropertyListCreateDeepCopy(CFAllocatorRef, CFPropertyListRef inList,
+                                               CFOptionFlags inMutability)
 {
     return Host::NothingWithoutMemory(
-        [=] { return Host::CopyPropertyList(theList, OptionsOf(theMutability)); });
+        [=] { return Host::CopyPropertyList(inList, OptionsOf(inMutability)); });
 }
 
-Boolean CFPropertyListIsValid(CFPropertyListRef theList, CFPropertyListFormat theFormat)
+Boolean CFPropertyListIsValid(CFPropertyListRef inList, CFPropertyListFormat inFormat)
 {
-    return Host::NothingWithoutMemory([=] { return WritingFaultOf(theList, theFormat) == nullptr; });
+    return Host::NothingWithoutMemory([=] { return WritingFaultOf(inList, inFormat) == nullptr; });
 }

@@ -44,15 +44,15 @@ void Host::Stop(const char* theCaller, const char* theReason)
     std::abort();
 }
 
-CFTypeID CFGetTypeID(CFTypeRef theObject)
+CFTypeID CFGetTypeID(CFTypeRef inObject)
 {
-    return RequireObject(theObject, __func__)->mType->theIdentifier;
+    return RequireObject(inObject, __func__)->mType->theIdentifier;
 }
 
-CFStringRef CFCopyTypeIDDescription(CFTypeID theType)
+CFStringRef CFCopyTypeIDDescription(CFTypeID inType)
 {
     for (const Host::TypeOperations* theOperations : kTypes) {
-        if (theOperations->theIdentifier == theType) {
+        if (theOperations->theIdentifier == inType) {
             return CFStringCreateWithCString(kCFAllocatorDefault, theOperations->theName,
                                              kCFStringEncodingASCII);
         }
@@ -60,18 +60,18 @@ CFStringRef CFCopyTypeIDDescription(CFTypeID theType)
     return nullptr;
 }
 
-CFTypeRef CFRetain(CFTypeRef theObject)
+CFTypeRef CFRetain(CFTypeRef inObject)
 {
-    std::atomic<CFIndex>& theCount = RequireObject(theObject, __func__)->mRetainCount;
+    std::atomic<CFIndex>& theCount = RequireObject(inObject, __func__)->mRetainCount;
     if (theCount.load(std::memory_order_relaxed) != Host::kImmortal) {
         theCount.fetch_add(1, std::memory_order_relaxed);
     }
-    return theObject;
+    return inObject;
 }
 
-void CFRelease(CFTypeRef theObject)
+void CFRelease(CFTypeRef inObject)
 {
-    const Host::Object* const theHeader = RequireObject(theObject, __func__);
+    const Host::Object* const theHeader = RequireObject(inObject, __func__);
     if (theHeader->mRetainCount.load(std::memory_order_relaxed) == Host::kImmortal) {
         return;
     }
@@ -81,16 +81,16 @@ void CFRelease(CFTypeRef theObject)
     }
 }
 
-CFIndex CFGetRetainCount(CFTypeRef theObject)
+CFIndex CFGetRetainCount(CFTypeRef inObject)
 {
-    return RequireObject(theObject, __func__)->mRetainCount.load(std::memory_order_relaxed);
+    return RequireObject(inObject, __func__)->mRetainCount.load(std::memory_order_relaxed);
 }
 
-Boolean CFEqual(CFTypeRef theFirst, CFTypeRef theSecond)
+Boolean CFEqual(CFTypeRef inFirst, CFTypeRef inSecond)
 {
-    const Host::Object* const theFirstHeader = RequireObject(theFirst, __func__);
-    const Host::Object* const theSecondHeader = RequireObject(theSecond, __func__);
-    if (theFirst == theSecond) {
+    const Host::Object* const theFirstHeader = RequireObject(inFirst, __func__);
+    const Host::Object* const theSecondHeader = RequireObject(inSecond, __func__);
+    if (inFirst == inSecond) {
         return true;
     }
     const Host::TypeOperations* const theType = theFirstHeader->mType;
@@ -98,22 +98,22 @@ Boolean CFEqual(CFTypeRef theFirst, CFTypeRef theSecond)
            theType->theEqual(theFirstHeader, theSecondHeader);
 }
 
-CFHashCode CFHash(CFTypeRef theObject)
+CFHashCode CFHash(CFTypeRef inObject)
 {
-    const Host::Object* const theHeader = RequireObject(theObject, __func__);
+    const Host::Object* const theHeader = RequireObject(inObject, __func__);
     if (theHeader->mType->theHash == nullptr) {
-        return reinterpret_cast<CFHashCode>(theObject);
+        return reinterpret_cast<CFHashCode>(inObject);
     }
     return theHeader->mType->theHash(theHeader);
 }
 
-CFStringRef CFCopyDescription(CFTypeRef theObject)
+CFStringRef CFCopyDescription(CFTypeRef inObject)
 {
-    if (theObject == nullptr) {
+    if (inObject == nullptr) {
         return nullptr;
     }
-    return Host::NothingWithoutMemory([theObject] {
-        const Host::Object* const theHeader = static_cast<const Host::Object*>(theObject);
+    return Host::NothingWithoutMemory([inObject] {
+        const Host::Object* const theHeader = static_cast<const Host::Object*>(inObject);
         if (theHeader->mType->theCopyDescription == nullptr) {
             return Host::Text().AppendHeader(theHeader).CopyString();
         }
@@ -121,20 +121,20 @@ CFStringRef CFCopyDescription(CFTypeRef theObject)
     });
 }
 
-CFAllocatorRef CFGetAllocator(CFTypeRef theObject)
+CFAllocatorRef CFGetAllocator(CFTypeRef inObject)
 {
-    const bool theIsAllocator = RequireObject(theObject, __func__)->mType == &Host::kAllocatorType;
-    return theIsAllocator ? static_cast<CFAllocatorRef>(theObject) : kCFAllocatorSystemDefault;
+    const bool theIsAllocator = RequireObject(inObject, __func__)->mType == &Host::kAllocatorType;
+    return theIsAllocator ? static_cast<CFAllocatorRef>(inObject) : kCFAllocatorSystemDefault;
 }
 
-void CFShow(CFTypeRef theObject)
+void CFShow(CFTypeRef inObject)
 {
-    if (theObject == nullptr) {
+    if (inObject == nullptr) {
         std::fputs("(null)", stderr);
-    } else if (CFGetTypeID(theObject) == CFStringGetTypeID()) {
-        ShowString(static_cast<CFStringRef>(theObject));
+    } else if (CFGetTypeID(inObject) == CFStringGetTypeID()) {
+        ShowString(static_cast<CFStringRef>(inObject));
     } else {
-        const Host::Holder<CFStringRef> theDescription(CFCopyDescription(theObject));
+        const Host::Holder<CFStringRef> theDescription(CFCopyDescription(inObject));
         if (theDescription.Get() != nullptr) {
             ShowString(theDescription.Get());
         }

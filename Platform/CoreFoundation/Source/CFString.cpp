@@ -277,10 +277,10 @@ CFRange Host::ClipRange(CFStringRef theString, CFRange theRange)
     return CFRangeMake(theStart, std::clamp<CFIndex>(theRange.length, 0, theLength - theStart));
 }
 
-CFStringRef __CFStringMakeConstantString(const char* theLiteral)
+CFStringRef __CFStringMakeConstantString(const char* inLiteral)
 {
     const CFStringRef theString =
-        Host::NothingWithoutMemory([=] { return ConstantTable::GetShared().Find(theLiteral); });
+        Host::NothingWithoutMemory([=] { return ConstantTable::GetShared().Find(inLiteral); });
     if (theString == nullptr) {
         Host::Stop(__func__, "there is no memory for a constant");
     }
@@ -294,62 +294,62 @@ CFTypeID CFStringGetTypeID()
 
 // Making strings
 
-CFStringRef CFStringCreateWithCString(CFAllocatorRef theAllocator, const char* theText,
-                                      CFStringEncoding theEncoding)
+CFStringRef CFStringCreateWithCString(CFAllocatorRef inAllocator, const char* inText,
+                                      CFStringEncoding inEncoding)
 {
-    RequirePointer(theText, __func__);
-    return CFStringCreateWithBytes(theAllocator, reinterpret_cast<const UInt8*>(theText),
-                                   static_cast<CFIndex>(std::strlen(theText)), theEncoding, false);
+    RequirePointer(inText, __func__);
+    return CFStringCreateWithBytes(inAllocator, reinterpret_cast<const UInt8*>(inText),
+                                   static_cast<CFIndex>(std::strlen(inText)), inEncoding, false);
 }
 
-CFStringRef CFStringCreateWithPascalString(CFAllocatorRef theAllocator, ConstStr255Param theText,
-                                           CFStringEncoding theEncoding)
+CFStringRef CFStringCreateWithPascalString(CFAllocatorRef inAllocator, ConstStr255Param inText,
+                                           CFStringEncoding inEncoding)
 {
-    RequirePointer(theText, __func__);
-    return CFStringCreateWithBytes(theAllocator, theText + 1, theText[0], theEncoding, false);
+    RequirePointer(inText, __func__);
+    return CFStringCreateWithBytes(inAllocator, inText + 1, inText[0], inEncoding, false);
 }
 
-CFStringRef CFStringCreateWithBytes(CFAllocatorRef, const UInt8* theBytes, CFIndex theLength,
-                                    CFStringEncoding theEncoding, Boolean theIsExternalRepresentation)
+CFStringRef CFStringCreateWithBytes(CFAllocatorRef, const UInt8* inBytes, CFIndex inLength,
+                                    CFStringEncoding inEncoding, Boolean inIsExternalRepresentation)
 {
-    if (theLength > 0) {
-        RequirePointer(theBytes, __func__);
+    if (inLength > 0) {
+        RequirePointer(inBytes, __func__);
     }
     return Host::NothingWithoutMemory([=]() -> CFStringRef {
         Units theUnits;
         const bool theIsText =
-            Host::DecodeBytes(theBytes, theLength, theEncoding, theIsExternalRepresentation, theUnits);
+            Host::DecodeBytes(inBytes, inLength, inEncoding, inIsExternalRepresentation, theUnits);
         return theIsText ? Host::MakeString(std::move(theUnits)) : nullptr;
     });
 }
 
-CFStringRef CFStringCreateWithCharacters(CFAllocatorRef, const UniChar* theCharacters, CFIndex theLength)
+CFStringRef CFStringCreateWithCharacters(CFAllocatorRef, const UniChar* inCharacters, CFIndex inLength)
 {
-    if (theLength < 0) {
+    if (inLength < 0) {
         return nullptr;
     }
-    if (theLength > 0) {
-        RequirePointer(theCharacters, __func__);
+    if (inLength > 0) {
+        RequirePointer(inCharacters, __func__);
     }
     return Host::NothingWithoutMemory(
-        [=] { return Host::MakeString(Units(theCharacters, theCharacters + theLength)); });
+        [=] { return Host::MakeString(Units(inCharacters, inCharacters + inLength)); });
 }
 
-CFStringRef CFStringCreateCopy(CFAllocatorRef, CFStringRef theString)
+CFStringRef CFStringCreateCopy(CFAllocatorRef, CFStringRef inString)
 {
-    if (!RequireString(theString, __func__)->mIsMutable) {
-        return static_cast<CFStringRef>(CFRetain(theString));
+    if (!RequireString(inString, __func__)->mIsMutable) {
+        return static_cast<CFStringRef>(CFRetain(inString));
     }
-    return Host::NothingWithoutMemory([=] { return Host::MakeString(Units(theString->mUnits)); });
+    return Host::NothingWithoutMemory([=] { return Host::MakeString(Units(inString->mUnits)); });
 }
 
-CFStringRef CFStringCreateWithSubstring(CFAllocatorRef theAllocator, CFStringRef theString, CFRange theRange)
+CFStringRef CFStringCreateWithSubstring(CFAllocatorRef inAllocator, CFStringRef inString, CFRange inRange)
 {
-    const CFRange theClipped = Host::ClipRange(RequireString(theString, __func__), theRange);
-    if (theClipped.length == theString->GetLength()) {
-        return CFStringCreateCopy(theAllocator, theString);
+    const CFRange theClipped = Host::ClipRange(RequireString(inString, __func__), inRange);
+    if (theClipped.length == inString->GetLength()) {
+        return CFStringCreateCopy(inAllocator, inString);
     }
-    return CFStringCreateWithCharacters(theAllocator, theString->mUnits.data() + theClipped.location,
+    return CFStringCreateWithCharacters(inAllocator, inString->mUnits.data() + theClipped.location,
                                         theClipped.length);
 }
 
@@ -358,33 +358,33 @@ CFMutableStringRef CFStringCreateMutable(CFAllocatorRef, CFIndex)
     return Host::NothingWithoutMemory([] { return new __CFString(Units(), true); });
 }
 
-CFMutableStringRef CFStringCreateMutableCopy(CFAllocatorRef, CFIndex, CFStringRef theString)
+CFMutableStringRef CFStringCreateMutableCopy(CFAllocatorRef, CFIndex, CFStringRef inString)
 {
-    RequireString(theString, __func__);
-    return Host::NothingWithoutMemory([=] { return new __CFString(Units(theString->mUnits), true); });
+    RequireString(inString, __func__);
+    return Host::NothingWithoutMemory([=] { return new __CFString(Units(inString->mUnits), true); });
 }
 
-CFStringRef CFStringCreateByCombiningStrings(CFAllocatorRef, CFArrayRef theStrings, CFStringRef theSeparator)
+CFStringRef CFStringCreateByCombiningStrings(CFAllocatorRef, CFArrayRef inStrings, CFStringRef inSeparator)
 {
-    RequireString(theSeparator, __func__);
-    return Host::NothingWithoutMemory([=] { return JoinStrings(theStrings, theSeparator); });
+    RequireString(inSeparator, __func__);
+    return Host::NothingWithoutMemory([=] { return JoinStrings(inStrings, inSeparator); });
 }
 
-CFArrayRef CFStringCreateArrayBySeparatingStrings(CFAllocatorRef theAllocator, CFStringRef theString,
-                                                  CFStringRef theSeparator)
+CFArrayRef CFStringCreateArrayBySeparatingStrings(CFAllocatorRef inAllocator, CFStringRef inString,
+                                                  CFStringRef inSeparator)
 {
-    const CFIndex theLength = CFStringGetLength(theString);
-    const CFIndex theSeparatorLength = CFStringGetLength(theSeparator);
-    const CFMutableArrayRef theParts = CFArrayCreateMutable(theAllocator, 0, &kCFTypeArrayCallBacks);
+    const CFIndex theLength = CFStringGetLength(inString);
+    const CFIndex theSeparatorLength = CFStringGetLength(inSeparator);
+    const CFMutableArrayRef theParts = CFArrayCreateMutable(inAllocator, 0, &kCFTypeArrayCallBacks);
     bool theIsWhole = theParts != nullptr;
     CFIndex theStart = 0;
     CFRange theFound = CFRangeMake(0, 0);
-    while (theIsWhole && CFStringFindWithOptions(theString, theSeparator,
+    while (theIsWhole && CFStringFindWithOptions(inString, inSeparator,
                                                  CFRangeMake(theStart, theLength - theStart), 0, &theFound)) {
-        theIsWhole = AppendPart(theParts, theString, theStart, theFound.location);
+        theIsWhole = AppendPart(theParts, inString, theStart, theFound.location);
         theStart = theFound.location + theSeparatorLength;
     }
-    if (theIsWhole && AppendPart(theParts, theString, theStart, theLength)) {
+    if (theIsWhole && AppendPart(theParts, inString, theStart, theLength)) {
         return theParts;
     }
     if (theParts != nullptr) {
@@ -395,44 +395,44 @@ CFArrayRef CFStringCreateArrayBySeparatingStrings(CFAllocatorRef theAllocator, C
 
 // Reading
 
-CFIndex CFStringGetLength(CFStringRef theString)
+CFIndex CFStringGetLength(CFStringRef inString)
 {
-    return RequireString(theString, __func__)->GetLength();
+    return RequireString(inString, __func__)->GetLength();
 }
 
-UniChar CFStringGetCharacterAtIndex(CFStringRef theString, CFIndex theIndex)
+UniChar CFStringGetCharacterAtIndex(CFStringRef inString, CFIndex inIndex)
 {
-    const bool theIsInside = theIndex >= 0 && theIndex < RequireString(theString, __func__)->GetLength();
-    return theIsInside ? theString->mUnits[static_cast<size_t>(theIndex)] : UniChar{0};
+    const bool theIsInside = inIndex >= 0 && inIndex < RequireString(inString, __func__)->GetLength();
+    return theIsInside ? inString->mUnits[static_cast<size_t>(inIndex)] : UniChar{0};
 }
 
-void CFStringGetCharacters(CFStringRef theString, CFRange theRange, UniChar* theBuffer)
+void CFStringGetCharacters(CFStringRef inString, CFRange inRange, UniChar* outBuffer)
 {
-    const CFRange theClipped = Host::ClipRange(RequireString(theString, __func__), theRange);
-    std::copy_n(theString->mUnits.begin() + theClipped.location, theClipped.length, theBuffer);
+    const CFRange theClipped = Host::ClipRange(RequireString(inString, __func__), inRange);
+    std::copy_n(inString->mUnits.begin() + theClipped.location, theClipped.length, outBuffer);
 }
 
-const char* CFStringGetCStringPtr(CFStringRef theString, CFStringEncoding)
+const char* CFStringGetCStringPtr(CFStringRef inString, CFStringEncoding)
 {
     // Strings hold UTF-16 units, never bytes.
-    RequireString(theString, __func__);
+    RequireString(inString, __func__);
     return nullptr;
 }
 
-ConstStringPtr CFStringGetPascalStringPtr(CFStringRef theString, CFStringEncoding)
+ConstStringPtr CFStringGetPascalStringPtr(CFStringRef inString, CFStringEncoding)
 {
-    RequireString(theString, __func__);
+    RequireString(inString, __func__);
     return nullptr;
 }
 
-const UniChar* CFStringGetCharactersPtr(CFStringRef theString)
+const UniChar* CFStringGetCharactersPtr(CFStringRef inString)
 {
-    return RequireString(theString, __func__)->mUnits.data();
+    return RequireString(inString, __func__)->mUnits.data();
 }
 
-SInt32 CFStringGetIntValue(CFStringRef theString)
+SInt32 CFStringGetIntValue(CFStringRef inString)
 {
-    const Units& theUnits = RequireString(theString, __func__)->mUnits;
+    const Units& theUnits = RequireString(inString, __func__)->mUnits;
     Units::const_iterator theUnit = SkipWhitespace(theUnits.begin(), theUnits.end());
     bool theIsNegative = false;
     if (theUnit != theUnits.end() && (*theUnit == '+' || *theUnit == '-')) {
@@ -447,9 +447,9 @@ SInt32 CFStringGetIntValue(CFStringRef theString)
     return static_cast<SInt32>(theIsNegative ? -theValue : theValue);
 }
 
-double CFStringGetDoubleValue(CFStringRef theString)
+double CFStringGetDoubleValue(CFStringRef inString)
 {
-    const Units& theUnits = RequireString(theString, __func__)->mUnits;
+    const Units& theUnits = RequireString(inString, __func__)->mUnits;
     return Host::NothingWithoutMemory([&] {
         NumberScanner theScanner(SkipWhitespace(theUnits.begin(), theUnits.end()), theUnits.end());
         return Host::ParseInCLocale(theScanner.Scan());
@@ -458,111 +458,111 @@ double CFStringGetDoubleValue(CFStringRef theString)
 
 // Changing
 
-void CFStringAppend(CFMutableStringRef theString, CFStringRef theAppended)
+void CFStringAppend(CFMutableStringRef inString, CFStringRef inAppended)
 {
-    RequireMutableString(theString, __func__);
-    RequireString(theAppended, __func__);
+    RequireMutableString(inString, __func__);
+    RequireString(inAppended, __func__);
     Host::NothingWithoutMemory([=] {
         // The string may be appended to itself, so the room is made before its units are read.
-        const size_t theCount = theAppended->mUnits.size();
-        const size_t theOldLength = theString->mUnits.size();
-        theString->mUnits.resize(theOldLength + theCount);
-        std::copy_n(theAppended->mUnits.begin(), theCount,
-                    theString->mUnits.begin() + static_cast<CFIndex>(theOldLength));
+        const size_t theCount = inAppended->mUnits.size();
+        const size_t theOldLength = inString->mUnits.size();
+        inString->mUnits.resize(theOldLength + theCount);
+        std::copy_n(inAppended->mUnits.begin(), theCount,
+                    inString->mUnits.begin() + static_cast<CFIndex>(theOldLength));
     });
 }
 
-void CFStringAppendCharacters(CFMutableStringRef theString, const UniChar* theCharacters, CFIndex theLength)
+void CFStringAppendCharacters(CFMutableStringRef inString, const UniChar* inCharacters, CFIndex inLength)
 {
-    RequireMutableString(theString, __func__);
-    if (theLength <= 0) {
+    RequireMutableString(inString, __func__);
+    if (inLength <= 0) {
         return;
     }
-    RequirePointer(theCharacters, __func__);
+    RequirePointer(inCharacters, __func__);
     Host::NothingWithoutMemory([=] {
-        const Units theCopy(theCharacters, theCharacters + theLength);
-        AppendUnits(theString, theCopy.data(), theCopy.size());
+        const Units theCopy(inCharacters, inCharacters + inLength);
+        AppendUnits(inString, theCopy.data(), theCopy.size());
     });
 }
 
-void CFStringAppendCString(CFMutableStringRef theString, const char* theText, CFStringEncoding theEncoding)
+void CFStringAppendCString(CFMutableStringRef inString, const char* inText, CFStringEncoding inEncoding)
 {
-    RequirePointer(theText, __func__);
-    AppendBytes(RequireMutableString(theString, __func__), theText, std::strlen(theText), theEncoding);
+    RequirePointer(inText, __func__);
+    AppendBytes(RequireMutableString(inString, __func__), inText, std::strlen(inText), inEncoding);
 }
 
-void CFStringAppendPascalString(CFMutableStringRef theString, ConstStr255Param theText,
-                                CFStringEncoding theEncoding)
+void CFStringAppendPascalString(CFMutableStringRef inString, ConstStr255Param inText,
+                                CFStringEncoding inEncoding)
 {
-    RequirePointer(theText, __func__);
-    AppendBytes(RequireMutableString(theString, __func__), theText + 1, theText[0], theEncoding);
+    RequirePointer(inText, __func__);
+    AppendBytes(RequireMutableString(inString, __func__), inText + 1, inText[0], inEncoding);
 }
 
-void CFStringInsert(CFMutableStringRef theString, CFIndex theIndex, CFStringRef theInserted)
+void CFStringInsert(CFMutableStringRef inString, CFIndex inIndex, CFStringRef inInserted)
 {
-    CFStringReplace(theString, CFRangeMake(theIndex, 0), theInserted);
+    CFStringReplace(inString, CFRangeMake(inIndex, 0), inInserted);
 }
 
-void CFStringDelete(CFMutableStringRef theString, CFRange theRange)
+void CFStringDelete(CFMutableStringRef inString, CFRange inRange)
 {
-    const CFRange theClipped = Host::ClipRange(RequireMutableString(theString, __func__), theRange);
-    const auto theFirst = theString->mUnits.begin() + theClipped.location;
-    theString->mUnits.erase(theFirst, theFirst + theClipped.length);
+    const CFRange theClipped = Host::ClipRange(RequireMutableString(inString, __func__), inRange);
+    const auto theFirst = inString->mUnits.begin() + theClipped.location;
+    inString->mUnits.erase(theFirst, theFirst + theClipped.length);
 }
 
-void CFStringReplace(CFMutableStringRef theString, CFRange theRange, CFStringRef theReplacement)
+void CFStringReplace(CFMutableStringRef inString, CFRange inRange, CFStringRef inReplacement)
 {
-    RequireMutableString(theString, __func__);
-    RequireString(theReplacement, __func__);
-    Host::NothingWithoutMemory([=] { ReplaceUnits(theString, theRange, theReplacement->mUnits); });
+    RequireMutableString(inString, __func__);
+    RequireString(inReplacement, __func__);
+    Host::NothingWithoutMemory([=] { ReplaceUnits(inString, inRange, inReplacement->mUnits); });
 }
 
-void CFStringReplaceAll(CFMutableStringRef theString, CFStringRef theReplacement)
+void CFStringReplaceAll(CFMutableStringRef inString, CFStringRef inReplacement)
 {
-    CFStringReplace(theString, CFRangeMake(0, CFStringGetLength(theString)), theReplacement);
+    CFStringReplace(inString, CFRangeMake(0, CFStringGetLength(inString)), inReplacement);
 }
 
-CFIndex CFStringFindAndReplace(CFMutableStringRef theString, CFStringRef theWanted,
-                               CFStringRef theReplacement, CFRange theRange, CFStringCompareFlags theFlags)
+CFIndex CFStringFindAndReplace(CFMutableStringRef inString, CFStringRef inWanted, CFStringRef inReplacement,
+                               CFRange inRange, CFStringCompareFlags inFlags)
 {
-    RequireMutableString(theString, __func__);
-    RequireString(theReplacement, __func__);
+    RequireMutableString(inString, __func__);
+    RequireString(inReplacement, __func__);
     return Host::NothingWithoutMemory([=] {
         // Replaces in a copy: without memory, all places or none are replaced.
-        const Units& theNewUnits = theReplacement->mUnits;
-        __CFString theCopy(Units(theString->mUnits), true);
-        const bool theIsBackwards = (theFlags & kCFCompareBackwards) != 0;
-        CFRange theRest = Host::ClipRange(theString, theRange);
+        const Units& theNewUnits = inReplacement->mUnits;
+        __CFString theCopy(Units(inString->mUnits), true);
+        const bool theIsBackwards = (inFlags & kCFCompareBackwards) != 0;
+        CFRange theRest = Host::ClipRange(inString, inRange);
         CFRange theFound = CFRangeMake(0, 0);
         CFIndex theCount = 0;
-        while (CFStringFindWithOptions(&theCopy, theWanted, theRest, theFlags, &theFound)) {
+        while (CFStringFindWithOptions(&theCopy, inWanted, theRest, inFlags, &theFound)) {
             const CFIndex theEnd = theRest.location + theRest.length;
             const CFIndex theFoundEnd = theFound.location + theFound.length;
             ReplaceUnits(&theCopy, theFound, theNewUnits);
             ++theCount;
-            theRest = theIsBackwards ? CFRangeMake(theRest.location, theFound.location - theRest.location)
-                                     : CFRangeMake(theFound.location + theReplacement->GetLength(),
-                                                   theEnd - theFoundEnd);
+            theRest = theIsBackwards
+                          ? CFRangeMake(theRest.location, theFound.location - theRest.location)
+                          : CFRangeMake(theFound.location + inReplacement->GetLength(), theEnd - theFoundEnd);
         }
-        theString->mUnits.swap(theCopy.mUnits);
+        inString->mUnits.swap(theCopy.mUnits);
         return theCount;
     });
 }
 
-void CFStringTrimWhitespace(CFMutableStringRef theString)
+void CFStringTrimWhitespace(CFMutableStringRef inString)
 {
-    Units& theUnits = RequireMutableString(theString, __func__)->mUnits;
+    Units& theUnits = RequireMutableString(inString, __func__)->mUnits;
     const auto theLast = std::find_if_not(theUnits.rbegin(), theUnits.rend(), Host::IsWhitespace);
     theUnits.erase(theLast.base(), theUnits.end());
     theUnits.erase(theUnits.cbegin(), SkipWhitespace(theUnits.begin(), theUnits.end()));
 }
 
-void CFStringUppercase(CFMutableStringRef theString, CFLocaleRef)
+void CFStringUppercase(CFMutableStringRef inString, CFLocaleRef)
 {
-    MapString(RequireMutableString(theString, __func__), Host::kUpperMapping);
+    MapString(RequireMutableString(inString, __func__), Host::kUpperMapping);
 }
 
-void CFStringLowercase(CFMutableStringRef theString, CFLocaleRef)
+void CFStringLowercase(CFMutableStringRef inString, CFLocaleRef)
 {
-    MapString(RequireMutableString(theString, __func__), Host::kLowerMapping);
+    MapString(RequireMutableString(inString, __func__), Host::kLowerMapping);
 }

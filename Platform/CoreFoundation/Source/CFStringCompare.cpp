@@ -265,56 +265,56 @@ bool FindSpan(Span theText, Span theWanted, CFStringCompareFlags theFlags, Span&
 
 } // namespace
 
-CFComparisonResult CFStringCompare(CFStringRef theFirst, CFStringRef theSecond, CFStringCompareFlags theFlags)
+CFComparisonResult CFStringCompare(CFStringRef inFirst, CFStringRef inSecond, CFStringCompareFlags inFlags)
 {
-    return CompareSpans(SpanOf(Host::Require(theFirst, Host::kStringType, __func__)),
-                        SpanOf(Host::Require(theSecond, Host::kStringType, __func__)), theFlags);
+    return CompareSpans(SpanOf(Host::Require(inFirst, Host::kStringType, __func__)),
+                        SpanOf(Host::Require(inSecond, Host::kStringType, __func__)), inFlags);
 }
 
-CFComparisonResult CFStringCompareWithOptions(CFStringRef theFirst, CFStringRef theSecond,
-                                              CFRange theRangeOfFirst, CFStringCompareFlags theFlags)
+CFComparisonResult CFStringCompareWithOptions(CFStringRef inFirst, CFStringRef inSecond,
+                                              CFRange inRangeOfFirst, CFStringCompareFlags inFlags)
 {
-    return CompareSpans(SpanOf(Host::Require(theFirst, Host::kStringType, __func__), theRangeOfFirst),
-                        SpanOf(Host::Require(theSecond, Host::kStringType, __func__)), theFlags);
+    return CompareSpans(SpanOf(Host::Require(inFirst, Host::kStringType, __func__), inRangeOfFirst),
+                        SpanOf(Host::Require(inSecond, Host::kStringType, __func__)), inFlags);
 }
 
-Boolean CFStringHasPrefix(CFStringRef theString, CFStringRef thePrefix)
+Boolean CFStringHasPrefix(CFStringRef inString, CFStringRef inPrefix)
 {
-    const CFIndex theLength = CFStringGetLength(thePrefix);
-    return theLength > 0 && CFStringCompareWithOptions(theString, thePrefix, CFRangeMake(0, theLength), 0) ==
-                                kCFCompareEqualTo;
+    const CFIndex theLength = CFStringGetLength(inPrefix);
+    return theLength > 0 &&
+           CFStringCompareWithOptions(inString, inPrefix, CFRangeMake(0, theLength), 0) == kCFCompareEqualTo;
 }
 
-Boolean CFStringHasSuffix(CFStringRef theString, CFStringRef theSuffix)
+Boolean CFStringHasSuffix(CFStringRef inString, CFStringRef inSuffix)
 {
-    const CFIndex theLength = CFStringGetLength(theSuffix);
-    const CFIndex theStart = CFStringGetLength(theString) - theLength;
+    const CFIndex theLength = CFStringGetLength(inSuffix);
+    const CFIndex theStart = CFStringGetLength(inString) - theLength;
     return theLength > 0 && theStart >= 0 &&
-           CFStringCompareWithOptions(theString, theSuffix, CFRangeMake(theStart, theLength), 0) ==
+           CFStringCompareWithOptions(inString, inSuffix, CFRangeMake(theStart, theLength), 0) ==
                kCFCompareEqualTo;
 }
 
-CFRange CFStringFind(CFStringRef theString, CFStringRef theWanted, CFStringCompareFlags theFlags)
+CFRange CFStringFind(CFStringRef inString, CFStringRef inWanted, CFStringCompareFlags inFlags)
 {
     CFRange theResult = CFRangeMake(kCFNotFound, 0);
-    CFStringFindWithOptions(theString, theWanted, CFRangeMake(0, CFStringGetLength(theString)), theFlags,
+    CFStringFindWithOptions(inString, inWanted, CFRangeMake(0, CFStringGetLength(inString)), inFlags,
                             &theResult);
     return theResult;
 }
 
-Boolean CFStringFindWithOptions(CFStringRef theString, CFStringRef theWanted, CFRange theRange,
-                                CFStringCompareFlags theFlags, CFRange* theResult)
+Boolean CFStringFindWithOptions(CFStringRef inString, CFStringRef inWanted, CFRange inRange,
+                                CFStringCompareFlags inFlags, CFRange* outResult)
 {
-    const Span theText = SpanOf(Host::Require(theString, Host::kStringType, __func__), theRange);
-    const Span theWantedText = SpanOf(Host::Require(theWanted, Host::kStringType, __func__));
+    const Span theText = SpanOf(Host::Require(inString, Host::kStringType, __func__), inRange);
+    const Span theWantedText = SpanOf(Host::Require(inWanted, Host::kStringType, __func__));
     Span theFound = {nullptr, nullptr};
     if (theWantedText.theBegin == theWantedText.theEnd ||
-        !FindSpan(theText, theWantedText, theFlags, theFound)) {
+        !FindSpan(theText, theWantedText, inFlags, theFound)) {
         return false;
     }
-    if (theResult != nullptr) {
-        *theResult =
-            CFRangeMake(theFound.theBegin - theString->mUnits.data(), theFound.theEnd - theFound.theBegin);
+    if (outResult != nullptr) {
+        *outResult =
+            CFRangeMake(theFound.theBegin - inString->mUnits.data(), theFound.theEnd - theFound.theBegin);
     }
     return true;
 }

@@ -415,73 +415,71 @@ bool Host::DecodeBytes(const UInt8* theBytes, CFIndex theLength, CFStringEncodin
     return theInfo->theDecode(*theInfo, theBytes, theLength, theUnits);
 }
 
-CFIndex CFStringGetBytes(CFStringRef theString, CFRange theRange, CFStringEncoding theEncoding,
-                         UInt8 theLossByte, Boolean theIsExternalRepresentation, UInt8* theBuffer,
-                         CFIndex theSize, CFIndex* theUsed)
+CFIndex CFStringGetBytes(CFStringRef inString, CFRange inRange, CFStringEncoding inEncoding, UInt8 inLossByte,
+                         Boolean inIsExternalRepresentation, UInt8* outBuffer, CFIndex inSize,
+                         CFIndex* outUsed)
 {
-    const EncodingInfo* const theInfo = FindEncoding(theEncoding);
-    const CFRange theClipped =
-        Host::ClipRange(Host::Require(theString, Host::kStringType, __func__), theRange);
+    const EncodingInfo* const theInfo = FindEncoding(inEncoding);
+    const CFRange theClipped = Host::ClipRange(Host::Require(inString, Host::kStringType, __func__), inRange);
     if (theInfo == nullptr) {
         return 0;
     }
-    ByteSink theSink(theBuffer, theSize);
+    ByteSink theSink(outBuffer, inSize);
     CFIndex theDone = 0;
     UInt8 theMark[4];
     const int theMarkSize = static_cast<int>(theInfo->theMaximumSize);
     WriteBytes(*theInfo, kByteOrderMark, theMarkSize, theMark);
-    const bool theNeedsMark = theIsExternalRepresentation && theInfo->theHasByteOrderMark;
+    const bool theNeedsMark = inIsExternalRepresentation && theInfo->theHasByteOrderMark;
     if (!theNeedsMark || theSink.Write(theMark, theMarkSize)) {
-        theDone = EncodeUnits(*theInfo, theString->mUnits.data() + theClipped.location, theClipped.length,
-                              theLossByte, theSink);
+        theDone = EncodeUnits(*theInfo, inString->mUnits.data() + theClipped.location, theClipped.length,
+                              inLossByte, theSink);
     }
-    if (theUsed != nullptr) {
-        *theUsed = theSink.GetUsed();
+    if (outUsed != nullptr) {
+        *outUsed = theSink.GetUsed();
     }
     return theDone;
 }
 
-Boolean CFStringGetCString(CFStringRef theString, char* theBuffer, CFIndex theSize,
-                           CFStringEncoding theEncoding)
+Boolean CFStringGetCString(CFStringRef inString, char* outBuffer, CFIndex inSize, CFStringEncoding inEncoding)
 {
-    const CFIndex theLength = CFStringGetLength(theString);
-    if (theBuffer == nullptr || theSize <= 0) {
+    const CFIndex theLength = CFStringGetLength(inString);
+    if (outBuffer == nullptr || inSize <= 0) {
         return false;
     }
     CFIndex theUsed = 0;
     const bool theIsWhole =
-        CFStringGetBytes(theString, CFRangeMake(0, theLength), theEncoding, 0, false,
-                         reinterpret_cast<UInt8*>(theBuffer), theSize - 1, &theUsed) == theLength &&
-        FindEncoding(theEncoding) != nullptr;
-    theBuffer[theIsWhole ? theUsed : 0] = '\0';
+        CFStringGetBytes(inString, CFRangeMake(0, theLength), inEncoding, 0, false,
+                         reinterpret_cast<UInt8*>(outBuffer), inSize - 1, &theUsed) == theLength &&
+        FindEncoding(inEncoding) != nullptr;
+    outBuffer[theIsWhole ? theUsed : 0] = '\0';
     return theIsWhole;
 }
 
-Boolean CFStringGetPascalString(CFStringRef theString, StringPtr theBuffer, CFIndex theSize,
-                                CFStringEncoding theEncoding)
+Boolean CFStringGetPascalString(CFStringRef inString, StringPtr outBuffer, CFIndex inSize,
+                                CFStringEncoding inEncoding)
 {
     constexpr CFIndex kMostBytes = 255;
-    const CFIndex theLength = CFStringGetLength(theString);
-    if (theBuffer == nullptr || theSize <= 0 || theLength > kMostBytes) {
+    const CFIndex theLength = CFStringGetLength(inString);
+    if (outBuffer == nullptr || inSize <= 0 || theLength > kMostBytes) {
         return false;
     }
     CFIndex theUsed = 0;
     const bool theIsWhole =
-        CFStringGetBytes(theString, CFRangeMake(0, theLength), theEncoding, 0, false, theBuffer + 1,
-                         std::min(theSize - 1, kMostBytes), &theUsed) == theLength &&
-        FindEncoding(theEncoding) != nullptr;
-    theBuffer[0] = static_cast<unsigned char>(theIsWhole ? theUsed : 0);
+        CFStringGetBytes(inString, CFRangeMake(0, theLength), inEncoding, 0, false, outBuffer + 1,
+                         std::min(inSize - 1, kMostBytes), &theUsed) == theLength &&
+        FindEncoding(inEncoding) != nullptr;
+    outBuffer[0] = static_cast<unsigned char>(theIsWhole ? theUsed : 0);
     return theIsWhole;
 }
 
-CFIndex CFStringGetMaximumSizeForEncoding(CFIndex theLength, CFStringEncoding theEncoding)
+CFIndex CFStringGetMaximumSizeForEncoding(CFIndex inLength, CFStringEncoding inEncoding)
 {
-    const EncodingInfo* const theInfo = FindEncoding(theEncoding);
-    if (theInfo == nullptr || theLength < 0 ||
-        theLength > std::numeric_limits<CFIndex>::max() / theInfo->theMaximumSize) {
+    const EncodingInfo* const theInfo = FindEncoding(inEncoding);
+    if (theInfo == nullptr || inLength < 0 ||
+        inLength > std::numeric_limits<CFIndex>::max() / theInfo->theMaximumSize) {
         return kCFNotFound;
     }
-    return theLength * theInfo->theMaximumSize;
+    return inLength * theInfo->theMaximumSize;
 }
 
 CFStringEncoding CFStringGetSystemEncoding()

@@ -545,40 +545,39 @@ auto WithFormattedUnits(CFStringRef theFormat, va_list theArguments, Use theUse)
 
 } // namespace
 
-CFStringRef CFStringCreateWithFormat(CFAllocatorRef theAllocator, CFDictionaryRef theOptions,
-                                     CFStringRef theFormat, ...)
+CFStringRef CFStringCreateWithFormat(CFAllocatorRef inAllocator, CFDictionaryRef inOptions,
+                                     CFStringRef inFormat, ...)
 {
     va_list theArguments;
-    va_start(theArguments, theFormat);
+    va_start(theArguments, inFormat);
     const CFStringRef theString =
-        CFStringCreateWithFormatAndArguments(theAllocator, theOptions, theFormat, theArguments);
+        CFStringCreateWithFormatAndArguments(inAllocator, inOptions, inFormat, theArguments);
     va_end(theArguments);
     return theString;
 }
 
-CFStringRef CFStringCreateWithFormatAndArguments(CFAllocatorRef, CFDictionaryRef, CFStringRef theFormat,
-                                                 va_list theArguments)
+CFStringRef CFStringCreateWithFormatAndArguments(CFAllocatorRef, CFDictionaryRef, CFStringRef inFormat,
+                                                 va_list inArguments)
 {
-    return WithFormattedUnits(Host::Require(theFormat, Host::kStringType, __func__), theArguments,
+    return WithFormattedUnits(Host::Require(inFormat, Host::kStringType, __func__), inArguments,
                               [](Units&& theUnits) { return Host::MakeString(std::move(theUnits)); });
 }
 
-void CFStringAppendFormat(CFMutableStringRef theString, CFDictionaryRef theOptions, CFStringRef theFormat,
-                          ...)
+void CFStringAppendFormat(CFMutableStringRef inString, CFDictionaryRef inOptions, CFStringRef inFormat, ...)
 {
     va_list theArguments;
-    va_start(theArguments, theFormat);
-    CFStringAppendFormatAndArguments(theString, theOptions, theFormat, theArguments);
+    va_start(theArguments, inFormat);
+    CFStringAppendFormatAndArguments(inString, inOptions, inFormat, theArguments);
     va_end(theArguments);
 }
 
-void CFStringAppendFormatAndArguments(CFMutableStringRef theString, CFDictionaryRef, CFStringRef theFormat,
-                                      va_list theArguments)
+void CFStringAppendFormatAndArguments(CFMutableStringRef inString, CFDictionaryRef, CFStringRef inFormat,
+                                      va_list inArguments)
 {
-    Host::RequireMutable(theString, Host::kStringType, __func__);
-    WithFormattedUnits(
-        Host::Require(theFormat, Host::kStringType, __func__), theArguments, [theString](Units&& theUnits) {
-            theString->mUnits.insert(theString->mUnits.end(), theUnits.begin(), theUnits.end());
-            return true;
-        });
+    Host::RequireMutable(inString, Host::kStringType, __func__);
+    WithFormattedUnits(Host::Require(inFormat, Host::kStringType, __func__), inArguments,
+                       [inString](Units&& theUnits) {
+                           inString->mUnits.insert(inString->mUnits.end(), theUnits.begin(), theUnits.end());
+                           return true;
+                       });
 }

@@ -24,139 +24,139 @@ const CGRect CGRectNull = {{kInfinity, kInfinity}, {0, 0}};
 // Half of the largest float on either side of zero, so that its edges are finite numbers.
 const CGRect CGRectInfinite = {{-FLT_MAX / 2, -FLT_MAX / 2}, {FLT_MAX, FLT_MAX}};
 
-bool CGPointEqualToPoint(CGPoint theFirst, CGPoint theSecond)
+bool CGPointEqualToPoint(CGPoint inFirst, CGPoint inSecond)
 {
-    return theFirst.x == theSecond.x && theFirst.y == theSecond.y;
+    return inFirst.x == inSecond.x && inFirst.y == inSecond.y;
 }
 
-bool CGSizeEqualToSize(CGSize theFirst, CGSize theSecond)
+bool CGSizeEqualToSize(CGSize inFirst, CGSize inSecond)
 {
-    return theFirst.width == theSecond.width && theFirst.height == theSecond.height;
+    return inFirst.width == inSecond.width && inFirst.height == inSecond.height;
 }
 
-bool CGRectEqualToRect(CGRect theFirst, CGRect theSecond)
+bool CGRectEqualToRect(CGRect inFirst, CGRect inSecond)
 {
-    return CGRectGetMinX(theFirst) == CGRectGetMinX(theSecond) &&
-           CGRectGetMinY(theFirst) == CGRectGetMinY(theSecond) &&
-           CGRectGetWidth(theFirst) == CGRectGetWidth(theSecond) &&
-           CGRectGetHeight(theFirst) == CGRectGetHeight(theSecond);
+    return CGRectGetMinX(inFirst) == CGRectGetMinX(inSecond) &&
+           CGRectGetMinY(inFirst) == CGRectGetMinY(inSecond) &&
+           CGRectGetWidth(inFirst) == CGRectGetWidth(inSecond) &&
+           CGRectGetHeight(inFirst) == CGRectGetHeight(inSecond);
 }
 
-CGFloat CGRectGetMinX(CGRect theRect)
+CGFloat CGRectGetMinX(CGRect inRect)
 {
-    return std::min(theRect.origin.x, theRect.origin.x + theRect.size.width);
+    return std::min(inRect.origin.x, inRect.origin.x + inRect.size.width);
 }
 
-CGFloat CGRectGetMidX(CGRect theRect)
+CGFloat CGRectGetMidX(CGRect inRect)
 {
-    return theRect.origin.x + theRect.size.width / 2;
+    return inRect.origin.x + inRect.size.width / 2;
 }
 
-CGFloat CGRectGetMaxX(CGRect theRect)
+CGFloat CGRectGetMaxX(CGRect inRect)
 {
-    return std::max(theRect.origin.x, theRect.origin.x + theRect.size.width);
+    return std::max(inRect.origin.x, inRect.origin.x + inRect.size.width);
 }
 
-CGFloat CGRectGetMinY(CGRect theRect)
+CGFloat CGRectGetMinY(CGRect inRect)
 {
-    return std::min(theRect.origin.y, theRect.origin.y + theRect.size.height);
+    return std::min(inRect.origin.y, inRect.origin.y + inRect.size.height);
 }
 
-CGFloat CGRectGetMidY(CGRect theRect)
+CGFloat CGRectGetMidY(CGRect inRect)
 {
-    return theRect.origin.y + theRect.size.height / 2;
+    return inRect.origin.y + inRect.size.height / 2;
 }
 
-CGFloat CGRectGetMaxY(CGRect theRect)
+CGFloat CGRectGetMaxY(CGRect inRect)
 {
-    return std::max(theRect.origin.y, theRect.origin.y + theRect.size.height);
+    return std::max(inRect.origin.y, inRect.origin.y + inRect.size.height);
 }
 
-CGFloat CGRectGetWidth(CGRect theRect)
+CGFloat CGRectGetWidth(CGRect inRect)
 {
-    return theRect.size.width < 0 ? -theRect.size.width : theRect.size.width;
+    return inRect.size.width < 0 ? -inRect.size.width : inRect.size.width;
 }
 
-CGFloat CGRectGetHeight(CGRect theRect)
+CGFloat CGRectGetHeight(CGRect inRect)
 {
-    return theRect.size.height < 0 ? -theRect.size.height : theRect.size.height;
+    return inRect.size.height < 0 ? -inRect.size.height : inRect.size.height;
 }
 
-bool CGRectIsEmpty(CGRect theRect)
+bool CGRectIsEmpty(CGRect inRect)
 {
-    return CGRectIsNull(theRect) || theRect.size.width == 0 || theRect.size.height == 0;
+    return CGRectIsNull(inRect) || inRect.size.width == 0 || inRect.size.height == 0;
 }
 
-bool CGRectIsNull(CGRect theRect)
+bool CGRectIsNull(CGRect inRect)
 {
-    return theRect.origin.x == kInfinity || theRect.origin.y == kInfinity;
+    return inRect.origin.x == kInfinity || inRect.origin.y == kInfinity;
 }
 
-CGRect CGRectInset(CGRect theRect, CGFloat theDistanceX, CGFloat theDistanceY)
+CGRect CGRectInset(CGRect inRect, CGFloat inDistanceX, CGFloat inDistanceY)
 {
-    if (CGRectIsNull(theRect)) {
-        return theRect;
+    if (CGRectIsNull(inRect)) {
+        return inRect;
     }
-    const CGFloat theWidth = CGRectGetWidth(theRect) - 2 * theDistanceX;
-    const CGFloat theHeight = CGRectGetHeight(theRect) - 2 * theDistanceY;
+    const CGFloat theWidth = CGRectGetWidth(inRect) - 2 * inDistanceX;
+    const CGFloat theHeight = CGRectGetHeight(inRect) - 2 * inDistanceY;
     if (theWidth < 0 || theHeight < 0) {
         return CGRectNull;
     }
-    return CGRectMake(CGRectGetMinX(theRect) + theDistanceX, CGRectGetMinY(theRect) + theDistanceY, theWidth,
+    return CGRectMake(CGRectGetMinX(inRect) + inDistanceX, CGRectGetMinY(inRect) + inDistanceY, theWidth,
                       theHeight);
 }
 
-CGRect CGRectOffset(CGRect theRect, CGFloat theDistanceX, CGFloat theDistanceY)
+CGRect CGRectOffset(CGRect inRect, CGFloat inDistanceX, CGFloat inDistanceY)
 {
-    if (CGRectIsNull(theRect)) {
-        return theRect;
+    if (CGRectIsNull(inRect)) {
+        return inRect;
     }
-    return CGRectMake(CGRectGetMinX(theRect) + theDistanceX, CGRectGetMinY(theRect) + theDistanceY,
-                      CGRectGetWidth(theRect), CGRectGetHeight(theRect));
+    return CGRectMake(CGRectGetMinX(inRect) + inDistanceX, CGRectGetMinY(inRect) + inDistanceY,
+                      CGRectGetWidth(inRect), CGRectGetHeight(inRect));
 }
 
-CGRect CGRectUnion(CGRect theFirst, CGRect theSecond)
+CGRect CGRectUnion(CGRect inFirst, CGRect inSecond)
 {
-    if (CGRectIsNull(theFirst)) {
-        return theSecond;
+    if (CGRectIsNull(inFirst)) {
+        return inSecond;
     }
-    if (CGRectIsNull(theSecond)) {
-        return theFirst;
+    if (CGRectIsNull(inSecond)) {
+        return inFirst;
     }
-    return RectFromEdges(std::min(CGRectGetMinX(theFirst), CGRectGetMinX(theSecond)),
-                         std::min(CGRectGetMinY(theFirst), CGRectGetMinY(theSecond)),
-                         std::max(CGRectGetMaxX(theFirst), CGRectGetMaxX(theSecond)),
-                         std::max(CGRectGetMaxY(theFirst), CGRectGetMaxY(theSecond)));
+    return RectFromEdges(std::min(CGRectGetMinX(inFirst), CGRectGetMinX(inSecond)),
+                         std::min(CGRectGetMinY(inFirst), CGRectGetMinY(inSecond)),
+                         std::max(CGRectGetMaxX(inFirst), CGRectGetMaxX(inSecond)),
+                         std::max(CGRectGetMaxY(inFirst), CGRectGetMaxY(inSecond)));
 }
 
-CGRect CGRectIntersection(CGRect theFirst, CGRect theSecond)
+CGRect CGRectIntersection(CGRect inFirst, CGRect inSecond)
 {
-    if (CGRectIsNull(theFirst) || CGRectIsNull(theSecond)) {
+    if (CGRectIsNull(inFirst) || CGRectIsNull(inSecond)) {
         return CGRectNull;
     }
-    const CGFloat theLeft = std::max(CGRectGetMinX(theFirst), CGRectGetMinX(theSecond));
-    const CGFloat theTop = std::max(CGRectGetMinY(theFirst), CGRectGetMinY(theSecond));
-    const CGFloat theRight = std::min(CGRectGetMaxX(theFirst), CGRectGetMaxX(theSecond));
-    const CGFloat theBottom = std::min(CGRectGetMaxY(theFirst), CGRectGetMaxY(theSecond));
+    const CGFloat theLeft = std::max(CGRectGetMinX(inFirst), CGRectGetMinX(inSecond));
+    const CGFloat theTop = std::max(CGRectGetMinY(inFirst), CGRectGetMinY(inSecond));
+    const CGFloat theRight = std::min(CGRectGetMaxX(inFirst), CGRectGetMaxX(inSecond));
+    const CGFloat theBottom = std::min(CGRectGetMaxY(inFirst), CGRectGetMaxY(inSecond));
     if (theRight < theLeft || theBottom < theTop) {
         return CGRectNull;
     }
     return RectFromEdges(theLeft, theTop, theRight, theBottom);
 }
 
-bool CGRectContainsPoint(CGRect theRect, CGPoint thePoint)
+bool CGRectContainsPoint(CGRect inRect, CGPoint inPoint)
 {
-    return !CGRectIsEmpty(theRect) && thePoint.x >= CGRectGetMinX(theRect) &&
-           thePoint.x < CGRectGetMaxX(theRect) && thePoint.y >= CGRectGetMinY(theRect) &&
-           thePoint.y < CGRectGetMaxY(theRect);
+    return !CGRectIsEmpty(inRect) && inPoint.x >= CGRectGetMinX(inRect) &&
+           inPoint.x < CGRectGetMaxX(inRect) && inPoint.y >= CGRectGetMinY(inRect) &&
+           inPoint.y < CGRectGetMaxY(inRect);
 }
 
-bool CGRectContainsRect(CGRect theOuter, CGRect theInner)
+bool CGRectContainsRect(CGRect inOuter, CGRect inInner)
 {
-    return CGRectEqualToRect(CGRectUnion(theOuter, theInner), theOuter);
+    return CGRectEqualToRect(CGRectUnion(inOuter, inInner), inOuter);
 }
 
-bool CGRectIntersectsRect(CGRect theFirst, CGRect theSecond)
+bool CGRectIntersectsRect(CGRect inFirst, CGRect inSecond)
 {
-    return !CGRectIsEmpty(CGRectIntersection(theFirst, theSecond));
+    return !CGRectIsEmpty(CGRectIntersection(inFirst, inSecond));
 }

@@ -410,9 +410,9 @@ void QtPresenter::StackWindows()
 void QtPresenter::ActivateWindow()
 {
     for (const auto& theEntry : mWindows) {
-        QtWindow* const theWindow = theEntry.second.theWindow;
-        if (theWindow != nullptr && theWindow->Look().theIsActive && !theWindow->Look().theIsCollapsed) {
-            theWindow->BecomeActive();
+        QtWindow* const inWindow = theEntry.second.theWindow;
+        if (inWindow != nullptr && inWindow->Look().theIsActive && !inWindow->Look().theIsCollapsed) {
+            inWindow->BecomeActive();
         }
     }
 }

@@ -372,10 +372,10 @@ UserResult UserSimulator::CloseWindow(WindowRef theWindow)
                     [](ObjectId theId) { PresenterRegistry::Events().CloseAsked(theId); });
 }
 
-UserResult UserSimulator::MoveWindow(WindowRef theWindow, short theLeft, short theTop)
+UserResult UserSimulator::MoveWindow(WindowRef window, short hGlobal, short vGlobal)
 {
-    const PixelPoint thePlace = {theLeft, theTop};
-    return UseFrame(theWindow, kTitleBar,
+    const PixelPoint thePlace = {hGlobal, vGlobal};
+    return UseFrame(window, kTitleBar,
                     [thePlace](ObjectId theId) { PresenterRegistry::Events().WindowMoved(theId, thePlace); });
 }
 
@@ -397,9 +397,9 @@ UserResult UserSimulator::ZoomWindow(WindowRef theWindow)
                     [](ObjectId theId) { PresenterRegistry::Events().ZoomAsked(theId); });
 }
 
-UserResult UserSimulator::CollapseWindow(WindowRef theWindow)
+UserResult UserSimulator::CollapseWindow(WindowRef window)
 {
-    return UseFrame(theWindow, kCollapseBox,
+    return UseFrame(window, kCollapseBox,
                     [](ObjectId theId) { PresenterRegistry::Events().CollapseAsked(theId, true); });
 }
 
@@ -418,9 +418,9 @@ UserResult UserSimulator::ExpandWindow(WindowRef theWindow)
     return UserResult::Done();
 }
 
-UserResult UserSimulator::ActivateWindow(WindowRef theWindow)
+UserResult UserSimulator::ActivateWindow(WindowRef inWindow)
 {
-    return UseFrame(theWindow, kTitleBar, [](ObjectId) {});
+    return UseFrame(inWindow, kTitleBar, [](ObjectId) {});
 }
 
 // Looking ----------------------------------------------------------------------------------------------

@@ -572,23 +572,22 @@ CARBON_EXPORT UInt32 GetCurrentEventKeyModifiers(void);
 CARBON_EXPORT UInt32 GetCurrentKeyModifiers(void);
 
 // Shorthand: installing a handler on an object's target, and sending to it.
-#define InstallApplicationEventHandler(theHandler, theCount, theList, theData, theOut)                       \
-    InstallEventHandler(GetApplicationEventTarget(), (theHandler), (theCount), (theList), (theData), (theOut))
-#define InstallWindowEventHandler(theWindow, theHandler, theCount, theList, theData, theOut)                 \
-    InstallEventHandler(GetWindowEventTarget(theWindow), (theHandler), (theCount), (theList), (theData),     \
-                        (theOut))
-#define InstallControlEventHandler(theControl, theHandler, theCount, theList, theData, theOut)               \
-    InstallEventHandler(GetControlEventTarget(theControl), (theHandler), (theCount), (theList), (theData),   \
-                        (theOut))
-#define InstallMenuEventHandler(theMenu, theHandler, theCount, theList, theData, theOut)                     \
-    InstallEventHandler(GetMenuEventTarget(theMenu), (theHandler), (theCount), (theList), (theData), (theOut))
+#define InstallApplicationEventHandler(inHandler, inCount, inList, inData, outHandler)                       \
+    InstallEventHandler(GetApplicationEventTarget(), (inHandler), (inCount), (inList), (inData), (outHandler))
+#define InstallWindowEventHandler(inWindow, inHandler, inCount, inList, inData, outHandler)                  \
+    InstallEventHandler(GetWindowEventTarget(inWindow), (inHandler), (inCount), (inList), (inData),          \
+                        (outHandler))
+#define InstallControlEventHandler(inControl, inHandler, inCount, inList, inData, outHandler)                \
+    InstallEventHandler(GetControlEventTarget(inControl), (inHandler), (inCount), (inList), (inData),        \
+                        (outHandler))
+#define InstallMenuEventHandler(inMenu, inHandler, inCount, inList, inData, outHandler)                      \
+    InstallEventHandler(GetMenuEventTarget(inMenu), (inHandler), (inCount), (inList), (inData), (outHandler))
 
-#define SendEventToApplication(theEvent) SendEventToEventTarget((theEvent), GetApplicationEventTarget())
-#define SendEventToWindow(theEvent, theWindow)                                                               \
-    SendEventToEventTarget((theEvent), GetWindowEventTarget(theWindow))
-#define SendEventToControl(theEvent, theControl)                                                             \
-    SendEventToEventTarget((theEvent), GetControlEventTarget(theControl))
-#define SendEventToMenu(theEvent, theMenu) SendEventToEventTarget((theEvent), GetMenuEventTarget(theMenu))
-#define SendEventToUserFocus(theEvent) SendEventToEventTarget((theEvent), GetUserFocusEventTarget())
+#define SendEventToApplication(inEvent) SendEventToEventTarget((inEvent), GetApplicationEventTarget())
+#define SendEventToWindow(inEvent, inWindow) SendEventToEventTarget((inEvent), GetWindowEventTarget(inWindow))
+#define SendEventToControl(inEvent, inControl)                                                               \
+    SendEventToEventTarget((inEvent), GetControlEventTarget(inControl))
+#define SendEventToMenu(inEvent, inMenu) SendEventToEventTarget((inEvent), GetMenuEventTarget(inMenu))
+#define SendEventToUserFocus(inEvent) SendEventToEventTarget((inEvent), GetUserFocusEventTarget())
 
 #endif

@@ -47,8 +47,8 @@ typedef double EventTimerInterval;
 #define kEventDurationForever ((EventTime)(-1.0))
 
 // Ticks are sixtieths of a second.
-#define TicksToEventTime(theTicks) ((EventTime)((theTicks) / 60.0))
-#define EventTimeToTicks(theTime) ((UInt32)((theTime)*60 + 0.5))
+#define TicksToEventTime(inTicks) ((EventTime)((inTicks) / 60.0))
+#define EventTimeToTicks(inTime) ((UInt32)((inTime)*60 + 0.5))
 
 enum
 {
@@ -100,7 +100,7 @@ typedef struct EventTypeSpec
 
 #pragma pack(pop)
 
-#define GetEventTypeCount(theList) (sizeof(theList) / sizeof(EventTypeSpec))
+#define GetEventTypeCount(inList) (sizeof(inList) / sizeof(EventTypeSpec))
 
 // --- Handlers ---------------------------------------------------------------------------------------
 
@@ -124,12 +124,12 @@ CARBON_INLINE OSStatus InvokeEventHandlerUPP(EventHandlerCallRef inHandlerCallRe
 }
 
 // Defines GetxUPP(), which makes the UPP of the handler x when it is first called and keeps it.
-#define DEFINE_ONE_SHOT_HANDLER_GETTER(theHandler)                                                           \
-    EventHandlerUPP Get##theHandler##UPP(void)                                                               \
+#define DEFINE_ONE_SHOT_HANDLER_GETTER(inHandler)                                                            \
+    EventHandlerUPP Get##inHandler##UPP(void)                                                                \
     {                                                                                                        \
         static EventHandlerUPP sHandler = NULL;                                                              \
         if (sHandler == NULL) {                                                                              \
-            sHandler = NewEventHandlerUPP(theHandler);                                                       \
+            sHandler = NewEventHandlerUPP(inHandler);                                                        \
         }                                                                                                    \
         return sHandler;                                                                                     \
     }

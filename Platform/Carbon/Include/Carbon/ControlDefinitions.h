@@ -8,10 +8,10 @@
 // Every creation call takes the bounds in the coordinates of the window's content (of the new control's
 // parent, in a compositing window, which is the content too), embeds the control in the window's root
 // control, in front of the controls that are there, and gives it visible, enabled and active, without
-// identifier, command or reference. The control belongs to its window and goes with it. theControl receives
+// identifier, command or reference. The control belongs to its window and goes with it. outControl receives
 // null when the call fails.
 //
-// Results: noErr; paramErr when the window, the bounds or theControl is null, the window is not a window (any
+// Results: noErr; paramErr when the window, the bounds or outControl is null, the window is not a window (any
 // more), or a range ends before it starts. A title or text may be null, which stands for the empty one.
 // An initial value outside of the range is put at the nearer end of it.
 
@@ -139,78 +139,75 @@ typedef struct ControlEditTextSelectionRec ControlEditTextSelectionRec;
 // Buttons -----------------------------------------------------------------------------------------------
 
 // A push button. Its value means nothing; a click sends kEventControlHit, then its command.
-CARBON_EXPORT OSStatus CreatePushButtonControl(WindowRef theWindow, const Rect* theBounds,
-                                               CFStringRef theTitle, ControlRef* theControl);
+CARBON_EXPORT OSStatus CreatePushButtonControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
+                                               ControlRef* outControl);
 
-// A check box of the range 0 to 2 (2 is the mixed state). With theAutoToggle, a click by a person turns 1
+// A check box of the range 0 to 2 (2 is the mixed state). With autoToggle, a click by a person turns 1
 // into 0 and anything else into 1; without it, the application sets the value when it hears of the click.
-CARBON_EXPORT OSStatus CreateCheckBoxControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theTitle,
-                                             SInt32 theInitialValue, Boolean theAutoToggle,
-                                             ControlRef* theControl);
+CARBON_EXPORT OSStatus CreateCheckBoxControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
+                                             SInt32 initialValue, Boolean autoToggle, ControlRef* outControl);
 
-// A radio button of the range 0 to 2. With theAutoToggle, a click by a person sets it to 1, never back to 0;
+// A radio button of the range 0 to 2. With autoToggle, a click by a person sets it to 1, never back to 0;
 // turning the others of its group off is the application's task.
-CARBON_EXPORT OSStatus CreateRadioButtonControl(WindowRef theWindow, const Rect* theBounds,
-                                                CFStringRef theTitle, SInt32 theInitialValue,
-                                                Boolean theAutoToggle, ControlRef* theControl);
+CARBON_EXPORT OSStatus CreateRadioButtonControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
+                                                SInt32 initialValue, Boolean autoToggle,
+                                                ControlRef* outControl);
 
 // Controls with a range ---------------------------------------------------------------------------------
 
 // A slider; upright when it is higher than wide, with the minimum at the bottom. A person's drag sets the
-// value, step by step with theLiveTracking, else once at its end. theLiveTrackingProc may be null; it is
+// value, step by step with liveTracking, else once at its end. liveTrackingProc may be null; it is
 // called after each step of a live drag. Tick marks on a slider that does not point are a paramErr.
-CARBON_EXPORT OSStatus CreateSliderControl(WindowRef theWindow, const Rect* theBounds, SInt32 theValue,
-                                           SInt32 theMinimum, SInt32 theMaximum,
-                                           ControlSliderOrientation theOrientation, UInt16 theTickMarks,
-                                           Boolean theLiveTracking, ControlActionUPP theLiveTrackingProc,
-                                           ControlRef* theControl);
+CARBON_EXPORT OSStatus CreateSliderControl(WindowRef window, const Rect* boundsRect, SInt32 value,
+                                           SInt32 minimum, SInt32 maximum,
+                                           ControlSliderOrientation orientation, UInt16 numTickMarks,
+                                           Boolean liveTracking, ControlActionUPP liveTrackingProc,
+                                           ControlRef* outControl);
 
-// A scroll bar; upright when it is higher than wide, with the minimum at the top. theViewSize is the amount
+// A scroll bar; upright when it is higher than wide, with the minimum at the top. viewSize is the amount
 // in view, which makes the thumb proportional; 0 for a thumb of fixed size.
 //
 // On purpose: only a drag of the thumb changes the value. A press of an arrow or a page area calls the
 // action procedure once, and scrolling is up to it.
-CARBON_EXPORT OSStatus CreateScrollBarControl(WindowRef theWindow, const Rect* theBounds, SInt32 theValue,
-                                              SInt32 theMinimum, SInt32 theMaximum, SInt32 theViewSize,
-                                              Boolean theLiveTracking, ControlActionUPP theLiveTrackingProc,
-                                              ControlRef* theControl);
+CARBON_EXPORT OSStatus CreateScrollBarControl(WindowRef window, const Rect* boundsRect, SInt32 value,
+                                              SInt32 minimum, SInt32 maximum, SInt32 viewSize,
+                                              Boolean liveTracking, ControlActionUPP liveTrackingProc,
+                                              ControlRef* outControl);
 
 // A progress bar. A person can do nothing with it.
-CARBON_EXPORT OSStatus CreateProgressBarControl(WindowRef theWindow, const Rect* theBounds, SInt32 theValue,
-                                                SInt32 theMinimum, SInt32 theMaximum,
-                                                Boolean theIndeterminate, ControlRef* theControl);
+CARBON_EXPORT OSStatus CreateProgressBarControl(WindowRef window, const Rect* boundsRect, SInt32 value,
+                                                SInt32 minimum, SInt32 maximum, Boolean indeterminate,
+                                                ControlRef* outControl);
 
 // A pair of arrows, up above down.
 //
-// On purpose: a click never changes the value, and theIncrement is only kept. The action procedure, or the
+// On purpose: a click never changes the value, and increment is only kept. The action procedure, or the
 // application when it hears of the click, changes the value.
-CARBON_EXPORT OSStatus CreateLittleArrowsControl(WindowRef theWindow, const Rect* theBounds, SInt32 theValue,
-                                                 SInt32 theMinimum, SInt32 theMaximum, SInt32 theIncrement,
-                                                 ControlRef* theControl);
+CARBON_EXPORT OSStatus CreateLittleArrowsControl(WindowRef window, const Rect* boundsRect, SInt32 value,
+                                                 SInt32 minimum, SInt32 maximum, SInt32 increment,
+                                                 ControlRef* outControl);
 
 // Texts -------------------------------------------------------------------------------------------------
 
-// A text that a person can only read. theStyle may be null for the usual style.
-CARBON_EXPORT OSStatus CreateStaticTextControl(WindowRef theWindow, const Rect* theBounds,
-                                               CFStringRef theText, const ControlFontStyleRec* theStyle,
-                                               ControlRef* theControl);
+// A text that a person can only read. style may be null for the usual style.
+CARBON_EXPORT OSStatus CreateStaticTextControl(WindowRef window, const Rect* boundsRect, CFStringRef text,
+                                               const ControlFontStyleRec* style, ControlRef* outControl);
 
 // An edit text of the older sort: it does not send kEventTextShouldChangeInRange and kEventTextDidChange.
-// theUseInlineInput is kept and has no effect.
-CARBON_EXPORT OSStatus CreateEditTextControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theText,
-                                             Boolean theIsPassword, Boolean theUseInlineInput,
-                                             const ControlFontStyleRec* theStyle, ControlRef* theControl);
+// useInlineInput is kept and has no effect.
+CARBON_EXPORT OSStatus CreateEditTextControl(WindowRef window, const Rect* boundsRect, CFStringRef text,
+                                             Boolean isPassword, Boolean useInlineInput,
+                                             const ControlFontStyleRec* style, ControlRef* outControl);
 
 // An edit text, the preferred sort.
-CARBON_EXPORT OSStatus CreateEditUnicodeTextControl(WindowRef theWindow, const Rect* theBounds,
-                                                    CFStringRef theText, Boolean theIsPassword,
-                                                    const ControlFontStyleRec* theStyle,
-                                                    ControlRef* theControl);
+CARBON_EXPORT OSStatus CreateEditUnicodeTextControl(WindowRef window, const Rect* boundsRect,
+                                                    CFStringRef text, Boolean isPassword,
+                                                    const ControlFontStyleRec* style, ControlRef* outControl);
 
 // Containers --------------------------------------------------------------------------------------------
 
-// A box with a title that other controls can be embedded in. thePrimary chooses the look of an outer box.
-CARBON_EXPORT OSStatus CreateGroupBoxControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theTitle,
-                                             Boolean thePrimary, ControlRef* theControl);
+// A box with a title that other controls can be embedded in. primary chooses the look of an outer box.
+CARBON_EXPORT OSStatus CreateGroupBoxControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
+                                             Boolean primary, ControlRef* outControl);
 
 #endif

@@ -142,22 +142,22 @@ enum
 
 // Called while a person holds a part of a control: after each step of a drag (kControlIndicatorPart), and
 // once for the press of any other part.
-typedef void (*ControlActionProcPtr)(ControlRef theControl, ControlPartCode thePart);
+typedef void (*ControlActionProcPtr)(ControlRef theControl, ControlPartCode partCode);
 typedef ControlActionProcPtr ControlActionUPP;
 
-CARBON_EXPORT ControlActionUPP NewControlActionUPP(ControlActionProcPtr theProcedure);
-CARBON_EXPORT void DisposeControlActionUPP(ControlActionUPP theProcedure);
-CARBON_EXPORT void InvokeControlActionUPP(ControlRef theControl, ControlPartCode thePart,
-                                          ControlActionUPP theProcedure);
+CARBON_EXPORT ControlActionUPP NewControlActionUPP(ControlActionProcPtr inProcedure);
+CARBON_EXPORT void DisposeControlActionUPP(ControlActionUPP inProcedure);
+CARBON_EXPORT void InvokeControlActionUPP(ControlRef theControl, ControlPartCode inPartCode,
+                                          ControlActionUPP inProcedure);
 
 // Life and hierarchy ------------------------------------------------------------------------------------
 
 // Makes the root control of a window. Windows get theirs by themselves with the first control, a compositing
-// window with its creation; errRootAlreadyExists then. theControl may be null.
-CARBON_EXPORT OSErr CreateRootControl(WindowRef theWindow, ControlRef* theControl);
+// window with its creation; errRootAlreadyExists then. outControl may be null.
+CARBON_EXPORT OSErr CreateRootControl(WindowRef inWindow, ControlRef* outControl);
 
 // The control that holds all others of the window; errNoRootControl while there is none.
-CARBON_EXPORT OSErr GetRootControl(WindowRef theWindow, ControlRef* theControl);
+CARBON_EXPORT OSErr GetRootControl(WindowRef inWindow, ControlRef* outControl);
 
 // Puts a control into another container, in front of what is there, and into the container's window; bounds
 // stay the same numbers. Sends kEventControlRemovingSubControl to the old parent before,
@@ -165,24 +165,24 @@ CARBON_EXPORT OSErr GetRootControl(WindowRef theWindow, ControlRef* theControl);
 // that came to another window. A control in the container already is brought to its front, and nothing is
 // sent.
 //
-// errCantEmbedIntoSelf when theContainer is theControl or inside of it, errCantEmbedRoot for a root control,
+// errCantEmbedIntoSelf when inContainer is inControl or inside of it, errCantEmbedRoot for a root control,
 // errControlIsNotEmbedder for a container that cannot hold controls.
-CARBON_EXPORT OSErr EmbedControl(ControlRef theControl, ControlRef theContainer);
+CARBON_EXPORT OSErr EmbedControl(ControlRef inControl, ControlRef inContainer);
 
-// Embeds a control in the deepest container of theWindow whose bounds enclose its own, the root in the end.
+// Embeds a control in the deepest container of inWindow whose bounds enclose its own, the root in the end.
 // errNeedsCompositedWindow never; paramErr in a compositing window, where bounds depend on the parent.
-CARBON_EXPORT OSErr AutoEmbedControl(ControlRef theControl, WindowRef theWindow);
+CARBON_EXPORT OSErr AutoEmbedControl(ControlRef inControl, WindowRef inWindow);
 
-CARBON_EXPORT OSErr CountSubControls(ControlRef theControl, UInt16* theCount);
+CARBON_EXPORT OSErr CountSubControls(ControlRef inControl, UInt16* outNumChildren);
 
 // The first control of a container, from back to front, has the index 1. paramErr and null out of range.
-CARBON_EXPORT OSErr GetIndexedSubControl(ControlRef theControl, UInt16 theIndex, ControlRef* theSubControl);
+CARBON_EXPORT OSErr GetIndexedSubControl(ControlRef inControl, UInt16 inIndex, ControlRef* outSubControl);
 
 // The parent; null for a root control.
-CARBON_EXPORT OSErr GetSuperControl(ControlRef theControl, ControlRef* theParent);
+CARBON_EXPORT OSErr GetSuperControl(ControlRef inControl, ControlRef* outParent);
 
 // The window that a control is in, or null.
-CARBON_EXPORT WindowRef GetControlOwner(ControlRef theControl);
+CARBON_EXPORT WindowRef GetControlOwner(ControlRef control);
 
 // Disposes a control and all in it. In this order: it gives up the keyboard focus; kEventControlDispose to it
 // alone, not to its parents; the same for its sub-controls, front to back; kEventControlRemovingSubControl to
@@ -203,48 +203,48 @@ CARBON_EXPORT Boolean IsValidControlHandle(ControlRef theControl);
 // or more.
 
 CARBON_EXPORT SInt32 GetControl32BitValue(ControlRef theControl);
-CARBON_EXPORT void SetControl32BitValue(ControlRef theControl, SInt32 theValue);
+CARBON_EXPORT void SetControl32BitValue(ControlRef theControl, SInt32 newValue);
 CARBON_EXPORT SInt32 GetControl32BitMinimum(ControlRef theControl);
-CARBON_EXPORT void SetControl32BitMinimum(ControlRef theControl, SInt32 theMinimum);
+CARBON_EXPORT void SetControl32BitMinimum(ControlRef theControl, SInt32 newMinimum);
 CARBON_EXPORT SInt32 GetControl32BitMaximum(ControlRef theControl);
-CARBON_EXPORT void SetControl32BitMaximum(ControlRef theControl, SInt32 theMaximum);
+CARBON_EXPORT void SetControl32BitMaximum(ControlRef theControl, SInt32 newMaximum);
 CARBON_EXPORT SInt32 GetControlViewSize(ControlRef theControl);
-CARBON_EXPORT void SetControlViewSize(ControlRef theControl, SInt32 theViewSize);
+CARBON_EXPORT void SetControlViewSize(ControlRef theControl, SInt32 newViewSize);
 
 // The same in 16 bits; what is read is the lower half.
 CARBON_EXPORT SInt16 GetControlValue(ControlRef theControl);
-CARBON_EXPORT void SetControlValue(ControlRef theControl, SInt16 theValue);
+CARBON_EXPORT void SetControlValue(ControlRef theControl, SInt16 newValue);
 CARBON_EXPORT SInt16 GetControlMinimum(ControlRef theControl);
-CARBON_EXPORT void SetControlMinimum(ControlRef theControl, SInt16 theMinimum);
+CARBON_EXPORT void SetControlMinimum(ControlRef theControl, SInt16 newMinimum);
 CARBON_EXPORT SInt16 GetControlMaximum(ControlRef theControl);
-CARBON_EXPORT void SetControlMaximum(ControlRef theControl, SInt16 theMaximum);
+CARBON_EXPORT void SetControlMaximum(ControlRef theControl, SInt16 newMaximum);
 
 // State -------------------------------------------------------------------------------------------------
 
 // kEventControlEnabledStateChanged. A control that becomes disabled gives up the keyboard focus first.
-CARBON_EXPORT OSStatus EnableControl(ControlRef theControl);
-CARBON_EXPORT OSStatus DisableControl(ControlRef theControl);
-CARBON_EXPORT Boolean IsControlEnabled(ControlRef theControl);
+CARBON_EXPORT OSStatus EnableControl(ControlRef inControl);
+CARBON_EXPORT OSStatus DisableControl(ControlRef inControl);
+CARBON_EXPORT Boolean IsControlEnabled(ControlRef inControl);
 
 // kEventControlActivate and kEventControlDeactivate.
-CARBON_EXPORT OSErr ActivateControl(ControlRef theControl);
-CARBON_EXPORT OSErr DeactivateControl(ControlRef theControl);
-CARBON_EXPORT Boolean IsControlActive(ControlRef theControl);
+CARBON_EXPORT OSErr ActivateControl(ControlRef inControl);
+CARBON_EXPORT OSErr DeactivateControl(ControlRef inControl);
+CARBON_EXPORT Boolean IsControlActive(ControlRef inControl);
 
-// kEventControlVisibilityChanged. A control that is hidden gives up the keyboard focus first. theDoDraw makes
+// kEventControlVisibilityChanged. A control that is hidden gives up the keyboard focus first. inDoDraw makes
 // no difference: what is shown is always up to date.
-CARBON_EXPORT OSErr SetControlVisibility(ControlRef theControl, Boolean theIsVisible, Boolean theDoDraw);
+CARBON_EXPORT OSErr SetControlVisibility(ControlRef inControl, Boolean inIsVisible, Boolean inDoDraw);
 CARBON_EXPORT void ShowControl(ControlRef theControl);
 CARBON_EXPORT void HideControl(ControlRef theControl);
-CARBON_EXPORT Boolean IsControlVisible(ControlRef theControl);
+CARBON_EXPORT Boolean IsControlVisible(ControlRef inControl);
 
 // Draws a part as pressed (1 to 253), none (0), or makes the control disabled (254) or inactive (255), which
 // 0 to 253 take back. kEventControlHiliteChanged tells of parts, the events above of the rest.
-CARBON_EXPORT void HiliteControl(ControlRef theControl, ControlPartCode theState);
+CARBON_EXPORT void HiliteControl(ControlRef theControl, ControlPartCode hiliteState);
 
 // kControlDisabledPart or kControlInactivePart when the control is so, else the part that is drawn as
 // pressed.
-CARBON_EXPORT UInt16 GetControlHilite(ControlRef theControl);
+CARBON_EXPORT UInt16 GetControlHilite(ControlRef control);
 
 // Bounds ------------------------------------------------------------------------------------------------
 //
@@ -254,29 +254,29 @@ CARBON_EXPORT UInt16 GetControlHilite(ControlRef theControl);
 // move along.
 
 // Gives back its second argument, an empty rectangle for a bad reference.
-CARBON_EXPORT Rect* GetControlBounds(ControlRef theControl, Rect* theBounds);
-CARBON_EXPORT void SetControlBounds(ControlRef theControl, const Rect* theBounds);
-CARBON_EXPORT void MoveControl(ControlRef theControl, SInt16 theLeft, SInt16 theTop);
-CARBON_EXPORT void SizeControl(ControlRef theControl, SInt16 theWidth, SInt16 theHeight);
+CARBON_EXPORT Rect* GetControlBounds(ControlRef control, Rect* bounds);
+CARBON_EXPORT void SetControlBounds(ControlRef control, const Rect* bounds);
+CARBON_EXPORT void MoveControl(ControlRef theControl, SInt16 h, SInt16 v);
+CARBON_EXPORT void SizeControl(ControlRef theControl, SInt16 w, SInt16 h);
 
 // Titles ------------------------------------------------------------------------------------------------
 //
 // kEventControlTitleChanged. On purpose: the title of a static or edit text is not the text that it shows.
 
 // paramErr for a null string. The string is copied.
-CARBON_EXPORT OSStatus SetControlTitleWithCFString(ControlRef theControl, CFStringRef theTitle);
+CARBON_EXPORT OSStatus SetControlTitleWithCFString(ControlRef inControl, CFStringRef inString);
 
 // The caller releases the string; null when the call fails.
-CARBON_EXPORT OSStatus CopyControlTitleAsCFString(ControlRef theControl, CFStringRef* theTitle);
+CARBON_EXPORT OSStatus CopyControlTitleAsCFString(ControlRef inControl, CFStringRef* outString);
 
 // The same with Pascal strings in Mac Roman; 255 characters at most, "?" for characters that it does not
 // have.
-CARBON_EXPORT void SetControlTitle(ControlRef theControl, ConstStr255Param theTitle);
-CARBON_EXPORT void GetControlTitle(ControlRef theControl, Str255 theTitle);
+CARBON_EXPORT void SetControlTitle(ControlRef theControl, ConstStr255Param title);
+CARBON_EXPORT void GetControlTitle(ControlRef theControl, Str255 title);
 
 // Data --------------------------------------------------------------------------------------------------
 //
-// thePart is 0, or kControlEditTextPart for the tags of an edit text. Results: errDataNotSupported for a tag
+// inPart is 0, or kControlEditTextPart for the tags of an edit text. Results: errDataNotSupported for a tag
 // that the control does not have, or has in the other direction only; errInvalidPartCode for another part;
 // errDataSizeMismatch for a size that does not fit the tag; paramErr for a null string where the tag asks for
 // one.
@@ -284,54 +284,54 @@ CARBON_EXPORT void GetControlTitle(ControlRef theControl, Str255 theTitle);
 // The calls send kEventControlSetData and kEventControlGetData to the control alone, with what they were
 // given; a handler that returns noErr has done the work itself.
 
-CARBON_EXPORT OSErr SetControlData(ControlRef theControl, ControlPartCode thePart, ResType theTag,
-                                   Size theSize, const void* theData);
+CARBON_EXPORT OSErr SetControlData(ControlRef inControl, ControlPartCode inPart, ResType inTagName,
+                                   Size inSize, const void* inData);
 
-// Bytes are given up to theBufferSize; for anything else a buffer smaller than the data is a size mismatch.
-// theActualSize, which may be null, receives the size of all of it. With a null buffer nothing but the size
+// Bytes are given up to inBufferSize; for anything else a buffer smaller than the data is a size mismatch.
+// outActualSize, which may be null, receives the size of all of it. With a null buffer nothing but the size
 // is given.
-CARBON_EXPORT OSErr GetControlData(ControlRef theControl, ControlPartCode thePart, ResType theTag,
-                                   Size theBufferSize, void* theBuffer, Size* theActualSize);
-CARBON_EXPORT OSErr GetControlDataSize(ControlRef theControl, ControlPartCode thePart, ResType theTag,
-                                       Size* theSize);
+CARBON_EXPORT OSErr GetControlData(ControlRef inControl, ControlPartCode inPart, ResType inTagName,
+                                   Size inBufferSize, void* inBuffer, Size* outActualSize);
+CARBON_EXPORT OSErr GetControlDataSize(ControlRef inControl, ControlPartCode inPart, ResType inTagName,
+                                       Size* outMaxSize);
 
 // Identity ----------------------------------------------------------------------------------------------
 
-CARBON_EXPORT OSStatus GetControlKind(ControlRef theControl, ControlKind* theKind);
+CARBON_EXPORT OSStatus GetControlKind(ControlRef inControl, ControlKind* outControlKind);
 
 // Both fields are 0 until they are set. Nothing keeps two controls from having the same one.
-CARBON_EXPORT OSStatus SetControlID(ControlRef theControl, const ControlID* theID);
-CARBON_EXPORT OSStatus GetControlID(ControlRef theControl, ControlID* theID);
+CARBON_EXPORT OSStatus SetControlID(ControlRef inControl, const ControlID* inID);
+CARBON_EXPORT OSStatus GetControlID(ControlRef inControl, ControlID* outID);
 
 // The first control of the window with this identifier, containers before what is in them, from back to
 // front. errUnknownControl and null when there is none; a control whose identifier was never set is never
 // found. errInvalidWindowRef for a bad window.
-CARBON_EXPORT OSStatus GetControlByID(WindowRef theWindow, const ControlID* theID, ControlRef* theControl);
+CARBON_EXPORT OSStatus GetControlByID(WindowRef inWindow, const ControlID* inID, ControlRef* outControl);
 
 // A command other than 0 is sent after a click whose kEventControlHit nobody handled: kEventCommandProcess,
 // to the control and up its chain.
-CARBON_EXPORT OSStatus SetControlCommandID(ControlRef theControl, UInt32 theCommand);
-CARBON_EXPORT OSStatus GetControlCommandID(ControlRef theControl, UInt32* theCommand);
+CARBON_EXPORT OSStatus SetControlCommandID(ControlRef inControl, UInt32 inCommandID);
+CARBON_EXPORT OSStatus GetControlCommandID(ControlRef inControl, UInt32* outCommandID);
 
 // One value of the application's own.
-CARBON_EXPORT void SetControlReference(ControlRef theControl, SRefCon theData);
+CARBON_EXPORT void SetControlReference(ControlRef theControl, SRefCon data);
 CARBON_EXPORT SRefCon GetControlReference(ControlRef theControl);
 
-CARBON_EXPORT void SetControlAction(ControlRef theControl, ControlActionUPP theAction);
+CARBON_EXPORT void SetControlAction(ControlRef theControl, ControlActionUPP actionProc);
 CARBON_EXPORT ControlActionUPP GetControlAction(ControlRef theControl);
-CARBON_EXPORT OSErr GetControlFeatures(ControlRef theControl, UInt32* theFeatures);
-CARBON_EXPORT OSErr SetControlFontStyle(ControlRef theControl, const ControlFontStyleRec* theStyle);
+CARBON_EXPORT OSErr GetControlFeatures(ControlRef inControl, UInt32* outFeatures);
+CARBON_EXPORT OSErr SetControlFontStyle(ControlRef inControl, const ControlFontStyleRec* inStyle);
 
 // Properties: named data of the application's own, copied in and out. controlPropertyInvalid when the creator
 // is all lower-case letters, which are kept for the platform; controlPropertyNotFoundErr when there is none.
 // A buffer of another size receives the smaller amount of data, and the call gives paramErr.
-CARBON_EXPORT OSStatus SetControlProperty(ControlRef theControl, OSType theCreator, OSType theTag,
-                                          ByteCount theSize, const void* theData);
-CARBON_EXPORT OSStatus GetControlProperty(ControlRef theControl, OSType theCreator, OSType theTag,
-                                          ByteCount theBufferSize, ByteCount* theActualSize, void* theBuffer);
-CARBON_EXPORT OSStatus GetControlPropertySize(ControlRef theControl, OSType theCreator, OSType theTag,
-                                              ByteCount* theSize);
-CARBON_EXPORT OSStatus RemoveControlProperty(ControlRef theControl, OSType theCreator, OSType theTag);
+CARBON_EXPORT OSStatus SetControlProperty(ControlRef control, OSType propertyCreator, OSType propertyTag,
+                                          ByteCount propertySize, const void* propertyData);
+CARBON_EXPORT OSStatus GetControlProperty(ControlRef control, OSType propertyCreator, OSType propertyTag,
+                                          ByteCount bufferSize, ByteCount* actualSize, void* propertyBuffer);
+CARBON_EXPORT OSStatus GetControlPropertySize(ControlRef control, OSType propertyCreator, OSType propertyTag,
+                                              ByteCount* size);
+CARBON_EXPORT OSStatus RemoveControlProperty(ControlRef control, OSType propertyCreator, OSType propertyTag);
 
 // Keyboard focus ----------------------------------------------------------------------------------------
 //
@@ -344,7 +344,7 @@ CARBON_EXPORT OSStatus RemoveControlProperty(ControlRef theControl, OSType theCr
 // Edit texts take the focus; other controls only while full keyboard access is on. A control must be visible,
 // enabled and in the window.
 
-CARBON_EXPORT OSErr GetKeyboardFocus(WindowRef theWindow, ControlRef* theControl);
+CARBON_EXPORT OSErr GetKeyboardFocus(WindowRef inWindow, ControlRef* outControl);
 
 // Gives the focus to a part of a control, kControlEditTextPart for edit texts. kControlFocusNoPart clears it
 // if the control has it. kControlFocusNextPart and kControlFocusPrevPart move within the control, which leads
@@ -354,37 +354,37 @@ CARBON_EXPORT OSErr GetKeyboardFocus(WindowRef theWindow, ControlRef* theControl
 // errCouldntSetFocus: the control cannot take it, or not this part; the focus is as it was, or cleared when a
 // handler refused. errUnknownControl for a bad control, errInvalidWindowRef for a bad window, paramErr when
 // the control is in another window.
-CARBON_EXPORT OSErr SetKeyboardFocus(WindowRef theWindow, ControlRef theControl, ControlFocusPart thePart);
+CARBON_EXPORT OSErr SetKeyboardFocus(WindowRef inWindow, ControlRef inControl, ControlFocusPart inPart);
 
 // To the next or previous control that takes it, in order from top to bottom and left to right, round the
 // end; errCouldntSetFocus when there is none.
-CARBON_EXPORT OSErr AdvanceKeyboardFocus(WindowRef theWindow);
-CARBON_EXPORT OSErr ReverseKeyboardFocus(WindowRef theWindow);
+CARBON_EXPORT OSErr AdvanceKeyboardFocus(WindowRef inWindow);
+CARBON_EXPORT OSErr ReverseKeyboardFocus(WindowRef inWindow);
 
 // errNoRootControl when the window has no controls.
-CARBON_EXPORT OSErr ClearKeyboardFocus(WindowRef theWindow);
+CARBON_EXPORT OSErr ClearKeyboardFocus(WindowRef inWindow);
 
 // Finding and pressing ----------------------------------------------------------------------------------
 
 // The visible control at a point of the window's content, the frontmost and deepest, and its part there; no
 // part of a disabled or inactive one, and null and 0 where there is none.
-CARBON_EXPORT ControlPartCode FindControl(Point thePoint, WindowRef theWindow, ControlRef* theControl);
+CARBON_EXPORT ControlPartCode FindControl(Point testPoint, WindowRef theWindow, ControlRef* theControl);
 
 // The part of a control at a point; kControlNoPart outside, and when it is hidden, disabled or inactive.
-CARBON_EXPORT ControlPartCode TestControl(ControlRef theControl, Point thePoint);
+CARBON_EXPORT ControlPartCode TestControl(ControlRef theControl, Point testPoint);
 
 // What a click does, without the mouse: auto-toggling, kEventControlHit, then the command unless somebody
-// handled the hit. thePart 0 stands for the part that a click in the middle would take.
-// errControlHiddenOrDisabled, errInvalidPartCode; theClickedPart may be null.
-CARBON_EXPORT OSStatus HIViewSimulateClick(ControlRef theControl, ControlPartCode thePart,
-                                           UInt32 theModifiers, ControlPartCode* theClickedPart);
+// handled the hit. inPartToClick 0 stands for the part that a click in the middle would take.
+// errControlHiddenOrDisabled, errInvalidPartCode; outPartClicked may be null.
+CARBON_EXPORT OSStatus HIViewSimulateClick(ControlRef inView, ControlPartCode inPartToClick,
+                                           UInt32 inModifiers, ControlPartCode* outPartClicked);
 
 // Buttons that keys press in a window: Return and Enter the default one, Escape and command-period the other.
 // Null takes the choice back. The window must have the standard handler. paramErr for a control of another
 // window.
-CARBON_EXPORT OSStatus SetWindowDefaultButton(WindowRef theWindow, ControlRef theControl);
-CARBON_EXPORT OSStatus SetWindowCancelButton(WindowRef theWindow, ControlRef theControl);
-CARBON_EXPORT OSStatus GetWindowDefaultButton(WindowRef theWindow, ControlRef* theControl);
-CARBON_EXPORT OSStatus GetWindowCancelButton(WindowRef theWindow, ControlRef* theControl);
+CARBON_EXPORT OSStatus SetWindowDefaultButton(WindowRef inWindow, ControlRef inControl);
+CARBON_EXPORT OSStatus SetWindowCancelButton(WindowRef inWindow, ControlRef inControl);
+CARBON_EXPORT OSStatus GetWindowDefaultButton(WindowRef inWindow, ControlRef* outControl);
+CARBON_EXPORT OSStatus GetWindowCancelButton(WindowRef inWindow, ControlRef* outControl);
 
 #endif

@@ -141,47 +141,47 @@ typedef OSType PropertyTag;
 // Life --------------------------------------------------------------------------------------------------
 
 // Makes a window, hidden, frontmost in its layer, with one reference that belongs to the caller.
-// theContentBounds is in global coordinates. An empty title, and "modified" set. A compositing window has its
+// contentBounds is in global coordinates. An empty title, and "modified" set. A compositing window has its
 // root control from the start.
 //
 // errUnrecognizedWindowClass; errUnsupportedWindowAttributesForClass for a close, zoom or collapse box or the
 // resizing that the class does not have, or bits that mean nothing; paramErr for null or empty bounds.
-CARBON_EXPORT OSStatus CreateNewWindow(WindowClass theClass, WindowAttributes theAttributes,
-                                       const Rect* theContentBounds, WindowRef* theWindow);
+CARBON_EXPORT OSStatus CreateNewWindow(WindowClass windowClass, WindowAttributes attributes,
+                                       const Rect* contentBounds, WindowRef* outWindow);
 
 // Give a reference up or take one. With the last one the window goes, in this order: kEventWindowHiding and
 // kEventWindowHidden if it was shown, and the next window becomes active in its place; kEventWindowClosed;
 // its controls are disposed; kEventWindowDispose; handlers go, and the reference is no longer valid.
-CARBON_EXPORT void DisposeWindow(WindowRef theWindow);
-CARBON_EXPORT OSStatus ReleaseWindow(WindowRef theWindow);
-CARBON_EXPORT OSStatus RetainWindow(WindowRef theWindow);
-CARBON_EXPORT ItemCount GetWindowRetainCount(WindowRef theWindow);
+CARBON_EXPORT void DisposeWindow(WindowRef window);
+CARBON_EXPORT OSStatus ReleaseWindow(WindowRef inWindow);
+CARBON_EXPORT OSStatus RetainWindow(WindowRef inWindow);
+CARBON_EXPORT ItemCount GetWindowRetainCount(WindowRef inWindow);
 
-CARBON_EXPORT Boolean IsValidWindowPtr(WindowRef theWindow);
+CARBON_EXPORT Boolean IsValidWindowPtr(WindowRef possibleWindow);
 
 // Showing -----------------------------------------------------------------------------------------------
 
 // kEventWindowShowing, kEventWindowShown and kEventWindowHiding, kEventWindowHidden.
-CARBON_EXPORT void ShowWindow(WindowRef theWindow);
-CARBON_EXPORT void HideWindow(WindowRef theWindow);
+CARBON_EXPORT void ShowWindow(WindowRef window);
+CARBON_EXPORT void HideWindow(WindowRef window);
 
 // The same events, but no other window is activated or deactivated for it.
-CARBON_EXPORT void ShowHide(WindowRef theWindow, Boolean theShow);
+CARBON_EXPORT void ShowHide(WindowRef window, Boolean showFlag);
 
 // Whether it is shown. A collapsed window counts as shown.
-CARBON_EXPORT Boolean IsWindowVisible(WindowRef theWindow);
+CARBON_EXPORT Boolean IsWindowVisible(WindowRef window);
 
 // kEventWindowCollapsing, kEventWindowCollapsed and kEventWindowExpanding, kEventWindowExpanded. A hidden
 // window can be collapsed, and appears so when it is shown. windowWrongStateErr to collapse a window without
 // a collapse box.
-CARBON_EXPORT OSStatus CollapseWindow(WindowRef theWindow, Boolean theCollapse);
-CARBON_EXPORT Boolean IsWindowCollapsed(WindowRef theWindow);
+CARBON_EXPORT OSStatus CollapseWindow(WindowRef window, Boolean collapse);
+CARBON_EXPORT Boolean IsWindowCollapsed(WindowRef window);
 
 // Whether the window has a collapse box.
-CARBON_EXPORT Boolean IsWindowCollapsable(WindowRef theWindow);
+CARBON_EXPORT Boolean IsWindowCollapsable(WindowRef window);
 
 // Collapses or expands every shown window that can be; noErr always.
-CARBON_EXPORT OSStatus CollapseAllWindows(Boolean theCollapse);
+CARBON_EXPORT OSStatus CollapseAllWindows(Boolean collapse);
 
 // Bounds ------------------------------------------------------------------------------------------------
 //
@@ -190,66 +190,66 @@ CARBON_EXPORT OSStatus CollapseAllWindows(Boolean theCollapse);
 // window is collapsed.
 
 // kWindowStructureRgn or kWindowContentRgn; errWindowRegionCodeInvalid for others, paramErr for empty bounds.
-CARBON_EXPORT OSStatus SetWindowBounds(WindowRef theWindow, WindowRegionCode theRegion,
-                                       const Rect* theBounds);
+CARBON_EXPORT OSStatus SetWindowBounds(WindowRef window, WindowRegionCode regionCode,
+                                       const Rect* globalBounds);
 
 // errWindowRegionCodeInvalid for other codes, and for parts of the frame that the window does not have.
-CARBON_EXPORT OSStatus GetWindowBounds(WindowRef theWindow, WindowRegionCode theRegion, Rect* theBounds);
+CARBON_EXPORT OSStatus GetWindowBounds(WindowRef window, WindowRegionCode regionCode, Rect* globalBounds);
 
-// The content's top left; brings the window to front when theFront is true.
-CARBON_EXPORT void MoveWindow(WindowRef theWindow, short theLeft, short theTop, Boolean theFront);
+// The content's top left; brings the window to front when front is true.
+CARBON_EXPORT void MoveWindow(WindowRef window, short hGlobal, short vGlobal, Boolean front);
 
 // The structure's top left.
-CARBON_EXPORT OSStatus MoveWindowStructure(WindowRef theWindow, short theLeft, short theTop);
+CARBON_EXPORT OSStatus MoveWindowStructure(WindowRef window, short hGlobal, short vGlobal);
 
-// The content's size; theUpdate makes no difference. Sizes that are not positive are ignored.
-CARBON_EXPORT void SizeWindow(WindowRef theWindow, short theWidth, short theHeight, Boolean theUpdate);
+// The content's size; fUpdate makes no difference. Sizes that are not positive are ignored.
+CARBON_EXPORT void SizeWindow(WindowRef window, short w, short h, Boolean fUpdate);
 
 // The content in its own coordinates, whose top left is 0, 0. Gives back its second argument.
-CARBON_EXPORT Rect* GetWindowPortBounds(WindowRef theWindow, Rect* theBounds);
+CARBON_EXPORT Rect* GetWindowPortBounds(WindowRef window, Rect* bounds);
 
 // How far the frame reaches beyond the content on each side.
-CARBON_EXPORT OSStatus GetWindowStructureWidths(WindowRef theWindow, Rect* theWidths);
+CARBON_EXPORT OSStatus GetWindowStructureWidths(WindowRef inWindow, Rect* outRect);
 
 // The content sizes that a person can give the window; a null limit is none. Program calls are not held to
 // them.
-CARBON_EXPORT OSStatus SetWindowResizeLimits(WindowRef theWindow, const HISize* theSmallest,
-                                             const HISize* theLargest);
+CARBON_EXPORT OSStatus SetWindowResizeLimits(WindowRef inWindow, const HISize* inMinLimits,
+                                             const HISize* inMaxLimits);
 
 // What was set; without it 0 by 0 and 32767 by 32767. Either may be null.
-CARBON_EXPORT OSStatus GetWindowResizeLimits(WindowRef theWindow, HISize* theSmallest, HISize* theLargest);
+CARBON_EXPORT OSStatus GetWindowResizeLimits(WindowRef inWindow, HISize* outMinLimits, HISize* outMaxLimits);
 
 // Titles ------------------------------------------------------------------------------------------------
 //
 // kEventWindowTitleChanged, for every sort of window.
 
 // paramErr for a null string. The string is copied.
-CARBON_EXPORT OSStatus SetWindowTitleWithCFString(WindowRef theWindow, CFStringRef theTitle);
+CARBON_EXPORT OSStatus SetWindowTitleWithCFString(WindowRef inWindow, CFStringRef inString);
 
 // The caller releases the string; null when the call fails.
-CARBON_EXPORT OSStatus CopyWindowTitleAsCFString(WindowRef theWindow, CFStringRef* theTitle);
+CARBON_EXPORT OSStatus CopyWindowTitleAsCFString(WindowRef inWindow, CFStringRef* outString);
 
 // The same with Pascal strings in Mac Roman; 255 characters at most, "?" for characters that it does not
 // have.
-CARBON_EXPORT void SetWTitle(WindowRef theWindow, ConstStr255Param theTitle);
-CARBON_EXPORT void GetWTitle(WindowRef theWindow, Str255 theTitle);
+CARBON_EXPORT void SetWTitle(WindowRef window, ConstStr255Param title);
+CARBON_EXPORT void GetWTitle(WindowRef window, Str255 title);
 
 // Order and activation ----------------------------------------------------------------------------------
 
 // Brings the window to the front of its layer; a shown window becomes the active one.
-CARBON_EXPORT void SelectWindow(WindowRef theWindow);
+CARBON_EXPORT void SelectWindow(WindowRef window);
 
 // To the front of its layer, without a change of activation.
-CARBON_EXPORT void BringToFront(WindowRef theWindow);
+CARBON_EXPORT void BringToFront(WindowRef window);
 
 // Right behind another window, or to the back of its layer for null; activation follows the new order.
-CARBON_EXPORT void SendBehind(WindowRef theWindow, WindowRef theBehind);
+CARBON_EXPORT void SendBehind(WindowRef window, WindowRef behindWindow);
 
 // Makes the window active or inactive wherever it stands: kEventWindowActivated or kEventWindowDeactivated.
 // The standard handler then sends kEventWindowHandleActivate or kEventWindowHandleDeactivate, and activates
 // or deactivates the root control unless a handler took that.
-CARBON_EXPORT OSStatus ActivateWindow(WindowRef theWindow, Boolean theActivate);
-CARBON_EXPORT Boolean IsWindowActive(WindowRef theWindow);
+CARBON_EXPORT OSStatus ActivateWindow(WindowRef inWindow, Boolean inActivate);
+CARBON_EXPORT Boolean IsWindowActive(WindowRef inWindow);
 
 // The active window of scope "all", wherever it stands.
 CARBON_EXPORT WindowRef ActiveNonFloatingWindow(void);
@@ -260,57 +260,59 @@ CARBON_EXPORT WindowRef FrontWindow(void);
 
 // Every window, front to back, hidden ones included: the first, and from one to the next.
 CARBON_EXPORT WindowRef GetWindowList(void);
-CARBON_EXPORT WindowRef GetNextWindow(WindowRef theWindow);
-CARBON_EXPORT WindowRef GetPreviousWindow(WindowRef theWindow);
+CARBON_EXPORT WindowRef GetNextWindow(WindowRef window);
+CARBON_EXPORT WindowRef GetPreviousWindow(WindowRef inWindow);
 
 // The same for one class, or kAllWindowClasses; kFirstWindowOfClass starts from the front.
-CARBON_EXPORT WindowRef GetFrontWindowOfClass(WindowClass theClass, Boolean theMustBeVisible);
-CARBON_EXPORT WindowRef GetNextWindowOfClass(WindowRef theWindow, WindowClass theClass,
-                                             Boolean theMustBeVisible);
+CARBON_EXPORT WindowRef GetFrontWindowOfClass(WindowClass inWindowClass, Boolean mustBeVisible);
+CARBON_EXPORT WindowRef GetNextWindowOfClass(WindowRef inWindow, WindowClass inWindowClass,
+                                             Boolean mustBeVisible);
 
 // The frontmost shown window at a global point, and its part there; null and inDesk or inMenuBar where there
 // is none.
-CARBON_EXPORT WindowPartCode FindWindow(Point thePoint, WindowRef* theWindow);
+CARBON_EXPORT WindowPartCode FindWindow(Point thePoint, WindowRef* window);
 
 // State of its own --------------------------------------------------------------------------------------
 
-CARBON_EXPORT OSStatus GetWindowClass(WindowRef theWindow, WindowClass* theClass);
-CARBON_EXPORT OSStatus GetWindowAttributes(WindowRef theWindow, WindowAttributes* theAttributes);
+CARBON_EXPORT OSStatus GetWindowClass(WindowRef window, WindowClass* outClass);
+CARBON_EXPORT OSStatus GetWindowAttributes(WindowRef window, WindowAttributes* outAttributes);
 
 // kEventWindowAttributesChanged. windowAttributesConflictErr when both name one bit;
 // windowAttributeImmutableErr for kWindowCompositingAttribute; errUnsupportedWindowAttributesForClass as
 // CreateNewWindow has it, though a floating or utility window may have a collapse box.
-CARBON_EXPORT OSStatus ChangeWindowAttributes(WindowRef theWindow, WindowAttributes theSet,
-                                              WindowAttributes theClear);
+CARBON_EXPORT OSStatus ChangeWindowAttributes(WindowRef window, WindowAttributes setTheseAttributes,
+                                              WindowAttributes clearTheseAttributes);
 
 // kEventWindowModified.
-CARBON_EXPORT OSStatus SetWindowModified(WindowRef theWindow, Boolean theModified);
-CARBON_EXPORT Boolean IsWindowModified(WindowRef theWindow);
+CARBON_EXPORT OSStatus SetWindowModified(WindowRef window, Boolean modified);
+CARBON_EXPORT Boolean IsWindowModified(WindowRef window);
 
 // One value of the application's own, and a number of its own.
-CARBON_EXPORT void SetWRefCon(WindowRef theWindow, SRefCon theData);
-CARBON_EXPORT SRefCon GetWRefCon(WindowRef theWindow);
-CARBON_EXPORT void SetWindowKind(WindowRef theWindow, short theKind);
-CARBON_EXPORT short GetWindowKind(WindowRef theWindow);
+CARBON_EXPORT void SetWRefCon(WindowRef window, SRefCon data);
+CARBON_EXPORT SRefCon GetWRefCon(WindowRef window);
+CARBON_EXPORT void SetWindowKind(WindowRef window, short kind);
+CARBON_EXPORT short GetWindowKind(WindowRef window);
 
 // Named data of the application's own, copied in and out. errInvalidWindowProperty when the creator is all
 // lower-case letters, which are kept for the platform; errWindowPropertyNotFound when there is none. A buffer
 // of another size receives the smaller amount of data, and the call gives paramErr.
-CARBON_EXPORT OSStatus SetWindowProperty(WindowRef theWindow, PropertyCreator theCreator, PropertyTag theTag,
-                                         ByteCount theSize, const void* theData);
-CARBON_EXPORT OSStatus GetWindowProperty(WindowRef theWindow, PropertyCreator theCreator, PropertyTag theTag,
-                                         ByteCount theBufferSize, ByteCount* theActualSize, void* theBuffer);
-CARBON_EXPORT OSStatus GetWindowPropertySize(WindowRef theWindow, PropertyCreator theCreator,
-                                             PropertyTag theTag, ByteCount* theSize);
-CARBON_EXPORT OSStatus RemoveWindowProperty(WindowRef theWindow, PropertyCreator theCreator,
-                                            PropertyTag theTag);
+CARBON_EXPORT OSStatus SetWindowProperty(WindowRef window, PropertyCreator propertyCreator,
+                                         PropertyTag propertyTag, ByteCount propertySize,
+                                         const void* propertyBuffer);
+CARBON_EXPORT OSStatus GetWindowProperty(WindowRef window, PropertyCreator propertyCreator,
+                                         PropertyTag propertyTag, ByteCount bufferSize, ByteCount* actualSize,
+                                         void* propertyBuffer);
+CARBON_EXPORT OSStatus GetWindowPropertySize(WindowRef window, PropertyCreator creator, PropertyTag tag,
+                                             ByteCount* size);
+CARBON_EXPORT OSStatus RemoveWindowProperty(WindowRef window, PropertyCreator propertyCreator,
+                                            PropertyTag propertyTag);
 
 // Keyboard focus ----------------------------------------------------------------------------------------
 
 // Sends keys to a window, or to the active one for kUserFocusAuto, which is how it starts. When the window
 // that has the focus changes, for this or by activation, the old one gets kEventWindowFocusRelinquish and the
 // new one kEventWindowFocusAcquired.
-CARBON_EXPORT OSStatus SetUserFocusWindow(WindowRef theWindow);
+CARBON_EXPORT OSStatus SetUserFocusWindow(WindowRef inWindow);
 
 // The window that keys go to, or null.
 CARBON_EXPORT WindowRef GetUserFocusWindow(void);

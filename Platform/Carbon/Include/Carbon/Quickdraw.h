@@ -12,16 +12,16 @@
 
 // Sets all four edges. On purpose: the order of the parameters is not the order of the fields; the platform
 // has it so.
-CARBON_EXPORT void SetRect(Rect* theRect, short theLeft, short theTop, short theRight, short theBottom);
+CARBON_EXPORT void SetRect(Rect* outRect, short inLeft, short inTop, short inRight, short inBottom);
 
-// Moves the rectangle right by theHorizontal and down by theVertical.
-CARBON_EXPORT void OffsetRect(Rect* theRect, short theHorizontal, short theVertical);
+// Moves the rectangle right by inHorizontal and down by inVertical.
+CARBON_EXPORT void OffsetRect(Rect* ioRect, short inHorizontal, short inVertical);
 
 // Whether all four edges agree.
-CARBON_EXPORT Boolean EqualRect(const Rect* theOne, const Rect* theOther);
+CARBON_EXPORT Boolean EqualRect(const Rect* inOne, const Rect* inOther);
 
 // Whether the point lies inside. The left and top edges belong to the rectangle, the right and bottom ones do
 // not.
-CARBON_EXPORT Boolean PtInRect(Point thePoint, const Rect* theRect);
+CARBON_EXPORT Boolean PtInRect(Point inPoint, const Rect* inRect);
 
 #endif

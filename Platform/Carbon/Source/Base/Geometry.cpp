@@ -93,26 +93,26 @@ PixelRect PixelsOf(const Rect& theRect)
 
 // The interface of Quickdraw.h ---------------------------------------------------------------------------
 
-void SetRect(Rect* theRect, short theLeft, short theTop, short theRight, short theBottom)
+void SetRect(Rect* outRect, short inLeft, short inTop, short inRight, short inBottom)
 {
-    if (theRect != nullptr) {
-        *theRect = Host::MakeRect(theLeft, theTop, theRight, theBottom);
+    if (outRect != nullptr) {
+        *outRect = Host::MakeRect(inLeft, inTop, inRight, inBottom);
     }
 }
 
-void OffsetRect(Rect* theRect, short theHorizontal, short theVertical)
+void OffsetRect(Rect* ioRect, short inHorizontal, short inVertical)
 {
-    if (theRect != nullptr) {
-        *theRect = Host::Moved(*theRect, theHorizontal, theVertical);
+    if (ioRect != nullptr) {
+        *ioRect = Host::Moved(*ioRect, inHorizontal, inVertical);
     }
 }
 
-Boolean EqualRect(const Rect* theOne, const Rect* theOther)
+Boolean EqualRect(const Rect* inOne, const Rect* inOther)
 {
-    return theOne != nullptr && theOther != nullptr && Host::Agree(*theOne, *theOther);
+    return inOne != nullptr && inOther != nullptr && Host::Agree(*inOne, *inOther);
 }
 
-Boolean PtInRect(Point thePoint, const Rect* theRect)
+Boolean PtInRect(Point inPoint, const Rect* inRect)
 {
-    return theRect != nullptr && Host::Contains(*theRect, thePoint);
+    return inRect != nullptr && Host::Contains(*inRect, inPoint);
 }

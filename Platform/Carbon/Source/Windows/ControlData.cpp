@@ -151,13 +151,13 @@ const ControlDataTag* Control::FindTag(ResType theTag) const
 
 using namespace Host;
 
-OSErr SetControlData(ControlRef theControl, ControlPartCode thePart, ResType theTag, Size theSize,
-                     const void* theData)
+OSErr SetControlData(ControlRef inControl, ControlPartCode inPart, ResType inTagName, Size inSize,
+                     const void* inData)
 {
     // The event has one parameter for both directions, hence the cast; nothing writes through it.
-    DataCall theCall = {Host::FindControl(theControl), thePart, theTag, theSize, const_cast<void*>(theData)};
+    DataCall theCall = {Host::FindControl(inControl), inPart, inTagName, inSize, const_cast<void*>(inData)};
     OSErr theStatus = CheckCall(theCall);
-    if (theStatus == noErr && theData == nullptr && theSize > 0) {
+    if (theStatus == noErr && inData == nullptr && inSize > 0) {
         theStatus = paramErr;
     }
     if (theStatus != noErr) {
@@ -174,10 +174,10 @@ OSErr SetControlData(ControlRef theControl, ControlPartCode thePart, ResType the
     return static_cast<OSErr>(Guarded([&] { return OSStatus{Write(theCall)}; }));
 }
 
-OSErr GetControlData(ControlRef theControl, ControlPartCode thePart, ResType theTag, Size theBufferSize,
-                     void* theBuffer, Size* theActualSize)
+OSErr GetControlData(ControlRef inControl, ControlPartCode inPart, ResType inTagName, Size inBufferSize,
+                     void* inBuffer, Size* outActualSize)
 {
-    const DataCall theCall = {Host::FindControl(theControl), thePart, theTag, theBufferSize, theBuffer};
+    const DataCall theCall = {Host::FindControl(inControl), inPart, inTagName, inBufferSize, inBuffer};
     const OSErr theStatus = CheckCall(theCall);
     if (theStatus != noErr) {
         return theStatus;
@@ -191,58 +191,60 @@ OSErr GetControlData(ControlRef theControl, ControlPartCode thePart, ResType the
                         ? OSErr{errUnknownControl}
                         : static_cast<OSErr>(Guarded([&] { return OSStatus{Read(theCall, &theSize)}; }));
     }
-    if (theActualSize != nullptr) {
-        *theActualSize = theSize;
+    if (outActualSize != nullptr) {
+        *outActualSize = theSize;
     }
     return theResult;
 }
 
-OSErr GetControlDataSize(ControlRef theControl, ControlPartCode thePart, ResType theTag, Size* theSize)
+OSErr GetControlDataSize(ControlRef inControl, ControlPartCode inPart, ResType inTagName, Size* outMaxSize)
 {
-    return theSize == nullptr ? OSErr{paramErr}
-                              : GetControlData(theControl, thePart, theTag, 0, nullptr, theSize);
+    return outMaxSize == nullptr ? OSErr{paramErr}
+                                 : GetControlData(inControl, inPart, inTagName, 0, nullptr, outMaxSize);
 }
 
-OSErr SetControlFontStyle(ControlRef theControl, const ControlFontStyleRec* theStyle)
+OSErr SetControlFontStyle(ControlRef inControl, const ControlFontStyleRec* inStyle)
 {
-    const SharedControl theFound = Host::FindControl(theControl);
+    const SharedControl theFound = Host::FindControl(inControl);
     if (theFound == nullptr) {
         return errUnknownControl;
     }
-    if (theStyle == nullptr) {
+    if (inStyle == nullptr) {
         return paramErr;
     }
-    theFound->mStyle = *theStyle;
+    theFound->mStyle = *inStyle;
     return noErr;
 }
 
-OSStatus SetControlProperty(ControlRef theControl, OSType theCreator, OSType theTag, ByteCount theSize,
-                            const void* theData)
+OSStatus SetControlProperty(ControlRef control, OSType propertyCreator, OSType propertyTag,
+                            ByteCount propertySize, const void* propertyData)
 {
-    const SharedControl theFound = Host::FindControl(theControl);
-    return theFound == nullptr ? OSStatus{controlHandleInvalidErr}
-                               : theFound->mProperties.Set(theCreator, theTag, theSize, theData);
-}
-
-OSStatus GetControlProperty(ControlRef theControl, OSType theCreator, OSType theTag, ByteCount theBufferSize,
-                            ByteCount* theActualSize, void* theBuffer)
-{
-    const SharedControl theFound = Host::FindControl(theControl);
+    const SharedControl theFound = Host::FindControl(control);
     return theFound == nullptr
                ? OSStatus{controlHandleInvalidErr}
-               : theFound->mProperties.Get(theCreator, theTag, theBufferSize, theActualSize, theBuffer);
+               : theFound->mProperties.Set(propertyCreator, propertyTag, propertySize, propertyData);
 }
 
-OSStatus GetControlPropertySize(ControlRef theControl, OSType theCreator, OSType theTag, ByteCount* theSize)
+OSStatus GetControlProperty(ControlRef control, OSType propertyCreator, OSType propertyTag,
+                            ByteCount bufferSize, ByteCount* actualSize, void* propertyBuffer)
 {
-    const SharedControl theFound = Host::FindControl(theControl);
+    const SharedControl theFound = Host::FindControl(control);
     return theFound == nullptr ? OSStatus{controlHandleInvalidErr}
-                               : theFound->mProperties.GetSize(theCreator, theTag, theSize);
+                               : theFound->mProperties.Get(propertyCreator, propertyTag, bufferSize,
+                                                           actualSize, propertyBuffer);
 }
 
-OSStatus RemoveControlProperty(ControlRef theControl, OSType theCreator, OSType theTag)
+OSStatus GetControlPropertySize(ControlRef control, OSType propertyCreator, OSType propertyTag,
+                                ByteCount* size)
 {
-    const SharedControl theFound = Host::FindControl(theControl);
+    const SharedControl theFound = Host::FindControl(control);
     return theFound == nullptr ? OSStatus{controlHandleInvalidErr}
-                               : theFound->mProperties.Remove(theCreator, theTag);
+                               : theFound->mProperties.GetSize(propertyCreator, propertyTag, size);
+}
+
+OSStatus RemoveControlProperty(ControlRef control, OSType propertyCreator, OSType propertyTag)
+{
+    const SharedControl theFound = Host::FindControl(control);
+    return theFound == nullptr ? OSStatus{controlHandleInvalidErr}
+                               : theFound->mProperties.Remove(propertyCreator, propertyTag);
 }

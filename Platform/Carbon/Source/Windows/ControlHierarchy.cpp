@@ -356,9 +356,9 @@ SharedControl ControlAt(const SharedWindow& theWindow, Point theContentPoint)
 
 using namespace Host;
 
-OSErr CreateRootControl(WindowRef theWindow, ControlRef* theControl)
+OSErr CreateRootControl(WindowRef inWindow, ControlRef* outControl)
 {
-    const SharedWindow theOwner = Host::FindWindow(theWindow);
+    const SharedWindow theOwner = Host::FindWindow(inWindow);
     if (theOwner == nullptr || theOwner->IsClosing()) {
         return errInvalidWindowRef;
     }
@@ -367,41 +367,41 @@ OSErr CreateRootControl(WindowRef theWindow, ControlRef* theControl)
     }
     return static_cast<OSErr>(Guarded([&] {
         const SharedControl theRoot = theOwner->EnsureRoot();
-        if (theControl != nullptr) {
-            *theControl = theRoot->Reference();
+        if (outControl != nullptr) {
+            *outControl = theRoot->Reference();
         }
         return OSStatus{noErr};
     }));
 }
 
-OSErr GetRootControl(WindowRef theWindow, ControlRef* theControl)
+OSErr GetRootControl(WindowRef inWindow, ControlRef* outControl)
 {
-    if (theControl == nullptr) {
+    if (outControl == nullptr) {
         return paramErr;
     }
-    *theControl = nullptr;
-    const SharedWindow theOwner = Host::FindWindow(theWindow);
+    *outControl = nullptr;
+    const SharedWindow theOwner = Host::FindWindow(inWindow);
     if (theOwner == nullptr) {
         return errInvalidWindowRef;
     }
     if (theOwner->Root() == nullptr) {
         return errNoRootControl;
     }
-    *theControl = theOwner->Root()->Reference();
+    *outControl = theOwner->Root()->Reference();
     return noErr;
 }
 
-OSErr EmbedControl(ControlRef theControl, ControlRef theContainer)
+OSErr EmbedControl(ControlRef inControl, ControlRef inContainer)
 {
-    const SharedControl theInner = Host::FindControl(theControl);
-    const SharedControl theOuter = Host::FindControl(theContainer);
+    const SharedControl theInner = Host::FindControl(inControl);
+    const SharedControl theOuter = Host::FindControl(inContainer);
     return theInner == nullptr || theOuter == nullptr ? OSErr{errUnknownControl} : Embed(theInner, theOuter);
 }
 
-OSErr AutoEmbedControl(ControlRef theControl, WindowRef theWindow)
+OSErr AutoEmbedControl(ControlRef inControl, WindowRef inWindow)
 {
-    const SharedControl theInner = Host::FindControl(theControl);
-    const SharedWindow theOwner = Host::FindWindow(theWindow);
+    const SharedControl theInner = Host::FindControl(inControl);
+    const SharedWindow theOwner = Host::FindWindow(inWindow);
     if (theInner == nullptr) {
         return errUnknownControl;
     }
@@ -417,56 +417,56 @@ OSErr AutoEmbedControl(ControlRef theControl, WindowRef theWindow)
     return Embed(theInner, DeepestAround(theOwner->Root(), theInner));
 }
 
-OSErr CountSubControls(ControlRef theControl, UInt16* theCount)
+OSErr CountSubControls(ControlRef inControl, UInt16* outNumChildren)
 {
-    const SharedControl theContainer = Host::FindControl(theControl);
-    if (theCount == nullptr) {
+    const SharedControl theContainer = Host::FindControl(inControl);
+    if (outNumChildren == nullptr) {
         return paramErr;
     }
-    *theCount = 0;
+    *outNumChildren = 0;
     if (theContainer == nullptr) {
         return errUnknownControl;
     }
-    *theCount = static_cast<UInt16>(std::min<size_t>(theContainer->SubControls().size(), UINT16_MAX));
+    *outNumChildren = static_cast<UInt16>(std::min<size_t>(theContainer->SubControls().size(), UINT16_MAX));
     return noErr;
 }
 
-OSErr GetIndexedSubControl(ControlRef theControl, UInt16 theIndex, ControlRef* theSubControl)
+OSErr GetIndexedSubControl(ControlRef inControl, UInt16 inIndex, ControlRef* outSubControl)
 {
-    if (theSubControl == nullptr) {
+    if (outSubControl == nullptr) {
         return paramErr;
     }
-    *theSubControl = nullptr;
-    const SharedControl theContainer = Host::FindControl(theControl);
+    *outSubControl = nullptr;
+    const SharedControl theContainer = Host::FindControl(inControl);
     if (theContainer == nullptr) {
         return errUnknownControl;
     }
-    if (theIndex == 0 || theIndex > theContainer->SubControls().size()) {
+    if (inIndex == 0 || inIndex > theContainer->SubControls().size()) {
         return paramErr;
     }
-    *theSubControl = theContainer->SubControls()[theIndex - size_t{1}]->Reference();
+    *outSubControl = theContainer->SubControls()[inIndex - size_t{1}]->Reference();
     return noErr;
 }
 
-OSErr GetSuperControl(ControlRef theControl, ControlRef* theParent)
+OSErr GetSuperControl(ControlRef inControl, ControlRef* outParent)
 {
-    if (theParent == nullptr) {
+    if (outParent == nullptr) {
         return paramErr;
     }
-    *theParent = nullptr;
-    const SharedControl theInner = Host::FindControl(theControl);
+    *outParent = nullptr;
+    const SharedControl theInner = Host::FindControl(inControl);
     if (theInner == nullptr) {
         return errUnknownControl;
     }
     if (const SharedControl theContainer = theInner->Parent()) {
-        *theParent = theContainer->Reference();
+        *outParent = theContainer->Reference();
     }
     return noErr;
 }
 
-WindowRef GetControlOwner(ControlRef theControl)
+WindowRef GetControlOwner(ControlRef control)
 {
-    const SharedControl theInner = Host::FindControl(theControl);
+    const SharedControl theInner = Host::FindControl(control);
     const SharedWindow theOwner = theInner == nullptr ? nullptr : theInner->Owner();
     return theOwner == nullptr ? nullptr : theOwner->Reference();
 }
@@ -493,24 +493,24 @@ Boolean IsValidControlHandle(ControlRef theControl)
     return Host::FindControl(theControl) != nullptr;
 }
 
-OSStatus GetControlByID(WindowRef theWindow, const ControlID* theID, ControlRef* theControl)
+OSStatus GetControlByID(WindowRef inWindow, const ControlID* inID, ControlRef* outControl)
 {
-    if (theControl == nullptr) {
+    if (outControl == nullptr) {
         return paramErr;
     }
-    *theControl = nullptr;
-    if (theID == nullptr) {
+    *outControl = nullptr;
+    if (inID == nullptr) {
         return paramErr;
     }
-    const SharedWindow theOwner = Host::FindWindow(theWindow);
+    const SharedWindow theOwner = Host::FindWindow(inWindow);
     if (theOwner == nullptr) {
         return errInvalidWindowRef;
     }
-    const SharedControl theFound = theOwner->Root() == nullptr ? nullptr : FindID(theOwner->Root(), *theID);
+    const SharedControl theFound = theOwner->Root() == nullptr ? nullptr : FindID(theOwner->Root(), *inID);
     if (theFound == nullptr) {
         return errUnknownControl;
     }
-    *theControl = theFound->Reference();
+    *outControl = theFound->Reference();
     return noErr;
 }
 

@@ -12,17 +12,17 @@ using namespace Host;
 
 // Procedures ---------------------------------------------------------------------------------------------
 
-ControlActionUPP NewControlActionUPP(ControlActionProcPtr theProcedure)
+ControlActionUPP NewControlActionUPP(ControlActionProcPtr inProcedure)
 {
-    return theProcedure;
+    return inProcedure;
 }
 
 void DisposeControlActionUPP(ControlActionUPP) {}
 
-void InvokeControlActionUPP(ControlRef theControl, ControlPartCode thePart, ControlActionUPP theProcedure)
+void InvokeControlActionUPP(ControlRef theControl, ControlPartCode inPartCode, ControlActionUPP inProcedure)
 {
-    if (theProcedure != nullptr) {
-        theProcedure(theControl, thePart);
+    if (inProcedure != nullptr) {
+        inProcedure(theControl, inPartCode);
     }
 }
 
@@ -57,9 +57,9 @@ SInt32 GetControl32BitValue(ControlRef theControl)
     return GetNumber(theControl, &ControlRange::theValue);
 }
 
-void SetControl32BitValue(ControlRef theControl, SInt32 theValue)
+void SetControl32BitValue(ControlRef theControl, SInt32 newValue)
 {
-    SetNumber(theControl, &ControlRange::theValue, theValue);
+    SetNumber(theControl, &ControlRange::theValue, newValue);
 }
 
 SInt32 GetControl32BitMinimum(ControlRef theControl)
@@ -67,9 +67,9 @@ SInt32 GetControl32BitMinimum(ControlRef theControl)
     return GetNumber(theControl, &ControlRange::theMinimum);
 }
 
-void SetControl32BitMinimum(ControlRef theControl, SInt32 theMinimum)
+void SetControl32BitMinimum(ControlRef theControl, SInt32 newMinimum)
 {
-    SetNumber(theControl, &ControlRange::theMinimum, theMinimum);
+    SetNumber(theControl, &ControlRange::theMinimum, newMinimum);
 }
 
 SInt32 GetControl32BitMaximum(ControlRef theControl)
@@ -77,9 +77,9 @@ SInt32 GetControl32BitMaximum(ControlRef theControl)
     return GetNumber(theControl, &ControlRange::theMaximum);
 }
 
-void SetControl32BitMaximum(ControlRef theControl, SInt32 theMaximum)
+void SetControl32BitMaximum(ControlRef theControl, SInt32 newMaximum)
 {
-    SetNumber(theControl, &ControlRange::theMaximum, theMaximum);
+    SetNumber(theControl, &ControlRange::theMaximum, newMaximum);
 }
 
 SInt32 GetControlViewSize(ControlRef theControl)
@@ -87,9 +87,9 @@ SInt32 GetControlViewSize(ControlRef theControl)
     return GetNumber(theControl, &ControlRange::theViewSize);
 }
 
-void SetControlViewSize(ControlRef theControl, SInt32 theViewSize)
+void SetControlViewSize(ControlRef theControl, SInt32 newViewSize)
 {
-    SetNumber(theControl, &ControlRange::theViewSize, theViewSize);
+    SetNumber(theControl, &ControlRange::theViewSize, newViewSize);
 }
 
 SInt16 GetControlValue(ControlRef theControl)
@@ -97,9 +97,9 @@ SInt16 GetControlValue(ControlRef theControl)
     return LowerHalf(GetControl32BitValue(theControl));
 }
 
-void SetControlValue(ControlRef theControl, SInt16 theValue)
+void SetControlValue(ControlRef theControl, SInt16 newValue)
 {
-    SetControl32BitValue(theControl, theValue);
+    SetControl32BitValue(theControl, newValue);
 }
 
 SInt16 GetControlMinimum(ControlRef theControl)
@@ -107,9 +107,9 @@ SInt16 GetControlMinimum(ControlRef theControl)
     return LowerHalf(GetControl32BitMinimum(theControl));
 }
 
-void SetControlMinimum(ControlRef theControl, SInt16 theMinimum)
+void SetControlMinimum(ControlRef theControl, SInt16 newMinimum)
 {
-    SetControl32BitMinimum(theControl, theMinimum);
+    SetControl32BitMinimum(theControl, newMinimum);
 }
 
 SInt16 GetControlMaximum(ControlRef theControl)
@@ -117,9 +117,9 @@ SInt16 GetControlMaximum(ControlRef theControl)
     return LowerHalf(GetControl32BitMaximum(theControl));
 }
 
-void SetControlMaximum(ControlRef theControl, SInt16 theMaximum)
+void SetControlMaximum(ControlRef theControl, SInt16 newMaximum)
 {
-    SetControl32BitMaximum(theControl, theMaximum);
+    SetControl32BitMaximum(theControl, newMaximum);
 }
 
 // State --------------------------------------------------------------------------------------------------
@@ -143,39 +143,39 @@ OSErr SetState(ControlRef theControl, ControlState theState, bool theNewState)
 
 } // namespace
 
-OSStatus EnableControl(ControlRef theControl)
+OSStatus EnableControl(ControlRef inControl)
 {
-    return SetState(theControl, ControlState::kEnabled, true);
+    return SetState(inControl, ControlState::kEnabled, true);
 }
 
-OSStatus DisableControl(ControlRef theControl)
+OSStatus DisableControl(ControlRef inControl)
 {
-    return SetState(theControl, ControlState::kEnabled, false);
+    return SetState(inControl, ControlState::kEnabled, false);
 }
 
-Boolean IsControlEnabled(ControlRef theControl)
+Boolean IsControlEnabled(ControlRef inControl)
 {
-    return GetState(theControl, ControlState::kEnabled);
+    return GetState(inControl, ControlState::kEnabled);
 }
 
-OSErr ActivateControl(ControlRef theControl)
+OSErr ActivateControl(ControlRef inControl)
 {
-    return SetState(theControl, ControlState::kActive, true);
+    return SetState(inControl, ControlState::kActive, true);
 }
 
-OSErr DeactivateControl(ControlRef theControl)
+OSErr DeactivateControl(ControlRef inControl)
 {
-    return SetState(theControl, ControlState::kActive, false);
+    return SetState(inControl, ControlState::kActive, false);
 }
 
-Boolean IsControlActive(ControlRef theControl)
+Boolean IsControlActive(ControlRef inControl)
 {
-    return GetState(theControl, ControlState::kActive);
+    return GetState(inControl, ControlState::kActive);
 }
 
-OSErr SetControlVisibility(ControlRef theControl, Boolean theIsVisible, Boolean)
+OSErr SetControlVisibility(ControlRef inControl, Boolean inIsVisible, Boolean)
 {
-    return SetState(theControl, ControlState::kVisible, theIsVisible != 0);
+    return SetState(inControl, ControlState::kVisible, inIsVisible != 0);
 }
 
 void ShowControl(ControlRef theControl)
@@ -188,31 +188,31 @@ void HideControl(ControlRef theControl)
     SetState(theControl, ControlState::kVisible, false);
 }
 
-Boolean IsControlVisible(ControlRef theControl)
+Boolean IsControlVisible(ControlRef inControl)
 {
-    return GetState(theControl, ControlState::kVisible);
+    return GetState(inControl, ControlState::kVisible);
 }
 
-void HiliteControl(ControlRef theControl, ControlPartCode theState)
+void HiliteControl(ControlRef theControl, ControlPartCode hiliteState)
 {
     const SharedControl theFound = Host::FindControl(theControl);
-    if (theFound == nullptr || theState < 0 || theState > kControlInactivePart) {
+    if (theFound == nullptr || hiliteState < 0 || hiliteState > kControlInactivePart) {
         return;
     }
-    if (theState == kControlDisabledPart) {
+    if (hiliteState == kControlDisabledPart) {
         theFound->Set(ControlState::kEnabled, false);
-    } else if (theState == kControlInactivePart) {
+    } else if (hiliteState == kControlInactivePart) {
         theFound->Set(ControlState::kActive, false);
     } else {
         theFound->Set(ControlState::kEnabled, true);
         theFound->Set(ControlState::kActive, true);
-        theFound->SetHilite(theState);
+        theFound->SetHilite(hiliteState);
     }
 }
 
-UInt16 GetControlHilite(ControlRef theControl)
+UInt16 GetControlHilite(ControlRef control)
 {
-    const SharedControl theFound = Host::FindControl(theControl);
+    const SharedControl theFound = Host::FindControl(control);
     if (theFound == nullptr) {
         return 0;
     }
@@ -225,89 +225,88 @@ UInt16 GetControlHilite(ControlRef theControl)
 
 // Bounds -------------------------------------------------------------------------------------------------
 
-Rect* GetControlBounds(ControlRef theControl, Rect* theBounds)
+Rect* GetControlBounds(ControlRef control, Rect* bounds)
 {
-    const SharedControl theFound = Host::FindControl(theControl);
-    if (theBounds != nullptr) {
-        *theBounds = theFound == nullptr ? MakeRect(0, 0, 0, 0) : theFound->Bounds();
+    const SharedControl theFound = Host::FindControl(control);
+    if (bounds != nullptr) {
+        *bounds = theFound == nullptr ? MakeRect(0, 0, 0, 0) : theFound->Bounds();
     }
-    return theBounds;
+    return bounds;
 }
 
-void SetControlBounds(ControlRef theControl, const Rect* theBounds)
+void SetControlBounds(ControlRef control, const Rect* bounds)
 {
-    const SharedControl theFound = Host::FindControl(theControl);
-    if (theFound != nullptr && theBounds != nullptr) {
-        theFound->SetBounds(*theBounds);
+    const SharedControl theFound = Host::FindControl(control);
+    if (theFound != nullptr && bounds != nullptr) {
+        theFound->SetBounds(*bounds);
     }
 }
 
-void MoveControl(ControlRef theControl, SInt16 theLeft, SInt16 theTop)
+void MoveControl(ControlRef theControl, SInt16 h, SInt16 v)
 {
     if (const SharedControl theFound = Host::FindControl(theControl)) {
         const Rect& theBounds = theFound->Bounds();
-        theFound->SetBounds(Moved(theBounds, theLeft - theBounds.left, theTop - theBounds.top));
+        theFound->SetBounds(Moved(theBounds, h - theBounds.left, v - theBounds.top));
     }
 }
 
-void SizeControl(ControlRef theControl, SInt16 theWidth, SInt16 theHeight)
+void SizeControl(ControlRef theControl, SInt16 w, SInt16 h)
 {
     if (const SharedControl theFound = Host::FindControl(theControl)) {
         const Rect& theBounds = theFound->Bounds();
-        theFound->SetBounds(
-            MakeRect(theBounds.left, theBounds.top, theBounds.left + theWidth, theBounds.top + theHeight));
+        theFound->SetBounds(MakeRect(theBounds.left, theBounds.top, theBounds.left + w, theBounds.top + h));
     }
 }
 
 // Titles -------------------------------------------------------------------------------------------------
 
-OSStatus SetControlTitleWithCFString(ControlRef theControl, CFStringRef theTitle)
+OSStatus SetControlTitleWithCFString(ControlRef inControl, CFStringRef inString)
 {
-    const SharedControl theFound = Host::FindControl(theControl);
+    const SharedControl theFound = Host::FindControl(inControl);
     if (theFound == nullptr) {
         return errUnknownControl;
     }
-    if (theTitle == nullptr) {
+    if (inString == nullptr) {
         return paramErr;
     }
     return Guarded([&] {
-        theFound->SetTitle(TextOf(theTitle));
+        theFound->SetTitle(TextOf(inString));
         return OSStatus{noErr};
     });
 }
 
-OSStatus CopyControlTitleAsCFString(ControlRef theControl, CFStringRef* theTitle)
+OSStatus CopyControlTitleAsCFString(ControlRef inControl, CFStringRef* outString)
 {
-    if (theTitle == nullptr) {
+    if (outString == nullptr) {
         return paramErr;
     }
-    *theTitle = nullptr;
-    const SharedControl theFound = Host::FindControl(theControl);
+    *outString = nullptr;
+    const SharedControl theFound = Host::FindControl(inControl);
     if (theFound == nullptr) {
         return errUnknownControl;
     }
     return Guarded([&] {
-        *theTitle = CreateString(theFound->Title());
-        return *theTitle == nullptr ? OSStatus{memFullErr} : OSStatus{noErr};
+        *outString = CreateString(theFound->Title());
+        return *outString == nullptr ? OSStatus{memFullErr} : OSStatus{noErr};
     });
 }
 
-void SetControlTitle(ControlRef theControl, ConstStr255Param theTitle)
+void SetControlTitle(ControlRef theControl, ConstStr255Param title)
 {
     const SharedControl theFound = Host::FindControl(theControl);
-    if (theFound != nullptr && theTitle != nullptr) {
+    if (theFound != nullptr && title != nullptr) {
         Guarded([&] {
-            theFound->SetTitle(TextOfPascalString(theTitle));
+            theFound->SetTitle(TextOfPascalString(title));
             return OSStatus{noErr};
         });
     }
 }
 
-void GetControlTitle(ControlRef theControl, Str255 theTitle)
+void GetControlTitle(ControlRef theControl, Str255 title)
 {
     const SharedControl theFound = Host::FindControl(theControl);
-    if (theTitle != nullptr) {
-        CopyToPascalString(theFound == nullptr ? Text() : theFound->Title(), theTitle);
+    if (title != nullptr) {
+        CopyToPascalString(theFound == nullptr ? Text() : theFound->Title(), title);
     }
 }
 
@@ -329,52 +328,52 @@ OSStatus ReadField(ControlRef theControl, Type* theResult, Reader theReader)
 
 } // namespace
 
-OSStatus GetControlKind(ControlRef theControl, ControlKind* theKind)
+OSStatus GetControlKind(ControlRef inControl, ControlKind* outControlKind)
 {
-    return ReadField(theControl, theKind, [](const Control& theFound) {
+    return ReadField(inControl, outControlKind, [](const Control& theFound) {
         return ControlKind{kControlKindSignatureApple, theFound.Kind()};
     });
 }
 
-OSStatus SetControlID(ControlRef theControl, const ControlID* theID)
+OSStatus SetControlID(ControlRef inControl, const ControlID* inID)
 {
-    const SharedControl theFound = Host::FindControl(theControl);
+    const SharedControl theFound = Host::FindControl(inControl);
     if (theFound == nullptr) {
         return errUnknownControl;
     }
-    if (theID == nullptr) {
+    if (inID == nullptr) {
         return paramErr;
     }
-    theFound->mID = *theID;
+    theFound->mID = *inID;
     theFound->mHasID = true;
     theFound->Show();
     return noErr;
 }
 
-OSStatus GetControlID(ControlRef theControl, ControlID* theID)
+OSStatus GetControlID(ControlRef inControl, ControlID* outID)
 {
-    return ReadField(theControl, theID, [](const Control& theFound) { return theFound.mID; });
+    return ReadField(inControl, outID, [](const Control& theFound) { return theFound.mID; });
 }
 
-OSStatus SetControlCommandID(ControlRef theControl, UInt32 theCommand)
+OSStatus SetControlCommandID(ControlRef inControl, UInt32 inCommandID)
 {
-    const SharedControl theFound = Host::FindControl(theControl);
+    const SharedControl theFound = Host::FindControl(inControl);
     if (theFound == nullptr) {
         return errUnknownControl;
     }
-    theFound->mCommand = theCommand;
+    theFound->mCommand = inCommandID;
     return noErr;
 }
 
-OSStatus GetControlCommandID(ControlRef theControl, UInt32* theCommand)
+OSStatus GetControlCommandID(ControlRef inControl, UInt32* outCommandID)
 {
-    return ReadField(theControl, theCommand, [](const Control& theFound) { return theFound.mCommand; });
+    return ReadField(inControl, outCommandID, [](const Control& theFound) { return theFound.mCommand; });
 }
 
-void SetControlReference(ControlRef theControl, SRefCon theData)
+void SetControlReference(ControlRef theControl, SRefCon data)
 {
     if (const SharedControl theFound = Host::FindControl(theControl)) {
-        theFound->mReference = theData;
+        theFound->mReference = data;
     }
 }
 
@@ -384,10 +383,10 @@ SRefCon GetControlReference(ControlRef theControl)
     return theFound == nullptr ? SRefCon{} : theFound->mReference;
 }
 
-void SetControlAction(ControlRef theControl, ControlActionUPP theAction)
+void SetControlAction(ControlRef theControl, ControlActionUPP actionProc)
 {
     if (const SharedControl theFound = Host::FindControl(theControl)) {
-        theFound->mAction = theAction;
+        theFound->mAction = actionProc;
     }
 }
 
@@ -397,8 +396,8 @@ ControlActionUPP GetControlAction(ControlRef theControl)
     return theFound == nullptr ? nullptr : theFound->mAction;
 }
 
-OSErr GetControlFeatures(ControlRef theControl, UInt32* theFeatures)
+OSErr GetControlFeatures(ControlRef inControl, UInt32* outFeatures)
 {
     return static_cast<OSErr>(
-        ReadField(theControl, theFeatures, [](const Control& theFound) { return theFound.Features(); }));
+        ReadField(inControl, outFeatures, [](const Control& theFound) { return theFound.Features(); }));
 }

@@ -298,33 +298,33 @@ bool PointOfValue(const SharedControl& theControl, SInt32 theValue, Point* thePo
 
 using namespace Host;
 
-ControlPartCode FindControl(Point thePoint, WindowRef theWindow, ControlRef* theControl)
+ControlPartCode FindControl(Point testPoint, WindowRef theWindow, ControlRef* theControl)
 {
-    const SharedControl theFound = ControlAt(Host::FindWindow(theWindow), thePoint);
+    const SharedControl theFound = ControlAt(Host::FindWindow(theWindow), testPoint);
     if (theControl != nullptr) {
         *theControl = theFound == nullptr ? nullptr : theFound->Reference();
     }
     return theFound == nullptr ? ControlPartCode{kControlNoPart}
-                               : TestControl(theFound->Reference(), thePoint);
+                               : TestControl(theFound->Reference(), testPoint);
 }
 
-ControlPartCode TestControl(ControlRef theControl, Point thePoint)
+ControlPartCode TestControl(ControlRef theControl, Point testPoint)
 {
     const SharedControl theFound = Host::FindControl(theControl);
     if (theFound == nullptr || !theFound->CanBePressed() || !theFound->Is(ControlState::kActive) ||
-        !Contains(theFound->WindowBounds(), thePoint)) {
+        !Contains(theFound->WindowBounds(), testPoint)) {
         return kControlNoPart;
     }
-    return theFound->PartAt(thePoint);
+    return theFound->PartAt(testPoint);
 }
 
-OSStatus HIViewSimulateClick(ControlRef theControl, ControlPartCode thePart, UInt32 theModifiers,
-                             ControlPartCode* theClickedPart)
+OSStatus HIViewSimulateClick(ControlRef inView, ControlPartCode inPartToClick, UInt32 inModifiers,
+                             ControlPartCode* outPartClicked)
 {
-    if (theClickedPart != nullptr) {
-        *theClickedPart = kControlNoPart;
+    if (outPartClicked != nullptr) {
+        *outPartClicked = kControlNoPart;
     }
-    const SharedControl theFound = Host::FindControl(theControl);
+    const SharedControl theFound = Host::FindControl(inView);
     if (theFound == nullptr) {
         return errUnknownControl;
     }
@@ -332,13 +332,14 @@ OSStatus HIViewSimulateClick(ControlRef theControl, ControlPartCode thePart, UIn
         return errControlHiddenOrDisabled;
     }
     const ControlPartCode theMiddle = theFound->PartAt(MiddleOf(theFound->WindowBounds()));
-    thePart = thePart == kControlEntireControl ? theMiddle : thePart;
-    if (thePart == kControlNoPart || (thePart != theMiddle && IsEmpty(theFound->PlaceOf(thePart)))) {
+    inPartToClick = inPartToClick == kControlEntireControl ? theMiddle : inPartToClick;
+    if (inPartToClick == kControlNoPart ||
+        (inPartToClick != theMiddle && IsEmpty(theFound->PlaceOf(inPartToClick)))) {
         return errInvalidPartCode;
     }
-    if (theClickedPart != nullptr) {
-        *theClickedPart = thePart;
+    if (outPartClicked != nullptr) {
+        *outPartClicked = inPartToClick;
     }
-    PressAndRelease(theFound, thePart, theModifiers);
+    PressAndRelease(theFound, inPartToClick, inModifiers);
     return noErr;
 }

@@ -368,18 +368,18 @@ void ShowFocus()
 
 using namespace Host;
 
-OSErr GetKeyboardFocus(WindowRef theWindow, ControlRef* theControl)
+OSErr GetKeyboardFocus(WindowRef inWindow, ControlRef* outControl)
 {
-    if (theControl == nullptr) {
+    if (outControl == nullptr) {
         return paramErr;
     }
-    *theControl = nullptr;
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    *outControl = nullptr;
+    const SharedWindow theFound = Host::FindWindow(inWindow);
     if (theFound == nullptr) {
         return errInvalidWindowRef;
     }
     if (const SharedControl theFocus = FocusedControl(*theFound)) {
-        *theControl = theFocus->Reference();
+        *outControl = theFocus->Reference();
     }
     return noErr;
 }
@@ -398,10 +398,10 @@ ControlPartCode PartWanted(const Control& theControl, bool theHasFocus, ControlF
 
 } // namespace
 
-OSErr SetKeyboardFocus(WindowRef theWindow, ControlRef theControl, ControlFocusPart thePart)
+OSErr SetKeyboardFocus(WindowRef inWindow, ControlRef inControl, ControlFocusPart inPart)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
-    const SharedControl theNext = Host::FindControl(theControl);
+    const SharedWindow theFound = Host::FindWindow(inWindow);
+    const SharedControl theNext = Host::FindControl(inControl);
     if (theFound == nullptr) {
         return errInvalidWindowRef;
     }
@@ -412,14 +412,14 @@ OSErr SetKeyboardFocus(WindowRef theWindow, ControlRef theControl, ControlFocusP
         return paramErr;
     }
     const bool theHasFocus = FocusedControl(*theFound) == theNext;
-    const ControlPartCode theWanted = PartWanted(*theNext, theHasFocus, thePart);
+    const ControlPartCode theWanted = PartWanted(*theNext, theHasFocus, inPart);
     if (theWanted != kControlFocusNoPart) {
         return MoveFocus(theFound, theNext, theWanted);
     }
     if (theHasFocus) {
         return MoveFocus(theFound, nullptr, kControlFocusNoPart);
     }
-    return thePart == kControlFocusNoPart ? OSErr{noErr} : OSErr{errCouldntSetFocus};
+    return inPart == kControlFocusNoPart ? OSErr{noErr} : OSErr{errCouldntSetFocus};
 }
 
 namespace {
@@ -435,19 +435,19 @@ OSErr Advance(WindowRef theWindow, bool theBackward)
 
 } // namespace
 
-OSErr AdvanceKeyboardFocus(WindowRef theWindow)
+OSErr AdvanceKeyboardFocus(WindowRef inWindow)
 {
-    return Advance(theWindow, false);
+    return Advance(inWindow, false);
 }
 
-OSErr ReverseKeyboardFocus(WindowRef theWindow)
+OSErr ReverseKeyboardFocus(WindowRef inWindow)
 {
-    return Advance(theWindow, true);
+    return Advance(inWindow, true);
 }
 
-OSErr ClearKeyboardFocus(WindowRef theWindow)
+OSErr ClearKeyboardFocus(WindowRef inWindow)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    const SharedWindow theFound = Host::FindWindow(inWindow);
     if (theFound == nullptr) {
         return errInvalidWindowRef;
     }
@@ -455,13 +455,13 @@ OSErr ClearKeyboardFocus(WindowRef theWindow)
                                        : MoveFocus(theFound, nullptr, kControlFocusNoPart);
 }
 
-OSStatus SetUserFocusWindow(WindowRef theWindow)
+OSStatus SetUserFocusWindow(WindowRef inWindow)
 {
-    if (theWindow == kUserFocusAuto) {
+    if (inWindow == kUserFocusAuto) {
         ForgetChosenUserFocus();
         return noErr;
     }
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    const SharedWindow theFound = Host::FindWindow(inWindow);
     if (theFound == nullptr) {
         return errInvalidWindowRef;
     }
@@ -522,22 +522,22 @@ OSStatus GetButton(WindowRef theWindow, std::weak_ptr<Control> Window::*theButto
 
 } // namespace
 
-OSStatus SetWindowDefaultButton(WindowRef theWindow, ControlRef theControl)
+OSStatus SetWindowDefaultButton(WindowRef inWindow, ControlRef inControl)
 {
-    return SetButton(theWindow, &Window::mDefaultButton, theControl);
+    return SetButton(inWindow, &Window::mDefaultButton, inControl);
 }
 
-OSStatus SetWindowCancelButton(WindowRef theWindow, ControlRef theControl)
+OSStatus SetWindowCancelButton(WindowRef inWindow, ControlRef inControl)
 {
-    return SetButton(theWindow, &Window::mCancelButton, theControl);
+    return SetButton(inWindow, &Window::mCancelButton, inControl);
 }
 
-OSStatus GetWindowDefaultButton(WindowRef theWindow, ControlRef* theControl)
+OSStatus GetWindowDefaultButton(WindowRef inWindow, ControlRef* outControl)
 {
-    return GetButton(theWindow, &Window::mDefaultButton, theControl);
+    return GetButton(inWindow, &Window::mDefaultButton, outControl);
 }
 
-OSStatus GetWindowCancelButton(WindowRef theWindow, ControlRef* theControl)
+OSStatus GetWindowCancelButton(WindowRef inWindow, ControlRef* outControl)
 {
-    return GetButton(theWindow, &Window::mCancelButton, theControl);
+    return GetButton(inWindow, &Window::mCancelButton, outControl);
 }

@@ -55,55 +55,55 @@ bool AreAllowed(WindowAttributes theAttributes, WindowAttributes theAllowed)
 
 // Life ---------------------------------------------------------------------------------------------------
 
-OSStatus CreateNewWindow(WindowClass theClass, WindowAttributes theAttributes, const Rect* theContentBounds,
-                         WindowRef* theWindow)
+OSStatus CreateNewWindow(WindowClass windowClass, WindowAttributes attributes, const Rect* contentBounds,
+                         WindowRef* outWindow)
 {
-    if (theWindow == nullptr) {
+    if (outWindow == nullptr) {
         return paramErr;
     }
-    *theWindow = nullptr;
-    const WindowTraits* theTraits = TraitsOf(theClass);
+    *outWindow = nullptr;
+    const WindowTraits* theTraits = TraitsOf(windowClass);
     if (theTraits == nullptr) {
         return errUnrecognizedWindowClass;
     }
-    if (!AreAllowed(theAttributes, theTraits->theAllowed)) {
+    if (!AreAllowed(attributes, theTraits->theAllowed)) {
         return errUnsupportedWindowAttributesForClass;
     }
-    if (theContentBounds == nullptr || IsEmpty(*theContentBounds)) {
+    if (contentBounds == nullptr || IsEmpty(*contentBounds)) {
         return paramErr;
     }
     return Guarded([&] {
-        const auto theNew = std::make_shared<Window>(*theTraits, theAttributes, *theContentBounds);
+        const auto theNew = std::make_shared<Window>(*theTraits, attributes, *contentBounds);
         const OSStatus theStatus = theNew->Begin();
-        *theWindow = theStatus == noErr ? theNew->Reference() : nullptr;
+        *outWindow = theStatus == noErr ? theNew->Reference() : nullptr;
         return theStatus;
     });
 }
 
-void DisposeWindow(WindowRef theWindow)
+void DisposeWindow(WindowRef window)
 {
-    ReleaseWindow(theWindow);
+    ReleaseWindow(window);
 }
 
-OSStatus ReleaseWindow(WindowRef theWindow)
+OSStatus ReleaseWindow(WindowRef inWindow)
 {
-    return With(theWindow, [](const SharedWindow& theFound) { theFound->Release(); });
+    return With(inWindow, [](const SharedWindow& theFound) { theFound->Release(); });
 }
 
-OSStatus RetainWindow(WindowRef theWindow)
+OSStatus RetainWindow(WindowRef inWindow)
 {
-    return With(theWindow, [](const SharedWindow& theFound) { theFound->Retain(); });
+    return With(inWindow, [](const SharedWindow& theFound) { theFound->Retain(); });
 }
 
-ItemCount GetWindowRetainCount(WindowRef theWindow)
+ItemCount GetWindowRetainCount(WindowRef inWindow)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    const SharedWindow theFound = Host::FindWindow(inWindow);
     return theFound == nullptr ? 0 : theFound->References();
 }
 
-Boolean IsValidWindowPtr(WindowRef theWindow)
+Boolean IsValidWindowPtr(WindowRef possibleWindow)
 {
-    return Host::FindWindow(theWindow) != nullptr;
+    return Host::FindWindow(possibleWindow) != nullptr;
 }
 
 EventTargetRef GetWindowEventTarget(WindowRef theWindow)
@@ -114,9 +114,9 @@ EventTargetRef GetWindowEventTarget(WindowRef theWindow)
 
 // Showing ------------------------------------------------------------------------------------------------
 
-void ShowWindow(WindowRef theWindow)
+void ShowWindow(WindowRef window)
 {
-    With(theWindow, [](const SharedWindow& theFound) {
+    With(window, [](const SharedWindow& theFound) {
         if (!theFound->IsVisible() && !theFound->IsClosing()) {
             theFound->SetVisible(true);
             ActivateAfterShowing(theFound);
@@ -124,41 +124,41 @@ void ShowWindow(WindowRef theWindow)
     });
 }
 
-void HideWindow(WindowRef theWindow)
+void HideWindow(WindowRef window)
 {
-    With(theWindow, [](const SharedWindow& theFound) {
+    With(window, [](const SharedWindow& theFound) {
         theFound->SetVisible(false);
         ActivateAfterHiding(theFound);
     });
 }
 
-void ShowHide(WindowRef theWindow, Boolean theShow)
+void ShowHide(WindowRef window, Boolean showFlag)
 {
-    With(theWindow, [theShow](const SharedWindow& theFound) {
+    With(window, [showFlag](const SharedWindow& theFound) {
         if (!theFound->IsClosing()) {
-            theFound->SetVisible(theShow != 0);
+            theFound->SetVisible(showFlag != 0);
         }
     });
 }
 
-Boolean IsWindowVisible(WindowRef theWindow)
+Boolean IsWindowVisible(WindowRef window)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    const SharedWindow theFound = Host::FindWindow(window);
     return theFound != nullptr && theFound->IsVisible();
 }
 
-OSStatus CollapseWindow(WindowRef theWindow, Boolean theCollapse)
+OSStatus CollapseWindow(WindowRef window, Boolean collapse)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    const SharedWindow theFound = Host::FindWindow(window);
     if (theFound == nullptr) {
         return errInvalidWindowRef;
     }
-    if (theCollapse && !theFound->Has(kWindowCollapseBoxAttribute)) {
+    if (collapse && !theFound->Has(kWindowCollapseBoxAttribute)) {
         return windowWrongStateErr;
     }
     const bool theWasCollapsed = theFound->IsCollapsed();
-    theFound->SetCollapsed(theCollapse != 0);
-    if (theCollapse) {
+    theFound->SetCollapsed(collapse != 0);
+    if (collapse) {
         ActivateAfterHiding(theFound);
     } else if (theWasCollapsed && !theFound->IsClosing()) {
         ActivateAfterShowing(theFound);
@@ -166,19 +166,19 @@ OSStatus CollapseWindow(WindowRef theWindow, Boolean theCollapse)
     return noErr;
 }
 
-Boolean IsWindowCollapsed(WindowRef theWindow)
+Boolean IsWindowCollapsed(WindowRef window)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    const SharedWindow theFound = Host::FindWindow(window);
     return theFound != nullptr && theFound->IsCollapsed();
 }
 
-Boolean IsWindowCollapsable(WindowRef theWindow)
+Boolean IsWindowCollapsable(WindowRef window)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    const SharedWindow theFound = Host::FindWindow(window);
     return theFound != nullptr && theFound->Has(kWindowCollapseBoxAttribute);
 }
 
-OSStatus CollapseAllWindows(Boolean theCollapse)
+OSStatus CollapseAllWindows(Boolean collapse)
 {
     return Guarded([=] {
         // A copy: handlers may close windows. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
@@ -186,7 +186,7 @@ OSStatus CollapseAllWindows(Boolean theCollapse)
         for (const SharedWindow& theWindow : theWindows) {
             if (theWindow->IsVisible() && !theWindow->IsGone() &&
                 theWindow->Has(kWindowCollapseBoxAttribute)) {
-                CollapseWindow(theWindow->Reference(), theCollapse);
+                CollapseWindow(theWindow->Reference(), collapse);
             }
         }
         return OSStatus{noErr};
@@ -195,23 +195,23 @@ OSStatus CollapseAllWindows(Boolean theCollapse)
 
 // Bounds -------------------------------------------------------------------------------------------------
 
-OSStatus SetWindowBounds(WindowRef theWindow, WindowRegionCode theRegion, const Rect* theBounds)
+OSStatus SetWindowBounds(WindowRef window, WindowRegionCode regionCode, const Rect* globalBounds)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    const SharedWindow theFound = Host::FindWindow(window);
     if (theFound == nullptr) {
         return errInvalidWindowRef;
     }
-    if (theRegion != kWindowContentRgn && theRegion != kWindowStructureRgn) {
+    if (regionCode != kWindowContentRgn && regionCode != kWindowStructureRgn) {
         return errWindowRegionCodeInvalid;
     }
-    if (theBounds == nullptr) {
+    if (globalBounds == nullptr) {
         return paramErr;
     }
-    Rect theContent = *theBounds;
-    if (theRegion == kWindowStructureRgn) {
+    Rect theContent = *globalBounds;
+    if (regionCode == kWindowStructureRgn) {
         const Rect theWidths = theFound->FrameWidths();
-        theContent = MakeRect(theBounds->left + theWidths.left, theBounds->top + theWidths.top,
-                              theBounds->right - theWidths.right, theBounds->bottom - theWidths.bottom);
+        theContent = MakeRect(globalBounds->left + theWidths.left, globalBounds->top + theWidths.top,
+                              globalBounds->right - theWidths.right, globalBounds->bottom - theWidths.bottom);
     }
     if (IsEmpty(theContent)) {
         return paramErr;
@@ -220,96 +220,96 @@ OSStatus SetWindowBounds(WindowRef theWindow, WindowRegionCode theRegion, const 
     return noErr;
 }
 
-OSStatus GetWindowBounds(WindowRef theWindow, WindowRegionCode theRegion, Rect* theBounds)
+OSStatus GetWindowBounds(WindowRef window, WindowRegionCode regionCode, Rect* globalBounds)
 {
-    if (theBounds == nullptr) {
+    if (globalBounds == nullptr) {
         return paramErr;
     }
-    *theBounds = MakeRect(0, 0, 0, 0);
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    *globalBounds = MakeRect(0, 0, 0, 0);
+    const SharedWindow theFound = Host::FindWindow(window);
     if (theFound == nullptr) {
         return errInvalidWindowRef;
     }
-    *theBounds = theFound->PlaceOf(theRegion);
-    const bool theCanBeEmpty = theRegion == kWindowContentRgn;
-    return IsEmpty(*theBounds) && !theCanBeEmpty ? OSStatus{errWindowRegionCodeInvalid} : OSStatus{noErr};
+    *globalBounds = theFound->PlaceOf(regionCode);
+    const bool theCanBeEmpty = regionCode == kWindowContentRgn;
+    return IsEmpty(*globalBounds) && !theCanBeEmpty ? OSStatus{errWindowRegionCodeInvalid} : OSStatus{noErr};
 }
 
-void MoveWindow(WindowRef theWindow, short theLeft, short theTop, Boolean theFront)
+void MoveWindow(WindowRef window, short hGlobal, short vGlobal, Boolean front)
 {
-    With(theWindow, [=](const SharedWindow& theFound) {
+    With(window, [=](const SharedWindow& theFound) {
         const Rect theContent = theFound->Content();
-        theFound->SetContent(Moved(theContent, theLeft - theContent.left, theTop - theContent.top));
-        if (theFront && !theFound->IsGone()) {
+        theFound->SetContent(Moved(theContent, hGlobal - theContent.left, vGlobal - theContent.top));
+        if (front && !theFound->IsGone()) {
             SelectWindow(theFound->Reference());
         }
     });
 }
 
-OSStatus MoveWindowStructure(WindowRef theWindow, short theLeft, short theTop)
+OSStatus MoveWindowStructure(WindowRef window, short hGlobal, short vGlobal)
 {
-    return With(theWindow, [=](const SharedWindow& theFound) {
+    return With(window, [=](const SharedWindow& theFound) {
         const Rect theStructure = theFound->Structure();
         theFound->SetContent(
-            Moved(theFound->Content(), theLeft - theStructure.left, theTop - theStructure.top));
+            Moved(theFound->Content(), hGlobal - theStructure.left, vGlobal - theStructure.top));
     });
 }
 
-void SizeWindow(WindowRef theWindow, short theWidth, short theHeight, Boolean)
+void SizeWindow(WindowRef window, short w, short h, Boolean)
 {
-    With(theWindow, [=](const SharedWindow& theFound) {
+    With(window, [=](const SharedWindow& theFound) {
         const Rect theContent = theFound->Content();
         const Rect theNew =
-            MakeRect(theContent.left, theContent.top, theContent.left + theWidth, theContent.top + theHeight);
+            MakeRect(theContent.left, theContent.top, theContent.left + w, theContent.top + h);
         if (!IsEmpty(theNew)) {
             theFound->SetContent(theNew);
         }
     });
 }
 
-Rect* GetWindowPortBounds(WindowRef theWindow, Rect* theBounds)
+Rect* GetWindowPortBounds(WindowRef window, Rect* bounds)
 {
-    if (theBounds != nullptr) {
-        *theBounds = MakeRect(0, 0, 0, 0);
-        With(theWindow, [=](const SharedWindow& theFound) {
-            *theBounds = MakeRect(0, 0, WidthOf(theFound->Content()), HeightOf(theFound->Content()));
+    if (bounds != nullptr) {
+        *bounds = MakeRect(0, 0, 0, 0);
+        With(window, [=](const SharedWindow& theFound) {
+            *bounds = MakeRect(0, 0, WidthOf(theFound->Content()), HeightOf(theFound->Content()));
         });
     }
-    return theBounds;
+    return bounds;
 }
 
-OSStatus GetWindowStructureWidths(WindowRef theWindow, Rect* theWidths)
+OSStatus GetWindowStructureWidths(WindowRef inWindow, Rect* outRect)
 {
-    return ReadField(theWindow, theWidths, [](const Window& theFound) { return theFound.FrameWidths(); });
+    return ReadField(inWindow, outRect, [](const Window& theFound) { return theFound.FrameWidths(); });
 }
 
-OSStatus SetWindowResizeLimits(WindowRef theWindow, const HISize* theSmallest, const HISize* theLargest)
+OSStatus SetWindowResizeLimits(WindowRef inWindow, const HISize* inMinLimits, const HISize* inMaxLimits)
 {
-    return With(theWindow, [=](const SharedWindow& theFound) {
-        theFound->mSmallest = theSmallest == nullptr ? CGSizeMake(0, 0) : *theSmallest;
-        theFound->mLargest = theLargest == nullptr ? CGSizeMake(32767, 32767) : *theLargest;
+    return With(inWindow, [=](const SharedWindow& theFound) {
+        theFound->mSmallest = inMinLimits == nullptr ? CGSizeMake(0, 0) : *inMinLimits;
+        theFound->mLargest = inMaxLimits == nullptr ? CGSizeMake(32767, 32767) : *inMaxLimits;
         theFound->Show();
     });
 }
 
-OSStatus GetWindowResizeLimits(WindowRef theWindow, HISize* theSmallest, HISize* theLargest)
+OSStatus GetWindowResizeLimits(WindowRef inWindow, HISize* outMinLimits, HISize* outMaxLimits)
 {
-    return With(theWindow, [=](const SharedWindow& theFound) {
-        if (theSmallest != nullptr) {
-            *theSmallest = theFound->mSmallest;
+    return With(inWindow, [=](const SharedWindow& theFound) {
+        if (outMinLimits != nullptr) {
+            *outMinLimits = theFound->mSmallest;
         }
-        if (theLargest != nullptr) {
-            *theLargest = theFound->mLargest;
+        if (outMaxLimits != nullptr) {
+            *outMaxLimits = theFound->mLargest;
         }
     });
 }
 
 // Titles -------------------------------------------------------------------------------------------------
 
-OSStatus SetWindowTitleWithCFString(WindowRef theWindow, CFStringRef theTitle)
+OSStatus SetWindowTitleWithCFString(WindowRef inWindow, CFStringRef inString)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
-    if (theTitle == nullptr) {
+    const SharedWindow theFound = Host::FindWindow(inWindow);
+    if (inString == nullptr) {
         return paramErr;
     }
     if (theFound == nullptr) {
@@ -317,7 +317,7 @@ OSStatus SetWindowTitleWithCFString(WindowRef theWindow, CFStringRef theTitle)
     }
     Text theText;
     const OSStatus theStatus = Guarded([&] {
-        theText = TextOf(theTitle);
+        theText = TextOf(inString);
         return OSStatus{noErr};
     });
     if (theStatus == noErr) {
@@ -326,47 +326,47 @@ OSStatus SetWindowTitleWithCFString(WindowRef theWindow, CFStringRef theTitle)
     return theStatus;
 }
 
-OSStatus CopyWindowTitleAsCFString(WindowRef theWindow, CFStringRef* theTitle)
+OSStatus CopyWindowTitleAsCFString(WindowRef inWindow, CFStringRef* outString)
 {
-    if (theTitle == nullptr) {
+    if (outString == nullptr) {
         return paramErr;
     }
-    *theTitle = nullptr;
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    *outString = nullptr;
+    const SharedWindow theFound = Host::FindWindow(inWindow);
     if (theFound == nullptr) {
         return errInvalidWindowRef;
     }
     return Guarded([&] {
-        *theTitle = CreateString(theFound->Title());
-        return *theTitle == nullptr ? OSStatus{memFullErr} : OSStatus{noErr};
+        *outString = CreateString(theFound->Title());
+        return *outString == nullptr ? OSStatus{memFullErr} : OSStatus{noErr};
     });
 }
 
-void SetWTitle(WindowRef theWindow, ConstStr255Param theTitle)
+void SetWTitle(WindowRef window, ConstStr255Param title)
 {
-    if (theTitle != nullptr) {
-        With(theWindow, [=](const SharedWindow& theFound) {
+    if (title != nullptr) {
+        With(window, [=](const SharedWindow& theFound) {
             Guarded([&] {
-                theFound->SetTitle(TextOfPascalString(theTitle));
+                theFound->SetTitle(TextOfPascalString(title));
                 return OSStatus{noErr};
             });
         });
     }
 }
 
-void GetWTitle(WindowRef theWindow, Str255 theTitle)
+void GetWTitle(WindowRef window, Str255 title)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
-    if (theTitle != nullptr) {
-        CopyToPascalString(theFound == nullptr ? Text() : theFound->Title(), theTitle);
+    const SharedWindow theFound = Host::FindWindow(window);
+    if (title != nullptr) {
+        CopyToPascalString(theFound == nullptr ? Text() : theFound->Title(), title);
     }
 }
 
 // Order and activation -----------------------------------------------------------------------------------
 
-void SelectWindow(WindowRef theWindow)
+void SelectWindow(WindowRef window)
 {
-    With(theWindow, [](const SharedWindow& theFound) {
+    With(window, [](const SharedWindow& theFound) {
         PutInFront(theFound);
         if (theFound->TakesPart() && theFound->Traits().theSharesActivity) {
             MakeActive(theFound);
@@ -374,39 +374,39 @@ void SelectWindow(WindowRef theWindow)
     });
 }
 
-void BringToFront(WindowRef theWindow)
+void BringToFront(WindowRef window)
 {
-    With(theWindow, [](const SharedWindow& theFound) { PutInFront(theFound); });
+    With(window, [](const SharedWindow& theFound) { PutInFront(theFound); });
 }
 
-void SendBehind(WindowRef theWindow, WindowRef theBehind)
+void SendBehind(WindowRef window, WindowRef behindWindow)
 {
-    const SharedWindow theFront = Host::FindWindow(theBehind);
-    if (theBehind != nullptr && (theFront == nullptr || theBehind == theWindow)) {
+    const SharedWindow theFront = Host::FindWindow(behindWindow);
+    if (behindWindow != nullptr && (theFront == nullptr || behindWindow == window)) {
         return;
     }
-    With(theWindow, [&](const SharedWindow& theFound) {
+    With(window, [&](const SharedWindow& theFound) {
         PutBehind(theFound, theFront);
         ActivateAfterReordering();
     });
 }
 
-OSStatus ActivateWindow(WindowRef theWindow, Boolean theActivate)
+OSStatus ActivateWindow(WindowRef inWindow, Boolean inActivate)
 {
-    return With(theWindow, [=](const SharedWindow& theFound) {
-        if (theActivate && theFound->Traits().theSharesActivity) {
+    return With(inWindow, [=](const SharedWindow& theFound) {
+        if (inActivate && theFound->Traits().theSharesActivity) {
             MakeActive(theFound);
-        } else if (!theActivate && theFound == ActiveWindow()) {
+        } else if (!inActivate && theFound == ActiveWindow()) {
             MakeActive(nullptr);
         } else {
-            theFound->SetActive(theActivate != 0);
+            theFound->SetActive(inActivate != 0);
         }
     });
 }
 
-Boolean IsWindowActive(WindowRef theWindow)
+Boolean IsWindowActive(WindowRef inWindow)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    const SharedWindow theFound = Host::FindWindow(inWindow);
     return theFound != nullptr && theFound->IsActive();
 }
 
@@ -460,39 +460,39 @@ WindowRef GetWindowList(void)
     return FirstWindow(0, [](const Window&) { return true; });
 }
 
-WindowRef GetNextWindow(WindowRef theWindow)
+WindowRef GetNextWindow(WindowRef window)
 {
-    return Neighbour(theWindow, 1);
+    return Neighbour(window, 1);
 }
 
-WindowRef GetPreviousWindow(WindowRef theWindow)
+WindowRef GetPreviousWindow(WindowRef inWindow)
 {
-    return Neighbour(theWindow, -1);
+    return Neighbour(inWindow, -1);
 }
 
-WindowRef GetFrontWindowOfClass(WindowClass theClass, Boolean theMustBeVisible)
+WindowRef GetFrontWindowOfClass(WindowClass inWindowClass, Boolean mustBeVisible)
 {
-    return GetNextWindowOfClass(kFirstWindowOfClass, theClass, theMustBeVisible);
+    return GetNextWindowOfClass(kFirstWindowOfClass, inWindowClass, mustBeVisible);
 }
 
-WindowRef GetNextWindowOfClass(WindowRef theWindow, WindowClass theClass, Boolean theMustBeVisible)
+WindowRef GetNextWindowOfClass(WindowRef inWindow, WindowClass inWindowClass, Boolean mustBeVisible)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
-    if (theFound == nullptr && theWindow != kFirstWindowOfClass) {
+    const SharedWindow theFound = Host::FindWindow(inWindow);
+    if (theFound == nullptr && inWindow != kFirstWindowOfClass) {
         return nullptr;
     }
     const size_t theStart = theFound == nullptr ? 0 : static_cast<size_t>(PlaceInOrder(*theFound)) + 1;
     return FirstWindow(theStart, [=](const Window& theOne) {
-        return (theClass == kAllWindowClasses || theOne.Traits().theClass == theClass) &&
-               (!theMustBeVisible || theOne.IsVisible());
+        return (inWindowClass == kAllWindowClasses || theOne.Traits().theClass == inWindowClass) &&
+               (!mustBeVisible || theOne.IsVisible());
     });
 }
 
-WindowPartCode FindWindow(Point thePoint, WindowRef* theWindow)
+WindowPartCode FindWindow(Point thePoint, WindowRef* window)
 {
     const SharedWindow theFound = WindowAt(thePoint);
-    if (theWindow != nullptr) {
-        *theWindow = ReferenceOf(theFound);
+    if (window != nullptr) {
+        *window = ReferenceOf(theFound);
     }
     if (theFound != nullptr) {
         return PartAt(*theFound, thePoint);
@@ -505,96 +505,97 @@ WindowPartCode FindWindow(Point thePoint, WindowRef* theWindow)
 
 // State of its own ---------------------------------------------------------------------------------------
 
-OSStatus GetWindowClass(WindowRef theWindow, WindowClass* theClass)
+OSStatus GetWindowClass(WindowRef window, WindowClass* outClass)
 {
-    return ReadField(theWindow, theClass, [](const Window& theFound) { return theFound.Traits().theClass; });
+    return ReadField(window, outClass, [](const Window& theFound) { return theFound.Traits().theClass; });
 }
 
-OSStatus GetWindowAttributes(WindowRef theWindow, WindowAttributes* theAttributes)
+OSStatus GetWindowAttributes(WindowRef window, WindowAttributes* outAttributes)
 {
-    return ReadField(theWindow, theAttributes, [](const Window& theFound) { return theFound.Attributes(); });
+    return ReadField(window, outAttributes, [](const Window& theFound) { return theFound.Attributes(); });
 }
 
-OSStatus ChangeWindowAttributes(WindowRef theWindow, WindowAttributes theSet, WindowAttributes theClear)
+OSStatus ChangeWindowAttributes(WindowRef window, WindowAttributes setTheseAttributes,
+                                WindowAttributes clearTheseAttributes)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    const SharedWindow theFound = Host::FindWindow(window);
     if (theFound == nullptr) {
         return errInvalidWindowRef;
     }
-    if ((theSet & theClear) != 0) {
+    if ((setTheseAttributes & clearTheseAttributes) != 0) {
         return windowAttributesConflictErr;
     }
-    if (((theSet | theClear) & kWindowCompositingAttribute) != 0) {
+    if (((setTheseAttributes | clearTheseAttributes) & kWindowCompositingAttribute) != 0) {
         return windowAttributeImmutableErr;
     }
-    if (!AreAllowed(theSet, theFound->Traits().theAllowedLater)) {
+    if (!AreAllowed(setTheseAttributes, theFound->Traits().theAllowedLater)) {
         return errUnsupportedWindowAttributesForClass;
     }
-    theFound->SetAttributes((theFound->Attributes() | theSet) & ~theClear);
+    theFound->SetAttributes((theFound->Attributes() | setTheseAttributes) & ~clearTheseAttributes);
     return noErr;
 }
 
-OSStatus SetWindowModified(WindowRef theWindow, Boolean theModified)
+OSStatus SetWindowModified(WindowRef window, Boolean modified)
 {
-    return With(theWindow, [=](const SharedWindow& theFound) { theFound->SetModified(theModified != 0); });
+    return With(window, [=](const SharedWindow& theFound) { theFound->SetModified(modified != 0); });
 }
 
-Boolean IsWindowModified(WindowRef theWindow)
+Boolean IsWindowModified(WindowRef window)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    const SharedWindow theFound = Host::FindWindow(window);
     return theFound != nullptr && theFound->IsModified();
 }
 
-void SetWRefCon(WindowRef theWindow, SRefCon theData)
+void SetWRefCon(WindowRef window, SRefCon data)
 {
-    With(theWindow, [=](const SharedWindow& theFound) { theFound->mReference = theData; });
+    With(window, [=](const SharedWindow& theFound) { theFound->mReference = data; });
 }
 
-SRefCon GetWRefCon(WindowRef theWindow)
+SRefCon GetWRefCon(WindowRef window)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    const SharedWindow theFound = Host::FindWindow(window);
     return theFound == nullptr ? SRefCon{} : theFound->mReference;
 }
 
-void SetWindowKind(WindowRef theWindow, short theKind)
+void SetWindowKind(WindowRef window, short kind)
 {
-    With(theWindow, [=](const SharedWindow& theFound) { theFound->mKind = theKind; });
+    With(window, [=](const SharedWindow& theFound) { theFound->mKind = kind; });
 }
 
-short GetWindowKind(WindowRef theWindow)
+short GetWindowKind(WindowRef window)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    const SharedWindow theFound = Host::FindWindow(window);
     return theFound == nullptr ? short{0} : theFound->mKind;
 }
 
-OSStatus SetWindowProperty(WindowRef theWindow, PropertyCreator theCreator, PropertyTag theTag,
-                           ByteCount theSize, const void* theData)
+OSStatus SetWindowProperty(WindowRef window, PropertyCreator propertyCreator, PropertyTag propertyTag,
+                           ByteCount propertySize, const void* propertyBuffer)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
-    return theFound == nullptr ? OSStatus{errInvalidWindowRef}
-                               : theFound->mProperties.Set(theCreator, theTag, theSize, theData);
-}
-
-OSStatus GetWindowProperty(WindowRef theWindow, PropertyCreator theCreator, PropertyTag theTag,
-                           ByteCount theBufferSize, ByteCount* theActualSize, void* theBuffer)
-{
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    const SharedWindow theFound = Host::FindWindow(window);
     return theFound == nullptr
                ? OSStatus{errInvalidWindowRef}
-               : theFound->mProperties.Get(theCreator, theTag, theBufferSize, theActualSize, theBuffer);
+               : theFound->mProperties.Set(propertyCreator, propertyTag, propertySize, propertyBuffer);
 }
 
-OSStatus GetWindowPropertySize(WindowRef theWindow, PropertyCreator theCreator, PropertyTag theTag,
-                               ByteCount* theSize)
+OSStatus GetWindowProperty(WindowRef window, PropertyCreator propertyCreator, PropertyTag propertyTag,
+                           ByteCount bufferSize, ByteCount* actualSize, void* propertyBuffer)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    const SharedWindow theFound = Host::FindWindow(window);
     return theFound == nullptr ? OSStatus{errInvalidWindowRef}
-                               : theFound->mProperties.GetSize(theCreator, theTag, theSize);
+                               : theFound->mProperties.Get(propertyCreator, propertyTag, bufferSize,
+                                                           actualSize, propertyBuffer);
 }
 
-OSStatus RemoveWindowProperty(WindowRef theWindow, PropertyCreator theCreator, PropertyTag theTag)
+OSStatus GetWindowPropertySize(WindowRef window, PropertyCreator creator, PropertyTag tag, ByteCount* size)
 {
-    const SharedWindow theFound = Host::FindWindow(theWindow);
+    const SharedWindow theFound = Host::FindWindow(window);
     return theFound == nullptr ? OSStatus{errInvalidWindowRef}
-                               : theFound->mProperties.Remove(theCreator, theTag);
+                               : theFound->mProperties.GetSize(creator, tag, size);
+}
+
+OSStatus RemoveWindowProperty(WindowRef window, PropertyCreator propertyCreator, PropertyTag propertyTag)
+{
+    const SharedWindow theFound = Host::FindWindow(window);
+    return theFound == nullptr ? OSStatus{errInvalidWindowRef}
+                               : theFound->mProperties.Remove(propertyCreator, propertyTag);
 }

@@ -22,10 +22,10 @@
 
 #ifdef __cplusplus
 #define CF_EXTERN extern "C"
-#define CF_OF_TYPE(theType) : theType
+#define CF_OF_TYPE(inType) : inType
 #else
 #define CF_EXTERN extern
-#define CF_OF_TYPE(theType)
+#define CF_OF_TYPE(inType)
 #endif
 #define CF_EXPORT CF_EXTERN __attribute__((visibility("default")))
 #define CF_INLINE static inline
@@ -60,11 +60,11 @@ typedef struct CFRange
     CFIndex length;
 } CFRange;
 
-CF_INLINE CFRange CFRangeMake(CFIndex theLocation, CFIndex theLength)
+CF_INLINE CFRange CFRangeMake(CFIndex inLocation, CFIndex inLength)
 {
     CFRange theRange;
-    theRange.location = theLocation;
-    theRange.length = theLength;
+    theRange.location = inLocation;
+    theRange.length = inLength;
     return theRange;
 }
 
@@ -77,42 +77,42 @@ enum CF_OF_TYPE(CFIndex)
     kCFCompareGreaterThan = 1
 };
 
-typedef CFComparisonResult (*CFComparatorFunction)(const void* theFirst, const void* theSecond,
-                                                   void* theContext);
+typedef CFComparisonResult (*CFComparatorFunction)(const void* inFirst, const void* inSecond,
+                                                   void* inContext);
 
 // Every object
 
 // The type of an object. Mutable and immutable objects of one kind have the same type.
-CF_EXPORT CFTypeID CFGetTypeID(CFTypeRef theObject);
+CF_EXPORT CFTypeID CFGetTypeID(CFTypeRef inObject);
 
 // The name of a type, such as "CFString"; NULL for an identifier that no type has. The caller releases it.
-CF_EXPORT CFStringRef CFCopyTypeIDDescription(CFTypeID theType);
+CF_EXPORT CFStringRef CFCopyTypeIDDescription(CFTypeID inType);
 
 // Adds a reference, and returns its argument. Constants, such as kCFBooleanTrue or a CFSTR, stay as they are.
-CF_EXPORT CFTypeRef CFRetain(CFTypeRef theObject);
+CF_EXPORT CFTypeRef CFRetain(CFTypeRef inObject);
 
 // Takes a reference away, and frees the object at once when it was the last. Constants stay as they are.
-CF_EXPORT void CFRelease(CFTypeRef theObject);
+CF_EXPORT void CFRelease(CFTypeRef inObject);
 
 // The number of references; a huge number that never changes for a constant.
-CF_EXPORT CFIndex CFGetRetainCount(CFTypeRef theObject);
+CF_EXPORT CFIndex CFGetRetainCount(CFTypeRef inObject);
 
 // Whether two objects have the same type and the same content. Numbers compare by their value, whatever
 // type they were made with.
-CF_EXPORT Boolean CFEqual(CFTypeRef theFirst, CFTypeRef theSecond);
+CF_EXPORT Boolean CFEqual(CFTypeRef inFirst, CFTypeRef inSecond);
 
 // A number that is the same for equal objects.
-CF_EXPORT CFHashCode CFHash(CFTypeRef theObject);
+CF_EXPORT CFHashCode CFHash(CFTypeRef inObject);
 
 // A text for debugging, with the object's type, address and content. The caller releases it. NULL for NULL.
-CF_EXPORT CFStringRef CFCopyDescription(CFTypeRef theObject);
+CF_EXPORT CFStringRef CFCopyDescription(CFTypeRef inObject);
 
 // The allocator of an object: kCFAllocatorSystemDefault unless the object is itself an allocator.
-CF_EXPORT CFAllocatorRef CFGetAllocator(CFTypeRef theObject);
+CF_EXPORT CFAllocatorRef CFGetAllocator(CFTypeRef inObject);
 
 // Writes a string's characters (those outside ASCII as \uXXXX), or another object's description, and a new
 // line to the standard error stream; "(null)" for NULL.
-CF_EXPORT void CFShow(CFTypeRef theObject);
+CF_EXPORT void CFShow(CFTypeRef inObject);
 
 // Allocators
 

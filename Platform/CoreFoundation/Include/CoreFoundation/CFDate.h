@@ -20,11 +20,11 @@ CF_EXPORT CFAbsoluteTime CFAbsoluteTimeGetCurrent(void);
 
 CF_EXPORT CFTypeID CFDateGetTypeID(void);
 // Fractions of a second are kept. The caller releases it.
-CF_EXPORT CFDateRef CFDateCreate(CFAllocatorRef theAllocator, CFAbsoluteTime theTime);
-CF_EXPORT CFAbsoluteTime CFDateGetAbsoluteTime(CFDateRef theDate);
-// theDate minus theOther.
-CF_EXPORT CFTimeInterval CFDateGetTimeIntervalSinceDate(CFDateRef theDate, CFDateRef theOther);
+CF_EXPORT CFDateRef CFDateCreate(CFAllocatorRef inAllocator, CFAbsoluteTime inTime);
+CF_EXPORT CFAbsoluteTime CFDateGetAbsoluteTime(CFDateRef inDate);
+// inDate minus inOther.
+CF_EXPORT CFTimeInterval CFDateGetTimeIntervalSinceDate(CFDateRef inDate, CFDateRef inOther);
 // The context is not used.
-CF_EXPORT CFComparisonResult CFDateCompare(CFDateRef theDate, CFDateRef theOther, void* theContext);
+CF_EXPORT CFComparisonResult CFDateCompare(CFDateRef inDate, CFDateRef inOther, void* inContext);
 
 #endif

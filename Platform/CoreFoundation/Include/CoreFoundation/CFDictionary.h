@@ -18,11 +18,11 @@
 typedef const struct __CFDictionary* CFDictionaryRef;
 typedef struct __CFDictionary* CFMutableDictionaryRef;
 
-typedef const void* (*CFDictionaryRetainCallBack)(CFAllocatorRef theAllocator, const void* theValue);
-typedef void (*CFDictionaryReleaseCallBack)(CFAllocatorRef theAllocator, const void* theValue);
-typedef CFStringRef (*CFDictionaryCopyDescriptionCallBack)(const void* theValue);
-typedef Boolean (*CFDictionaryEqualCallBack)(const void* theFirst, const void* theSecond);
-typedef CFHashCode (*CFDictionaryHashCallBack)(const void* theValue);
+typedef const void* (*CFDictionaryRetainCallBack)(CFAllocatorRef inAllocator, const void* inValue);
+typedef void (*CFDictionaryReleaseCallBack)(CFAllocatorRef inAllocator, const void* inValue);
+typedef CFStringRef (*CFDictionaryCopyDescriptionCallBack)(const void* inValue);
+typedef Boolean (*CFDictionaryEqualCallBack)(const void* inFirst, const void* inSecond);
+typedef CFHashCode (*CFDictionaryHashCallBack)(const void* inValue);
 
 // Each function may be NULL: keys are then not retained, not released, described by their address, compared
 // by their address, and hashed by their address. The version is 0.
@@ -51,63 +51,62 @@ CF_EXPORT const CFDictionaryValueCallBacks kCFTypeDictionaryValueCallBacks;
 // For keys that are strings; the dictionary holds immutable copies of them.
 CF_EXPORT const CFDictionaryKeyCallBacks kCFCopyStringDictionaryKeyCallBacks;
 
-typedef void (*CFDictionaryApplierFunction)(const void* theKey, const void* theValue, void* theContext);
+typedef void (*CFDictionaryApplierFunction)(const void* inKey, const void* inValue, void* inContext);
 
 CF_EXPORT CFTypeID CFDictionaryGetTypeID(void);
 
 // Making dictionaries; the caller releases them. The callbacks are copied.
 
 // Of a key that is given twice, the first value stays.
-CF_EXPORT CFDictionaryRef CFDictionaryCreate(CFAllocatorRef theAllocator, const void** theKeys,
-                                             const void** theValues, CFIndex theCount,
-                                             const CFDictionaryKeyCallBacks* theKeyCallBacks,
-                                             const CFDictionaryValueCallBacks* theValueCallBacks);
+CF_EXPORT CFDictionaryRef CFDictionaryCreate(CFAllocatorRef inAllocator, const void** inKeys,
+                                             const void** inValues, CFIndex inCount,
+                                             const CFDictionaryKeyCallBacks* inKeyCallBacks,
+                                             const CFDictionaryValueCallBacks* inValueCallBacks);
 
 // A new immutable dictionary with the same keys, values and callbacks.
-CF_EXPORT CFDictionaryRef CFDictionaryCreateCopy(CFAllocatorRef theAllocator, CFDictionaryRef theDictionary);
+CF_EXPORT CFDictionaryRef CFDictionaryCreateCopy(CFAllocatorRef inAllocator, CFDictionaryRef inDictionary);
 
 // An empty dictionary that can be changed. The capacity is a hint; 0 is the usual argument.
 CF_EXPORT CFMutableDictionaryRef CFDictionaryCreateMutable(
-    CFAllocatorRef theAllocator, CFIndex theCapacity, const CFDictionaryKeyCallBacks* theKeyCallBacks,
-    const CFDictionaryValueCallBacks* theValueCallBacks);
+    CFAllocatorRef inAllocator, CFIndex inCapacity, const CFDictionaryKeyCallBacks* inKeyCallBacks,
+    const CFDictionaryValueCallBacks* inValueCallBacks);
 
-CF_EXPORT CFMutableDictionaryRef CFDictionaryCreateMutableCopy(CFAllocatorRef theAllocator,
-                                                               CFIndex theCapacity,
-                                                               CFDictionaryRef theDictionary);
+CF_EXPORT CFMutableDictionaryRef CFDictionaryCreateMutableCopy(CFAllocatorRef inAllocator, CFIndex inCapacity,
+                                                               CFDictionaryRef inDictionary);
 
 // Reading. Keys and values are not retained for the caller.
 
-CF_EXPORT CFIndex CFDictionaryGetCount(CFDictionaryRef theDictionary);
+CF_EXPORT CFIndex CFDictionaryGetCount(CFDictionaryRef inDictionary);
 // 1 or 0.
-CF_EXPORT CFIndex CFDictionaryGetCountOfKey(CFDictionaryRef theDictionary, const void* theKey);
-CF_EXPORT CFIndex CFDictionaryGetCountOfValue(CFDictionaryRef theDictionary, const void* theValue);
-CF_EXPORT Boolean CFDictionaryContainsKey(CFDictionaryRef theDictionary, const void* theKey);
-CF_EXPORT Boolean CFDictionaryContainsValue(CFDictionaryRef theDictionary, const void* theValue);
+CF_EXPORT CFIndex CFDictionaryGetCountOfKey(CFDictionaryRef inDictionary, const void* inKey);
+CF_EXPORT CFIndex CFDictionaryGetCountOfValue(CFDictionaryRef inDictionary, const void* inValue);
+CF_EXPORT Boolean CFDictionaryContainsKey(CFDictionaryRef inDictionary, const void* inKey);
+CF_EXPORT Boolean CFDictionaryContainsValue(CFDictionaryRef inDictionary, const void* inValue);
 // NULL when there is no such key.
-CF_EXPORT const void* CFDictionaryGetValue(CFDictionaryRef theDictionary, const void* theKey);
-// Tells a NULL value from an absent one. theValue may be NULL, and stays untouched when the key is absent.
-CF_EXPORT Boolean CFDictionaryGetValueIfPresent(CFDictionaryRef theDictionary, const void* theKey,
-                                                const void** theValue);
+CF_EXPORT const void* CFDictionaryGetValue(CFDictionaryRef inDictionary, const void* inKey);
+// Tells a NULL value from an absent one. outValue may be NULL, and stays untouched when the key is absent.
+CF_EXPORT Boolean CFDictionaryGetValueIfPresent(CFDictionaryRef inDictionary, const void* inKey,
+                                                const void** outValue);
 // Fills two buffers of CFDictionaryGetCount pointers each; either may be NULL.
-CF_EXPORT void CFDictionaryGetKeysAndValues(CFDictionaryRef theDictionary, const void** theKeys,
-                                            const void** theValues);
-// Calls theFunction with each key and its value. It must not change the dictionary.
-CF_EXPORT void CFDictionaryApplyFunction(CFDictionaryRef theDictionary,
-                                         CFDictionaryApplierFunction theFunction, void* theContext);
+CF_EXPORT void CFDictionaryGetKeysAndValues(CFDictionaryRef inDictionary, const void** outKeys,
+                                            const void** outValues);
+// Calls inFunction with each key and its value. It must not change the dictionary.
+CF_EXPORT void CFDictionaryApplyFunction(CFDictionaryRef inDictionary, CFDictionaryApplierFunction inFunction,
+                                         void* inContext);
 
 // Changing mutable dictionaries
 
 // Only when the key is absent; an existing value stays.
-CF_EXPORT void CFDictionaryAddValue(CFMutableDictionaryRef theDictionary, const void* theKey,
-                                    const void* theValue);
+CF_EXPORT void CFDictionaryAddValue(CFMutableDictionaryRef inDictionary, const void* inKey,
+                                    const void* inValue);
 // Adds, or replaces the value. The key object that is there already stays.
-CF_EXPORT void CFDictionarySetValue(CFMutableDictionaryRef theDictionary, const void* theKey,
-                                    const void* theValue);
+CF_EXPORT void CFDictionarySetValue(CFMutableDictionaryRef inDictionary, const void* inKey,
+                                    const void* inValue);
 // Only when the key is present.
-CF_EXPORT void CFDictionaryReplaceValue(CFMutableDictionaryRef theDictionary, const void* theKey,
-                                        const void* theValue);
+CF_EXPORT void CFDictionaryReplaceValue(CFMutableDictionaryRef inDictionary, const void* inKey,
+                                        const void* inValue);
 // Does nothing when the key is absent.
-CF_EXPORT void CFDictionaryRemoveValue(CFMutableDictionaryRef theDictionary, const void* theKey);
-CF_EXPORT void CFDictionaryRemoveAllValues(CFMutableDictionaryRef theDictionary);
+CF_EXPORT void CFDictionaryRemoveValue(CFMutableDictionaryRef inDictionary, const void* inKey);
+CF_EXPORT void CFDictionaryRemoveAllValues(CFMutableDictionaryRef inDictionary);
 
 #endif

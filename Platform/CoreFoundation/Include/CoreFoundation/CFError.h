@@ -27,24 +27,23 @@ CF_EXPORT const CFStringRef kCFErrorUnderlyingErrorKey;             // the error
 CF_EXPORT CFTypeID CFErrorGetTypeID(void);
 
 // An error; the dictionary, which may be NULL, is copied. The caller releases it.
-CF_EXPORT CFErrorRef CFErrorCreate(CFAllocatorRef theAllocator, CFStringRef theDomain, CFIndex theCode,
-                                   CFDictionaryRef theUserInfo);
-// The same with theCount keys and values.
-CF_EXPORT CFErrorRef CFErrorCreateWithUserInfoKeysAndValues(CFAllocatorRef theAllocator,
-                                                            CFStringRef theDomain, CFIndex theCode,
-                                                            const void* const* theKeys,
-                                                            const void* const* theValues, CFIndex theCount);
+CF_EXPORT CFErrorRef CFErrorCreate(CFAllocatorRef inAllocator, CFStringRef inDomain, CFIndex inCode,
+                                   CFDictionaryRef inUserInfo);
+// The same with inCount keys and values.
+CF_EXPORT CFErrorRef CFErrorCreateWithUserInfoKeysAndValues(CFAllocatorRef inAllocator, CFStringRef inDomain,
+                                                            CFIndex inCode, const void* const* inKeys,
+                                                            const void* const* inValues, CFIndex inCount);
 
-CF_EXPORT CFStringRef CFErrorGetDomain(CFErrorRef theError);
-CF_EXPORT CFIndex CFErrorGetCode(CFErrorRef theError);
+CF_EXPORT CFStringRef CFErrorGetDomain(CFErrorRef inError);
+CF_EXPORT CFIndex CFErrorGetCode(CFErrorRef inError);
 // A dictionary, empty when the error has none. The caller releases it.
-CF_EXPORT CFDictionaryRef CFErrorCopyUserInfo(CFErrorRef theError);
+CF_EXPORT CFDictionaryRef CFErrorCopyUserInfo(CFErrorRef inError);
 
 // Texts for a person; the caller releases them. The description is never NULL: without one of its own it is
 // made of the reason, or of the domain, the code and the words behind it. The others are NULL when the error
 // does not have them.
-CF_EXPORT CFStringRef CFErrorCopyDescription(CFErrorRef theError);
-CF_EXPORT CFStringRef CFErrorCopyFailureReason(CFErrorRef theError);
-CF_EXPORT CFStringRef CFErrorCopyRecoverySuggestion(CFErrorRef theError);
+CF_EXPORT CFStringRef CFErrorCopyDescription(CFErrorRef inError);
+CF_EXPORT CFStringRef CFErrorCopyFailureReason(CFErrorRef inError);
+CF_EXPORT CFStringRef CFErrorCopyRecoverySuggestion(CFErrorRef inError);
 
 #endif

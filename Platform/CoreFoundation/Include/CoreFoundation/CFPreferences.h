@@ -42,42 +42,41 @@ CF_EXPORT const CFStringRef kCFPreferencesCurrentUser;
 // the application on any host.
 
 // NULL when the key is in no domain.
-CF_EXPORT CFPropertyListRef CFPreferencesCopyAppValue(CFStringRef theKey, CFStringRef theApplication);
+CF_EXPORT CFPropertyListRef CFPreferencesCopyAppValue(CFStringRef inKey, CFStringRef inApplication);
 
 // NULL removes the key, after which a value of another domain may show. A value that equals the present one
 // changes nothing. A value that is no property list is not set, which a line on the standard error stream
 // tells.
-CF_EXPORT void CFPreferencesSetAppValue(CFStringRef theKey, CFPropertyListRef theValue,
-                                        CFStringRef theApplication);
+CF_EXPORT void CFPreferencesSetAppValue(CFStringRef inKey, CFPropertyListRef inValue,
+                                        CFStringRef inApplication);
 
 // Writes every domain of this process that was changed, whatever its application, and lets the others be read
 // again. False when a domain could not be written: its changes stay in memory, and the next call tries again.
-CF_EXPORT Boolean CFPreferencesAppSynchronize(CFStringRef theApplication);
+CF_EXPORT Boolean CFPreferencesAppSynchronize(CFStringRef inApplication);
 
 // A boolean, an integer (which is true unless it is 0) or one of the words true, yes, false, no. Otherwise
-// false, and *theIsValid is false. theIsValid may be NULL.
-CF_EXPORT Boolean CFPreferencesGetAppBooleanValue(CFStringRef theKey, CFStringRef theApplication,
-                                                  Boolean* theIsValid);
-// An integer, or a string that is one as a whole. Otherwise 0, and *theIsValid is false.
-CF_EXPORT CFIndex CFPreferencesGetAppIntegerValue(CFStringRef theKey, CFStringRef theApplication,
-                                                  Boolean* theIsValid);
+// false, and *outIsValid is false. outIsValid may be NULL.
+CF_EXPORT Boolean CFPreferencesGetAppBooleanValue(CFStringRef inKey, CFStringRef inApplication,
+                                                  Boolean* outIsValid);
+// An integer, or a string that is one as a whole. Otherwise 0, and *outIsValid is false.
+CF_EXPORT CFIndex CFPreferencesGetAppIntegerValue(CFStringRef inKey, CFStringRef inApplication,
+                                                  Boolean* outIsValid);
 
 // One domain's values
 
-CF_EXPORT CFPropertyListRef CFPreferencesCopyValue(CFStringRef theKey, CFStringRef theApplication,
-                                                   CFStringRef theUser, CFStringRef theHost);
-CF_EXPORT void CFPreferencesSetValue(CFStringRef theKey, CFPropertyListRef theValue,
-                                     CFStringRef theApplication, CFStringRef theUser, CFStringRef theHost);
-// The keys of the array that are there, with their values; all of them when theKeys is NULL.
-CF_EXPORT CFDictionaryRef CFPreferencesCopyMultiple(CFArrayRef theKeys, CFStringRef theApplication,
-                                                    CFStringRef theUser, CFStringRef theHost);
-// Sets the values of theSet, then removes the keys of theRemoved; either may be NULL.
-CF_EXPORT void CFPreferencesSetMultiple(CFDictionaryRef theSet, CFArrayRef theRemoved,
-                                        CFStringRef theApplication, CFStringRef theUser, CFStringRef theHost);
-CF_EXPORT Boolean CFPreferencesSynchronize(CFStringRef theApplication, CFStringRef theUser,
-                                           CFStringRef theHost);
+CF_EXPORT CFPropertyListRef CFPreferencesCopyValue(CFStringRef inKey, CFStringRef inApplication,
+                                                   CFStringRef inUser, CFStringRef inHost);
+CF_EXPORT void CFPreferencesSetValue(CFStringRef inKey, CFPropertyListRef inValue, CFStringRef inApplication,
+                                     CFStringRef inUser, CFStringRef inHost);
+// The keys of the array that are there, with their values; all of them when inKeys is NULL.
+CF_EXPORT CFDictionaryRef CFPreferencesCopyMultiple(CFArrayRef inKeys, CFStringRef inApplication,
+                                                    CFStringRef inUser, CFStringRef inHost);
+// Sets the values of inSet, then removes the keys of inRemoved; either may be NULL.
+CF_EXPORT void CFPreferencesSetMultiple(CFDictionaryRef inSet, CFArrayRef inRemoved,
+                                        CFStringRef inApplication, CFStringRef inUser, CFStringRef inHost);
+CF_EXPORT Boolean CFPreferencesSynchronize(CFStringRef inApplication, CFStringRef inUser, CFStringRef inHost);
 // In no order; NULL when the domain is empty.
-CF_EXPORT CFArrayRef CFPreferencesCopyKeyList(CFStringRef theApplication, CFStringRef theUser,
-                                              CFStringRef theHost);
+CF_EXPORT CFArrayRef CFPreferencesCopyKeyList(CFStringRef inApplication, CFStringRef inUser,
+                                              CFStringRef inHost);
 
 #endif

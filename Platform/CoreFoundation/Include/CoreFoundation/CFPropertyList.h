@@ -44,39 +44,38 @@ enum CF_OF_TYPE(CFIndex)
 };
 
 // The property list as XML text, in UTF-8, with the keys of each dictionary in ascending order. NULL when
-// theList is no property list. The caller releases it.
-CF_EXPORT CFDataRef CFPropertyListCreateXMLData(CFAllocatorRef theAllocator, CFPropertyListRef theList);
+// inList is no property list. The caller releases it.
+CF_EXPORT CFDataRef CFPropertyListCreateXMLData(CFAllocatorRef inAllocator, CFPropertyListRef inList);
 
-// Reads XML text or the binary form. NULL, and a reason in *theError, when the data is neither. theError may
+// Reads XML text or the binary form. NULL, and a reason in *outError, when the data is neither. outError may
 // be NULL. The caller releases both the property list and the reason.
 //
 // Strict, so that a damaged file is not taken for another one: unknown elements and entities, keys without
 // values, and texts that are no number or date are errors. Of a key that is there twice, the last value
 // stays.
-CF_EXPORT CFPropertyListRef CFPropertyListCreateFromXMLData(CFAllocatorRef theAllocator, CFDataRef theData,
-                                                            CFOptionFlags theMutability,
-                                                            CFStringRef* theError);
+CF_EXPORT CFPropertyListRef CFPropertyListCreateFromXMLData(CFAllocatorRef inAllocator, CFDataRef inData,
+                                                            CFOptionFlags inMutability,
+                                                            CFStringRef* outError);
 
-// The property list in the XML or the binary form. NULL, and an error in *theError, when theList is no
-// property list or the format is another one. theError may be NULL. No options are known; give 0. The caller
+// The property list in the XML or the binary form. NULL, and an error in *outError, when inList is no
+// property list or the format is another one. outError may be NULL. No options are known; give 0. The caller
 // releases data and error. Since Mac OS X 10.6.
-CF_EXPORT CFDataRef CFPropertyListCreateData(CFAllocatorRef theAllocator, CFPropertyListRef theList,
-                                             CFPropertyListFormat theFormat, CFOptionFlags theOptions,
-                                             CFErrorRef* theError);
+CF_EXPORT CFDataRef CFPropertyListCreateData(CFAllocatorRef inAllocator, CFPropertyListRef inList,
+                                             CFPropertyListFormat inFormat, CFOptionFlags inOptions,
+                                             CFErrorRef* outError);
 
 // CFPropertyListCreateFromXMLData with an error, whose description says the reason, and with the form of the
-// data in *theFormat, which may be NULL. Since Mac OS X 10.6.
-CF_EXPORT CFPropertyListRef CFPropertyListCreateWithData(CFAllocatorRef theAllocator, CFDataRef theData,
-                                                         CFOptionFlags theMutability,
-                                                         CFPropertyListFormat* theFormat,
-                                                         CFErrorRef* theError);
+// data in *outFormat, which may be NULL. Since Mac OS X 10.6.
+CF_EXPORT CFPropertyListRef CFPropertyListCreateWithData(CFAllocatorRef inAllocator, CFDataRef inData,
+                                                         CFOptionFlags inMutability,
+                                                         CFPropertyListFormat* outFormat,
+                                                         CFErrorRef* outError);
 
-// A copy down to the leaves. NULL when theList is no property list. The caller releases it.
-CF_EXPORT CFPropertyListRef CFPropertyListCreateDeepCopy(CFAllocatorRef theAllocator,
-                                                         CFPropertyListRef theList,
-                                                         CFOptionFlags theMutability);
+// A copy down to the leaves. NULL when inList is no property list. The caller releases it.
+CF_EXPORT CFPropertyListRef CFPropertyListCreateDeepCopy(CFAllocatorRef inAllocator, CFPropertyListRef inList,
+                                                         CFOptionFlags inMutability);
 
-// Whether theList is a property list that can be written in that format: XML or binary.
-CF_EXPORT Boolean CFPropertyListIsValid(CFPropertyListRef theList, CFPropertyListFormat theFormat);
+// Whether inList is a property list that can be written in that format: XML or binary.
+CF_EXPORT Boolean CFPropertyListIsValid(CFPropertyListRef inList, CFPropertyListFormat inFormat);
 
 #endif

@@ -52,15 +52,15 @@ enum CF_OF_TYPE(CFOptionFlags)
 
 // A constant string, made from a literal of ASCII characters. Equal literals give the same object, which is
 // never freed.
-CF_EXPORT CFStringRef __CFStringMakeConstantString(const char* theLiteral);
+CF_EXPORT CFStringRef __CFStringMakeConstantString(const char* inLiteral);
 #ifdef __cplusplus
-#define CFSTR(theLiteral)                                                                                    \
+#define CFSTR(inLiteral)                                                                                     \
     ([]() -> CFStringRef {                                                                                   \
-        static const CFStringRef kString = __CFStringMakeConstantString("" theLiteral "");                   \
+        static const CFStringRef kString = __CFStringMakeConstantString("" inLiteral "");                    \
         return kString;                                                                                      \
     }())
 #else
-#define CFSTR(theLiteral) __CFStringMakeConstantString("" theLiteral "")
+#define CFSTR(inLiteral) __CFStringMakeConstantString("" inLiteral "")
 #endif
 
 CF_EXPORT CFTypeID CFStringGetTypeID(void);
@@ -71,31 +71,31 @@ CF_EXPORT CFStringEncoding CFStringGetSystemEncoding(void);
 // Making strings; the caller releases them. Bytes that are no text in the encoding, and an encoding that is
 // not supported, give NULL.
 
-CF_EXPORT CFStringRef CFStringCreateWithCString(CFAllocatorRef theAllocator, const char* theText,
-                                                CFStringEncoding theEncoding);
-CF_EXPORT CFStringRef CFStringCreateWithPascalString(CFAllocatorRef theAllocator, ConstStr255Param theText,
-                                                     CFStringEncoding theEncoding);
+CF_EXPORT CFStringRef CFStringCreateWithCString(CFAllocatorRef inAllocator, const char* inText,
+                                                CFStringEncoding inEncoding);
+CF_EXPORT CFStringRef CFStringCreateWithPascalString(CFAllocatorRef inAllocator, ConstStr255Param inText,
+                                                     CFStringEncoding inEncoding);
 
-// Exactly theLength bytes, zero bytes included; theBytes may be NULL when there are none. An external
+// Exactly inLength bytes, zero bytes included; inBytes may be NULL when there are none. An external
 // representation of UTF-16 or UTF-32 may start with a byte order mark, and is big-endian without one.
-CF_EXPORT CFStringRef CFStringCreateWithBytes(CFAllocatorRef theAllocator, const UInt8* theBytes,
-                                              CFIndex theLength, CFStringEncoding theEncoding,
-                                              Boolean theIsExternalRepresentation);
+CF_EXPORT CFStringRef CFStringCreateWithBytes(CFAllocatorRef inAllocator, const UInt8* inBytes,
+                                              CFIndex inLength, CFStringEncoding inEncoding,
+                                              Boolean inIsExternalRepresentation);
 
 // Copies units as they are, halves of surrogate pairs included.
-CF_EXPORT CFStringRef CFStringCreateWithCharacters(CFAllocatorRef theAllocator, const UniChar* theCharacters,
-                                                   CFIndex theLength);
+CF_EXPORT CFStringRef CFStringCreateWithCharacters(CFAllocatorRef inAllocator, const UniChar* inCharacters,
+                                                   CFIndex inLength);
 
 // An immutable string is shared: the result is the same object with one more reference.
-CF_EXPORT CFStringRef CFStringCreateCopy(CFAllocatorRef theAllocator, CFStringRef theString);
-CF_EXPORT CFStringRef CFStringCreateWithSubstring(CFAllocatorRef theAllocator, CFStringRef theString,
-                                                  CFRange theRange);
+CF_EXPORT CFStringRef CFStringCreateCopy(CFAllocatorRef inAllocator, CFStringRef inString);
+CF_EXPORT CFStringRef CFStringCreateWithSubstring(CFAllocatorRef inAllocator, CFStringRef inString,
+                                                  CFRange inRange);
 
 // Strings that can be changed. The maximum length is the caller's promise and limits nothing; 0 means no
 // limit.
-CF_EXPORT CFMutableStringRef CFStringCreateMutable(CFAllocatorRef theAllocator, CFIndex theMaximumLength);
-CF_EXPORT CFMutableStringRef CFStringCreateMutableCopy(CFAllocatorRef theAllocator, CFIndex theMaximumLength,
-                                                       CFStringRef theString);
+CF_EXPORT CFMutableStringRef CFStringCreateMutable(CFAllocatorRef inAllocator, CFIndex inMaximumLength);
+CF_EXPORT CFMutableStringRef CFStringCreateMutableCopy(CFAllocatorRef inAllocator, CFIndex inMaximumLength,
+                                                       CFStringRef inString);
 
 // Formats as printf does in the "C" locale, whatever the process's locale is, and further knows
 //     %@  an object: a string's characters, a number's value, another object's description; "(null)"
@@ -105,111 +105,110 @@ CF_EXPORT CFMutableStringRef CFStringCreateMutableCopy(CFAllocatorRef theAllocat
 //     %s  a C string in the system encoding, which is MacRoman and not UTF-8
 //     %1$d  arguments by their position
 // Width and precision do nothing to %@, and a precision of 0 does nothing to %s. %n takes an argument and
-// writes nothing. An unknown letter is printed. theOptions is NULL.
-CF_EXPORT CFStringRef CFStringCreateWithFormat(CFAllocatorRef theAllocator, CFDictionaryRef theOptions,
-                                               CFStringRef theFormat, ...);
-CF_EXPORT CFStringRef CFStringCreateWithFormatAndArguments(CFAllocatorRef theAllocator,
-                                                           CFDictionaryRef theOptions, CFStringRef theFormat,
-                                                           va_list theArguments);
+// writes nothing. An unknown letter is printed. inOptions is NULL.
+CF_EXPORT CFStringRef CFStringCreateWithFormat(CFAllocatorRef inAllocator, CFDictionaryRef inOptions,
+                                               CFStringRef inFormat, ...);
+CF_EXPORT CFStringRef CFStringCreateWithFormatAndArguments(CFAllocatorRef inAllocator,
+                                                           CFDictionaryRef inOptions, CFStringRef inFormat,
+                                                           va_list inArguments);
 
 // Joins an array of strings; an empty one gives the empty string.
-CF_EXPORT CFStringRef CFStringCreateByCombiningStrings(CFAllocatorRef theAllocator, CFArrayRef theStrings,
-                                                       CFStringRef theSeparator);
+CF_EXPORT CFStringRef CFStringCreateByCombiningStrings(CFAllocatorRef inAllocator, CFArrayRef inStrings,
+                                                       CFStringRef inSeparator);
 // Splits a string: always one part more than there are separators.
-CF_EXPORT CFArrayRef CFStringCreateArrayBySeparatingStrings(CFAllocatorRef theAllocator,
-                                                            CFStringRef theString, CFStringRef theSeparator);
+CF_EXPORT CFArrayRef CFStringCreateArrayBySeparatingStrings(CFAllocatorRef inAllocator, CFStringRef inString,
+                                                            CFStringRef inSeparator);
 
 // Reading
 
-CF_EXPORT CFIndex CFStringGetLength(CFStringRef theString);
+CF_EXPORT CFIndex CFStringGetLength(CFStringRef inString);
 // 0 outside the string.
-CF_EXPORT UniChar CFStringGetCharacterAtIndex(CFStringRef theString, CFIndex theIndex);
-CF_EXPORT void CFStringGetCharacters(CFStringRef theString, CFRange theRange, UniChar* theBuffer);
+CF_EXPORT UniChar CFStringGetCharacterAtIndex(CFStringRef inString, CFIndex inIndex);
+CF_EXPORT void CFStringGetCharacters(CFStringRef inString, CFRange inRange, UniChar* outBuffer);
 
-// The text and a zero byte, in theSize bytes. False when it does not fit or the encoding lacks a character:
+// The text and a zero byte, in inSize bytes. False when it does not fit or the encoding lacks a character:
 // the buffer's content is then of no use. Never cuts the text.
-CF_EXPORT Boolean CFStringGetCString(CFStringRef theString, char* theBuffer, CFIndex theSize,
-                                     CFStringEncoding theEncoding);
+CF_EXPORT Boolean CFStringGetCString(CFStringRef inString, char* outBuffer, CFIndex inSize,
+                                     CFStringEncoding inEncoding);
 // The same with a length byte. Only text of up to 255 bytes fits; more than 255 units leave the buffer
 // untouched.
-CF_EXPORT Boolean CFStringGetPascalString(CFStringRef theString, StringPtr theBuffer, CFIndex theSize,
-                                          CFStringEncoding theEncoding);
+CF_EXPORT Boolean CFStringGetPascalString(CFStringRef inString, StringPtr outBuffer, CFIndex inSize,
+                                          CFStringEncoding inEncoding);
 
 // Direct access to the characters, where the string happens to be stored so. Always be ready for NULL, and
 // then use the functions that copy. The pointer is good until the string is changed or freed.
-CF_EXPORT const char* CFStringGetCStringPtr(CFStringRef theString, CFStringEncoding theEncoding);
-CF_EXPORT ConstStringPtr CFStringGetPascalStringPtr(CFStringRef theString, CFStringEncoding theEncoding);
-CF_EXPORT const UniChar* CFStringGetCharactersPtr(CFStringRef theString);
+CF_EXPORT const char* CFStringGetCStringPtr(CFStringRef inString, CFStringEncoding inEncoding);
+CF_EXPORT ConstStringPtr CFStringGetPascalStringPtr(CFStringRef inString, CFStringEncoding inEncoding);
+CF_EXPORT const UniChar* CFStringGetCharactersPtr(CFStringRef inString);
 
 // Converts a range into bytes, and returns how many units it has converted: fewer than the range has when the
-// next character does not fit whole into theSize bytes, or when the encoding lacks it and theLossByte is 0.
+// next character does not fit whole into inSize bytes, or when the encoding lacks it and inLossByte is 0.
 //
-// theLossByte stands for each unit that the encoding lacks. Half a surrogate pair stops a conversion to
-// Unicode bytes even so. theBuffer may be NULL, to measure; theSize is then ignored. *theUsed becomes the
-// number of bytes; theUsed may be NULL. No zero byte is added. An external representation of UTF-16 or UTF-32
+// inLossByte stands for each unit that the encoding lacks. Half a surrogate pair stops a conversion to
+// Unicode bytes even so. outBuffer may be NULL, to measure; inSize is then ignored. *outUsed becomes the
+// number of bytes; outUsed may be NULL. No zero byte is added. An external representation of UTF-16 or UTF-32
 // in the host's order starts with a byte order mark. An encoding that is not supported gives 0 and leaves
-// *theUsed alone.
-CF_EXPORT CFIndex CFStringGetBytes(CFStringRef theString, CFRange theRange, CFStringEncoding theEncoding,
-                                   UInt8 theLossByte, Boolean theIsExternalRepresentation, UInt8* theBuffer,
-                                   CFIndex theSize, CFIndex* theUsed);
+// *outUsed alone.
+CF_EXPORT CFIndex CFStringGetBytes(CFStringRef inString, CFRange inRange, CFStringEncoding inEncoding,
+                                   UInt8 inLossByte, Boolean inIsExternalRepresentation, UInt8* outBuffer,
+                                   CFIndex inSize, CFIndex* outUsed);
 
-// The most bytes that theLength units can take, without a zero byte or mark; kCFNotFound for an encoding that
+// The most bytes that inLength units can take, without a zero byte or mark; kCFNotFound for an encoding that
 // is not supported or when the number is too large.
-CF_EXPORT CFIndex CFStringGetMaximumSizeForEncoding(CFIndex theLength, CFStringEncoding theEncoding);
+CF_EXPORT CFIndex CFStringGetMaximumSizeForEncoding(CFIndex inLength, CFStringEncoding inEncoding);
 
 // The decimal number at the start, after white space, a sign and white space; 0 when there is none, and the
 // end of the range when it is too large.
-CF_EXPORT SInt32 CFStringGetIntValue(CFStringRef theString);
+CF_EXPORT SInt32 CFStringGetIntValue(CFStringRef inString);
 // The number at the start, after white space, with '.' as the decimal point in every locale; 0 when there is
 // none.
-CF_EXPORT double CFStringGetDoubleValue(CFStringRef theString);
+CF_EXPORT double CFStringGetDoubleValue(CFStringRef inString);
 
 // Comparing and searching. Case is folded by Unicode's rules for the characters up to U+FFFF, independent of
 // the locale. Backwards and Anchored matter to the Find functions only.
 
-CF_EXPORT CFComparisonResult CFStringCompare(CFStringRef theFirst, CFStringRef theSecond,
-                                             CFStringCompareFlags theFlags);
-CF_EXPORT CFComparisonResult CFStringCompareWithOptions(CFStringRef theFirst, CFStringRef theSecond,
-                                                        CFRange theRangeOfFirst,
-                                                        CFStringCompareFlags theFlags);
+CF_EXPORT CFComparisonResult CFStringCompare(CFStringRef inFirst, CFStringRef inSecond,
+                                             CFStringCompareFlags inFlags);
+CF_EXPORT CFComparisonResult CFStringCompareWithOptions(CFStringRef inFirst, CFStringRef inSecond,
+                                                        CFRange inRangeOfFirst, CFStringCompareFlags inFlags);
 
 // On purpose: an empty prefix or suffix is one of no string, not even of the empty one.
-CF_EXPORT Boolean CFStringHasPrefix(CFStringRef theString, CFStringRef thePrefix);
-CF_EXPORT Boolean CFStringHasSuffix(CFStringRef theString, CFStringRef theSuffix);
+CF_EXPORT Boolean CFStringHasPrefix(CFStringRef inString, CFStringRef inPrefix);
+CF_EXPORT Boolean CFStringHasSuffix(CFStringRef inString, CFStringRef inSuffix);
 
 // The first place, or the last with kCFCompareBackwards; with kCFCompareAnchored only at the start (or the
 // end). Location kCFNotFound and length 0 when there is none; the empty string is found nowhere.
-CF_EXPORT CFRange CFStringFind(CFStringRef theString, CFStringRef theWanted, CFStringCompareFlags theFlags);
-// The same within a range. theResult may be NULL, and stays untouched when nothing is found.
-CF_EXPORT Boolean CFStringFindWithOptions(CFStringRef theString, CFStringRef theWanted, CFRange theRange,
-                                          CFStringCompareFlags theFlags, CFRange* theResult);
+CF_EXPORT CFRange CFStringFind(CFStringRef inString, CFStringRef inWanted, CFStringCompareFlags inFlags);
+// The same within a range. outResult may be NULL, and stays untouched when nothing is found.
+CF_EXPORT Boolean CFStringFindWithOptions(CFStringRef inString, CFStringRef inWanted, CFRange inRange,
+                                          CFStringCompareFlags inFlags, CFRange* outResult);
 
 // Changing mutable strings
 
 // A string may be appended to itself.
-CF_EXPORT void CFStringAppend(CFMutableStringRef theString, CFStringRef theAppended);
-CF_EXPORT void CFStringAppendCharacters(CFMutableStringRef theString, const UniChar* theCharacters,
-                                        CFIndex theLength);
+CF_EXPORT void CFStringAppend(CFMutableStringRef inString, CFStringRef inAppended);
+CF_EXPORT void CFStringAppendCharacters(CFMutableStringRef inString, const UniChar* inCharacters,
+                                        CFIndex inLength);
 // Bytes that are no text in the encoding leave the string as it is.
-CF_EXPORT void CFStringAppendCString(CFMutableStringRef theString, const char* theText,
-                                     CFStringEncoding theEncoding);
-CF_EXPORT void CFStringAppendPascalString(CFMutableStringRef theString, ConstStr255Param theText,
-                                          CFStringEncoding theEncoding);
-CF_EXPORT void CFStringAppendFormat(CFMutableStringRef theString, CFDictionaryRef theOptions,
-                                    CFStringRef theFormat, ...);
-CF_EXPORT void CFStringAppendFormatAndArguments(CFMutableStringRef theString, CFDictionaryRef theOptions,
-                                                CFStringRef theFormat, va_list theArguments);
-CF_EXPORT void CFStringInsert(CFMutableStringRef theString, CFIndex theIndex, CFStringRef theInserted);
-CF_EXPORT void CFStringDelete(CFMutableStringRef theString, CFRange theRange);
-CF_EXPORT void CFStringReplace(CFMutableStringRef theString, CFRange theRange, CFStringRef theReplacement);
-CF_EXPORT void CFStringReplaceAll(CFMutableStringRef theString, CFStringRef theReplacement);
+CF_EXPORT void CFStringAppendCString(CFMutableStringRef inString, const char* inText,
+                                     CFStringEncoding inEncoding);
+CF_EXPORT void CFStringAppendPascalString(CFMutableStringRef inString, ConstStr255Param inText,
+                                          CFStringEncoding inEncoding);
+CF_EXPORT void CFStringAppendFormat(CFMutableStringRef inString, CFDictionaryRef inOptions,
+                                    CFStringRef inFormat, ...);
+CF_EXPORT void CFStringAppendFormatAndArguments(CFMutableStringRef inString, CFDictionaryRef inOptions,
+                                                CFStringRef inFormat, va_list inArguments);
+CF_EXPORT void CFStringInsert(CFMutableStringRef inString, CFIndex inIndex, CFStringRef inInserted);
+CF_EXPORT void CFStringDelete(CFMutableStringRef inString, CFRange inRange);
+CF_EXPORT void CFStringReplace(CFMutableStringRef inString, CFRange inRange, CFStringRef inReplacement);
+CF_EXPORT void CFStringReplaceAll(CFMutableStringRef inString, CFStringRef inReplacement);
 // Replaces every place within the range, and returns their number.
-CF_EXPORT CFIndex CFStringFindAndReplace(CFMutableStringRef theString, CFStringRef theWanted,
-                                         CFStringRef theReplacement, CFRange theRange,
-                                         CFStringCompareFlags theFlags);
+CF_EXPORT CFIndex CFStringFindAndReplace(CFMutableStringRef inString, CFStringRef inWanted,
+                                         CFStringRef inReplacement, CFRange inRange,
+                                         CFStringCompareFlags inFlags);
 // Takes white space away at both ends.
-CF_EXPORT void CFStringTrimWhitespace(CFMutableStringRef theString);
-CF_EXPORT void CFStringUppercase(CFMutableStringRef theString, CFLocaleRef theLocale);
-CF_EXPORT void CFStringLowercase(CFMutableStringRef theString, CFLocaleRef theLocale);
+CF_EXPORT void CFStringTrimWhitespace(CFMutableStringRef inString);
+CF_EXPORT void CFStringUppercase(CFMutableStringRef inString, CFLocaleRef inLocale);
+CF_EXPORT void CFStringLowercase(CFMutableStringRef inString, CFLocaleRef inLocale);
 
 #endif

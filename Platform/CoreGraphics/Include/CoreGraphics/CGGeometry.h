@@ -55,59 +55,59 @@ CG_EXPORT const CGRect CGRectNull;
 // Contains every point.
 CG_EXPORT const CGRect CGRectInfinite;
 
-static inline CGPoint CGPointMake(CGFloat theX, CGFloat theY)
+static inline CGPoint CGPointMake(CGFloat inX, CGFloat inY)
 {
     CGPoint thePoint;
-    thePoint.x = theX;
-    thePoint.y = theY;
+    thePoint.x = inX;
+    thePoint.y = inY;
     return thePoint;
 }
 
-static inline CGSize CGSizeMake(CGFloat theWidth, CGFloat theHeight)
+static inline CGSize CGSizeMake(CGFloat inWidth, CGFloat inHeight)
 {
     CGSize theSize;
-    theSize.width = theWidth;
-    theSize.height = theHeight;
+    theSize.width = inWidth;
+    theSize.height = inHeight;
     return theSize;
 }
 
-static inline CGRect CGRectMake(CGFloat theX, CGFloat theY, CGFloat theWidth, CGFloat theHeight)
+static inline CGRect CGRectMake(CGFloat inX, CGFloat inY, CGFloat inWidth, CGFloat inHeight)
 {
     CGRect theRect;
-    theRect.origin = CGPointMake(theX, theY);
-    theRect.size = CGSizeMake(theWidth, theHeight);
+    theRect.origin = CGPointMake(inX, inY);
+    theRect.size = CGSizeMake(inWidth, inHeight);
     return theRect;
 }
 
-CG_EXPORT bool CGPointEqualToPoint(CGPoint theFirst, CGPoint theSecond);
-CG_EXPORT bool CGSizeEqualToSize(CGSize theFirst, CGSize theSecond);
+CG_EXPORT bool CGPointEqualToPoint(CGPoint inFirst, CGPoint inSecond);
+CG_EXPORT bool CGSizeEqualToSize(CGSize inFirst, CGSize inSecond);
 // Rectangles that cover the same area are equal, turned round or not.
-CG_EXPORT bool CGRectEqualToRect(CGRect theFirst, CGRect theSecond);
+CG_EXPORT bool CGRectEqualToRect(CGRect inFirst, CGRect inSecond);
 
-CG_EXPORT CGFloat CGRectGetMinX(CGRect theRect);
-CG_EXPORT CGFloat CGRectGetMidX(CGRect theRect);
-CG_EXPORT CGFloat CGRectGetMaxX(CGRect theRect);
-CG_EXPORT CGFloat CGRectGetMinY(CGRect theRect);
-CG_EXPORT CGFloat CGRectGetMidY(CGRect theRect);
-CG_EXPORT CGFloat CGRectGetMaxY(CGRect theRect);
-CG_EXPORT CGFloat CGRectGetWidth(CGRect theRect);
-CG_EXPORT CGFloat CGRectGetHeight(CGRect theRect);
+CG_EXPORT CGFloat CGRectGetMinX(CGRect inRect);
+CG_EXPORT CGFloat CGRectGetMidX(CGRect inRect);
+CG_EXPORT CGFloat CGRectGetMaxX(CGRect inRect);
+CG_EXPORT CGFloat CGRectGetMinY(CGRect inRect);
+CG_EXPORT CGFloat CGRectGetMidY(CGRect inRect);
+CG_EXPORT CGFloat CGRectGetMaxY(CGRect inRect);
+CG_EXPORT CGFloat CGRectGetWidth(CGRect inRect);
+CG_EXPORT CGFloat CGRectGetHeight(CGRect inRect);
 
 // A width or height of zero, or the null rectangle.
-CG_EXPORT bool CGRectIsEmpty(CGRect theRect);
-CG_EXPORT bool CGRectIsNull(CGRect theRect);
+CG_EXPORT bool CGRectIsEmpty(CGRect inRect);
+CG_EXPORT bool CGRectIsNull(CGRect inRect);
 
 // Moves the edges inwards (outwards for negative distances); the null rectangle when nothing is left.
-CG_EXPORT CGRect CGRectInset(CGRect theRect, CGFloat theDistanceX, CGFloat theDistanceY);
-CG_EXPORT CGRect CGRectOffset(CGRect theRect, CGFloat theDistanceX, CGFloat theDistanceY);
+CG_EXPORT CGRect CGRectInset(CGRect inRect, CGFloat inDistanceX, CGFloat inDistanceY);
+CG_EXPORT CGRect CGRectOffset(CGRect inRect, CGFloat inDistanceX, CGFloat inDistanceY);
 // The smallest rectangle that holds both; a null rectangle adds nothing.
-CG_EXPORT CGRect CGRectUnion(CGRect theFirst, CGRect theSecond);
+CG_EXPORT CGRect CGRectUnion(CGRect inFirst, CGRect inSecond);
 // The area that is in both; the null rectangle when they have nothing in common.
-CG_EXPORT CGRect CGRectIntersection(CGRect theFirst, CGRect theSecond);
+CG_EXPORT CGRect CGRectIntersection(CGRect inFirst, CGRect inSecond);
 
 // The left and top edges belong to a rectangle, the right and bottom edges do not.
-CG_EXPORT bool CGRectContainsPoint(CGRect theRect, CGPoint thePoint);
-CG_EXPORT bool CGRectContainsRect(CGRect theOuter, CGRect theInner);
-CG_EXPORT bool CGRectIntersectsRect(CGRect theFirst, CGRect theSecond);
+CG_EXPORT bool CGRectContainsPoint(CGRect inRect, CGPoint inPoint);
+CG_EXPORT bool CGRectContainsRect(CGRect inOuter, CGRect inInner);
+CG_EXPORT bool CGRectIntersectsRect(CGRect inFirst, CGRect inSecond);
 
 #endif

@@ -107,26 +107,26 @@ void RadioButton::AddToLook(ControlLook& theLook) const
 
 // The interface ------------------------------------------------------------------------------------------
 
-OSStatus CreatePushButtonControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theTitle,
-                                 ControlRef* theControl)
+OSStatus CreatePushButtonControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
+                                 ControlRef* outControl)
 {
-    return Host::Create<Host::PushButton>({theWindow, theBounds, theTitle, theControl, true, {0, 0, 1, 0}});
+    return Host::Create<Host::PushButton>({window, boundsRect, title, outControl, true, {0, 0, 1, 0}});
 }
 
-OSStatus CreateCheckBoxControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theTitle,
-                               SInt32 theInitialValue, Boolean theAutoToggle, ControlRef* theControl)
+OSStatus CreateCheckBoxControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
+                               SInt32 initialValue, Boolean autoToggle, ControlRef* outControl)
 {
     Host::ControlRange theRange = Host::kToggleRange;
-    theRange.theValue = theInitialValue;
-    return Host::Create<Host::CheckBox>({theWindow, theBounds, theTitle, theControl, true, theRange},
-                                        theAutoToggle != 0);
+    theRange.theValue = initialValue;
+    return Host::Create<Host::CheckBox>({window, boundsRect, title, outControl, true, theRange},
+                                        autoToggle != 0);
 }
 
-OSStatus CreateRadioButtonControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theTitle,
-                                  SInt32 theInitialValue, Boolean theAutoToggle, ControlRef* theControl)
+OSStatus CreateRadioButtonControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
+                                  SInt32 initialValue, Boolean autoToggle, ControlRef* outControl)
 {
     Host::ControlRange theRange = Host::kToggleRange;
-    theRange.theValue = theInitialValue;
-    return Host::Create<Host::RadioButton>({theWindow, theBounds, theTitle, theControl, true, theRange},
-                                           theAutoToggle != 0);
+    theRange.theValue = initialValue;
+    return Host::Create<Host::RadioButton>({window, boundsRect, title, outControl, true, theRange},
+                                           autoToggle != 0);
 }

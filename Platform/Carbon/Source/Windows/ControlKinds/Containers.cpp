@@ -28,8 +28,8 @@ void GroupBox::AddToLook(ControlLook& theLook) const
 
 } // namespace Host
 
-OSStatus CreateGroupBoxControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theTitle, Boolean,
-                               ControlRef* theControl)
+OSStatus CreateGroupBoxControl(WindowRef window, const Rect* boundsRect, CFStringRef title, Boolean,
+                               ControlRef* outControl)
 {
-    return Host::Create<Host::GroupBox>({theWindow, theBounds, theTitle, theControl});
+    return Host::Create<Host::GroupBox>({window, boundsRect, title, outControl});
 }

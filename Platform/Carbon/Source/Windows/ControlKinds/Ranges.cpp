@@ -350,47 +350,41 @@ void LittleArrows::AddToLook(ControlLook& theLook) const
 
 // The interface ------------------------------------------------------------------------------------------
 
-OSStatus CreateSliderControl(WindowRef theWindow, const Rect* theBounds, SInt32 theValue, SInt32 theMinimum,
-                             SInt32 theMaximum, ControlSliderOrientation theOrientation, UInt16 theTickMarks,
-                             Boolean theLiveTracking, ControlActionUPP theLiveTrackingProc,
-                             ControlRef* theControl)
+OSStatus CreateSliderControl(WindowRef window, const Rect* boundsRect, SInt32 value, SInt32 minimum,
+                             SInt32 maximum, ControlSliderOrientation orientation, UInt16 numTickMarks,
+                             Boolean liveTracking, ControlActionUPP liveTrackingProc, ControlRef* outControl)
 {
-    if (theOrientation > kControlSliderDoesNotPoint ||
-        (theTickMarks > 0 && theOrientation == kControlSliderDoesNotPoint)) {
-        if (theControl != nullptr) {
-            *theControl = nullptr;
+    if (orientation > kControlSliderDoesNotPoint ||
+        (numTickMarks > 0 && orientation == kControlSliderDoesNotPoint)) {
+        if (outControl != nullptr) {
+            *outControl = nullptr;
         }
         return paramErr;
     }
     return Host::Create<Host::Slider>(
-        {theWindow, theBounds, nullptr, theControl, false, {theValue, theMinimum, theMaximum, 0}},
-        theTickMarks, theLiveTracking != 0, theLiveTrackingProc);
+        {window, boundsRect, nullptr, outControl, false, {value, minimum, maximum, 0}}, numTickMarks,
+        liveTracking != 0, liveTrackingProc);
 }
 
-OSStatus CreateScrollBarControl(WindowRef theWindow, const Rect* theBounds, SInt32 theValue,
-                                SInt32 theMinimum, SInt32 theMaximum, SInt32 theViewSize,
-                                Boolean theLiveTracking, ControlActionUPP theLiveTrackingProc,
-                                ControlRef* theControl)
+OSStatus CreateScrollBarControl(WindowRef window, const Rect* boundsRect, SInt32 value, SInt32 minimum,
+                                SInt32 maximum, SInt32 viewSize, Boolean liveTracking,
+                                ControlActionUPP liveTrackingProc, ControlRef* outControl)
 {
     return Host::Create<Host::ScrollBar>(
-        {theWindow, theBounds, nullptr, theControl, true, {theValue, theMinimum, theMaximum, theViewSize}},
-        theLiveTracking != 0, theLiveTrackingProc);
+        {window, boundsRect, nullptr, outControl, true, {value, minimum, maximum, viewSize}},
+        liveTracking != 0, liveTrackingProc);
 }
 
-OSStatus CreateProgressBarControl(WindowRef theWindow, const Rect* theBounds, SInt32 theValue,
-                                  SInt32 theMinimum, SInt32 theMaximum, Boolean theIndeterminate,
-                                  ControlRef* theControl)
+OSStatus CreateProgressBarControl(WindowRef window, const Rect* boundsRect, SInt32 value, SInt32 minimum,
+                                  SInt32 maximum, Boolean indeterminate, ControlRef* outControl)
 {
     return Host::Create<Host::ProgressBar>(
-        {theWindow, theBounds, nullptr, theControl, false, {theValue, theMinimum, theMaximum, 0}},
-        theIndeterminate != 0);
+        {window, boundsRect, nullptr, outControl, false, {value, minimum, maximum, 0}}, indeterminate != 0);
 }
 
-OSStatus CreateLittleArrowsControl(WindowRef theWindow, const Rect* theBounds, SInt32 theValue,
-                                   SInt32 theMinimum, SInt32 theMaximum, SInt32 theIncrement,
-                                   ControlRef* theControl)
+OSStatus CreateLittleArrowsControl(WindowRef window, const Rect* boundsRect, SInt32 value, SInt32 minimum,
+                                   SInt32 maximum, SInt32 increment, ControlRef* outControl)
 {
     return Host::Create<Host::LittleArrows>(
-        {theWindow, theBounds, nullptr, theControl, false, {theValue, theMinimum, theMaximum, 0}},
-        theIncrement);
+        {window, boundsRect, nullptr, outControl, false, {value, minimum, maximum, 0}}, increment);
 }

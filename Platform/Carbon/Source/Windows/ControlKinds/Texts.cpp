@@ -386,28 +386,27 @@ OSStatus CreateEditText(OSType theKind, const Host::CreationRequest& theRequest,
 
 } // namespace
 
-OSStatus CreateStaticTextControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theText,
-                                 const ControlFontStyleRec* theStyle, ControlRef* theControl)
+OSStatus CreateStaticTextControl(WindowRef window, const Rect* boundsRect, CFStringRef text,
+                                 const ControlFontStyleRec* style, ControlRef* outControl)
 {
-    return Host::Make({theWindow, theBounds, nullptr, theControl, true}, [&] {
-        auto theNew = std::make_shared<Host::StaticText>(Host::TextOf(theText));
-        theNew->mStyle = theStyle == nullptr ? ControlFontStyleRec{} : *theStyle;
+    return Host::Make({window, boundsRect, nullptr, outControl, true}, [&] {
+        auto theNew = std::make_shared<Host::StaticText>(Host::TextOf(text));
+        theNew->mStyle = style == nullptr ? ControlFontStyleRec{} : *style;
         return theNew;
     });
 }
 
-OSStatus CreateEditTextControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theText,
-                               Boolean theIsPassword, Boolean, const ControlFontStyleRec* theStyle,
-                               ControlRef* theControl)
+OSStatus CreateEditTextControl(WindowRef window, const Rect* boundsRect, CFStringRef text, Boolean isPassword,
+                               Boolean, const ControlFontStyleRec* style, ControlRef* outControl)
 {
-    return CreateEditText(kControlKindEditText, {theWindow, theBounds, nullptr, theControl, true}, theText,
-                          theIsPassword != 0, theStyle);
+    return CreateEditText(kControlKindEditText, {window, boundsRect, nullptr, outControl, true}, text,
+                          isPassword != 0, style);
 }
 
-OSStatus CreateEditUnicodeTextControl(WindowRef theWindow, const Rect* theBounds, CFStringRef theText,
-                                      Boolean theIsPassword, const ControlFontStyleRec* theStyle,
-                                      ControlRef* theControl)
+OSStatus CreateEditUnicodeTextControl(WindowRef window, const Rect* boundsRect, CFStringRef text,
+                                      Boolean isPassword, const ControlFontStyleRec* style,
+                                      ControlRef* outControl)
 {
-    return CreateEditText(kControlKindEditUnicodeText, {theWindow, theBounds, nullptr, theControl, true},
-                          theText, theIsPassword != 0, theStyle);
+    return CreateEditText(kControlKindEditUnicodeText, {window, boundsRect, nullptr, outControl, true}, text,
+                          isPassword != 0, style);
 }
