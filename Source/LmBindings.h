@@ -22,6 +22,7 @@
 #include "LmStackLink.h"
 #include "LmString.h"
 #include "LmStringTransforms.h"
+#include "LmUpdateScope.h"
 #include "LmValue.h"
 #include "LmValueTransform.h"
 #include "LmVersion.h"

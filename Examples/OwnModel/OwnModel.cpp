@@ -53,9 +53,8 @@ private:
     // The lamp's own changes are not written back into the lamp.
     void SyncBrightness()
     {
-        mUpdateLamp = false;
+        const LmUpdateScope theScope(this, mUpdateLamp);
         SetKeyPathValue("brightness", LmValue(static_cast<long>(mLamp.GetBrightness())));
-        mUpdateLamp = true;
     }
 
     Lamp& mLamp;

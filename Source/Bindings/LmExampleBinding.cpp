@@ -2,7 +2,6 @@
 
 #include "LmExampleBinding.h"
 
-#include "LmDiagnostics.h"
 #include "LmUpdateScope.h"
 
 #include <cstdio>
@@ -44,13 +43,7 @@ void LmExampleBinding::SetModel(void* theModel)
     if (theModel == nullptr) {
         return;
     }
-    LmUpdateScope theScope(this, mUpdateModel);
-    for (const char* theKey : {kKeyOne, kKeyTwo, kKeyThree}) {
-        SyncValue(theKey);
-        if (theScope.BindingIsGone()) {
-            return;
-        }
-    }
+    LmSyncKeys(this, mUpdateModel, {kKeyOne, kKeyTwo, kKeyThree});
 }
 
 void LmExampleBinding::SetKeyValue(const LmString& theKey, const LmValue& theValue)
@@ -67,7 +60,9 @@ void LmExampleBinding::WriteModel(const LmString&, const LmValue&) {}
 
 void LmExampleBinding::SyncValue(const LmString& theKey)
 {
-    LM_ASSERT(mModel != NULL);
+    if (mModel == nullptr) {
+        std::fprintf(stderr, "%s, line %d: mModel != NULL\n", __FILE__, __LINE__);
+    }
     const LmValue theValue = ReadModel(theKey);
     if (theValue.IsValid()) {
         SetKeyPathValue(theKey, theValue);
@@ -90,7 +85,7 @@ LmValue LmExampleBinding::ReadModel(const LmString& theKey) const
 
 void LmExampleBinding::DoEventFromModel(UInt32 theEvent)
 {
-    LmUpdateScope theScope(this, mUpdateModel);
+    const LmUpdateScope theScope(this, mUpdateModel);
     switch (theEvent) {
     case kOneChanged:
         SyncValue(kKeyOne);

@@ -11,7 +11,11 @@ theWork=$PWD/$2
 kForeign=Tests/Package/Foreign
 # Four-character codes are a habit of the platform that compilers warn of.
 kWarnings="-Wall -Wextra -Wno-multichar -Werror"
-kExpected=$'volume 11\nqueue there\ngreeting 12'
+kExpected='volume 11
+queue there
+greeting 12
+the binding is destroyed when "one" changes
+the scope has seen it'
 
 # expect_run <how> <program>
 expect_run()
@@ -30,7 +34,7 @@ cmake_project()
 {
     local theName=$1
     shift
-    cmake -S "$kForeign" -B "$theWork/$theName" -G Ninja \
+    cmake -S "$kForeign" -B "$theWork/$theName" -G Ninja -DLM_COPIES="$theCopies" \
         -DCMAKE_C_FLAGS="$kWarnings" -DCMAKE_CXX_FLAGS="$kWarnings" "$@"
     cmake --build "$theWork/$theName"
     expect_run "$theName" "$theWork/$theName/Foreign"
@@ -82,6 +86,13 @@ rm -rf "$theWork"
 mkdir -p "$theWork"
 cmake --install "$theBuild" --prefix "$theWork/first"
 mv "$theWork/first" "$theWork/installed"
+# What the foreign project has copied: the pattern of a binding, under another name.
+theCopies=$theWork/copies
+mkdir "$theCopies"
+for theSuffix in h cpp; do
+    sed 's/LmExampleBinding/CopiedBinding/g' "Source/Bindings/LmExampleBinding.$theSuffix" \
+        >"$theCopies/CopiedBinding.$theSuffix"
+done
 theLibraries=$(dirname "$(find "$theWork/installed" -name 'libLmBindings.so')")
 
 cmake_project find_package -DCMAKE_PREFIX_PATH="$theWork/installed"
@@ -140,8 +151,10 @@ export PKG_CONFIG_PATH=$theLibraries/pkgconfig
 {
     mkdir "$theWork/pkg-config"
     gcc $kWarnings -c "$kForeign/PlainC.c" -o "$theWork/pkg-config/PlainC.o" $(pkg-config --cflags lmbindings)
-    g++ -std=c++17 $kWarnings "$kForeign/Main.cpp" "$theWork/pkg-config/PlainC.o" \
-        -o "$theWork/pkg-config/Foreign" $(pkg-config --cflags --libs lmbindings) -Wl,-rpath,"$theLibraries"
+    # The program watches over its memory: a binding that does not know that it is gone is found out.
+    g++ -std=c++17 -fsanitize=address $kWarnings "$kForeign/Main.cpp" "$kForeign/CopiedBinding.cpp" -I"$theCopies" \
+        "$theCopies/CopiedBinding.cpp" "$theWork/pkg-config/PlainC.o" -o "$theWork/pkg-config/Foreign" \
+        $(pkg-config --cflags --libs lmbindings) -Wl,-rpath,"$theLibraries"
     expect_run pkg-config "$theWork/pkg-config/Foreign"
     expect_private pkg-config $(pkg-config --cflags lmbindings)
     if pkg-config --exists lmbindings-desktop; then
