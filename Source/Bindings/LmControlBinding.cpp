@@ -45,6 +45,114 @@ ControlRef FindControl(WindowRef theWindow, const ControlID& theID)
     return theControl;
 }
 
+ControlKind KindOf(ControlRef theControl)
+{
+    ControlKind theKind = {0, 0};
+    LM_CHECK_STATUS(GetControlKind(theControl, &theKind));
+    return theKind;
+}
+
+bool IsEditText(const ControlKind& theKind)
+{
+    return theKind.signature == kControlKindSignatureApple &&
+           (theKind.kind == kControlKindEditText || theKind.kind == kControlKindEditUnicodeText);
+}
+
+bool IsStaticText(const ControlKind& theKind)
+{
+    return theKind.signature == kControlKindSignatureApple && theKind.kind == kControlKindStaticText;
+}
+
+// ---- Reading
+
+LmValue ReadText(ControlRef theControl)
+{
+    CFStringRef theString = nullptr;
+    LM_CHECK_STATUS(GetControlData(theControl, kControlEntireControl, kControlStaticTextCFStringTag,
+                                   sizeof theString, &theString, nullptr));
+    return LmAdoptedString(theString);
+}
+
+LmValue ReadTitle(ControlRef theControl)
+{
+    CFStringRef theString = nullptr;
+    LM_CHECK_STATUS(CopyControlTitleAsCFString(theControl, &theString));
+    return LmAdoptedString(theString);
+}
+
+LmValue ReadControl(ControlRef theControl, bool isText, const LmString& theKey)
+{
+    LmValue theValue;
+    // On purpose: the numbers are kept unsigned although a control's are signed, and DoEventControl compares
+    // them signed: applications read them as they were always read.
+    if (theKey == kKeyValue) {
+        if (isText) {
+            return ReadText(theControl);
+        }
+        theValue.SetUInt32(static_cast<UInt32>(GetControl32BitValue(theControl)));
+    } else if (theKey == kKeyMinimum) {
+        theValue.SetUInt32(static_cast<UInt32>(GetControl32BitMinimum(theControl)));
+    } else if (theKey == kKeyMaximum) {
+        theValue.SetUInt32(static_cast<UInt32>(GetControl32BitMaximum(theControl)));
+    } else if (theKey == kKeyEnabled) {
+        theValue.SetBoolean(IsControlEnabled(theControl));
+    } else if (theKey == kKeyVisible) {
+        theValue.SetBoolean(IsControlVisible(theControl));
+    } else if (theKey == kKeyTitle) {
+        return ReadTitle(theControl);
+    }
+    return theValue;
+}
+
+// ---- Writing
+
+OSStatus WriteValue(ControlRef theControl, bool isText, const LmValue& theValue)
+{
+    if (!isText) {
+        SetControl32BitValue(theControl, static_cast<SInt32>(theValue.GetUInt32()));
+    } else if (LmIsText(theValue)) {
+        const CFStringRef theString = theValue.GetString();
+        return SetControlData(theControl, kControlEntireControl, kControlStaticTextCFStringTag,
+                              sizeof theString, &theString);
+    }
+    return noErr;
+}
+
+OSStatus WriteControl(ControlRef theControl, bool isText, const LmString& theKey, const LmValue& theValue)
+{
+    if (theKey == kKeyValue) {
+        return WriteValue(theControl, isText, theValue);
+    }
+    if (theKey == kKeyMinimum) {
+        SetControl32BitMinimum(theControl, static_cast<SInt32>(theValue.GetUInt32()));
+    } else if (theKey == kKeyMaximum) {
+        SetControl32BitMaximum(theControl, static_cast<SInt32>(theValue.GetUInt32()));
+    } else if (theKey == kKeyEnabled) {
+        return theValue.GetBoolean() ? EnableControl(theControl) : DisableControl(theControl);
+    } else if (theKey == kKeyVisible) {
+        return SetControlVisibility(theControl, theValue.GetBoolean(), true);
+    } else if (theKey == kKeyTitle && LmIsText(theValue)) {
+        return SetControlTitleWithCFString(theControl, theValue.GetString());
+    }
+    return noErr;
+}
+
+// ---- Following
+
+// On purpose: one event copies one key only, the first that differs; and the comparison is of signed numbers,
+// for text controls too.
+void SyncChangedNumber(LmControlBinding& theBinding)
+{
+    const ControlRef theControl = theBinding.GetControl();
+    if (GetControl32BitValue(theControl) != theBinding.GetKeyValue(kKeyValue).GetSInt32()) {
+        theBinding.SyncValue(kKeyValue);
+    } else if (GetControl32BitMinimum(theControl) != theBinding.GetKeyValue(kKeyMinimum).GetSInt32()) {
+        theBinding.SyncValue(kKeyMinimum);
+    } else if (GetControl32BitMaximum(theControl) != theBinding.GetKeyValue(kKeyMaximum).GetSInt32()) {
+        theBinding.SyncValue(kKeyMaximum);
+    }
+}
+
 } // namespace
 
 LmControlBinding::LmControlBinding(WindowRef theWindow, const ControlID& theID)
@@ -120,39 +228,21 @@ void LmControlBinding::SetControl(ControlRef theControl)
     if (theControl == nullptr) {
         return;
     }
-    DetectTextKind();
+    const ControlKind theKind = KindOf(theControl);
+    mIsEditText = IsEditText(theKind);
+    mIsStaticText = IsStaticText(theKind);
     LM_CHECK_STATUS(InstallEventHandler(GetControlEventTarget(theControl), kHandler,
                                         GetEventTypeCount(kControlEvents), kControlEvents, this,
                                         &mEventHandler));
-    SyncAllValues();
-}
-
-void LmControlBinding::DetectTextKind()
-{
-    ControlKind theKind = {0, 0};
-    LM_CHECK_STATUS(GetControlKind(mControl, &theKind));
-    if (theKind.signature == kControlKindSignatureApple) {
-        mIsEditText = theKind.kind == kControlKindEditText || theKind.kind == kControlKindEditUnicodeText;
-        mIsStaticText = theKind.kind == kControlKindStaticText;
-    }
-}
-
-void LmControlBinding::SyncAllValues()
-{
-    LmUpdateScope theScope(this, mUpdateControl);
-    for (const char* theKey : {kKeyValue, kKeyMinimum, kKeyMaximum, kKeyEnabled, kKeyVisible, kKeyTitle}) {
-        SyncValue(theKey);
-        if (theScope.BindingIsGone()) {
-            return;
-        }
-    }
+    LmSyncKeys(this, mUpdateControl,
+               {kKeyValue, kKeyMinimum, kKeyMaximum, kKeyEnabled, kKeyVisible, kKeyTitle});
 }
 
 void LmControlBinding::SetKeyValue(const LmString& theKey, const LmValue& theValue)
 {
     if (mControl != nullptr && mUpdateControl) {
-        LmLifeWatch theWatch(this);
-        LM_CHECK_STATUS(WriteControl(theKey, theValue));
+        const LmLifeWatch theWatch(this);
+        LM_CHECK_STATUS(WriteControl(mControl, IsText(), theKey, theValue));
         if (theWatch.IsGone()) {
             return;
         }
@@ -160,83 +250,13 @@ void LmControlBinding::SetKeyValue(const LmString& theKey, const LmValue& theVal
     LmKeyValueStore::SetKeyValue(theKey, theValue);
 }
 
-OSStatus LmControlBinding::WriteControl(const LmString& theKey, const LmValue& theValue)
-{
-    if (theKey == kKeyValue) {
-        return WriteValue(theValue);
-    }
-    if (theKey == kKeyMinimum) {
-        SetControl32BitMinimum(mControl, static_cast<SInt32>(theValue.GetUInt32()));
-    } else if (theKey == kKeyMaximum) {
-        SetControl32BitMaximum(mControl, static_cast<SInt32>(theValue.GetUInt32()));
-    } else if (theKey == kKeyEnabled) {
-        return theValue.GetBoolean() ? EnableControl(mControl) : DisableControl(mControl);
-    } else if (theKey == kKeyVisible) {
-        return SetControlVisibility(mControl, theValue.GetBoolean(), true);
-    } else if (theKey == kKeyTitle && LmIsText(theValue)) {
-        return SetControlTitleWithCFString(mControl, theValue.GetString());
-    }
-    return noErr;
-}
-
-OSStatus LmControlBinding::WriteValue(const LmValue& theValue)
-{
-    if (!IsText()) {
-        SetControl32BitValue(mControl, static_cast<SInt32>(theValue.GetUInt32()));
-    } else if (LmIsText(theValue)) {
-        const CFStringRef theString = theValue.GetString();
-        return SetControlData(mControl, kControlEntireControl, kControlStaticTextCFStringTag,
-                              sizeof theString, &theString);
-    }
-    return noErr;
-}
-
 void LmControlBinding::SyncValue(const LmString& theKey)
 {
     LM_ASSERT(mControl != NULL);
-    const LmValue theValue = ReadControl(theKey);
+    const LmValue theValue = ReadControl(mControl, IsText(), theKey);
     if (theValue.IsValid()) {
         SetKeyPathValue(theKey, theValue);
     }
-}
-
-LmValue LmControlBinding::ReadControl(const LmString& theKey) const
-{
-    LmValue theValue;
-    // On purpose: the numbers are kept unsigned although a control's are signed, and DoEventControl compares
-    // them signed: applications read them as they were always read.
-    if (theKey == kKeyValue) {
-        if (IsText()) {
-            return ReadText();
-        }
-        theValue.SetUInt32(static_cast<UInt32>(GetControl32BitValue(mControl)));
-    } else if (theKey == kKeyMinimum) {
-        theValue.SetUInt32(static_cast<UInt32>(GetControl32BitMinimum(mControl)));
-    } else if (theKey == kKeyMaximum) {
-        theValue.SetUInt32(static_cast<UInt32>(GetControl32BitMaximum(mControl)));
-    } else if (theKey == kKeyEnabled) {
-        theValue.SetBoolean(IsControlEnabled(mControl));
-    } else if (theKey == kKeyVisible) {
-        theValue.SetBoolean(IsControlVisible(mControl));
-    } else if (theKey == kKeyTitle) {
-        return ReadTitle();
-    }
-    return theValue;
-}
-
-LmValue LmControlBinding::ReadText() const
-{
-    CFStringRef theString = nullptr;
-    LM_CHECK_STATUS(GetControlData(mControl, kControlEntireControl, kControlStaticTextCFStringTag,
-                                   sizeof theString, &theString, nullptr));
-    return LmAdoptedString(theString);
-}
-
-LmValue LmControlBinding::ReadTitle() const
-{
-    CFStringRef theString = nullptr;
-    LM_CHECK_STATUS(CopyControlTitleAsCFString(mControl, &theString));
-    return LmAdoptedString(theString);
 }
 
 OSStatus LmControlBinding::EventHandler(EventHandlerCallRef, EventRef theEvent, void* userData)
@@ -261,7 +281,7 @@ OSStatus LmControlBinding::EventHandler(EventHandlerCallRef, EventRef theEvent, 
 OSStatus LmControlBinding::DoEventKeyboard(EventRef theEvent, UInt32 theKind)
 {
     LM_ASSERT(GetEventClass(theEvent) == kEventClassKeyboard);
-    LmUpdateScope theScope(this, mUpdateControl);
+    const LmUpdateScope theScope(this, mUpdateControl);
     if (theKind != kEventRawKeyDown || !mIsEditText) {
         return eventNotHandledErr;
     }
@@ -284,7 +304,7 @@ OSStatus LmControlBinding::DoEventControl(EventRef theEvent, UInt32 theKind)
 {
     LM_ASSERT(GetEventClass(theEvent) == kEventClassControl);
     {
-        LmUpdateScope theScope(this, mUpdateControl);
+        const LmUpdateScope theScope(this, mUpdateControl);
         switch (theKind) {
         case kEventControlTitleChanged:
             SyncValue(kKeyTitle);
@@ -296,7 +316,7 @@ OSStatus LmControlBinding::DoEventControl(EventRef theEvent, UInt32 theKind)
             SyncValue(kKeyVisible);
             break;
         case kEventControlValueFieldChanged:
-            SyncChangedNumber();
+            SyncChangedNumber(*this);
             break;
         default:
             break;
@@ -306,17 +326,4 @@ OSStatus LmControlBinding::DoEventControl(EventRef theEvent, UInt32 theKind)
         delete this;
     }
     return eventNotHandledErr;
-}
-
-// On purpose: one event copies one key only, the first that differs; and the comparison is of signed numbers,
-// for text controls too.
-void LmControlBinding::SyncChangedNumber()
-{
-    if (GetControl32BitValue(mControl) != GetKeyValue(kKeyValue).GetSInt32()) {
-        SyncValue(kKeyValue);
-    } else if (GetControl32BitMinimum(mControl) != GetKeyValue(kKeyMinimum).GetSInt32()) {
-        SyncValue(kKeyMinimum);
-    } else if (GetControl32BitMaximum(mControl) != GetKeyValue(kKeyMaximum).GetSInt32()) {
-        SyncValue(kKeyMaximum);
-    }
 }

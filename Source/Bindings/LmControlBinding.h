@@ -101,14 +101,6 @@ public:
 
 private:
     bool IsText() const { return mIsEditText || mIsStaticText; }
-    LM_HIDDEN void DetectTextKind();
-    LM_HIDDEN void SyncAllValues();
-    LM_HIDDEN void SyncChangedNumber();
-    LM_HIDDEN OSStatus WriteControl(const LmString& theKey, const LmValue& theValue);
-    LM_HIDDEN OSStatus WriteValue(const LmValue& theValue);
-    LM_HIDDEN LmValue ReadControl(const LmString& theKey) const;
-    LM_HIDDEN LmValue ReadText() const;
-    LM_HIDDEN LmValue ReadTitle() const;
 
     ControlRef mControl;           // the bound control, or null; not owned
     EventHandlerRef mEventHandler; // the handler on the control, or null; owned

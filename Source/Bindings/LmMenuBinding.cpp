@@ -35,6 +35,82 @@ UniChar MarkCharacter(UInt32 theMark)
     }
 }
 
+// A command's first item. More items of the menu may carry the command.
+struct CommandItem
+{
+    MenuRef theMenu;
+    MenuItemIndex theIndex;
+    MenuCommand theCommand;
+};
+
+// ---- Reading
+
+// On purpose: a mark is set as a number, but the two common marks are read as booleans, so that "mark" can be
+// compared with a model's boolean; only a third mark reads as a number.
+LmValue ReadMark(const CommandItem& theItem)
+{
+    UniChar theMark = noMark;
+    LM_CHECK_STATUS(GetMenuCommandMark(theItem.theMenu, theItem.theCommand, &theMark));
+    LmValue theValue;
+    if (theMark == noMark || theMark == kCheckCharCode) {
+        theValue.SetBoolean(theMark == kCheckCharCode);
+    } else {
+        theValue.SetUInt32(kOtherMark);
+    }
+    return theValue;
+}
+
+LmValue ReadTitle(const CommandItem& theItem)
+{
+    CFStringRef theString = nullptr;
+    LM_CHECK_STATUS(CopyMenuItemTextAsCFString(theItem.theMenu, theItem.theIndex, &theString));
+    return LmAdoptedString(theString);
+}
+
+LmValue ReadMenu(const CommandItem& theItem, const LmString& theKey)
+{
+    LmValue theValue;
+    if (theKey == kKeyMark) {
+        return ReadMark(theItem);
+    }
+    if (theKey == kKeyEnabled) {
+        theValue.SetBoolean(IsMenuCommandEnabled(theItem.theMenu, theItem.theCommand));
+    } else if (theKey == kKeyTitle) {
+        return ReadTitle(theItem);
+    }
+    return theValue;
+}
+
+// ---- Writing
+
+OSStatus WriteMenu(const CommandItem& theItem, const LmString& theKey, const LmValue& theValue)
+{
+    if (theKey == kKeyMark) {
+        return SetMenuCommandMark(theItem.theMenu, theItem.theCommand,
+                                  MarkCharacter(static_cast<UInt32>(theValue.GetUInt32())));
+    }
+    if (theKey == kKeyEnabled) {
+        if (theValue.GetBoolean()) {
+            EnableMenuCommand(theItem.theMenu, theItem.theCommand);
+        } else {
+            DisableMenuCommand(theItem.theMenu, theItem.theCommand);
+        }
+    } else if (theKey == kKeyTitle && LmIsText(theValue)) {
+        return SetMenuItemTextWithCFString(theItem.theMenu, theItem.theIndex, theValue.GetString());
+    }
+    return noErr;
+}
+
+// ---- Following
+
+bool IsForCommand(EventRef theEvent, MenuCommand theCommand)
+{
+    HICommand theAsked = {};
+    LM_CHECK_STATUS(GetEventParameter(theEvent, kEventParamDirectObject, typeHICommand, nullptr,
+                                      sizeof theAsked, nullptr, &theAsked));
+    return theAsked.commandID == theCommand && (theAsked.attributes & kHICommandFromMenu) != 0;
+}
+
 } // namespace
 
 LmMenuBinding::LmMenuBinding(UInt32 theCommand)
@@ -110,88 +186,24 @@ void LmMenuBinding::SetMenuCommand(UInt32 theCommand)
                                             GetEventTypeCount(kMenuEvents), kMenuEvents, this,
                                             &mEventHandler));
     }
-    SyncAllValues();
-}
-
-void LmMenuBinding::SyncAllValues()
-{
-    LmUpdateScope theScope(this, mUpdateMenu);
-    for (const char* theKey : {kKeyMark, kKeyEnabled, kKeyTitle}) {
-        SyncValue(theKey);
-        if (theScope.BindingIsGone()) {
-            return;
-        }
-    }
+    LmSyncKeys(this, mUpdateMenu, {kKeyMark, kKeyEnabled, kKeyTitle});
 }
 
 void LmMenuBinding::SetKeyValue(const LmString& theKey, const LmValue& theValue)
 {
     if (mCommand != 0 && mUpdateMenu) {
-        LM_CHECK_STATUS(WriteMenu(theKey, theValue));
+        LM_CHECK_STATUS(WriteMenu({mMenu, mMenuItem, mCommand}, theKey, theValue));
     }
     LmKeyValueStore::SetKeyValue(theKey, theValue);
-}
-
-OSStatus LmMenuBinding::WriteMenu(const LmString& theKey, const LmValue& theValue)
-{
-    if (theKey == kKeyMark) {
-        return SetMenuCommandMark(mMenu, mCommand, MarkCharacter(static_cast<UInt32>(theValue.GetUInt32())));
-    }
-    if (theKey == kKeyEnabled) {
-        if (theValue.GetBoolean()) {
-            EnableMenuCommand(mMenu, mCommand);
-        } else {
-            DisableMenuCommand(mMenu, mCommand);
-        }
-    } else if (theKey == kKeyTitle && LmIsText(theValue)) {
-        return SetMenuItemTextWithCFString(mMenu, mMenuItem, theValue.GetString());
-    }
-    return noErr;
 }
 
 void LmMenuBinding::SyncValue(const LmString& theKey)
 {
     LM_ASSERT(mMenu != NULL);
-    const LmValue theValue = ReadMenu(theKey);
+    const LmValue theValue = ReadMenu({mMenu, mMenuItem, mCommand}, theKey);
     if (theValue.IsValid()) {
         SetKeyPathValue(theKey, theValue);
     }
-}
-
-LmValue LmMenuBinding::ReadMenu(const LmString& theKey) const
-{
-    LmValue theValue;
-    if (theKey == kKeyMark) {
-        return ReadMark();
-    }
-    if (theKey == kKeyEnabled) {
-        theValue.SetBoolean(IsMenuCommandEnabled(mMenu, mCommand));
-    } else if (theKey == kKeyTitle) {
-        return ReadTitle();
-    }
-    return theValue;
-}
-
-// On purpose: a mark is set as a number, but the two common marks are read as booleans, so that "mark" can be
-// compared with a model's boolean; only a third mark reads as a number.
-LmValue LmMenuBinding::ReadMark() const
-{
-    UniChar theMark = noMark;
-    LM_CHECK_STATUS(GetMenuCommandMark(mMenu, mCommand, &theMark));
-    LmValue theValue;
-    if (theMark == noMark || theMark == kCheckCharCode) {
-        theValue.SetBoolean(theMark == kCheckCharCode);
-    } else {
-        theValue.SetUInt32(kOtherMark);
-    }
-    return theValue;
-}
-
-LmValue LmMenuBinding::ReadTitle() const
-{
-    CFStringRef theString = nullptr;
-    LM_CHECK_STATUS(CopyMenuItemTextAsCFString(mMenu, mMenuItem, &theString));
-    return LmAdoptedString(theString);
 }
 
 OSStatus LmMenuBinding::EventHandler(EventHandlerCallRef, EventRef theEvent, void* userData)
@@ -225,20 +237,12 @@ OSStatus LmMenuBinding::DoEventMenu(EventRef theEvent, UInt32 theKind)
 OSStatus LmMenuBinding::DoEventCommand(EventRef theEvent, UInt32 theKind)
 {
     LM_ASSERT(GetEventClass(theEvent) == kEventClassCommand);
-    LmUpdateScope theScope(this, mUpdateMenu);
-    if (theKind == kEventCommandUpdateStatus && IsForThisCommand(theEvent)) {
+    const LmUpdateScope theScope(this, mUpdateMenu);
+    if (theKind == kEventCommandUpdateStatus && IsForCommand(theEvent, mCommand)) {
         SyncValue(kKeyMark);
         if (!theScope.BindingIsGone()) {
             SyncValue(kKeyEnabled);
         }
     }
     return eventNotHandledErr;
-}
-
-bool LmMenuBinding::IsForThisCommand(EventRef theEvent) const
-{
-    HICommand theCommand = {};
-    LM_CHECK_STATUS(GetEventParameter(theEvent, kEventParamDirectObject, typeHICommand, nullptr,
-                                      sizeof theCommand, nullptr, &theCommand));
-    return theCommand.commandID == mCommand && (theCommand.attributes & kHICommandFromMenu) != 0;
 }

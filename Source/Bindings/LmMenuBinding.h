@@ -94,13 +94,6 @@ public:
     void SetKeyValue(const LmString& theKey, const LmValue& theValue) override;
 
 private:
-    LM_HIDDEN void SyncAllValues();
-    LM_HIDDEN bool IsForThisCommand(EventRef theEvent) const;
-    LM_HIDDEN OSStatus WriteMenu(const LmString& theKey, const LmValue& theValue);
-    LM_HIDDEN LmValue ReadMenu(const LmString& theKey) const;
-    LM_HIDDEN LmValue ReadMark() const;
-    LM_HIDDEN LmValue ReadTitle() const;
-
     MenuRef mMenu;                 // the menu that holds the command's first item, or null; not owned
     MenuItemIndex mMenuItem;       // that item's index, or 0
     MenuCommand mCommand;          // the command, or 0

@@ -55,6 +55,60 @@ CGRect RectFromWindowBounds(const Rect& theBounds)
     return theRect;
 }
 
+// ---- Reading
+
+LmValue ReadBounds(WindowRef theWindow)
+{
+    Rect theBounds = {0, 0, 0, 0};
+    LM_CHECK_STATUS(GetWindowBounds(theWindow, kWindowContentRgn, &theBounds));
+    LmValue theValue;
+    theValue.SetRect(RectFromWindowBounds(theBounds));
+    return theValue;
+}
+
+LmValue ReadTitle(WindowRef theWindow)
+{
+    CFStringRef theString = nullptr;
+    LM_CHECK_STATUS(CopyWindowTitleAsCFString(theWindow, &theString));
+    return LmAdoptedString(theString);
+}
+
+LmValue ReadWindow(WindowRef theWindow, const LmString& theKey)
+{
+    LmValue theValue;
+    if (theKey == kKeyVisible) {
+        theValue.SetBoolean(IsWindowVisible(theWindow));
+    } else if (theKey == kKeyCollapsed) {
+        theValue.SetBoolean(IsWindowCollapsed(theWindow));
+    } else if (theKey == kKeyBounds) {
+        return ReadBounds(theWindow);
+    } else if (theKey == kKeyTitle) {
+        return ReadTitle(theWindow);
+    }
+    return theValue;
+}
+
+// ---- Writing
+
+OSStatus WriteWindow(WindowRef theWindow, const LmString& theKey, const LmValue& theValue)
+{
+    if (theKey == kKeyVisible) {
+        if (theValue.GetBoolean()) {
+            ShowWindow(theWindow);
+        } else {
+            HideWindow(theWindow);
+        }
+    } else if (theKey == kKeyCollapsed) {
+        return CollapseWindow(theWindow, theValue.GetBoolean());
+    } else if (theKey == kKeyBounds) {
+        const Rect theBounds = WindowBoundsFromRect(theValue.GetRect());
+        return SetWindowBounds(theWindow, kWindowContentRgn, &theBounds);
+    } else if (theKey == kKeyTitle && LmIsText(theValue)) {
+        return SetWindowTitleWithCFString(theWindow, theValue.GetString());
+    }
+    return noErr;
+}
+
 } // namespace
 
 LmWindowBinding::LmWindowBinding(WindowRef theWindow)
@@ -113,25 +167,14 @@ void LmWindowBinding::SetWindow(WindowRef theWindow)
     LM_CHECK_STATUS(InstallEventHandler(GetWindowEventTarget(theWindow), kHandler,
                                         GetEventTypeCount(kWindowEvents), kWindowEvents, this,
                                         &mEventHandler));
-    SyncAllValues();
-}
-
-void LmWindowBinding::SyncAllValues()
-{
-    LmUpdateScope theScope(this, mUpdateWindow);
-    for (const char* theKey : {kKeyVisible, kKeyCollapsed, kKeyBounds, kKeyTitle}) {
-        SyncValue(theKey);
-        if (theScope.BindingIsGone()) {
-            return;
-        }
-    }
+    LmSyncKeys(this, mUpdateWindow, {kKeyVisible, kKeyCollapsed, kKeyBounds, kKeyTitle});
 }
 
 void LmWindowBinding::SetKeyValue(const LmString& theKey, const LmValue& theValue)
 {
     if (mWindow != nullptr && mUpdateWindow) {
-        LmLifeWatch theWatch(this);
-        LM_CHECK_STATUS(WriteWindow(theKey, theValue));
+        const LmLifeWatch theWatch(this);
+        LM_CHECK_STATUS(WriteWindow(mWindow, theKey, theValue));
         if (theWatch.IsGone()) {
             return;
         }
@@ -139,63 +182,13 @@ void LmWindowBinding::SetKeyValue(const LmString& theKey, const LmValue& theValu
     LmKeyValueStore::SetKeyValue(theKey, theValue);
 }
 
-OSStatus LmWindowBinding::WriteWindow(const LmString& theKey, const LmValue& theValue)
-{
-    if (theKey == kKeyVisible) {
-        if (theValue.GetBoolean()) {
-            ShowWindow(mWindow);
-        } else {
-            HideWindow(mWindow);
-        }
-    } else if (theKey == kKeyCollapsed) {
-        return CollapseWindow(mWindow, theValue.GetBoolean());
-    } else if (theKey == kKeyBounds) {
-        const Rect theBounds = WindowBoundsFromRect(theValue.GetRect());
-        return SetWindowBounds(mWindow, kWindowContentRgn, &theBounds);
-    } else if (theKey == kKeyTitle && LmIsText(theValue)) {
-        return SetWindowTitleWithCFString(mWindow, theValue.GetString());
-    }
-    return noErr;
-}
-
 void LmWindowBinding::SyncValue(const LmString& theKey)
 {
     LM_ASSERT(mWindow != NULL);
-    const LmValue theValue = ReadWindow(theKey);
+    const LmValue theValue = ReadWindow(mWindow, theKey);
     if (theValue.IsValid()) {
         SetKeyPathValue(theKey, theValue);
     }
-}
-
-LmValue LmWindowBinding::ReadWindow(const LmString& theKey) const
-{
-    LmValue theValue;
-    if (theKey == kKeyVisible) {
-        theValue.SetBoolean(IsWindowVisible(mWindow));
-    } else if (theKey == kKeyCollapsed) {
-        theValue.SetBoolean(IsWindowCollapsed(mWindow));
-    } else if (theKey == kKeyBounds) {
-        return ReadBounds();
-    } else if (theKey == kKeyTitle) {
-        return ReadTitle();
-    }
-    return theValue;
-}
-
-LmValue LmWindowBinding::ReadBounds() const
-{
-    Rect theBounds = {0, 0, 0, 0};
-    LM_CHECK_STATUS(GetWindowBounds(mWindow, kWindowContentRgn, &theBounds));
-    LmValue theValue;
-    theValue.SetRect(RectFromWindowBounds(theBounds));
-    return theValue;
-}
-
-LmValue LmWindowBinding::ReadTitle() const
-{
-    CFStringRef theString = nullptr;
-    LM_CHECK_STATUS(CopyWindowTitleAsCFString(mWindow, &theString));
-    return LmAdoptedString(theString);
 }
 
 OSStatus LmWindowBinding::EventHandler(EventHandlerCallRef, EventRef theEvent, void* userData)
@@ -211,7 +204,7 @@ OSStatus LmWindowBinding::DoEventWindow(EventRef theEvent, UInt32 theKind)
 {
     LM_ASSERT(GetEventClass(theEvent) == kEventClassWindow);
     {
-        LmUpdateScope theScope(this, mUpdateWindow);
+        const LmUpdateScope theScope(this, mUpdateWindow);
         switch (theKind) {
         case kEventWindowShown:
         case kEventWindowHidden:

@@ -88,12 +88,6 @@ public:
     void SetKeyValue(const LmString& theKey, const LmValue& theValue) override;
 
 private:
-    LM_HIDDEN void SyncAllValues();
-    LM_HIDDEN OSStatus WriteWindow(const LmString& theKey, const LmValue& theValue);
-    LM_HIDDEN LmValue ReadWindow(const LmString& theKey) const;
-    LM_HIDDEN LmValue ReadBounds() const;
-    LM_HIDDEN LmValue ReadTitle() const;
-
     WindowRef mWindow;             // the bound window, or null; not owned
     EventHandlerRef mEventHandler; // the handler on the window, or null; owned
     bool mUpdateWindow;            // set keys are written into the window; clear while copying from it
