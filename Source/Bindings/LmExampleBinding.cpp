@@ -54,8 +54,9 @@ void LmExampleBinding::SetKeyValue(const LmString& theKey, const LmValue& theVal
     LmKeyValueStore::SetKeyValue(theKey, theValue);
 }
 
-// A binding for a real model sets the property that belongs to the key, with a branch for each key. The
-// example's properties are constants, so there is nothing to set.
+// A binding for a real model sets the property that belongs to the key, with a branch for each key. Where
+// that may end the binding, SetKeyValue keeps an LmLifeWatch across this call. The example's properties are
+// constants, so there is nothing to set.
 void LmExampleBinding::WriteModel(const LmString&, const LmValue&) {}
 
 void LmExampleBinding::SyncValue(const LmString& theKey)

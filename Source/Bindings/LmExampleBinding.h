@@ -12,9 +12,9 @@
 // shape of the bindings for controls and windows, with a plain pointer in place of the Carbon object, and
 // with a notification that the model calls in place of Carbon events.
 //
-// Copy it and fill it in: in ReadModel read your model's properties, in WriteModel write them, and let the
-// model call DoEventFromModel when one changes by itself. As it stands the class works, with constants
-// for the properties:
+// Copy both of its files and fill them in: in ReadModel read your model's properties, in WriteModel write
+// them, and let the model call DoEventFromModel when one changes by itself. They include nothing but the
+// interface. As it stands the class works, with constants for the properties:
 //
 //     "one"     boolean true
 //     "two"     unsigned 32-bit 0

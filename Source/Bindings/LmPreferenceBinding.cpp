@@ -11,7 +11,7 @@
 namespace {
 
 // A reference that a Create or Copy call has given, or null; released at the end of the scope.
-class OwnedObject
+class [[nodiscard]] OwnedObject
 {
 public:
     explicit OwnedObject(CFTypeRef theObject)
