@@ -9,8 +9,7 @@ cd "$(dirname "$0")/../.."
 theBuild=$1
 theWork=$PWD/$2
 kForeign=Tests/Package/Foreign
-# Four-character codes are a habit of the platform that compilers warn of.
-kWarnings="-Wall -Wextra -Wno-multichar -Werror"
+kWarnings="-Wall -Wextra -Werror"
 kExpected='volume 11
 queue there
 greeting 12
@@ -35,7 +34,8 @@ cmake_project()
     local theName=$1
     shift
     cmake -S "$kForeign" -B "$theWork/$theName" -G Ninja -DLM_COPIES="$theCopies" \
-        -DCMAKE_C_FLAGS="$kWarnings" -DCMAKE_CXX_FLAGS="$kWarnings" "$@"
+        -DCMAKE_C_FLAGS="$kWarnings" -DCMAKE_CXX_FLAGS="$kWarnings" \
+        -DCMAKE_EXE_LINKER_FLAGS=-Wl,--as-needed -DCMAKE_CXX_STANDARD_LIBRARIES=-Wl,--as-needed "$@"
     cmake --build "$theWork/$theName"
     expect_run "$theName" "$theWork/$theName/Foreign"
     # What the project wrote is a list of words.
@@ -150,6 +150,7 @@ export PKG_CONFIG_PATH=$theLibraries/pkgconfig
 # shellcheck disable=SC2046,SC2086
 {
     mkdir "$theWork/pkg-config"
+    # Nothing but the flags of pkg-config makes the line work, and it says not a word.
     gcc $kWarnings -c "$kForeign/PlainC.c" -o "$theWork/pkg-config/PlainC.o" $(pkg-config --cflags lmbindings)
     # The program watches over its memory: a binding that does not know that it is gone is found out.
     g++ -std=c++17 -fsanitize=address $kWarnings "$kForeign/Main.cpp" "$kForeign/CopiedBinding.cpp" -I"$theCopies" \
@@ -158,14 +159,17 @@ export PKG_CONFIG_PATH=$theLibraries/pkgconfig
     expect_run pkg-config "$theWork/pkg-config/Foreign"
     expect_private pkg-config $(pkg-config --cflags lmbindings)
     if pkg-config --exists lmbindings-desktop; then
-        g++ -std=c++17 $kWarnings "$kForeign/Window.cpp" -o "$theWork/pkg-config/ForeignOnDesktop" \
-            $(pkg-config --cflags --libs lmbindings-desktop) -Wl,-rpath,"$theLibraries"
+        # The linker leaves out what no program calls; the library stays, wherever the order to do so stands.
+        g++ -std=c++17 $kWarnings -Wl,--as-needed "$kForeign/Window.cpp" -o "$theWork/pkg-config/ForeignOnDesktop" \
+            $(pkg-config --cflags --libs lmbindings-desktop) -Wl,--as-needed -Wl,-rpath,"$theLibraries"
         expect_window pkg-config "$theWork/pkg-config/ForeignOnDesktop"
     fi
 
+    # The compiler says nothing of headers of the system, so here they are none.
+    theFlags=$(pkg-config --cflags lmbindings | sed 's/-isystem */-I/g')
     theCount=0
     while IFS= read -r theHeader; do
-        g++ -std=c++17 -fsyntax-only $kWarnings $(pkg-config --cflags lmbindings) -include "$theHeader" -x c++ /dev/null
+        g++ -std=c++17 -fsyntax-only $kWarnings $theFlags -include "$theHeader" -x c++ /dev/null
         theCount=$((theCount + 1))
     done < <(find "$theWork/installed/include" -name "*.h")
     [ "$theCount" -gt 0 ]

@@ -5,9 +5,12 @@
 #include <Carbon/Carbon.h>
 #include <CoreFoundation/CoreFoundation.h>
 
+// Compilers warn of such constants, unless they are told not to by the flags that come with the library.
+static const OSType kSignature = 'lmFo';
+
 long LengthOfGreeting(void);
 
 long LengthOfGreeting(void)
 {
-    return (long)CFStringGetLength(CFSTR("Good morning"));
+    return kSignature != 0 ? (long)CFStringGetLength(CFSTR("Good morning")) : 0;
 }
