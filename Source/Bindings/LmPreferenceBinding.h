@@ -27,8 +27,9 @@
 //     string                     CFString                  comes back as a string
 //     point, size, rectangle     CFData of 20 bytes        come back as what they were
 //
-// On purpose: unsigned integers come back signed, with the same bits. And a whole number may come back in
-// the other width, for a preference file does not say how wide it was.
+// On purpose: unsigned integers come back signed, with the same bits. And a whole number comes back in the
+// width that it was set with only until the file is read again: a file does not say how wide a number was, so
+// what is read is a 32-bit integer from -1 to 12 and a 64-bit integer otherwise, whatever its size.
 //
 // The 20 bytes: "poin", "size" or "rect" in ASCII, then four 32-bit floats in the machine's order: x, y, 0, 0
 // or width, height, 0, 0 or x, y, width, height.

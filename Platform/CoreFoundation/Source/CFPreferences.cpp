@@ -4,10 +4,12 @@
 
 #include "CFPropertyListSupport.h"
 #include "CFStringObject.h"
+#include "CFUnicode.h"
 #include "Common/NeverDestroyed.h"
 #include "PreferenceStore.h"
 #include "System/Files.h"
 
+#include <algorithm>
 #include <array>
 #include <CoreFoundation/CFNumber.h>
 #include <cstdio>
@@ -132,7 +134,9 @@ public:
     {
         bool theIsWhole = true;
         for (auto& theDomain : mDomains) {
-            theIsWhole = theDomain.second.Synchronize() && theIsWhole;
+            // What is set for any user is kept nowhere, which is no failure of the others.
+            const bool theIsKept = theDomain.first[1] != TextOf(kCFPreferencesAnyUser);
+            theIsWhole = (theDomain.second.Synchronize() || !theIsKept) && theIsWhole;
         }
         return theIsWhole;
     }
@@ -177,14 +181,15 @@ private:
         return EscapeName(Host::UTF8Text(theApplication).value_or(""));
     }
 
-    // No identifier leads out of the folder.
+    // No identifier leads out of the folder, and none ends before its end.
     static std::string EscapeName(const std::string& theName)
     {
         std::string theResult;
         for (const char theCharacter : theName) {
-            theResult += theCharacter == '/'   ? "%2F"
-                         : theCharacter == '%' ? "%25"
-                                               : std::string(1, theCharacter);
+            theResult += theCharacter == '/'    ? "%2F"
+                         : theCharacter == '%'  ? "%25"
+                         : theCharacter == '\0' ? "%00"
+                                                : std::string(1, theCharacter);
         }
         return theResult;
     }
@@ -243,9 +248,11 @@ std::pair<bool, bool> BooleanOf(CFPropertyListRef theValue)
         return {theValue == kCFBooleanTrue, true};
     }
     if (CFGetTypeID(theValue) == CFNumberGetTypeID()) {
-        SInt64 theNumber = 0;
-        CFNumberGetValue(static_cast<CFNumberRef>(theValue), kCFNumberSInt64Type, &theNumber);
-        return {theNumber != 0, !CFNumberIsFloatType(static_cast<CFNumberRef>(theValue))};
+        const CFNumberRef theNumber = static_cast<CFNumberRef>(theValue);
+        SInt64 theInteger = 0;
+        CFNumberGetValue(theNumber, kCFNumberSInt64Type, &theInteger);
+        const bool theIsInteger = !CFNumberIsFloatType(theNumber);
+        return {theIsInteger && theInteger != 0, theIsInteger};
     }
     if (CFGetTypeID(theValue) != CFStringGetTypeID()) {
         return {false, false};
@@ -255,25 +262,17 @@ std::pair<bool, bool> BooleanOf(CFPropertyListRef theValue)
     return {theIsTrue, theIsTrue || IsWord(theWord, CFSTR("false")) || IsWord(theWord, CFSTR("no"))};
 }
 
-// The value of a text that is an integer as a whole, with white space before it at most.
+// A text that is an integer as a whole, with white space before it and behind its sign at most. What is too
+// large is the nearest SInt32, on every host.
 std::pair<CFIndex, bool> IntegerOf(CFStringRef theString)
 {
-    std::string theText = Host::UTF8Text(theString).value_or("");
-    theText.erase(0, theText.find_first_not_of(" \t\n\r"));
-    const bool theHasSign = !theText.empty() && (theText[0] == '-' || theText[0] == '+');
-    const std::string theDigits = theText.substr(theHasSign ? 1 : 0);
-    if (theDigits.empty() || theDigits.find_first_not_of("0123456789") != std::string::npos) {
-        return {0, false};
+    const auto theEnd = theString->mUnits.end();
+    auto theUnit = std::find_if_not(theString->mUnits.begin(), theEnd, Host::IsWhitespace);
+    if (theUnit != theEnd && (*theUnit == '+' || *theUnit == '-')) {
+        theUnit = std::find_if_not(theUnit + 1, theEnd, Host::IsWhitespace);
     }
-    CFIndex theValue = 0;
-    for (const char theDigit : theDigits) {
-        const CFIndex theStep = theText[0] == '-' ? '0' - theDigit : theDigit - '0';
-        if (__builtin_mul_overflow(theValue, CFIndex{10}, &theValue) ||
-            __builtin_add_overflow(theValue, theStep, &theValue)) {
-            return {0, false};
-        }
-    }
-    return {theValue, true};
+    const bool theIsWhole = theUnit != theEnd && std::all_of(theUnit, theEnd, Host::IsDigit);
+    return {theIsWhole ? CFStringGetIntValue(theString) : 0, theIsWhole};
 }
 
 std::pair<CFIndex, bool> IntegerOf(CFPropertyListRef theValue)
@@ -332,16 +331,17 @@ CFPropertyListRef CFPreferencesCopyAppValue(CFStringRef inKey, CFStringRef inApp
     RequireString(inKey, __func__);
     RequireString(inApplication, __func__);
     return WithDomains([=](Domains& theDomains) {
-        for (const CFStringRef theOwner : {inApplication, kCFPreferencesAnyApplication}) {
-            for (const CFStringRef theHost : {kCFPreferencesCurrentHost, kCFPreferencesAnyHost}) {
-                Domain& theDomain = theDomains.Find(theOwner, kCFPreferencesCurrentUser, theHost);
-                const CFPropertyListRef theValue = CopyFrom(theDomain, inKey);
-                if (theValue != nullptr) {
-                    return theValue;
+        CFPropertyListRef theValue = nullptr;
+        for (const CFStringRef theUser : {kCFPreferencesCurrentUser, kCFPreferencesAnyUser}) {
+            for (const CFStringRef theOwner : {inApplication, kCFPreferencesAnyApplication}) {
+                for (const CFStringRef theHost : {kCFPreferencesCurrentHost, kCFPreferencesAnyHost}) {
+                    if (theValue == nullptr) {
+                        theValue = CopyFrom(theDomains.Find(theOwner, theUser, theHost), inKey);
+                    }
                 }
             }
         }
-        return CFPropertyListRef{nullptr};
+        return theValue;
     });
 }
 

@@ -246,9 +246,7 @@ Host::Holder<CFPropertyListRef> Host::ReadPropertyList(std::string_view theData)
 
 CFNumberRef Host::MakeReadInteger(SInt64 theValue)
 {
-    const SInt32 theShort = static_cast<SInt32>(theValue);
-    return theShort == theValue ? CFNumberCreate(nullptr, kCFNumberSInt32Type, &theShort)
-                                : CFNumberCreate(nullptr, kCFNumberSInt64Type, &theValue);
+    return CFNumberCreate(nullptr, kCFNumberSInt64Type, &theValue);
 }
 
 // A container that had no memory for a value has stayed as it was.
@@ -290,10 +288,7 @@ std::optional<std::string> Host::UTF8Text(CFStringRef theString)
                                                   reinterpret_cast<UInt8*>(theText.data()),
                                                   static_cast<CFIndex>(theText.size()), &theUsed);
     theText.resize(static_cast<size_t>(theUsed));
-    if (theConverted != theRange.length || theText.find('\0') != std::string::npos) {
-        return std::nullopt;
-    }
-    return theText;
+    return theConverted == theRange.length ? std::optional<std::string>(theText) : std::nullopt;
 }
 
 CFDataRef CFPropertyListCreateXMLData(CFAllocatorRef inAllocator, CFPropertyListRef inList)

@@ -37,8 +37,8 @@ bool IsPropertyList(CFPropertyListRef theList, int theDepth = 0);
 // Reads any form. Throws MalformedPropertyList and std::bad_alloc. Containers are mutable.
 Holder<CFPropertyListRef> ReadPropertyList(std::string_view theData);
 
-// An integer as it is when it comes from a file, which does not carry its type; the caller releases it. NULL
-// when there is no memory.
+// An integer as it is when it comes from a file, which does not carry its type: 64 bits wide, unless it is one
+// of the shared small ones. The caller releases it. NULL when there is no memory.
 CFNumberRef MakeReadInteger(SInt64 theValue);
 
 // Put a value into a container that is being read. They throw std::bad_alloc.
@@ -48,7 +48,7 @@ void SetInList(CFMutableDictionaryRef theDictionary, CFStringRef theKey, CFPrope
 // The keys in the order in which they are written.
 std::vector<CFStringRef> SortedKeys(CFDictionaryRef theDictionary);
 
-// A string as a text that a zero byte ends; none for a string that such a text cannot tell.
+// A string in UTF-8, zero characters included; none for one with half of a surrogate pair.
 std::optional<std::string> UTF8Text(CFStringRef theString);
 
 } // namespace Host

@@ -143,9 +143,9 @@ TEST_F(CFPreferences, NumbersKeepTheirTypeUntilTheyAreReadAgain)
         EXPECT_TRUE(Synchronize());
     }
     EXPECT_EQ(TypeOf(CFSTR("small")), kCFNumberSInt32Type);
-    EXPECT_EQ(TypeOf(CFSTR("short")), kCFNumberSInt32Type);
-    EXPECT_EQ(TypeOf(CFSTR("byte")), kCFNumberSInt32Type);
-    EXPECT_EQ(TypeOf(CFSTR("wide")), kCFNumberSInt32Type);
+    EXPECT_EQ(TypeOf(CFSTR("short")), kCFNumberSInt64Type);
+    EXPECT_EQ(TypeOf(CFSTR("byte")), kCFNumberSInt64Type);
+    EXPECT_EQ(TypeOf(CFSTR("wide")), kCFNumberSInt64Type);
     EXPECT_EQ(TypeOf(CFSTR("large")), kCFNumberSInt64Type);
     EXPECT_EQ(TypeOf(CFSTR("float")), kCFNumberFloat64Type);
     EXPECT_EQ(TypeOf(CFSTR("double")), kCFNumberFloat64Type);
@@ -225,6 +225,8 @@ TEST_F(CFPreferences, BooleansAreReadFromSomeOtherValues)
         {Owned<CFPropertyListRef>(CFRetain(CFSTR("1"))), false, false},
         {Owned<CFPropertyListRef>(CFRetain(CFSTR(""))), false, false},
         {Owned<CFPropertyListRef>(CFRetain(Data({1}))), false, false},
+        {Owned<CFPropertyListRef>(CFRetain(Float(1.0))), false, false},
+        {Owned<CFPropertyListRef>(CFRetain(Float(0.0))), false, false},
     };
     for (const Row& theRow : kRows) {
         SCOPED_TRACE(DescriptionOf(theRow.theValue));
@@ -235,10 +237,7 @@ TEST_F(CFPreferences, BooleansAreReadFromSomeOtherValues)
         EXPECT_EQ(theIsValid, theRow.theIsValid);
         EXPECT_EQ(CFPreferencesGetAppBooleanValue(CFSTR("key"), mApplication, nullptr), theRow.theExpected);
     }
-    Set(CFSTR("key"), Float(1.0));
     Boolean theIsValid = 77;
-    CFPreferencesGetAppBooleanValue(CFSTR("key"), mApplication, &theIsValid);
-    EXPECT_FALSE(theIsValid);
     EXPECT_FALSE(CFPreferencesGetAppBooleanValue(CFSTR("absent"), mApplication, &theIsValid));
     EXPECT_FALSE(theIsValid);
 }
@@ -257,7 +256,15 @@ TEST_F(CFPreferences, IntegersAreReadFromSomeOtherValues)
         {Owned<CFPropertyListRef>(CFRetain(CFSTR("42x"))), 0, false},
         {Owned<CFPropertyListRef>(CFRetain(CFSTR(""))), 0, false},
         {Owned<CFPropertyListRef>(CFRetain(CFSTR("-"))), 0, false},
-        {Owned<CFPropertyListRef>(CFRetain(CFSTR("99999999999999999999"))), 0, false},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR("+42"))), 42, true},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR("\n- \t42"))), -42, true},
+        {Owned<CFPropertyListRef>(CFRetain(String(u8"\u00A042"))), 42, true},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR("010"))), 10, true},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR("42 "))), 0, false},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR("--42"))), 0, false},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR("4 2"))), 0, false},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR("2147483648"))), 2147483647, true},
+        {Owned<CFPropertyListRef>(CFRetain(CFSTR("-99999999999999999999"))), -2147483647 - 1, true},
         {Owned<CFPropertyListRef>(CFRetain(kCFBooleanTrue)), 0, false},
         {Owned<CFPropertyListRef>(CFRetain(Float(5.0))), 0, false},
     };
@@ -292,7 +299,27 @@ TEST_F(CFPreferences, SeveralValuesAreSetAndCopiedAtOnce)
     EXPECT_TRUE(CFPreferencesSynchronize(mApplication, kUser, kHost));
 }
 
-TEST_F(CFPreferences, NothingIsKeptForAnyUser)
+TEST_F(CFPreferences, ReadingAsksTheDomainsOfAnyUserLast)
+{
+    // In a process of its own: the values can never be written.
+    EXPECT_EQ(RunInProcess([this] {
+                  const CFStringRef kKey = CFSTR("key");
+                  const CFStringRef kApplications[] = {kCFPreferencesAnyApplication, mApplication};
+                  const CFStringRef kHosts[] = {kCFPreferencesAnyHost, kCFPreferencesCurrentHost};
+                  int theFound = 0;
+                  for (int theTurn = 0; theTurn < 4; ++theTurn) {
+                      CFPreferencesSetValue(kKey, Integer(theTurn), kApplications[theTurn / 2],
+                                            kCFPreferencesAnyUser, kHosts[theTurn % 2]);
+                      theFound += Has(kKey, Integer(theTurn)) ? 1 : 0;
+                  }
+                  CFPreferencesSetValue(kKey, CFSTR("the user's"), kCFPreferencesAnyApplication,
+                                        kCFPreferencesCurrentUser, kCFPreferencesAnyHost);
+                  return theFound == 4 && Has(kKey, CFSTR("the user's")) ? 0 : 1;
+              }),
+              0);
+}
+
+TEST_F(CFPreferences, WhatIsSetForAnyUserLastsAsLongAsTheProcess)
 {
     // In a process of its own: the value can never be written.
     EXPECT_EQ(RunInProcess([this] {
@@ -300,11 +327,8 @@ TEST_F(CFPreferences, NothingIsKeptForAnyUser)
                   const CFStringRef kHost = kCFPreferencesCurrentHost;
                   const bool theIsCleanAtFirst = CFPreferencesSynchronize(mApplication, kUser, kHost);
                   CFPreferencesSetValue(CFSTR("key"), CFSTR("value"), mApplication, kUser, kHost);
-                  const Owned<CFPropertyListRef> theValue(
-                      CFPreferencesCopyValue(CFSTR("key"), mApplication, kUser, kHost));
-                  return theIsCleanAtFirst && CFEqual(theValue, CFSTR("value")) &&
-                                 !CFPreferencesSynchronize(mApplication, kUser, kHost) && !Synchronize() &&
-                                 Has(CFSTR("key"), nullptr)
+                  return theIsCleanAtFirst && !CFPreferencesSynchronize(mApplication, kUser, kHost) &&
+                                 Synchronize() && Has(CFSTR("key"), CFSTR("value"))
                              ? 0
                              : 1;
               }),

@@ -74,6 +74,8 @@ TEST(CFPropertyListBinaryReader, IntegersUpToFourBytesHaveNoSign)
     for (const auto& theRow : kRows) {
         EXPECT_TRUE(CFEqual(ReadBytes(Binary({theRow.first})), Integer(theRow.second))) << theRow.second;
     }
+    EXPECT_EQ(TypeIn(ReadBytes(Binary({Bytes({0x10, 12})}))), kCFNumberSInt32Type);
+    EXPECT_EQ(TypeIn(ReadBytes(Binary({Bytes({0x10, 13})}))), kCFNumberSInt64Type);
     EXPECT_EQ(ErrorOf(Binary({Bytes({0x14}) + NumberBytes(1, 8) + NumberBytes(0, 8)})),
               "an integer is too large");
     EXPECT_EQ(ErrorOf(Binary({Bytes({0x14}) + std::string(8, '\xFF') + NumberBytes(0, 8)})),

@@ -89,9 +89,10 @@ TEST(CFPropertyListBinaryWriter, WhatIsWrittenIsReadBackEqual)
 {
     const auto theInner =
         ObjectDictionary({{CFSTR(""), kCFBooleanFalse}, {CFSTR("a/b.c d"), Date(1000000000)}});
-    ExpectSameWhenReadBack(ObjectArray({CFSTR("text"), Integer(5), Integer(-5000000000), Float(0.1),
-                                        kCFBooleanTrue, Data({0, 255, 128}), theInner, ObjectArray({}),
-                                        String(u8"a<&>\u20AC\r\n"), kCFNumberNaN, Date(-63113904000.5)}));
+    ExpectSameWhenReadBack(
+        ObjectArray({CFSTR("text"), Integer(5), Integer(-5000000000), Float(0.1), kCFBooleanTrue,
+                     Data({0, 255, 128}), theInner, ObjectArray({}), String(u8"a<&>\u20AC\r\n"), kCFNumberNaN,
+                     Date(-63113904000.5), String(Units{0, 'a', 0}), String(Units{0x20AC, 0, 'a'})}));
     ExpectSameWhenReadBack(NestedArray(512));
 }
 

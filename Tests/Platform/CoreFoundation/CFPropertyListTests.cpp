@@ -39,7 +39,7 @@ TEST(CFPropertyList, ValidityDependsOnEveryPart)
     EXPECT_FALSE(CFPropertyListIsValid(nullptr, kXML));
     EXPECT_FALSE(CFPropertyListIsValid(kCFNull, kXML));
     EXPECT_FALSE(CFPropertyListIsValid(String(Units{0xD800}), kXML));
-    EXPECT_FALSE(CFPropertyListIsValid(String(Units{'a', 0}), kXML));
+    EXPECT_TRUE(CFPropertyListIsValid(String(Units{'a', 0}), kXML));
     EXPECT_FALSE(CFPropertyListIsValid(Date(1e300), kXML));
     EXPECT_FALSE(CFPropertyListIsValid(Date(-1e12), kXML));
     EXPECT_FALSE(CFPropertyListIsValid(Date(std::numeric_limits<double>::quiet_NaN()), kXML));

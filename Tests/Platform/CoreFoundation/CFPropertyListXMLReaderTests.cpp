@@ -1,7 +1,6 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// The expectations are what CoreFoundation of Mac OS X 10.7 answers. Integers take the
-// smaller type that holds them.
+// The expectations are what CoreFoundation of Mac OS X 10.7 answers.
 
 #include "CFPropertyListTestSupport.h"
 
@@ -32,14 +31,13 @@ using TypeAndValue = std::pair<CFNumberType, SInt64>;
 
 } // namespace
 
-TEST(CFPropertyListXMLReader, IntegersTakeTheSmallerTypeThatHoldsThem)
+TEST(CFPropertyListXMLReader, IntegersHave64BitsUnlessTheyAreSharedOnes)
 {
-    EXPECT_EQ(IntegerIn("7"), TypeAndValue(kCFNumberSInt32Type, 7));
-    EXPECT_EQ(IntegerIn("1000"), TypeAndValue(kCFNumberSInt32Type, 1000));
-    EXPECT_EQ(IntegerIn("2147483647"), TypeAndValue(kCFNumberSInt32Type, 2147483647));
-    EXPECT_EQ(IntegerIn("-2147483648"), TypeAndValue(kCFNumberSInt32Type, -2147483648LL));
-    EXPECT_EQ(IntegerIn("2147483648"), TypeAndValue(kCFNumberSInt64Type, 2147483648));
-    EXPECT_EQ(IntegerIn("-2147483649"), TypeAndValue(kCFNumberSInt64Type, -2147483649LL));
+    EXPECT_EQ(IntegerIn("-2"), TypeAndValue(kCFNumberSInt64Type, -2));
+    EXPECT_EQ(IntegerIn("-1"), TypeAndValue(kCFNumberSInt32Type, -1));
+    EXPECT_EQ(IntegerIn("12"), TypeAndValue(kCFNumberSInt32Type, 12));
+    EXPECT_EQ(IntegerIn("13"), TypeAndValue(kCFNumberSInt64Type, 13));
+    EXPECT_EQ(IntegerIn("1000"), TypeAndValue(kCFNumberSInt64Type, 1000));
     EXPECT_EQ(IntegerIn("-9223372036854775808"), TypeAndValue(kCFNumberSInt64Type, LLONG_MIN));
     EXPECT_EQ(IntegerIn("9223372036854775808"), TypeAndValue(kCFNumberSInt64Type, LLONG_MIN));
 }

@@ -48,7 +48,7 @@ TEST(CFPropertyListXMLWriter, KeysAreInPlainOrder)
 
 TEST(CFPropertyListXMLWriter, Leaves)
 {
-    const std::pair<Owned<CFPropertyListRef>, const char*> kRows[] = {
+    const std::pair<Owned<CFPropertyListRef>, std::string> kRows[] = {
         {Owned<CFPropertyListRef>(CFRetain(kCFBooleanTrue)), "<true/>\n"},
         {Owned<CFPropertyListRef>(CFRetain(kCFBooleanFalse)), "<false/>\n"},
         {Owned<CFPropertyListRef>(CFRetain(Integer(-5))), "<integer>-5</integer>\n"},
@@ -75,6 +75,8 @@ TEST(CFPropertyListXMLWriter, Leaves)
         {Owned<CFPropertyListRef>(CFRetain(String(u8"\u00E9\U0001F600"))),
          u8"<string>\u00E9\U0001F600</string>\n"},
         {Owned<CFPropertyListRef>(CFRetain(CFSTR(""))), "<string></string>\n"},
+        {Owned<CFPropertyListRef>(CFRetain(String(Units{'a', 1, 0, 'b'}))),
+         std::string("<string>a\1\0b</string>\n", 22)},
         {Owned<CFPropertyListRef>(CFRetain(Data({1, 2, 3}))), "<data>\nAQID\n</data>\n"},
         {Owned<CFPropertyListRef>(CFRetain(Data({}))), "<data>\n</data>\n"},
         {Owned<CFPropertyListRef>(CFRetain(Date(0))), "<date>2001-01-01T00:00:00Z</date>\n"},
@@ -125,9 +127,9 @@ TEST(CFPropertyListXMLWriter, WhatIsWrittenIsReadBackEqual)
 {
     const auto theInner =
         ObjectDictionary({{CFSTR(""), kCFBooleanFalse}, {CFSTR("a/b.c d"), Date(1000000000)}});
-    const auto theList =
-        ObjectArray({CFSTR("text"), Integer(5), Integer(-5000000000), Float(0.1), kCFBooleanTrue,
-                     Data({0, 255, 128}), theInner, ObjectArray({}), String(u8"a<&>\u20AC\r\n")});
+    const auto theList = ObjectArray({CFSTR("text"), Integer(5), Integer(-5000000000), Float(0.1),
+                                      kCFBooleanTrue, Data({0, 255, 128}), theInner, ObjectArray({}),
+                                      String(u8"a<&>\u20AC\r\n"), String(Units{0, 'a', 0})});
     const Owned<CFDataRef> theData(CFPropertyListCreateXMLData(nullptr, theList));
     const Owned<CFPropertyListRef> theCopy(CFPropertyListCreateFromXMLData(nullptr, theData, 0, nullptr));
     ASSERT_NE(static_cast<CFPropertyListRef>(theCopy), nullptr);

@@ -197,7 +197,7 @@ TEST_F(PreferenceFiles, TypesOfNumbersAreThoseOfTheFile)
               FileWith("<dict><key>a</key><integer>1000</integer><key>b</key><integer>5000000000</integer>"
                        "<key>c</key><real>2</real></dict>"));
     EXPECT_EQ(CFNumberGetType(static_cast<CFNumberRef>(static_cast<CFTypeRef>(Get(CFSTR("a"))))),
-              kCFNumberSInt32Type);
+              kCFNumberSInt64Type);
     EXPECT_EQ(CFNumberGetType(static_cast<CFNumberRef>(static_cast<CFTypeRef>(Get(CFSTR("b"))))),
               kCFNumberSInt64Type);
     EXPECT_EQ(CFNumberGetType(static_cast<CFNumberRef>(static_cast<CFTypeRef>(Get(CFSTR("c"))))),
@@ -274,6 +274,32 @@ TEST_F(PreferenceFiles, ADateBeforeTheYear1000IsThereAtTheNextStart)
     EXPECT_EQ(RunInProcess([this, &theDate] { return Has(CFSTR("never"), theDate) ? 0 : 1; }), 0);
     EXPECT_TRUE(Synchronize());
     EXPECT_TRUE(Has(CFSTR("never"), theDate));
+}
+
+// Such a string was cut, or made every later synchronising fail.
+TEST_F(PreferenceFiles, ZeroCharactersAreKeptInBothForms)
+{
+    const auto theText = String(Units{'a', 0, 'b'});
+    const auto theKey = String(Units{'k', 0});
+    for (const CFPropertyListFormat theFormat :
+         {kCFPropertyListXMLFormat_v1_0, kCFPropertyListBinaryFormat_v1_0}) {
+        WriteFile(Path(), TextOf(Owned(CFPropertyListCreateData(
+                              nullptr, ObjectDictionary({{theKey, theText}}), theFormat, 0, nullptr))));
+        EXPECT_TRUE(Synchronize());
+        EXPECT_TRUE(Has(theKey, theText));
+        Set(CFSTR("other"), theText);
+        EXPECT_TRUE(Synchronize());
+        EXPECT_TRUE(CFEqual(FileValues(), ObjectDictionary({{theKey, theText}, {CFSTR("other"), theText}})));
+        Set(CFSTR("other"), nullptr);
+        EXPECT_TRUE(Synchronize());
+    }
+}
+
+TEST_F(PreferenceFiles, AnIdentifierDoesNotEndAtAZeroCharacter)
+{
+    CFPreferencesSetAppValue(CFSTR("k"), kCFBooleanTrue, String(Units{'a', 0, 'b'}));
+    EXPECT_TRUE(Synchronize());
+    EXPECT_EQ(NamesIn(mFolder), (std::vector<std::string>{"a%00b.plist"}));
 }
 
 // The domain's own dictionary is one level more.

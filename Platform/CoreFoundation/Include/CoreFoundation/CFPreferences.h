@@ -11,7 +11,8 @@
 //
 // Each domain is one XML property list: <application>.plist in the folder that XDG_CONFIG_HOME names, or else
 // in ~/.config. A file in the binary form is read too, and becomes XML when it is written. Domains of the
-// current host are in the folder ByHost there. There are none for any user.
+// current host are in the folder ByHost there. What is set for any user is kept in no file:
+// it lasts as long as the process.
 //
 // Synchronising reads the file again, applies only what this process has changed, and puts a complete new
 // file in the place of the old one: other keys that another process has written stay, and whatever happens,
@@ -38,8 +39,8 @@ CF_EXPORT const CFStringRef kCFPreferencesAnyUser;
 CF_EXPORT const CFStringRef kCFPreferencesCurrentUser;
 
 // An application's values. Reading asks these domains in turn: the application on the current host, the
-// application on any host, any application on the current host, any application on any host. Writing goes to
-// the application on any host.
+// application on any host, any application on the current host, any application on any host; then the same for
+// any user. Writing goes to the application on any host.
 
 // NULL when the key is in no domain.
 CF_EXPORT CFPropertyListRef CFPreferencesCopyAppValue(CFStringRef inKey, CFStringRef inApplication);
@@ -52,13 +53,15 @@ CF_EXPORT void CFPreferencesSetAppValue(CFStringRef inKey, CFPropertyListRef inV
 
 // Writes every domain of this process that was changed, whatever its application, and lets the others be read
 // again. False when a domain could not be written: its changes stay in memory, and the next call tries again.
+// What is set for any user does not count.
 CF_EXPORT Boolean CFPreferencesAppSynchronize(CFStringRef inApplication);
 
 // A boolean, an integer (which is true unless it is 0) or one of the words true, yes, false, no. Otherwise
 // false, and *outIsValid is false. outIsValid may be NULL.
 CF_EXPORT Boolean CFPreferencesGetAppBooleanValue(CFStringRef inKey, CFStringRef inApplication,
                                                   Boolean* outIsValid);
-// An integer, or a string that is one as a whole. Otherwise 0, and *outIsValid is false.
+// An integer, or a string that is one as a whole; white space may stand before it and behind its sign, and
+// what is too large is the nearest SInt32. Otherwise 0, and *outIsValid is false.
 CF_EXPORT CFIndex CFPreferencesGetAppIntegerValue(CFStringRef inKey, CFStringRef inApplication,
                                                   Boolean* outIsValid);
 

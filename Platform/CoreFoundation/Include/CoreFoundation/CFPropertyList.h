@@ -6,12 +6,12 @@
 // Property lists: objects that can be kept in a file.
 //
 // They consist of strings, numbers, booleans, data, dates, arrays of these, and dictionaries of these with
-// strings as keys. A string is part of one only when it is well-formed Unicode without zero characters, a
+// strings as keys. A string is part of one only when it is well-formed Unicode (zero characters are allowed), a
 // date only when it is in the years 0 to 9999, and containers may be nested 512 deep.
 //
-// A file does not carry the type of a number. An integer is read as kCFNumberSInt32Type when it fits and as
-// kCFNumberSInt64Type otherwise, any other number as kCFNumberFloat64Type; the binary form also keeps
-// kCFNumberFloat32Type. XML keeps neither the sign of 0 nor the fractions of a date.
+// A file does not carry the type of a number. An integer is read as kCFNumberSInt32Type from -1 to 12 and as
+// kCFNumberSInt64Type otherwise, whatever its size; any other number as kCFNumberFloat64Type. The binary form
+// also keeps kCFNumberFloat32Type. XML keeps neither the sign of 0 nor the fractions of a date.
 
 #include <CoreFoundation/CFBase.h>
 #include <CoreFoundation/CFData.h>
