@@ -8,6 +8,7 @@
 #include "CFNumberObject.h"
 #include "CFPropertyListForms.h"
 #include "CFPropertyListSupport.h"
+#include "CFPropertyListText.h"
 #include "CFStringObject.h"
 
 #include <algorithm>
@@ -180,11 +181,13 @@ std::string_view BytesOf(CFDataRef theData)
 
 // Reads the data; without success, calls theReport with the reason.
 template <class Report>
-CFPropertyListRef ReadData(CFDataRef theData, CFOptionFlags theMutability, Report theReport)
+CFPropertyListRef ReadData(CFDataRef theData, CFOptionFlags theMutability, CFPropertyListFormat& theFormat,
+                           Report theReport)
 {
     const std::string_view theText = BytesOf(theData);
     try {
-        return Host::CopyPropertyList(Host::ReadPropertyList(theText).Get(), OptionsOf(theMutability));
+        return Host::CopyPropertyList(Host::ReadPropertyList(theText, theFormat).Get(),
+                                      OptionsOf(theMutability));
     } catch (const Host::MalformedPropertyList& theReason) {
         theReport(theReason.what());
         return nullptr;
@@ -195,12 +198,6 @@ CFDataRef MakeData(const std::string& theText)
 {
     return CFDataCreate(nullptr, reinterpret_cast<const UInt8*>(theText.data()),
                         static_cast<CFIndex>(theText.size()));
-}
-
-CFPropertyListFormat FormatOf(std::string_view theData)
-{
-    return Host::IsBinaryPropertyList(theData) ? kCFPropertyListBinaryFormat_v1_0
-                                               : kCFPropertyListXMLFormat_v1_0;
 }
 
 // Nothing when nobody wants the error.
@@ -239,9 +236,20 @@ CFPropertyListRef Host::CopyPropertyList(CFPropertyListRef theList, const CopyOp
     return IsPropertyList(theList) ? CopyList(theList, theOptions) : nullptr;
 }
 
-Host::Holder<CFPropertyListRef> Host::ReadPropertyList(std::string_view theData)
+Host::Holder<CFPropertyListRef> Host::ReadPropertyList(std::string_view theData,
+                                                       CFPropertyListFormat& theFormat)
 {
-    return IsBinaryPropertyList(theData) ? ReadBinaryPropertyList(theData) : ReadXMLPropertyList(theData);
+    if (theData.empty()) {
+        throw MalformedPropertyList("there is nothing");
+    }
+    if (IsBinaryPropertyList(theData)) {
+        theFormat = kCFPropertyListBinaryFormat_v1_0;
+        return ReadBinaryPropertyList(theData);
+    }
+    const std::string theText = DecodePropertyListText(theData);
+    const bool theIsXML = !IsOpenStepPropertyList(theText);
+    theFormat = theIsXML ? kCFPropertyListXMLFormat_v1_0 : kCFPropertyListOpenStepFormat;
+    return theIsXML ? ReadXMLPropertyList(theText) : ReadOpenStepPropertyList(theText);
 }
 
 CFNumberRef Host::MakeReadInteger(SInt64 theValue)
@@ -319,7 +327,8 @@ CFPropertyListRef CFPropertyListCreateFromXMLData(CFAllocatorRef, CFDataRef inDa
         *outError = nullptr;
     }
     return Host::NothingWithoutMemory([=] {
-        return ReadData(inData, inMutability, [outError](const char* theReason) {
+        CFPropertyListFormat theFormat = 0;
+        return ReadData(inData, inMutability, theFormat, [outError](const char* theReason) {
             if (outError != nullptr) {
                 *outError = Host::Text().Append(theReason).CopyString();
             }
@@ -334,11 +343,13 @@ CFPropertyListRef CFPropertyListCreateWithData(CFAllocatorRef, CFDataRef inData,
         *outError = nullptr;
     }
     return Host::NothingWithoutMemory([=] {
-        const CFPropertyListRef theList = ReadData(inData, inMutability, [outError](const char* theReason) {
-            ReportError(outError, kCFPropertyListReadCorruptError, theReason);
-        });
+        CFPropertyListFormat theFoundFormat = 0;
+        const CFPropertyListRef theList =
+            ReadData(inData, inMutability, theFoundFormat, [outError](const char* theReason) {
+                ReportError(outError, kCFPropertyListReadCorruptError, theReason);
+            });
         if (theList != nullptr && outFormat != nullptr) {
-            *outFormat = FormatOf(BytesOf(inData));
+            *outFormat = theFoundFormat;
         }
         return theList;
     });

@@ -34,11 +34,13 @@ constexpr const char* kDateWithoutText = "a date is not in the years 0 to 9999";
 
 // The property list that the data holds, with mutable containers. They throw MalformedPropertyList and
 // std::bad_alloc.
-Holder<CFPropertyListRef> ReadXMLPropertyList(std::string_view theText);
+Holder<CFPropertyListRef> ReadXMLPropertyList(std::string_view theText);      // in UTF-8
+Holder<CFPropertyListRef> ReadOpenStepPropertyList(std::string_view theText); // in UTF-8
 Holder<CFPropertyListRef> ReadBinaryPropertyList(std::string_view theData);
 
-// Whether the data begins as the binary form does.
+// Whether the data begins as one of these forms does. Text that is in no other form is in XML.
 bool IsBinaryPropertyList(std::string_view theData);
+bool IsOpenStepPropertyList(std::string_view theText);
 
 // Only for valid property lists. They throw std::bad_alloc.
 std::string WriteXMLPropertyList(CFPropertyListRef theList);

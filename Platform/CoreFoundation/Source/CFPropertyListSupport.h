@@ -11,6 +11,7 @@
 #include <CoreFoundation/CFData.h>
 #include <CoreFoundation/CFDictionary.h>
 #include <CoreFoundation/CFNumber.h>
+#include <CoreFoundation/CFPropertyList.h>
 #include <CoreFoundation/CFString.h>
 #include <optional>
 #include <string>
@@ -34,8 +35,9 @@ CFPropertyListRef CopyPropertyList(CFPropertyListRef theList, const CopyOptions&
 // Also in a container that is itself nested: theDepth levels above.
 bool IsPropertyList(CFPropertyListRef theList, int theDepth = 0);
 
-// Reads any form. Throws MalformedPropertyList and std::bad_alloc. Containers are mutable.
-Holder<CFPropertyListRef> ReadPropertyList(std::string_view theData);
+// Reads any form, and tells which it was. Throws MalformedPropertyList and std::bad_alloc. Containers are
+// mutable.
+Holder<CFPropertyListRef> ReadPropertyList(std::string_view theData, CFPropertyListFormat& theFormat);
 
 // An integer as it is when it comes from a file, which does not carry its type: 64 bits wide, unless it is one
 // of the shared small ones. The caller releases it. NULL when there is no memory.

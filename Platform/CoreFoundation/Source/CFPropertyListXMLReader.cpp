@@ -1,155 +1,27 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
 #include "CFCalendar.h"
-#include "CFPropertyListForms.h"
 #include "CFPropertyListSupport.h"
+#include "CFPropertyListText.h"
+#include "CFPropertyListXMLLeaves.h"
 #include "CFStringObject.h"
 
-#include <cmath>
-#include <limits>
+#include <algorithm>
 
 namespace {
 
 using Host::Holder;
+using Host::IsXMLSpace;
 using Host::MalformedPropertyList;
+using Host::TakePrefix;
 
 using ObjectHolder = Holder<CFPropertyListRef>;
 
-bool IsXMLSpace(char theCharacter)
-{
-    return theCharacter == ' ' || theCharacter == '\t' || theCharacter == '\n' || theCharacter == '\r';
-}
-
-bool IsBlank(std::string_view theText)
-{
-    for (const char theCharacter : theText) {
-        if (!IsXMLSpace(theCharacter)) {
-            return false;
-        }
-    }
-    return true;
-}
-
-Holder<CFStringRef> MakeString(const std::string& theText)
+Holder<CFStringRef> MakeString(std::string_view theText)
 {
     Host::Units theUnits;
-    if (!Host::DecodeBytes(reinterpret_cast<const UInt8*>(theText.data()),
-                           static_cast<CFIndex>(theText.size()), kCFStringEncodingUTF8, false, theUnits)) {
-        throw MalformedPropertyList("a string is not in UTF-8");
-    }
+    Host::AppendUTF8(theText, theUnits);
     return Holder<CFStringRef>(Host::MakeString(std::move(theUnits)));
-}
-
-// Numbers
-
-int DigitValue(char theCharacter)
-{
-    if (theCharacter >= '0' && theCharacter <= '9') {
-        return theCharacter - '0';
-    }
-    const char theLetter = static_cast<char>(theCharacter | 0x20);
-    return theLetter >= 'a' && theLetter <= 'f' ? theLetter - 'a' + 10 : 16;
-}
-
-// The value of a text that consists of digits and nothing else; none when it has others or is too large.
-std::optional<UInt64> ParseDigits(std::string_view theDigits, unsigned theBase)
-{
-    UInt64 theValue = 0;
-    for (const char theCharacter : theDigits) {
-        const unsigned theDigit = static_cast<unsigned>(DigitValue(theCharacter));
-        if (theDigit >= theBase || theValue > (std::numeric_limits<UInt64>::max() - theDigit) / theBase) {
-            return std::nullopt;
-        }
-        theValue = theValue * theBase + theDigit;
-    }
-    return theDigits.empty() ? std::nullopt : std::optional<UInt64>(theValue);
-}
-
-bool TakePrefix(std::string_view& theText, std::string_view thePrefix)
-{
-    const bool theIsThere = theText.substr(0, thePrefix.size()) == thePrefix;
-    theText.remove_prefix(theIsThere ? thePrefix.size() : 0);
-    return theIsThere;
-}
-
-// White space before the number is allowed, behind it is not. On purpose: a number from 2 to the power of 63
-// on wraps around, because there is no type for it.
-SInt64 ParseInteger(std::string_view theText)
-{
-    while (!theText.empty() && IsXMLSpace(theText[0])) {
-        theText.remove_prefix(1);
-    }
-    const bool theIsNegative = TakePrefix(theText, "-");
-    if (!theIsNegative) {
-        TakePrefix(theText, "+");
-    }
-    const bool theIsHexadecimal = TakePrefix(theText, "0x") || TakePrefix(theText, "0X");
-    const std::optional<UInt64> theMagnitude = ParseDigits(theText, theIsHexadecimal ? 16 : 10);
-    const UInt64 kLargestNegative = UInt64{1} << 63;
-    if (!theMagnitude.has_value() || (theIsNegative && *theMagnitude > kLargestNegative)) {
-        throw MalformedPropertyList("an integer is none, or is too large");
-    }
-    return static_cast<SInt64>(theIsNegative ? 0 - *theMagnitude : *theMagnitude);
-}
-
-std::string LowerCase(std::string_view theText)
-{
-    std::string theResult(theText);
-    for (char& theCharacter : theResult) {
-        theCharacter = static_cast<char>(theCharacter >= 'A' && theCharacter <= 'Z' ? theCharacter | 0x20
-                                                                                    : theCharacter);
-    }
-    return theResult;
-}
-
-// "inf", "-infinity" and "nan" in any case; none for other words.
-std::optional<double> ParseSpecialReal(const std::string& theText)
-{
-    const bool theHasSign = !theText.empty() && (theText[0] == '+' || theText[0] == '-');
-    const std::string theWord = theText.substr(theHasSign ? 1 : 0);
-    if (theWord == "inf" || theWord == "infinity") {
-        const double kInfinity = std::numeric_limits<double>::infinity();
-        return theText[0] == '-' ? -kInfinity : kInfinity;
-    }
-    return theText == "nan" ? std::optional<double>(std::numeric_limits<double>::quiet_NaN()) : std::nullopt;
-}
-
-double ParseReal(std::string_view theText)
-{
-    const std::string theNumber = LowerCase(theText);
-    if (const std::optional<double> theSpecial = ParseSpecialReal(theNumber)) {
-        return *theSpecial;
-    }
-    if (theNumber.empty() || theNumber.find_first_not_of("+-.0123456789e") != std::string::npos ||
-        Host::NumberLength(theNumber) != theNumber.size()) {
-        throw MalformedPropertyList("a real number is none");
-    }
-    return Host::ParseInCLocale(theNumber);
-}
-
-// Data
-
-// Characters outside the alphabet are skipped, and padding ends the data.
-std::vector<UInt8> DecodeBase64(std::string_view theText)
-{
-    static const std::string_view kAlphabet =
-        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::vector<UInt8> theBytes;
-    unsigned theBits = 0;
-    int theBitCount = 0;
-    for (const char theCharacter : theText.substr(0, theText.find('='))) {
-        const size_t theValue = kAlphabet.find(theCharacter);
-        if (theValue == std::string_view::npos) {
-            continue;
-        }
-        theBits = (theBits << 6 | static_cast<unsigned>(theValue)) & 0xFFFF;
-        theBitCount += 6;
-        if (theBitCount >= 8) {
-            theBitCount -= 8;
-            theBytes.push_back(static_cast<UInt8>(theBits >> theBitCount));
-        }
-    }
-    return theBytes;
 }
 
 // The start tag of an element.
@@ -169,7 +41,6 @@ public:
 
     ObjectHolder Read()
     {
-        TakePrefix(mRest, "\xEF\xBB\xBF");
         SkipProlog();
         Tag theTag = ReadTag();
         const bool theHasRoot = theTag.theName == "plist";
@@ -181,10 +52,11 @@ public:
         ObjectHolder theObject = ReadObject(theTag, 0);
         SkipComments();
         if (theHasRoot) {
+            // On purpose: what somebody has put behind the end does no harm.
             ReadEndTag("plist");
-            SkipComments();
+        } else {
+            Require(mRest.empty(), "there is something behind the end");
         }
-        Require(mRest.empty(), "there is something behind the end");
         return theObject;
     }
 
@@ -212,12 +84,24 @@ private:
         }
     }
 
-    // White space and comments.
+    // What says nothing: a comment, or an instruction for another program.
+    bool SkipComment()
+    {
+        if (TakePrefix(mRest, "<!--")) {
+            SkipPast("-->");
+            return true;
+        }
+        if (TakePrefix(mRest, "<?")) {
+            SkipPast("?>");
+            return true;
+        }
+        return false;
+    }
+
     void SkipComments()
     {
         SkipSpace();
-        while (TakePrefix(mRest, "<!--")) {
-            SkipPast("-->");
+        while (SkipComment()) {
             SkipSpace();
         }
     }
@@ -226,32 +110,37 @@ private:
     void SkipProlog()
     {
         SkipComments();
-        while (mRest.substr(0, 2) == "<?" || mRest.substr(0, 2) == "<!") {
-            const bool theIsType = TakePrefix(mRest, "<!DOCTYPE");
-            Require(theIsType || TakePrefix(mRest, "<?"), "there is unknown markup");
-            Require(!theIsType || mRest.substr(0, mRest.find('>')).find('[') == std::string_view::npos,
+        while (TakePrefix(mRest, "<!")) {
+            Require(TakePrefix(mRest, "DOCTYPE"), "there is unknown markup");
+            Require(mRest.substr(0, mRest.find('>')).find('[') == std::string_view::npos,
                     "the document type defines something");
-            SkipPast(theIsType ? ">" : "?>");
+            SkipPast(">");
             SkipComments();
         }
     }
 
-    // Only the root has attributes.
     Tag ReadTag()
     {
         Require(TakePrefix(mRest, "<"), "an element is expected");
-        const size_t theEnd = mRest.find('>');
-        Require(theEnd != std::string_view::npos, "the text is cut off");
-        std::string_view theName = mRest.substr(0, theEnd);
-        mRest.remove_prefix(theEnd + 1);
-        const bool theIsEmpty = !theName.empty() && theName.back() == '/';
-        theName.remove_suffix(theIsEmpty ? 1 : 0);
-        const bool theIsRoot =
-            theName.substr(0, 5) == "plist" && (theName.size() == 5 || IsXMLSpace(theName[5]));
-        while (!theIsRoot && !theName.empty() && IsXMLSpace(theName.back())) {
-            theName.remove_suffix(1);
+        const size_t theLength = std::min(mRest.find_first_of(" \t\n\r/>"), mRest.size());
+        const std::string_view theName = mRest.substr(0, theLength);
+        mRest.remove_prefix(theLength);
+        SkipAttributes();
+        const bool theIsEmpty = TakePrefix(mRest, "/");
+        Require(TakePrefix(mRest, ">"), "the text is cut off");
+        return {theName, theIsEmpty};
+    }
+
+    // They say nothing. A value in quotes may hold what would end the tag.
+    void SkipAttributes()
+    {
+        while (!mRest.empty() && mRest[0] != '>' && mRest.substr(0, 2) != "/>") {
+            const std::string_view theCharacter = mRest.substr(0, 1);
+            mRest.remove_prefix(1);
+            if (theCharacter == "\"" || theCharacter == "'") {
+                SkipPast(theCharacter);
+            }
         }
-        return {theIsRoot ? theName.substr(0, 5) : theName, theIsEmpty};
     }
 
     void ReadEndTag(std::string_view theName)
@@ -273,7 +162,7 @@ private:
             return ReadArray(theTag, theDepth);
         }
         if (theTag.theName == "true" || theTag.theName == "false") {
-            Require(IsBlank(ReadPlainText(theTag)), "a boolean has content");
+            Require(ReadPlainText(theTag).empty(), "a boolean has content");
             return ObjectHolder(theTag.theName == "true" ? kCFBooleanTrue : kCFBooleanFalse);
         }
         return ReadLeaf(theTag);
@@ -286,15 +175,16 @@ private:
         }
         if (theTag.theName == "integer") {
             return Host::RequireMemory<CFPropertyListRef>(
-                Host::MakeReadInteger(ParseInteger(ReadPlainText(theTag))));
+                Host::MakeReadInteger(Host::ParseInteger(ReadPlainText(theTag))));
         }
         if (theTag.theName == "real") {
-            const double theValue = ParseReal(ReadPlainText(theTag));
+            const double theValue = Host::ParseReal(ReadPlainText(theTag));
             return Host::RequireMemory<CFPropertyListRef>(
                 CFNumberCreate(nullptr, kCFNumberFloat64Type, &theValue));
         }
         if (theTag.theName == "data") {
-            const std::vector<UInt8> theBytes = DecodeBase64(ReadPlainText(theTag));
+            Require(!theTag.theIsEmpty, "data has no content");
+            const std::vector<UInt8> theBytes = Host::DecodeBase64(ReadPlainText(theTag));
             return Host::RequireMemory<CFPropertyListRef>(
                 CFDataCreate(nullptr, theBytes.data(), static_cast<CFIndex>(theBytes.size())));
         }
@@ -345,17 +235,19 @@ private:
 
     // Text
 
-    // Text without any markup, up to the end tag, which is read too.
-    std::string_view ReadPlainText(const Tag& theTag)
+    // Text with comments at most, up to the end tag, which is read too.
+    std::string ReadPlainText(const Tag& theTag)
     {
-        if (theTag.theIsEmpty) {
-            return std::string_view();
+        std::string theText;
+        if (!theTag.theIsEmpty) {
+            do {
+                const size_t theEnd = mRest.find('<');
+                Require(theEnd != std::string_view::npos, "the text is cut off");
+                theText += mRest.substr(0, theEnd);
+                mRest.remove_prefix(theEnd);
+            } while (SkipComment());
+            ReadEndTag(theTag.theName);
         }
-        const size_t theEnd = mRest.find('<');
-        Require(theEnd != std::string_view::npos, "the text is cut off");
-        const std::string_view theText = mRest.substr(0, theEnd);
-        mRest.remove_prefix(theEnd);
-        ReadEndTag(theTag.theName);
         return theText;
     }
 
@@ -369,7 +261,7 @@ private:
         return MakeString(theText);
     }
 
-    // Text with entities and sections of unmarked characters, up to the end tag.
+    // Text with entities, comments and sections of unmarked characters, up to the end tag.
     void ReadMarkedText(std::string& theText)
     {
         while (true) {
@@ -383,7 +275,7 @@ private:
                 const std::string_view theSection = mRest.substr(0, mRest.find("]]>"));
                 SkipPast("]]>");
                 theText += theSection;
-            } else {
+            } else if (!SkipComment()) {
                 return;
             }
         }
@@ -403,7 +295,7 @@ private:
         const unsigned theBase = TakePrefix(mRest, "x") ? 16 : 10;
         const std::string_view theDigits = mRest.substr(0, mRest.find(';'));
         SkipPast(";");
-        const std::optional<UInt64> theCharacter = ParseDigits(theDigits, theBase);
+        const std::optional<UInt64> theCharacter = Host::ParseDigits(theDigits, theBase);
         Require(theCharacter.has_value() && *theCharacter != 0 && *theCharacter <= 0x10FFFF,
                 "there is an unknown character");
         AppendCharacter(static_cast<UTF32Char>(*theCharacter), theText);
@@ -431,12 +323,5 @@ private:
 
 Host::Holder<CFPropertyListRef> Host::ReadXMLPropertyList(std::string_view theText)
 {
-    if (theText.empty()) {
-        throw MalformedPropertyList("there is nothing");
-    }
-    if (IsBlank(theText)) {
-        return RequireMemory<CFPropertyListRef>(CFDictionaryCreateMutable(
-            nullptr, 0, &kCFTypeDictionaryKeyCallBacks, &kCFTypeDictionaryValueCallBacks));
-    }
     return Reader(theText).Read();
 }

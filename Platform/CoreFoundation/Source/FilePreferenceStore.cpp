@@ -14,7 +14,8 @@ namespace {
 
 PreferenceStore::Values ReadDictionary(std::string_view theContent)
 {
-    Holder<CFPropertyListRef> theList = ReadPropertyList(theContent);
+    CFPropertyListFormat theFormat = 0;
+    Holder<CFPropertyListRef> theList = ReadPropertyList(theContent, theFormat);
     if (CFGetTypeID(theList.Get()) != kDictionaryTypeID) {
         throw MalformedPropertyList("it holds no dictionary");
     }

@@ -88,6 +88,7 @@ TEST(CFPropertyListXMLReader, BooleansAreTheConstants)
     EXPECT_EQ(static_cast<CFPropertyListRef>(ReadContent("<true></true>")), kCFBooleanTrue);
     EXPECT_EQ(static_cast<CFPropertyListRef>(ReadContent("<false />")), kCFBooleanFalse);
     EXPECT_EQ(ContentError("<true>no</true>"), "a boolean has content");
+    EXPECT_EQ(ContentError("<true> </true>"), "a boolean has content");
 }
 
 TEST(CFPropertyListXMLReader, StringsKeepTheirSpaceAndKnowSomeEntities)
@@ -117,6 +118,7 @@ TEST(CFPropertyListXMLReader, DataSkipsWhatIsNoBase64)
     EXPECT_TRUE(CFEqual(ReadContent("<data>\n\tAQ ID\n</data>"), Data({1, 2, 3})));
     EXPECT_TRUE(CFEqual(ReadContent("<data>A*QI=</data>"), Data({1, 2})));
     EXPECT_TRUE(CFEqual(ReadContent("<data></data>"), Data({})));
+    EXPECT_EQ(ContentError("<data/>"), "data has no content");
 }
 
 TEST(CFPropertyListXMLReader, DatesAreCompleteOrErrors)
@@ -166,12 +168,93 @@ TEST(CFPropertyListXMLReader, HeadersAndCommentsAreOptional)
     }
 }
 
+// A file that somebody has edited by hand is not damaged.
+TEST(CFPropertyListXMLReader, AttributesAndCommentsMayStandEverywhere)
+{
+    const auto theExpected =
+        ObjectDictionary({{CFSTR("a"), ObjectArray({Integer(42), CFSTR("xy"), Data({1, 2, 3}), Date(0)})}});
+    for (const char* theText :
+         {"<plist version='1.0' x=\"/>\"><dict class=\"a>b\"><key n='1'>a</key><array x=y/z>"
+          "<integer u='>'>42</integer><string lang = \"en\" >xy</string><data x=''>AQID</data>"
+          "<date x=\"<\">2001-01-01T00:00:00Z</date></array></dict></plist>",
+          "<?x?><!-- 1 --><!DOCTYPE plist><?y > ?><plist><!-- 2 --><dict><!-- 3 --><key><!-- 4 "
+          "-->a</key><!-- 5 -->"
+          "<array><?z?><integer>4<!-- 6 -->2</integer><string>x<!-- </string> -->y</string>"
+          "<data>AQ<!-- 7 -->ID</data><date>2001-01-01T00:00:00Z<!-- 8 --></date><!-- 9 --></array></dict>"
+          "<!-- 10 --></plist>"}) {
+        EXPECT_EQ(ErrorOf(theText), "(read)");
+        EXPECT_TRUE(CFEqual(ReadBytes(theText), theExpected)) << theText;
+    }
+    EXPECT_TRUE(CFEqual(ReadContent("<string x='/'/>"), CFSTR("")));
+    EXPECT_EQ(ContentError("<string x='>abc</string>"), "the text is cut off");
+    EXPECT_EQ(ContentError("<integer>4<!-- 2</integer>"), "the text is cut off");
+}
+
+TEST(CFPropertyListXMLReader, WhatStandsBehindTheEndDoesNoHarm)
+{
+    for (const char* theEnd : {"\n\n", "a note", "<!-- not closed", "<plist/>"}) {
+        EXPECT_TRUE(CFEqual(ReadBytes(std::string("<plist><true/></plist>") + theEnd), kCFBooleanTrue));
+    }
+}
+
+namespace {
+
+std::string InUTF16(const std::string& theText, bool theIsBigEndian)
+{
+    std::string theBytes;
+    for (const UniChar theUnit : UnitsOf(String(theText))) {
+        const char theHalves[] = {static_cast<char>(theUnit >> 8), static_cast<char>(theUnit & 0xFF)};
+        theBytes += theHalves[theIsBigEndian ? 0 : 1];
+        theBytes += theHalves[theIsBigEndian ? 1 : 0];
+    }
+    return theBytes;
+}
+
+std::string WithEncoding(const std::string& theName, const std::string& theText)
+{
+    return "<?xml version=\"1.0\" encoding=\"" + theName + "\"?><plist><string>" + theText +
+           "</string></plist>";
+}
+
+} // namespace
+
+TEST(CFPropertyListXMLReader, AFileIsInTheEncodingThatItNames)
+{
+    const std::string kWide = WithEncoding("UTF-16", u8"\u00E9\U0001F600");
+    const std::pair<std::string, Owned<CFStringRef>> kRows[] = {
+        {WithEncoding("UTF-8", u8"\u00E9"), String(u8"\u00E9")},
+        {WithEncoding("ISO-8859-1", "\xE9"), String(u8"\u00E9")},
+        {WithEncoding("iso-8859-1", "\xE9"), String(u8"\u00E9")},
+        {WithEncoding("us-ascii", "e"), String("e")},
+        {WithEncoding("windows-1252", "\x80"), String(u8"\u20AC")},
+        {WithEncoding("macintosh", "\x8E"), String(u8"\u00E9")},
+        {WithEncoding("UTF-16", u8"\u00E9"), String(u8"\u00E9")},
+        {"\xFE\xFF" + InUTF16(kWide, true), String(u8"\u00E9\U0001F600")},
+        {"\xFF\xFE" + InUTF16(kWide, false), String(u8"\u00E9\U0001F600")},
+        {InUTF16(kWide, true), String(u8"\u00E9\U0001F600")},
+        {InUTF16(kWide, false), String(u8"\u00E9\U0001F600")},
+        {"<?xml version='1.0' encoding = 'ISO-8859-1' ?><string>\xE9</string>", String(u8"\u00E9")},
+        {"<?xml version='1.0' encoding?><string>x</string>", String("x")},
+    };
+    for (const auto& theRow : kRows) {
+        EXPECT_TRUE(CFEqual(ReadBytes(theRow.first), theRow.second)) << ErrorOf(theRow.first);
+    }
+    EXPECT_EQ(ErrorOf(WithEncoding("klingon", "x")), "its encoding is unknown");
+    EXPECT_EQ(ErrorOf(WithEncoding("windows-1252", "\x81")), "it is not in its encoding");
+    EXPECT_EQ(ErrorOf("\xFE\xFF" + InUTF16("<string>", true) + "\xD8\x3D" + InUTF16("</string>", true)),
+              "it is not in its encoding");
+}
+
+TEST(CFPropertyListXMLReader, AMarkAtTheStartOfAStringIsACharacter)
+{
+    EXPECT_TRUE(CFEqual(ReadContent(u8"<string>\uFEFFa</string>"), String(Units{0xFEFF, 'a'})));
+    EXPECT_TRUE(CFEqual(ReadContent(u8"<string>&#xFEFF;</string>"), String(Units{0xFEFF})));
+}
+
 TEST(CFPropertyListXMLReader, BrokenTextsAreErrors)
 {
     const std::pair<std::string, const char*> kRows[] = {
         {"", "there is nothing"},
-        {"random words", "an element is expected"},
-        {std::string("\0\1\2\3", 4), "an element is expected"},
         {"<plist></plist>", "there is an unknown element"},
         {"<plist/>", "there is no object"},
         {"<plist><true/><false/></plist>", "an end tag is missing"},

@@ -204,6 +204,17 @@ TEST_F(PreferenceFiles, TypesOfNumbersAreThoseOfTheFile)
               kCFNumberFloat64Type);
 }
 
+TEST_F(PreferenceFiles, TheOpenStepFormIsReadAndRewrittenAsXML)
+{
+    WriteFile(Path(), "{ a = 5; }");
+    EXPECT_TRUE(Has(CFSTR("a"), CFSTR("5")));
+    Set(CFSTR("b"), kCFBooleanTrue);
+    EXPECT_TRUE(Synchronize());
+    EXPECT_EQ(FileText(Path()).substr(0, 5), "<?xml");
+    EXPECT_TRUE(
+        CFEqual(FileValues(), ObjectDictionary({{CFSTR("a"), CFSTR("5")}, {CFSTR("b"), kCFBooleanTrue}})));
+}
+
 // The other program gets the file in the binary form and back, so that it has to understand it.
 TEST_F(PreferenceFilesOfOthers, HaveTheSameTextAsTheHostsOwn)
 {
@@ -358,7 +369,7 @@ class DamagedPreferenceFiles : public PreferenceFiles, public testing::WithParam
 const DamagedRow kDamagedRows[] = {
     {"Empty", "", "there is nothing"},
     {"Truncated", FileWith("<dict><key>a</key><true/></dict>").substr(0, 200), "an end tag is missing"},
-    {"Noise", NoiseOf(10000), "an element is expected"},
+    {"Noise", NoiseOf(10000), "an object is expected"},
     {"NoDictionary", FileWith("<array/>"), "it holds no dictionary"},
     {"DeepNesting",
      FileWith("<dict><key>a</key>" + Repeated("<array>", 100000) + Repeated("</array>", 100000) + "</dict>"),
@@ -408,7 +419,7 @@ TEST_F(PreferenceFiles, AFileThatIsDamagedMeanwhileIsKeptWhenWriting)
     Set(CFSTR("b"), kCFBooleanTrue);
     EXPECT_TRUE(Synchronize());
     EXPECT_EQ(StandardErrorCapture::TakeLines(),
-              Lines{"CFPreferences: " + Path() + " is damaged (an element is expected) and was kept as " +
+              Lines{"CFPreferences: " + Path() + " is damaged (it holds no dictionary) and was kept as " +
                     Path() + ".damaged-1"});
     EXPECT_EQ(FileText(Path() + ".damaged-1"), "broken");
     EXPECT_TRUE(CFEqual(FileValues(), ObjectDictionary({{CFSTR("b"), kCFBooleanTrue}})));
@@ -501,7 +512,7 @@ TEST_F(PreferenceFiles, ADamagedFileThatCannotBeKeptAsideIsNeverWrittenOver)
               0);
     EXPECT_EQ(StandardErrorCapture::TakeLines(),
               Lines{"CFPreferences: " + Path() +
-                    " is damaged (an element is expected) and cannot be kept under another name"});
+                    " is damaged (it holds no dictionary) and cannot be kept under another name"});
     EXPECT_EQ(FileText(Path()), "broken");
 }
 

@@ -47,8 +47,9 @@ enum CF_OF_TYPE(CFIndex)
 // inList is no property list. The caller releases it.
 CF_EXPORT CFDataRef CFPropertyListCreateXMLData(CFAllocatorRef inAllocator, CFPropertyListRef inList);
 
-// Reads XML text or the binary form. NULL, and a reason in *outError, when the data is neither. outError may
-// be NULL. The caller releases both the property list and the reason.
+// Reads XML text, the binary form or the OpenStep form, whose leaves are strings and data. NULL, and a reason
+// in *outError, when the data is none of them. outError may be NULL. The caller releases both the property list
+// and the reason.
 //
 // Strict, so that a damaged file is not taken for another one: unknown elements and entities, keys without
 // values, and texts that are no number or date are errors. Of a key that is there twice, the last value

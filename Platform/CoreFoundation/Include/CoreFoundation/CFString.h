@@ -25,6 +25,7 @@ enum CF_OF_TYPE(UInt32)
 {
     kCFStringEncodingMacRoman = 0,
     kCFStringEncodingWindowsLatin1 = 0x0500,
+    kCFStringEncodingNextStepLatin = 0x0B01,
     kCFStringEncodingISOLatin1 = 0x0201,
     kCFStringEncodingASCII = 0x0600,
     kCFStringEncodingUnicode = 0x0100,
