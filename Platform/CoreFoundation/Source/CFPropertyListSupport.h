@@ -39,8 +39,8 @@ bool IsPropertyList(CFPropertyListRef theList, int theDepth = 0);
 // mutable.
 Holder<CFPropertyListRef> ReadPropertyList(std::string_view theData, CFPropertyListFormat& theFormat);
 
-// An integer as it is when it comes from a file, which does not carry its type: 64 bits wide, unless it is one
-// of the shared small ones. The caller releases it. NULL when there is no memory.
+// An integer as it is when it comes from a file, which does not carry its type: 64 bits wide, unless it is
+// one of the shared small ones. The caller releases it. NULL when there is no memory.
 CFNumberRef MakeReadInteger(SInt64 theValue);
 
 // Put a value into a container that is being read. They throw std::bad_alloc.

@@ -11,8 +11,8 @@
 //
 // Each domain is one XML property list: <application>.plist in the folder that XDG_CONFIG_HOME names, or else
 // in ~/.config. A file in the binary form is read too, and becomes XML when it is written. Domains of the
-// current host are in the folder ByHost there. What is set for any user is kept in no file:
-// it lasts as long as the process.
+// current host are in the folder ByHost there. What is set for any user is kept in no file: it
+// lasts as long as the process.
 //
 // Synchronising reads the file again, applies only what this process has changed, and puts a complete new
 // file in the place of the old one: other keys that another process has written stay, and whatever happens,
@@ -39,8 +39,8 @@ CF_EXPORT const CFStringRef kCFPreferencesAnyUser;
 CF_EXPORT const CFStringRef kCFPreferencesCurrentUser;
 
 // An application's values. Reading asks these domains in turn: the application on the current host, the
-// application on any host, any application on the current host, any application on any host; then the same for
-// any user. Writing goes to the application on any host.
+// application on any host, any application on the current host, any application on any host; then the same
+// for any user. Writing goes to the application on any host.
 
 // NULL when the key is in no domain.
 CF_EXPORT CFPropertyListRef CFPreferencesCopyAppValue(CFStringRef inKey, CFStringRef inApplication);

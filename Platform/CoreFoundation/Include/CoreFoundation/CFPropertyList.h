@@ -6,8 +6,8 @@
 // Property lists: objects that can be kept in a file.
 //
 // They consist of strings, numbers, booleans, data, dates, arrays of these, and dictionaries of these with
-// strings as keys. A string is part of one only when it is well-formed Unicode (zero characters are allowed), a
-// date only when it is in the years 0 to 9999, and containers may be nested 512 deep.
+// strings as keys. A string is part of one only when it is well-formed Unicode (zero characters are allowed),
+// a date only when it is in the years 0 to 9999, and containers may be nested 512 deep.
 //
 // A file does not carry the type of a number. An integer is read as kCFNumberSInt32Type from -1 to 12 and as
 // kCFNumberSInt64Type otherwise, whatever its size; any other number as kCFNumberFloat64Type. The binary form
@@ -48,8 +48,8 @@ enum CF_OF_TYPE(CFIndex)
 CF_EXPORT CFDataRef CFPropertyListCreateXMLData(CFAllocatorRef inAllocator, CFPropertyListRef inList);
 
 // Reads XML text, the binary form or the OpenStep form, whose leaves are strings and data. NULL, and a reason
-// in *outError, when the data is none of them. outError may be NULL. The caller releases both the property list
-// and the reason.
+// in *outError, when the data is none of them. outError may be NULL. The caller releases both the property
+// list and the reason.
 //
 // Strict, so that a damaged file is not taken for another one: unknown elements and entities, keys without
 // values, and texts that are no number or date are errors. Of a key that is there twice, the last value
