@@ -216,10 +216,15 @@ TEST_P(PresenterSessionWithWindow, PostedEventsAreHandledInTheirOrder)
 
 TEST_P(PresenterSessionWithWindow, AnotherThreadWakesTheLoop)
 {
-    const OwnEventHandler theHandler([] { QuitApplicationEventLoop(); });
+    int theCount = 0;
+    const OwnEventHandler theHandler([&theCount] {
+        ++theCount;
+        QuitApplicationEventLoop();
+    });
     std::thread thePoster(PostOwnEvent);
     RunApplicationEventLoop();
     thePoster.join();
+    EXPECT_EQ(theCount, 1);
 }
 
 // Handles the program's events until theIsDone says so.

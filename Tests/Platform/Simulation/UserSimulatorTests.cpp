@@ -1,59 +1,12 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-#include "TestProgram.h"
-
-#include <gtest/gtest.h>
-#include <Simulation/UserSimulator.h>
+#include "SimulatorTestSupport.h"
 
 namespace {
 
+using UserSimulator = UserSimulatorTest;
+
 using Host::UserResult;
-
-class UserSimulator : public testing::Test
-{
-protected:
-    UserSimulator()
-        : mWindowLog(GetWindowEventTarget(mProgram.mWindow.Get()), mLog)
-    {
-    }
-
-    Log Take()
-    {
-        Log theLog;
-        theLog.swap(mLog);
-        return theLog;
-    }
-
-    // Has every event of one name answered with noErr.
-    void Consume(const std::string& theName)
-    {
-        mWindowLog.mAnswer = [theName](const std::string& theEvent, EventRef) {
-            return theEvent == theName ? OSStatus{noErr} : OSStatus{eventNotHandledErr};
-        };
-    }
-
-    // Refused for this reason, and nothing was sent.
-    void ExpectRefusal(const UserResult& theResult, const std::string& theReason)
-    {
-        EXPECT_FALSE(theResult);
-        EXPECT_EQ(theResult.Reason(), theReason);
-        EXPECT_EQ(theResult.Explain(), "Refused: " + theReason + ".\n" + mUser.DescribeScreen());
-        EXPECT_EQ(Take(), Log());
-    }
-
-    void ExpectDone(const UserResult& theResult)
-    {
-        EXPECT_TRUE(theResult) << theResult.Explain();
-        EXPECT_EQ(theResult.Explain(), "");
-    }
-
-    void FocusField() { SetKeyboardFocus(mProgram.mWindow.Get(), mProgram.mField, kControlEditTextPart); }
-
-    TestProgram mProgram;
-    Log mLog;
-    EventLog mWindowLog;
-    Host::UserSimulator mUser;
-};
 
 const Log kClickOnButton = {"mouse moved", "mouse down", "click", "mouse up", "hit"};
 
@@ -296,22 +249,6 @@ TEST_F(UserSimulator, EveryCharacterIsAKeyDownAndAKeyUp)
     EXPECT_EQ(Take(), (Log{"key down", "key up", "modifiers", "key down", "key up", "modifiers"}));
 }
 
-TEST_F(UserSimulator, TypesWithTheRightKeys)
-{
-    FocusField();
-    std::vector<UInt32> theKeys;
-    mWindowLog.mAnswer = [&theKeys](const std::string& theName, EventRef theEvent) {
-        if (theName == "key down") {
-            theKeys.push_back(Parameter<UInt32>(theEvent, kEventParamKeyCode, typeUInt32));
-            theKeys.push_back(Parameter<UInt32>(theEvent, kEventParamKeyModifiers, typeUInt32));
-        }
-        return OSStatus{noErr};
-    };
-    ExpectDone(mUser.TypeText("k?\t\né"));
-    EXPECT_EQ(theKeys, (std::vector<UInt32>{kVK_ANSI_K, 0, kVK_ANSI_Slash, shiftKey, kVK_Tab, 0, kVK_Return,
-                                            0, Host::kNoKeyPosition, 0}));
-}
-
 TEST_F(UserSimulator, RefusesToTypeWithoutAField)
 {
     ClearKeyboardFocus(mProgram.mWindow.Get());
@@ -325,49 +262,6 @@ TEST_F(UserSimulator, RefusesToTypeWhatIsNoText)
     Take();
     ExpectRefusal(mUser.TypeText("a\xFF"), "the text to type is not UTF-8");
     EXPECT_EQ(TextOf(mProgram.mField), "");
-}
-
-struct StrokeRow
-{
-    UInt32 theKey;
-    UInt32 theModifiers;
-    const char* theText;
-};
-
-class UserSimulatorKeys : public UserSimulator, public testing::WithParamInterface<StrokeRow>
-{
-};
-
-TEST_P(UserSimulatorKeys, TypeWhatAUSKeyboardTypes)
-{
-    FocusField();
-    ExpectDone(mUser.PressKey(GetParam().theKey, GetParam().theModifiers));
-    EXPECT_EQ(TextOf(mProgram.mField), GetParam().theText);
-}
-
-INSTANTIATE_TEST_SUITE_P(Strokes, UserSimulatorKeys,
-                         testing::Values(StrokeRow{kVK_ANSI_A, 0, "a"}, StrokeRow{kVK_ANSI_A, shiftKey, "A"},
-                                         StrokeRow{kVK_ANSI_A, alphaLock, "A"}, StrokeRow{kVK_ANSI_1, 0, "1"},
-                                         StrokeRow{kVK_ANSI_1, shiftKey, "!"},
-                                         StrokeRow{kVK_ANSI_1, alphaLock, "1"},
-                                         StrokeRow{kVK_Space, shiftKey, " "}, StrokeRow{kVK_F1, 0, ""}));
-
-TEST_F(UserSimulator, EveryPrintableCharacterHasItsKey)
-{
-    std::string theCharacters;
-    for (char theCharacter = ' '; theCharacter < 0x7F; ++theCharacter) {
-        theCharacters += theCharacter;
-    }
-    FocusField();
-    UInt32 theStray = 0;
-    mWindowLog.mAnswer = [&theStray](const std::string& theName, EventRef theEvent) {
-        const UInt32 theKey = Parameter<UInt32>(theEvent, kEventParamKeyCode, typeUInt32);
-        theStray += theName == "key down" && theKey == Host::kNoKeyPosition ? 1u : 0u;
-        return OSStatus{eventNotHandledErr};
-    };
-    ExpectDone(mUser.TypeText(theCharacters));
-    EXPECT_EQ(theStray, 0u);
-    EXPECT_EQ(TextOf(mProgram.mField), theCharacters);
 }
 
 TEST_F(UserSimulator, BackspaceTakesTheLastCharacterAway)
@@ -568,7 +462,7 @@ struct FrameRow
     const char* theLack;
 };
 
-class UserSimulatorFrames : public UserSimulator, public testing::WithParamInterface<FrameRow>
+class UserSimulatorFrames : public UserSimulatorTest, public testing::WithParamInterface<FrameRow>
 {
 };
 

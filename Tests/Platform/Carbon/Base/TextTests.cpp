@@ -32,6 +32,8 @@ TEST_F(Text, TitlesComeAndGoAsPascalStrings)
     SetControlTitle(nullptr, theNew);
     SetControlTitle(theButton, nullptr);
     GetControlTitle(theButton, nullptr);
+    GetControlTitle(theButton, theTitle);
+    EXPECT_EQ(theTitle[0], 255);
 }
 
 TEST_F(MenuText, TextsAreReadAsPascalStringsUpTo255Characters)
@@ -47,4 +49,14 @@ TEST_F(MenuText, TextsAreReadAsPascalStringsUpTo255Characters)
     EXPECT_EQ(ItemText(mFile, 1), "New");
     GetMenuItemText(mFile, 9, theText);
     EXPECT_EQ(theText[0], 0);
+}
+
+TEST_F(MenuText, LoneHalvesOfCharactersReachAPresenterAsReplacements)
+{
+    const UniChar theUnits[] = {'a', 0xD83C, 'b', 0xDFB9, 0xD83C, 0xDFB9, 0xD83C};
+    CFStringRef theText = CFStringCreateWithCharacters(nullptr, theUnits, 7);
+    SetMenuItemTextWithCFString(mFile, 1, theText);
+    EXPECT_EQ(BarLook().theMenus.at(0).theItems.at(0).theText, "a\xEF\xBF\xBD"
+                                                               "b\xEF\xBF\xBD\xF0\x9F\x8E\xB9\xEF\xBF\xBD");
+    CFRelease(theText);
 }

@@ -3,7 +3,6 @@
 // The loop, under a clock that stands still unless it is waited for.
 
 #include "EventTestSupport.h"
-#include "StandardErrorCapture.h"
 
 #include <condition_variable>
 #include <memory>
@@ -58,16 +57,6 @@ TEST_F(EventLoop, OnlyTheTypesThatAreAskedForAreReceived)
     EXPECT_EQ(mClock.Now(), 1000);
 }
 
-TEST_F(EventLoop, WaitingInVainTakesItsTime)
-{
-    Post(1);
-    EventRef theEvent = InventedReference<EventRef>();
-    EXPECT_EQ(ReceiveNextEvent(1, &kOtherTestEvent, 5, kEventRemoveFromQueue, &theEvent),
-              eventLoopTimedOutErr);
-    EXPECT_EQ(theEvent, nullptr);
-    EXPECT_EQ(mClock.Now(), 1005);
-}
-
 TEST_F(EventLoop, AnEventPostedByATimerEndsTheWait)
 {
     const TestTimer theTimer(3, 0, [] { Post(1); });
@@ -75,16 +64,6 @@ TEST_F(EventLoop, AnEventPostedByATimerEndsTheWait)
     EXPECT_EQ(ReceiveNextEvent(0, nullptr, kEventDurationForever, kEventRemoveFromQueue, &theEvent), noErr);
     EXPECT_EQ(GetEventTime(theEvent), 1003);
     ReleaseEvent(theEvent);
-}
-
-TEST_F(EventLoop, AWaitThatWouldNeverEndSaysSo)
-{
-    EventRef theEvent = nullptr;
-    // Posting and quitting wake the loop once for nothing.
-    EXPECT_EQ(ReceiveNextEvent(0, nullptr, kEventDurationForever, kEventRemoveFromQueue, &theEvent),
-              eventLoopTimedOutErr);
-    EXPECT_EQ(StandardErrorCapture::TakeLines(),
-              Lines{"The event loop waits for ever: no event, timer or deadline is left."});
 }
 
 TEST_F(EventLoop, BadArgumentsAreRefused)
@@ -224,9 +203,9 @@ TEST_F(EventLoop, QuittingTheEventLoopEndsTheApplicationsLoop)
     EXPECT_EQ(mClock.Now(), 1001);
 }
 
-// --- The presenter ----------------------------------------------------------------------------------
-
 namespace {
+
+// --- The presenter ----------------------------------------------------------------------------------
 
 // A presenter that notes when it is given its turn, and lets the test report something then.
 class TurnPresenter : public Host::Presenter

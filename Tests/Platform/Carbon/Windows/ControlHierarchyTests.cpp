@@ -390,8 +390,10 @@ TEST_F(ControlHierarchy, KillingControlsLeavesTheRoot)
     EXPECT_FALSE(IsValidControlHandle(theBox));
     EXPECT_FALSE(IsValidControlHandle(theSlider));
     EXPECT_EQ(SubControls(Root(mWindow)), Controls{});
+    ControlRef theNext = NewSlider();
     KillControls(nullptr);
     KillControls(NewWindow());
+    EXPECT_TRUE(IsValidControlHandle(theNext));
 }
 
 TEST_F(ControlHierarchy, HandlersOfADisposedControlAreNotCalledAgain)

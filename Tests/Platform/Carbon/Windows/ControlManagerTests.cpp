@@ -100,10 +100,14 @@ TEST_F(ControlManager, BoundsOfBadReferencesAreEmpty)
     Rect theBounds = MakeRect(1, 2, 3, 4);
     EXPECT_EQ(Describe(*GetControlBounds(nullptr, &theBounds)), "0, 0, 0, 0");
     EXPECT_EQ(GetControlBounds(nullptr, nullptr), nullptr);
+    ControlRef theSlider = NewSlider();
+    Watch(theSlider, "slider");
     SetControlBounds(nullptr, &theBounds);
-    SetControlBounds(NewSlider(), nullptr);
+    SetControlBounds(theSlider, nullptr);
     MoveControl(nullptr, 1, 1);
     SizeControl(nullptr, 1, 1);
+    EXPECT_EQ(Describe(*GetControlBounds(theSlider, &theBounds)), "10, 10, 126, 30");
+    EXPECT_EQ(TakeLog(), Log{});
 }
 
 // --- Titles ------------------------------------------------------------------------------------------
@@ -149,11 +153,14 @@ TEST_F(ControlManager, KeepsCommandReferenceAndAction)
     static_assert(sizeof theReference >= 4, "the platform gives it 32 bits at least");
     SetControlReference(theButton, theReference);
     EXPECT_EQ(GetControlReference(theButton), theReference);
-    ControlActionUPP theAction = NewControlActionUPP([](ControlRef, ControlPartCode) {});
+    static ControlPartCode sPart = 0;
+    ControlActionUPP theAction =
+        NewControlActionUPP([](ControlRef, ControlPartCode thePart) { sPart = thePart; });
     SetControlAction(theButton, theAction);
     EXPECT_EQ(GetControlAction(theButton), theAction);
-    InvokeControlActionUPP(theButton, 1, theAction);
-    InvokeControlActionUPP(theButton, 1, nullptr);
+    InvokeControlActionUPP(theButton, 7, theAction);
+    InvokeControlActionUPP(theButton, 8, nullptr);
+    EXPECT_EQ(sPart, 7);
     DisposeControlActionUPP(theAction);
 }
 

@@ -150,9 +150,11 @@ TEST_F(WindowManager, BadTitlesAreRefused)
     Str255 theText = {9};
     GetWTitle(nullptr, theText);
     EXPECT_EQ(theText[0], 0);
+    SetWindowTitleWithCFString(mWindow, CFSTR("kept"));
     GetWTitle(mWindow, nullptr);
     SetWTitle(mWindow, nullptr);
     SetWTitle(nullptr, theText);
+    EXPECT_EQ(Title(mWindow), "kept");
 }
 
 // --- Order and activation ----------------------------------------------------------------------------

@@ -1,11 +1,12 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-#include "TestProgram.h"
+#include "InputGateTestSupport.h"
 
-#include <gtest/gtest.h>
 #include <memory>
 
 namespace {
+
+using InputGate = InputGateTest;
 
 using Host::ControlDrag;
 using Host::DragPhase;
@@ -17,62 +18,6 @@ using Host::PresenterEvents;
 using Host::PresenterRegistry;
 
 constexpr ObjectId kUnknown = 0x7FFFFFFF;
-
-PresenterEvents& Gate()
-{
-    return PresenterRegistry::Events();
-}
-
-// The tests speak of places in the content of the window at 100, 80.
-PointerAction At(ObjectId theWindow, int theX, int theY, PointerButton theButton = PointerButton::kPrimary)
-{
-    PointerAction theAction;
-    theAction.theWindow = theWindow;
-    theAction.thePlace = {100 + theX, 80 + theY};
-    theAction.theButton = theButton;
-    return theAction;
-}
-
-class InputGate : public testing::Test
-{
-protected:
-    InputGate()
-        : mWindow(Screen().WindowCalled("Thermostat")),
-          mWindowLog(GetWindowEventTarget(mProgram.mWindow.Get()), mLog)
-    {
-    }
-
-    ~InputGate() override
-    {
-        // The gate outlives the test: nothing stays pressed.
-        mWindowLog.mAnswer = nullptr;
-        for (const PointerButton theButton :
-             {PointerButton::kPrimary, PointerButton::kSecondary, PointerButton::kTertiary}) {
-            Gate().PointerReleased(At(mWindow, 0, 0, theButton));
-        }
-        Gate().ModifiersChanged(0);
-    }
-
-    Log Take()
-    {
-        Log theLog;
-        theLog.swap(mLog);
-        return theLog;
-    }
-
-    // Has every event of one name answered with noErr.
-    void Consume(const std::string& theName)
-    {
-        mWindowLog.mAnswer = [theName](const std::string& theEvent, EventRef) {
-            return theEvent == theName ? OSStatus{noErr} : OSStatus{eventNotHandledErr};
-        };
-    }
-
-    TestProgram mProgram;
-    ObjectId mWindow;
-    Log mLog;
-    EventLog mWindowLog;
-};
 
 // Pointer ----------------------------------------------------------------------------------------------
 
@@ -321,65 +266,6 @@ TEST_F(InputGate, TakesAnyCoordinate)
 
 // Keys -------------------------------------------------------------------------------------------------
 
-struct KeyRow
-{
-    const char* theName;
-    KeyAction theAction;
-    UInt8 theMacCharacter;
-    std::u16string theUnicode;
-};
-
-class InputGateKeys : public InputGate, public testing::WithParamInterface<KeyRow>
-{
-};
-
-TEST_P(InputGateKeys, TellsPositionCharacterAndModifiers)
-{
-    const KeyRow& theRow = GetParam();
-    mWindowLog.mAnswer = [&theRow](const std::string&, EventRef theEvent) {
-        EXPECT_EQ(Parameter<UInt32>(theEvent, kEventParamKeyCode, typeUInt32), theRow.theAction.theKey);
-        EXPECT_EQ(Parameter<UInt8>(theEvent, kEventParamKeyMacCharCodes, typeChar), theRow.theMacCharacter);
-        EXPECT_EQ(Parameter<UInt32>(theEvent, kEventParamKeyModifiers, typeUInt32),
-                  theRow.theAction.theModifiers);
-        EXPECT_EQ(Parameter<UInt32>(theEvent, kEventParamKeyboardType, typeUInt32), 0u);
-        char16_t theUnits[8] = {};
-        ByteCount theSize = 0;
-        GetEventParameter(theEvent, kEventParamKeyUnicodes, typeUnicodeText, nullptr, sizeof theUnits,
-                          &theSize, theUnits);
-        EXPECT_EQ(std::u16string(theUnits, theSize / 2), theRow.theUnicode);
-        return OSStatus{noErr};
-    };
-    EXPECT_TRUE(Gate().KeyPressed(theRow.theAction));
-    EXPECT_TRUE(Gate().KeyReleased(theRow.theAction));
-    EXPECT_EQ(Take(), (Log{"key down", "key up"}));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Keys, InputGateKeys,
-    testing::Values(
-        KeyRow{"Letter", {kVK_ANSI_K, "k", 0}, 'k', u"k"},
-        KeyRow{"UpperCase", {kVK_ANSI_K, "K", shiftKey}, 'K', u"K"},
-        KeyRow{"CommandLetter", {kVK_ANSI_K, "k", cmdKey}, 'k', u"k"},
-        KeyRow{"Return", {kVK_Return, "", 0}, 13, u"\x0D"},
-        KeyRow{"ReturnWhateverItIsSaidToType", {kVK_Return, "\n", 0}, 13, u"\x0D"},
-        KeyRow{"KeypadEnter", {kVK_ANSI_KeypadEnter, "", 0}, 3, u"\x03"},
-        KeyRow{"PortableEnter", {52, "", 0}, 3, u"\x03"}, KeyRow{"Tab", {kVK_Tab, "", 0}, 9, u"\x09"},
-        KeyRow{"Backspace", {kVK_Delete, "", 0}, 8, u"\x08"},
-        KeyRow{"ForwardDelete", {kVK_ForwardDelete, "", 0}, 127, u"\x7F"},
-        KeyRow{"Escape", {kVK_Escape, "", 0}, 27, u"\x1B"},
-        KeyRow{"Left", {kVK_LeftArrow, "", 0}, 28, u"\x1C"},
-        KeyRow{"Right", {kVK_RightArrow, "", 0}, 29, u"\x1D"},
-        KeyRow{"Up", {kVK_UpArrow, "", 0}, 30, u"\x1E"}, KeyRow{"Down", {kVK_DownArrow, "", 0}, 31, u"\x1F"},
-        KeyRow{"Home", {kVK_Home, "", 0}, 1, u"\x01"}, KeyRow{"End", {kVK_End, "", 0}, 4, u"\x04"},
-        KeyRow{"PageUp", {kVK_PageUp, "", 0}, 11, u"\x0B"},
-        KeyRow{"PageDown", {kVK_PageDown, "", 0}, 12, u"\x0C"}, KeyRow{"Help", {kVK_Help, "", 0}, 5, u"\x05"},
-        KeyRow{"MacRomanLetter", {Host::kNoKeyPosition, "é", 0}, 0x8E, u"é"},
-        KeyRow{"LetterOutsideOfMacRoman", {Host::kNoKeyPosition, "ж", 0}, '?', u"ж"},
-        KeyRow{"CharacterOfTwoUnits", {Host::kNoKeyPosition, "𝄞", 0}, '?', u"𝄞"},
-        KeyRow{"NoUtf8", {Host::kNoKeyPosition, "\xFF", 0}, 0, u""},
-        KeyRow{"KeyThatTypesNothing", {kVK_F1, "", 0}, 0, u""}),
-    [](const testing::TestParamInfo<KeyRow>& theInfo) { return theInfo.param.theName; });
-
 TEST_F(InputGate, KeysStartAtTheFocusedControl)
 {
     Log theLog;
@@ -484,7 +370,7 @@ TEST_F(InputGate, TellsWhetherAPressOrAWheelWasWanted)
 
 // Controls ---------------------------------------------------------------------------------------------
 
-class InputGateDrag : public InputGate
+class InputGateDrag : public InputGateTest
 {
 protected:
     InputGateDrag()
@@ -637,7 +523,7 @@ struct PartRow
 
 std::vector<ControlPartCode> gPressedParts;
 
-class InputGateParts : public InputGate, public testing::WithParamInterface<PartRow>
+class InputGateParts : public InputGateTest, public testing::WithParamInterface<PartRow>
 {
 protected:
     InputGateParts()
@@ -776,10 +662,14 @@ TEST_F(InputGate, ADesktopActivatesAWindow)
 
 TEST_F(InputGate, AQuitRequestEndsTheApplicationLoop)
 {
+    bool theIsTaken = false;
     EventLoopTimerRef theTimer = nullptr;
-    const auto Quit = [](EventLoopTimerRef, void*) { Gate().QuitAsked(); };
-    InstallEventLoopTimer(GetMainEventLoop(), 0, 0, Quit, nullptr, &theTimer);
+    const auto Quit = [](EventLoopTimerRef, void* theResult) {
+        *static_cast<bool*>(theResult) = Gate().QuitAsked();
+    };
+    InstallEventLoopTimer(GetMainEventLoop(), 0, 0, Quit, &theIsTaken, &theTimer);
     RunApplicationEventLoop();
+    EXPECT_TRUE(theIsTaken);
     RemoveEventLoopTimer(theTimer);
 }
 

@@ -1,0 +1,90 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+// Controls as text.
+
+#include "HeadlessTestLooks.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Host::ControlLook;
+
+using Host::ControlShape;
+
+using Host::HeadlessSnapshot;
+
+struct PictureRow
+{
+    ControlLook theLook;
+    const char* thePicture;
+};
+
+class HeadlessDrawing : public testing::TestWithParam<PictureRow>
+{
+};
+
+TEST_P(HeadlessDrawing, ShowsTheControlAsAPersonWouldSeeIt)
+{
+    HeadlessSnapshot theSnapshot;
+    theSnapshot.ControlLooks(GetParam().theLook);
+    EXPECT_EQ(theSnapshot.DescribeControl(3), GetParam().thePicture);
+}
+
+constexpr std::int32_t kLeast = -2147483647 - 1;
+constexpr std::int32_t kMost = 2147483647;
+
+INSTANTIATE_TEST_SUITE_P(
+    Controls, HeadlessDrawing,
+    testing::Values(PictureRow{Titled(ControlShape::kPushButton, "OK"),
+                               "( OK )                                    push button"},
+                    PictureRow{Default(Titled(ControlShape::kPushButton, "OK")),
+                               "(( OK ))                                  push button"},
+                    PictureRow{Titled(ControlShape::kCheckBox, "Heat", 0),
+                               "[ ] Heat                                  check box"},
+                    PictureRow{Titled(ControlShape::kCheckBox, "Heat", 1),
+                               "[x] Heat                                  check box"},
+                    PictureRow{Titled(ControlShape::kCheckBox, "Heat", 2),
+                               "[-] Heat                                  check box"},
+                    PictureRow{Titled(ControlShape::kRadioButton, "°C", 1),
+                               "(•) °C                                    radio button"},
+                    PictureRow{Titled(ControlShape::kRadioButton, "°F", 0),
+                               "( ) °F                                    radio button"},
+                    PictureRow{Valued(ControlShape::kSlider, 5, 0, 10),
+                               "├─────────●──────────┤ 5 of 0…10          slider"},
+                    PictureRow{Valued(ControlShape::kSlider, 0, 0, 10),
+                               "├●───────────────────┤ 0 of 0…10          slider"},
+                    PictureRow{Valued(ControlShape::kSlider, 10, 0, 10),
+                               "├───────────────────●┤ 10 of 0…10         slider"},
+                    PictureRow{Valued(ControlShape::kSlider, 3, 3, 3),
+                               "├●───────────────────┤ 3 of 3…3           slider"},
+                    PictureRow{Valued(ControlShape::kSlider, kMost, kLeast, kMost),
+                               "├───────────────────●┤ 2147483647 of -2147483648…2147483647  slider"},
+                    PictureRow{Valued(ControlShape::kScrollBar, 0, 0, 4),
+                               "◂█───────────────────▸ 0 of 0…4           scroll bar"},
+                    PictureRow{Valued(ControlShape::kProgressBar, 60, 0, 100),
+                               "[████████████░░░░░░░░] 60 %               progress bar"},
+                    PictureRow{Indeterminate(Control(3, ControlShape::kProgressBar)),
+                               "[~~~~~~~~~~~~~~~~~~~~]                    progress bar"},
+                    PictureRow{Valued(ControlShape::kLittleArrows, 4, 1, 9),
+                               "▴▾ 4 of 1…9                               little arrows"},
+                    PictureRow{Texted(ControlShape::kStaticText, "21 °C"),
+                               "\"21 °C\"                                   static text"},
+                    PictureRow{Texted(ControlShape::kStaticText, "two\nlines"),
+                               "\"two lines\"                               static text"},
+                    PictureRow{Texted(ControlShape::kEditText, "Küche"),
+                               "[Küche           ]                        edit text"},
+                    PictureRow{Texted(ControlShape::kEditText, "Küche", true),
+                               "[•••••           ]                        edit text"},
+                    PictureRow{Titled(ControlShape::kGroupBox, "More"),
+                               "More                                      group box"},
+                    PictureRow{Titled(ControlShape::kPopUpButton, "Celsius"),
+                               "[ Celsius ▾ ]                             pop-up button"},
+                    PictureRow{Control(3, ControlShape::kSeparator),
+                               "────────────────────                      separator"},
+                    PictureRow{Control(3, ControlShape::kRadioGroup),
+                               "                                          radio group"},
+                    PictureRow{Control(3, ControlShape::kPane),
+                               "                                          pane"}));
+
+} // namespace
