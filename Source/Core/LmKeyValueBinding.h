@@ -138,6 +138,7 @@ public:
     void UnbindAll();
 
 protected:
+    // The records of one key in the order of binding, and those of all keys.
     using BindingList = std::list<BindingInfo>;
     using BindingMap = std::map<LmString, BindingList>;
 

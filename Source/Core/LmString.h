@@ -45,6 +45,7 @@ public:
     {
     }
 
+    // A copy; and the text of a string that is empty afterwards.
     LmString(const LmString& theString) = default;
     LmString(LmString&& theString) noexcept
         : mText(std::move(theString.mText))
@@ -57,6 +58,7 @@ public:
     // Replaces the text. Assigning a string to itself changes nothing.
     LmString& operator=(const LmString& theString) = default;
 
+    // The same with the text of a string that is empty afterwards.
     LmString& operator=(LmString&& theString) noexcept
     {
         mText = std::move(theString.mText);
@@ -77,6 +79,7 @@ public:
     // to this string and is good until the string changes or dies.
     const char* GetUTF8() const { return mText.c_str(); }
 
+    // Whether the text has no bytes.
     bool IsEmpty() const { return mText.empty(); }
     bool IsNotEmpty() const { return !IsEmpty(); }
 

@@ -194,6 +194,7 @@ public:
     template <typename T>
     T GetNumber() const;
 
+    // The getters of the six types by name.
     double GetDouble() const { return GetNumber<double>(); }
     bool GetBoolean() const { return GetNumber<bool>(); }
     unsigned long GetUInt32() const { return GetNumber<unsigned long>(); }

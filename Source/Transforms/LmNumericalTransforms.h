@@ -45,6 +45,7 @@ public:
 class LM_EXPORT LmAddTransform : public LmValueTransform
 {
 public:
+    // Adds theAmount, of which it keeps a copy.
     explicit LmAddTransform(const LmValue& theAmount);
     ~LmAddTransform() override;
     LmValue Apply(const LmValue& theValue) override;
@@ -59,6 +60,7 @@ private:
 class LM_EXPORT LmScaleTransform : public LmValueTransform
 {
 public:
+    // Multiplies by theScale.
     explicit LmScaleTransform(double theScale);
     ~LmScaleTransform() override;
     LmValue Apply(const LmValue& theValue) override;

@@ -27,6 +27,7 @@ namespace Host {
 class HOST_PUBLIC UserSession
 {
 public:
+    // What the person does at one step.
     using Step = std::function<void(UserSimulator&)>;
 
     UserSession();

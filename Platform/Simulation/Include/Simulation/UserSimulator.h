@@ -34,9 +34,11 @@ namespace Host {
 class HOST_PUBLIC UserResult
 {
 public:
+    // What the actions return: it was done; it was not, for this reason, with this on the screen.
     static UserResult Done() { return {}; }
     static UserResult Refused(std::string theReason, std::string theScreen);
 
+    // True when it was done.
     explicit operator bool() const { return mReason.empty(); }
 
     // Why not, in one line without a full stop; empty when it was done.
@@ -60,6 +62,7 @@ public:
     ControlAddress(ControlRef theControl);
     ControlAddress(WindowRef theWindow, ControlID theID);
 
+    // The control as it is now; null when it is not there.
     ControlRef Find() const;
 
     // control 'temp' 1 in the window "Thermostat"
@@ -71,6 +74,8 @@ private:
     ControlID mID = {0, 0};
 };
 
+// The person. It has no state of its own: what it holds down it lets go before a function returns, and an
+// open menu is open for every other simulator too.
 class HOST_PUBLIC UserSimulator
 {
 public:

@@ -32,6 +32,7 @@ public:
     VirtualClock(const VirtualClock&) = delete;
     VirtualClock& operator=(const VirtualClock&) = delete;
 
+    // The seconds since the system started.
     double Now() const;
 
     // Turns the time forward. Timers that are due then fire when a loop runs. Less than 0 does nothing.
