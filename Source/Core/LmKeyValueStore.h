@@ -160,8 +160,8 @@ public:
     // Needs no memory while tracing is off.
     void RemoveObservers();
 
-    // Tells the observers of a key and those of "*": ValueChanged when it has changed, ValueChanging when it is
-    // about to. Called by SetKeyPathValue; a derived class whose key has changed by itself may call it too.
+    // Tells the observers of a key and those of "*": ValueChanged when it has changed, ValueChanging when it
+    // is about to. Called by SetKeyPathValue; a derived class whose key has changed by itself may call it too.
     //
     // The key's observers keep the order of their registration among themselves, and so do those of "*". The
     // two lists are merged by one step of a merge sort on the observers' addresses: while both lists have
@@ -205,7 +205,8 @@ public:
     bool IsDependent(const LmString& theKeyName, const LmString& dependentKey);
 
     // Tells the observers of each dependent of a key, as NotifyObservers(name, true) does, in the order in
-    // which the dependencies were made. Called by SetKeyPathValue as its last step. Works on a copy of the list.
+    // which the dependencies were made. Called by SetKeyPathValue as its last step. Works on a copy of the
+    // list.
     //
     // Diagnostics: "HasKey(theKeyName)".
     void NotifyDependents(const LmString& theKeyName);

@@ -53,6 +53,7 @@ public:
 class LM_EXPORT LmIsAboveTransform : public LmValueTransform
 {
 public:
+    // Compares with theValue, of which it keeps a copy.
     LmIsAboveTransform(const LmValue& theValue, bool isInclusive);
     ~LmIsAboveTransform() override;
     LmValue Apply(const LmValue& theValue) override;
@@ -69,6 +70,7 @@ private:
 class LM_EXPORT LmIsBelowTransform : public LmValueTransform
 {
 public:
+    // Compares with theValue, of which it keeps a copy.
     LmIsBelowTransform(const LmValue& theValue, bool isInclusive);
     ~LmIsBelowTransform() override;
     LmValue Apply(const LmValue& theValue) override;
@@ -83,6 +85,7 @@ private:
 class LM_EXPORT LmIsEqualTransform : public LmValueTransform
 {
 public:
+    // Compares with theValue, of which it keeps a copy.
     explicit LmIsEqualTransform(const LmValue& theValue);
     ~LmIsEqualTransform() override;
     LmValue Apply(const LmValue& theValue) override;
@@ -95,6 +98,7 @@ private:
 class LM_EXPORT LmIsNotEqualTransform : public LmValueTransform
 {
 public:
+    // Compares with theValue, of which it keeps a copy.
     explicit LmIsNotEqualTransform(const LmValue& theValue);
     ~LmIsNotEqualTransform() override;
     LmValue Apply(const LmValue& theValue) override;

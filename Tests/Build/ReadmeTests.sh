@@ -26,7 +26,8 @@ same()
 same "The first example" "$(sed -n '/^class /,$p' Examples/FirstStore/FirstStore.cpp)" "$(fenced cpp)"
 same "Its output" "$(cat Examples/FirstStore/expected.txt)" "$(fenced text)"
 
-for theDocument in README.md CONTRIBUTING.md Documentation/*.md Benchmarks/*.md Platform/*.md Platform/*/*.md; do
+for theDocument in README.md CONTRIBUTING.md Documentation/*.md Documentation/Tutorial/*.md Benchmarks/*.md \
+    Platform/*.md Platform/*/*.md; do
     [ -e "$theDocument" ] || continue
     while IFS= read -r theTarget; do
         if [ ! -e "$(dirname "$theDocument")/$theTarget" ]; then

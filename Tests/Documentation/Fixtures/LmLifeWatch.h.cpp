@@ -1,50 +1,60 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
 #include "LmLifeWatch.h"
-#include "LmKeyValueObserver.h"
-#include "LmKeyValueStore.h"
+#include "LmKeyValueBinding.h"
 
 #include <functional>
 #include <gtest/gtest.h>
 
 namespace {
 
-class Announcer : public LmKeyValueStore
+class Lamp
 {
 public:
-    void Announce(LmKeyValueObserver* theObserver, bool* theGoesOn)
+    void SetBrightness(long theBrightness)
     {
-        const LmString theKeyName = "volume";
+        mBrightness = theBrightness;
+        if (mListener) {
+            mListener();
+        }
+    }
+    void SetListener(const std::function<void()>& theListener) { mListener = theListener; }
+
+private:
+    long mBrightness = 0;
+    std::function<void()> mListener;
+};
+
+class LampBinding : public LmKeyValueBinding
+{
+public:
+    explicit LampBinding(Lamp& theLamp)
+        : mLamp(theLamp)
+    {
+    }
+
+    void Shine(long theBrightness, bool* theGoesOn)
+    {
+        *theGoesOn = false;
         // @code 1
         *theGoesOn = true;
     }
-};
-
-class Listener : public LmKeyValueObserver
-{
-public:
-    explicit Listener(std::function<void()> theAction)
-        : mAction(std::move(theAction))
-    {
-    }
-    void ValueChanged(const LmKeyValueStore*, const LmString&) override { mAction(); }
 
 private:
-    std::function<void()> mAction;
+    Lamp& mLamp;
 };
 
 } // namespace
 
 TEST(LmLifeWatch, TellsThatAStoreIsGoneAsItsHeaderShows)
 {
-    Announcer* theAnnouncer = new Announcer;
+    Lamp theLamp;
+    LampBinding* theBinding = new LampBinding(theLamp);
     bool goesOn = false;
-    Listener theGentle([] {});
-    theAnnouncer->Announce(&theGentle, &goesOn);
+    theBinding->Shine(10, &goesOn);
     EXPECT_TRUE(goesOn);
 
-    goesOn = false;
-    Listener theDeadly([&] { delete theAnnouncer; });
-    theAnnouncer->Announce(&theDeadly, &goesOn);
+    theLamp.SetListener([&] { delete theBinding; });
+    theBinding->Shine(20, &goesOn);
     EXPECT_FALSE(goesOn);
 }
