@@ -110,7 +110,8 @@ bool EqualArrays(const Host::Object* theFirst, const Host::Object* theSecond)
 {
     const CFArrayRef theArray = ArrayOf(theFirst);
     const std::vector<const void*>& theOthers = ArrayOf(theSecond)->mValues;
-    return std::equal(theArray->mValues.begin(), theArray->mValues.end(), theOthers.begin(), theOthers.end(),
+    return theArray->mCallBacks.equal == ArrayOf(theSecond)->mCallBacks.equal &&
+           std::equal(theArray->mValues.begin(), theArray->mValues.end(), theOthers.begin(), theOthers.end(),
                       [=](const void* theValue, const void* theOther) {
                           return EqualValues(theArray, theValue, theOther);
                       });
@@ -321,4 +322,17 @@ void CFArraySortValues(CFMutableArrayRef inArray, CFRange inRange, CFComparatorF
         const void** const theFirst = inArray->mValues.data() + inRange.location;
         MergeSort(theFirst, theFirst + inRange.length, theBuffer.data(), inComparator, inContext);
     });
+}
+
+CFIndex CFArrayBSearchValues(CFArrayRef inArray, CFRange inRange, const void* inValue,
+                             CFComparatorFunction inComparator, void* inContext)
+{
+    RequireArray(inArray, __func__);
+    RequireRange(inArray, inRange, __func__);
+    const auto theFirst = inArray->mValues.begin() + inRange.location;
+    const auto theFound = std::lower_bound(
+        theFirst, theFirst + inRange.length, inValue, [=](const void* theValue, const void* theWanted) {
+            return inComparator(theValue, theWanted, inContext) == kCFCompareLessThan;
+        });
+    return static_cast<CFIndex>(theFound - inArray->mValues.begin());
 }

@@ -203,3 +203,30 @@ TEST(CFArray, AppliersSeeTheRangeInOrder)
     CFArrayApplyFunction(PointerArray({1, 2, 3, 4}), CFRangeMake(1, 2), theNote, &theSeen);
     EXPECT_EQ(theSeen, (std::vector<std::intptr_t>{2, 3}));
 }
+
+TEST(CFArray, BisectionFindsTheValueOrItsPlace)
+{
+    const auto theArray =
+        ObjectArray({CFSTR("z"), CFSTR("b"), CFSTR("d"), CFSTR("d"), CFSTR("f"), CFSTR("a")});
+    const CFRange kSorted = CFRangeMake(1, 4);
+    const std::pair<CFStringRef, CFIndex> kRows[] = {
+        {CFSTR("a"), 1}, {CFSTR("b"), 1}, {CFSTR("c"), 2}, {CFSTR("d"), 2},
+        {CFSTR("e"), 4}, {CFSTR("f"), 4}, {CFSTR("g"), 5},
+    };
+    for (const auto& theRow : kRows) {
+        EXPECT_EQ(CFArrayBSearchValues(theArray, kSorted, theRow.first, CompareStrings, nullptr),
+                  theRow.second)
+            << TextOf(theRow.first);
+    }
+    EXPECT_EQ(CFArrayBSearchValues(theArray, CFRangeMake(3, 0), CFSTR("a"), CompareStrings, nullptr), 3);
+}
+
+TEST(CFArray, EqualArraysCompareTheirValuesInTheSameWay)
+{
+    const void* theValue = kCFBooleanTrue;
+    const Owned<CFArrayRef> theObjects(CFArrayCreate(nullptr, &theValue, 1, &kCFTypeArrayCallBacks));
+    const Owned<CFArrayRef> thePointers(CFArrayCreate(nullptr, &theValue, 1, nullptr));
+    EXPECT_FALSE(CFEqual(theObjects, thePointers));
+    EXPECT_FALSE(CFEqual(thePointers, theObjects));
+    EXPECT_TRUE(CFEqual(thePointers, Owned(CFArrayCreate(nullptr, &theValue, 1, nullptr))));
+}

@@ -86,4 +86,9 @@ CF_EXPORT void CFArrayExchangeValuesAtIndices(CFMutableArrayRef inArray, CFIndex
 CF_EXPORT void CFArraySortValues(CFMutableArrayRef inArray, CFRange inRange,
                                  CFComparatorFunction inComparator, void* inContext);
 
+// Where inValue is in a range that is sorted, by bisection: the index of a value that compares equal; when
+// there is none, the index of the first that is greater, or the end of the range.
+CF_EXPORT CFIndex CFArrayBSearchValues(CFArrayRef inArray, CFRange inRange, const void* inValue,
+                                       CFComparatorFunction inComparator, void* inContext);
+
 #endif
