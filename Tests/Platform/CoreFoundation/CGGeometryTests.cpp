@@ -4,6 +4,7 @@
 
 #include <CoreGraphics/CoreGraphics.h>
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace {
 
@@ -21,6 +22,12 @@ const CGRect kRect = {{10, 20}, {30, 40}};
 const CGRect kTurned = {{40, 60}, {-30, -40}};
 
 } // namespace
+
+TEST(CGBase, TheLimitsAreThoseOfAFloat)
+{
+    EXPECT_EQ(CGFLOAT_MIN, std::numeric_limits<CGFloat>::min());
+    EXPECT_EQ(CGFLOAT_MAX, std::numeric_limits<CGFloat>::max());
+}
 
 TEST(CGGeometry, MakersKeepTheirNumbers)
 {

@@ -39,8 +39,8 @@ enum CF_OF_TYPE(CFIndex)
     kCFNumberFloatType = 12,
     kCFNumberDoubleType = 13,
     kCFNumberCFIndexType = 14,
-    kCFNumberNSIntegerType = 15, // long
-    kCFNumberCGFloatType = 16,   // CGFloat, a float on every host
+    kCFNumberNSIntegerType = 15, // long; since Mac OS X 10.5
+    kCFNumberCGFloatType = 16,   // CGFloat, a float on every host; since Mac OS X 10.5
     kCFNumberMaxType = 16
 };
 
