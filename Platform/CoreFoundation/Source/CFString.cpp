@@ -98,10 +98,14 @@ private:
     {
         const UInt8* const theBytes = reinterpret_cast<const UInt8*>(theLiteral.data());
         void* const thePlace = mMemory.allocate(sizeof(__CFString), alignof(__CFString));
-        const CFStringRef theString = new (thePlace)
+        __CFString* const theString = new (thePlace)
             __CFString(Units(theBytes, theBytes + theLiteral.size(), Units::allocator_type(&mMemory)), false,
                        Host::kImmortal);
-        mStrings.emplace(theLiteral, theString);
+        const auto theEntry = mStrings.emplace(theLiteral, theString).first;
+        const bool theIsASCII = std::all_of(theLiteral.begin(), theLiteral.end(), [](char theCharacter) {
+            return static_cast<unsigned char>(theCharacter) < 0x80;
+        });
+        theString->mASCII = theIsASCII ? theEntry->first.c_str() : nullptr;
         return theString;
     }
 
@@ -412,11 +416,11 @@ void CFStringGetCharacters(CFStringRef inString, CFRange inRange, UniChar* outBu
     std::copy_n(inString->mUnits.begin() + theClipped.location, theClipped.length, outBuffer);
 }
 
-const char* CFStringGetCStringPtr(CFStringRef inString, CFStringEncoding)
+const char* CFStringGetCStringPtr(CFStringRef inString, CFStringEncoding inEncoding)
 {
-    // Strings hold UTF-16 units, never bytes.
     RequireString(inString, __func__);
-    return nullptr;
+    // On purpose: there is no answer for other encodings, although the bytes would be the same in many.
+    return inEncoding == kCFStringEncodingMacRoman ? inString->mASCII : nullptr;
 }
 
 ConstStringPtr CFStringGetPascalStringPtr(CFStringRef inString, CFStringEncoding)
@@ -546,6 +550,30 @@ CFIndex CFStringFindAndReplace(CFMutableStringRef inString, CFStringRef inWanted
         }
         inString->mUnits.swap(theCopy.mUnits);
         return theCount;
+    });
+}
+
+void CFStringPad(CFMutableStringRef inString, CFStringRef inPad, CFIndex inLength, CFIndex inIndex)
+{
+    Units& theUnits = RequireMutableString(inString, __func__)->mUnits;
+    if (inLength <= inString->GetLength()) {
+        theUnits.resize(static_cast<size_t>(std::max<CFIndex>(inLength, 0)));
+        return;
+    }
+    // The string may be filled with itself.
+    Host::NothingWithoutMemory([&] {
+        const Units thePad = inPad == nullptr ? Units() : RequireString(inPad, __func__)->mUnits;
+        if (thePad.empty() || inIndex < 0) {
+            return;
+        }
+        const size_t theOldLength = theUnits.size();
+        Units theResult = theUnits;
+        theResult.resize(static_cast<size_t>(inLength));
+        for (size_t theIndex = theOldLength; theIndex < theResult.size(); ++theIndex) {
+            theResult[theIndex] =
+                thePad[(theIndex - theOldLength + static_cast<size_t>(inIndex)) % thePad.size()];
+        }
+        theUnits.swap(theResult);
     });
 }
 

@@ -4,6 +4,7 @@
 #include "CFUnicode.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <iterator>
 #include <limits>
@@ -50,6 +51,21 @@ const UniChar kNextStepLatin[kUpperHalf] = {
     0x00E7, 0x00E8, 0x00E9, 0x00EA, 0x00EB, 0x00EC, 0x00C6, 0x00ED, 0x00AA, 0x00EE, 0x00EF, 0x00F0, 0x00F1,
     0x0141, 0x00D8, 0x0152, 0x00BA, 0x00F2, 0x00F3, 0x00F4, 0x00F5, 0x00F6, 0x00E6, 0x00F9, 0x00FA, 0x00FB,
     0x0131, 0x00FC, 0x00FD, 0x0142, 0x00F8, 0x0153, 0x00DF, 0x00FE, 0x00FF, 0x0000, 0x0000};
+
+constexpr std::array<UniChar, kUpperHalf> MakeLatin1()
+{
+    std::array<UniChar, kUpperHalf> theTable = {};
+    for (int theIndex = 0; theIndex < kUpperHalf; ++theIndex) {
+        theTable[static_cast<size_t>(theIndex)] = static_cast<UniChar>(0x80 + theIndex);
+    }
+    return theTable;
+}
+
+constexpr std::array<UniChar, kUpperHalf> kISOLatin1 = MakeLatin1();
+
+// Two characters for one thing; the tables have the second.
+constexpr UniChar kOhmSign = 0x2126;
+constexpr UniChar kOmega = 0x03A9;
 
 struct EncodingInfo;
 
@@ -111,7 +127,7 @@ EncodedCharacter EncodePlain(const EncodingInfo& theEncoding, const UniChar* the
 // A letter and a mark go out as the one letter that the table may have for both.
 EncodedCharacter EncodeByTable(const EncodingInfo& theEncoding, const UniChar* theUnits, CFIndex theCount)
 {
-    UniChar theUnit = *theUnits;
+    UniChar theUnit = *theUnits == kOhmSign ? kOmega : *theUnits;
     CFIndex theUnitCount = 1;
     if (theCount > 1 && Host::IsCombiningMark(theUnits[1])) {
         const UniChar theComposed = Host::Compose(theUnit, theUnits[1], theEncoding.theTable, kUpperHalf);
@@ -323,7 +339,7 @@ const EncodingInfo kEncodings[] = {
     {kCFStringEncodingUTF8, EncodeUTF8, DecodeUTF8, 3, nullptr, 0, false, false},
     {kCFStringEncodingMacRoman, EncodeByTable, DecodeByTable, 1, kMacRoman, 0, false, false},
     {kCFStringEncodingASCII, EncodePlain, DecodePlain, 1, nullptr, 0x80, false, false},
-    {kCFStringEncodingISOLatin1, EncodePlain, DecodePlain, 1, nullptr, 0x100, false, false},
+    {kCFStringEncodingISOLatin1, EncodeByTable, DecodeByTable, 1, kISOLatin1.data(), 0, false, false},
     {kCFStringEncodingWindowsLatin1, EncodeByTable, DecodeByTable, 1, kWindowsLatin1, 0, false, false},
     {kCFStringEncodingNextStepLatin, EncodeByTable, DecodeByTable, 1, kNextStepLatin, 0, false, false},
     {kCFStringEncodingUTF16, EncodeUTF16, DecodeUTF16, 2, nullptr, 0, kIsBigEndianHost, true},

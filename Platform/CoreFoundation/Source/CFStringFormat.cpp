@@ -18,6 +18,10 @@ using Host::Units;
 
 constexpr int kNone = -1;
 
+// The largest width of a conversion and the most digits of a number: more are meant by nobody, and cost
+// memory and time that a program may not have.
+constexpr int kMostCharacters = 65535;
+
 enum class ArgumentKind
 {
     kInt,
@@ -326,6 +330,7 @@ private:
             theConversion.theFlags += theWidth < 0 ? "-" : "";
             theConversion.theWidth = theWidth == INT_MIN ? INT_MAX : std::abs(theWidth);
         }
+        theConversion.theWidth = std::min(theConversion.theWidth, kMostCharacters);
         if (HasArgument(theConversion.thePrecisionArgument)) {
             theConversion.thePrecision = std::max(IntegerAt(theConversion.thePrecisionArgument), kNone);
         }
@@ -336,11 +341,12 @@ private:
     {
         switch (theConversion.theLetter) {
         case 'c':
-            WriteCharacter(theConversion,
-                           CharacterOf(static_cast<UInt8>(ArgumentOf(theConversion).theInteger)));
+            WritePadded(theConversion,
+                        UnitOf(CharacterOf(static_cast<UInt8>(ArgumentOf(theConversion).theInteger))));
             break;
         case 'C':
-            WriteCharacter(theConversion, static_cast<UniChar>(ArgumentOf(theConversion).theInteger));
+            // On purpose: no width here, nor for a text that is NULL.
+            AppendUnits(UnitOf(static_cast<UniChar>(ArgumentOf(theConversion).theInteger)));
             break;
         case 's':
         case 'S':
@@ -409,7 +415,9 @@ private:
         const std::string theWidth =
             theConversion.theWidth == kNone ? "" : std::to_string(theConversion.theWidth);
         const std::string thePrecision =
-            theConversion.thePrecision == kNone ? "" : "." + std::to_string(theConversion.thePrecision);
+            theConversion.thePrecision == kNone
+                ? ""
+                : "." + std::to_string(std::min(theConversion.thePrecision, kMostCharacters));
         const std::string theFormat = "%" + theConversion.theFlags + theWidth + thePrecision + theModifier +
                                       static_cast<char>(theConversion.theLetter);
         Append(Host::FormatInCLocale(theFormat.c_str(), theValue));
@@ -434,21 +442,21 @@ private:
         return theUnits[0];
     }
 
-    void WriteCharacter(const Conversion& theConversion, UniChar theUnit)
-    {
-        WritePadded(theConversion, theUnit == 0 ? Units() : Units(1, theUnit));
-    }
+    // A zero is nothing.
+    static Units UnitOf(UniChar theUnit) { return theUnit == 0 ? Units() : Units(1, theUnit); }
 
     void WriteText(const Conversion& theConversion)
     {
         const void* const theText = ArgumentOf(theConversion).thePointer;
         if (theText == nullptr) {
-            WritePadded(theConversion, {'(', 'n', 'u', 'l', 'l', ')'});
+            Append("(null)");
             return;
         }
-        // On purpose: a precision of 0 cuts nothing off.
-        const size_t theLimit =
-            theConversion.thePrecision > 0 ? static_cast<size_t>(theConversion.thePrecision) : SIZE_MAX;
+        // On purpose: a precision of 0 cuts nothing off, unless it is an argument.
+        const bool theIsLimited =
+            theConversion.thePrecision > 0 ||
+            (theConversion.thePrecision == 0 && theConversion.thePrecisionArgument != kNone);
+        const size_t theLimit = theIsLimited ? static_cast<size_t>(theConversion.thePrecision) : SIZE_MAX;
         WritePadded(theConversion, theConversion.theLetter == 'S'   ? ReadUnits(theText, theLimit)
                                    : theConversion.theLetter == 'P' ? ReadPascalString(theText, theLimit)
                                                                     : ReadCString(theText, theLimit));

@@ -20,6 +20,7 @@ struct __CFString : Host::Object
 
     Host::Units mUnits;
     const bool mIsMutable;
+    const char* mASCII = nullptr; // the same text, of constants in ASCII alone; not owned
 };
 
 namespace Host {

@@ -157,6 +157,16 @@ const Row kRows[] = {
      [](const Subjects& the) {
          CFArraySortValues(the.theArray, CFRangeMake(0, 3), CompareStrings, nullptr);
      }},
+    {"Pad", nullptr, [](const Subjects& the) { CFStringPad(the.theString, CFSTR("xyz"), 500, 0); }},
+    {"CreateXMLData", [](const Subjects& the) { return CFPropertyListCreateXMLData(nullptr, the.theArray); },
+     nullptr},
+    {"CreateBinaryData",
+     [](const Subjects& the) {
+         return CFPropertyListCreateData(nullptr, the.theArray, kCFPropertyListBinaryFormat_v1_0, 0, nullptr);
+     },
+     nullptr},
+    {"ErrorCreate", [](const Subjects&) { return CFErrorCreate(nullptr, CFSTR("domain"), 1, nullptr); },
+     nullptr},
     {"SetValue", nullptr,
      [](const Subjects& the) { CFDictionarySetValue(the.theDictionary, CFSTR("new"), kCFNull); }},
 };

@@ -211,6 +211,31 @@ TEST(CFStringEncoding, ASCIITakesHighBytesAsCharactersOnPurpose)
     EXPECT_EQ(UnitsOf(FromBytes({'a', 0xE9}, kCFStringEncodingISOLatin1)), (Units{'a', 0x00E9}));
 }
 
+TEST(CFStringEncoding, TheOhmSignIsAnOmegaInMacRoman)
+{
+    EXPECT_EQ(Convert(String(Units{0x2126}), kCFStringEncodingMacRoman), (Conversion{1, 1, {0xBD}}));
+    EXPECT_EQ(UnitsOf(FromBytes({0xBD}, kCFStringEncodingMacRoman)), Units{0x03A9});
+}
+
+TEST(CFStringEncoding, LettersAndMarksBecomeOneByteOfLatin1)
+{
+    EXPECT_EQ(Convert(String(Units{'e', 0x0301, '!'}), kCFStringEncodingISOLatin1),
+              (Conversion{3, 2, {0xE9, '!'}}));
+    EXPECT_EQ(Convert(String(Units{'x', 0x0301}), kCFStringEncodingISOLatin1), (Conversion{1, 1, {'x'}}));
+    EXPECT_EQ(UnitsOf(FromBytes({0x80, 0xFF}, kCFStringEncodingISOLatin1)), (Units{0x80, 0xFF}));
+    EXPECT_EQ(Convert(String(Units{0x80, 0xFF}), kCFStringEncodingISOLatin1),
+              (Conversion{2, 2, {0x80, 0xFF}}));
+}
+
+TEST(CFStringEncoding, NextStepLatinIsATable)
+{
+    EXPECT_EQ(kCFStringEncodingNextStepLatin, 0x0B01U);
+    EXPECT_EQ(UnitsOf(FromBytes({0x80, 0xA9, 0xDD, 0xFD}, kCFStringEncodingNextStepLatin)),
+              (Units{0x00A0, 0x2019, 0x00E9, 0x00FF}));
+    EXPECT_EQ(static_cast<CFStringRef>(FromBytes({0xFE}, kCFStringEncodingNextStepLatin)), nullptr);
+    EXPECT_EQ(Convert(String(Units{0x00E9}), kCFStringEncodingNextStepLatin), (Conversion{1, 1, {0xDD}}));
+}
+
 TEST(CFStringEncoding, WindowsLatin1HasHolesAndAEuroSign)
 {
     EXPECT_EQ(UnitsOf(FromBytes({0x80, 0xE9}, kCFStringEncodingWindowsLatin1)), (Units{0x20AC, 0x00E9}));

@@ -136,6 +136,9 @@ TEST(CFStringFormat, CharactersAreBytesOfTheSystemEncoding)
     EXPECT_EQ(Format(CFSTR("[%c]"), 0), "[]");
     EXPECT_EQ(Format(CFSTR("%3c|%-3c|"), 'A', 'B'), "  A|B  |");
     EXPECT_EQ(Format(CFSTR("%C"), 0x20AC), u8"\u20AC");
+    EXPECT_EQ(Format(CFSTR("%5C|"), 'x'), "x|");
+    EXPECT_EQ(Format(CFSTR("%-5C|"), 'x'), "x|");
+    EXPECT_EQ(Format(CFSTR("%5C|"), 0), "|");
 }
 
 TEST(CFStringFormat, CStringsAreInTheSystemEncodingOnPurpose)
@@ -146,7 +149,10 @@ TEST(CFStringFormat, CStringsAreInTheSystemEncodingOnPurpose)
     EXPECT_EQ(Format(CFSTR("%-10s|"), "hello"), "hello     |");
     EXPECT_EQ(Format(CFSTR("%10s"), "hello"), "     hello");
     EXPECT_EQ(Format(CFSTR("%.3s"), "hello"), "hel");
+    EXPECT_EQ(Format(CFSTR("%12s|"), nullptr), "(null)|");
     EXPECT_EQ(Format(CFSTR("%.*s"), 2, "hello"), "he");
+    EXPECT_EQ(Format(CFSTR("%.*s|"), 0, "hello"), "|");
+    EXPECT_EQ(Format(CFSTR("%7.*s|"), 0, "hello"), "       |");
     EXPECT_EQ(Format(CFSTR("%*s"), 7, "hello"), "  hello");
     EXPECT_EQ(Format(CFSTR("%*s|"), -7, "hello"), "hello  |");
     EXPECT_EQ(Format(CFSTR("%.*s"), -1, "hello"), "hello");
@@ -257,6 +263,19 @@ TEST(CFStringFormat, FormatsCanBeAppended)
     const auto theString = MutableString("a");
     CFStringAppendFormat(theString, nullptr, CFSTR("-%d-%@"), 5, theString.operator CFMutableStringRef());
     EXPECT_EQ(TextOf(theString), "a-5-a");
+}
+
+TEST(CFStringFormat, WidthsAndDigitsAreLimited)
+{
+    for (const char* theFormat : {"%999999999d", "%-999999999d", "%0999999999d", "%.999999999d"}) {
+        EXPECT_EQ(Format(String(theFormat), 5).size(), 65535U) << theFormat;
+    }
+    EXPECT_EQ(Format(CFSTR("%*d"), INT_MIN, 5).size(), 65535U);
+    EXPECT_EQ(Format(CFSTR("%.*d"), INT_MAX, 5).size(), 65535U);
+    EXPECT_EQ(Format(CFSTR("%999999999c"), 'x').size(), 65535U);
+    EXPECT_EQ(Format(CFSTR("%999999999s"), "x").size(), 65535U);
+    EXPECT_EQ(Format(CFSTR("%.999999999f"), 0.5).size(), 65537U);
+    EXPECT_EQ(Format(CFSTR("%.999999999s"), std::string(70000, 'x').c_str()).size(), 70000U);
 }
 
 TEST(CFStringFormat, ObjectsArgumentsAreNotKept)

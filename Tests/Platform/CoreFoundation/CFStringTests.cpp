@@ -283,10 +283,20 @@ TEST(CFString, DirectAccessIsOptional)
 {
     const auto theString = String("text");
     EXPECT_EQ(CFStringGetCStringPtr(theString, kCFStringEncodingUTF8), nullptr);
+    EXPECT_EQ(CFStringGetCStringPtr(theString, kCFStringEncodingMacRoman), nullptr);
     EXPECT_EQ(CFStringGetPascalStringPtr(theString, kCFStringEncodingMacRoman), nullptr);
     const UniChar* const theUnits = CFStringGetCharactersPtr(theString);
     ASSERT_NE(theUnits, nullptr);
     EXPECT_EQ(Units(theUnits, theUnits + 4), (Units{'t', 'e', 'x', 't'}));
+}
+
+TEST(CFString, ConstantsInASCIIHaveACString)
+{
+    EXPECT_STREQ(CFStringGetCStringPtr(CFSTR("constant"), kCFStringEncodingMacRoman), "constant");
+    EXPECT_STREQ(CFStringGetCStringPtr(CFSTR(""), kCFStringEncodingMacRoman), "");
+    EXPECT_EQ(CFStringGetCStringPtr(CFSTR("constant"), kCFStringEncodingUTF8), nullptr);
+    EXPECT_EQ(CFStringGetCStringPtr(CFSTR("constant"), kCFStringEncodingUTF16), nullptr);
+    EXPECT_EQ(CFStringGetCStringPtr(CFSTR("caf\xE9"), kCFStringEncodingMacRoman), nullptr);
 }
 
 TEST(CFString, GetCharactersCopiesARange)
@@ -296,4 +306,31 @@ TEST(CFString, GetCharactersCopiesARange)
     EXPECT_EQ(Units(theUnits, theUnits + 4), (Units{'e', 'l', 9, 9}));
     CFStringGetCharacters(CFSTR("hello"), CFRangeMake(4, 3), theUnits);
     EXPECT_EQ(Units(theUnits, theUnits + 4), (Units{'o', 'l', 9, 9}));
+}
+
+TEST(CFString, PaddingFillsOrCuts)
+{
+    const struct Row
+    {
+        const char* theText;
+        CFStringRef thePad;
+        CFIndex theLength;
+        CFIndex theIndex;
+        const char* theExpected;
+    } kRows[] = {
+        {"abc", CFSTR(" "), 6, 0, "abc   "},  {"abc", CFSTR(". "), 8, 1, "abc . . "},
+        {"abc", CFSTR("xyz"), 5, 2, "abczx"}, {"abc", CFSTR("xyz"), 5, 7, "abcyz"},
+        {"abc", CFSTR(" "), 2, 0, "ab"},      {"abc", nullptr, 2, 0, "ab"},
+        {"abc", nullptr, 5, 0, "abc"},        {"abc", CFSTR(""), 5, 0, "abc"},
+        {"abc", CFSTR(" "), 3, 0, "abc"},     {"abc", CFSTR(" "), -1, 0, ""},
+        {"", CFSTR("ab"), 3, 0, "aba"},       {"abc", CFSTR("x"), 5, -1, "abc"},
+    };
+    for (const Row& theRow : kRows) {
+        const auto theString = MutableString(theRow.theText);
+        CFStringPad(theString, theRow.thePad, theRow.theLength, theRow.theIndex);
+        EXPECT_EQ(TextOf(theString), theRow.theExpected);
+    }
+    const auto theString = MutableString("ab");
+    CFStringPad(theString, theString, 5, 1);
+    EXPECT_EQ(TextOf(theString), "abbab");
 }

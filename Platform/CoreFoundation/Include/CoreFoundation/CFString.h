@@ -105,8 +105,9 @@ CF_EXPORT CFMutableStringRef CFStringCreateMutableCopy(CFAllocatorRef inAllocato
 //     %P  a Pascal string in the system encoding
 //     %s  a C string in the system encoding, which is MacRoman and not UTF-8
 //     %1$d  arguments by their position
-// Width and precision do nothing to %@, and a precision of 0 does nothing to %s. %n takes an argument and
-// writes nothing. An unknown letter is printed. inOptions is NULL.
+// Width and precision do nothing to %@; a width does nothing to %C and to a text that is NULL; and a precision
+// of 0 does nothing to %s unless it is an argument ("%.*s"). Widths, and the digits that a precision asks for,
+// end at 65,535. %n takes an argument and writes nothing. An unknown letter is printed. inOptions is NULL.
 CF_EXPORT CFStringRef CFStringCreateWithFormat(CFAllocatorRef inAllocator, CFDictionaryRef inOptions,
                                                CFStringRef inFormat, ...);
 CF_EXPORT CFStringRef CFStringCreateWithFormatAndArguments(CFAllocatorRef inAllocator,
@@ -138,6 +139,7 @@ CF_EXPORT Boolean CFStringGetPascalString(CFStringRef inString, StringPtr outBuf
 
 // Direct access to the characters, where the string happens to be stored so. Always be ready for NULL, and
 // then use the functions that copy. The pointer is good until the string is changed or freed.
+// A constant in ASCII has a C string, for kCFStringEncodingMacRoman.
 CF_EXPORT const char* CFStringGetCStringPtr(CFStringRef inString, CFStringEncoding inEncoding);
 CF_EXPORT ConstStringPtr CFStringGetPascalStringPtr(CFStringRef inString, CFStringEncoding inEncoding);
 CF_EXPORT const UniChar* CFStringGetCharactersPtr(CFStringRef inString);
@@ -207,6 +209,9 @@ CF_EXPORT void CFStringReplaceAll(CFMutableStringRef inString, CFStringRef inRep
 CF_EXPORT CFIndex CFStringFindAndReplace(CFMutableStringRef inString, CFStringRef inWanted,
                                          CFStringRef inReplacement, CFRange inRange,
                                          CFStringCompareFlags inFlags);
+// Makes the string inLength units long: cuts it off, or appends units of inPad, from inIndex on and from its
+// start again as often as needed. inPad is NULL or empty when there is only to be cut.
+CF_EXPORT void CFStringPad(CFMutableStringRef inString, CFStringRef inPad, CFIndex inLength, CFIndex inIndex);
 // Takes white space away at both ends.
 CF_EXPORT void CFStringTrimWhitespace(CFMutableStringRef inString);
 CF_EXPORT void CFStringUppercase(CFMutableStringRef inString, CFLocaleRef inLocale);
