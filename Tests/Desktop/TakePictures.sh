@@ -20,6 +20,7 @@ kFirstField='83 28'
 kSecondField='313 28'
 gScale=1
 gName=
+gLook=
 
 # place <x> <y>: on the screen, of a place in the content of the gallery.
 place()
@@ -103,11 +104,16 @@ make_light()
     unset XDG_CURRENT_DESKTOP KDE_SESSION_VERSION
 }
 
-# is_drawn: whether the window is as bright as it should be. Also takes the picture of it.
+# is_drawn: whether the window is as bright as it should be, shows more than its ground, and has not changed since
+# this was asked before: what is compared with later must not be half drawn. Also takes the picture of it.
 is_drawn()
 {
+    local theBrightness theLook=$gLook
     shoot normal
-    local theBrightness
+    gLook=$(identify -format '%k %#' "$kFolder/$gName-normal.png")
+    if [ "$gLook" != "$theLook" ] || [ "${gLook%% *}" -lt 16 ]; then
+        return 1
+    fi
     theBrightness=$(brightness normal)
     case $gName in
     *dark) [ "$theBrightness" -lt 40 ] && [ "$theBrightness" -gt 3 ] ;;

@@ -93,11 +93,26 @@ type_name()
     until_true "which is in the title again" has_title 'Attic thermostat'
 }
 
+# shown_windows: how many there are, menus included.
+shown_windows()
+{
+    xdotool search --onlyvisible --class . 2>/dev/null | wc -l
+}
+
+# shows_more_than <number>
+shows_more_than()
+{
+    [ "$(shown_windows)" -gt "$1" ]
+}
+
 choose_fahrenheit()
 {
+    local theCount
+    theCount=$(shown_windows)
     begin_action
     at 20 $((-gMenuHeight / 2))
     xdotool click 1
+    until_true "the menu opens" shows_more_than "$theCount"
     picture 5-menu
     # Heating On, Celsius, Fahrenheit
     xdotool key Down key Down key Down key Return
