@@ -30,9 +30,9 @@
 // A derived class overrides ValueChanged, ValueChanging or both, and is told of every change of its keys, no
 // matter whether a binding or the application's code made it.
 //
-// On purpose: it is told as an observer of "*", so only of keys that have a key state: those that somebody has
-// bound both ways or as a source, observed by name, or made others depend on. A key that only the application
-// sets is silent.
+// On purpose: it is told as an observer of "*", so only of keys that have a key state: those that somebody
+// has bound both ways or as a source, observed by name, or made others depend on. A key that only the
+// application sets is silent.
 //
 // Order of destruction: the derived class, the binding object with all its bindings and observers, then
 // the observer base.

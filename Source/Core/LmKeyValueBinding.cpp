@@ -15,9 +15,9 @@
 #include <iterator>
 
 // A transform that is bound belongs to the record that names it. The record is the one holder the binding
-// stands for: CreateBinding takes the caller's reference over by storing the record, and RemoveBinding gives it back.
-// The transform may die in there, and with it whatever its destructor takes along, the other object included;
-// nothing of it is touched afterwards.
+// stands for: CreateBinding takes the caller's reference over by storing the record, and RemoveBinding gives
+// it back. The transform may die in there, and with it whatever its destructor takes along, the other object
+// included; nothing of it is touched afterwards.
 //
 // Passing a change on is what must be fast here. What is called once for a binding is cold, so that the
 // compiler makes it small.

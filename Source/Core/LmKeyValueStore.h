@@ -93,8 +93,8 @@ public:
     // Diagnostics: "theKeyName.IsNotEmpty()", "theKeyName != kKeyAnyValue".
     virtual LmValue GetKeyValue(const LmString& theKeyName) const;
 
-    // Stores a value, and nothing else: it is not compared with the old value, and nobody is told. Applications
-    // set keys with SetKeyPathValue.
+    // Stores a value, and nothing else: it is not compared with the old value, and nobody is told.
+    // Applications set keys with SetKeyPathValue.
     //
     // Diagnostics: those of GetKeyValue.
     virtual void SetKeyValue(const LmString& theKeyName, const LmValue& theValue);
@@ -161,7 +161,8 @@ public:
     void RemoveObservers();
 
     // Tells the observers of a key and those of "*": ValueChanged when it has changed, ValueChanging when it
-    // is about to. Called by SetKeyPathValue; a derived class whose key has changed by itself may call it too.
+    // is about to. Called by SetKeyPathValue; a derived class whose key has changed by itself may call it
+    // too.
     //
     // The key's observers keep the order of their registration among themselves, and so do those of "*". The
     // two lists are merged by one step of a merge sort on the observers' addresses: while both lists have

@@ -12,8 +12,8 @@
 
 class LmKeyValueObserver;
 
-// The observers that one pass tells, copied before the first is told, because what they do may change the store's
-// lists. Not part of the interface.
+// The observers that one pass tells, copied before the first is told, because what they do may change the
+// store's lists. Not part of the interface.
 //
 // An observer whose observation ends during the pass is still told. One that is destroyed is not: what stands
 // for it becomes null. To that end the snapshots in use form a list from the innermost outwards, which the
