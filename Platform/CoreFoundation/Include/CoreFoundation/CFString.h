@@ -105,9 +105,10 @@ CF_EXPORT CFMutableStringRef CFStringCreateMutableCopy(CFAllocatorRef inAllocato
 //     %P  a Pascal string in the system encoding
 //     %s  a C string in the system encoding, which is MacRoman and not UTF-8
 //     %1$d  arguments by their position
-// Width and precision do nothing to %@; a width does nothing to %C and to a text that is NULL; and a precision
-// of 0 does nothing to %s unless it is an argument ("%.*s"). Widths, and the digits that a precision asks for,
-// end at 65,535. %n takes an argument and writes nothing. An unknown letter is printed. inOptions is NULL.
+// Width and precision do nothing to %@; a width does nothing to %C and to a text that is NULL; and a
+// precision of 0 does nothing to %s unless it is an argument ("%.*s"). Widths, and the digits that a
+// precision asks for, end at 65,535. %n takes an argument and writes nothing. An unknown letter is printed.
+// inOptions is NULL.
 CF_EXPORT CFStringRef CFStringCreateWithFormat(CFAllocatorRef inAllocator, CFDictionaryRef inOptions,
                                                CFStringRef inFormat, ...);
 CF_EXPORT CFStringRef CFStringCreateWithFormatAndArguments(CFAllocatorRef inAllocator,
