@@ -557,7 +557,9 @@ CARBON_EXPORT OSStatus ProcessHICommand(const HICommand* inCommand);
 
 // Takes events from the main queue and sends them to the dispatcher until the application quits: the
 // default handler of kEventAppQuit, present while the loop runs, ends it. So does the command
-// kHICommandQuit when nobody else handles it.
+// kHICommandQuit when nobody else handles it. The end of the session (SIGTERM, SIGINT, SIGHUP, the desktop's
+// wish) comes as that command; a second signal ends the process at once. A signal that is ignored, or that
+// the program handles itself, stays what it is, and all are as before when this returns.
 CARBON_EXPORT void RunApplicationEventLoop(void);
 
 // Sends kEventAppQuit to the application target. A handler that returns noErr for it keeps the

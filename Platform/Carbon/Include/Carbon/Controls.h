@@ -276,8 +276,8 @@ CARBON_EXPORT void GetControlTitle(ControlRef theControl, Str255 title);
 
 // Data --------------------------------------------------------------------------------------------------
 //
-// inPart is 0, or kControlEditTextPart for the tags of an edit text. Results: errDataNotSupported for a tag
-// that the control does not have, or has in the other direction only; errInvalidPartCode for another part;
+// Every tag belongs to the whole control, so inPart makes no difference but to handlers. Results:
+// errDataNotSupported for a tag that the control does not have, or has in the other direction only;
 // errDataSizeMismatch for a size that does not fit the tag; paramErr for a null string where the tag asks for
 // one.
 //

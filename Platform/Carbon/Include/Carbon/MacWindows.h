@@ -146,6 +146,7 @@ typedef OSType PropertyTag;
 //
 // errUnrecognizedWindowClass; errUnsupportedWindowAttributesForClass for a close, zoom or collapse box or the
 // resizing that the class does not have, or bits that mean nothing; paramErr for null or empty bounds.
+// Floating, utility and toolbar windows are made without the collapse or zoom box that they do not have.
 CARBON_EXPORT OSStatus CreateNewWindow(WindowClass windowClass, WindowAttributes attributes,
                                        const Rect* contentBounds, WindowRef* outWindow);
 

@@ -200,7 +200,8 @@ CARBON_EXPORT UInt16 CountMenuItems(MenuRef theMenu);
 // --- Items ------------------------------------------------------------------------------------------
 
 // Adds an item at the end, or after another item: 0 is the beginning, a number beyond the end is the end.
-// The text is taken as it is. outNewItem, which may be null, receives the new item's place. A menu has room
+// The text is taken as it is; a null one is the empty text, which is enough for a separator
+// (kMenuItemAttrSeparator). outNewItem, which may be null, receives the new item's place. A menu has room
 // for 65534 items; beyond that, paramErr.
 CARBON_EXPORT OSStatus AppendMenuItemTextWithCFString(MenuRef inMenu, CFStringRef inString,
                                                       MenuItemAttributes inAttributes,

@@ -8,6 +8,7 @@
 #include "EventQueue.h"
 #include "OutgoingEvent.h"
 #include "System/Clock.h"
+#include "System/EndSignals.h"
 
 #include <algorithm>
 #include <cmath>
@@ -123,6 +124,9 @@ OSStatus RunUntil(double theDeadline, const Condition& theIsDone)
         FireDueTimers();
         PollPresenter();
         DoChore();
+        if (EndSignals::TakeFirst()) {
+            AskToQuit();
+        }
         if (theRun.IsQuit()) {
             return eventLoopQuitErr;
         }
@@ -186,6 +190,15 @@ void SetLoopChore(LoopChore theChore)
 bool IsApplicationLoopRunning()
 {
     return ApplicationLoop::Innermost() != nullptr;
+}
+
+void AskToQuit()
+{
+    HICommand theCommand{};
+    theCommand.commandID = kHICommandQuit;
+    if (ProcessHICommand(&theCommand) == eventNotHandledErr) {
+        QuitApplicationEventLoop();
+    }
 }
 
 bool EndApplicationLoop()
@@ -258,6 +271,7 @@ OSStatus QuitEventLoop(EventLoopRef inEventLoop)
 
 void RunApplicationEventLoop(void)
 {
+    const EndSignals theSignals(WakeEventLoop);
     ApplicationLoop theLoop;
     while (!theLoop.theIsOver && HandleNextEvent()) {
     }

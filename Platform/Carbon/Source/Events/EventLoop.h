@@ -16,6 +16,10 @@ void SetLoopChore(LoopChore theChore);
 // Whether RunApplicationEventLoop is running.
 bool IsApplicationLoopRunning();
 
+// Asks the application to quit, as a person does by the quit command: sends kHICommandQuit to the user focus,
+// and kEventAppQuit to the application when nobody took that.
+void AskToQuit();
+
 // Ends the innermost RunApplicationEventLoop; false when none is running.
 bool EndApplicationLoop();
 

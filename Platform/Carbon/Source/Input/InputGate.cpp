@@ -2,6 +2,7 @@
 
 #include "InputGate.h"
 
+#include "Events/EventLoop.h"
 #include "Events/EventLoopTimers.h"
 #include "Events/EventTargets.h"
 #include "Events/OutgoingEvent.h"
@@ -484,7 +485,7 @@ bool InputGate::MenuClosed(ObjectId theMenu)
 
 bool InputGate::QuitAsked()
 {
-    QuitApplicationEventLoop();
+    AskToQuit();
     return true;
 }
 

@@ -79,12 +79,9 @@ OSStatus InsertItem(MenuRef theMenu, size_t theAfter, MenuItem theItem, MenuItem
 OSStatus InsertText(MenuRef theMenu, CFStringRef theText, size_t theAfter, MenuItemAttributes theAttributes,
                     MenuCommand theCommand, MenuItemIndex* thePlace)
 {
-    if (theText == nullptr) {
-        return FindMenu(theMenu) == nullptr ? OSStatus(menuInvalidErr) : OSStatus(paramErr);
-    }
     return Guarded([&] {
         MenuItem theItem;
-        theItem.theText = MenuString(theText);
+        theItem.theText = MenuString(theText == nullptr ? CFSTR("") : theText);
         theItem.theAttributes = theAttributes;
         theItem.theCommand = theCommand;
         return InsertItem(theMenu, theAfter, std::move(theItem), thePlace);

@@ -75,11 +75,18 @@ MenuItemLook LookAt(const MenuItem& theItem, int theDepth)
     return theLook;
 }
 
+// The title of the system menu is one character that stands for a picture; no font of a presenter has it.
+std::string TitleOf(const SharedMenu& theMenu)
+{
+    const Text theTitle = TextOf(theMenu->mTitle.Get());
+    return theTitle == u"\x14" ? "System" : Utf8Of(theTitle);
+}
+
 MenuLook LookAt(const SharedMenu& theMenu, int theDepth)
 {
     MenuLook theLook;
     theLook.theId = theMenu->Identifier();
-    theLook.theTitle = Utf8Of(TextOf(theMenu->mTitle.Get()));
+    theLook.theTitle = TitleOf(theMenu);
     theLook.theIsEnabled = theMenu->LooksEnabled();
     for (const MenuItem& theItem : theMenu->mItems) {
         theLook.theItems.push_back(LookAt(theItem, theDepth));

@@ -48,12 +48,6 @@ ControlDataTag SizeTag()
     return theEntry;
 }
 
-bool IsPartOf(const Control& theControl, ControlPartCode thePart)
-{
-    return thePart == kControlEntireControl ||
-           (thePart == kControlEditTextPart && theControl.FocusPart(true) == kControlEditTextPart);
-}
-
 // A call of Set- or GetControlData on its way to the control.
 struct DataCall
 {
@@ -131,10 +125,7 @@ OSErr CheckCall(const DataCall& theCall)
     if (theCall.theControl == nullptr) {
         return errUnknownControl;
     }
-    if (theCall.theSize < 0) {
-        return paramErr;
-    }
-    return IsPartOf(*theCall.theControl, theCall.thePart) ? OSErr{noErr} : OSErr{errInvalidPartCode};
+    return theCall.theSize < 0 ? OSErr{paramErr} : OSErr{noErr};
 }
 
 } // namespace

@@ -51,6 +51,17 @@ bool AreAllowed(WindowAttributes theAttributes, WindowAttributes theAllowed)
     return (theAttributes & kClassAttributes & ~theAllowed) == 0 && (theAttributes & kUnknownAttributes) == 0;
 }
 
+// Programs give palettes and toolbars a collapse or zoom box that those do not have: the window is made
+// without.
+WindowAttributes WithoutMissingBoxes(WindowClass theClass, WindowAttributes theAttributes,
+                                     WindowAttributes theAllowed)
+{
+    const bool theIsForgiving = theClass == kFloatingWindowClass || theClass == kUtilityWindowClass ||
+                                theClass == kToolbarWindowClass;
+    const WindowAttributes theBoxes = kWindowCollapseBoxAttribute | kWindowFullZoomAttribute;
+    return theIsForgiving ? theAttributes & ~(theBoxes & ~theAllowed) : theAttributes;
+}
+
 } // namespace
 
 // Life ---------------------------------------------------------------------------------------------------
@@ -66,6 +77,7 @@ OSStatus CreateNewWindow(WindowClass windowClass, WindowAttributes attributes, c
     if (theTraits == nullptr) {
         return errUnrecognizedWindowClass;
     }
+    attributes = WithoutMissingBoxes(windowClass, attributes, theTraits->theAllowed);
     if (!AreAllowed(attributes, theTraits->theAllowed)) {
         return errUnsupportedWindowAttributesForClass;
     }

@@ -79,7 +79,7 @@ public:
     virtual bool MenuChosen(const MenuChoice& theChoice, std::uint32_t theModifiers) = 0;
     virtual bool MenuClosed(ObjectId theMenu) = 0;
 
-    // The desktop asks the application to quit.
+    // The desktop asks the application to quit; it reaches the application as the quit command does.
     virtual bool QuitAsked() = 0;
 
     // Time. Calls the program's timers that are due and returns how many seconds remain until the next is,

@@ -673,6 +673,19 @@ TEST_F(InputGate, AQuitRequestEndsTheApplicationLoop)
     RemoveEventLoopTimer(theTimer);
 }
 
+TEST_F(InputGate, AQuitRequestIsTheQuitCommandThatAnApplicationMayRefuse)
+{
+    mWindowLog.mAnswer = [](const std::string&, EventRef inEvent) {
+        HICommand theCommand{};
+        GetEventParameter(inEvent, kEventParamDirectObject, typeHICommand, nullptr, sizeof theCommand,
+                          nullptr, &theCommand);
+        EXPECT_EQ(theCommand.commandID, static_cast<UInt32>(kHICommandQuit));
+        return OSStatus{noErr};
+    };
+    EXPECT_TRUE(Gate().QuitAsked());
+    EXPECT_EQ(Take(), Log{"command"});
+}
+
 TEST_F(InputGate, APresenterWithALoopOfItsOwnFiresTheTimersAndHearsWhenTheNextIsDue)
 {
     EXPECT_LT(Gate().FireTimers(), 0);

@@ -123,8 +123,8 @@ TEST_F(BadMenuArguments, NoTextIsRefused)
 {
     EXPECT_EQ(SetMenuTitleWithCFString(mFile, nullptr), paramErr);
     EXPECT_EQ(SetMenuTitle(mFile, nullptr), paramErr);
-    EXPECT_EQ(AppendMenuItemTextWithCFString(mFile, nullptr, 0, 0, nullptr), paramErr);
-    EXPECT_EQ(InsertMenuItemTextWithCFString(mFile, nullptr, 0, 0, 0), paramErr);
+    EXPECT_EQ(AppendMenuItemTextWithCFString(nullptr, nullptr, 0, 0, nullptr), menuInvalidErr);
+    EXPECT_EQ(InsertMenuItemTextWithCFString(nullptr, nullptr, 0, 0, 0), menuInvalidErr);
     EXPECT_EQ(AppendMenuItemText(mFile, nullptr), paramErr);
     EXPECT_EQ(SetMenuItemTextWithCFString(mFile, 1, nullptr), paramErr);
     SetMenuItemText(mFile, 1, nullptr);

@@ -65,6 +65,21 @@ TEST_F(MenuItems, ANewItemHasTheAttributesAndCommandItWasGiven)
     EXPECT_EQ(MarkOf(mRecent, 3), noMark);
 }
 
+TEST_F(MenuItems, ANullTextIsTheEmptyTextAndEnoughForASeparator)
+{
+    MenuItemIndex theNew = 0;
+    EXPECT_EQ(AppendMenuItemTextWithCFString(mRecent, nullptr, kMenuItemAttrSeparator, 0, &theNew), noErr);
+    EXPECT_EQ(theNew, 3);
+    MenuItemAttributes theAttributes = 0;
+    GetMenuItemAttributes(mRecent, theNew, &theAttributes);
+    EXPECT_EQ(theAttributes & kMenuItemAttrSeparator, UInt32{kMenuItemAttrSeparator});
+    EXPECT_EQ(InsertMenuItemTextWithCFString(mRecent, nullptr, 0, 0, 0), noErr);
+    CFStringRef theText = nullptr;
+    ASSERT_EQ(CopyMenuItemTextAsCFString(mRecent, 1, &theText), noErr);
+    EXPECT_EQ(CFStringGetLength(theText), 0);
+    CFRelease(theText);
+}
+
 TEST_F(MenuItems, ItemsCanBeDeletedOneOrMoreAtATime)
 {
     DeleteMenuItem(mFile, 2);

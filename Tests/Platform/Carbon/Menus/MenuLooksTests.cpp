@@ -34,6 +34,15 @@ TEST_F(MenuLooks, ThePresenterSeesTheBarWithAllItsMenus)
     EXPECT_FALSE(theBar.theMenus[1].theItems[2].theIsEnabled);
 }
 
+TEST_F(MenuLooks, TheSystemMenuHasATitleThatCanBeRead)
+{
+    const unsigned char kPicture[] = {1, 0x14};
+    SetMenuTitle(mFile, kPicture);
+    EXPECT_EQ(BarLook().theMenus[0].theTitle, "System");
+    Str255 theTitle = {};
+    EXPECT_EQ(GetMenuTitle(mFile, theTitle)[1], 0x14);
+}
+
 TEST_F(MenuLooks, HiddenMenusAreNotInTheBarAndEmptyOnesMayLookDisabled)
 {
     ChangeMenuAttributes(mFile, kMenuAttrHidden, 0);

@@ -26,8 +26,6 @@ TEST_P(EveryControlsData, RefusesDataThatItDoesNotHave)
     EXPECT_EQ(GetControlData(theControl, 0, 'none', sizeof theData, &theData, &theSize), errDataNotSupported);
     EXPECT_EQ(theSize, 0);
     EXPECT_EQ(GetControlDataSize(theControl, 0, 'none', &theSize), errDataNotSupported);
-    EXPECT_EQ(GetControlData(theControl, 99, kControlKindTag, sizeof theData, &theData, nullptr),
-              errInvalidPartCode);
     EXPECT_EQ(GetControlData(theControl, 0, kControlKindTag, -1, &theData, nullptr), paramErr);
 }
 

@@ -147,14 +147,23 @@ TEST_P(TextControls, TheirTitleIsNotTheirTextOnPurpose)
     EXPECT_EQ(TextIn(theControl), "text");
 }
 
-TEST_F(Texts, TheEditTextPartIsAPartOfEditTextsOnly)
+TEST_F(Texts, DataBelongsToTheWholeControlWhateverPartIsNamed)
 {
-    Size theSize = 0;
-    EXPECT_EQ(GetControlDataSize(NewEditText("abc"), kControlEditTextPart, kControlEditTextTextTag, &theSize),
-              noErr);
-    EXPECT_EQ(
-        GetControlDataSize(NewStaticText("abc"), kControlEditTextPart, kControlStaticTextTextTag, &theSize),
-        errInvalidPartCode);
+    for (const int theNumber : {int{kControlEditTextPart}, 1, 99}) {
+        const auto thePart = static_cast<ControlPartCode>(theNumber);
+        Size theSize = 0;
+        EXPECT_EQ(GetControlDataSize(NewEditText("abc"), thePart, kControlEditTextTextTag, &theSize), noErr);
+        EXPECT_EQ(theSize, 3);
+        EXPECT_EQ(GetControlDataSize(NewStaticText("abcd"), thePart, kControlStaticTextTextTag, &theSize),
+                  noErr);
+        EXPECT_EQ(theSize, 4);
+        CFStringRef theText = CFSTR("new");
+        ControlRef theControl = NewStaticText("old");
+        EXPECT_EQ(
+            SetControlData(theControl, thePart, kControlStaticTextCFStringTag, sizeof theText, &theText),
+            noErr);
+        EXPECT_EQ(TextIn(theControl), "new");
+    }
 }
 
 TEST_F(Texts, PasswordTagsBelongToPasswordFields)
