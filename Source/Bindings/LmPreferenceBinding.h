@@ -29,7 +29,7 @@
 //
 // On purpose: unsigned integers come back signed, with the same bits. And a whole number comes back in the
 // width that it was set with only until the file is read again: a file does not say how wide a number was, so
-// what is read is a 32-bit integer from -1 to 12 and a 64-bit integer otherwise, whatever its size.
+// what is read is a 64-bit integer, whatever its size. From -1 to 12 it is a 32-bit integer in any case.
 //
 // The 20 bytes: "poin", "size" or "rect" in ASCII, then four 32-bit floats in the machine's order: x, y, 0, 0
 // or width, height, 0, 0 or x, y, width, height.

@@ -612,6 +612,44 @@ TEST_F(LmPreferenceBindingHostTest, ValuesOutliveTheBindingThatWroteThem)
     EXPECT_TRUE(theReader.GetKeyPathValue("place") == LmValue(CGRect{{1, 2}, {30, 40}}));
 }
 
+// Reads an integer the way that a preference file is read.
+static CFTypeRef ReadInteger(long long theNumber)
+{
+    const std::string theText = "<plist><integer>" + std::to_string(theNumber) + "</integer></plist>";
+    const CFDataRef theData = CFDataCreate(nullptr, reinterpret_cast<const UInt8*>(theText.data()),
+                                           static_cast<CFIndex>(theText.size()));
+    const CFTypeRef theInteger = CFPropertyListCreateFromXMLData(nullptr, theData, 0, nullptr);
+    CFRelease(theData);
+    return theInteger;
+}
+
+TEST_F(LmPreferenceBindingHostTest, AWholeNumberThatWasReadHas32BitsFromMinus1To12And64Otherwise)
+{
+    const LmPreferenceBinding theBinding(mIdentifier);
+    for (const long long theNumber : {-3LL, -2LL, -1LL, 0LL, 12LL, 13LL, 2000LL, 5000000000LL}) {
+        const CFTypeRef theInteger = ReadInteger(theNumber);
+        CFPreferencesSetAppValue(CFSTR("target"), theInteger, mIdentifier);
+        CFRelease(theInteger);
+        const LmValue theValue = theBinding.GetKeyPathValue("target");
+        EXPECT_EQ(theValue.GetType(), theNumber >= -1 && theNumber <= 12 ? kTypeSInt32 : kTypeSInt64)
+            << theNumber;
+        EXPECT_EQ(theValue.GetSInt64(), theNumber);
+    }
+}
+
+TEST_F(LmPreferenceBindingHostTest, AWholeNumberThatWasSetKeepsItsWidthButFromMinus1To12)
+{
+    LmPreferenceBinding theBinding(mIdentifier);
+    for (const long theNumber : {-2L, -1L, 12L, 13L, 2000L}) {
+        theBinding.SetKeyPathValue("short", LmValue(theNumber));
+        theBinding.SetKeyPathValue("long", LmValue(static_cast<long long>(theNumber)));
+        EXPECT_EQ(theBinding.GetKeyPathValue("short").GetType(), kTypeSInt32) << theNumber;
+        EXPECT_EQ(theBinding.GetKeyPathValue("long").GetType(),
+                  theNumber >= -1 && theNumber <= 12 ? kTypeSInt32 : kTypeSInt64)
+            << theNumber;
+    }
+}
+
 TEST_F(LmPreferenceBindingHostTest, TwoBindingsOfOneIdentifierShareTheirPreferences)
 {
     LmPreferenceBinding theFirst(mIdentifier);
