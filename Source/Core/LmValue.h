@@ -60,8 +60,13 @@ class LM_EXPORT LmValue
 public:
     // Each constructor makes a value of the kind that its argument says, as the setter of that kind does.
     //
-    // On purpose: none is for int, so LmValue(5) does not compile; write 5L, 5UL or 5.0. A lone pointer of
-    // any type, a CFStringRef included, makes a kTypePointer value; a string value takes two arguments.
+    // An int, and what the language widens to one, makes kTypeSInt32, and an unsigned int kTypeUInt32: so do
+    // SInt32 and UInt32, which are not of the same types everywhere, shorter integers, characters and
+    // enumerators. LmValue(0) is a number; a null pointer is LmValue(nullptr).
+    //
+    // On purpose: a lone pointer of any type, a C string or a CFStringRef included, makes a kTypePointer value.
+    // A string value takes two arguments. The compiler warns of the two that are mostly meant otherwise;
+    // LmValue(static_cast<const void*>(thePointer)) says that the pointer is meant.
     LmValue() noexcept
         : LmValue(kTypeInvalid, 0)
     {
@@ -78,11 +83,33 @@ public:
         : LmValue(kTypeSInt32, static_cast<std::uint32_t>(theValue))
     {
     }
+    LmValue(unsigned int theValue) noexcept
+        : LmValue(kTypeUInt32, static_cast<std::uint32_t>(theValue))
+    {
+    }
+    LmValue(int theValue) noexcept
+        : LmValue(kTypeSInt32, static_cast<std::uint32_t>(theValue))
+    {
+    }
     LmValue(unsigned long long theValue);
     LmValue(long long theValue);
     LmValue(double theValue);
     LmValue(const void* thePointer) noexcept
         : LmValue(kTypePointer, reinterpret_cast<std::uintptr_t>(thePointer))
+    {
+    }
+    LmValue(std::nullptr_t) noexcept
+        : LmValue(kTypePointer, 0)
+    {
+    }
+    [[deprecated("this makes a pointer value; for a text, make a CFString and pass it with true, which gives "
+                 "it to the value")]] LmValue(const char* thePointer) noexcept
+        : LmValue(static_cast<const void*>(thePointer))
+    {
+    }
+    [[deprecated("this makes a pointer value; for a string value, say whether it takes over the reference: "
+                 "LmValue(theString, false)")]] LmValue(CFStringRef thePointer) noexcept
+        : LmValue(static_cast<const void*>(thePointer))
     {
     }
     LmValue(CFStringRef theString, bool shouldRelease);
@@ -207,7 +234,7 @@ public:
     // string, 0 for the invalid kind. A kind outside the enumeration is reported and gives 0.
     std::size_t GetTypeSize(ValueType theType) const;
 
-    // Whether two values are equal. There is no operator!=; write !(a == b).
+    // Whether two values are equal. The opposite, operator!=, is in LmConveniences.h.
     //
     // - Two invalid values are equal. Values of different kinds are not, unless both are numbers.
     // - On purpose: numbers are compared as unsigned 64-bit integers, whatever their kinds, so that keys of
