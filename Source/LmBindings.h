@@ -8,6 +8,7 @@
 #include "LmBindable.h"
 #include "LmControlBinding.h"
 #include "LmDebugObject.h"
+#include "LmDiagnosticHandler.h"
 #include "LmExampleBinding.h"
 #include "LmExport.h"
 #include "LmKeyValueBinding.h"

@@ -4,6 +4,9 @@
 
 #include "LmDiagnostics.h"
 
+#include <cstdarg>
+#include <cstdio>
+
 std::uint32_t LmDebugObject::mDebugLog = 0;
 std::uint32_t LmDebugObject::mIndent = 0;
 

@@ -53,12 +53,21 @@ LmValue ReadThrough(const LmKeyValueStore& theStore, const LmString& theKey, LmV
     return theValue;
 }
 
+void TraceUpdate(const LmKeyValueBinding& theBinding, const LmString& theKey)
+{
+    LmDebugObject().LogString("Updating %s.%s", theBinding.GetDebugInfo().GetUTF8(), theKey.GetUTF8());
+}
+
+void TraceUnbinding(const LmKeyValueBinding& theBinding, const LmString& bindKey,
+                    const LmKeyValueBinding* boundTo, const LmString& boundKey)
+{
+    LmDebugObject().LogString("Unbinding %s.%s from %s.%s", theBinding.GetDebugInfo().GetUTF8(),
+                              bindKey.GetUTF8(), boundTo->GetDebugInfo().GetUTF8(), boundKey.GetUTF8());
+}
+
 void SetUpdatedKey(LmKeyValueBinding& theBinding, const LmString& theKey, const LmValue& theValue)
 {
-    const LmTraceIndent theIndent;
-    LmTrace([&] {
-        LmDebugObject().LogString("Updating %s.%s", theBinding.GetDebugInfo().GetUTF8(), theKey.GetUTF8());
-    });
+    const LmTraceIndent theIndent(&TraceUpdate, theBinding, theKey);
     // On purpose: a value that is not valid is set like any other.
     theBinding.SetKeyPathValue(theKey, theValue);
 }
@@ -243,11 +252,7 @@ void LmKeyValueBinding::RemoveBinding(BindingMap::iterator theEntry, BindingList
                                       const LmString& bindKey, LmKeyValueBinding* boundTo)
 {
     LM_ASSERT(boundTo != NULL);
-    const LmTraceIndent theIndent;
-    LmTrace([&] {
-        LmKeyValueStore::LogString("Unbinding %s.%s from %s.%s", GetDebugInfo().GetUTF8(), bindKey.GetUTF8(),
-                                   boundTo->GetDebugInfo().GetUTF8(), theRecord->boundKey.GetUTF8());
-    });
+    const LmTraceIndent theIndent(&TraceUnbinding, *this, bindKey, boundTo, theRecord->boundKey);
     // The record is out of everybody's reach from here on, and dies at the end: its key is still needed.
     BindingList theRemoved;
     LmBindingIndex::Take(mBindings, theEntry, theRecord, theRemoved);

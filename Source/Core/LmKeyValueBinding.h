@@ -25,8 +25,9 @@
 //
 // How a change travels. Let A.Bind("a", &B, "b", t, r). Setting B's "b" to x tells A, which reads x from B
 // and sets its own "a" to t(x); that tells B, which sets "b" to r(t(x)). Where r undoes t this equals x, and
-// setting an equal value ends the round. On purpose: that comparison is all that ends it. Transforms that do
-// not undo each other keep the values moving until they settle, or for ever.
+// setting an equal value ends the round. On purpose: that comparison is what ends it. Transforms that do not
+// undo each other keep the values moving until they settle; where they never do, the round ends with a
+// diagnostic when a set is nested in a thousand others of its key (see LmKeyValueStore::SetKeyPathValue).
 //
 // Ownership. A binding object does not own the objects that it is bound to; the application owns them all. A
 // transform handed to Bind or BindTo is adopted: the caller's reference becomes the binding's, which

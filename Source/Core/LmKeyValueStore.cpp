@@ -10,6 +10,7 @@
 #include "LmLongList.h"
 #include "LmObserverSnapshot.h"
 #include "LmRollback.h"
+#include "LmThreadCheck.h"
 #include "LmTrace.h"
 
 #include <algorithm>
@@ -89,28 +90,39 @@ void Tell(LmKeyValueObserver& theObserver, const LmKeyValueStore& theStore, cons
     }
 }
 
-// Tells all who observe a key, of which theState is one of theStates, or null when it has none.
+// Writes to the trace that observers are told.
+void TraceChange(LmKeyValueStore& theStore, const LmString& theKeyName, bool hasChanged)
+{
+    // Both words are eight characters, so that the lines of the trace line up.
+    theStore.LogString("%s %s.%s", hasChanged ? "changed " : "changing", theStore.GetDebugInfo().GetUTF8(),
+                       theKeyName.GetUTF8());
+}
+
+// Tells all who observe a key, which has theState among theStates.
+[[gnu::noinline]] void TellAll(const KeyStates& theStates, const LmKeyState& theState,
+                               LmKeyValueStore& theStore, const LmString& theKeyName, bool hasChanged)
+{
+    const LmTraceIndent theIndent(&TraceChange, theStore, theKeyName, hasChanged);
+    const LmKeyState* theAnyState = FindAnyState(theStates);
+    if (theAnyState == nullptr && theState.theObservers.size() == 1) {
+        // The usual case. Nothing is looked at afterwards, so the observer may change the list or destroy
+        // anything.
+        Tell(*theState.theObservers.front(), theStore, theKeyName, hasChanged);
+    } else {
+        TellSeveral(theState.theObservers, theAnyState != nullptr ? &theAnyState->theObservers : nullptr,
+                    theStore, theKeyName, hasChanged);
+    }
+}
+
+// The same for a key that need not have a state.
 void TellObservers(const KeyStates& theStates, const LmKeyState* theState, LmKeyValueStore& theStore,
                    const LmString& theKeyName, bool hasChanged)
 {
-    const LmTraceIndent theIndent;
-    LmTrace([&] {
-        // Both words are eight characters, so that the lines of the trace line up.
-        theStore.LogString("%s %s.%s", hasChanged ? "changed " : "changing",
-                           theStore.GetDebugInfo().GetUTF8(), theKeyName.GetUTF8());
-    });
-    if (theState == nullptr) {
-        // On purpose: a key without a key state is silent even to the observers of "*".
-        return;
-    }
-    const LmKeyState* theAnyState = FindAnyState(theStates);
-    if (theAnyState == nullptr && theState->theObservers.size() == 1) {
-        // The usual case. Nothing is looked at afterwards, so the observer may change the list or destroy
-        // anything.
-        Tell(*theState->theObservers.front(), theStore, theKeyName, hasChanged);
+    if (theState != nullptr) {
+        TellAll(theStates, *theState, theStore, theKeyName, hasChanged);
     } else {
-        TellSeveral(theState->theObservers, theAnyState != nullptr ? &theAnyState->theObservers : nullptr,
-                    theStore, theKeyName, hasChanged);
+        // On purpose: a key without a key state is silent even to the observers of "*".
+        const LmTraceIndent theIndent(&TraceChange, theStore, theKeyName, hasChanged);
     }
 }
 
@@ -142,7 +154,10 @@ void TellDependentsOf(const LmKeyState* theState, LmKeyValueStore& theStore)
 // Setting a key is what must be fast here. What is called once for an observer or a dependency is cold, so
 // that the compiler makes it small.
 
-LmKeyValueStore::LmKeyValueStore() = default;
+LmKeyValueStore::LmKeyValueStore()
+{
+    LmThreadCheck::Check();
+}
 
 [[gnu::cold]] LmKeyValueStore::~LmKeyValueStore()
 {
@@ -180,12 +195,17 @@ LmValue LmKeyValueStore::GetKeyPathValue(const LmString& theKeyPath) const
 
 void LmKeyValueStore::SetKeyPathValue(const LmString& theKeyPath, const LmValue& theValue)
 {
+    LmThreadCheck::Check();
     LM_ASSERT(theKeyPath.IsNotEmpty());
     // A copy: an observer may be what keeps the caller's string alive, and let go of it.
     const LmString theKeyName = theKeyPath; // NOLINT(performance-unnecessary-copy-initialization)
     LM_ASSERT(theKeyName != kKeyAnyValue);
     const LmKeyMemo theMemo(this, theKeyName);
     if (theValue == GetKeyValue(theKeyName)) {
+        return;
+    }
+    const LmChangeDepth theDepth;
+    if (theDepth.IsWorthAsking() && theMemo.IsTooDeep()) {
         return;
     }
     LmFound<LmKeyState> theState;
@@ -210,6 +230,7 @@ bool LmKeyValueStore::HasKey(const LmString& theKeyName)
 
 void LmKeyValueStore::ObserveKeyPathValue(const LmString& theKeyPath, LmKeyValueObserver* theObserver)
 {
+    LmThreadCheck::Check();
     // On purpose: who registers twice is reported, registered twice and told twice.
     LM_ASSERT(!IsObserving(theKeyPath, theObserver));
     LmTrace([&] {
@@ -233,6 +254,7 @@ void LmKeyValueStore::ObserveKeyPathValue(const LmString& theKeyPath, LmKeyValue
 
 void LmKeyValueStore::IgnoreKeyPathValue(const LmString& theKeyPath, LmKeyValueObserver* theObserver)
 {
+    LmThreadCheck::Check();
     LM_ASSERT(IsObserving(theKeyPath, theObserver));
     LmTrace([&] {
         LogString("Observer %s stopped watching Key '%s' in Store %s", theObserver->GetDebugInfo().GetUTF8(),

@@ -36,6 +36,9 @@ protected:
     }
     ~LmStackLink() { Item::sInnermost = mOuter; }
 
+    // The one that was made before this one, or null.
+    Item* GetOuter() const { return mOuter; }
+
     // Calls theVisit with each of them, the innermost first.
     template <typename Visit>
     static void VisitAll(const Visit& theVisit)

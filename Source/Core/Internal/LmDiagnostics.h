@@ -18,55 +18,34 @@
 //
 // The place is where the macro is written. A check whose line shall name a .cpp file therefore has to stand
 // in that file, not in an inline function of its header.
+//
+// All of them go by LmReportDiagnostic, which is where a handler, the environment and a breakpoint come in.
 
-#include "LmExport.h"
+#include "LmDiagnosticHandler.h"
 
-#include <cstdarg>
-#include <cstdio>
+// What is wrong is seldom so.
+[[gnu::cold]] void LmReportDiagnostic(const char* theFile, int theLine, const char* theFormat, ...);
 
 // Reports the text of theCondition, exactly as written here, when it is false. The text is taken before
 // macros inside it are expanded: LM_ASSERT(thePointer != NULL) says "thePointer != NULL".
 #define LM_ASSERT(theCondition)                                                                              \
     (static_cast<bool>(theCondition) ? static_cast<void>(0)                                                  \
-                                     : LmDiagnostics::ReportAssertion(__FILE__, __LINE__, #theCondition))
+                                     : LmReportDiagnostic(__FILE__, __LINE__, "%s", #theCondition))
 
 // Reports the status that theCall returned when it is not noErr. The expression's value is that status.
 #define LM_CHECK_STATUS(theCall) LmDiagnostics::CheckStatus(__FILE__, __LINE__, theCall)
 
 // Reports an impossible or unsupported case: a printf format and its arguments.
-#define LM_ERROR(...) LmDiagnostics::ReportError(__FILE__, __LINE__, __VA_ARGS__)
+#define LM_ERROR(...) LmReportDiagnostic(__FILE__, __LINE__, __VA_ARGS__)
 
-// What the macros call. Nothing here is a part of the library's binary interface: each program has its own.
 namespace LmDiagnostics {
-
-[[gnu::cold, gnu::noinline]] inline void ReportAssertion(const char* theFile, int theLine,
-                                                         const char* theCondition)
-{
-    std::fprintf(stderr, "%s, line %d: %s\n", theFile, theLine, theCondition);
-}
-
-[[gnu::cold, gnu::noinline]] inline void ReportStatus(const char* theFile, int theLine, long theStatus)
-{
-    std::fprintf(stderr, "%s, line %d: Error %ld\n", theFile, theLine, theStatus);
-}
-
-[[gnu::cold, gnu::noinline]] LM_PRINTF_FORMAT(3, 4) inline void ReportError(const char* theFile, int theLine,
-                                                                            const char* theFormat, ...)
-{
-    std::fprintf(stderr, "%s, line %d: ", theFile, theLine);
-    va_list theArguments;
-    va_start(theArguments, theFormat);
-    std::vfprintf(stderr, theFormat, theArguments);
-    va_end(theArguments);
-    std::fputc('\n', stderr);
-}
 
 // A template, because a status is an int on some platforms and a long on others.
 template <typename Status>
 inline Status CheckStatus(const char* theFile, int theLine, Status theStatus)
 {
     if (theStatus != 0) {
-        ReportStatus(theFile, theLine, static_cast<long>(theStatus));
+        LmReportDiagnostic(theFile, theLine, "Error %ld", static_cast<long>(theStatus));
     }
     return theStatus;
 }

@@ -43,9 +43,34 @@ private:
     std::size_t mSize = 0;         // of the map when it was searched
 };
 
+// So many sets of a key may be under way around another one of the same key.
+constexpr int kLmDeepest = 1000;
+
+// Counts the changes that are under way, so that hardly anything is spent on the question whether one is
+// nested in itself too deep. Not part of the interface.
+class [[nodiscard]] LmChangeDepth
+{
+public:
+    LmChangeDepth() { sLeft -= 1; }
+    ~LmChangeDepth() { sLeft += 1; }
+
+    LmChangeDepth(const LmChangeDepth&) = delete;
+    LmChangeDepth& operator=(const LmChangeDepth&) = delete;
+
+    // True when there are enough around this one to ask.
+    bool IsWorthAsking() const { return sLeft < 0; }
+
+    // From now on it is worth asking at every depth, or again in great depth only.
+    static void AskAlways(bool isAlways);
+
+private:
+    static inline int sLeft = kLmDeepest + 1; // how many more there may be before it is worth asking
+};
+
 // Where the value of a key is kept, while that key is being set. Both virtual steps of that, and most
 // observers, ask for the same value again, by a reference to the very string that the set works with; those
-// are answered from here. Also tells the set whether its store still lives. Not part of the interface.
+// are answered from here. Also tells the set whether its store still lives, and whether it is nested in itself
+// too deep. Not part of the interface.
 //
 // A memo lives on the stack only; only the innermost one is asked.
 class [[nodiscard]] LmKeyMemo : private LmStackLink<LmKeyMemo>
@@ -71,20 +96,22 @@ public:
     // True once the store has been destroyed.
     bool IsGone() const { return mStore == nullptr; }
 
+    // Whether this set, which is deep in others, must not be made: when more than kLmDeepest sets of the same
+    // key are under way around it. That is reported, once for all that happens in the outermost set; until
+    // that has ended, no set that is nested in itself is made any more. What comes back on several ways would
+    // else begin anew on each of them and never end.
+    [[gnu::cold]] bool IsTooDeep() const;
+
     // Called by the destructor of every store.
-    static void StoreIsGone(const LmKeyValueStore* theStore)
-    {
-        VisitAll([theStore](LmKeyMemo& theMemo) {
-            if (theMemo.mStore == theStore) {
-                theMemo.mStore = nullptr;
-            }
-        });
-    }
+    static void StoreIsGone(const LmKeyValueStore* theStore);
 
     LmFound<LmValue> mValue; // the key's value
 
 private:
     friend class LmStackLink<LmKeyMemo>;
+
+    bool IsOfSameKeyAs(const LmKeyMemo& theOther) const;
+    int CountSameKeyAround() const;
 
     static inline LmKeyMemo* sInnermost = nullptr;
 

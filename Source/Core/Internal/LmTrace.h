@@ -32,7 +32,7 @@ inline void LmTrace(const Write& theWrite)
     }
 }
 
-// Indents what is traced while it lives, on every way out.
+// Writes a line of the trace, and indents what is traced after it while the object lives, on every way out.
 //
 // The depth belongs to the process, so any object may change it. It is one made for that: the store that a
 // pass works for may be destroyed by one of its observers.
@@ -42,10 +42,13 @@ inline void LmTrace(const Write& theWrite)
 class [[nodiscard]] LmTraceIndent
 {
 public:
-    LmTraceIndent()
+    // The line is what theWrite makes of the arguments. They are handed on as they are, so that nothing is put
+    // together while tracing is off.
+    template <typename... Parameters, typename... Arguments>
+    explicit LmTraceIndent(void (*theWrite)(Parameters...), Arguments&&... theArguments)
     {
         if (LmDebugObject::IsLogging()) {
-            Change(&LmDebugObject::AddIndent);
+            Begin<Parameters...>(theWrite, theArguments...);
         }
     }
 
@@ -60,6 +63,14 @@ public:
     LmTraceIndent& operator=(const LmTraceIndent&) = delete;
 
 private:
+    template <typename... Parameters>
+    [[gnu::cold, gnu::noinline]] static void Begin(void (*theWrite)(Parameters...),
+                                                   Parameters... theArguments)
+    {
+        Change(&LmDebugObject::AddIndent);
+        LmWriteTrace([&] { theWrite(theArguments...); });
+    }
+
     [[gnu::cold, gnu::noinline]] static void Change(void (LmDebugObject::*theChange)())
     {
         (LmDebugObject().*theChange)();

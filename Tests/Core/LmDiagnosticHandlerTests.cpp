@@ -1,0 +1,102 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "LmDiagnosticHandler.h"
+
+#include "LmDiagnostics.h"
+#include "LmValue.h"
+#include "StandardErrorCapture.h"
+
+#include <gtest/gtest.h>
+#include <string>
+
+namespace {
+
+// Keeps what it is handed, until it dies.
+class Log
+{
+public:
+    Log() { LmSetDiagnosticHandler(&Add, this); }
+    ~Log() { LmSetDiagnosticHandler(nullptr, nullptr); }
+
+    Log(const Log&) = delete;
+    Log& operator=(const Log&) = delete;
+
+    Lines mLines;
+
+private:
+    static void Add(const LmDiagnostic& theDiagnostic, void* theLog)
+    {
+        static_cast<Log*>(theLog)->mLines.push_back(std::string(theDiagnostic.theFile) + "|" +
+                                                    std::to_string(theDiagnostic.theLine) + "|" +
+                                                    theDiagnostic.theMessage);
+    }
+};
+
+} // namespace
+
+TEST(LmDiagnosticHandler, ReceivesWhatTheLibraryHasToSayAndNothingIsPrinted)
+{
+    Log theLog;
+    LmValue(7).GetString();
+    ASSERT_EQ(theLog.mLines.size(), 1u);
+    EXPECT_EQ(theLog.mLines[0].rfind("Source/Core/LmValue.cpp|", 0), 0u);
+    EXPECT_NE(theLog.mLines[0].find("|IsString()"), std::string::npos);
+    EXPECT_EQ(StandardErrorCapture::TakeText(), "");
+}
+
+TEST(LmDiagnosticHandler, ReceivesEachSortOfDiagnosticInItsParts)
+{
+    Log theLog;
+    LM_ASSERT(1 > 2);
+    LM_CHECK_STATUS(-50);
+    LM_ERROR("Unknown type: %d", 12);
+    LmReportDiagnostic("Mine.cpp", 7, "%s is %d", "seven", 7);
+    const int theLine = __LINE__;
+    const auto At = [&](int theDistance) {
+        return "Tests/Core/LmDiagnosticHandlerTests.cpp|" + std::to_string(theLine - theDistance) + "|";
+    };
+    EXPECT_EQ(theLog.mLines, (Lines{At(4) + "1 > 2", At(3) + "Error -50", At(2) + "Unknown type: 12",
+                                    "Mine.cpp|7|seven is 7"}));
+}
+
+TEST(LmDiagnosticHandler, ReceivesALongMessageWhole)
+{
+    Log theLog;
+    for (const std::size_t theLength : {254u, 255u, 256u, 257u, 5000u}) {
+        const std::string theText(theLength, 'x');
+        LmReportDiagnostic("Mine.cpp", 1, "%s", theText.c_str());
+        EXPECT_EQ(theLog.mLines.back(), "Mine.cpp|1|" + theText);
+    }
+}
+
+TEST(LmDiagnosticHandler, WithoutOneLinesArePrintedAgain)
+{
+    {
+        const Log theLog;
+    }
+    LmReportDiagnostic("Mine.cpp", 7, "%s", "printed");
+    EXPECT_EQ(StandardErrorCapture::TakeLines(), Lines{"Mine.cpp, line 7: printed"});
+}
+
+TEST(LmDiagnosticHandler, WhatItGivesCauseForItselfIsPrinted)
+{
+    LmSetDiagnosticHandler(
+        [](const LmDiagnostic& theDiagnostic, void*) {
+            LmReportDiagnostic("Handler.cpp", 1, "while handling: %s", theDiagnostic.theMessage);
+        },
+        nullptr);
+    LmReportDiagnostic("Mine.cpp", 7, "first");
+    LmReportDiagnostic("Mine.cpp", 8, "second");
+    LmSetDiagnosticHandler(nullptr, nullptr);
+    EXPECT_EQ(StandardErrorCapture::TakeLines(), (Lines{"Handler.cpp, line 1: while handling: first",
+                                                        "Handler.cpp, line 1: while handling: second"}));
+}
+
+TEST(LmDiagnosticHandler, MayTakeItselfAway)
+{
+    LmSetDiagnosticHandler([](const LmDiagnostic&, void*) { LmSetDiagnosticHandler(nullptr, nullptr); },
+                           nullptr);
+    LmReportDiagnostic("Mine.cpp", 7, "handed on");
+    LmReportDiagnostic("Mine.cpp", 8, "printed");
+    EXPECT_EQ(StandardErrorCapture::TakeLines(), Lines{"Mine.cpp, line 8: printed"});
+}

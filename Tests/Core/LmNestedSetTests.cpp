@@ -1,0 +1,214 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "LmKeyValueBinding.h"
+#include "LmKeyValueStore.h"
+#include "LmNumericalTransforms.h"
+#include "NamedObserver.h"
+#include "StandardErrorCapture.h"
+
+#include <cstddef>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+// A set that comes back to its own key ends when it is a thousand deep in itself; nothing else limits depth.
+
+namespace {
+
+// A binding object that has a name in the error line.
+class Named : public LmKeyValueBinding
+{
+public:
+    explicit Named(const char* theName)
+        : mName(theName)
+    {
+    }
+    LmString GetDebugInfo() const override { return mName; }
+
+private:
+    LmString mName;
+};
+
+// Counts, and sets the key that it is told of once more until it has done so as often as it shall.
+class Repeating : public LmKeyValueObserver
+{
+public:
+    Repeating(LmKeyValueStore& theStore, long theRounds)
+        : mStore(theStore),
+          mRounds(theRounds)
+    {
+        theStore.ObserveKeyPathValue("a", this);
+    }
+    void ValueChanged(const LmKeyValueStore*, const LmString& theKeyName) override
+    {
+        mCount += 1;
+        if (mCount < mRounds) {
+            mStore.SetKeyPathValue(theKeyName, LmValue(mCount));
+        }
+    }
+
+    long mCount = 0;
+
+private:
+    LmKeyValueStore& mStore;
+    long mRounds;
+};
+
+Lines TooDeep(const char* theKey)
+{
+    return {std::string("Source/Core/Internal/LmKeyMemo.cpp, line #: A set of ") + theKey +
+            " is nested in itself more than 1000 deep, and is not made"};
+}
+
+LmValueTransform* AddOne()
+{
+    return new LmAddTransform(LmValue(1L));
+}
+
+// There is no first value that could be added to.
+const Lines kNothingToAdd = {"Source/Transforms/LmNumericalTransforms.cpp, line #: Illegal value type: 0"};
+
+// Binds two keys without values both ways, with transforms that do not undo each other.
+void BindWithoutEnd(LmKeyValueBinding& theObject, const char* theKey, LmKeyValueBinding& theOther,
+                    const char* theOtherKey)
+{
+    theObject.Bind(theKey, &theOther, theOtherKey, AddOne(), AddOne());
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), kNothingToAdd);
+}
+
+long NumberOf(const LmKeyValueStore& theStore, const char* theKey)
+{
+    return theStore.GetKeyPathValue(theKey).GetSInt32();
+}
+
+} // namespace
+
+TEST(LmNestedSet, AThousandDeepIsMade)
+{
+    Named theStore("Store");
+    Repeating theObserver(theStore, 1001);
+    theStore.SetKeyPathValue("a", LmValue(-1L));
+    EXPECT_EQ(theObserver.mCount, 1001) << "one set, and a thousand nested in it";
+    EXPECT_EQ(NumberOf(theStore, "a"), 1000);
+}
+
+TEST(LmNestedSet, DeeperIsReportedAndNotMade)
+{
+    Named theStore("Store");
+    Repeating theObserver(theStore, 5000);
+    theStore.SetKeyPathValue("a", LmValue(-1L));
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), TooDeep("Store.a"));
+    EXPECT_EQ(theObserver.mCount, 1001);
+    EXPECT_EQ(NumberOf(theStore, "a"), 1000) << "what the last set that was made has stored";
+}
+
+TEST(LmNestedSet, AnEqualValueIsNotReportedHoweverDeep)
+{
+    Named theStore("Store");
+    Repeating theObserver(theStore, 1001);
+    Lines theLog;
+    NamedObserver theEqual("equal", theLog);
+    theEqual.mOnChanged = [&] { theStore.SetKeyPathValue("a", theStore.GetKeyPathValue("a")); };
+    theStore.ObserveKeyPathValue("a", &theEqual);
+    theStore.SetKeyPathValue("a", LmValue(-1L));
+    EXPECT_EQ(theObserver.mCount, 1001);
+}
+
+TEST(LmNestedSet, TransformsThatDoNotUndoEachOtherEnd)
+{
+    Named theA("A");
+    Named theB("B");
+    BindWithoutEnd(theA, "a", theB, "b");
+    theB.SetKeyPathValue("b", LmValue(0L));
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), TooDeep("B.b"));
+    EXPECT_EQ(NumberOf(theB, "b"), 2000) << "set once, and a thousand times after a round of two steps";
+    EXPECT_EQ(NumberOf(theA, "a"), 2001);
+}
+
+TEST(LmNestedSet, TheProgramGoesOnAndTheNextRoundIsReportedAgain)
+{
+    Named theA("A");
+    Named theB("B");
+    BindWithoutEnd(theA, "a", theB, "b");
+    for (int theRound = 0; theRound < 3; ++theRound) {
+        theB.SetKeyPathValue("b", LmValue(0L));
+        EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), TooDeep("B.b"));
+        EXPECT_EQ(NumberOf(theB, "b"), 2000);
+    }
+    theA.Unbind("a", &theB);
+    Repeating theObserver(theA, 3);
+    theA.SetKeyPathValue("a", LmValue(-1L));
+    EXPECT_EQ(theObserver.mCount, 3) << "what is nested a little is made as ever";
+}
+
+TEST(LmNestedSet, ALongRoundEndsToo)
+{
+    std::vector<std::unique_ptr<Named>> theRing;
+    for (const char* theName : {"A", "B", "C"}) {
+        theRing.push_back(std::make_unique<Named>(theName));
+    }
+    for (std::size_t theIndex = 0; theIndex < theRing.size(); ++theIndex) {
+        theRing[theIndex]->BindTo("a", theRing[(theIndex + 1) % theRing.size()].get(), "a", AddOne());
+        EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), kNothingToAdd);
+    }
+    theRing[0]->SetKeyPathValue("a", LmValue(0L));
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), TooDeep("A.a"));
+    EXPECT_EQ(NumberOf(*theRing[0], "a"), 3000);
+    for (const auto& theObject : theRing) {
+        theObject->UnbindAll();
+    }
+    StandardErrorCapture::TakeText(); // the other halves that one-way bindings do not have
+}
+
+TEST(LmNestedSet, WhatComesBackOnSeveralWaysEndsWithOneReport)
+{
+    Named theA("A");
+    Named theB("B");
+    Named theC("C");
+    BindWithoutEnd(theB, "b", theA, "a");
+    BindWithoutEnd(theC, "c", theA, "a");
+    theA.SetKeyPathValue("a", LmValue(0L));
+    const Lines theLines = StandardErrorCapture::TakeDiagnostics();
+    ASSERT_EQ(theLines.size(), 1u) << "on each way back from the depth, the other way would begin anew";
+    EXPECT_EQ(theLines, TooDeep("A.a"));
+    EXPECT_EQ(theA.GetKeyPathValue("a").GetType(), kTypeSInt32);
+}
+
+TEST(LmNestedSet, TheSameKeyOfAnotherStoreIsAnother)
+{
+    Named theA("A");
+    Repeating theInner(theA, 700);
+    Named theB("B");
+    Repeating theOuter(theB, 700);
+    Lines theLog;
+    NamedObserver theBridge("bridge", theLog);
+    theBridge.mOnChanged = [&] {
+        if (theOuter.mCount == 700 && theInner.mCount == 0) {
+            theA.SetKeyPathValue("a", LmValue(-1L));
+        }
+    };
+    theB.ObserveKeyPathValue("a", &theBridge);
+    theB.SetKeyPathValue("a", LmValue(-1L));
+    EXPECT_EQ(theOuter.mCount, 700);
+    EXPECT_EQ(theInner.mCount, 700);
+}
+
+TEST(LmNestedSet, AChainOfThousandsOfObjectsIsNoConcern)
+{
+    // Builds that are not optimised need several times as much of the stack.
+#ifdef NDEBUG
+    constexpr std::size_t kLinks = 10000;
+#else
+    constexpr std::size_t kLinks = 2000;
+#endif
+    std::vector<std::unique_ptr<LmKeyValueBinding>> theChain;
+    for (std::size_t theIndex = 0; theIndex < kLinks; ++theIndex) {
+        theChain.push_back(std::make_unique<LmKeyValueBinding>());
+        if (theIndex > 0) {
+            theChain[theIndex]->Bind("a", theChain[theIndex - 1].get(), "a", nullptr, nullptr);
+        }
+    }
+    theChain.front()->SetKeyPathValue("a", LmValue(7L));
+    EXPECT_EQ(NumberOf(*theChain.back(), "a"), 7);
+}
