@@ -11,46 +11,7 @@
 
 namespace {
 
-class CFPreferences : public testing::Test
-{
-protected:
-    CFPreferences()
-        : mApplication(String(std::string("com.example.") +
-                              testing::UnitTest::GetInstance()->current_test_info()->name()))
-    {
-        setenv("LM_PREFERENCES", "memory", 1);
-    }
-
-    void Set(CFStringRef theKey, CFPropertyListRef theValue)
-    {
-        CFPreferencesSetAppValue(theKey, theValue, mApplication);
-    }
-
-    Owned<CFPropertyListRef> Get(CFStringRef theKey) const
-    {
-        return Owned(CFPreferencesCopyAppValue(theKey, mApplication));
-    }
-
-    // Whether the value is equal to theExpected, or absent when that is NULL.
-    testing::AssertionResult Has(CFStringRef theKey, CFPropertyListRef theExpected) const
-    {
-        const Owned<CFPropertyListRef> theValue = Get(theKey);
-        const bool theIsRight = theExpected == nullptr
-                                    ? theValue == nullptr
-                                    : theValue != nullptr && CFEqual(theValue, theExpected);
-        return (theIsRight ? testing::AssertionSuccess() : testing::AssertionFailure())
-               << TextOf(Owned(CFCopyDescription(theValue)));
-    }
-
-    CFNumberType TypeOf(CFStringRef theKey) const
-    {
-        return CFNumberGetType(static_cast<CFNumberRef>(static_cast<CFPropertyListRef>(Get(theKey))));
-    }
-
-    bool Synchronize() const { return CFPreferencesAppSynchronize(mApplication); }
-
-    const Owned<CFStringRef> mApplication;
-};
+using CFPreferences = PreferencesInMemory;
 
 } // namespace
 
@@ -70,21 +31,6 @@ TEST_F(CFPreferences, AnAbsentKeyHasNoValue)
     Set(CFSTR("absent"), nullptr);
     EXPECT_TRUE(Synchronize());
     EXPECT_TRUE(Has(CFSTR("absent"), nullptr));
-}
-
-TEST_F(CFPreferences, WhatIsSetIsSeenAtOnceAndAfterSynchronizing)
-{
-    Set(CFSTR("text"), CFSTR("value"));
-    EXPECT_TRUE(Has(CFSTR("text"), CFSTR("value")));
-    EXPECT_TRUE(Synchronize());
-    EXPECT_TRUE(Has(CFSTR("text"), CFSTR("value")));
-    EXPECT_TRUE(Synchronize());
-    EXPECT_TRUE(Has(CFSTR("text"), CFSTR("value")));
-    Set(CFSTR("text"), nullptr);
-    EXPECT_TRUE(Has(CFSTR("text"), nullptr));
-    EXPECT_TRUE(Synchronize());
-    EXPECT_TRUE(Synchronize());
-    EXPECT_TRUE(Has(CFSTR("text"), nullptr));
 }
 
 TEST_F(CFPreferences, AnyStringIsAKey)
@@ -120,43 +66,6 @@ TEST_F(CFPreferences, ValuesBelongToTheCaller)
     EXPECT_EQ(CFGetRetainCount(theFirst), theCount + 1);
     CFRelease(theSecond);
     CFRelease(theFirst);
-}
-
-TEST_F(CFPreferences, NumbersKeepTheirTypeUntilTheyAreReadAgain)
-{
-    Set(CFSTR("small"), Number(kCFNumberSInt64Type, SInt64{7}));
-    Set(CFSTR("short"), Number(kCFNumberSInt16Type, SInt16{300}));
-    Set(CFSTR("byte"), Number(kCFNumberSInt8Type, SInt8{100}));
-    Set(CFSTR("wide"), Number(kCFNumberSInt64Type, SInt64{1000}));
-    Set(CFSTR("large"), Number(kCFNumberSInt64Type, SInt64{5000000000}));
-    Set(CFSTR("float"), Number(kCFNumberFloat32Type, 2.5F));
-    Set(CFSTR("double"), Float(2.5));
-    for (int theTurn = 0; theTurn < 2; ++theTurn) {
-        EXPECT_EQ(TypeOf(CFSTR("small")), kCFNumberSInt32Type);
-        EXPECT_EQ(TypeOf(CFSTR("short")), kCFNumberSInt16Type);
-        EXPECT_EQ(TypeOf(CFSTR("byte")), kCFNumberSInt8Type);
-        EXPECT_EQ(TypeOf(CFSTR("wide")), kCFNumberSInt64Type);
-        EXPECT_EQ(TypeOf(CFSTR("large")), kCFNumberSInt64Type);
-        EXPECT_EQ(TypeOf(CFSTR("float")), kCFNumberFloat32Type);
-        EXPECT_EQ(TypeOf(CFSTR("double")), kCFNumberFloat64Type);
-        // The first one writes, the second one forgets.
-        EXPECT_TRUE(Synchronize());
-    }
-    EXPECT_EQ(TypeOf(CFSTR("small")), kCFNumberSInt32Type);
-    EXPECT_EQ(TypeOf(CFSTR("short")), kCFNumberSInt64Type);
-    EXPECT_EQ(TypeOf(CFSTR("byte")), kCFNumberSInt64Type);
-    EXPECT_EQ(TypeOf(CFSTR("wide")), kCFNumberSInt64Type);
-    EXPECT_EQ(TypeOf(CFSTR("large")), kCFNumberSInt64Type);
-    EXPECT_EQ(TypeOf(CFSTR("float")), kCFNumberFloat64Type);
-    EXPECT_EQ(TypeOf(CFSTR("double")), kCFNumberFloat64Type);
-}
-
-TEST_F(CFPreferences, BooleansStayTheConstants)
-{
-    Set(CFSTR("yes"), kCFBooleanTrue);
-    EXPECT_TRUE(Synchronize());
-    EXPECT_TRUE(Synchronize());
-    EXPECT_EQ(static_cast<CFPropertyListRef>(Get(CFSTR("yes"))), kCFBooleanTrue);
 }
 
 TEST_F(CFPreferences, AnEqualValueIsNoChange)
@@ -315,22 +224,6 @@ TEST_F(CFPreferences, ReadingAsksTheDomainsOfAnyUserLast)
                   CFPreferencesSetValue(kKey, CFSTR("the user's"), kCFPreferencesAnyApplication,
                                         kCFPreferencesCurrentUser, kCFPreferencesAnyHost);
                   return theFound == 4 && Has(kKey, CFSTR("the user's")) ? 0 : 1;
-              }),
-              0);
-}
-
-TEST_F(CFPreferences, WhatIsSetForAnyUserLastsAsLongAsTheProcess)
-{
-    // In a process of its own: the value can never be written.
-    EXPECT_EQ(RunInProcess([this] {
-                  const CFStringRef kUser = kCFPreferencesAnyUser;
-                  const CFStringRef kHost = kCFPreferencesCurrentHost;
-                  const bool theIsCleanAtFirst = CFPreferencesSynchronize(mApplication, kUser, kHost);
-                  CFPreferencesSetValue(CFSTR("key"), CFSTR("value"), mApplication, kUser, kHost);
-                  return theIsCleanAtFirst && !CFPreferencesSynchronize(mApplication, kUser, kHost) &&
-                                 Synchronize() && Has(CFSTR("key"), CFSTR("value"))
-                             ? 0
-                             : 1;
               }),
               0);
 }

@@ -106,4 +106,24 @@ inline Owned<CFPropertyListRef> NestedArray(int theDepth)
     return Owned(theList);
 }
 
+inline std::string ContentError(const std::string& theContent)
+{
+    return ErrorOf(kHeader + theContent + "</plist>\n");
+}
+
+// The text between the header and the end; "(NULL)" when there is none.
+inline std::string WrittenXML(CFPropertyListRef theList)
+{
+    const Owned<CFDataRef> theData(CFPropertyListCreateXMLData(nullptr, theList));
+    if (theData == nullptr) {
+        return "(NULL)";
+    }
+    const std::string theText = TextOf(theData);
+    const std::string theStart(kHeader);
+    const std::string theEnd("</plist>\n");
+    EXPECT_EQ(theText.substr(0, theStart.size()), theStart);
+    EXPECT_EQ(theText.substr(theText.size() - theEnd.size()), theEnd);
+    return theText.substr(theStart.size(), theText.size() - theStart.size() - theEnd.size());
+}
+
 #endif

@@ -5,7 +5,7 @@
 
 // For tests of preference files: a folder for settings of each test's own, and processes of their own.
 
-#include "CFTestSupport.h"
+#include "CFPropertyListTestSupport.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -80,6 +80,12 @@ inline void RemoveTree(const std::string& thePath)
     } else {
         unlink(thePath.c_str());
     }
+}
+
+// A property list in a file.
+inline std::string FileWith(const std::string& theContent)
+{
+    return kHeader + theContent + "</plist>\n";
 }
 
 // Starts theWork in a process of its own; it ends with the number that theWork returns.
@@ -171,6 +177,48 @@ protected:
 
     std::string mFolder;
     const Owned<CFStringRef> mApplication = ApplicationName();
+};
+
+// The test's application, with its values in memory.
+class PreferencesInMemory : public testing::Test
+{
+protected:
+    PreferencesInMemory()
+        : mApplication(String(std::string("com.example.") +
+                              testing::UnitTest::GetInstance()->current_test_info()->name()))
+    {
+        setenv("LM_PREFERENCES", "memory", 1);
+    }
+
+    void Set(CFStringRef theKey, CFPropertyListRef theValue)
+    {
+        CFPreferencesSetAppValue(theKey, theValue, mApplication);
+    }
+
+    Owned<CFPropertyListRef> Get(CFStringRef theKey) const
+    {
+        return Owned(CFPreferencesCopyAppValue(theKey, mApplication));
+    }
+
+    // Whether the value is equal to theExpected, or absent when that is NULL.
+    testing::AssertionResult Has(CFStringRef theKey, CFPropertyListRef theExpected) const
+    {
+        const Owned<CFPropertyListRef> theValue = Get(theKey);
+        const bool theIsRight = theExpected == nullptr
+                                    ? theValue == nullptr
+                                    : theValue != nullptr && CFEqual(theValue, theExpected);
+        return (theIsRight ? testing::AssertionSuccess() : testing::AssertionFailure())
+               << TextOf(Owned(CFCopyDescription(theValue)));
+    }
+
+    CFNumberType TypeOf(CFStringRef theKey) const
+    {
+        return CFNumberGetType(static_cast<CFNumberRef>(static_cast<CFPropertyListRef>(Get(theKey))));
+    }
+
+    bool Synchronize() const { return CFPreferencesAppSynchronize(mApplication); }
+
+    const Owned<CFStringRef> mApplication;
 };
 
 #endif

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 #
-# EndSignalsTests.sh <program and what runs it>...: ends real processes from outside with signals, and compares
+# EndSignalsPosixTests.sh <program and what runs it>...: ends real processes from outside with signals, and compares
 # what they say, how they end and what they have written.
 set -u
 # With job control, processes in the background do not ignore SIGINT.

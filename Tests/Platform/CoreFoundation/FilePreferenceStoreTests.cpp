@@ -1,20 +1,14 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// Where preferences are kept, and what is done when that is not possible.
+// Where preferences are kept, and what becomes of damaged files.
 
 #include "CFPropertyListTestSupport.h"
 #include "PreferenceFileSupport.h"
 #include "StandardErrorCapture.h"
 
-#include <csignal>
-#include <sys/resource.h>
-
 namespace {
 
-std::string FileWith(const std::string& theContent)
-{
-    return kHeader + theContent + "</plist>\n";
-}
+using FilePreferenceStore = PreferenceFiles;
 
 // Bytes without a pattern, the same ones every time.
 std::string NoiseOf(size_t theLength)
@@ -64,7 +58,7 @@ protected:
 
 } // namespace
 
-TEST_F(PreferenceFiles, ADomainIsOneSortedPropertyListForItsUserAlone)
+TEST_F(FilePreferenceStore, ADomainIsOneSortedPropertyListForItsUserAlone)
 {
     Set(CFSTR("b"), Integer(5));
     Set(CFSTR("a"), CFSTR("x<y"));
@@ -76,17 +70,7 @@ TEST_F(PreferenceFiles, ADomainIsOneSortedPropertyListForItsUserAlone)
     EXPECT_EQ(NamesIn(mFolder).size(), 1U);
 }
 
-TEST_F(PreferenceFiles, FoldersAreMadeForTheUserAlone)
-{
-    setenv("XDG_CONFIG_HOME", PathInFolder("new/folder").c_str(), 1);
-    Set(CFSTR("a"), kCFBooleanTrue);
-    EXPECT_TRUE(Synchronize());
-    EXPECT_EQ(ModeOf(PathInFolder("new")), 0700U);
-    EXPECT_EQ(ModeOf(PathInFolder("new/folder")), 0700U);
-    EXPECT_EQ(NamesIn(PathInFolder("new/folder")).size(), 1U);
-}
-
-TEST_F(PreferenceFiles, TheHomeFolderIsUsedWhenTheVariableSaysNothing)
+TEST_F(FilePreferenceStore, TheHomeFolderIsUsedWhenTheVariableSaysNothing)
 {
     setenv("HOME", mFolder.c_str(), 1);
     for (const char* theValue : {"", "relative/path"}) {
@@ -100,7 +84,7 @@ TEST_F(PreferenceFiles, TheHomeFolderIsUsedWhenTheVariableSaysNothing)
     }
 }
 
-TEST_F(PreferenceFiles, OtherDomainsHaveOtherFiles)
+TEST_F(FilePreferenceStore, OtherDomainsHaveOtherFiles)
 {
     const CFStringRef kUser = kCFPreferencesCurrentUser;
     CFPreferencesSetValue(CFSTR("k"), kCFBooleanTrue, mApplication, kUser, kCFPreferencesCurrentHost);
@@ -118,14 +102,14 @@ TEST_F(PreferenceFiles, OtherDomainsHaveOtherFiles)
     EXPECT_TRUE(Synchronize());
 }
 
-TEST_F(PreferenceFiles, NoIdentifierLeadsOutOfTheFolder)
+TEST_F(FilePreferenceStore, NoIdentifierLeadsOutOfTheFolder)
 {
     CFPreferencesSetAppValue(CFSTR("k"), kCFBooleanTrue, CFSTR("../../up%"));
     EXPECT_TRUE(Synchronize());
     EXPECT_EQ(NamesIn(mFolder), (std::vector<std::string>{"..%2F..%2Fup%25.plist"}));
 }
 
-TEST_F(PreferenceFiles, AnEmptyDomainHasNoFile)
+TEST_F(FilePreferenceStore, AnEmptyDomainHasNoFile)
 {
     Set(CFSTR("a"), kCFBooleanTrue);
     EXPECT_TRUE(Synchronize());
@@ -135,7 +119,7 @@ TEST_F(PreferenceFiles, AnEmptyDomainHasNoFile)
     EXPECT_FALSE(Exists(Path()));
 }
 
-TEST_F(PreferenceFiles, WhatOthersWriteIsSeenAfterSynchronizing)
+TEST_F(FilePreferenceStore, WhatOthersWriteIsSeenAfterSynchronizing)
 {
     Set(CFSTR("a"), CFSTR("mine"));
     EXPECT_TRUE(Synchronize());
@@ -148,24 +132,7 @@ TEST_F(PreferenceFiles, WhatOthersWriteIsSeenAfterSynchronizing)
     EXPECT_TRUE(Has(CFSTR("a"), nullptr));
 }
 
-TEST_F(PreferenceFiles, OnlyChangedKeysAreWritten)
-{
-    Set(CFSTR("a"), CFSTR("mine"));
-    Set(CFSTR("b"), CFSTR("mine"));
-    EXPECT_TRUE(Synchronize());
-    WriteFile(
-        Path(),
-        FileWith("<dict><key>a</key><string>theirs</string><key>c</key><string>theirs</string></dict>"));
-    Set(CFSTR("d"), CFSTR("mine"));
-    EXPECT_TRUE(Synchronize());
-    EXPECT_TRUE(CFEqual(FileValues(), ObjectDictionary({{CFSTR("a"), CFSTR("theirs")},
-                                                        {CFSTR("c"), CFSTR("theirs")},
-                                                        {CFSTR("d"), CFSTR("mine")}})));
-    EXPECT_TRUE(Has(CFSTR("a"), CFSTR("theirs")));
-    EXPECT_TRUE(Has(CFSTR("b"), nullptr));
-}
-
-TEST_F(PreferenceFiles, AnEqualValueIsNotWrittenOnPurpose)
+TEST_F(FilePreferenceStore, AnEqualValueIsNotWrittenOnPurpose)
 {
     Set(CFSTR("a"), CFSTR("mine"));
     EXPECT_TRUE(Synchronize());
@@ -175,14 +142,14 @@ TEST_F(PreferenceFiles, AnEqualValueIsNotWrittenOnPurpose)
     EXPECT_TRUE(Has(CFSTR("a"), CFSTR("theirs")));
 }
 
-TEST_F(PreferenceFiles, EveryApplicationIsSynchronized)
+TEST_F(FilePreferenceStore, EveryApplicationIsSynchronized)
 {
     Set(CFSTR("a"), kCFBooleanTrue);
     EXPECT_TRUE(CFPreferencesAppSynchronize(CFSTR("com.example.never.used")));
     EXPECT_TRUE(Exists(Path()));
 }
 
-TEST_F(PreferenceFiles, OneDomainCanBeSynchronizedAlone)
+TEST_F(FilePreferenceStore, OneDomainCanBeSynchronizedAlone)
 {
     Set(CFSTR("a"), kCFBooleanTrue);
     EXPECT_TRUE(CFPreferencesSynchronize(mApplication, kCFPreferencesCurrentUser, kCFPreferencesCurrentHost));
@@ -191,7 +158,7 @@ TEST_F(PreferenceFiles, OneDomainCanBeSynchronizedAlone)
     EXPECT_TRUE(Exists(Path()));
 }
 
-TEST_F(PreferenceFiles, TypesOfNumbersAreThoseOfTheFile)
+TEST_F(FilePreferenceStore, TypesOfNumbersAreThoseOfTheFile)
 {
     WriteFile(Path(),
               FileWith("<dict><key>a</key><integer>1000</integer><key>b</key><integer>5000000000</integer>"
@@ -204,7 +171,7 @@ TEST_F(PreferenceFiles, TypesOfNumbersAreThoseOfTheFile)
               kCFNumberFloat64Type);
 }
 
-TEST_F(PreferenceFiles, TheOpenStepFormIsReadAndRewrittenAsXML)
+TEST_F(FilePreferenceStore, TheOpenStepFormIsReadAndRewrittenAsXML)
 {
     WriteFile(Path(), "{ a = 5; }");
     EXPECT_TRUE(Has(CFSTR("a"), CFSTR("5")));
@@ -276,7 +243,7 @@ TEST_F(PreferenceFilesOfOthers, MayHoldADateBeforeTheYear1000)
     EXPECT_NE(FileText(Path()).find("<date>0001-01-01T00:00:00Z</date>"), std::string::npos);
 }
 
-TEST_F(PreferenceFiles, ADateBeforeTheYear1000IsThereAtTheNextStart)
+TEST_F(FilePreferenceStore, ADateBeforeTheYear1000IsThereAtTheNextStart)
 {
     const Owned<CFDateRef> theDate(CFDateCreate(nullptr, -63113904000.0));
     Set(CFSTR("never"), theDate);
@@ -288,7 +255,7 @@ TEST_F(PreferenceFiles, ADateBeforeTheYear1000IsThereAtTheNextStart)
 }
 
 // Such a string was cut, or made every later synchronising fail.
-TEST_F(PreferenceFiles, ZeroCharactersAreKeptInBothForms)
+TEST_F(FilePreferenceStore, ZeroCharactersAreKeptInBothForms)
 {
     const auto theText = String(Units{'a', 0, 'b'});
     const auto theKey = String(Units{'k', 0});
@@ -306,7 +273,7 @@ TEST_F(PreferenceFiles, ZeroCharactersAreKeptInBothForms)
     }
 }
 
-TEST_F(PreferenceFiles, AnIdentifierDoesNotEndAtAZeroCharacter)
+TEST_F(FilePreferenceStore, AnIdentifierDoesNotEndAtAZeroCharacter)
 {
     CFPreferencesSetAppValue(CFSTR("k"), kCFBooleanTrue, String(Units{'a', 0, 'b'}));
     EXPECT_TRUE(Synchronize());
@@ -314,7 +281,7 @@ TEST_F(PreferenceFiles, AnIdentifierDoesNotEndAtAZeroCharacter)
 }
 
 // The domain's own dictionary is one level more.
-TEST_F(PreferenceFiles, AValueThatIsNestedTooDeepForTheFileIsNotSet)
+TEST_F(FilePreferenceStore, AValueThatIsNestedTooDeepForTheFileIsNotSet)
 {
     for (const int theDepth : {511, 512}) {
         Set(CFSTR("a"), NestedArray(theDepth));
@@ -323,30 +290,6 @@ TEST_F(PreferenceFiles, AValueThatIsNestedTooDeepForTheFileIsNotSet)
     EXPECT_EQ(StandardErrorCapture::TakeLines(),
               Lines{"CFPreferences: a value that is no property list was not set"});
 }
-
-TEST_F(PreferenceFiles, ALinkIsReplacedByAFile)
-{
-    WriteFile(PathInFolder("target"), FileWith("<dict><key>a</key><true/></dict>"));
-    ASSERT_EQ(symlink(PathInFolder("target").c_str(), Path().c_str()), 0);
-    EXPECT_TRUE(Has(CFSTR("a"), kCFBooleanTrue));
-    Set(CFSTR("b"), kCFBooleanTrue);
-    EXPECT_TRUE(Synchronize());
-    struct stat theStatus = {};
-    ASSERT_EQ(lstat(Path().c_str(), &theStatus), 0);
-    EXPECT_TRUE(S_ISREG(theStatus.st_mode));
-    EXPECT_EQ(FileText(PathInFolder("target")), FileWith("<dict><key>a</key><true/></dict>"));
-}
-
-TEST_F(PreferenceFiles, WhatAKilledProcessLeftBehindIsWrittenOver)
-{
-    WriteFile(Path() + ".new", "half a file");
-    Set(CFSTR("a"), kCFBooleanTrue);
-    EXPECT_TRUE(Synchronize());
-    EXPECT_EQ(NamesIn(mFolder).size(), 1U);
-    EXPECT_TRUE(CFEqual(FileValues(), ObjectDictionary({{CFSTR("a"), kCFBooleanTrue}})));
-}
-
-// Damaged files
 
 namespace {
 
@@ -411,7 +354,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, DamagedPreferenceFiles, testing::ValuesIn(kDamag
                              return theInfo.param.theName;
                          });
 
-TEST_F(PreferenceFiles, AFileThatIsDamagedMeanwhileIsKeptWhenWriting)
+TEST_F(FilePreferenceStore, AFileThatIsDamagedMeanwhileIsKeptWhenWriting)
 {
     Set(CFSTR("a"), kCFBooleanTrue);
     EXPECT_TRUE(Synchronize());
@@ -425,7 +368,7 @@ TEST_F(PreferenceFiles, AFileThatIsDamagedMeanwhileIsKeptWhenWriting)
     EXPECT_TRUE(CFEqual(FileValues(), ObjectDictionary({{CFSTR("b"), kCFBooleanTrue}})));
 }
 
-TEST_F(PreferenceFiles, EachDamagedFileGetsANameOfItsOwn)
+TEST_F(FilePreferenceStore, EachDamagedFileGetsANameOfItsOwn)
 {
     for (const char* theContent : {"first", "second"}) {
         WriteFile(Path(), theContent);
@@ -437,66 +380,7 @@ TEST_F(PreferenceFiles, EachDamagedFileGetsANameOfItsOwn)
     EXPECT_EQ(FileText(Path() + ".damaged-2"), "second");
 }
 
-// Places that cannot be written to. Every one is tried in a process of its own: its changes are never
-// written.
-
-TEST_F(PreferenceFiles, WhatIsNoFileIsLeftAlone)
-{
-    ASSERT_EQ(mkdir(Path().c_str(), 0700), 0);
-    EXPECT_EQ(RunInProcess([this] {
-                  const bool theIsEmpty = Has(CFSTR("a"), nullptr);
-                  Set(CFSTR("a"), kCFBooleanTrue);
-                  return theIsEmpty && !Synchronize() && Has(CFSTR("a"), kCFBooleanTrue) ? 0 : 1;
-              }),
-              0);
-    EXPECT_TRUE(Exists(Path()));
-}
-
-TEST_F(PreferenceFiles, APipeIsNotWaitedFor)
-{
-    ASSERT_EQ(mkfifo(Path().c_str(), 0600), 0);
-    EXPECT_EQ(RunInProcess([this] {
-                  Set(CFSTR("a"), kCFBooleanTrue);
-                  return Synchronize() ? 1 : 0;
-              }),
-              0);
-}
-
-TEST_F(PreferenceFiles, AFileInTheFoldersPlaceMakesSynchronizingFail)
-{
-    WriteFile(PathInFolder("file"), "text");
-    setenv("XDG_CONFIG_HOME", PathInFolder("file").c_str(), 1);
-    EXPECT_EQ(RunInProcess([this] {
-                  Set(CFSTR("a"), kCFBooleanTrue);
-                  const bool theHasFailed =
-                      !Synchronize() && Has(CFSTR("a"), kCFBooleanTrue) && !Synchronize();
-                  setenv("XDG_CONFIG_HOME", mFolder.c_str(), 1);
-                  return theHasFailed && Synchronize() ? 0 : 1;
-              }),
-              0);
-    EXPECT_TRUE(CFEqual(FileValues(), ObjectDictionary({{CFSTR("a"), kCFBooleanTrue}})));
-}
-
-TEST_F(PreferenceFiles, AReadOnlyFolderMakesSynchronizingFailAndKeepsWhatWasThere)
-{
-    const std::string theText = FileWith("<dict><key>a</key><string>before</string></dict>");
-    WriteFile(Path(), theText);
-    chmod(Path().c_str(), 0644);
-    chmod(mFolder.c_str(), 0555);
-    EXPECT_EQ(RunInProcess([this] {
-                  // The superuser may write everywhere.
-                  const uid_t kNobody = 65534;
-                  if (getuid() == 0 && setuid(kNobody) != 0) {
-                      return 2;
-                  }
-                  Set(CFSTR("a"), CFSTR("after"));
-                  return !Synchronize() && Has(CFSTR("a"), CFSTR("after")) ? 0 : 1;
-              }),
-              0);
-    EXPECT_EQ(FileText(Path()), theText);
-}
-
-TEST_F(PreferenceFiles, ADamagedFileThatCannotBeKeptAsideIsNeverWrittenOver)
+TEST_F(FilePreferenceStore, ADamagedFileThatCannotBeKeptAsideIsNeverWrittenOver)
 {
     WriteFile(Path(), "broken");
     chmod(Path().c_str(), 0666);
@@ -514,26 +398,4 @@ TEST_F(PreferenceFiles, ADamagedFileThatCannotBeKeptAsideIsNeverWrittenOver)
               Lines{"CFPreferences: " + Path() +
                     " is damaged (it holds no dictionary) and cannot be kept under another name"});
     EXPECT_EQ(FileText(Path()), "broken");
-}
-
-TEST_F(PreferenceFiles, AFullDiskMakesSynchronizingFailAndKeepsWhatWasThere)
-{
-    const std::string theText = FileWith("<dict><key>a</key><string>before</string></dict>");
-    WriteFile(Path(), theText);
-    EXPECT_EQ(RunInProcess([this] {
-                  // Files that may not grow stand for a disk that is full.
-                  std::signal(SIGXFSZ, SIG_IGN);
-                  rlimit theLimit = {};
-                  getrlimit(RLIMIT_FSIZE, &theLimit);
-                  const rlim_t theOldLimit = std::exchange(theLimit.rlim_cur, 4096);
-                  setrlimit(RLIMIT_FSIZE, &theLimit);
-                  Set(CFSTR("b"), String(std::string(100000, 'x')));
-                  const bool theHasFailed = !Synchronize() && !Has(CFSTR("b"), nullptr);
-                  const bool theIsKept = Has(CFSTR("a"), CFSTR("before")) && FileText(Path()).size() < 4096;
-                  theLimit.rlim_cur = theOldLimit;
-                  setrlimit(RLIMIT_FSIZE, &theLimit);
-                  return theHasFailed && theIsKept && NamesIn(mFolder).size() == 1 && Synchronize() ? 0 : 1;
-              }),
-              0);
-    EXPECT_EQ(CFDictionaryGetCount(FileValues()), 2);
 }
