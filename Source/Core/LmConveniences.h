@@ -45,8 +45,8 @@ inline LmString LmMakeString(const std::string& theText)
     return LmString(theText.c_str());
 }
 
-// The text of a string value as UTF-8. Empty for a value that holds a null string, and for any other value, which
-// prints the assertion "IsString()".
+// The text of a string value as UTF-8. Empty for a value that holds a null string, and for any other value,
+// which prints the assertion "IsString()".
 inline std::string LmGetStdString(const LmValue& theValue)
 {
     const CFStringRef theString = theValue.GetString();
@@ -62,8 +62,8 @@ inline std::string LmGetStdString(const LmValue& theValue)
     return theText;
 }
 
-// A string value of theText, which is UTF-8 and may have a NUL inside. A text that is not valid UTF-8 gives an
-// invalid value.
+// A string value of theText, which is UTF-8 and may have a NUL inside. A text that is not valid UTF-8 gives
+// an invalid value.
 inline LmValue LmMakeStringValue(const std::string& theText)
 {
     const CFStringRef theString =

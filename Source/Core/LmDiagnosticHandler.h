@@ -30,16 +30,15 @@
 // One diagnostic. All of it belongs to the library, and is good for the time of the call.
 struct LmDiagnostic
 {
-    const char* theFile; // the source file that reports, by its place in the project
-    int theLine;         // in theFile
-    const char*
-        theMessage; // the text of the condition that does not hold, "Error -50", or what else is wrong
+    const char* theFile;    // the source file that reports, by its place in the project
+    int theLine;            // in theFile
+    const char* theMessage; // the condition that does not hold, "Error -50", or what else is wrong
 };
 
 // Receives diagnostics. theUserData is what LmSetDiagnosticHandler was given.
 //
-// May do anything that may be done in the midst of any call of the library: nothing in it changes a key, begins
-// or ends an observation or destroys an object. Must not throw.
+// May do anything that may be done in the midst of any call of the library: nothing in it changes a key,
+// begins or ends an observation or destroys an object. Must not throw.
 using LmDiagnosticHandler = void (*)(const LmDiagnostic& theDiagnostic, void* theUserData);
 
 // From now on, hands every diagnostic to theHandler instead of printing it; null prints them again. There is
@@ -48,8 +47,9 @@ using LmDiagnosticHandler = void (*)(const LmDiagnostic& theDiagnostic, void* th
 // What theHandler itself gives cause for is printed, not handed on.
 LM_EXPORT void LmSetDiagnosticHandler(LmDiagnosticHandler theHandler, void* theUserData);
 
-// Reports what is wrong: prints "file, line n: message" on the standard error stream, or hands it to the handler.
-// Every diagnostic of the library comes by here, and an application may report its own in the same way.
+// Reports what is wrong: prints "file, line n: message" on the standard error stream, or hands it to the
+// handler. Every diagnostic of the library comes by here, and an application may report its own in the same
+// way.
 //
 // The message is what printf makes of theFormat and the arguments after it. Nothing is thrown: where there is
 // no memory for a very long message, the handler gets its beginning. Errors of the stream are ignored.

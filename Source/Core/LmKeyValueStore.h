@@ -30,8 +30,8 @@
 // These rules hold for every call:
 //
 // - One thread only, mostly the main thread. Everything happens before the call returns. The first call from
-//   another thread than the one that used the library first prints a diagnostic, once in a process, and is made
-//   all the same; nothing here is safe from that.
+//   another thread than the one that used the library first prints a diagnostic, once in a process, and is
+//   made all the same; nothing here is safe from that.
 // - A bad argument prints "file, line n: condition" on the standard error stream; the call then goes on with
 //   the argument as it is. An empty name and "*" are thus used as keys all the same.
 // - Nothing throws but a failed allocation, which passes through as std::bad_alloc. The call that it
@@ -121,14 +121,14 @@ public:
     // On purpose: a key without a key state is silent even to the observers of "*".
     //
     // Observers may set the same key again. A set that is nested in more than 1,000 others of the same key of
-    // the same store would hardly ever end: it is reported and changes nothing, and what is under way around it
-    // goes on to its end. Until then, no further set that is nested in one of its own key is made either, so
-    // that one which comes back on several ways ends too. Nothing else limits how deep changes are nested.
+    // the same store would hardly ever end: it is reported and changes nothing, and what is under way around
+    // it goes on to its end. Until then, no further set that is nested in one of its own key is made either,
+    // so that one which comes back on several ways ends too. Nothing else limits how deep changes are nested.
     //
     // Diagnostics: those of GetKeyPathValue and SetKeyValue, "HasKey(theKeyName)" when the new value is
-    // invalid, and "A set of %s.%s is nested in itself more than %d deep, and is not made". Cost: a constant number of look-ups, plus the observers' own work. Up to sixteen
-    // observers, a name of up to 15 bytes and a value without a block of its own need no memory from the
-    // heap.
+    // invalid, and "A set of %s.%s is nested in itself more than %d deep, and is not made". Cost: a constant
+    // number of look-ups, plus the observers' own work. Up to sixteen observers, a name of up to 15 bytes and
+    // a value without a block of its own need no memory from the heap.
     void SetKeyPathValue(const LmString& theKeyPath, const LmValue& theValue);
 
     // True for "*" and for a key whose current value is valid. Asks the virtual GetKeyValue.

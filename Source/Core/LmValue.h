@@ -64,9 +64,9 @@ public:
     // SInt32 and UInt32, which are not of the same types everywhere, shorter integers, characters and
     // enumerators. LmValue(0) is a number; a null pointer is LmValue(nullptr).
     //
-    // On purpose: a lone pointer of any type, a C string or a CFStringRef included, makes a kTypePointer value.
-    // A string value takes two arguments. The compiler warns of the two that are mostly meant otherwise;
-    // LmValue(static_cast<const void*>(thePointer)) says that the pointer is meant.
+    // On purpose: a lone pointer of any type, a C string or a CFStringRef included, makes a kTypePointer
+    // value. A string value takes two arguments. The compiler warns of the two that are mostly meant
+    // otherwise; LmValue(static_cast<const void*>(thePointer)) says that the pointer is meant.
     LmValue() noexcept
         : LmValue(kTypeInvalid, 0)
     {

@@ -1,7 +1,7 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// DiagnosticEnvironment [handled]: gives cause for two diagnostics, and says on the standard output that it has
-// come to its end. With an argument they go to a handler, which prints them on the standard output.
+// DiagnosticEnvironment [handled]: gives cause for two diagnostics, and says on the standard output that it
+// has come to its end. With an argument they go to a handler, which prints them on the standard output.
 
 #include "LmDiagnosticHandler.h"
 #include "LmValue.h"

@@ -69,8 +69,8 @@ private:
 
 // Where the value of a key is kept, while that key is being set. Both virtual steps of that, and most
 // observers, ask for the same value again, by a reference to the very string that the set works with; those
-// are answered from here. Also tells the set whether its store still lives, and whether it is nested in itself
-// too deep. Not part of the interface.
+// are answered from here. Also tells the set whether its store still lives, and whether it is nested in
+// itself too deep. Not part of the interface.
 //
 // A memo lives on the stack only; only the innermost one is asked.
 class [[nodiscard]] LmKeyMemo : private LmStackLink<LmKeyMemo>

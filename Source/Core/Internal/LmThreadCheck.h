@@ -6,7 +6,8 @@
 // Notices a call from another thread than the one that used the library first, and reports the first one in
 // the process. It changes nothing else: the library is for one thread. Not part of the interface.
 //
-// Stands where stores are made, set, observed and bound. A thread that has been seen costs three instructions.
+// Stands where stores are made, set, observed and bound. A thread that has been seen costs three
+// instructions.
 class LmThreadCheck
 {
 public:

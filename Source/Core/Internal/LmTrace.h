@@ -42,8 +42,8 @@ inline void LmTrace(const Write& theWrite)
 class [[nodiscard]] LmTraceIndent
 {
 public:
-    // The line is what theWrite makes of the arguments. They are handed on as they are, so that nothing is put
-    // together while tracing is off.
+    // The line is what theWrite makes of the arguments. They are handed on as they are, so that nothing is
+    // put together while tracing is off.
     template <typename... Parameters, typename... Arguments>
     explicit LmTraceIndent(void (*theWrite)(Parameters...), Arguments&&... theArguments)
     {

@@ -1,7 +1,7 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// EndingProgram <way>: a program that says what happens to it, for EndSignalsPosixTests.sh to end from outside. It
-// keeps a preference that it writes in a destructor. The ways:
+// EndingProgram <way>: a program that says what happens to it, for EndSignalsPosixTests.sh to end from
+// outside. It keeps a preference that it writes in a destructor. The ways:
 //
 //     quits     takes the quit command as programs do
 //     stays     takes the quit command and does not quit
