@@ -90,6 +90,8 @@ TEST(CFPropertyListOpenStepReader, BrokenTextsAreErrors)
         {R"("\Ud83d")", "a string has half of a surrogate pair"},
         {Repeated("(", 100000), "the nesting is too deep"},
         {Repeated("{a=", 100000), "the nesting is too deep"},
+        {Repeated("{a=", 510) + "{b;}" + Repeated(";}", 510), "(read)"},
+        {Repeated("{a=", 511) + "{b;}" + Repeated(";}", 511), "the nesting is too deep"},
         {Repeated("(", 511) + "a" + Repeated(")", 511), "(read)"},
         {Repeated("(", 512) + "a" + Repeated(")", 512), "the nesting is too deep"},
     };
