@@ -4,10 +4,12 @@
 
 Documentation/House.md lists the rooms of the project in a table: the folder, what it holds, and which other rooms its
 files include. `check` holds that table, and the picture beside it, against the sources, and names each line that says
-something else. `draw` writes the last column of the table and the picture anew; it needs Graphviz. Which includes are
-allowed is Scripts/CheckLayering.sh's affair.
+something else; and it holds every file, folder, `Class::Function` and single name that the page quotes against the
+project. `draw` writes the last column of the table and the picture anew; it needs Graphviz. Which includes are allowed
+is Scripts/CheckLayering.sh's affair.
 """
 
+import os
 import pathlib
 import re
 import subprocess
@@ -19,6 +21,10 @@ FLOORS = ("Source", "Platform", "Examples")
 SUFFIXES = {".h", ".cpp", ".c"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')
 ROW = re.compile(r"^\| `([^`]+)` \| ([^|]+) \|([^|]*)\|$")
+QUOTED = re.compile(r"`([^`]+)`")
+PATH = re.compile(r"[\w.+-]+(?:/[\w.+-]+)+|[\w+-]+\.(?:c|cpp|cmake|h|json|map|md|py|sh|svg|txt)")
+MEMBER = re.compile(r"(\w+)::(~?\w+|operator[^\w\s(]+)(?:\(.*\))?")
+NAME = re.compile(r"(\w+)(?:\(\))?")
 
 
 def listed_rooms(root):
@@ -96,6 +102,61 @@ def drawn_arrows(root):
     return {tuple(title.split("&#45;&gt;")) for title in re.findall(r"<title>([^<]*&#45;&gt;[^<]*)</title>", text)}
 
 
+def paths_of(root):
+    """Every file and folder of the project, as a path from its root."""
+    for folder, folders, files in os.walk(root):
+        here = pathlib.Path(folder).relative_to(root)
+        folders[:] = [name for name in folders if name[0] != "." and (here / name).as_posix() != "Build"]
+        yield from (here / name for name in folders + files)
+
+
+class Project:
+    """What the page can name: paths, members of classes, and names that occur in the code."""
+
+    def __init__(self, root):
+        found = sorted(paths_of(root))
+        # With a slash in front of each, so that whoever looks for the end of a path finds whole names.
+        self.paths = ["/" + path.as_posix() for path in found]
+        self.codes = [(root / path).read_text(encoding="utf-8") for path in found
+                      if path.suffix in SUFFIXES | {".cmake"} and (root / path).is_file()]
+        self.names = {name for code in self.codes for name in re.findall(r"\w+", code)}
+        self.names |= {path.name for path in found}
+
+    def has_path(self, path):
+        return any(other.endswith("/" + path) for other in self.paths)
+
+    def has_member(self, owner, member):
+        """Whether a source defines the member by its full name, or declares both the class and a function so called."""
+        full_name = re.compile(rf"\b{owner}::{re.escape(member)}\s*\(")
+        class_head = re.compile(rf"\b(?:class|struct)\b[^;:{{}}()]*\b{owner}\b(?: final)?\s*(?::[^;{{}}()]*)?\{{")
+        call = re.compile(rf"(?<!\w){re.escape(member)}\s*\(")
+        return any(full_name.search(code) or (class_head.search(code) and call.search(code)) for code in self.codes)
+
+    def lacks(self, text):
+        """What is wrong with a text that the page quotes, or None. Texts that are none of these say nothing."""
+        word = text.split()[0]
+        if PATH.fullmatch(word):
+            return None if self.has_path(word) else f"{word}, which is nowhere in the project"
+        member = MEMBER.fullmatch(text)
+        if member:
+            return None if self.has_member(member[1], member[2]) else f"{text}, which no source has"
+        name = NAME.fullmatch(text)
+        if name and name[1] not in self.names:
+            return f"{text}, which no source has"
+        return None
+
+
+def wrong_names(root):
+    """The names on the page that the project does not have."""
+    project = Project(root)
+    page = (root / PAGE).read_text(encoding="utf-8")
+    for quoted in QUOTED.finditer(page):
+        lack = project.lacks(quoted[1])
+        if lack:
+            line = page.count("\n", 0, quoted.start()) + 1
+            yield f"{PAGE}:{line} names {lack}"
+
+
 def findings(root):
     rooms = listed_rooms(root)
     if not rooms:
@@ -118,6 +179,7 @@ def findings(root):
     for room, other in sorted(set(found) ^ drawn):
         state = "does not show" if (room, other) in found else "still shows"
         yield f"{PICTURE} {state} that {room} includes {other}; Scripts/House.py draw makes it anew"
+    yield from wrong_names(root)
 
 
 def goes_round(arrow, found):

@@ -6,7 +6,7 @@
 set -u
 kCheck=$1/Scripts/House.py
 gTree=$(mktemp -d)
-trap 'rm -rf "$gTree"' EXIT
+trap 'rm -rf "$gTree" "$gTree.named"' EXIT
 gFailures=0
 
 # fresh_tree: a small project whose page says what its sources do.
@@ -62,6 +62,52 @@ finds "Platform/Nibs/Reader.cpp lies in no room of Documentation/House.md"
 fresh_tree
 echo '| `Source/Inspection` | a journal | |' >>"$gTree/Documentation/House.md"
 finds "Documentation/House.md lists Source/Inspection, where no source is"
+
+# says <text>: the page says that too, in a line of its own.
+says()
+{
+    printf '%s\n' "$1" >>"$gTree/Documentation/House.md"
+}
+
+# What the page names is there, however it names it.
+fresh_tree
+mkdir -p "$gTree/CMake" "$gTree/Build/Core"
+: >"$gTree/Build/Core/LmBuilt.h"
+echo 'function(lm_add_room)' >"$gTree/CMake/LmRooms.cmake"
+printf '%s\n' 'class LmThing : public LmStore' '{' '    bool operator==(int) const;' '    int Inline() { return 1; }' \
+    '};' >>"$gTree/Source/Core/LmThing.h"
+printf '%s\n' 'void LmThing::Move()' '{' '    LmLost::Found;' '}' >>"$gTree/Source/Core/LmThing.cpp"
+cp -r "$gTree" "$gTree.named"
+says '`LmThing.cpp`, `Core/Internal/LmIndex.h`, `Source/Core/Internal`, `Internal`, `Documentation/House.md check`'
+says '`LmThing::Move`, `LmThing::Move()`, `LmThing::operator==`, `LmThing::Inline`, `Inline()`'
+says '`lm_add_room`, `a->b("c",'
+says '1)`, `LM_THING=memory`'
+if ! python3 "$kCheck" check "$gTree"; then
+    echo "Names that the project has were not accepted."
+    gFailures=$((gFailures + 1))
+fi
+
+# names <text> <complaint>: the page names that, and the check complains.
+names()
+{
+    rm -rf "${gTree:?}"/*
+    cp -r "$gTree.named"/* "$gTree"
+    says "\`$1\`"
+    finds "Documentation/House.md:6 names $2"
+}
+
+names 'Thing.cpp' 'Thing.cpp, which is nowhere in the project'
+names 'Internal/LmThing.cpp' 'Internal/LmThing.cpp, which is nowhere in the project'
+names 'Source/Transforms' 'Source/Transforms, which is nowhere in the project'
+names 'Scripts/Draw.py house' 'Scripts/Draw.py, which is nowhere in the project'
+names 'LmBuilt.h' 'LmBuilt.h, which is nowhere in the project'
+names 'LmThing::Stay' 'LmThing::Stay, which no source has'
+names 'LmThing::Mov' 'LmThing::Mov, which no source has'
+names 'LmThing::operator!=' 'LmThing::operator!=, which no source has'
+names 'LmStore::Inline' 'LmStore::Inline, which no source has'
+names 'LmLost::Found' 'LmLost::Found, which no source has'
+names 'LmThin' 'LmThin, which no source has'
+names 'Stay()' 'Stay(), which no source has'
 
 fresh_tree
 : >"$gTree/Documentation/House.md"
