@@ -102,6 +102,14 @@ TEST_P(PresenterContract, MeasuresEmptyTextAsALineWithoutWidth)
     EXPECT_GT(theSize.theHeight, 0);
 }
 
+TEST_P(PresenterContract, KeepsWhatIsPutOnTheClipboard)
+{
+    mPresenter->SetClipboardText("Küche\nBad");
+    EXPECT_EQ(mPresenter->ClipboardText(), "Küche\nBad");
+    mPresenter->SetClipboardText("");
+    EXPECT_EQ(mPresenter->ClipboardText(), "");
+}
+
 TEST_P(PresenterContract, ReportsNothingWhileItIsTold)
 {
     mPresenter->WindowLooks(ActiveWindow(1));

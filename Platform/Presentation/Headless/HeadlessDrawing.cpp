@@ -140,11 +140,27 @@ std::string DrawProgress(const ControlLook& theLook)
            std::to_string(CellsBefore(theLook, 100)) + " %";
 }
 
+// Filled with blanks up to theWidth, before or behind or both; longer texts stay as they are.
+std::string Aligned(const std::string& theText, TextAlignment theAlignment, size_t theWidth)
+{
+    const size_t theRoom = theWidth - std::min(theWidth, CountCells(theText));
+    const size_t theBefore = theAlignment == TextAlignment::kRight    ? theRoom
+                             : theAlignment == TextAlignment::kCentre ? theRoom / 2
+                                                                      : 0;
+    return std::string(theBefore, ' ') + theText + std::string(theRoom - theBefore, ' ');
+}
+
+// As wide as a field with its edges.
+std::string DrawStaticText(const ControlLook& theLook)
+{
+    return Aligned(Quoted(theLook.theText), theLook.theAlignment, kFieldLength + 2);
+}
+
 std::string DrawField(const ControlLook& theLook)
 {
     const std::string theText =
         theLook.theIsPassword ? Repeated("•", CountCells(theLook.theText)) : OneLine(theLook.theText);
-    return "[" + Padded(theText, kFieldLength) + "]";
+    return "[" + Aligned(theText, theLook.theAlignment, kFieldLength) + "]";
 }
 
 // U+2713 for the check mark, whatever else as it is.
@@ -217,7 +233,7 @@ std::string DrawControl(const ControlLook& theLook)
     case ControlShape::kLittleArrows:
         return "▴▾ " + Range(theLook);
     case ControlShape::kStaticText:
-        return Quoted(theLook.theText);
+        return DrawStaticText(theLook);
     case ControlShape::kEditText:
         return DrawField(theLook);
     case ControlShape::kPopUpButton:

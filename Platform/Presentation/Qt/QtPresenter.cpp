@@ -12,6 +12,7 @@
 
 #include <Presentation/PresenterEvents.h>
 #include <QApplication>
+#include <QClipboard>
 #include <QElapsedTimer>
 #include <QFontMetrics>
 #include <QScreen>
@@ -133,6 +134,20 @@ std::vector<ScreenLook> QtPresenter::Screens() const
             {ToPixelRect(theScreen->geometry()), ToPixelRect(theScreen->availableGeometry())});
     }
     return theScreens;
+}
+
+std::string QtPresenter::ClipboardText() const
+{
+    return IsRunning() ? QGuiApplication::clipboard()->text().toStdString() : Presenter::ClipboardText();
+}
+
+void QtPresenter::SetClipboardText(const std::string& theText)
+{
+    if (IsRunning()) {
+        QGuiApplication::clipboard()->setText(QString::fromStdString(theText));
+    } else {
+        Presenter::SetClipboardText(theText);
+    }
 }
 
 PixelSize QtPresenter::MeasureText(const std::string& theText, TextStyle theStyle) const

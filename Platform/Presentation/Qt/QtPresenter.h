@@ -42,6 +42,8 @@ public:
     void Stop() override;
     std::vector<ScreenLook> Screens() const override;
     PixelSize MeasureText(const std::string& theText, TextStyle theStyle) const override;
+    std::string ClipboardText() const override;
+    void SetClipboardText(const std::string& theText) override;
     void WindowLooks(const WindowLook& theLook) override;
     void WindowGone(ObjectId theWindow) override;
     void ControlLooks(const ControlLook& theLook) override;

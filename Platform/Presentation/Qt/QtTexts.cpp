@@ -4,6 +4,7 @@
 
 #include <QSignalBlocker>
 #include <QTextCursor>
+#include <QTextOption>
 
 #include <algorithm>
 
@@ -20,6 +21,13 @@ constexpr int kFewestLines = 2;
 // Programs of the platform end lines with a return, Qt with a line feed.
 constexpr QLatin1Char kReturn('\r');
 constexpr QLatin1Char kLineFeed('\n');
+
+Qt::AlignmentFlag AlignmentOf(const ControlLook& theLook)
+{
+    return theLook.theAlignment == TextAlignment::kRight    ? Qt::AlignRight
+           : theLook.theAlignment == TextAlignment::kCentre ? Qt::AlignHCenter
+                                                            : Qt::AlignLeft;
+}
 
 } // namespace
 
@@ -39,7 +47,7 @@ void QtStaticText::ShowState(const ControlLook& theLook)
     const int theHeight = ToQRect(theLook.theBounds).height();
     const bool theIsTall = theHeight >= kFewestLines * mLabel.fontMetrics().lineSpacing();
     mLabel.setWordWrap(theIsTall);
-    mLabel.setAlignment(Qt::AlignLeft | (theIsTall ? Qt::AlignTop : Qt::AlignVCenter));
+    mLabel.setAlignment(AlignmentOf(theLook) | (theIsTall ? Qt::AlignTop : Qt::AlignVCenter));
     mLabel.setText(QString::fromStdString(theLook.theText));
 }
 
@@ -124,6 +132,7 @@ void QtField::ShowState(const ControlLook& theLook)
 {
     mEdit.setEchoMode(theLook.theIsPassword ? QLineEdit::Password : QLineEdit::Normal);
     mEdit.setReadOnly(theLook.theIsLocked);
+    mEdit.setAlignment(AlignmentOf(theLook) | Qt::AlignVCenter);
     QtEditText::ShowState(theLook);
 }
 
@@ -174,7 +183,18 @@ QtTextArea::QtTextArea(const ControlLook& theLook, QtInput& theInput, QWidget& t
 void QtTextArea::ShowState(const ControlLook& theLook)
 {
     mEdit.setReadOnly(theLook.theIsLocked);
+    ShowAlignment(AlignmentOf(theLook));
     QtEditText::ShowState(theLook);
+}
+
+// Setting it makes the text be laid out anew.
+void QtTextArea::ShowAlignment(Qt::Alignment theAlignment)
+{
+    QTextOption theOption = mEdit.document()->defaultTextOption();
+    if (theOption.alignment() != theAlignment) {
+        theOption.setAlignment(theAlignment);
+        mEdit.document()->setDefaultTextOption(theOption);
+    }
 }
 
 QRect QtTextArea::PlaceFor(const QRect& theBounds) const

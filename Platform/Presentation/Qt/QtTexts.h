@@ -88,6 +88,8 @@ protected:
     void Insert(const QString& theText) override;
 
 private:
+    void ShowAlignment(Qt::Alignment theAlignment);
+
     QPlainTextEdit& mEdit;
 };
 

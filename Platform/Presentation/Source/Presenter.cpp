@@ -2,6 +2,8 @@
 
 #include <Presentation/Presenter.h>
 
+#include "Common/NeverDestroyed.h"
+
 #include <Presentation/PresentedProgram.h>
 #include <Presentation/PresenterEvents.h>
 
@@ -10,6 +12,12 @@ namespace Host {
 namespace {
 
 constexpr int kMenuBarHeight = 22;
+
+std::string& OwnClipboard()
+{
+    static NeverDestroyed<std::string> sText;
+    return sText.Get();
+}
 
 // Bytes of the form 10xxxxxx continue a code point.
 int CountCodePoints(const std::string& theText)
@@ -85,6 +93,16 @@ void Presenter::FocusIsAt(ObjectId, ObjectId) {}
 MenuChoice Presenter::RunPopUp(const PopUpLook&)
 {
     return {};
+}
+
+std::string Presenter::ClipboardText() const
+{
+    return OwnClipboard();
+}
+
+void Presenter::SetClipboardText(const std::string& theText)
+{
+    OwnClipboard() = theText;
 }
 
 bool Presenter::WaitUntil(double, double)

@@ -101,6 +101,25 @@ TEST_F(Looks, EveryChangeOfAControlIsShown)
     EXPECT_EQ(Look(theSlider).theNumber, 7);
 }
 
+TEST_F(Looks, JustificationIsShown)
+{
+    ControlRef theControl = NewStaticText("21");
+    ControlFontStyleRec theStyle = {};
+    theStyle.just = teFlushRight;
+    SetControlFontStyle(theControl, &theStyle);
+    EXPECT_EQ(Look(theControl).theAlignment,
+              Host::TextAlignment::kLeft); // the flags say that it means nothing
+    theStyle.flags = kControlUseJustMask;
+    SetControlFontStyle(theControl, &theStyle);
+    EXPECT_EQ(Look(theControl).theAlignment, Host::TextAlignment::kRight);
+    theStyle.just = teCenter;
+    SetControlFontStyle(theControl, &theStyle);
+    EXPECT_EQ(Look(theControl).theAlignment, Host::TextAlignment::kCentre);
+    ControlRef theField = NewEditText("22");
+    SetControlFontStyle(theField, &theStyle);
+    EXPECT_EQ(Look(theField).theAlignment, Host::TextAlignment::kCentre);
+}
+
 TEST_F(Looks, AHandlerFindsTheNewLookOnTheScreen)
 {
     ControlRef theSlider = NewSlider(5, 0, 10);

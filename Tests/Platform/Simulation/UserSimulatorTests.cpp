@@ -241,6 +241,23 @@ TEST_F(UserSimulator, TypesWhatNoKeyTypes)
     EXPECT_EQ(TextOf(mProgram.mField), "Küche ж𝄞");
 }
 
+TEST_F(UserSimulator, SelectsAllCutsCopiesAndPastes)
+{
+    FocusField();
+    mUser.TypeText("abc");
+    ExpectDone(mUser.PressKey(kVK_ANSI_A, cmdKey));
+    ExpectDone(mUser.PressKey(kVK_ANSI_C, cmdKey));
+    EXPECT_EQ(TextOf(mProgram.mField), "abc");
+    mUser.PressKey(kVK_End);
+    ExpectDone(mUser.PressKey(kVK_ANSI_V, cmdKey));
+    EXPECT_EQ(TextOf(mProgram.mField), "abcabc");
+    mUser.PressKey(kVK_ANSI_A, cmdKey);
+    ExpectDone(mUser.PressKey(kVK_ANSI_X, cmdKey));
+    EXPECT_EQ(TextOf(mProgram.mField), "");
+    mUser.PressKey(kVK_ANSI_V, cmdKey);
+    EXPECT_EQ(TextOf(mProgram.mField), "abcabc");
+}
+
 TEST_F(UserSimulator, EveryCharacterIsAKeyDownAndAKeyUp)
 {
     FocusField();

@@ -20,6 +20,13 @@ struct PictureRow
     const char* thePicture;
 };
 
+ControlLook Aligned(ControlShape theShape, const char* theText, Host::TextAlignment theAlignment)
+{
+    ControlLook theLook = Texted(theShape, theText);
+    theLook.theAlignment = theAlignment;
+    return theLook;
+}
+
 class HeadlessDrawing : public testing::TestWithParam<PictureRow>
 {
 };
@@ -76,6 +83,12 @@ INSTANTIATE_TEST_SUITE_P(
                                "[Küche           ]                        edit text"},
                     PictureRow{Texted(ControlShape::kEditText, "Küche", true),
                                "[•••••           ]                        edit text"},
+                    PictureRow{Aligned(ControlShape::kEditText, "Küche", Host::TextAlignment::kRight),
+                               "[           Küche]                        edit text"},
+                    PictureRow{Aligned(ControlShape::kEditText, "Küche", Host::TextAlignment::kCentre),
+                               "[     Küche      ]                        edit text"},
+                    PictureRow{Aligned(ControlShape::kStaticText, "21 °C", Host::TextAlignment::kRight),
+                               "           \"21 °C\"                        static text"},
                     PictureRow{Titled(ControlShape::kGroupBox, "More"),
                                "More                                      group box"},
                     PictureRow{Titled(ControlShape::kPopUpButton, "Celsius"),

@@ -100,6 +100,19 @@ enum
     kControlAddToMetaFontMask = 0x0200
 };
 
+// Values of just, under each of their names.
+enum
+{
+    teFlushDefault = 0, // left
+    teCenter = 1,
+    teFlushRight = -1,
+    teFlushLeft = -2,
+    teJustLeft = teFlushDefault,
+    teJustCenter = teCenter,
+    teJustRight = teFlushRight,
+    teForceLeft = teFlushLeft
+};
+
 enum
 {
     kControlFontBigSystemFont = -1,

@@ -342,6 +342,11 @@ OSStatus Control::PressKey(const KeyPress&)
     return eventNotHandledErr;
 }
 
+OSStatus Control::PressCommandKey(char)
+{
+    return eventNotHandledErr;
+}
+
 ControlPartCode Control::FocusPart(bool) const
 {
     return kControlFocusNoPart;

@@ -145,6 +145,10 @@ public:
     // A key that arrived at this control while it had the focus; eventNotHandledErr lets the window have it.
     virtual OSStatus PressKey(const KeyPress& theKey);
 
+    // A letter with the command key alone, which no menu and no handler has taken: a, x, c and v select all,
+    // cut, copy and paste.
+    virtual OSStatus PressCommandKey(char theCharacter);
+
     // The part that gets the focus; kControlFocusNoPart when the control takes none. theEverything: full
     // keyboard access is on.
     virtual ControlPartCode FocusPart(bool theEverything) const;

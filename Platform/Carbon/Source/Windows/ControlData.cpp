@@ -204,6 +204,7 @@ OSErr SetControlFontStyle(ControlRef inControl, const ControlFontStyleRec* inSty
         return paramErr;
     }
     theFound->mStyle = *inStyle;
+    theFound->Show();
     return noErr;
 }
 

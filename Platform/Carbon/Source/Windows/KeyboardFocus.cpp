@@ -227,6 +227,36 @@ bool IsKey(EventRef theEvent)
            GetEventKind(theEvent) == kEventTextInputUnicodeForKeyEvent;
 }
 
+// Keys with the command key never become text input; they are taken from the key event itself.
+bool IsCommandKey(EventRef theEvent, UInt32* theModifiers)
+{
+    ReadParameter(theEvent, kEventParamKeyModifiers, typeUInt32, theModifiers);
+    return GetEventClass(theEvent) == kEventClassKeyboard && GetEventKind(theEvent) == kEventRawKeyDown &&
+           (*theModifiers & cmdKey) != 0;
+}
+
+bool IsCommandPeriod(EventRef theEvent)
+{
+    UInt32 theCode = kNoKey;
+    UInt32 theModifiers = 0;
+    ReadParameter(theEvent, kEventParamKeyCode, typeUInt32, &theCode);
+    return IsCommandKey(theEvent, &theModifiers) && theCode == kVK_ANSI_Period;
+}
+
+const char kNoLetter = '\0';
+
+// The letter of a key that is pressed with the command key and no other; kNoLetter for other events.
+char CommandLetter(EventRef theEvent)
+{
+    UInt32 theModifiers = 0;
+    if (!IsCommandKey(theEvent, &theModifiers) || (theModifiers & ~UInt32{alphaLock}) != cmdKey) {
+        return kNoLetter;
+    }
+    char theLetter = kNoLetter;
+    ReadParameter(theEvent, kEventParamKeyMacCharCodes, typeChar, &theLetter);
+    return theLetter >= 'A' && theLetter <= 'Z' ? static_cast<char>(theLetter - 'A' + 'a') : theLetter;
+}
+
 OSStatus PressButton(const std::weak_ptr<Control>& theButton, UInt32 theModifiers)
 {
     const SharedControl theControl = theButton.lock();
@@ -251,25 +281,14 @@ OSStatus PressKeyInControl(Control& theControl, EventRef theEvent)
     return theHasFocus ? theControl.PressKey(KeyOf(theEvent)) : OSStatus{eventNotHandledErr};
 }
 
-namespace {
-
-// Keys with the command key never become text input; this one is taken from the key event itself.
-bool IsCommandPeriod(EventRef theEvent)
-{
-    UInt32 theCode = kNoKey;
-    UInt32 theModifiers = 0;
-    ReadParameter(theEvent, kEventParamKeyCode, typeUInt32, &theCode);
-    ReadParameter(theEvent, kEventParamKeyModifiers, typeUInt32, &theModifiers);
-    return GetEventClass(theEvent) == kEventClassKeyboard && GetEventKind(theEvent) == kEventRawKeyDown &&
-           theCode == kVK_ANSI_Period && (theModifiers & cmdKey) != 0;
-}
-
-} // namespace
-
 OSStatus PressKeyInWindow(const SharedWindow& theWindow, EventRef theEvent)
 {
     if (theWindow->Has(kWindowStandardHandlerAttribute) && IsCommandPeriod(theEvent)) {
         return PressButton(theWindow->mCancelButton, cmdKey);
+    }
+    if (const char theLetter = CommandLetter(theEvent); theLetter != kNoLetter) {
+        const SharedControl theFocus = FocusedControl(*theWindow);
+        return theFocus == nullptr ? OSStatus{eventNotHandledErr} : theFocus->PressCommandKey(theLetter);
     }
     if (!IsKey(theEvent) || !theWindow->Has(kWindowStandardHandlerAttribute)) {
         return eventNotHandledErr;

@@ -88,6 +88,13 @@ public:
     // Shows a menu by itself and returns when the person has chosen. The default chooses nothing.
     virtual MenuChoice RunPopUp(const PopUpLook& theLook);
 
+    // The clipboard ------------------------------------------------------------------------------------
+
+    // What was cut or copied last, and what is from now on; lines end with a line feed. The default keeps it
+    // for this program, whichever presenter is in use.
+    virtual std::string ClipboardText() const;
+    virtual void SetClipboardText(const std::string& theText);
+
     // Waiting ------------------------------------------------------------------------------------------
 
     // Called by the event loop when it has nothing to do. Reports what the person did meanwhile through

@@ -162,6 +162,13 @@ enum class ControlShape
     kPane, // the root of a window, and panes that a program fills itself
 };
 
+enum class TextAlignment
+{
+    kLeft,
+    kCentre,
+    kRight,
+};
+
 struct ControlLook
 {
     ObjectId theId = kNoObject;
@@ -173,7 +180,8 @@ struct ControlLook
     std::int32_t theNumber = 0;
     std::string theTitle;
     std::string theText; // what a text control shows; of a password field, the real text
-    PixelRect theBounds; // in the window's content, whatever the parent
+    TextAlignment theAlignment = TextAlignment::kLeft; // of theText
+    PixelRect theBounds;                               // in the window's content, whatever the parent
     std::int32_t theValue = 0;
     std::int32_t theMinimum = 0;
     std::int32_t theMaximum = 0;

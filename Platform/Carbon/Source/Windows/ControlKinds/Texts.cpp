@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <Presentation/PresenterRegistry.h>
 
 namespace Host {
 
@@ -36,6 +37,16 @@ SInt16 Position(size_t thePosition)
     return static_cast<SInt16>(std::min<size_t>(thePosition, INT16_MAX));
 }
 
+TextAlignment AlignmentOf(const ControlFontStyleRec& theStyle)
+{
+    if ((theStyle.flags & kControlUseJustMask) == 0) {
+        return TextAlignment::kLeft;
+    }
+    return theStyle.just == teCenter       ? TextAlignment::kCentre
+           : theStyle.just == teFlushRight ? TextAlignment::kRight
+                                           : TextAlignment::kLeft;
+}
+
 } // namespace
 
 // Static texts -------------------------------------------------------------------------------------------
@@ -60,6 +71,7 @@ void StaticText::AddToLook(ControlLook& theLook) const
 {
     theLook.theShape = ControlShape::kStaticText;
     theLook.theText = Utf8Of(mText);
+    theLook.theAlignment = AlignmentOf(mStyle);
     theLook.theIsMultiline = mIsMultiline;
 }
 
@@ -264,6 +276,60 @@ OSStatus EditText::PressKey(const KeyPress& theKey)
     return noErr;
 }
 
+// The clipboard has lines that end with a line feed, texts of the platform with a return.
+void EditText::Copy() const
+{
+    Text theSelected = mText.substr(mStart, mEnd - mStart);
+    if (mIsPassword || theSelected.empty()) {
+        return;
+    }
+    std::replace(theSelected.begin(), theSelected.end(), u'\r', u'\n');
+    PresenterRegistry::Current().SetClipboardText(Utf8Of(theSelected));
+}
+
+void EditText::Paste()
+{
+    Text theText;
+    for (const char16_t theUnit : TextOfUtf8(PresenterRegistry::Current().ClipboardText())) {
+        if (IsTyped(theUnit)) {
+            theText += theUnit;
+        } else if (theUnit == u'\n' || theUnit == u'\r' || theUnit == u'\t') {
+            theText += mIsSingleLine || theUnit == u'\t' ? u' ' : u'\r';
+        }
+    }
+    if (!theText.empty()) {
+        Edit(mStart, mEnd, theText);
+    }
+}
+
+OSStatus EditText::PressCommandKey(char theCharacter)
+{
+    const bool theIsChange = theCharacter == 'x' || theCharacter == 'v';
+    if (!CanBePressed() || (theIsChange && mIsLocked)) {
+        return eventNotHandledErr;
+    }
+    switch (theCharacter) {
+    case 'a':
+        Select(0, mText.size());
+        Show();
+        return noErr;
+    case 'c':
+        Copy();
+        return noErr;
+    case 'x':
+        Copy();
+        if (!mIsPassword) {
+            Edit(mStart, mEnd, Text());
+        }
+        return noErr;
+    case 'v':
+        Paste();
+        return noErr;
+    default:
+        return eventNotHandledErr;
+    }
+}
+
 // Data ---------------------------------------------------------------------------------------------------
 
 namespace {
@@ -333,6 +399,7 @@ void EditText::AddToLook(ControlLook& theLook) const
 {
     theLook.theShape = ControlShape::kEditText;
     theLook.theText = Utf8Of(mText);
+    theLook.theAlignment = AlignmentOf(mStyle);
     theLook.theSelectionStart = static_cast<int>(std::min<size_t>(mStart, INT32_MAX));
     theLook.theSelectionEnd = static_cast<int>(std::min<size_t>(mEnd, INT32_MAX));
     theLook.theIsPassword = mIsPassword;

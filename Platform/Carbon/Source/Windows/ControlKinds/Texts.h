@@ -48,6 +48,7 @@ public:
 
     ControlPartCode PartAt(Point thePoint) const override;
     OSStatus PressKey(const KeyPress& theKey) override;
+    OSStatus PressCommandKey(char theCharacter) override;
     ControlPartCode FocusPart(bool theEverything) const override;
     void FocusMoved(bool theHasFocus) override;
     const ControlDataTag* FindTag(ResType theTag) const override;
@@ -60,6 +61,8 @@ private:
     bool AskBeforeEdit(size_t theStart, size_t theEnd, Text* theText);
     OSStatus MoveSelection(const KeyPress& theKey);
     OSStatus DeleteByKey(bool theForward);
+    void Copy() const;
+    void Paste();
     size_t Before(size_t thePosition) const;
     size_t After(size_t thePosition) const;
 

@@ -16,6 +16,16 @@ protected:
         return Host::PresenterRegistry::Events().TextEdited(
             {Host::IdentifierOf(theField), theText, theStart, theEnd});
     }
+
+    // A letter with the command key. Whether somebody took it.
+    static bool Command(UInt32 theKey, const char* theLetter)
+    {
+        Host::PresenterEvents& theGate = Host::PresenterRegistry::Events();
+        theGate.KeyPressed({theKey, theLetter, Host::kCommandModifier});
+        const bool theIsTaken = theGate.WasTaken();
+        theGate.KeyReleased({theKey, theLetter, Host::kCommandModifier});
+        return theIsTaken;
+    }
 };
 
 const std::vector<EventTypeSpec> kTextEvents = {{kEventClassTextField, kEventTextAccepted},
@@ -280,6 +290,71 @@ TEST_F(Texts, TypingReplacesTheSelectionAndTellsBeforeAndAfter)
     EXPECT_EQ(TakeLog(), (Log{"field: TextShouldChangeInRange", "field: TextDidChange"}));
 }
 
+TEST_F(Texts, WhatIsCutOrCopiedIsPastedIntoAnotherField)
+{
+    ControlRef theField = NewEditText("hello");
+    SetFocus(theField);
+    EXPECT_TRUE(Command(kVK_ANSI_A, "a"));
+    EXPECT_EQ(Selection(theField), "0-5");
+    Watch(theField, "field", kTextEvents);
+    EXPECT_TRUE(Command(kVK_ANSI_C, "c"));
+    EXPECT_EQ(TakeLog(), Log{});
+    EXPECT_TRUE(Command(kVK_ANSI_X, "x"));
+    EXPECT_EQ(TakeLog(), (Log{"field: TextShouldChangeInRange", "field: TextDidChange"}));
+    EXPECT_EQ(TextIn(theField), "");
+    ControlRef theOther = NewEditText("say ");
+    SetFocus(theOther);
+    EXPECT_TRUE(Command(kVK_ANSI_V, "V")); // with caps lock
+    EXPECT_EQ(TextIn(theOther), "say hello");
+}
+
+TEST_F(Texts, APasswordIsNeitherCutNorCopied)
+{
+    Host::PresenterRegistry::Current().SetClipboardText("before");
+    const Rect theBounds = MakeRect(10, 10, 100, 26);
+    ControlRef theField = nullptr;
+    CreateEditUnicodeTextControl(mWindow, &theBounds, CFSTR("secret"), true, nullptr, &theField);
+    SetFocus(theField);
+    Command(kVK_ANSI_A, "a");
+    Command(kVK_ANSI_C, "c");
+    Command(kVK_ANSI_X, "x");
+    EXPECT_EQ(Host::PresenterRegistry::Current().ClipboardText(), "before");
+    EXPECT_EQ(TextIn(theField), "secret");
+    Command(kVK_ANSI_V, "v");
+    EXPECT_EQ(TextIn(theField), "before");
+}
+
+TEST_F(Texts, ALockedTextIsCopiedOnly)
+{
+    ControlRef theField = NewEditText("fixed");
+    const Boolean theIsLocked = true;
+    SetControlData(theField, 0, kControlEditTextLockedTag, sizeof theIsLocked, &theIsLocked);
+    SetFocus(theField);
+    EXPECT_TRUE(Command(kVK_ANSI_A, "a"));
+    EXPECT_TRUE(Command(kVK_ANSI_C, "c"));
+    EXPECT_EQ(Host::PresenterRegistry::Current().ClipboardText(), "fixed");
+    EXPECT_FALSE(Command(kVK_ANSI_X, "x"));
+    EXPECT_FALSE(Command(kVK_ANSI_V, "v"));
+    EXPECT_EQ(TextIn(theField), "fixed");
+    EXPECT_FALSE(Command(kVK_ANSI_K, "k"));
+}
+
+TEST_F(Texts, LinesOnTheClipboardEndWithALineFeed)
+{
+    ControlRef theField = NewEditText("");
+    SetFocus(theField);
+    Host::PresenterRegistry::Current().SetClipboardText("one\ntwo\a");
+    Command(kVK_ANSI_V, "v");
+    EXPECT_EQ(TextIn(theField), "one\rtwo");
+    Command(kVK_ANSI_A, "a");
+    Command(kVK_ANSI_C, "c");
+    EXPECT_EQ(Host::PresenterRegistry::Current().ClipboardText(), "one\ntwo");
+    const Boolean theIsSingle = true;
+    SetControlData(theField, 0, kControlEditTextSingleLineTag, sizeof theIsSingle, &theIsSingle);
+    Command(kVK_ANSI_V, "v");
+    EXPECT_EQ(TextIn(theField), "one two");
+}
+
 TEST_F(Texts, TheOlderEditTextTypesInSilence)
 {
     const Rect theBounds = MakeRect(10, 10, 100, 26);
@@ -396,7 +471,7 @@ const EditRow kEditRows[] = {
     {"ForwardDeleteAtTheEnd", kVK_ForwardDelete, "\x7F", 0, 5, 5, "hello", "5-5"},
     {"ForwardDeleteASelection", kVK_ForwardDelete, "\x7F", 0, 0, 5, "", "0-0"},
     {"ALetter", kVK_ANSI_A, "a", 0, 5, 5, "helloa", "6-6"},
-    {"ACommandKey", kVK_ANSI_A, "a", cmdKey, 5, 5, "hello", "5-5"},
+    {"ACommandKey", kVK_ANSI_K, "k", cmdKey, 5, 5, "hello", "5-5"},
     {"AControlCharacter", kVK_F1, "\x10", 0, 5, 5, "hello", "5-5"},
     {"Escape", kVK_Escape, "\x1B", 0, 5, 5, "hello", "5-5"},
 };
