@@ -1,13 +1,11 @@
 # What `cmake --install` puts in place: the headers, the shared libraries, the CMake package, the pkg-config
-# file, the documentation, the licence and the examples.
+# file, the documentation, the licence and the examples. The components are the packages that LmPackages.cmake
+# makes of them; without a component named, all is installed.
 include(CMakePackageConfigHelpers)
 
 set(LM_INSTALLED_LIBRARIES LmBindings)
 if(NOT APPLE)
   list(APPEND LM_INSTALLED_LIBRARIES LmCarbon LmCoreFoundation)
-  if(TARGET LmCarbonDesktop)
-    list(APPEND LM_INSTALLED_LIBRARIES LmCarbonDesktop)
-  endif()
 else()
   list(APPEND LM_INSTALLED_LIBRARIES LmSystemCarbon LmSystemCoreFoundation)
 endif()
@@ -21,20 +19,32 @@ endif()
 
 install(TARGETS ${LM_INSTALLED_LIBRARIES}
   EXPORT LmBindingsTargets
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
-  PUBLIC_HEADER DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/LmBindings)
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Libraries NAMELINK_COMPONENT Development
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Development
+  PUBLIC_HEADER DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/LmBindings COMPONENT Development)
+# The desktop's library need not be installed where the others are.
+if(TARGET LmCarbonDesktop)
+  set_target_properties(LmCarbonDesktop PROPERTIES INSTALL_RPATH "$ORIGIN")
+  install(TARGETS LmCarbonDesktop
+    EXPORT LmBindingsDesktopTargets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Desktop NAMELINK_COMPONENT DesktopDevelopment)
+endif()
 
 if(NOT APPLE)
   foreach(theFolder CoreFoundation CoreGraphics Carbon Presentation Simulation)
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/Platform/${theFolder}/Include/"
       DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/LmPlatform
+      COMPONENT Development
       FILES_MATCHING PATTERN "*.h")
   endforeach()
 endif()
 
 set(LM_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/LmBindings)
-install(EXPORT LmBindingsTargets NAMESPACE Lm:: DESTINATION ${LM_PACKAGE_DIR})
+install(EXPORT LmBindingsTargets NAMESPACE Lm:: DESTINATION ${LM_PACKAGE_DIR} COMPONENT Development)
+if(TARGET LmCarbonDesktop)
+  install(EXPORT LmBindingsDesktopTargets
+    NAMESPACE Lm:: DESTINATION ${LM_PACKAGE_DIR} COMPONENT DesktopDevelopment)
+endif()
 configure_package_config_file(
   "${CMAKE_CURRENT_LIST_DIR}/LmBindingsConfig.cmake.in"
   "${PROJECT_BINARY_DIR}/LmBindingsConfig.cmake"
@@ -46,7 +56,8 @@ write_basic_package_version_file(
 install(FILES
   "${PROJECT_BINARY_DIR}/LmBindingsConfig.cmake"
   "${PROJECT_BINARY_DIR}/LmBindingsConfigVersion.cmake"
-  DESTINATION ${LM_PACKAGE_DIR})
+  DESTINATION ${LM_PACKAGE_DIR}
+  COMPONENT Development)
 
 # The pkg-config files name their folders relative to their own, so the installed tree can be moved.
 file(RELATIVE_PATH LM_PKGCONFIG_TO_PREFIX
@@ -59,19 +70,26 @@ else()
   set(LM_PKGCONFIG_LIBS "-lLmCarbon -lLmCoreFoundation")
 endif()
 configure_file("${CMAKE_CURRENT_LIST_DIR}/lmbindings.pc.in" "${PROJECT_BINARY_DIR}/lmbindings.pc" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/lmbindings.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+install(FILES "${PROJECT_BINARY_DIR}/lmbindings.pc"
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT Development)
 if(TARGET LmCarbonDesktop)
   configure_file("${CMAKE_CURRENT_LIST_DIR}/lmbindings-desktop.pc.in"
     "${PROJECT_BINARY_DIR}/lmbindings-desktop.pc" @ONLY)
-  install(FILES "${PROJECT_BINARY_DIR}/lmbindings-desktop.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+  install(FILES "${PROJECT_BINARY_DIR}/lmbindings-desktop.pc"
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT DesktopDevelopment)
 endif()
 
 # The documents link to one another as they do here, and to the examples.
-install(FILES
-  "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/LICENSE"
-  DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES "${PROJECT_SOURCE_DIR}/README.md" DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Documentation)
+# Debian has these two under names of its own.
+install(FILES "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/LICENSE"
+  DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Upstream)
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/Documentation" "${PROJECT_SOURCE_DIR}/Examples"
-  DESTINATION ${CMAKE_INSTALL_DOCDIR}
+  DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Documentation
   FILES_MATCHING
     PATTERN "*.md" PATTERN "*.svg" PATTERN "*.png" PATTERN "*.cpp" PATTERN "*.h" PATTERN "*.txt"
     PATTERN "CMakeLists.txt" EXCLUDE)
+
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+  include(LmPackages)
+endif()
