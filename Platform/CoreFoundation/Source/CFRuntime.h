@@ -124,7 +124,7 @@ void Delete(const Object* theObject)
 
 // Holds one reference, and releases it at the end of the scope.
 template <class Reference>
-class Holder
+class [[nodiscard]] Holder
 {
 public:
     explicit Holder(Reference theReference)

@@ -15,7 +15,7 @@ namespace Host {
 namespace {
 
 // The calling thread formats in the "C" locale while one of these exists.
-class CLocaleScope
+class [[nodiscard]] CLocaleScope
 {
 public:
     CLocaleScope()

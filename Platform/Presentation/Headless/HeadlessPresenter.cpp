@@ -50,15 +50,15 @@ void HeadlessPresenter::WindowLooks(const WindowLook& theLook)
     const WindowLook* theOld = FindWindow(theLook.theId);
     if (IsOnScreen(&theLook)) {
         const bool theIsNew = !IsOnScreen(theOld);
-        const bool theMove = theIsNew || TopLeftOf(theOld->theContent) != TopLeftOf(theLook.theContent);
-        const bool theResize = theIsNew || !(SizeOf(theOld->theContent) == SizeOf(theLook.theContent));
-        const bool theActivation = theLook.theIsActive && (theIsNew || !theOld->theIsActive);
-        if (theMove || theResize || theActivation) {
+        const bool theIsMoved = theIsNew || TopLeftOf(theOld->theContent) != TopLeftOf(theLook.theContent);
+        const bool theIsResized = theIsNew || !(SizeOf(theOld->theContent) == SizeOf(theLook.theContent));
+        const bool theIsActivated = theLook.theIsActive && (theIsNew || !theOld->theIsActive);
+        if (theIsMoved || theIsResized || theIsActivated) {
             Confirmation& theConfirmation = ConfirmationOf(theLook.theId);
-            theConfirmation.theShow |= theIsNew;
-            theConfirmation.theMove |= theMove;
-            theConfirmation.theResize |= theResize;
-            theConfirmation.theActivation |= theActivation;
+            theConfirmation.theIsShown |= theIsNew;
+            theConfirmation.theIsMoved |= theIsMoved;
+            theConfirmation.theIsResized |= theIsResized;
+            theConfirmation.theIsActivated |= theIsActivated;
         }
     }
     HeadlessSnapshot::WindowLooks(theLook);
@@ -82,7 +82,7 @@ bool HeadlessPresenter::WaitUntil(double, double)
     }
     // A desktop settles who is active after it has placed the windows.
     for (const auto& theEntry : theDue) {
-        if (theEntry.second.theActivation) {
+        if (theEntry.second.theIsActivated) {
             ConfirmActivation(theEntry.first);
         }
     }
@@ -104,13 +104,13 @@ HeadlessPresenter::Confirmation& HeadlessPresenter::ConfirmationOf(ObjectId theW
 // may have moved, hidden or disposed it, or stopped the presenter.
 void HeadlessPresenter::Confirm(ObjectId theWindow, const Confirmation& theConfirmation)
 {
-    if (theConfirmation.theShow && mEvents != nullptr && IsOnScreen(FindWindow(theWindow))) {
+    if (theConfirmation.theIsShown && mEvents != nullptr && IsOnScreen(FindWindow(theWindow))) {
         mEvents->WindowShown(theWindow);
     }
-    if (theConfirmation.theMove && mEvents != nullptr && IsOnScreen(FindWindow(theWindow))) {
+    if (theConfirmation.theIsMoved && mEvents != nullptr && IsOnScreen(FindWindow(theWindow))) {
         mEvents->WindowMoved(theWindow, TopLeftOf(FindWindow(theWindow)->theContent));
     }
-    if (theConfirmation.theResize && mEvents != nullptr && IsOnScreen(FindWindow(theWindow))) {
+    if (theConfirmation.theIsResized && mEvents != nullptr && IsOnScreen(FindWindow(theWindow))) {
         mEvents->WindowResized(theWindow, SizeOf(FindWindow(theWindow)->theContent));
     }
 }

@@ -32,10 +32,10 @@ private:
     // What is still to be confirmed of a window.
     struct Confirmation
     {
-        bool theShow = false;
-        bool theMove = false;
-        bool theResize = false;
-        bool theActivation = false;
+        bool theIsShown = false;
+        bool theIsMoved = false;
+        bool theIsResized = false;
+        bool theIsActivated = false;
     };
 
     using Confirmations = std::vector<std::pair<ObjectId, Confirmation>>;

@@ -44,7 +44,7 @@ WaitState& TheWaitState()
 
 // Names the presenter that is waited in, so that another thread can wake it. Waits may nest: a handler of
 // what a presenter reports may run the loop.
-class PresenterWait
+class [[nodiscard]] PresenterWait
 {
 public:
     explicit PresenterWait(Presenter& thePresenter)
@@ -95,7 +95,7 @@ bool Wait(double theDeadline)
 // --- Running ----------------------------------------------------------------------------------------
 
 // One running ReceiveNextEvent or RunCurrentEventLoop; QuitEventLoop ends the innermost.
-class LoopRun : public OnStack<LoopRun>
+class [[nodiscard]] LoopRun : public OnStack<LoopRun>
 {
 public:
     bool IsQuit() const { return mIsQuit; }

@@ -14,7 +14,7 @@ bool IsEvent(EventRef theEvent);
 EventAttributes AttributesOfEvent(EventRef theEvent);
 
 // Holds a count on an event while something that might release it is called.
-class EventHolder
+class [[nodiscard]] EventHolder
 {
 public:
     explicit EventHolder(EventRef theEvent)

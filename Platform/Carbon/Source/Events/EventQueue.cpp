@@ -30,7 +30,7 @@ public:
     std::vector<EventRef> TakeIf(const Condition& theCondition);
 
     template <class Condition>
-    EventRef FindFirst(const Condition& theCondition, bool theTake);
+    EventRef FindFirst(const Condition& theCondition, bool theIsTaken);
 
     // All events, each with a count for the caller.
     std::vector<EventRef> Copy() const;
@@ -59,10 +59,10 @@ OSStatus EventQueue::Post(EventRef theEvent, EventPriority thePriority)
     if (Find(theEvent) != mEntries.end()) {
         return eventAlreadyPostedErr;
     }
-    const auto thePlace = std::find_if(mEntries.begin(), mEntries.end(), [&](const Entry& theEntry) {
+    const auto theFound = std::find_if(mEntries.begin(), mEntries.end(), [&](const Entry& theEntry) {
         return theEntry.thePriority < thePriority;
     });
-    mEntries.insert(thePlace, {theEvent, thePriority});
+    mEntries.insert(theFound, {theEvent, thePriority});
     RetainEvent(theEvent);
     return noErr;
 }
@@ -77,11 +77,11 @@ bool EventQueue::Remove(EventRef theEvent)
 {
     {
         const std::lock_guard<std::mutex> theLock(mMutex);
-        const auto thePlace = Find(theEvent);
-        if (thePlace == mEntries.end()) {
+        const auto theFound = Find(theEvent);
+        if (theFound == mEntries.end()) {
             return false;
         }
-        mEntries.erase(thePlace);
+        mEntries.erase(theFound);
     }
     ReleaseEvent(theEvent);
     return true;
@@ -111,19 +111,19 @@ std::vector<EventRef> EventQueue::TakeIf(const Condition& theCondition)
 }
 
 template <class Condition>
-EventRef EventQueue::FindFirst(const Condition& theCondition, bool theTake)
+EventRef EventQueue::FindFirst(const Condition& theCondition, bool theIsTaken)
 {
     const std::lock_guard<std::mutex> theLock(mMutex);
-    const auto thePlace = std::find_if(mEntries.begin(), mEntries.end(), [&](const Entry& theEntry) {
+    const auto theFound = std::find_if(mEntries.begin(), mEntries.end(), [&](const Entry& theEntry) {
         return theCondition(theEntry.theEvent);
     });
-    if (thePlace == mEntries.end()) {
+    if (theFound == mEntries.end()) {
         return nullptr;
     }
-    const EventRef theEvent = thePlace->theEvent;
-    if (theTake) {
+    const EventRef theEvent = theFound->theEvent;
+    if (theIsTaken) {
         // The queue's count becomes the caller's.
-        mEntries.erase(thePlace);
+        mEntries.erase(theFound);
         return theEvent;
     }
     return RetainEvent(theEvent);
@@ -180,9 +180,9 @@ void ReleaseAll(const std::vector<EventRef>& theEvents)
 
 } // namespace
 
-EventRef FirstEventInQueue(ItemCount theCount, const EventTypeSpec* theTypes, bool theTake)
+EventRef FirstEventInQueue(ItemCount theCount, const EventTypeSpec* theTypes, bool theIsTaken)
 {
-    return MainQueue().FindFirst(IsOfTypes{theCount, theTypes}, theTake);
+    return MainQueue().FindFirst(IsOfTypes{theCount, theTypes}, theIsTaken);
 }
 
 } // namespace Host

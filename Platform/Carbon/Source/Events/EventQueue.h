@@ -8,8 +8,8 @@
 namespace Host {
 
 // The first event of the listed types in the main queue, with a count for the caller; null when there is
-// none. With theTake it leaves the queue.
-EventRef FirstEventInQueue(ItemCount theCount, const EventTypeSpec* theTypes, bool theTake);
+// none. With theIsTaken it leaves the queue.
+EventRef FirstEventInQueue(ItemCount theCount, const EventTypeSpec* theTypes, bool theIsTaken);
 
 } // namespace Host
 

@@ -113,16 +113,16 @@ void EventTarget::Install(std::shared_ptr<EventHandler> theHandler)
 
 void EventTarget::Remove(const EventHandler& theHandler)
 {
-    const auto thePlace =
+    const auto theFound =
         std::find_if(mHandlers.begin(), mHandlers.end(), [&](const std::shared_ptr<EventHandler>& theOther) {
             return theOther.get() == &theHandler;
         });
-    if (thePlace == mHandlers.end()) {
+    if (theFound == mHandlers.end()) {
         return;
     }
-    (*thePlace)->MarkRemoved();
+    (*theFound)->MarkRemoved();
     if (mPasses == 0) {
-        mHandlers.erase(thePlace);
+        mHandlers.erase(theFound);
     } else {
         mNeedsSweep = true;
     }

@@ -90,7 +90,7 @@ public:
 
     // Handlers by their place, from the bottom. Places hold still while a pass is under way.
     size_t Count() const { return mHandlers.size(); }
-    std::shared_ptr<EventHandler> At(size_t thePlace) const { return mHandlers[thePlace]; }
+    std::shared_ptr<EventHandler> At(size_t theIndex) const { return mHandlers[theIndex]; }
 
     // A walk along the handlers.
     class Pass

@@ -54,14 +54,14 @@ public:
     OSStatus Run(EventRef theEvent);
 
     // Where a handler was called from: its target's place in the chain, its own place in the target.
-    struct Place
+    struct Position
     {
         size_t theTarget;
         size_t theHandler;
     };
 
     // Asks everything below and beyond a place.
-    OSStatus RunBelow(Place thePlace, EventRef theEvent);
+    OSStatus RunBelow(Position thePosition, EventRef theEvent);
 
 private:
     // What the walk along one target came to.
@@ -71,8 +71,8 @@ private:
         bool theIsOver; // nobody else is to be asked
     };
 
-    Outcome RunTarget(Place thePlace, EventRef theEvent);
-    Outcome CallHandler(const EventHandler& theHandler, Place thePlace, EventRef theEvent);
+    Outcome RunTarget(Position thePosition, EventRef theEvent);
+    Outcome CallHandler(const EventHandler& theHandler, Position thePosition, EventRef theEvent);
     OSStatus CallDefault(const EventTarget& theTarget, EventRef theEvent) const;
 
     Chain mChain;
@@ -81,12 +81,12 @@ private:
 
 // A handler that is running: what its call reference stands for. A reference of none of them is not one of a
 // running handler.
-class HandlerCall : public OnStack<HandlerCall>
+class [[nodiscard]] HandlerCall : public OnStack<HandlerCall>
 {
 public:
-    HandlerCall(Delivery& theDelivery, Delivery::Place thePlace)
+    HandlerCall(Delivery& theDelivery, Delivery::Position thePosition)
         : mDelivery(theDelivery),
-          mPlace(thePlace)
+          mPosition(thePosition)
     {
     }
 
@@ -103,14 +103,14 @@ public:
 
     OSStatus CallNext(EventRef theEvent)
     {
-        mPassedOn = true;
-        const OSStatus theStatus = mDelivery.RunBelow(mPlace, theEvent);
+        mHasPassedOn = true;
+        const OSStatus theStatus = mDelivery.RunBelow(mPosition, theEvent);
         mNextStatus = Stronger(mNextStatus, theStatus);
         return theStatus;
     }
 
     // Whether the handler has asked the ones below by itself, and their strongest answer.
-    bool HasPassedOn() const { return mPassedOn; }
+    bool HasPassedOn() const { return mHasPassedOn; }
     OSStatus NextStatus() const { return mNextStatus; }
 
 private:
@@ -119,9 +119,9 @@ private:
     inline static std::uintptr_t sLastNumber = 0;
 
     Delivery& mDelivery;
-    Delivery::Place mPlace;
+    Delivery::Position mPosition;
     EventHandlerCallRef mReference = Numbered::Of(++sLastNumber);
-    bool mPassedOn = false;
+    bool mHasPassedOn = false;
     OSStatus mNextStatus = eventNotHandledErr;
 };
 
@@ -130,37 +130,37 @@ OSStatus Delivery::Run(EventRef theEvent)
     return RunBelow({0, mChain.front()->Count()}, theEvent);
 }
 
-OSStatus Delivery::RunBelow(Place thePlace, EventRef theEvent)
+OSStatus Delivery::RunBelow(Position thePosition, EventRef theEvent)
 {
     OSStatus theResult = eventNotHandledErr;
-    while (thePlace.theTarget < mChain.size()) {
-        const Outcome theOutcome = RunTarget(thePlace, theEvent);
+    while (thePosition.theTarget < mChain.size()) {
+        const Outcome theOutcome = RunTarget(thePosition, theEvent);
         theResult = Stronger(theResult, theOutcome.theStatus);
         if (theOutcome.theIsOver) {
             break;
         }
-        ++thePlace.theTarget;
-        if (thePlace.theTarget < mChain.size()) {
-            thePlace.theHandler = mChain[thePlace.theTarget]->Count();
+        ++thePosition.theTarget;
+        if (thePosition.theTarget < mChain.size()) {
+            thePosition.theHandler = mChain[thePosition.theTarget]->Count();
         }
     }
     return theResult;
 }
 
-Delivery::Outcome Delivery::RunTarget(Place thePlace, EventRef theEvent)
+Delivery::Outcome Delivery::RunTarget(Position thePosition, EventRef theEvent)
 {
-    EventTarget& theTarget = *mChain[thePlace.theTarget];
+    EventTarget& theTarget = *mChain[thePosition.theTarget];
     const EventTarget::Pass thePass(theTarget);
     const OSType theClass = GetEventClass(theEvent);
     const UInt32 theKind = GetEventKind(theEvent);
     OSStatus theResult = eventNotHandledErr;
-    while (thePlace.theHandler > 0) {
-        --thePlace.theHandler;
-        const std::shared_ptr<EventHandler> theHandler = theTarget.At(thePlace.theHandler);
+    while (thePosition.theHandler > 0) {
+        --thePosition.theHandler;
+        const std::shared_ptr<EventHandler> theHandler = theTarget.At(thePosition.theHandler);
         if (theHandler->IsRemoved() || !theHandler->Wants(theClass, theKind)) {
             continue;
         }
-        const Outcome theOutcome = CallHandler(*theHandler, thePlace, theEvent);
+        const Outcome theOutcome = CallHandler(*theHandler, thePosition, theEvent);
         theResult = Stronger(theResult, theOutcome.theStatus);
         if (theOutcome.theIsOver) {
             return {theResult, true};
@@ -173,9 +173,10 @@ Delivery::Outcome Delivery::RunTarget(Place thePlace, EventRef theEvent)
     return {theResult, theResult != eventNotHandledErr && !mGoesToAll};
 }
 
-Delivery::Outcome Delivery::CallHandler(const EventHandler& theHandler, Place thePlace, EventRef theEvent)
+Delivery::Outcome Delivery::CallHandler(const EventHandler& theHandler, Position thePosition,
+                                        EventRef theEvent)
 {
-    HandlerCall theCall(*this, thePlace);
+    HandlerCall theCall(*this, thePosition);
     const OSStatus theStatus = theHandler.Call(theCall.Reference(), theEvent);
     if (theCall.HasPassedOn()) {
         // The others have been asked already, whatever the handler says now.
@@ -202,7 +203,7 @@ UInt32 gCurrentEventModifiers = 0;
 UInt32 gCurrentModifiers = 0;
 
 // Makes a person's event the current one for as long as it is on its way.
-class CurrentEventScope
+class [[nodiscard]] CurrentEventScope
 {
 public:
     explicit CurrentEventScope(EventRef theEvent)

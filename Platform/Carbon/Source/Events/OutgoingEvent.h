@@ -47,7 +47,7 @@ public:
     }
 
     // Tells every handler of one target, none of which can keep it from the others.
-    OSStatus NotifyAll(EventTargetRef theTarget) const
+    OSStatus TellAll(EventTargetRef theTarget) const
     {
         return SendTo(theTarget, kEventTargetDontPropagate | kEventTargetSendToAllHandlers);
     }

@@ -421,14 +421,14 @@ bool InputGate::ZoomAsked(ObjectId theWindow)
     return theFound != nullptr && AskToZoom(theFound);
 }
 
-bool InputGate::CollapseAsked(ObjectId theWindow, bool theCollapse)
+bool InputGate::CollapseAsked(ObjectId theWindow, bool theIsCollapse)
 {
     const SharedWindow theFound = FindWindow(theWindow);
-    if (theFound == nullptr || !theFound->IsVisible() || theFound->IsCollapsed() == theCollapse ||
+    if (theFound == nullptr || !theFound->IsVisible() || theFound->IsCollapsed() == theIsCollapse ||
         ModalWindowOver(theFound) != nullptr) {
         return false;
     }
-    return theCollapse ? AskToCollapse(theFound) : AskToExpand(theFound);
+    return theIsCollapse ? AskToCollapse(theFound) : AskToExpand(theFound);
 }
 
 // Only the managers show windows: whatever a desktop says about it is an echo.

@@ -37,7 +37,7 @@ public:
 
     bool CloseAsked(ObjectId theWindow) override;
     bool ZoomAsked(ObjectId theWindow) override;
-    bool CollapseAsked(ObjectId theWindow, bool theCollapse) override;
+    bool CollapseAsked(ObjectId theWindow, bool theIsCollapse) override;
     bool WindowShown(ObjectId theWindow) override;
     bool WindowMoved(ObjectId theWindow, PixelPoint theContentTopLeft) override;
     bool WindowResized(ObjectId theWindow, PixelSize theContentSize) override;

@@ -35,7 +35,7 @@ private:
 };
 
 // One count on a menu, or none.
-class MenuHolder
+class [[nodiscard]] MenuHolder
 {
 public:
     explicit MenuHolder(MenuRef theMenu = nullptr);

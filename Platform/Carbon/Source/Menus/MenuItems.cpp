@@ -57,7 +57,7 @@ void SetAttributes(MenuItem& theItem, MenuItemAttributes theSet, MenuItemAttribu
     theItem.theAttributes = (theItem.theAttributes | theSet) & ~theCleared;
 }
 
-OSStatus InsertItem(MenuRef theMenu, size_t theAfter, MenuItem theItem, MenuItemIndex* thePlace)
+OSStatus InsertItem(MenuRef theMenu, size_t theAfter, MenuItem theItem, MenuItemIndex* theNewItem)
 {
     const SharedMenu theFound = FindMenu(theMenu);
     if (theFound == nullptr) {
@@ -69,45 +69,45 @@ OSStatus InsertItem(MenuRef theMenu, size_t theAfter, MenuItem theItem, MenuItem
     }
     const size_t theIndex = std::min(theAfter, theItems.size());
     theItems.insert(theItems.begin() + static_cast<std::ptrdiff_t>(theIndex), std::move(theItem));
-    if (thePlace != nullptr) {
-        *thePlace = static_cast<MenuItemIndex>(theIndex + 1);
+    if (theNewItem != nullptr) {
+        *theNewItem = static_cast<MenuItemIndex>(theIndex + 1);
     }
     MenusHaveChanged();
     return noErr;
 }
 
 OSStatus InsertText(MenuRef theMenu, CFStringRef theText, size_t theAfter, MenuItemAttributes theAttributes,
-                    MenuCommand theCommand, MenuItemIndex* thePlace)
+                    MenuCommand theCommand, MenuItemIndex* theNewItem)
 {
     return Guarded([&] {
         MenuItem theItem;
         theItem.theText = MenuString(theText == nullptr ? CFSTR("") : theText);
         theItem.theAttributes = theAttributes;
         theItem.theCommand = theCommand;
-        return InsertItem(theMenu, theAfter, std::move(theItem), thePlace);
+        return InsertItem(theMenu, theAfter, std::move(theItem), theNewItem);
     });
 }
 
 // Enables or disables an item, or the menu itself.
-void SetEnabled(MenuRef theMenu, MenuItemIndex theIndex, bool theState)
+void SetEnabled(MenuRef theMenu, MenuItemIndex theIndex, bool theIsOn)
 {
     const SharedMenu theFound = FindMenu(theMenu);
     if (theFound != nullptr && theIndex == 0) {
-        theFound->mIsEnabled = theState;
+        theFound->mIsEnabled = theIsOn;
         MenusHaveChanged();
         return;
     }
     ChangeItem(theMenu, theIndex, [&](MenuItem& theItem) {
-        SetAttributes(theItem, theState ? 0 : kMenuItemAttrDisabled, theState ? kMenuItemAttrDisabled : 0);
+        SetAttributes(theItem, theIsOn ? 0 : kMenuItemAttrDisabled, theIsOn ? kMenuItemAttrDisabled : 0);
         return noErr;
     });
 }
 
-void SetAllEnabled(MenuRef theMenu, bool theState)
+void SetAllEnabled(MenuRef theMenu, bool theIsOn)
 {
     const MenuItemIndex theCount = CountMenuItems(theMenu);
     for (MenuItemIndex theIndex = 1; theIndex <= theCount; ++theIndex) {
-        SetEnabled(theMenu, theIndex, theState);
+        SetEnabled(theMenu, theIndex, theIsOn);
     }
 }
 

@@ -60,7 +60,7 @@ void TellOfEnd(const SharedMenu& theMenu)
     OutgoingEvent theEvent(kEventClassMenu, kEventMenuDispose);
     const MenuRef theReference = theMenu->Reference();
     theEvent.Set(kEventParamDirectObject, typeMenuRef, theReference);
-    theEvent.NotifyAll(theMenu->Target());
+    theEvent.TellAll(theMenu->Target());
 }
 
 } // namespace
@@ -106,12 +106,12 @@ OSStatus MakeRootMenu()
 }
 
 // The place in the bar of the menu with an identifier; 0 when it is not there.
-MenuItemIndex PlaceInBar(const SharedMenu& theRoot, MenuID theID)
+MenuItemIndex ItemInBar(const SharedMenu& theRoot, MenuID theID)
 {
-    for (MenuItemIndex thePlace = 1; thePlace <= theRoot->Count(); ++thePlace) {
-        const SharedMenu theMenu = theRoot->Submenu(thePlace);
+    for (MenuItemIndex theItem = 1; theItem <= theRoot->Count(); ++theItem) {
+        const SharedMenu theMenu = theRoot->Submenu(theItem);
         if (theMenu != nullptr && theMenu->mID == theID) {
-            return thePlace;
+            return theItem;
         }
     }
     return 0;
@@ -138,17 +138,17 @@ OSStatus InsertIntoBar(const SharedMenu& theMenu, MenuID theBefore)
     if (IsInBar(theRoot, theReference) || theMenu == theRoot) {
         return paramErr;
     }
-    const MenuItemIndex theNext = theBefore == 0 ? MenuItemIndex(0) : PlaceInBar(theRoot, theBefore);
+    const MenuItemIndex theNext = theBefore == 0 ? MenuItemIndex(0) : ItemInBar(theRoot, theBefore);
     const MenuItemIndex theAfter = theNext == 0 ? theRoot->Count() : static_cast<MenuItemIndex>(theNext - 1);
     const OSStatus theStatus =
         InsertMenuItemTextWithCFString(theRoot->Reference(), theMenu->mTitle.Get(), theAfter, 0, 0);
     if (theStatus != noErr) {
         return theStatus;
     }
-    const auto thePlace = static_cast<MenuItemIndex>(theAfter + 1);
-    const OSStatus theAttached = SetMenuItemHierarchicalMenu(theRoot->Reference(), thePlace, theReference);
+    const auto theItem = static_cast<MenuItemIndex>(theAfter + 1);
+    const OSStatus theAttached = SetMenuItemHierarchicalMenu(theRoot->Reference(), theItem, theReference);
     if (theAttached != noErr) {
-        DeleteMenuItem(theRoot->Reference(), thePlace);
+        DeleteMenuItem(theRoot->Reference(), theItem);
     }
     return theAttached;
 }
@@ -440,9 +440,9 @@ void InsertMenu(MenuRef theMenu, MenuID beforeID)
 void DeleteMenu(MenuID menuID)
 {
     const SharedMenu theRoot = RootMenu();
-    const MenuItemIndex thePlace = theRoot == nullptr ? MenuItemIndex(0) : PlaceInBar(theRoot, menuID);
-    if (thePlace != 0) {
-        DeleteMenuItem(theRoot->Reference(), thePlace);
+    const MenuItemIndex theItem = theRoot == nullptr ? MenuItemIndex(0) : ItemInBar(theRoot, menuID);
+    if (theItem != 0) {
+        DeleteMenuItem(theRoot->Reference(), theItem);
         return;
     }
     std::vector<MenuHolder>& theSubmenus = TheMenuBar().theSubmenus;
@@ -467,9 +467,9 @@ void ClearMenuBar(void)
 MenuRef GetMenuHandle(MenuID menuID)
 {
     const SharedMenu theRoot = RootMenu();
-    const MenuItemIndex thePlace = theRoot == nullptr ? MenuItemIndex(0) : PlaceInBar(theRoot, menuID);
-    if (thePlace != 0) {
-        return theRoot->Item(thePlace)->theSubmenu.Get();
+    const MenuItemIndex theItem = theRoot == nullptr ? MenuItemIndex(0) : ItemInBar(theRoot, menuID);
+    if (theItem != 0) {
+        return theRoot->Item(theItem)->theSubmenu.Get();
     }
     for (const MenuHolder& theHolder : TheMenuBar().theSubmenus) {
         if (GetMenuID(theHolder.Get()) == menuID) {

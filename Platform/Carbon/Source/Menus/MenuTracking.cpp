@@ -91,8 +91,8 @@ UInt32 ContextAt(size_t theDepth)
 UInt32 ContextOf(MenuRef theMenu)
 {
     const std::vector<MenuRef>& theOpen = TheSession().theOpen;
-    const auto thePlace = std::find(theOpen.begin(), theOpen.end(), theMenu);
-    return ContextAt(thePlace == theOpen.end() ? 0 : static_cast<size_t>(thePlace - theOpen.begin()));
+    const auto theFound = std::find(theOpen.begin(), theOpen.end(), theMenu);
+    return ContextAt(theFound == theOpen.end() ? 0 : static_cast<size_t>(theFound - theOpen.begin()));
 }
 
 // Brings a menu up to date and opens it. False when a handler refused, or the menu is gone by then.

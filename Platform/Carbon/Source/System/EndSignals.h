@@ -10,7 +10,7 @@ namespace Host {
 //
 // A signal that the program ignores (nohup) or handles itself stays as it is. Within another one, or where
 // the system has nothing left to make it with, it does nothing. Main thread only.
-class EndSignals
+class [[nodiscard]] EndSignals
 {
 public:
     // theWake is called after a signal has come, from another thread.

@@ -16,7 +16,7 @@ namespace Host {
 
 namespace {
 
-UInt32 KindOfChange(ControlState theState, bool theNewState)
+UInt32 KindOfChange(ControlState theState, bool theIsOn)
 {
     switch (theState) {
     case ControlState::kVisible:
@@ -26,7 +26,7 @@ UInt32 KindOfChange(ControlState theState, bool theNewState)
     case ControlState::kActive:
         break;
     }
-    return theNewState ? kEventControlActivate : kEventControlDeactivate;
+    return theIsOn ? kEventControlActivate : kEventControlDeactivate;
 }
 
 UInt32 BoundsAttributes(const Rect& theOld, const Rect& theNew)
@@ -82,17 +82,17 @@ bool Control::OwnState(ControlState theState) const
     return mIsActive;
 }
 
-void Control::SetOwnState(ControlState theState, bool theNewState)
+void Control::SetOwnState(ControlState theState, bool theIsOn)
 {
     switch (theState) {
     case ControlState::kVisible:
-        mIsVisible = theNewState;
+        mIsVisible = theIsOn;
         break;
     case ControlState::kEnabled:
-        mIsEnabled = theNewState;
+        mIsEnabled = theIsOn;
         break;
     case ControlState::kActive:
-        mIsActive = theNewState;
+        mIsActive = theIsOn;
         break;
     }
 }
@@ -117,15 +117,15 @@ void Control::CollectInState(ControlState theState, std::vector<SharedControl>* 
     }
 }
 
-OSStatus Control::Set(ControlState theState, bool theNewState)
+OSStatus Control::Set(ControlState theState, bool theIsOn)
 {
-    if (OwnState(theState) == theNewState) {
+    if (OwnState(theState) == theIsOn) {
         return noErr;
     }
-    if (!theNewState && theState != ControlState::kActive) {
+    if (!theIsOn && theState != ControlState::kActive) {
         // The focus leaves while the control can still hear of it.
         ReleaseFocusInside(*this);
-        if (mIsGone || OwnState(theState) == theNewState) {
+        if (mIsGone || OwnState(theState) == theIsOn) {
             return noErr;
         }
     }
@@ -137,7 +137,7 @@ OSStatus Control::Set(ControlState theState, bool theNewState)
         }
         return OSStatus{noErr};
     });
-    SetOwnState(theState, theStatus == noErr ? theNewState : !theNewState);
+    SetOwnState(theState, theStatus == noErr ? theIsOn : !theIsOn);
     if (theStatus != noErr) {
         return theStatus;
     }
@@ -146,7 +146,7 @@ OSStatus Control::Set(ControlState theState, bool theNewState)
     }
     for (const SharedControl& theControl : theChanged) {
         if (!theControl->mIsGone) {
-            theControl->Notify(kEventClassControl, KindOfChange(theState, theNewState));
+            theControl->Tell(kEventClassControl, KindOfChange(theState, theIsOn));
         }
     }
     return noErr;
@@ -167,7 +167,7 @@ void Control::SetRange(const ControlRange& theRange)
     }
     mRange = theNew;
     Show();
-    Notify(kEventClassControl, kEventControlValueFieldChanged);
+    Tell(kEventClassControl, kEventControlValueFieldChanged);
 }
 
 void Control::SetValue(SInt32 theValue)
@@ -201,7 +201,7 @@ void Control::SetTitle(Text theTitle)
     }
     mTitle = std::move(theTitle);
     Show();
-    Notify(kEventClassControl, kEventControlTitleChanged);
+    Tell(kEventClassControl, kEventControlTitleChanged);
 }
 
 void Control::SetHilite(ControlPartCode thePart)
@@ -221,7 +221,7 @@ void Control::SetHilite(ControlPartCode thePart)
 
 // Events -------------------------------------------------------------------------------------------------
 
-void Control::Notify(OSType theClass, UInt32 theKind)
+void Control::Tell(OSType theClass, UInt32 theKind)
 {
     OutgoingEvent theEvent(theClass, theKind);
     theEvent.Set(kEventParamDirectObject, typeControlRef, Reference());
@@ -229,7 +229,7 @@ void Control::Notify(OSType theClass, UInt32 theKind)
     theEvent.SendTo(mTarget);
 }
 
-OSStatus Control::Request(OSType theClass, UInt32 theKind)
+OSStatus Control::Ask(OSType theClass, UInt32 theKind)
 {
     OutgoingEvent theEvent(theClass, theKind);
     theEvent.Set(kEventParamDirectObject, typeControlRef, Reference());
@@ -298,9 +298,9 @@ void Control::AddPlaceToLook(ControlLook& theLook) const
     if (const SharedControl theParent = Parent()) {
         theLook.theParent = theParent->mIdentifier;
         const auto& theControls = theParent->mSubControls;
-        const auto thePlace = std::find_if(theControls.begin(), theControls.end(),
+        const auto theFound = std::find_if(theControls.begin(), theControls.end(),
                                            [this](const auto& theOne) { return theOne.get() == this; });
-        theLook.theOrder = static_cast<int>(thePlace - theControls.begin());
+        theLook.theOrder = static_cast<int>(theFound - theControls.begin());
     }
 }
 

@@ -101,7 +101,7 @@ public:
 
     // State. The setters tell the presenter and the handlers, if there is something to tell.
     bool Is(ControlState theState) const; // with everything around it
-    OSStatus Set(ControlState theState, bool theNewState);
+    OSStatus Set(ControlState theState, bool theIsOn);
     bool CanBePressed() const { return Is(ControlState::kVisible) && Is(ControlState::kEnabled); }
     const ControlRange& Range() const { return mRange; }
     void SetRange(const ControlRange& theRange);
@@ -114,10 +114,10 @@ public:
     ControlPartCode Hilite() const { return mHilite; }
     void SetHilite(ControlPartCode thePart);
 
-    // Events to this control. Notify goes up the chain; Request asks this control alone and gives the
+    // Events to this control. Tell goes up the chain; Ask asks this control alone and gives the
     // handler's answer, eventNotHandledErr when there was none.
-    void Notify(OSType theClass, UInt32 theKind);
-    OSStatus Request(OSType theClass, UInt32 theKind);
+    void Tell(OSType theClass, UInt32 theKind);
+    OSStatus Ask(OSType theClass, UInt32 theKind);
 
     // Tells the presenter what the control looks like; with its sub-controls in the second form.
     void Show() const;
@@ -149,9 +149,9 @@ public:
     // cut, copy and paste.
     virtual OSStatus PressCommandKey(char theCharacter);
 
-    // The part that gets the focus; kControlFocusNoPart when the control takes none. theEverything: full
+    // The part that gets the focus; kControlFocusNoPart when the control takes none. theIsFullAccess: full
     // keyboard access is on.
-    virtual ControlPartCode FocusPart(bool theEverything) const;
+    virtual ControlPartCode FocusPart(bool theIsFullAccess) const;
 
     // The focus came or went. Called after the handlers were asked and before they are told.
     virtual void FocusMoved(bool theHasFocus);
@@ -175,7 +175,7 @@ public:
 
 private:
     bool OwnState(ControlState theState) const;
-    void SetOwnState(ControlState theState, bool theNewState);
+    void SetOwnState(ControlState theState, bool theIsOn);
     void AddPlaceToLook(ControlLook& theLook) const;
     void Leave();
     void MoveTo(const SharedWindow& theOwner);

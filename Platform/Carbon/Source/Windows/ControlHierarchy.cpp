@@ -110,7 +110,7 @@ void Control::Dispose()
     const SharedControl theKeepAlive = shared_from_this();
     mIsGoing = true;
     ReleaseFocusInside(*this);
-    Request(kEventClassControl, kEventControlDispose);
+    Ask(kEventClassControl, kEventControlDispose);
     DisposeSubControls();
     if (const SharedControl theParent = Parent(); theParent != nullptr && !theParent->mIsGoing) {
         TellContainer(kEventControlRemovingSubControl, theParent);

@@ -132,13 +132,13 @@ bool GetState(ControlRef theControl, ControlState theState)
     return theFound != nullptr && theFound->Is(theState);
 }
 
-OSErr SetState(ControlRef theControl, ControlState theState, bool theNewState)
+OSErr SetState(ControlRef theControl, ControlState theState, bool theIsOn)
 {
     const SharedControl theFound = Host::FindControl(theControl);
     if (theFound == nullptr) {
         return errUnknownControl;
     }
-    return static_cast<OSErr>(theFound->Set(theState, theNewState));
+    return static_cast<OSErr>(theFound->Set(theState, theIsOn));
 }
 
 } // namespace

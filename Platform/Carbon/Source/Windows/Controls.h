@@ -57,7 +57,7 @@ bool TextEditedByPerson(const SharedControl& theControl, const std::u16string& t
 
 // Lets the Tab key and the focus reach every control that can be worked by keys, not only text fields. Off
 // at start, as the platform has it.
-HOST_PUBLIC void SetFullKeyboardAccess(bool theState);
+HOST_PUBLIC void SetFullKeyboardAccess(bool theIsOn);
 
 } // namespace Host
 

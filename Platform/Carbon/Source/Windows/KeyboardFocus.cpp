@@ -114,9 +114,9 @@ std::vector<SharedControl> FocusOrder(const Window& theWindow)
 
 } // namespace
 
-void SetFullKeyboardAccess(bool theState)
+void SetFullKeyboardAccess(bool theIsOn)
 {
-    gIsFullKeyboardAccessOn = theState;
+    gIsFullKeyboardAccessOn = theIsOn;
 }
 
 bool IsFullKeyboardAccessOn()
@@ -148,18 +148,18 @@ OSErr MoveFocus(const SharedWindow& theWindow, const SharedControl& theControl, 
     return TakeFocus(theWindow, theControl, thePart);
 }
 
-OSErr AdvanceFocus(const SharedWindow& theWindow, bool theBackward)
+OSErr AdvanceFocus(const SharedWindow& theWindow, bool theIsBackward)
 {
     std::vector<SharedControl> theControls = FocusOrder(*theWindow);
     if (theControls.empty()) {
         return errCouldntSetFocus;
     }
-    if (theBackward) {
+    if (theIsBackward) {
         std::reverse(theControls.begin(), theControls.end());
     }
-    const auto thePlace = std::find(theControls.begin(), theControls.end(), FocusedControl(*theWindow));
-    const bool theIsLast = thePlace == theControls.end() || thePlace + 1 == theControls.end();
-    const SharedControl& theNext = theIsLast ? theControls.front() : *(thePlace + 1);
+    const auto theFound = std::find(theControls.begin(), theControls.end(), FocusedControl(*theWindow));
+    const bool theIsLast = theFound == theControls.end() || theFound + 1 == theControls.end();
+    const SharedControl& theNext = theIsLast ? theControls.front() : *(theFound + 1);
     return MoveFocus(theWindow, theNext, theNext->FocusPart(gIsFullKeyboardAccessOn));
 }
 
@@ -360,10 +360,10 @@ void UpdateUserFocus()
     CurrentUserFocus().theTold = theNew;
     ShowFocus();
     if (theOld != nullptr && !theOld->IsGone()) {
-        theOld->Notify(kEventWindowFocusRelinquish);
+        theOld->Tell(kEventWindowFocusRelinquish);
     }
     if (theNew != nullptr && !theNew->IsGone() && CurrentUserFocus().theTold.lock() == theNew) {
-        theNew->Notify(kEventWindowFocusAcquired);
+        theNew->Tell(kEventWindowFocusAcquired);
     }
 }
 
@@ -443,13 +443,13 @@ OSErr SetKeyboardFocus(WindowRef inWindow, ControlRef inControl, ControlFocusPar
 
 namespace {
 
-OSErr Advance(WindowRef theWindow, bool theBackward)
+OSErr Advance(WindowRef theWindow, bool theIsBackward)
 {
     const SharedWindow theFound = Host::FindWindow(theWindow);
     if (theFound == nullptr) {
         return errInvalidWindowRef;
     }
-    return static_cast<OSErr>(Guarded([&] { return OSStatus{AdvanceFocus(theFound, theBackward)}; }));
+    return static_cast<OSErr>(Guarded([&] { return OSStatus{AdvanceFocus(theFound, theIsBackward)}; }));
 }
 
 } // namespace

@@ -15,7 +15,7 @@ SharedControl FocusedControl(const Window& theWindow);
 // Moves the focus of a window, to nobody for a null control. errCouldntSetFocus when the control or a handler
 // refuses.
 OSErr MoveFocus(const SharedWindow& theWindow, const SharedControl& theControl, ControlPartCode thePart);
-OSErr AdvanceFocus(const SharedWindow& theWindow, bool theBackward);
+OSErr AdvanceFocus(const SharedWindow& theWindow, bool theIsBackward);
 
 // Takes the focus away if it is at a control or inside of it.
 void ReleaseFocusInside(const Control& theControl);

@@ -180,12 +180,12 @@ void Window::Close()
     mIsClosing = true;
     SetVisible(false);
     ActivateAfterHiding(theKeepAlive);
-    Notify(kEventWindowClosed);
+    Tell(kEventWindowClosed);
     if (mRoot != nullptr) {
         mRoot->Dispose();
     }
     RemoveFromOrder(theKeepAlive);
-    NotifyHere(kEventWindowDispose);
+    TellHere(kEventWindowDispose);
     mIsGone = true;
     Windows().Remove(Reference());
     DisposeEventTarget(mTarget);
@@ -204,52 +204,52 @@ SharedControl Window::EnsureRoot()
 
 // State --------------------------------------------------------------------------------------------------
 
-void Window::SetVisible(bool theState)
+void Window::SetVisible(bool theIsOn)
 {
-    if (mIsVisible == theState) {
+    if (mIsVisible == theIsOn) {
         return;
     }
     const SharedWindow theKeepAlive = shared_from_this();
-    Notify(theState ? kEventWindowShowing : kEventWindowHiding);
-    if (mIsGone || mIsVisible == theState) {
+    Tell(theIsOn ? kEventWindowShowing : kEventWindowHiding);
+    if (mIsGone || mIsVisible == theIsOn) {
         return; // a handler came first
     }
-    mIsVisible = theState;
+    mIsVisible = theIsOn;
     Show();
-    Notify(theState ? kEventWindowShown : kEventWindowHidden);
+    Tell(theIsOn ? kEventWindowShown : kEventWindowHidden);
 }
 
-void Window::SetCollapsed(bool theState)
+void Window::SetCollapsed(bool theIsOn)
 {
-    if (mIsCollapsed == theState) {
+    if (mIsCollapsed == theIsOn) {
         return;
     }
     const SharedWindow theKeepAlive = shared_from_this();
-    Notify(theState ? kEventWindowCollapsing : kEventWindowExpanding);
-    if (mIsGone || mIsCollapsed == theState) {
+    Tell(theIsOn ? kEventWindowCollapsing : kEventWindowExpanding);
+    if (mIsGone || mIsCollapsed == theIsOn) {
         return;
     }
-    mIsCollapsed = theState;
+    mIsCollapsed = theIsOn;
     Show();
-    Notify(theState ? kEventWindowCollapsed : kEventWindowExpanded);
+    Tell(theIsOn ? kEventWindowCollapsed : kEventWindowExpanded);
 }
 
-void Window::SetActive(bool theState)
+void Window::SetActive(bool theIsOn)
 {
-    if (mIsActive == theState) {
+    if (mIsActive == theIsOn) {
         return;
     }
     const SharedWindow theKeepAlive = shared_from_this();
-    mIsActive = theState;
+    mIsActive = theIsOn;
     Show();
-    Notify(theState ? kEventWindowActivated : kEventWindowDeactivated);
-    if (mIsClosing || mIsActive != theState || !Has(kWindowStandardHandlerAttribute)) {
+    Tell(theIsOn ? kEventWindowActivated : kEventWindowDeactivated);
+    if (mIsClosing || mIsActive != theIsOn || !Has(kWindowStandardHandlerAttribute)) {
         return;
     }
-    const OSStatus theAnswer = Ask(theState ? kEventWindowHandleActivate : kEventWindowHandleDeactivate);
-    if (theAnswer == eventNotHandledErr && mRoot != nullptr && mIsActive == theState) {
+    const OSStatus theAnswer = Ask(theIsOn ? kEventWindowHandleActivate : kEventWindowHandleDeactivate);
+    if (theAnswer == eventNotHandledErr && mRoot != nullptr && mIsActive == theIsOn) {
         const SharedControl theRoot = mRoot;
-        theRoot->Set(ControlState::kActive, theState);
+        theRoot->Set(ControlState::kActive, theIsOn);
     }
 }
 
@@ -258,7 +258,7 @@ void Window::SetTitle(Text theTitle)
     if (theTitle != mTitle) {
         mTitle = std::move(theTitle);
         Show();
-        NotifyHere(kEventWindowTitleChanged);
+        TellHere(kEventWindowTitleChanged);
     }
 }
 
@@ -267,14 +267,14 @@ void Window::SetAttributes(WindowAttributes theAttributes)
     if (theAttributes != mAttributes) {
         mAttributes = theAttributes;
         Show();
-        NotifyHere(kEventWindowAttributesChanged);
+        TellHere(kEventWindowAttributesChanged);
     }
 }
 
-void Window::SetModified(bool theState)
+void Window::SetModified(bool theIsOn)
 {
-    const bool theIsChange = mIsModified != theState;
-    mIsModified = theState;
+    const bool theIsChange = mIsModified != theIsOn;
+    mIsModified = theIsOn;
     mIsModifiedKnown = true;
     Show();
     if (!theIsChange) {
@@ -282,7 +282,7 @@ void Window::SetModified(bool theState)
     }
     OutgoingEvent theEvent(kEventClassWindow, kEventWindowModified);
     theEvent.Set(kEventParamDirectObject, typeWindowRef, Reference());
-    theEvent.Set(kEventParamWindowModifiedFlag, typeBoolean, static_cast<Boolean>(theState));
+    theEvent.Set(kEventParamWindowModifiedFlag, typeBoolean, static_cast<Boolean>(theIsOn));
     theEvent.SendTo(mTarget);
 }
 
@@ -402,11 +402,11 @@ void Window::SetContent(const Rect& theContent, UInt32 theCause, const Rect* the
 
 void Window::PlaceContent(const Rect& theContent)
 {
-    const bool theSizeChanged =
+    const bool theHasResized =
         WidthOf(theContent) != WidthOf(mContent) || HeightOf(theContent) != HeightOf(mContent);
     mContent = theContent;
     Show();
-    if (theSizeChanged && mRoot != nullptr) {
+    if (theHasResized && mRoot != nullptr) {
         const SharedControl theRoot = mRoot;
         theRoot->SetBounds(WithoutOrigin(theContent));
     }
@@ -414,18 +414,18 @@ void Window::PlaceContent(const Rect& theContent)
 
 // Events -------------------------------------------------------------------------------------------------
 
-void Window::Notify(UInt32 theKind)
+void Window::Tell(UInt32 theKind)
 {
     OutgoingEvent theEvent(kEventClassWindow, theKind);
     theEvent.Set(kEventParamDirectObject, typeWindowRef, Reference());
     theEvent.SendTo(mTarget, kEventTargetSendToAllHandlers);
 }
 
-void Window::NotifyHere(UInt32 theKind)
+void Window::TellHere(UInt32 theKind)
 {
     OutgoingEvent theEvent(kEventClassWindow, theKind);
     theEvent.Set(kEventParamDirectObject, typeWindowRef, Reference());
-    theEvent.NotifyAll(mTarget);
+    theEvent.TellAll(mTarget);
 }
 
 OSStatus Window::Ask(UInt32 theKind)
@@ -456,7 +456,7 @@ WindowLook Window::Look() const
     theLook.theTitle = Utf8Of(mTitle);
     theLook.theContent = PixelsOf(mContent);
     theLook.theStructure = PixelsOf(Structure());
-    theLook.theOrder = PlaceInOrder(*this);
+    theLook.theOrder = IndexInOrder(*this);
     theLook.theHasCloseBox = Has(kWindowCloseBoxAttribute);
     theLook.theHasCollapseBox = Has(kWindowCollapseBoxAttribute);
     theLook.theHasZoomBox = Has(kWindowFullZoomAttribute);

@@ -66,13 +66,13 @@ public:
     bool IsActive() const { return mIsActive; }
     bool TakesPart() const { return mIsVisible && !mIsCollapsed; } // on the screen
     bool IsModal() const { return mTraits.theIsModal; }
-    void SetVisible(bool theState);
-    void SetCollapsed(bool theState);
-    void SetActive(bool theState);
+    void SetVisible(bool theIsOn);
+    void SetCollapsed(bool theIsOn);
+    void SetActive(bool theIsOn);
     const Text& Title() const { return mTitle; }
     void SetTitle(Text theTitle);
     bool IsModified() const { return mIsModified; }
-    void SetModified(bool theState);
+    void SetModified(bool theIsOn);
 
     // Bounds. The content, in global coordinates. SetContent asks and tells the handlers; theCause is added
     // to the attributes of its events, and theOriginal is where a drag by a person began.
@@ -86,10 +86,10 @@ public:
     const SharedControl& Root() const { return mRoot; }
     SharedControl EnsureRoot();
 
-    // Events to this window. Notify reaches every handler on the way to the application; Ask ends with the
+    // Events to this window. Tell reaches every handler on the way to the application; Ask ends with the
     // first that handles it.
-    void Notify(UInt32 theKind);
-    void NotifyHere(UInt32 theKind); // not on to the application
+    void Tell(UInt32 theKind);
+    void TellHere(UInt32 theKind); // not on to the application
     OSStatus Ask(UInt32 theKind);
 
     // Tells the presenter what the window looks like.
@@ -138,7 +138,7 @@ void AddToOrder(const SharedWindow& theWindow);
 void RemoveFromOrder(const SharedWindow& theWindow);
 void PutInFront(const SharedWindow& theWindow);
 void PutBehind(const SharedWindow& theWindow, const SharedWindow& theFront); // null: to the back of its layer
-int PlaceInOrder(const Window& theWindow);
+int IndexInOrder(const Window& theWindow);
 SharedWindow ActiveWindow();
 
 // Keep the frontmost window that can be active the active one, and those that always are so. They send what

@@ -207,12 +207,12 @@ bool ChangeByHand(const SharedWindow& theWindow, const Rect& theContent, UInt32 
         return false;
     }
     const Rect theOriginal = theWindow->Content();
-    theWindow->Notify(theStart);
+    theWindow->Tell(theStart);
     if (!theWindow->IsGone()) {
         theWindow->SetContent(theContent, theCause, &theOriginal);
     }
     if (!theWindow->IsGone()) {
-        theWindow->Notify(theEnd);
+        theWindow->Tell(theEnd);
         theWindow->Show(); // handlers may have wanted it elsewhere than the desktop has it
     }
     return true;
@@ -264,7 +264,7 @@ bool Zoom(const SharedWindow& theWindow)
         return false;
     }
     theWindow->mUnzoomed = theIsZoomed ? MakeRect(0, 0, 0, 0) : theOld;
-    theWindow->Notify(kEventWindowZoomed);
+    theWindow->Tell(kEventWindowZoomed);
     return true;
 }
 

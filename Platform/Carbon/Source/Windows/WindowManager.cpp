@@ -448,10 +448,10 @@ WindowRef Neighbour(WindowRef theWindow, int theDistance)
     if (theFound == nullptr) {
         return nullptr;
     }
-    const int thePlace = PlaceInOrder(*theFound) + theDistance;
+    const int theIndex = IndexInOrder(*theFound) + theDistance;
     const std::vector<SharedWindow>& theWindows = AllWindows();
-    const bool theIsInside = thePlace >= 0 && static_cast<size_t>(thePlace) < theWindows.size();
-    return theIsInside ? theWindows[static_cast<size_t>(thePlace)]->Reference() : nullptr;
+    const bool theIsInside = theIndex >= 0 && static_cast<size_t>(theIndex) < theWindows.size();
+    return theIsInside ? theWindows[static_cast<size_t>(theIndex)]->Reference() : nullptr;
 }
 
 } // namespace
@@ -493,7 +493,7 @@ WindowRef GetNextWindowOfClass(WindowRef inWindow, WindowClass inWindowClass, Bo
     if (theFound == nullptr && inWindow != kFirstWindowOfClass) {
         return nullptr;
     }
-    const size_t theStart = theFound == nullptr ? 0 : static_cast<size_t>(PlaceInOrder(*theFound)) + 1;
+    const size_t theStart = theFound == nullptr ? 0 : static_cast<size_t>(IndexInOrder(*theFound)) + 1;
     return FirstWindow(theStart, [=](const Window& theOne) {
         return (inWindowClass == kAllWindowClasses || theOne.Traits().theClass == inWindowClass) &&
                (!mustBeVisible || theOne.IsVisible());

@@ -40,43 +40,43 @@ size_t FrontOfLayer(int theLayer)
 }
 
 // The windows from theFirst place to before theEnd get a new look: theirs are the places that have changed.
-void ShowPlaces(size_t theFirst, size_t theEnd)
+void ShowFrom(size_t theFirst, size_t theEnd)
 {
-    for (size_t thePlace = theFirst; thePlace < theEnd; ++thePlace) {
-        Order()[thePlace]->Show();
+    for (size_t theIndex = theFirst; theIndex < theEnd; ++theIndex) {
+        Order()[theIndex]->Show();
     }
 }
 
-void InsertAt(size_t thePlace, const SharedWindow& theWindow)
+void InsertAt(size_t theIndex, const SharedWindow& theWindow)
 {
     Windows& theOrder = Order();
-    theOrder.insert(theOrder.begin() + static_cast<std::ptrdiff_t>(thePlace), theWindow);
-    ShowPlaces(thePlace, theOrder.size());
+    theOrder.insert(theOrder.begin() + static_cast<std::ptrdiff_t>(theIndex), theWindow);
+    ShowFrom(theIndex, theOrder.size());
 }
 
-void MoveInOrder(size_t theOldPlace, size_t theNewPlace)
+void MoveInOrder(size_t theOldIndex, size_t theNewIndex)
 {
     const auto theFirst = Order().begin();
-    const auto theOld = theFirst + static_cast<std::ptrdiff_t>(theOldPlace);
-    const auto theNew = theFirst + static_cast<std::ptrdiff_t>(theNewPlace);
-    if (theOldPlace < theNewPlace) {
+    const auto theOld = theFirst + static_cast<std::ptrdiff_t>(theOldIndex);
+    const auto theNew = theFirst + static_cast<std::ptrdiff_t>(theNewIndex);
+    if (theOldIndex < theNewIndex) {
         std::rotate(theOld, theOld + 1, theNew + 1);
     } else {
         std::rotate(theNew, theOld, theOld + 1);
     }
-    if (theOldPlace != theNewPlace) {
-        ShowPlaces(std::min(theOldPlace, theNewPlace), std::max(theOldPlace, theNewPlace) + 1);
+    if (theOldIndex != theNewIndex) {
+        ShowFrom(std::min(theOldIndex, theNewIndex), std::max(theOldIndex, theNewIndex) + 1);
     }
 }
 
-// thePlace counts the window itself where it stands before.
-void Reorder(const SharedWindow& theWindow, size_t thePlace)
+// theIndex counts the window itself where it stands before.
+void Reorder(const SharedWindow& theWindow, size_t theIndex)
 {
-    const size_t theOldPlace = FindInOrder(*theWindow);
-    if (theOldPlace == Order().size()) {
-        InsertAt(thePlace, theWindow);
+    const size_t theOldIndex = FindInOrder(*theWindow);
+    if (theOldIndex == Order().size()) {
+        InsertAt(theIndex, theWindow);
     } else {
-        MoveInOrder(theOldPlace, theOldPlace < thePlace ? thePlace - 1 : thePlace);
+        MoveInOrder(theOldIndex, theOldIndex < theIndex ? theIndex - 1 : theIndex);
     }
 }
 
@@ -143,10 +143,10 @@ void AddToOrder(const SharedWindow& theWindow)
 void RemoveFromOrder(const SharedWindow& theWindow)
 {
     Windows& theOrder = Order();
-    const size_t thePlace = FindInOrder(*theWindow);
-    if (thePlace < theOrder.size()) {
-        theOrder.erase(theOrder.begin() + static_cast<std::ptrdiff_t>(thePlace));
-        ShowPlaces(thePlace, theOrder.size());
+    const size_t theIndex = FindInOrder(*theWindow);
+    if (theIndex < theOrder.size()) {
+        theOrder.erase(theOrder.begin() + static_cast<std::ptrdiff_t>(theIndex));
+        ShowFrom(theIndex, theOrder.size());
     }
 }
 
@@ -161,12 +161,12 @@ void PutBehind(const SharedWindow& theWindow, const SharedWindow& theFront)
 {
     const int theLayer = theWindow->Traits().theLayer;
     const size_t theLast = FrontOfLayer(theLayer - 1);
-    size_t thePlace = theFront == nullptr ? theLast : FindInOrder(*theFront) + 1;
-    thePlace = std::clamp(thePlace, FrontOfLayer(theLayer), theLast);
-    Reorder(theWindow, thePlace);
+    size_t theIndex = theFront == nullptr ? theLast : FindInOrder(*theFront) + 1;
+    theIndex = std::clamp(theIndex, FrontOfLayer(theLayer), theLast);
+    Reorder(theWindow, theIndex);
 }
 
-int PlaceInOrder(const Window& theWindow)
+int IndexInOrder(const Window& theWindow)
 {
     return static_cast<int>(FindInOrder(theWindow));
 }

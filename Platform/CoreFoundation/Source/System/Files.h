@@ -37,7 +37,7 @@ bool RemoveFile(const std::string& thePath);
 std::string SetFileAside(const std::string& thePath);
 
 // Keeps other processes that use this class out of a folder. The system ends the lock with the process.
-class FolderLock
+class [[nodiscard]] FolderLock
 {
 public:
     // Waits for others.

@@ -62,7 +62,7 @@ public:
     // Windows. "Asked" are requests that the program may refuse; the others tell what the desktop has done.
     virtual bool CloseAsked(ObjectId theWindow) = 0;
     virtual bool ZoomAsked(ObjectId theWindow) = 0;
-    virtual bool CollapseAsked(ObjectId theWindow, bool theCollapse) = 0;
+    virtual bool CollapseAsked(ObjectId theWindow, bool theIsCollapse) = 0;
     virtual bool WindowShown(ObjectId theWindow) = 0;
     virtual bool WindowMoved(ObjectId theWindow, PixelPoint theContentTopLeft) = 0;
     virtual bool WindowResized(ObjectId theWindow, PixelSize theContentSize) = 0;

@@ -13,9 +13,9 @@ namespace {
 const UInt32 kFocusable = kControlSupportsFocus;
 const ControlRange kToggleRange = {0, kControlCheckBoxUncheckedValue, kControlCheckBoxMixedValue, 0};
 
-UInt32 ToggleFeatures(bool theAutoToggle)
+UInt32 ToggleFeatures(bool theIsToggle)
 {
-    return kFocusable | (theAutoToggle ? UInt32{kControlAutoToggles} : 0);
+    return kFocusable | (theIsToggle ? UInt32{kControlAutoToggles} : 0);
 }
 
 } // namespace
@@ -31,9 +31,9 @@ ControlPartCode Button::PartAt(Point) const
     return mPart;
 }
 
-ControlPartCode Button::FocusPart(bool theEverything) const
+ControlPartCode Button::FocusPart(bool theIsFullAccess) const
 {
-    return theEverything ? mPart : ControlPartCode{kControlFocusNoPart};
+    return theIsFullAccess ? mPart : ControlPartCode{kControlFocusNoPart};
 }
 
 OSStatus Button::PressKey(const KeyPress& theKey)
@@ -70,8 +70,8 @@ void PushButton::AddToLook(ControlLook& theLook) const
 
 // Check boxes and radio buttons --------------------------------------------------------------------------
 
-CheckBox::CheckBox(bool theAutoToggle)
-    : Button(kControlKindCheckBox, ToggleFeatures(theAutoToggle), kControlCheckBoxPart)
+CheckBox::CheckBox(bool theIsToggle)
+    : Button(kControlKindCheckBox, ToggleFeatures(theIsToggle), kControlCheckBoxPart)
 {
 }
 
@@ -87,8 +87,8 @@ void CheckBox::AddToLook(ControlLook& theLook) const
     theLook.theShape = ControlShape::kCheckBox;
 }
 
-RadioButton::RadioButton(bool theAutoToggle)
-    : Button(kControlKindRadioButton, ToggleFeatures(theAutoToggle), kControlRadioButtonPart)
+RadioButton::RadioButton(bool theIsToggle)
+    : Button(kControlKindRadioButton, ToggleFeatures(theIsToggle), kControlRadioButtonPart)
 {
 }
 

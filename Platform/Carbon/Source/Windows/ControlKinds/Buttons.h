@@ -13,7 +13,7 @@ class Button : public Control
 public:
     ControlPartCode PartAt(Point thePoint) const override;
     OSStatus PressKey(const KeyPress& theKey) override;
-    ControlPartCode FocusPart(bool theEverything) const override;
+    ControlPartCode FocusPart(bool theIsFullAccess) const override;
 
 protected:
     Button(OSType theKind, UInt32 theFeatures, ControlPartCode thePart);
@@ -36,7 +36,7 @@ public:
 class CheckBox : public Button
 {
 public:
-    explicit CheckBox(bool theAutoToggle);
+    explicit CheckBox(bool theIsToggle);
     bool ToggledValue(SInt32* theValue) const override;
     void AddToLook(ControlLook& theLook) const override;
 };
@@ -44,7 +44,7 @@ public:
 class RadioButton : public Button
 {
 public:
-    explicit RadioButton(bool theAutoToggle);
+    explicit RadioButton(bool theIsToggle);
     bool ToggledValue(SInt32* theValue) const override;
     void AddToLook(ControlLook& theLook) const override;
 };

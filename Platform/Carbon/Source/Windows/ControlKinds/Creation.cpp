@@ -17,7 +17,7 @@ OSStatus CheckRequest(const CreationRequest& theRequest)
         return paramErr;
     }
     if (theRequest.theWindow == nullptr) {
-        return theRequest.theWindowMayBeNull ? OSStatus{noErr} : OSStatus{paramErr};
+        return theRequest.theCanBeNull ? OSStatus{noErr} : OSStatus{paramErr};
     }
     const SharedWindow theWindow = FindWindow(theRequest.theWindow);
     return theWindow == nullptr || theWindow->IsClosing() ? OSStatus{paramErr} : OSStatus{noErr};

@@ -15,7 +15,7 @@ struct CreationRequest
     const Rect* theBounds;
     CFStringRef theTitle;
     ControlRef* theControl;
-    bool theWindowMayBeNull = false;
+    bool theCanBeNull = false;
     ControlRange theRange = {};
 };
 

@@ -127,9 +127,9 @@ ControlPartCode Slider::PartAt(Point) const
     return kControlIndicatorPart;
 }
 
-ControlPartCode Slider::FocusPart(bool theEverything) const
+ControlPartCode Slider::FocusPart(bool theIsFullAccess) const
 {
-    return theEverything ? ControlPartCode{kControlIndicatorPart} : ControlPartCode{kControlFocusNoPart};
+    return theIsFullAccess ? ControlPartCode{kControlIndicatorPart} : ControlPartCode{kControlFocusNoPart};
 }
 
 SInt32 Slider::ValueAfter(const KeyPress& theKey) const
@@ -309,9 +309,9 @@ Rect LittleArrows::PlaceOf(ControlPartCode thePart) const
     }
 }
 
-ControlPartCode LittleArrows::FocusPart(bool theEverything) const
+ControlPartCode LittleArrows::FocusPart(bool theIsFullAccess) const
 {
-    return theEverything ? ControlPartCode{kControlUpButtonPart} : ControlPartCode{kControlFocusNoPart};
+    return theIsFullAccess ? ControlPartCode{kControlUpButtonPart} : ControlPartCode{kControlFocusNoPart};
 }
 
 OSStatus LittleArrows::PressKey(const KeyPress& theKey)

@@ -39,7 +39,7 @@ public:
     Slider(UInt16 theTickMarks, bool theIsLive, ControlActionUPP theAction);
     ControlPartCode PartAt(Point thePoint) const override;
     OSStatus PressKey(const KeyPress& theKey) override;
-    ControlPartCode FocusPart(bool theEverything) const override;
+    ControlPartCode FocusPart(bool theIsFullAccess) const override;
     void AddToLook(ControlLook& theLook) const override;
 
 protected:
@@ -86,7 +86,7 @@ public:
     ControlPartCode PartAt(Point thePoint) const override;
     Rect PlaceOf(ControlPartCode thePart) const override;
     OSStatus PressKey(const KeyPress& theKey) override;
-    ControlPartCode FocusPart(bool theEverything) const override;
+    ControlPartCode FocusPart(bool theIsFullAccess) const override;
     const ControlDataTag* FindTag(ResType theTag) const override;
     void AddToLook(ControlLook& theLook) const override;
 

@@ -149,7 +149,7 @@ void EditText::Edit(size_t theStart, size_t theEnd, const Text& theText)
     if (Kind() == kControlKindEditUnicodeText) {
         OutgoingEvent theEvent(kEventClassTextField, kEventTextDidChange);
         theEvent.Set(kEventParamDirectObject, typeControlRef, Reference());
-        theEvent.NotifyAll(Target());
+        theEvent.TellAll(Target());
     }
 }
 
@@ -158,7 +158,7 @@ void EditText::Accept()
     mHasEdits = false;
     OutgoingEvent theEvent(kEventClassTextField, kEventTextAccepted);
     theEvent.Set(kEventParamDirectObject, typeControlRef, Reference());
-    theEvent.NotifyAll(Target());
+    theEvent.TellAll(Target());
 }
 
 void EditText::FocusMoved(bool theHasFocus)
@@ -228,11 +228,11 @@ OSStatus EditText::MoveSelection(const KeyPress& theKey)
     return noErr;
 }
 
-OSStatus EditText::DeleteByKey(bool theForward)
+OSStatus EditText::DeleteByKey(bool theIsForward)
 {
     if (mStart != mEnd) {
         Edit(mStart, mEnd, Text());
-    } else if (theForward) {
+    } else if (theIsForward) {
         Edit(mStart, After(mStart), Text());
     } else {
         Edit(Before(mStart), mStart, Text());

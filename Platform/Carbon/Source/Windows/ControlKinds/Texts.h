@@ -49,7 +49,7 @@ public:
     ControlPartCode PartAt(Point thePoint) const override;
     OSStatus PressKey(const KeyPress& theKey) override;
     OSStatus PressCommandKey(char theCharacter) override;
-    ControlPartCode FocusPart(bool theEverything) const override;
+    ControlPartCode FocusPart(bool theIsFullAccess) const override;
     void FocusMoved(bool theHasFocus) override;
     const ControlDataTag* FindTag(ResType theTag) const override;
     void AddToLook(ControlLook& theLook) const override;
@@ -60,7 +60,7 @@ public:
 private:
     bool AskBeforeEdit(size_t theStart, size_t theEnd, Text* theText);
     OSStatus MoveSelection(const KeyPress& theKey);
-    OSStatus DeleteByKey(bool theForward);
+    OSStatus DeleteByKey(bool theIsForward);
     void Copy() const;
     void Paste();
     size_t Before(size_t thePosition) const;
