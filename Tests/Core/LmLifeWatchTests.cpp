@@ -35,7 +35,7 @@ TEST(LmLifeWatch, DoesNotMindTheEndOfAnotherStore)
 {
     LmKeyValueStore theStore;
     const LmLifeWatch theWatch(&theStore);
-    LmKeyValueStore();
+    std::make_unique<LmKeyValueStore>().reset();
     EXPECT_FALSE(theWatch.IsGone());
 }
 
