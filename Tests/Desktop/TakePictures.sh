@@ -127,7 +127,8 @@ show_focus()
     # The two numbers are two words.
     # shellcheck disable=SC2086
     {
-        theFrame=$(colour $kFirstField)
+        # The first control has the focus from the start.
+        theFrame=$(colour $kSecondField)
         click_at 150 28
         xdotool key ctrl+a
         until_true "$gName: the field has the focus" has_changed "$theFrame" $kFirstField

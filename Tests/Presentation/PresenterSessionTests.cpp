@@ -311,11 +311,29 @@ private:
         Note(mUser.OpenMenu("Heating"));
         Note(mUser.ChooseCommand('heat'));
         Note(mUser.PressKey(kVK_ANSI_R, cmdKey));
+        PlayWithKeysAlone();
         Note(mUser.MoveWindow(theWindow, 150, 120));
         Note(mUser.ResizeWindow(theWindow, 400, 250));
         Note(mUser.CollapseWindow(theWindow));
         Note(mUser.ExpandWindow(theWindow));
         Note(mUser.Click(theProgram.mButton));
+    }
+
+    static constexpr UInt32 kF10 = 0x6D;
+
+    // From the field on, once round and back.
+    void PlayWithKeysAlone()
+    {
+        for (const UInt32 theKey : {kVK_Tab, kVK_Space, kVK_Tab, kVK_RightArrow, kVK_PageDown, kVK_End,
+                                    kVK_Tab, kVK_Space, kVK_Tab}) {
+            Note(mUser.PressKey(theKey));
+        }
+        Note(mUser.TypeText("Hall"));
+        Note(mUser.PressKey(kVK_Tab, shiftKey));
+        Note(mUser.PressKey(kVK_Return));
+        Note(mUser.PressKey(kVK_Escape));
+        Note(mUser.PressKey(kF10));
+        Note(mUser.PressKey(kVK_ANSI_H, optionKey));
     }
 
     void Note(const UserResult& theResult)

@@ -6,9 +6,11 @@
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QFile>
 #include <QLibrary>
+#include <QWidget>
 
 namespace Host {
 
@@ -98,6 +100,17 @@ private:
     std::string mLocale;
 };
 
+// Qt takes a window that is nothing but a widget for a part of something else.
+QAccessibleInterface* MakeWindowInterface(const QString& theClass, QObject* theObject)
+{
+    auto* const theWidget = qobject_cast<QWidget*>(theObject);
+    if (theClass != QLatin1String("QWidget") || theWidget == nullptr || !theWidget->isWindow()) {
+        return nullptr;
+    }
+    const bool theIsDialog = theWidget->windowType() == Qt::Dialog;
+    return new QAccessibleWidget(theWidget, theIsDialog ? QAccessible::Dialog : QAccessible::Window);
+}
+
 // While the program ends, Qt has lost what it keeps for the thread, and nothing of it can be used. The
 // application object itself cannot even be destroyed.
 bool gIsEnding = false;
@@ -120,6 +133,7 @@ void MakeApplication()
     static const QApplication* const kApplication = new QApplication(sCount, sArguments);
     Q_UNUSED(kApplication);
     gIsStarting = false;
+    QAccessible::installFactory(MakeWindowInterface);
     std::atexit(NoteEnd);
 }
 

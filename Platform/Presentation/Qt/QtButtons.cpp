@@ -2,10 +2,13 @@
 
 #include "QtButtons.h"
 
+#include <QAccessibleWidget>
 #include <QPainter>
 #include <QStyleOptionSpinBox>
 
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 namespace Host {
 
@@ -35,6 +38,12 @@ public:
         mIsPressed = theIsPressed;
         update();
     }
+
+    // For screen readers, who see a value and two ways to step it.
+    std::int32_t mValue = 0;
+    std::int32_t mMinimum = 0;
+    std::int32_t mMaximum = 0;
+    std::function<void(ControlPart)> mStep;
 
 protected:
     void paintEvent(QPaintEvent*) override
@@ -87,6 +96,111 @@ private:
     bool mIsPressed = false;
 };
 
+// What a screen reader learns of little arrows, and does to them.
+class ArrowsInterface : public QAccessibleWidget, public QAccessibleValueInterface
+{
+public:
+    explicit ArrowsInterface(ArrowsWidget& theWidget)
+        : QAccessibleWidget(&theWidget, QAccessible::SpinBox)
+    {
+    }
+
+    void* interface_cast(QAccessible::InterfaceType theType) override
+    {
+        return theType == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
+                                                      : QAccessibleWidget::interface_cast(theType);
+    }
+
+    QVariant currentValue() const override { return Arrows().mValue; }
+    QVariant minimumValue() const override { return Arrows().mMinimum; }
+    QVariant maximumValue() const override { return Arrows().mMaximum; }
+    QVariant minimumStepSize() const override { return 1; }
+
+    // What a step does to the value is the program's to say.
+    void setCurrentValue(const QVariant& theValue) override
+    {
+        if (theValue.toInt() != Arrows().mValue) {
+            Step(theValue.toInt() > Arrows().mValue ? ControlPart::kUpButton : ControlPart::kDownButton);
+        }
+    }
+
+    QStringList actionNames() const override
+    {
+        return Arrows().isEnabled() ? QStringList{increaseAction(), decreaseAction()} : QStringList();
+    }
+
+    void doAction(const QString& theAction) override
+    {
+        if (theAction == increaseAction()) {
+            Step(ControlPart::kUpButton);
+        } else if (theAction == decreaseAction()) {
+            Step(ControlPart::kDownButton);
+        }
+    }
+
+private:
+    ArrowsWidget& Arrows() const { return static_cast<ArrowsWidget&>(*widget()); }
+
+    void Step(ControlPart thePart)
+    {
+        if (Arrows().isEnabled() && Arrows().mStep) {
+            Arrows().mStep(thePart);
+        }
+    }
+};
+
+// Qt takes a radio button that does not turn the others off for a check box.
+class RadioInterface : public QAccessibleWidget
+{
+public:
+    explicit RadioInterface(QRadioButton& theButton)
+        : QAccessibleWidget(&theButton, QAccessible::RadioButton)
+    {
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State theState = QAccessibleWidget::state();
+        theState.checkable = true;
+        theState.checked = Button().isChecked();
+        return theState;
+    }
+
+    QStringList actionNames() const override
+    {
+        return Button().isEnabled() ? QStringList{toggleAction(), pressAction()} : QStringList();
+    }
+
+    void doAction(const QString& theAction) override
+    {
+        if (actionNames().contains(theAction)) {
+            Button().click();
+        }
+    }
+
+private:
+    QRadioButton& Button() const { return static_cast<QRadioButton&>(*widget()); }
+};
+
+QAccessibleInterface* MakeInterface(const QString&, QObject* theObject)
+{
+    if (auto* const theArrows = dynamic_cast<ArrowsWidget*>(theObject)) {
+        return new ArrowsInterface(*theArrows);
+    }
+    auto* const theRadioButton = qobject_cast<QRadioButton*>(theObject);
+    const bool theIsOurs = theRadioButton != nullptr && !theRadioButton->autoExclusive();
+    return theIsOurs ? new RadioInterface(*theRadioButton) : nullptr;
+}
+
+// Qt keeps what makes interfaces as long as the program runs.
+void MakeButtonsKnown()
+{
+    static bool sIsKnown = false;
+    if (!std::exchange(sIsKnown, true)) {
+        QAccessible::installFactory(MakeInterface);
+    }
+}
+
 } // namespace
 
 // Push buttons -----------------------------------------------------------------------------------------
@@ -96,6 +210,7 @@ QtPushButton::QtPushButton(const ControlLook& theLook, QtInput& theInput, QWidge
       mButton(static_cast<QPushButton&>(Widget()))
 {
     mButton.setAutoDefault(false);
+    connect(&mButton, &QPushButton::clicked, this, &QtPushButton::ReportClick);
     theInput.Watch(mButton, QtInput::MouseUse::kManagers);
 }
 
@@ -118,6 +233,7 @@ QtCheckBox::QtCheckBox(const ControlLook& theLook, QtInput& theInput, QWidget& t
       mBox(static_cast<QCheckBox&>(Widget()))
 {
     mBox.setTristate(true);
+    connect(&mBox, &QCheckBox::stateChanged, this, &QtCheckBox::ReportClick);
     theInput.Watch(mBox, QtInput::MouseUse::kManagers);
 }
 
@@ -132,8 +248,10 @@ QtRadioButton::QtRadioButton(const ControlLook& theLook, QtInput& theInput, QWid
     : QtControl(theLook, theInput, new QRadioButton(&theContent)),
       mButton(static_cast<QRadioButton&>(Widget()))
 {
+    MakeButtonsKnown();
     // Turning the others off is the program's task.
     mButton.setAutoExclusive(false);
+    connect(&mButton, &QRadioButton::toggled, this, &QtRadioButton::ReportClick);
     theInput.Watch(mButton, QtInput::MouseUse::kManagers);
 }
 
@@ -172,12 +290,30 @@ QRect QtPopUpButton::PlaceFor(const QRect& theBounds) const
 QtLittleArrows::QtLittleArrows(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
     : QtControl(theLook, theInput, new ArrowsWidget(&theContent))
 {
+    MakeButtonsKnown();
+    static_cast<ArrowsWidget&>(Widget()).mStep = [this](ControlPart thePart) { ReportStep(thePart); };
     theInput.Watch(Widget(), QtInput::MouseUse::kManagers);
 }
 
 void QtLittleArrows::ShowState(const ControlLook& theLook)
 {
-    static_cast<ArrowsWidget&>(Widget()).SetPressed(theLook.theIsHilited);
+    auto& theArrows = static_cast<ArrowsWidget&>(Widget());
+    theArrows.SetPressed(theLook.theIsHilited);
+    theArrows.mMinimum = theLook.theMinimum;
+    theArrows.mMaximum = theLook.theMaximum;
+    if (std::exchange(theArrows.mValue, theLook.theValue) != theLook.theValue) {
+        QAccessibleValueChangeEvent theEvent(&theArrows, theLook.theValue);
+        QAccessible::updateAccessibility(&theEvent);
+    }
+}
+
+void QtLittleArrows::ReportStep(ControlPart thePart)
+{
+    const PartPress thePress = {Look().theId, thePart, true, kNoModifiers};
+    Reports().Add([thePress](PresenterEvents& theEvents) {
+        theEvents.PartPressed(thePress);
+        theEvents.PartPressed({thePress.theControl, thePress.thePart, false, kNoModifiers});
+    });
 }
 
 } // namespace Host

@@ -72,6 +72,9 @@ public:
 
 protected:
     void ShowState(const ControlLook& theLook) override;
+
+private:
+    void ReportStep(ControlPart thePart);
 };
 
 } // namespace Host

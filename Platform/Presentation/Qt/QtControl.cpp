@@ -55,6 +55,8 @@ QtControl::~QtControl()
 {
     // The window takes its controls' widgets with it.
     if (mWidget != nullptr) {
+        mWidget->blockSignals(true);
+        GiveUpKeys();
         mWidget->hide();
         mWidget->removeEventFilter(&mInput);
         mWidget->deleteLater();
@@ -82,10 +84,36 @@ void QtControl::Show(const ControlLook& theLook, bool theWindowIsActive)
 {
     const QSignalBlocker theBlocker(mWidget);
     mLook = theLook;
-    mWidget->setEnabled(theLook.theIsEnabled && (theLook.theIsActive || !theWindowIsActive));
+    const bool theIsEnabled = theLook.theIsEnabled && (theLook.theIsActive || !theWindowIsActive);
+    if (!theIsEnabled || !theLook.theIsVisible) {
+        GiveUpKeys();
+    }
+    mWidget->setEnabled(theIsEnabled);
+    // Tab and clicks are the managers'; this tells a screen reader what takes the keys.
+    mWidget->setFocusPolicy(theLook.theTakesFocus ? Qt::TabFocus : Qt::NoFocus);
     ShowState(theLook);
     mWidget->setGeometry(PlaceFor(ToQRect(theLook.theBounds) & kRoom));
     mWidget->setVisible(theLook.theIsVisible);
+}
+
+void QtControl::GiveUpKeys()
+{
+    if (mWidget->window()->focusWidget() == mWidget) {
+        mWidget->clearFocus();
+    }
+}
+
+void QtControl::ReportClick()
+{
+    const PointerAction theClick = mInput.ActionAt(CentreOf(mLook.theBounds));
+    const QPointer<QtControl> theControl(this);
+    Reports().Add([theClick, theControl](PresenterEvents& theEvents) {
+        theEvents.PointerPressed(theClick);
+        theEvents.PointerReleased(theClick);
+        if (theControl != nullptr) {
+            theControl->ShowAgain();
+        }
+    });
 }
 
 void QtControl::ShowAgain()

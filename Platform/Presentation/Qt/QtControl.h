@@ -46,6 +46,14 @@ protected:
     // Bounds made as high as the widget wants to be, around their middle.
     QRect AtLeastAsHigh(const QRect& theBounds) const;
 
+    // Reports a click on the middle of the control: somebody has operated the widget without mouse or keys,
+    // which a screen reader does. The widget then shows what the managers made of it.
+    void ReportClick();
+
+    // Takes the keys from the widget, which is about to be of no use for them: Qt would give them to another
+    // widget, but that is the managers' to say.
+    void GiveUpKeys();
+
     // Shows once more what was shown last: the person moved something that the managers may not have
     // followed.
     void ShowAgain();

@@ -4,6 +4,7 @@
 
 #include "QtKeys.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QStyleHints>
 
@@ -40,14 +41,24 @@ bool IsModifierKey(int theKey)
            theKey == Qt::Key_Meta || theKey == Qt::Key_CapsLock || theKey == Qt::Key_AltGr;
 }
 
-// Moving from field to field is the managers' business even where they find no field.
-bool MovesFocus(const QEvent& theEvent)
+// Alt by itself types nothing on a desktop, although Qt says what the key would type without it.
+bool IsTypedWithAlt(const QKeyEvent& theKey)
+{
+    return (theKey.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier)) ==
+               Qt::AltModifier &&
+           !theKey.text().isEmpty() && theKey.text().at(0).isPrint();
+}
+
+// Moving from field to field is the managers' business even where they find no field, and so is everything
+// that keys do to a button.
+bool IsForManagers(const QWidget& theWidget, const QEvent& theEvent)
 {
     if (theEvent.type() != QEvent::KeyPress) {
         return false;
     }
-    const int theKey = static_cast<const QKeyEvent&>(theEvent).key();
-    return theKey == Qt::Key_Tab || theKey == Qt::Key_Backtab;
+    const auto& theKey = static_cast<const QKeyEvent&>(theEvent);
+    return theKey.key() == Qt::Key_Tab || theKey.key() == Qt::Key_Backtab || IsTypedWithAlt(theKey) ||
+           qobject_cast<const QAbstractButton*>(&theWidget) != nullptr;
 }
 
 } // namespace
@@ -111,6 +122,14 @@ PixelPoint QtInput::PlaceOf(const QWidget& theWidget, QPointF thePoint) const
 {
     const QPoint thePlace = mContent.mapFromGlobal(theWidget.mapToGlobal(thePoint)).toPoint();
     return {mContentPlace.theX + thePlace.x(), mContentPlace.theY + thePlace.y()};
+}
+
+PointerAction QtInput::ActionAt(PixelPoint thePlace) const
+{
+    PointerAction theAction;
+    theAction.theWindow = mWindow;
+    theAction.thePlace = {mContentPlace.theX + thePlace.theX, mContentPlace.theY + thePlace.theY};
+    return theAction;
 }
 
 bool QtInput::FilterMouse(QWidget& theWidget, QMouseEvent& theEvent)
@@ -236,16 +255,27 @@ void QtInput::ReleaseKeys()
     ReportModifiers(Qt::NoModifier);
 }
 
+// The menu hears when the keys come up.
+bool QtInput::OpensMenu(const QKeyEvent& theEvent)
+{
+    if (!mMenuKeys || theEvent.isAutoRepeat() || !mMenuKeys(theEvent)) {
+        return false;
+    }
+    ReleaseKeys();
+    return true;
+}
+
 // Comes before all other reports, when the widget shows what the handlers have made of things.
 void QtInput::GiveBack(QWidget& theWidget, const QEvent& theEvent)
 {
-    if (MovesFocus(theEvent)) {
-        return;
-    }
     const QPointer<QWidget> theTarget(&theWidget);
     const std::shared_ptr<QEvent> theCopy(theEvent.clone());
     mReports.AddNext([this, theTarget, theCopy](PresenterEvents&) {
-        if (theTarget != nullptr) {
+        const bool theIsKey = theCopy->type() == QEvent::KeyPress;
+        if (theTarget == nullptr || (theIsKey && OpensMenu(static_cast<const QKeyEvent&>(*theCopy)))) {
+            return;
+        }
+        if (!IsForManagers(*theTarget, *theCopy)) {
             const QtReports::Overtaking theOvertaking(mReports);
             mIsGivingBack = true;
             QCoreApplication::sendEvent(theTarget, theCopy.get());

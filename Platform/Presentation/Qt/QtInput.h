@@ -11,7 +11,9 @@
 #include <QWheelEvent>
 #include <QWidget>
 
+#include <functional>
 #include <set>
+#include <utility>
 
 namespace Host {
 
@@ -43,6 +45,14 @@ public:
     // window is.
     void SetContentPlace(PixelPoint thePlace) { mContentPlace = thePlace; }
 
+    // What a pointer does at a place in the content, with the primary button.
+    PointerAction ActionAt(PixelPoint thePlace) const;
+
+    // Called with a key that nobody wanted, before the widget gets it: the desktop's own keys for the menus.
+    // It returns whether it was one of them.
+    using MenuKeys = std::function<bool(const QKeyEvent& theEvent)>;
+    void SetMenuKeys(MenuKeys theMenuKeys) { mMenuKeys = std::move(theMenuKeys); }
+
     // Keys that are still down are reported as up: they will be released in another window.
     void ReleaseKeys();
 
@@ -56,6 +66,7 @@ private:
     void ReportKeyRelease(const QKeyEvent& theEvent);
     void ReportModifiers(Qt::KeyboardModifiers theModifiers);
     void GiveBack(QWidget& theWidget, const QEvent& theEvent);
+    bool OpensMenu(const QKeyEvent& theEvent);
     void CountClick(const QMouseEvent& theEvent);
     PixelPoint PlaceOf(const QWidget& theWidget, QPointF thePoint) const;
     MouseUse UseOf(const QWidget& theWidget) const;
@@ -66,6 +77,7 @@ private:
     PixelPoint mContentPlace;
     std::set<std::uint32_t> mKeysDown;
     std::uint32_t mModifiers = kNoModifiers;
+    MenuKeys mMenuKeys;
     bool mIsGivingBack = false;
     int mClickCount = 0;
     Qt::MouseButton mClickButton = Qt::NoButton;

@@ -88,9 +88,14 @@ std::uint32_t PositionOf(const QKeyEvent& theEvent)
     return thePlace != kNoKeyPosition ? thePlace : PositionOfPrintable(theEvent.key());
 }
 
-// With the Control key held Qt gives a control character, where programs read the letter.
+// Alt by itself types nothing on a desktop; what types other characters there is another key. With the
+// Control key held Qt gives a control character, where programs read the letter.
 std::string TextOf(const QKeyEvent& theEvent)
 {
+    if ((theEvent.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier)) ==
+        Qt::AltModifier) {
+        return {};
+    }
     const bool theIsCommand = (theEvent.modifiers() & Qt::ControlModifier) != 0;
     if (!theIsCommand || !IsPrintable(theEvent.key())) {
         const QString theText = theEvent.text();

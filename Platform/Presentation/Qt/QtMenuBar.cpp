@@ -8,11 +8,13 @@
 
 #include <QApplication>
 #include <QIconEngine>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QPainter>
 #include <QPixmap>
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace Host {
@@ -106,6 +108,42 @@ void ShowItem(QAction& theAction, const MenuItemLook& theItem)
     ShowKey(theAction, theItem);
 }
 
+// Marks the first letter or digit of a title that is not among those taken, for Qt to underline, and takes
+// it.
+QString WithMnemonic(const QString& theTitle, std::set<QChar>& theTaken)
+{
+    const auto theLetter = std::find_if(theTitle.begin(), theTitle.end(), [&theTaken](QChar theCharacter) {
+        return theCharacter.isLetterOrNumber() && theTaken.count(theCharacter.toUpper()) == 0;
+    });
+    const auto thePlace = theLetter - theTitle.begin();
+    const auto theEscaped = [](QString theText) {
+        return theText.replace(QLatin1Char('&'), QLatin1String("&&"));
+    };
+    if (theLetter == theTitle.end()) {
+        return theEscaped(theTitle);
+    }
+    theTaken.insert(theLetter->toUpper());
+    return theEscaped(theTitle.left(thePlace)) + QLatin1Char('&') + theEscaped(theTitle.mid(thePlace));
+}
+
+bool CanOpen(const QAction& theMenu)
+{
+    return theMenu.isVisible() && theMenu.isEnabled() && theMenu.menu() != nullptr;
+}
+
+// Whether a key opens a menu with this title.
+bool IsKeyOf(const QAction& theMenu, const QKeyEvent& theEvent)
+{
+    const Qt::KeyboardModifiers theModifiers =
+        theEvent.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::ShiftModifier | Qt::MetaModifier);
+    if (theEvent.key() == Qt::Key_F10) {
+        return theModifiers == Qt::NoModifier;
+    }
+    const QKeySequence theMnemonic = QKeySequence::mnemonic(theMenu.text());
+    return theModifiers == Qt::AltModifier && !theMnemonic.isEmpty() &&
+           theMnemonic == QKeySequence(static_cast<int>(Qt::ALT) | theEvent.key());
+}
+
 } // namespace
 
 struct QtMenuBar::Menu
@@ -141,6 +179,20 @@ void QtMenuBar::Show(const MenuBarLook& theLook)
         MenuFor(theMenu, theKept);
     }
     mMenus.swap(theKept);
+    ShowTitles();
+}
+
+// Each title has a letter of its own for the Alt key, the first that no title before it has.
+void QtMenuBar::ShowTitles()
+{
+    std::set<QChar> theTaken;
+    for (const MenuLook& theLook : mLook.theMenus) {
+        QMenu& theWidget = *mMenus.at(theLook.theId)->theMenu;
+        const QString theTitle = WithMnemonic(QString::fromStdString(theLook.theTitle), theTaken);
+        if (theWidget.title() != theTitle) {
+            theWidget.setTitle(theTitle);
+        }
+    }
 }
 
 QtMenuBar::SharedMenu QtMenuBar::MenuFor(const MenuLook& theLook, Menus& theKept)
@@ -166,10 +218,11 @@ QtMenuBar::SharedMenu QtMenuBar::MenuFor(const MenuLook& theLook, Menus& theKept
 void QtMenuBar::ShowItems(Menu& theMenu, const MenuLook& theLook, Menus& theKept)
 {
     QMenu& theWidget = *theMenu.theMenu;
-    theWidget.setTitle(WithoutMnemonics(theLook.theTitle));
     theWidget.menuAction()->setEnabled(theLook.theIsEnabled);
     const auto theCount = static_cast<qsizetype>(theLook.theItems.size());
     while (theWidget.actions().size() > theCount) {
+        // Else the submenu that hung there would go on being shown by the item, wherever it is now.
+        theWidget.actions().last()->setMenu(nullptr);
         theWidget.actions().last()->deleteLater();
         theWidget.removeAction(theWidget.actions().last());
     }
@@ -218,6 +271,20 @@ void QtMenuBar::Fill(QMenuBar& theBar) const
         theBar.clear();
         theBar.addActions(theActions);
     }
+}
+
+bool QtMenuBar::OpenByKey(QMenuBar& theBar, const QKeyEvent& theEvent)
+{
+    const QList<QAction*> theMenus = theBar.actions();
+    const auto theMenu =
+        std::find_if(theMenus.begin(), theMenus.end(), [&theEvent](const QAction* theAction) {
+            return CanOpen(*theAction) && IsKeyOf(*theAction, theEvent);
+        });
+    if (!theBar.isVisible() || theMenu == theMenus.end()) {
+        return false;
+    }
+    theBar.setActiveAction(*theMenu);
+    return true;
 }
 
 // Pop-ups ----------------------------------------------------------------------------------------------

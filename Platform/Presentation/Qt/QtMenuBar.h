@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QPointer>
 
+class QKeyEvent;
 class QMenuBar;
 
 namespace Host {
@@ -35,6 +36,10 @@ public:
     // Puts the menus into the bar of a window.
     void Fill(QMenuBar& theBar) const;
 
+    // Opens a menu of a window's bar where the key is one of the desktop's for it: F10 opens the first, Alt
+    // with the letter that is underlined in its title that menu. False when it is no such key.
+    static bool OpenByKey(QMenuBar& theBar, const QKeyEvent& theEvent);
+
     // Shows a menu by itself and waits for the choice. Meanwhile theTimers is called whenever time has come:
     // it returns after how many seconds it is to be called again, a negative number for never.
     static MenuChoice Choose(const PopUpLook& theLook, const std::function<double()>& theTimers);
@@ -45,6 +50,7 @@ private:
     using Menus = std::map<ObjectId, SharedMenu>;
 
     SharedMenu MenuFor(const MenuLook& theLook, Menus& theKept);
+    void ShowTitles();
     void ShowItems(Menu& theMenu, const MenuLook& theLook, Menus& theKept);
     void Connect(const SharedMenu& theMenu);
 

@@ -2,6 +2,8 @@
 
 #include "QtMenuWindow.h"
 
+#include "QtMenuBar.h"
+
 #include <algorithm>
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -23,6 +25,8 @@ QtMenuWindow::QtMenuWindow(QtReports& theReports)
     setObjectName(QStringLiteral("menu window"));
     setWindowTitle(QCoreApplication::applicationName());
     mMenuBar.setNativeMenuBar(false);
+    mInput.SetMenuKeys(
+        [this](const QKeyEvent& theEvent) { return QtMenuBar::OpenByKey(mMenuBar, theEvent); });
     mInput.Watch(*this, QtInput::MouseUse::kNone);
 }
 

@@ -7,6 +7,7 @@
 #include "QtEventPump.h"
 #include "QtMenuBar.h"
 #include "QtMenuWindow.h"
+#include "QtNames.h"
 #include "QtScreenshot.h"
 #include "QtWindow.h"
 
@@ -39,6 +40,15 @@ QFont FontOf(TextStyle theStyle)
     }
     theFont.setBold(theStyle == TextStyle::kEmphasis);
     return theFont;
+}
+
+// Whether the control, or one that it is the label of, may be called otherwise.
+bool IsNamedAnew(const ControlLook& theOld, const ControlLook& theNew)
+{
+    const bool theIsLabel = theNew.theShape == ControlShape::kStaticText;
+    return theOld.theShape != theNew.theShape || theOld.theTitle != theNew.theTitle ||
+           theOld.theBounds != theNew.theBounds || theOld.theIsVisible != theNew.theIsVisible ||
+           theOld.theTakesFocus != theNew.theTakesFocus || (theIsLabel && theOld.theText != theNew.theText);
 }
 
 } // namespace
@@ -111,6 +121,7 @@ void QtPresenter::Forget()
     mChangedWindows.clear();
     mChangedControls.clear();
     mUnstackedWindows.clear();
+    mUnnamedWindows.clear();
     mStack.clear();
     mFocusedWindow = kNoObject;
     mFocusedControl = kNoObject;
@@ -198,14 +209,19 @@ void QtPresenter::ControlLooks(const ControlLook& theLook)
         theEntry->second.theLook.theParent != theLook.theParent) {
         mUnstackedWindows.insert(theLook.theWindow);
     }
+    if (theIsNew || IsNamedAnew(theEntry->second.theLook, theLook)) {
+        mUnnamedWindows.insert(theLook.theWindow);
+    }
     mControls[theLook.theId].theLook = theLook;
     mChangedControls.insert(theLook.theId);
 }
 
 void QtPresenter::ControlGone(ObjectId theControl)
 {
-    if (IsRunning()) {
-        mControls.erase(theControl);
+    const auto theEntry = mControls.find(theControl);
+    if (IsRunning() && theEntry != mControls.end()) {
+        mUnnamedWindows.insert(theEntry->second.theLook.theWindow);
+        mControls.erase(theEntry);
     }
 }
 
@@ -345,6 +361,9 @@ void QtPresenter::ShowChangedControls()
     for (const ObjectId theId : std::exchange(mUnstackedWindows, {})) {
         StackControls(theId);
     }
+    for (const ObjectId theId : std::exchange(mUnnamedWindows, {})) {
+        NameControls(theId);
+    }
 }
 
 void QtPresenter::ShowControl(ControlEntry& theEntry)
@@ -356,8 +375,26 @@ void QtPresenter::ShowControl(ControlEntry& theEntry)
     if (theEntry.theControl == nullptr || !theEntry.theControl->Suits(theEntry.theLook)) {
         theEntry.theControl = QtControl::Make(theEntry.theLook, theWindow->Input(), theWindow->Content());
         mUnstackedWindows.insert(theEntry.theLook.theWindow);
+        mUnnamedWindows.insert(theEntry.theLook.theWindow);
     }
     theEntry.theControl->Show(theEntry.theLook, theWindow->Look().theIsActive);
+}
+
+// For screen readers; nobody sees it.
+void QtPresenter::NameControls(ObjectId theWindow)
+{
+    std::vector<const ControlLook*> theLooks;
+    for (const auto& theEntry : mControls) {
+        if (theEntry.second.theLook.theWindow == theWindow) {
+            theLooks.push_back(&theEntry.second.theLook);
+        }
+    }
+    for (const ControlLook* theLook : theLooks) {
+        if (QWidget* const theWidget = FindControlWidget(theLook->theId)) {
+            theWidget->setAccessibleName(QString::fromStdString(SpokenName(*theLook, theLooks)));
+            theWidget->setAccessibleDescription(QString::fromStdString(SpokenGroup(*theLook, theLooks)));
+        }
+    }
 }
 
 void QtPresenter::CollectBranch(ObjectId theWindow, ObjectId theParent,

@@ -85,6 +85,7 @@ private:
     void ShowChangedControls();
     void AddControlsOf(ObjectId theWindow);
     void StackControls(ObjectId theWindow);
+    void NameControls(ObjectId theWindow);
     void CollectBranch(ObjectId theWindow, ObjectId theParent, std::vector<QWidget*>& theWidgets) const;
     void StackWindows();
     void LinkWindows(const std::vector<QtWindow*>& theFrontToBack);
@@ -109,6 +110,7 @@ private:
     std::set<ObjectId> mChangedWindows;
     std::set<ObjectId> mChangedControls;
     std::set<ObjectId> mUnstackedWindows; // whose controls have changed places
+    std::set<ObjectId> mUnnamedWindows;   // whose controls may be called otherwise now
     MenuBarLook mMenuLook;
     bool mIsMenuChanged = false;
     bool mIsOrderChanged = false;

@@ -5,6 +5,7 @@
 #include "QtKeys.h"
 
 #include <QGuiApplication>
+#include <QPainter>
 #include <QProxyStyle>
 #include <QScrollBar>
 #include <QSlider>
@@ -159,6 +160,18 @@ protected:
             update();
         } else {
             QScrollBar::mouseReleaseEvent(theEvent);
+        }
+    }
+
+    // Styles do not expect that a scroll bar has the keys.
+    void paintEvent(QPaintEvent* theEvent) override
+    {
+        QScrollBar::paintEvent(theEvent);
+        if (hasFocus()) {
+            QStyleOptionFocusRect theOption;
+            theOption.initFrom(this);
+            QPainter thePainter(this);
+            style()->drawPrimitive(QStyle::PE_FrameFocusRect, &theOption, &thePainter, this);
         }
     }
 

@@ -3,6 +3,7 @@
 #include "QtWindow.h"
 
 #include "QtControl.h"
+#include "QtMenuBar.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -76,10 +77,10 @@ QtWindow::QtWindow(ObjectId theId, QtReports& theReports)
       mInput(theId, mContent, theReports)
 {
     setObjectName(QStringLiteral("window %1").arg(theId));
-    // The focus always shows, as it does on the platform.
-    setAttribute(Qt::WA_KeyboardFocusChange);
     mMenuBar.setNativeMenuBar(false);
     mMenuBar.hide();
+    mInput.SetMenuKeys(
+        [this](const QKeyEvent& theEvent) { return QtMenuBar::OpenByKey(mMenuBar, theEvent); });
     mInput.Watch(*this, QtInput::MouseUse::kNone);
     mInput.Watch(mContent, QtInput::MouseUse::kManagers);
     mSettling.setSingleShot(true);
@@ -191,6 +192,8 @@ void QtWindow::SetKeyWidget(QWidget* theWidget)
     QWidget& theTarget = theWidget == nullptr ? mContent : *theWidget;
     if (focusWidget() != &theTarget) {
         theTarget.setFocus(Qt::OtherFocusReason);
+        // The focus always shows, as it does on the platform. Qt hides it from those who use the mouse.
+        setAttribute(Qt::WA_KeyboardFocusChange);
     }
 }
 

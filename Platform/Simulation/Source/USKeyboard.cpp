@@ -68,8 +68,12 @@ KeyStroke StrokeFor(char theCharacter)
     return {kNoKeyPosition, 0};
 }
 
+// The option key by itself is the Alt key of a desktop, which types nothing.
 std::string TypedBy(UInt32 theKey, UInt32 theModifiers)
 {
+    if ((theModifiers & (optionKey | cmdKey | controlKey)) == optionKey) {
+        return {};
+    }
     for (const KeyCap& theCap : kKeyCaps) {
         if (theCap.theKey == theKey) {
             const UInt32 theRaising = IsLetter(theCap.theLower) ? shiftKey | alphaLock : shiftKey;

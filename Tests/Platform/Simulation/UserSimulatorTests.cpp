@@ -298,13 +298,13 @@ TEST_F(UserSimulator, ReturnPressesTheDefaultButton)
     EXPECT_EQ(Take(), (Log{"key down", "hit", "command", "key up"}));
 }
 
-TEST_F(UserSimulator, TabMovesTheKeysToTheNextField)
+TEST_F(UserSimulator, TabMovesTheKeysToTheNextControl)
 {
     const Rect theBounds = MakeRect(10, 130, 210, 150);
     ControlRef theNext = nullptr;
     CreateEditUnicodeTextControl(mProgram.mWindow.Get(), &theBounds, nullptr, false, nullptr, &theNext);
     FocusField();
-    ExpectDone(mUser.TypeText("Kitchen\tblue"));
+    ExpectDone(mUser.TypeText("Kitchen\t\tblue"));
     EXPECT_EQ(TextOf(mProgram.mField), "Kitchen");
     EXPECT_EQ(TextOf(theNext), "blue");
 }

@@ -16,6 +16,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QImage>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -275,21 +276,107 @@ TEST_F(QtInputTest, AClickIntoATextPutsTheCaretThere)
     EXPECT_EQ(theSelection.selEnd, 0);
 }
 
-TEST_F(QtInputTest, TabAndShiftTabMoveTheFocus)
+TEST_F(QtInputTest, TabAndShiftTabMoveTheFocusOverEveryControl)
 {
-    const Rect theBounds = MakeRect(10, 140, 210, 160);
-    ControlRef theNext = nullptr;
-    CreateEditUnicodeTextControl(mProgram->mWindow.Get(), &theBounds, nullptr, false, nullptr, &theNext);
-    TestProgram::Name(theNext, 'next');
-    QTest::mouseClick(&Field(), Qt::LeftButton);
+    const auto theKeyOf = [this](Qt::Key theKey, Qt::KeyboardModifiers theModifiers) {
+        QTest::keyClick(WindowWidget().focusWidget(), theKey, theModifiers);
+        Turn();
+        return WindowWidget().focusWidget();
+    };
     Turn();
-    EXPECT_EQ(WindowWidget().focusWidget(), &Field());
+    EXPECT_EQ(WindowWidget().focusWidget(), &Slider()) << "the first control";
+    for (const OSType theNext : {'heat', 'room', 'rset', 'temp'}) {
+        EXPECT_EQ(theKeyOf(Qt::Key_Tab, Qt::NoModifier), &Widget(theNext));
+    }
+    for (const OSType theNext : {'rset', 'room', 'heat', 'temp'}) {
+        EXPECT_EQ(theKeyOf(Qt::Key_Backtab, Qt::ShiftModifier), &Widget(theNext));
+    }
+}
+
+TEST_F(QtInputTest, SpaceAndTheArrowsOperateTheControlThatHasTheFocus)
+{
+    QTest::keyClick(&Slider(), Qt::Key_Right);
+    QTest::keyClick(&Slider(), Qt::Key_PageUp);
+    Turn();
+    EXPECT_EQ(GetControl32BitValue(mProgram->mSlider), 7);
+    EXPECT_EQ(Slider().value(), 7);
+    QTest::keyClick(&Slider(), Qt::Key_Tab);
+    Take();
+    QTest::keyClick(WindowWidget().focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(Take(), (Log{"key down", "value", "hit", "key up"}));
+    EXPECT_EQ(GetControl32BitValue(mProgram->mCheckBox), 1);
+}
+
+TEST_F(QtInputTest, TabIntoAFieldSelectsItsTextAndOutOfItNothingIsSelected)
+{
+    SetControlData(mProgram->mField, kControlEntireControl, kControlEditTextTextTag, 5, "Attic");
+    SetKeyboardFocus(mProgram->mWindow.Get(), mProgram->mCheckBox, kControlCheckBoxPart);
+    Turn();
+    QTest::keyClick(WindowWidget().focusWidget(), Qt::Key_Tab);
+    Turn();
+    EXPECT_EQ(Field().selectedText(), QStringLiteral("Attic"));
     QTest::keyClick(&Field(), Qt::Key_Tab);
     Turn();
-    EXPECT_EQ(WindowWidget().focusWidget(), &Widget('next'));
-    QTest::keyClick(&Widget('next'), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_FALSE(Field().hasSelectedText());
+    QTest::keyClick(WindowWidget().focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+    QTest::keyClicks(&Field(), QStringLiteral("Hall"));
     Turn();
-    EXPECT_EQ(WindowWidget().focusWidget(), &Field());
+    EXPECT_EQ(TextOf(mProgram->mField), "Hall");
+}
+
+// How a control that has the focus is lost.
+struct Loss
+{
+    const char* theName;
+    void (*theLoss)(ControlRef theControl);
+};
+
+class QtFocusLoss : public QtInputTest, public testing::WithParamInterface<Loss>
+{
+};
+
+TEST_P(QtFocusLoss, GivesTheKeysToNoOtherControl)
+{
+    SetControlData(mProgram->mField, kControlEntireControl, kControlEditTextTextTag, 5, "Attic");
+    SetKeyboardFocus(mProgram->mWindow.Get(), mProgram->mCheckBox, kControlCheckBoxPart);
+    Turn();
+    ASSERT_EQ(WindowWidget().focusWidget(), &Widget('heat'));
+    GetParam().theLoss(mProgram->mCheckBox);
+    Turn();
+    for (const OSType theOther : {'temp', 'room', 'rset'}) {
+        EXPECT_NE(WindowWidget().focusWidget(), &Widget(theOther));
+    }
+    EXPECT_FALSE(Field().hasSelectedText()) << "Qt has not been there meanwhile either";
+    QTest::keyClick(WindowWidget().focusWidget(), Qt::Key_Tab);
+    Turn();
+    EXPECT_EQ(WindowWidget().focusWidget(), &Slider());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Ways, QtFocusLoss,
+    testing::Values(Loss{"Disabled", [](ControlRef theControl) { DisableControl(theControl); }},
+                    Loss{"Hidden", [](ControlRef theControl) { HideControl(theControl); }},
+                    Loss{"Gone", [](ControlRef theControl) { DisposeControl(theControl); }}),
+    [](const testing::TestParamInfo<Loss>& theInfo) { return theInfo.param.theName; });
+
+TEST_F(QtInputTest, AltTypesNothing)
+{
+    SetKeyboardFocus(mProgram->mWindow.Get(), mProgram->mField, kControlEditTextPart);
+    Turn();
+    QKeyEvent theKey(QEvent::KeyPress, Qt::Key_X, Qt::AltModifier, QStringLiteral("x"));
+    QCoreApplication::sendEvent(&Field(), &theKey);
+    Turn();
+    EXPECT_EQ(TextOf(mProgram->mField), "");
+    EXPECT_EQ(Field().text(), QString());
+}
+
+TEST_F(QtInputTest, AnArrowThatNobodyWantsLeavesTheFocusWhereItIs)
+{
+    SetKeyboardFocus(mProgram->mWindow.Get(), mProgram->mButton, kControlButtonPart);
+    Take();
+    QTest::keyClick(&Widget('rset'), Qt::Key_Up);
+    EXPECT_EQ(Take(), (Log{"key down", "key up"}));
+    EXPECT_EQ(WindowWidget().focusWidget(), &Widget('rset'));
 }
 
 struct ButtonKey
@@ -424,6 +511,86 @@ TEST_F(QtMenuInput, AnItemOfASubmenuSendsItsCommandOnce)
     Heating().actions().at(2)->menu()->actions().at(1)->trigger();
     const Log theLog = Take();
     EXPECT_EQ(std::count(theLog.begin(), theLog.end(), "command fahr"), 1);
+}
+
+// A key of the desktop's and the menu that it opens.
+struct MenuKey
+{
+    const char* theName;
+    Qt::Key theKey;
+    Qt::KeyboardModifiers theModifiers;
+    int theMenu; // -1 for none
+};
+
+class QtMenuKeys : public QtMenuInput, public testing::WithParamInterface<MenuKey>
+{
+protected:
+    QMenu& Menu(int theIndex) const
+    {
+        return *WindowWidget().findChild<QMenuBar*>()->actions().at(theIndex)->menu();
+    }
+
+    void Press()
+    {
+        QTest::keyClick(WindowWidget().focusWidget(), GetParam().theKey, GetParam().theModifiers);
+        Turn();
+    }
+
+    void ExpectOpen(int theMenu) const
+    {
+        for (const int theIndex : {0, 1}) {
+            EXPECT_EQ(Menu(theIndex).isVisible(), theIndex == theMenu) << theIndex;
+        }
+    }
+};
+
+TEST_P(QtMenuKeys, OpenTheMenu)
+{
+    Press();
+    ExpectOpen(GetParam().theMenu);
+    QTest::keyClick(&Menu(std::max(GetParam().theMenu, 0)), Qt::Key_Escape);
+    Turn();
+    ExpectOpen(-1);
+    EXPECT_EQ(WindowWidget().focusWidget(), &Slider()) << "where it was";
+}
+
+TEST_P(QtMenuKeys, OpenItFromATextFieldTooAndTypeNothing)
+{
+    SetKeyboardFocus(mProgram->mWindow.Get(), mProgram->mField, kControlEditTextPart);
+    Turn();
+    Press();
+    ExpectOpen(GetParam().theMenu);
+    EXPECT_EQ(TextOf(mProgram->mField), "");
+}
+
+TEST_P(QtMenuKeys, OpenNothingWhenAHandlerTakesThem)
+{
+    mWindowLog->mAnswer = [](const std::string& theName, EventRef) {
+        return theName == "key down" ? OSStatus{noErr} : OSStatus{eventNotHandledErr};
+    };
+    Press();
+    ExpectOpen(-1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, QtMenuKeys,
+                         testing::Values(MenuKey{"F10", Qt::Key_F10, Qt::NoModifier, 0},
+                                         MenuKey{"AltF", Qt::Key_F, Qt::AltModifier, 0},
+                                         MenuKey{"AltH", Qt::Key_H, Qt::AltModifier, 1},
+                                         MenuKey{"AltQ", Qt::Key_Q, Qt::AltModifier, -1},
+                                         MenuKey{"ShiftF10", Qt::Key_F10, Qt::ShiftModifier, -1}),
+                         [](const testing::TestParamInfo<MenuKey>& theInfo) {
+                             return theInfo.param.theName;
+                         });
+
+TEST_F(QtMenuInput, AnItemIsChosenWithKeysAlone)
+{
+    QTest::keyClick(WindowWidget().focusWidget(), Qt::Key_H, Qt::AltModifier);
+    Turn();
+    for (const Qt::Key theKey : {Qt::Key_Up, Qt::Key_Return}) {
+        QTest::keyClick(&Heating(), theKey);
+    }
+    const Log theLog = Take();
+    EXPECT_EQ(std::count(theLog.begin(), theLog.end(), "command rset"), 1);
 }
 
 TEST_F(QtMenuInput, ACommandKeySendsItsCommandOnce)

@@ -190,6 +190,33 @@ INSTANTIATE_TEST_SUITE_P(Shapes, QtLooksOfEveryShape,
                                          ControlShape::kGroupBox, ControlShape::kPopUpButton,
                                          ControlShape::kSeparator, ControlShape::kPane));
 
+class QtFocusLooks : public QtLooks, public testing::WithParamInterface<ControlShape>
+{
+protected:
+    QImage PictureWithFocusAt(ObjectId theControl)
+    {
+        mPresenter.FocusIsAt(kWindow, theControl);
+        Turn();
+        return mPresenter.FindControlWidget(kControl)->grab().toImage();
+    }
+};
+
+TEST_P(QtFocusLooks, ShowWhereTheKeysGo)
+{
+    ControlLook theLook = Control(GetParam(), 1);
+    theLook.theTakesFocus = true;
+    Shown<QWidget>(theLook);
+    const QImage theOther = PictureWithFocusAt(Host::kNoObject);
+    EXPECT_NE(PictureWithFocusAt(kControl), theOther);
+    EXPECT_EQ(PictureWithFocusAt(Host::kNoObject), theOther);
+}
+
+INSTANTIATE_TEST_SUITE_P(Shapes, QtFocusLooks,
+                         testing::Values(ControlShape::kPushButton, ControlShape::kCheckBox,
+                                         ControlShape::kRadioButton, ControlShape::kSlider,
+                                         ControlShape::kScrollBar, ControlShape::kLittleArrows,
+                                         ControlShape::kEditText, ControlShape::kPopUpButton));
+
 TEST_F(QtLooks, ShowsWindowsOfAnyPlaceAndLimits)
 {
     WindowLook theLook = Window();
@@ -488,6 +515,25 @@ TEST_F(QtMenuLooks, ShowMarksKeysAndStates)
     const QAction& theInner = *theItems[3]->menu()->actions().at(0);
     EXPECT_FALSE(theInner.isCheckable());
     EXPECT_FALSE(theInner.icon().isNull()) << "a mark that is no check mark";
+}
+
+TEST_F(QtMenuLooks, UnderlineALetterOfTheirOwnInEachTitle)
+{
+    MenuBarLook theLook;
+    ObjectId theId = kMenu;
+    for (const char* theTitle : {"File", "Format", "R&D", "Fo", "7 & 8", "éclair", "FO"}) {
+        theLook.theMenus.push_back({theId++, theTitle, true, {}});
+    }
+    mPresenter.MenuBarLooks(theLook);
+    Turn();
+    QStringList theTitles;
+    for (const QAction* theAction : MenuBar().actions()) {
+        theTitles.append(theAction->text());
+    }
+    EXPECT_EQ(theTitles,
+              (QStringList{QStringLiteral("&File"), QStringLiteral("F&ormat"), QStringLiteral("&R&&D"),
+                           QStringLiteral("Fo"), QStringLiteral("&7 && 8"), QStringLiteral("&éclair"),
+                           QStringLiteral("FO")}));
 }
 
 TEST_F(QtMenuLooks, ShowMarksInTheColoursOfTheDesktop)

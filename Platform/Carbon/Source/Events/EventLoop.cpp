@@ -11,6 +11,7 @@
 #include "System/EndSignals.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <mutex>
 #include <Presentation/PresenterRegistry.h>
@@ -105,12 +106,14 @@ private:
     bool mIsQuit = false;
 };
 
-LoopChore gChore = nullptr;
+std::array<LoopChore, 2> gChores = {}; // one of each manager that has any
 
-void DoChore()
+void DoChores()
 {
-    if (gChore != nullptr) {
-        gChore();
+    for (const LoopChore theChore : gChores) {
+        if (theChore != nullptr) {
+            theChore();
+        }
     }
 }
 
@@ -123,7 +126,7 @@ OSStatus RunUntil(double theDeadline, const Condition& theIsDone)
     for (;;) {
         FireDueTimers();
         PollPresenter();
-        DoChore();
+        DoChores();
         if (EndSignals::TakeFirst()) {
             AskToQuit();
         }
@@ -182,9 +185,14 @@ void WakeEventLoop()
     CurrentClock().Wake();
 }
 
-void SetLoopChore(LoopChore theChore)
+void AddLoopChore(LoopChore theChore)
 {
-    gChore = theChore;
+    for (LoopChore& thePlace : gChores) {
+        if (thePlace == nullptr || thePlace == theChore) {
+            thePlace = theChore;
+            return;
+        }
+    }
 }
 
 bool IsApplicationLoopRunning()

@@ -8,10 +8,10 @@ namespace Host {
 // Ends the wait of the event loop, or its next one. From any thread.
 void WakeEventLoop();
 
-// What a manager puts off until a loop turns; every turn calls it before it looks for an event or waits. Set
-// once by the Menu Manager.
+// What a manager puts off until a loop turns; every turn calls it before it looks for an event or waits. The
+// Menu Manager has one and the keyboard focus has one; adding the same again changes nothing.
 using LoopChore = void (*)();
-void SetLoopChore(LoopChore theChore);
+void AddLoopChore(LoopChore theChore);
 
 // Whether RunApplicationEventLoop is running.
 bool IsApplicationLoopRunning();

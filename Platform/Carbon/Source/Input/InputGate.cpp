@@ -290,6 +290,7 @@ bool InputGate::KeyPressed(const KeyAction& theAction)
     if (KeysAreHeld()) {
         return false;
     }
+    GiveFirstFocus();
     // Some desktops report a repetition as one more press.
     const bool theIsNew = mKeysDown.insert(theAction.theKey).second;
     return Deliver(theIsNew ? kEventRawKeyDown : kEventRawKeyRepeat, theAction);

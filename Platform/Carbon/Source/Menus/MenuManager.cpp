@@ -287,7 +287,7 @@ SharedMenu AddMenu(MenuID theID, MenuAttributes theAttributes)
 {
     // The first menu is what brings command keys into the way of key events, and the bar before every wait.
     SetCommandKeyMatcher(TakeCommandKey);
-    SetLoopChore(CatchUpWithMenus);
+    AddLoopChore(CatchUpWithMenus);
     auto theMenu = std::make_shared<Menu>(theID, theAttributes);
     Menus().Add(theMenu->Identifier(), theMenu);
     return theMenu;

@@ -283,6 +283,7 @@ ControlLook Control::Look() const
     theLook.theIsEnabled = Is(ControlState::kEnabled);
     theLook.theIsActive = Is(ControlState::kActive);
     theLook.theIsHilited = mHilite != kControlNoPart;
+    theLook.theTakesFocus = FocusPart(IsFullKeyboardAccessOn()) != kControlFocusNoPart;
     AddPlaceToLook(theLook);
     AddToLook(theLook);
     return theLook;
@@ -353,5 +354,7 @@ ControlPartCode Control::FocusPart(bool) const
 }
 
 void Control::FocusMoved(bool) {}
+
+void Control::EnteredByKey() {}
 
 } // namespace Host

@@ -156,6 +156,9 @@ public:
     // The focus came or went. Called after the handlers were asked and before they are told.
     virtual void FocusMoved(bool theHasFocus);
 
+    // A key has brought the focus here.
+    virtual void EnteredByKey();
+
     virtual const ControlDataTag* FindTag(ResType theTag) const;
     virtual void AddToLook(ControlLook& theLook) const = 0;
 

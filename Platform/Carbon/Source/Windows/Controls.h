@@ -55,8 +55,8 @@ enum : EventParamName
 bool TextEditedByPerson(const SharedControl& theControl, const std::u16string& theText,
                         size_t theSelectionStart, size_t theSelectionEnd);
 
-// Lets the Tab key and the focus reach every control that can be worked by keys, not only text fields. Off
-// at start, as the platform has it.
+// Lets the Tab key and the focus reach every control that can be worked by keys, not only text fields. On at
+// start: nobody who needs the keyboard should have to look for a switch.
 HOST_PUBLIC void SetFullKeyboardAccess(bool theIsOn);
 
 } // namespace Host

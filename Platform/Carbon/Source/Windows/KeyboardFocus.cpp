@@ -6,6 +6,7 @@
 #include "Base/Guarded.h"
 #include "Common/NeverDestroyed.h"
 #include "ControlTracking.h"
+#include "Events/EventLoop.h"
 #include "Events/EventTargets.h"
 #include "Events/OutgoingEvent.h"
 #include "Window.h"
@@ -17,7 +18,7 @@ namespace Host {
 
 namespace {
 
-bool gIsFullKeyboardAccessOn = false;
+bool gIsFullKeyboardAccessOn = true;
 
 // Asks a control to take the focus with a part, or to give it up with kControlFocusNoPart, and gives the part
 // that it has then.
@@ -104,11 +105,7 @@ std::vector<SharedControl> FocusOrder(const Window& theWindow)
     if (theWindow.Root() != nullptr) {
         CollectFocusable(theWindow.Root(), &theControls);
     }
-    std::stable_sort(theControls.begin(), theControls.end(), [](const auto& theOne, const auto& theOther) {
-        const Rect theFirst = theOne->WindowBounds();
-        const Rect theSecond = theOther->WindowBounds();
-        return theFirst.top != theSecond.top ? theFirst.top < theSecond.top : theFirst.left < theSecond.left;
-    });
+    SortByPlace(&theControls);
     return theControls;
 }
 
@@ -124,6 +121,15 @@ bool IsFullKeyboardAccessOn()
     return gIsFullKeyboardAccessOn;
 }
 
+void SortByPlace(std::vector<SharedControl>* theControls)
+{
+    std::stable_sort(theControls->begin(), theControls->end(), [](const auto& theOne, const auto& theOther) {
+        const Rect theFirst = theOne->WindowBounds();
+        const Rect theSecond = theOther->WindowBounds();
+        return theFirst.top != theSecond.top ? theFirst.top < theSecond.top : theFirst.left < theSecond.left;
+    });
+}
+
 SharedControl FocusedControl(const Window& theWindow)
 {
     return theWindow.mFocus.lock();
@@ -131,6 +137,7 @@ SharedControl FocusedControl(const Window& theWindow)
 
 OSErr MoveFocus(const SharedWindow& theWindow, const SharedControl& theControl, ControlPartCode thePart)
 {
+    theWindow->mIsFocusChosen = true;
     if (theControl != nullptr && FocusedControl(*theWindow) == theControl &&
         theWindow->mFocusPart == thePart) {
         return noErr;
@@ -148,6 +155,19 @@ OSErr MoveFocus(const SharedWindow& theWindow, const SharedControl& theControl, 
     return TakeFocus(theWindow, theControl, thePart);
 }
 
+namespace {
+
+OSErr MoveFocusByKey(const SharedWindow& theWindow, const SharedControl& theControl)
+{
+    const OSErr theError = MoveFocus(theWindow, theControl, theControl->FocusPart(gIsFullKeyboardAccessOn));
+    if (theError == noErr && FocusedControl(*theWindow) == theControl) {
+        theControl->EnteredByKey();
+    }
+    return theError;
+}
+
+} // namespace
+
 OSErr AdvanceFocus(const SharedWindow& theWindow, bool theIsBackward)
 {
     std::vector<SharedControl> theControls = FocusOrder(*theWindow);
@@ -159,8 +179,21 @@ OSErr AdvanceFocus(const SharedWindow& theWindow, bool theIsBackward)
     }
     const auto theFound = std::find(theControls.begin(), theControls.end(), FocusedControl(*theWindow));
     const bool theIsLast = theFound == theControls.end() || theFound + 1 == theControls.end();
-    const SharedControl& theNext = theIsLast ? theControls.front() : *(theFound + 1);
-    return MoveFocus(theWindow, theNext, theNext->FocusPart(gIsFullKeyboardAccessOn));
+    return MoveFocusByKey(theWindow, theIsLast ? theControls.front() : *(theFound + 1));
+}
+
+void GiveFirstFocus()
+{
+    const SharedWindow theWindow = UserFocusWindow();
+    if (theWindow != nullptr && !theWindow->mIsFocusChosen &&
+        theWindow->Has(kWindowStandardHandlerAttribute)) {
+        // Without memory for it there is no first focus yet.
+        Guarded([&theWindow] {
+            const std::vector<SharedControl> theControls = FocusOrder(*theWindow);
+            return theControls.empty() ? OSStatus{noErr}
+                                       : OSStatus{MoveFocusByKey(theWindow, theControls.front())};
+        });
+    }
 }
 
 void ReleaseFocusInside(const Control& theControl)
@@ -341,6 +374,7 @@ EventTargetRef UserFocusTarget()
 void AnswerForUserFocus()
 {
     SetUserFocusFinder(UserFocusTarget);
+    AddLoopChore(GiveFirstFocus);
 }
 
 SharedWindow UserFocusWindow()

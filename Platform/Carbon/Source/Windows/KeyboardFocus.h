@@ -17,6 +17,13 @@ SharedControl FocusedControl(const Window& theWindow);
 OSErr MoveFocus(const SharedWindow& theWindow, const SharedControl& theControl, ControlPartCode thePart);
 OSErr AdvanceFocus(const SharedWindow& theWindow, bool theIsBackward);
 
+// The order of the Tab key: from top to bottom, and from left to right.
+void SortByPlace(std::vector<SharedControl>* theControls);
+
+// Gives the focus of the window that keys go to, where neither program nor person has chosen it yet, to the
+// first control. Called before a person could press a key.
+void GiveFirstFocus();
+
 // Takes the focus away if it is at a control or inside of it.
 void ReleaseFocusInside(const Control& theControl);
 

@@ -106,6 +106,7 @@ public:
     std::weak_ptr<Control> mCancelButton;
     std::weak_ptr<Control> mFocus;
     ControlPartCode mFocusPart = kControlFocusNoPart;
+    bool mIsFocusChosen = false;   // by the program, by the person, or as the first one
     Rect mUnzoomed = {0, 0, 0, 0}; // where a zoomed window came from; empty when it is not zoomed
 
 private:

@@ -192,7 +192,8 @@ struct ControlLook
     bool theIsVisible = true; // by itself and by everything around it, window excepted
     bool theIsEnabled = true; // by itself and by everything around it
     bool theIsActive = true;
-    bool theIsHilited = false; // drawn pressed
+    bool theIsHilited = false;  // drawn pressed
+    bool theTakesFocus = false; // the Tab key reaches it, unless it is hidden or disabled
     bool theIsPassword = false;
     bool theIsMultiline = false;
     bool theIsLocked = false;        // an edit text that shows but takes no typing

@@ -4,6 +4,7 @@
 
 #include "ManagerTestSupport.h"
 
+#include <Presentation/PresenterRegistry.h>
 #include <Windows/Controls.h>
 
 namespace {
@@ -11,7 +12,10 @@ namespace {
 class KeyboardFocus : public ControlKindTest
 {
 protected:
-    ~KeyboardFocus() override { Host::SetFullKeyboardAccess(false); }
+    ~KeyboardFocus() override { Host::SetFullKeyboardAccess(true); }
+
+    // Lets the loop turn once, as it does before a person could press a key.
+    static void Turn() { RunCurrentEventLoop(0); }
 };
 
 const std::vector<EventTypeSpec> kFocusEvents = {{kEventClassControl, kEventControlSetFocusPart},
@@ -88,6 +92,7 @@ TEST_F(KeyboardFocus, IsRefusedWhereItCannotBe)
 {
     ControlRef theField = NewEditText();
     EXPECT_EQ(SetFocus(NewStaticText()), errCouldntSetFocus);
+    Host::SetFullKeyboardAccess(false);
     EXPECT_EQ(SetKeyboardFocus(mWindow, NewPushButton(), kControlButtonPart), errCouldntSetFocus);
     EXPECT_EQ(SetKeyboardFocus(mWindow, theField, kControlButtonPart), errCouldntSetFocus);
     DisableControl(theField);
@@ -246,10 +251,11 @@ TEST_F(KeyboardFocus, AdvancesFromTopToBottomAndLeftToRightAndRound)
     EXPECT_EQ(Focus(), theRight);
 }
 
-TEST_F(KeyboardFocus, FullKeyboardAccessReachesEveryControl)
+TEST_F(KeyboardFocus, ReachesEveryControlUnlessFullKeyboardAccessIsOff)
 {
     ControlRef theSlider = NewSlider();
     ControlRef theButton = NewPushButton();
+    Host::SetFullKeyboardAccess(false);
     EXPECT_EQ(AdvanceKeyboardFocus(mWindow), errCouldntSetFocus);
     Host::SetFullKeyboardAccess(true);
     EXPECT_EQ(AdvanceKeyboardFocus(mWindow), noErr);
@@ -259,7 +265,138 @@ TEST_F(KeyboardFocus, FullKeyboardAccessReachesEveryControl)
     EXPECT_EQ(SetKeyboardFocus(mWindow, theSlider, kControlIndicatorPart), noErr);
 }
 
+// --- The first focus ---------------------------------------------------------------------------------
+
+TEST_F(KeyboardFocus, IsAtTheFirstControlWhenThePersonComes)
+{
+    NewFieldAt(10, 40);
+    ControlRef theFirst = NewFieldAt(10, 10, "Kitchen");
+    EXPECT_EQ(Focus(), nullptr);
+    Turn();
+    EXPECT_EQ(Focus(), theFirst);
+    EXPECT_EQ(Selection(theFirst), "0-7");
+}
+
+TEST_F(KeyboardFocus, ComesToTheFirstControlBeforeTheFirstKey)
+{
+    ControlRef theField = NewFieldAt(10, 10);
+    Host::PresenterRegistry::Events().KeyPressed({kVK_ANSI_A, "a", 0});
+    Host::PresenterRegistry::Events().KeyReleased({kVK_ANSI_A, "a", 0});
+    EXPECT_EQ(TextIn(theField), "a");
+}
+
+TEST_F(KeyboardFocus, StaysWhereTheProgramHasPutIt)
+{
+    NewFieldAt(10, 10);
+    ControlRef theSecond = NewFieldAt(10, 40);
+    SetFocus(theSecond);
+    Turn();
+    EXPECT_EQ(Focus(), theSecond);
+    ClearKeyboardFocus(mWindow);
+    Turn();
+    EXPECT_EQ(Focus(), nullptr);
+}
+
+TEST_F(KeyboardFocus, IsNotGivenToAWindowThatSeesToItsKeysItself)
+{
+    mWindow = NewWindow(kDocumentWindowClass, kWindowStandardDocumentAttributes);
+    ShowWindow(mWindow);
+    NewEditText();
+    Turn();
+    EXPECT_EQ(Focus(), nullptr);
+}
+
+TEST_F(KeyboardFocus, WaitsForAControlThatCanHaveIt)
+{
+    Turn();
+    ControlRef theField = NewFieldAt(10, 10);
+    Turn();
+    EXPECT_EQ(Focus(), theField);
+}
+
 // --- Keys --------------------------------------------------------------------------------------------
+
+TEST_F(KeyboardFocus, TabIntoAFieldSelectsItsTextAndOutOfItNothing)
+{
+    ControlRef theFirst = NewFieldAt(10, 10, "Kitchen");
+    ControlRef theSecond = NewFieldAt(10, 40, "Attic");
+    Key(kVK_Tab, "\t");
+    EXPECT_EQ(Selection(theFirst), "0-7");
+    Key(kVK_Tab, "\t");
+    EXPECT_EQ(Selection(theFirst), "7-7");
+    EXPECT_EQ(Selection(theSecond), "0-5");
+    Type("Hall");
+    EXPECT_EQ(TextIn(theSecond), "Hall");
+}
+
+TEST_F(KeyboardFocus, AFocusThatTheProgramMovesLeavesTheSelection)
+{
+    ControlRef theField = NewFieldAt(10, 10, "Kitchen");
+    Select(theField, 2, 4);
+    SetFocus(theField);
+    EXPECT_EQ(Selection(theField), "2-4");
+}
+
+TEST_F(KeyboardFocus, KeysPressThePartsOfAScrollBar)
+{
+    const Rect theBounds = MakeRect(300, 10, 316, 200);
+    ControlRef theBar = nullptr;
+    CreateScrollBarControl(mWindow, &theBounds, 5, 0, 9, 2, false, nullptr, &theBar);
+    std::vector<int> theParts;
+    Watch(theBar, "bar", {{kEventClassControl, kEventControlHit}}, [&](EventRef theEvent) {
+        theParts.push_back(Parameter<ControlPartCode>(theEvent, kEventParamControlPart, typeControlPartCode));
+        return OSStatus{eventNotHandledErr};
+    });
+    Key(kVK_Tab, "\t");
+    EXPECT_EQ(Focus(), theBar);
+    for (const UInt32 theCode :
+         {kVK_UpArrow, kVK_LeftArrow, kVK_DownArrow, kVK_RightArrow, kVK_PageUp, kVK_PageDown}) {
+        Key(theCode, "");
+    }
+    EXPECT_EQ(theParts, (std::vector<int>{kControlUpButtonPart, kControlUpButtonPart, kControlDownButtonPart,
+                                          kControlDownButtonPart, kControlPageUpPart, kControlPageDownPart}));
+    Key(kVK_End, "");
+    EXPECT_EQ(GetControl32BitValue(theBar), 9);
+    Key(kVK_Home, "");
+    EXPECT_EQ(GetControl32BitValue(theBar), 0);
+    EXPECT_EQ(theParts.size(), 8u);
+    EXPECT_EQ(Key(kVK_Space, " "), eventNotHandledErr);
+    SetControl32BitMaximum(theBar, 0);
+    EXPECT_EQ(Key(kVK_DownArrow, ""), eventNotHandledErr) << "there is nothing to scroll";
+}
+
+TEST_F(KeyboardFocus, PageKeysMoveASliderByATenthOfItsRange)
+{
+    ControlRef theSlider = NewSlider(50, 0, 100);
+    Key(kVK_Tab, "\t");
+    Key(kVK_PageUp, "");
+    EXPECT_EQ(GetControl32BitValue(theSlider), 60);
+    Key(kVK_PageDown, "");
+    Key(kVK_PageDown, "");
+    EXPECT_EQ(GetControl32BitValue(theSlider), 40);
+}
+
+TEST_F(KeyboardFocus, ArrowsGoFromRadioButtonToRadioButtonAndPressIt)
+{
+    std::vector<ControlRef> theButtons(3);
+    for (short theIndex = 0; theIndex < 3; ++theIndex) {
+        const Rect theBounds = MakeRect(300, 10 + 20 * theIndex, 380, 26 + 20 * theIndex);
+        CreateRadioButtonControl(mWindow, &theBounds, CFSTR("One"), 0, true,
+                                 &theButtons[static_cast<size_t>(theIndex)]);
+    }
+    DisableControl(theButtons[1]);
+    SetKeyboardFocus(mWindow, theButtons[0], kControlRadioButtonPart);
+    Watch(theButtons[0], "first", {{kEventClassControl, kEventControlHit}});
+    Watch(theButtons[2], "last", {{kEventClassControl, kEventControlHit}});
+    Key(kVK_DownArrow, "");
+    EXPECT_EQ(Focus(), theButtons[2]);
+    EXPECT_EQ(GetControl32BitValue(theButtons[2]), 1);
+    Key(kVK_RightArrow, "");
+    EXPECT_EQ(Focus(), theButtons[0]);
+    Key(kVK_UpArrow, "");
+    EXPECT_EQ(Focus(), theButtons[2]);
+    EXPECT_EQ(TakeLog(), (Log{"last: Hit", "first: Hit", "last: Hit"}));
+}
 
 TEST_F(KeyboardFocus, TabMovesItAndShiftTabMovesItBack)
 {

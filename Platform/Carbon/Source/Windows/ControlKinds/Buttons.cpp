@@ -5,6 +5,10 @@
 #include "Creation.h"
 #include "DataTags.h"
 #include "Windows/ControlTracking.h"
+#include "Windows/KeyboardFocus.h"
+
+#include <algorithm>
+#include <iterator>
 
 namespace Host {
 
@@ -90,6 +94,48 @@ void CheckBox::AddToLook(ControlLook& theLook) const
 RadioButton::RadioButton(bool theIsToggle)
     : Button(kControlKindRadioButton, ToggleFeatures(theIsToggle), kControlRadioButtonPart)
 {
+}
+
+namespace {
+
+// The radio buttons beside this one in its container, itself included, in the order of the Tab key.
+std::vector<SharedControl> RadioButtonsAround(const Control& theControl)
+{
+    std::vector<SharedControl> theButtons;
+    const SharedControl theParent = theControl.Parent();
+    if (theParent != nullptr) {
+        const std::vector<SharedControl>& theBeside = theParent->SubControls();
+        std::copy_if(theBeside.begin(), theBeside.end(), std::back_inserter(theButtons),
+                     [](const SharedControl& theOne) {
+                         return theOne->Kind() == kControlKindRadioButton && theOne->CanBePressed();
+                     });
+    }
+    SortByPlace(&theButtons);
+    return theButtons;
+}
+
+} // namespace
+
+// An arrow goes on to the next of a group and presses it, round and round.
+OSStatus RadioButton::PressKey(const KeyPress& theKey)
+{
+    const bool theIsBack = theKey.theCode == kVK_UpArrow || theKey.theCode == kVK_LeftArrow;
+    const bool theIsOn = theKey.theCode == kVK_DownArrow || theKey.theCode == kVK_RightArrow;
+    const SharedWindow theWindow = Owner();
+    const std::vector<SharedControl> theButtons = RadioButtonsAround(*this);
+    const auto thePlace = std::find(theButtons.begin(), theButtons.end(), shared_from_this());
+    if ((!theIsBack && !theIsOn) || theWindow == nullptr || thePlace == theButtons.end() ||
+        theButtons.size() < 2) {
+        return Button::PressKey(theKey);
+    }
+    const size_t theStep = theIsBack ? theButtons.size() - 1 : 1;
+    const auto theOld = static_cast<size_t>(thePlace - theButtons.begin());
+    const SharedControl& theNext = theButtons[(theOld + theStep) % theButtons.size()];
+    MoveFocus(theWindow, theNext, theNext->FocusPart(IsFullKeyboardAccessOn()));
+    if (!theNext->IsGone() && theNext->CanBePressed()) {
+        PressAndRelease(theNext, kControlRadioButtonPart, theKey.theModifiers);
+    }
+    return noErr;
 }
 
 bool RadioButton::ToggledValue(SInt32* theValue) const

@@ -45,6 +45,7 @@ class RadioButton : public Button
 {
 public:
     explicit RadioButton(bool theIsToggle);
+    OSStatus PressKey(const KeyPress& theKey) override;
     bool ToggledValue(SInt32* theValue) const override;
     void AddToLook(ControlLook& theLook) const override;
 };

@@ -18,6 +18,9 @@ const int kSliderIndicator = 16;
 const int kArrow = 16;
 const int kSmallestThumb = 8;
 
+// How many times a page key moves a slider from one end to the other.
+const int kPages = 10;
+
 std::int64_t Span(const ControlRange& theRange)
 {
     return std::max<std::int64_t>(std::int64_t{theRange.theMaximum} - theRange.theMinimum, 0);
@@ -105,6 +108,19 @@ Point IndicatorControl::PlaceOfValue(SInt32 theValue) const
     return MiddleOf(Slice(theMiddle, theMiddle + 1));
 }
 
+bool IndicatorControl::SetByKey(SInt32 theValue, UInt32 theModifiers)
+{
+    if (theValue == Range().theValue) {
+        return false;
+    }
+    const SharedControl theKeepAlive = shared_from_this();
+    SetValue(theValue);
+    if (!IsGone()) {
+        Hit(theKeepAlive, kControlIndicatorPart, theModifiers, 1);
+    }
+    return true;
+}
+
 // Sliders ------------------------------------------------------------------------------------------------
 
 Slider::Slider(UInt16 theTickMarks, bool theIsLive, ControlActionUPP theAction)
@@ -146,6 +162,12 @@ SInt32 Slider::ValueAfter(const KeyPress& theKey) const
     case kVK_DownArrow:
         theValue -= theStep;
         break;
+    case kVK_PageUp:
+        theValue += std::max(theStep, Span(Range()) / kPages);
+        break;
+    case kVK_PageDown:
+        theValue -= std::max(theStep, Span(Range()) / kPages);
+        break;
     case kVK_Home:
         theValue = Range().theMinimum;
         break;
@@ -161,16 +183,8 @@ SInt32 Slider::ValueAfter(const KeyPress& theKey) const
 
 OSStatus Slider::PressKey(const KeyPress& theKey)
 {
-    const SInt32 theValue = ValueAfter(theKey);
-    if (theValue == Range().theValue || !CanBePressed()) {
-        return eventNotHandledErr;
-    }
-    const SharedControl theKeepAlive = shared_from_this();
-    SetValue(theValue);
-    if (!IsGone()) {
-        Hit(theKeepAlive, kControlIndicatorPart, theKey.theModifiers, 1);
-    }
-    return noErr;
+    const bool theIsMoved = CanBePressed() && SetByKey(ValueAfter(theKey), theKey.theModifiers);
+    return theIsMoved ? OSStatus{noErr} : OSStatus{eventNotHandledErr};
 }
 
 void Slider::AddToLook(ControlLook& theLook) const
@@ -182,8 +196,8 @@ void Slider::AddToLook(ControlLook& theLook) const
 // Scroll bars --------------------------------------------------------------------------------------------
 
 ScrollBar::ScrollBar(bool theIsLive, ControlActionUPP theAction)
-    : IndicatorControl(kControlKindScrollBar,
-                       kControlSupportsDataAccess | (theIsLive ? UInt32{kControlSupportsLiveFeedback} : 0))
+    : IndicatorControl(kControlKindScrollBar, kControlSupportsDataAccess | kControlSupportsFocus |
+                                                  (theIsLive ? UInt32{kControlSupportsLiveFeedback} : 0))
 {
     mIsLive = theIsLive;
     mAction = theAction;
@@ -243,6 +257,43 @@ Rect ScrollBar::PlaceOf(ControlPartCode thePart) const
         return Slice(theEnd - ArrowLength(), theEnd);
     default:
         return IndicatorControl::PlaceOf(thePart);
+    }
+}
+
+ControlPartCode ScrollBar::FocusPart(bool theEverything) const
+{
+    return theEverything ? ControlPartCode{kControlIndicatorPart} : ControlPartCode{kControlFocusNoPart};
+}
+
+// The keys press the parts that a mouse would; what a press does to the value is the program's to say.
+OSStatus ScrollBar::PressKey(const KeyPress& theKey)
+{
+    if (!CanBePressed() || Span(Range()) == 0) {
+        return eventNotHandledErr;
+    }
+    const auto thePress = [&](ControlPartCode thePart) {
+        PressAndRelease(shared_from_this(), thePart, theKey.theModifiers);
+        return OSStatus{noErr};
+    };
+    switch (theKey.theCode) {
+    case kVK_UpArrow:
+    case kVK_LeftArrow:
+        return thePress(kControlUpButtonPart);
+    case kVK_DownArrow:
+    case kVK_RightArrow:
+        return thePress(kControlDownButtonPart);
+    case kVK_PageUp:
+        return thePress(kControlPageUpPart);
+    case kVK_PageDown:
+        return thePress(kControlPageDownPart);
+    case kVK_Home:
+        SetByKey(Range().theMinimum, theKey.theModifiers);
+        return noErr;
+    case kVK_End:
+        SetByKey(Range().theMaximum, theKey.theModifiers);
+        return noErr;
+    default:
+        return eventNotHandledErr;
     }
 }
 

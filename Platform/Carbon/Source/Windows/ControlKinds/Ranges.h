@@ -20,6 +20,9 @@ public:
 protected:
     using Control::Control;
 
+    // A key has put the indicator there; false when it was there already.
+    bool SetByKey(SInt32 theValue, UInt32 theModifiers);
+
     bool IsUpright() const;
     bool RunsBackward() const;
     virtual bool RunsBackwardWhenUpright() const = 0;
@@ -57,6 +60,8 @@ public:
     ScrollBar(bool theIsLive, ControlActionUPP theAction);
     ControlPartCode PartAt(Point thePoint) const override;
     Rect PlaceOf(ControlPartCode thePart) const override;
+    OSStatus PressKey(const KeyPress& theKey) override;
+    ControlPartCode FocusPart(bool theEverything) const override;
     const ControlDataTag* FindTag(ResType theTag) const override;
     void AddToLook(ControlLook& theLook) const override;
 

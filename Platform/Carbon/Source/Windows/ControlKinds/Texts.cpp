@@ -161,11 +161,26 @@ void EditText::Accept()
     theEvent.TellAll(Target());
 }
 
+// What is selected is seen where keys go, and nowhere else.
 void EditText::FocusMoved(bool theHasFocus)
 {
-    if (!theHasFocus && mHasEdits) {
+    if (theHasFocus) {
+        return;
+    }
+    if (mStart != mEnd) {
+        Select(mEnd, mEnd);
+        Show();
+    }
+    if (mHasEdits) {
         Accept();
     }
+}
+
+// What is typed next takes the place of the whole text.
+void EditText::EnteredByKey()
+{
+    Select(0, mText.size());
+    Show();
 }
 
 ControlPartCode EditText::PartAt(Point) const

@@ -51,6 +51,7 @@ public:
     OSStatus PressCommandKey(char theCharacter) override;
     ControlPartCode FocusPart(bool theIsFullAccess) const override;
     void FocusMoved(bool theHasFocus) override;
+    void EnteredByKey() override;
     const ControlDataTag* FindTag(ResType theTag) const override;
     void AddToLook(ControlLook& theLook) const override;
 
