@@ -9,6 +9,7 @@
 #include "QtMenuWindow.h"
 #include "QtNames.h"
 #include "QtScreenshot.h"
+#include "QtSession.h"
 #include "QtWindow.h"
 
 #include <Presentation/PresenterEvents.h>
@@ -79,6 +80,7 @@ bool QtPresenter::Start(PresenterEvents& theEvents)
     mEvents = &theEvents;
     mPump = std::make_unique<QtEventPump>();
     mMenuBar = std::make_unique<QtMenuBar>(mReports, [this](ObjectId theMenu) { OpenMenu(theMenu); });
+    mSession = std::make_unique<QtSession>(mReports, [this] { EndSession(); });
     return true;
 }
 
@@ -116,6 +118,7 @@ void QtPresenter::Forget()
         mMenuWindow = nullptr;
     }
     mMenuBar = nullptr;
+    mSession = nullptr;
     mMenuLook = {};
     mIsMenuChanged = false;
     mChangedWindows.clear();
@@ -602,6 +605,15 @@ void QtPresenter::OpenMenu(ObjectId theMenu)
 {
     if (IsRunning()) {
         mEvents->MenuOpened(theMenu);
+        ShowNow();
+    }
+}
+
+// Nor can this: the desktop goes on as soon as this returns, and what is not saved then is lost.
+void QtPresenter::EndSession()
+{
+    if (IsRunning()) {
+        mEvents->QuitAsked();
         ShowNow();
     }
 }

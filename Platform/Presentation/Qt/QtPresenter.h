@@ -19,6 +19,7 @@ class QtControl;
 class QtEventPump;
 class QtMenuBar;
 class QtMenuWindow;
+class QtSession;
 class QtWindow;
 
 // Shows the program on a desktop, with the widgets of Qt.
@@ -93,6 +94,7 @@ private:
     void ShowFocus();
     bool CarriesMenuBar(const WindowLook& theLook) const;
     void OpenMenu(ObjectId theMenu);
+    void EndSession();
     void CollectReports();
     void CollectActivation();
     void ActivateWindow();
@@ -104,6 +106,7 @@ private:
     QtReports mReports;
     std::unique_ptr<QtEventPump> mPump;
     std::unique_ptr<QtMenuBar> mMenuBar;
+    std::unique_ptr<QtSession> mSession;
     QtMenuWindow* mMenuWindow = nullptr; // null until it is needed
     std::map<ObjectId, WindowEntry> mWindows;
     std::map<ObjectId, ControlEntry> mControls;

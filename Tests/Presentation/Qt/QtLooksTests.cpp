@@ -23,6 +23,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QSessionManager>
 #include <QSlider>
 #include <QTest>
 #include <QTimer>
@@ -456,6 +457,30 @@ TEST_F(QtLooks, ShowsTickMarksOnADarkDesktopToo)
     auto& theSlider = Shown<QSlider>(theLook);
     const QRect theTicks(0, theSlider.height() - 4, theSlider.width(), 3);
     EXPECT_GT(Brightness(theSlider.grab(theTicks).toImage()).second, 96);
+}
+
+// The end -----------------------------------------------------------------------------------------------
+
+TEST_F(QtLooks, ReportsThatTheDesktopWantsTheProgramToEnd)
+{
+    QEvent theEvent(QEvent::Quit);
+    QCoreApplication::sendEvent(qApp, &theEvent);
+    EXPECT_EQ(mGate.Take(), Reports());
+    Turn();
+    EXPECT_EQ(mGate.Take(), Reports{"quit 0"});
+    EXPECT_TRUE(WindowWidget().isVisible()) << "the program decides";
+}
+
+TEST_F(QtLooks, ReportsTheEndOfTheSessionBeforeTheDesktopGoesOn)
+{
+    auto* const theManager = qApp->findChild<QSessionManager*>();
+    ASSERT_NE(theManager, nullptr);
+    emit qApp->commitDataRequest(*theManager);
+    EXPECT_EQ(mGate.Take(), Reports{"quit 0"});
+    EXPECT_TRUE(WindowWidget().isVisible());
+    mPresenter.Stop();
+    emit qApp->commitDataRequest(*theManager);
+    EXPECT_EQ(mGate.Take(), Reports()) << "it is not shown any more";
 }
 
 // Menus ------------------------------------------------------------------------------------------------
