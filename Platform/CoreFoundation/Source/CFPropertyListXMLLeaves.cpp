@@ -8,8 +8,6 @@
 
 namespace {
 
-using Host::MalformedPropertyList;
-
 int DigitValue(char theCharacter)
 {
     if (theCharacter >= '0' && theCharacter <= '9') {
