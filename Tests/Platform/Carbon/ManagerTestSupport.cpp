@@ -413,6 +413,7 @@ const std::vector<KindRow>& EveryKind()
              return CreateGroupBoxControl(theWindow, theBounds, CFSTR("Title"), true, theControl);
          },
          0, 0, false},
+        {"Separator", kControlKindSeparator, CreateSeparatorControl, 0, 0, false},
     };
     return kKinds;
 }

@@ -34,6 +34,7 @@ enum
     kControlKindEditText = 'etxt',
     kControlKindEditUnicodeText = 'eutx',
     kControlKindGroupBox = 'grpb',
+    kControlKindSeparator = 'sepa',
     kControlKindUserPane = 'upan' // the root control of a window is one
 };
 
@@ -209,5 +210,12 @@ CARBON_EXPORT OSStatus CreateEditUnicodeTextControl(WindowRef window, const Rect
 // A box with a title that other controls can be embedded in. primary chooses the look of an outer box.
 CARBON_EXPORT OSStatus CreateGroupBoxControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
                                              Boolean primary, ControlRef* outControl);
+
+// Separators --------------------------------------------------------------------------------------------
+
+// A line between other controls: across when the bounds are wider than high, upright otherwise. It has no
+// value, and takes neither presses nor the focus.
+CARBON_EXPORT OSStatus CreateSeparatorControl(WindowRef window, const Rect* boundsRect,
+                                              ControlRef* outControl);
 
 #endif
