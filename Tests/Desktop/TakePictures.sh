@@ -20,7 +20,6 @@ kFirstField='83 28'
 kSecondField='313 28'
 gScale=1
 gName=
-gLook=
 
 # place <x> <y>: on the screen, of a place in the content of the gallery.
 place()
@@ -105,13 +104,18 @@ make_light()
 }
 
 # is_drawn: whether the window is as bright as it should be, shows more than its ground, and has not changed since
-# this was asked before: what is compared with later must not be half drawn. Also takes the picture of it.
+# this was asked before, but for the caret that blinks in its first field: what is compared with later must not be half
+# drawn. Also takes the picture of it.
 is_drawn()
 {
-    local theBrightness theLook=$gLook
+    local theBrightness thePicture=$kFolder/$gName-normal.png theFormer=$kFolder/$gName-before.png theChange
+    if [ -e "$thePicture" ]; then
+        mv "$thePicture" "$theFormer"
+    fi
     shoot normal
-    gLook=$(identify -format '%k %#' "$kFolder/$gName-normal.png")
-    if [ "$gLook" != "$theLook" ] || [ "${gLook%% *}" -lt 16 ]; then
+    theChange=$(compare -metric AE "$theFormer" "$thePicture" null: 2>&1)
+    rm -f "$theFormer"
+    if ! [ "$theChange" -lt 100 ] 2>/dev/null || [ "$(identify -format '%k' "$thePicture")" -lt 16 ]; then
         return 1
     fi
     theBrightness=$(brightness normal)
