@@ -14,7 +14,7 @@ namespace Host {
 
 // A year that others have written with fewer than four digits is read too. None for a text of another form,
 // or with a day or an hour that does not exist.
-std::optional<CFAbsoluteTime> ParseDate(std::string_view theText);
+std::optional<CFAbsoluteTime> ParseDate(std::string_view theDate);
 
 // The whole second that theTime is in. None for a year that does not have four digits.
 std::optional<std::string> DateText(CFAbsoluteTime theTime);
