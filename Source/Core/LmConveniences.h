@@ -138,12 +138,13 @@ inline std::ostream& operator<<(std::ostream& theStream, const LmValue& theValue
     return theStream << theText;
 }
 
-// How googletest shows a value or a string in its messages.
+// How googletest shows a value in its messages: as operator<< writes it.
 inline void PrintTo(const LmValue& theValue, std::ostream* theStream)
 {
     *theStream << theValue;
 }
 
+// How googletest shows a string in its messages: between quotation marks.
 inline void PrintTo(const LmString& theString, std::ostream* theStream)
 {
     *theStream << '"' << theString << '"';
