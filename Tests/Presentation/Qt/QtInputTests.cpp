@@ -8,6 +8,7 @@
 #include "TestMenus.h"
 
 #include <algorithm>
+#include <array>
 #include <gtest/gtest.h>
 #include <memory>
 #include <QAbstractButton>
@@ -285,10 +286,10 @@ TEST_F(QtInputTest, TabAndShiftTabMoveTheFocusOverEveryControl)
     };
     Turn();
     EXPECT_EQ(WindowWidget().focusWidget(), &Slider()) << "the first control";
-    for (const OSType theNext : {'heat', 'room', 'rset', 'temp'}) {
+    for (const OSType theNext : std::array<OSType, 4>{'heat', 'room', 'rset', 'temp'}) {
         EXPECT_EQ(theKeyOf(Qt::Key_Tab, Qt::NoModifier), &Widget(theNext));
     }
-    for (const OSType theNext : {'rset', 'room', 'heat', 'temp'}) {
+    for (const OSType theNext : std::array<OSType, 4>{'rset', 'room', 'heat', 'temp'}) {
         EXPECT_EQ(theKeyOf(Qt::Key_Backtab, Qt::ShiftModifier), &Widget(theNext));
     }
 }
@@ -343,7 +344,7 @@ TEST_P(QtFocusLoss, GivesTheKeysToNoOtherControl)
     ASSERT_EQ(WindowWidget().focusWidget(), &Widget('heat'));
     GetParam().theLoss(mProgram->mCheckBox);
     Turn();
-    for (const OSType theOther : {'temp', 'room', 'rset'}) {
+    for (const OSType theOther : std::array<OSType, 3>{'temp', 'room', 'rset'}) {
         EXPECT_NE(WindowWidget().focusWidget(), &Widget(theOther));
     }
     EXPECT_FALSE(Field().hasSelectedText()) << "Qt has not been there meanwhile either";
