@@ -103,21 +103,30 @@ make_light()
     unset XDG_CURRENT_DESKTOP KDE_SESSION_VERSION
 }
 
-# is_drawn: whether the window is as bright as it should be, shows more than its ground, and has not changed since
-# this was asked before, but for the caret that blinks in its first field: what is compared with later must not be half
-# drawn. Also takes the picture of it.
+# is_still <picture> <picture>: whether at most one point in twenty differs. What always moves, the caret in the first
+# field and the stripes of the bar that shows no amount, is less than that.
+is_still()
+{
+    local theChange
+    theChange=$(compare -metric AE "$1" "$2" null: 2>&1)
+    [ "$theChange" -le "$(identify -format '%[fx:int(w*h/20)]' "$2")" ]
+}
+
+# is_drawn: whether the window is as bright as it should be, shows more than its ground, and stands still since this
+# was asked before: what is compared with later must not be half drawn. Also takes the picture of it.
 is_drawn()
 {
-    local theBrightness thePicture=$kFolder/$gName-normal.png theFormer=$kFolder/$gName-before.png theChange
-    if [ -e "$thePicture" ]; then
-        mv "$thePicture" "$theFormer"
-    fi
-    shoot normal
-    theChange=$(compare -metric AE "$theFormer" "$thePicture" null: 2>&1)
-    rm -f "$theFormer"
-    if ! [ "$theChange" -lt 100 ] 2>/dev/null || [ "$(identify -format '%k' "$thePicture")" -lt 16 ]; then
+    local theBrightness thePicture=$kFolder/$gName-normal.png theFormer=$kFolder/$gName-before.png
+    if [ ! -e "$thePicture" ]; then
+        shoot normal
         return 1
     fi
+    mv "$thePicture" "$theFormer"
+    shoot normal
+    if ! is_still "$theFormer" "$thePicture" || [ "$(identify -format '%k' "$thePicture")" -lt 16 ]; then
+        return 1
+    fi
+    rm "$theFormer"
     theBrightness=$(brightness normal)
     case $gName in
     *dark) [ "$theBrightness" -lt 40 ] && [ "$theBrightness" -gt 3 ] ;;

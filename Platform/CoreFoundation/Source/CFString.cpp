@@ -560,12 +560,12 @@ void CFStringPad(CFMutableStringRef inString, CFStringRef inPad, CFIndex inLengt
         theUnits.resize(static_cast<size_t>(std::max<CFIndex>(inLength, 0)));
         return;
     }
-    // The string may be filled with itself.
+    if (inPad == nullptr || RequireString(inPad, __func__)->mUnits.empty() || inIndex < 0) {
+        return;
+    }
     Host::NothingWithoutMemory([&] {
-        const Units thePad = inPad == nullptr ? Units() : RequireString(inPad, __func__)->mUnits;
-        if (thePad.empty() || inIndex < 0) {
-            return;
-        }
+        // The string may be filled with itself.
+        const Units thePad = inPad->mUnits;
         const size_t theOldLength = theUnits.size();
         Units theResult = theUnits;
         theResult.resize(static_cast<size_t>(inLength));

@@ -372,10 +372,10 @@ UserResult UserSimulator::CloseWindow(WindowRef theWindow)
                     [](ObjectId theId) { PresenterRegistry::Events().CloseAsked(theId); });
 }
 
-UserResult UserSimulator::MoveWindow(WindowRef window, short hGlobal, short vGlobal)
+UserResult UserSimulator::MoveWindow(WindowRef theWindow, short theLeft, short theTop)
 {
-    const PixelPoint thePlace = {hGlobal, vGlobal};
-    return UseFrame(window, kTitleBar,
+    const PixelPoint thePlace = {theLeft, theTop};
+    return UseFrame(theWindow, kTitleBar,
                     [thePlace](ObjectId theId) { PresenterRegistry::Events().WindowMoved(theId, thePlace); });
 }
 
@@ -397,9 +397,9 @@ UserResult UserSimulator::ZoomWindow(WindowRef theWindow)
                     [](ObjectId theId) { PresenterRegistry::Events().ZoomAsked(theId); });
 }
 
-UserResult UserSimulator::CollapseWindow(WindowRef window)
+UserResult UserSimulator::CollapseWindow(WindowRef theWindow)
 {
-    return UseFrame(window, kCollapseBox,
+    return UseFrame(theWindow, kCollapseBox,
                     [](ObjectId theId) { PresenterRegistry::Events().CollapseAsked(theId, true); });
 }
 
@@ -418,9 +418,9 @@ UserResult UserSimulator::ExpandWindow(WindowRef theWindow)
     return UserResult::Done();
 }
 
-UserResult UserSimulator::ActivateWindow(WindowRef inWindow)
+UserResult UserSimulator::ActivateWindow(WindowRef theWindow)
 {
-    return UseFrame(inWindow, kTitleBar, [](ObjectId) {});
+    return UseFrame(theWindow, kTitleBar, [](ObjectId) {});
 }
 
 // Looking ----------------------------------------------------------------------------------------------

@@ -94,13 +94,16 @@ TEST(CFPropertyListXMLWriter, DeepDataKeepsRoomForItself)
         }
         const std::string theText = WrittenXML(theList);
         const std::string theIndent(std::min<size_t>(theDepth, 8), '\t');
-        const std::string theLines =
-            theDepth == 7 ? theIndent + std::string(16, 'A') + "\n"
-                          : theIndent + std::string(12, 'A') + "\n" + theIndent + std::string(4, 'A') + "\n";
         const std::string theTag(theDepth, '\t');
-        EXPECT_NE(theText.find("\n" + theTag + "<data>\n" + theLines + theTag + "</data>\n"),
-                  std::string::npos)
-            << theText;
+        std::string theElement;
+        theElement.append("\n").append(theTag).append("<data>\n").append(theIndent);
+        if (theDepth == 7) {
+            theElement.append("AAAAAAAAAAAAAAAA\n");
+        } else {
+            theElement.append("AAAAAAAAAAAA\n").append(theIndent).append("AAAA\n");
+        }
+        theElement.append(theTag).append("</data>\n");
+        EXPECT_NE(theText.find(theElement), std::string::npos) << theText;
     }
 }
 

@@ -14,7 +14,6 @@ using Host::KeyAction;
 using Host::ObjectId;
 using Host::PointerAction;
 using Host::PointerButton;
-using Host::PresenterEvents;
 using Host::PresenterRegistry;
 
 constexpr ObjectId kUnknown = 0x7FFFFFFF;
