@@ -37,8 +37,8 @@ struct LmDiagnostic
 
 // Receives diagnostics. theUserData is what LmSetDiagnosticHandler was given.
 //
-// May do anything that may be done in the midst of any call of the library: nothing in it changes a key,
-// begins or ends an observation or destroys an object. Must not throw.
+// It is called in the midst of any call of the library. So it must not change a key, begin or end an
+// observation, bind or destroy an object; and it must not throw.
 using LmDiagnosticHandler = void (*)(const LmDiagnostic& theDiagnostic, void* theUserData);
 
 // From now on, hands every diagnostic to theHandler instead of printing it; null prints them again. There is
