@@ -175,6 +175,35 @@ TEST(LmNestedSet, WhatComesBackOnSeveralWaysEndsWithOneReport)
     EXPECT_EQ(theA.GetKeyPathValue("a").GetType(), kTypeSInt32);
 }
 
+TEST(LmNestedSet, SeveralObserversThatNeverRestEndWithOneReport)
+{
+    struct Restless : LmKeyValueObserver
+    {
+        Restless(LmKeyValueStore& theStore, long& theLast)
+            : mStore(theStore),
+              mLast(theLast)
+        {
+        }
+        void ValueChanged(const LmKeyValueStore*, const LmString& theKeyName) override
+        {
+            mStore.SetKeyPathValue(theKeyName, LmValue(++mLast));
+        }
+        LmKeyValueStore& mStore;
+        long& mLast;
+    };
+    Named theStore("Store");
+    long theLast = 0;
+    Restless theOne(theStore, theLast);
+    Restless theOther(theStore, theLast);
+    theStore.ObserveKeyPathValue("a", &theOne);
+    theStore.ObserveKeyPathValue("a", &theOther);
+    theStore.SetKeyPathValue("a", LmValue(0));
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), TooDeep("Store.a"))
+        << "on each of a thousand ways back, the other one would go into the depth again";
+    EXPECT_EQ(NumberOf(theStore, "a"), 1000);
+    EXPECT_EQ(theLast, 2002) << "each of the two has tried once for each set that was made";
+}
+
 TEST(LmNestedSet, TheSameKeyOfAnotherStoreIsAnother)
 {
     Named theA("A");
