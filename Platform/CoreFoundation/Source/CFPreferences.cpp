@@ -13,12 +13,14 @@
 #include <array>
 #include <CoreFoundation/CFNumber.h>
 #include <cstdio>
+#include <cstring>
 #include <map>
 #include <mutex>
 
 namespace {
 
 using Host::Holder;
+using Host::Units;
 using Values = Host::PreferenceStore::Values;
 
 // One domain as this process sees it.
@@ -117,17 +119,59 @@ private:
     Values mChanges{nullptr}; // null: none
 };
 
+// What a domain is found by: the application, the user and the host, as texts that somebody else keeps.
+using DomainKey = std::array<const Units*, 3>;
+
+// The same, with texts of its own.
+using OwnDomainKey = std::array<Units, 3>;
+
+// Orders domains by their texts, the shorter first: the constants differ in length, so that most comparisons look at no
+// character. A domain is looked for several times whenever a value is read.
+class DomainOrder
+{
+public:
+    using is_transparent = void;
+
+    template <class First, class Second>
+    bool operator()(const First& theFirst, const Second& theSecond) const
+    {
+        for (size_t theIndex = 0; theIndex < theFirst.size(); ++theIndex) {
+            const int theOrder = Compare(TextOf(theFirst[theIndex]), TextOf(theSecond[theIndex]));
+            if (theOrder != 0) {
+                return theOrder < 0;
+            }
+        }
+        return false;
+    }
+
+private:
+    static const Units& TextOf(const Units& theUnits) { return theUnits; }
+    static const Units& TextOf(const Units* theUnits) { return *theUnits; }
+
+    static int Compare(const Units& theFirst, const Units& theSecond)
+    {
+        if (theFirst.size() != theSecond.size()) {
+            return theFirst.size() < theSecond.size() ? -1 : 1;
+        }
+        return theFirst.empty()
+                   ? 0
+                   : std::memcmp(theFirst.data(), theSecond.data(), theFirst.size() * sizeof(UniChar));
+    }
+};
+
 // All domains that this process has used. Every function holds the lock while it runs.
 class Domains
 {
 public:
     Domain& Find(CFStringRef theApplication, CFStringRef theUser, CFStringRef theHost)
     {
-        const std::array<std::string, 3> theKey = {TextOf(theApplication), TextOf(theUser), TextOf(theHost)};
+        const DomainKey theKey = {&UnitsOf(theApplication), &UnitsOf(theUser), &UnitsOf(theHost)};
         const auto theFound = mDomains.find(theKey);
-        return theFound != mDomains.end()
-                   ? theFound->second
-                   : mDomains.emplace(theKey, FileName(theApplication, theUser, theHost)).first->second;
+        if (theFound != mDomains.end()) {
+            return theFound->second;
+        }
+        const OwnDomainKey theOwnKey = {*theKey[0], *theKey[1], *theKey[2]};
+        return mDomains.emplace(theOwnKey, FileName(theApplication, theUser, theHost)).first->second;
     }
 
     bool SynchronizeAll()
@@ -135,7 +179,7 @@ public:
         bool theIsWhole = true;
         for (auto& theDomain : mDomains) {
             // What is set for any user is kept nowhere, which is no failure of the others.
-            const bool theIsKept = theDomain.first[1] != TextOf(kCFPreferencesAnyUser);
+            const bool theIsKept = theDomain.first[1] != UnitsOf(kCFPreferencesAnyUser);
             theIsWhole = (theDomain.second.Synchronize() || !theIsKept) && theIsWhole;
         }
         return theIsWhole;
@@ -151,10 +195,9 @@ public:
     }
 
 private:
-    static std::string TextOf(CFStringRef theString)
+    static const Units& UnitsOf(CFStringRef theString)
     {
-        const auto& theUnits = Host::Require(theString, Host::kStringType, "CFPreferences")->mUnits;
-        return std::string(reinterpret_cast<const char*>(theUnits.data()), theUnits.size() * sizeof(UniChar));
+        return Host::Require(theString, Host::kStringType, "CFPreferences")->mUnits;
     }
 
     // The name of a file within the store; empty for domains that have none.
@@ -195,7 +238,7 @@ private:
     }
 
     std::mutex mMutex;
-    std::map<std::array<std::string, 3>, Domain> mDomains;
+    std::map<OwnDomainKey, Domain, DomainOrder> mDomains;
 };
 
 // Runs theFunction with the domains while no other thread does.

@@ -251,12 +251,9 @@ bool DecodeByTable(const EncodingInfo& theEncoding, const UInt8* theBytes, CFInd
     return true;
 }
 
-// How many bytes follow a lead byte; -1 for a byte that leads nothing.
+// How many bytes follow the lead byte of a character outside ASCII; -1 for a byte that leads nothing.
 int TrailCount(UInt8 theLead)
 {
-    if (theLead < 0x80) {
-        return 0;
-    }
     if (theLead < 0xC2 || theLead > 0xF4) {
         return -1;
     }
@@ -266,8 +263,8 @@ int TrailCount(UInt8 theLead)
 // Whether theCharacter needs that many trailing bytes and is no half of a surrogate pair.
 bool IsWellFormed(UTF32Char theCharacter, int theTrailCount)
 {
-    static const UTF32Char kLeast[] = {0, 0x80, 0x800, 0x10000};
-    return theCharacter >= kLeast[theTrailCount] && theCharacter <= 0x10FFFF &&
+    static const UTF32Char kLeast[] = {0x80, 0x800, 0x10000};
+    return theCharacter >= kLeast[theTrailCount - 1] && theCharacter <= 0x10FFFF &&
            (theCharacter < 0xD800 || theCharacter > 0xDFFF);
 }
 
@@ -278,12 +275,20 @@ bool DecodeUTF8(const EncodingInfo&, const UInt8* theBytes, CFIndex theLength, H
         theBytes += 3;
     }
     while (theBytes != theEnd) {
+        // Most text is ASCII: taken over in one piece.
+        const UInt8* const theRunEnd =
+            std::find_if(theBytes, theEnd, [](UInt8 theByte) { return theByte >= 0x80; });
+        theUnits.insert(theUnits.end(), theBytes, theRunEnd);
+        theBytes = theRunEnd;
+        if (theBytes == theEnd) {
+            return true;
+        }
         const UInt8 theLead = *theBytes++;
         const int theTrailCount = TrailCount(theLead);
         if (theTrailCount < 0 || theEnd - theBytes < theTrailCount) {
             return false;
         }
-        UTF32Char theCharacter = theTrailCount == 0 ? theLead : theLead & (0x3FU >> theTrailCount);
+        UTF32Char theCharacter = theLead & (0x3FU >> theTrailCount);
         for (int theIndex = 0; theIndex < theTrailCount; ++theIndex) {
             if ((*theBytes & 0xC0) != 0x80) {
                 return false;
