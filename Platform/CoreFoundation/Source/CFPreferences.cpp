@@ -125,8 +125,8 @@ using DomainKey = std::array<const Units*, 3>;
 // The same, with texts of its own.
 using OwnDomainKey = std::array<Units, 3>;
 
-// Orders domains by their texts, the shorter first: the constants differ in length, so that most comparisons look at no
-// character. A domain is looked for several times whenever a value is read.
+// Orders domains by their texts, the shorter first: the constants differ in length, so that most comparisons
+// look at no character. A domain is looked for several times whenever a value is read.
 class DomainOrder
 {
 public:

@@ -263,8 +263,8 @@ int TrailCount(UInt8 theLead)
 // Whether theCharacter needs that many trailing bytes and is no half of a surrogate pair.
 bool IsWellFormed(UTF32Char theCharacter, int theTrailCount)
 {
-    static const UTF32Char kLeast[] = {0x80, 0x800, 0x10000};
-    return theCharacter >= kLeast[theTrailCount - 1] && theCharacter <= 0x10FFFF &&
+    static const UTF32Char kLeast[] = {0, 0x80, 0x800, 0x10000};
+    return theCharacter >= kLeast[theTrailCount] && theCharacter <= 0x10FFFF &&
            (theCharacter < 0xD800 || theCharacter > 0xDFFF);
 }
 
