@@ -17,6 +17,7 @@ Fixtures/<file>.cpp, such as Fixtures/LmValue.h.cpp. These lines in it stand for
     // @shell 1 <reason>    nothing; the commands of block 1 are not run, for this reason, but the programs,
                             presets and options that they name are there
     // @prose 1 <reason>    nothing; there is nothing to run in block 1, for this reason
+    // @table <heading>     the rows of the table under this heading of a document, each as {"column", "column"},
 
     DocumentedExamples.py generate <root> <output> <fixture>...   writes one C++ file from these fixtures
     DocumentedExamples.py check <root> <fixtures>                 fails when a block is in no fixture
@@ -28,6 +29,7 @@ import sys
 
 HEADER_FOLDERS = ["Source", "Platform", "Examples", "Tests", "Benchmarks"]
 DIRECTIVE = re.compile(r"^\s*// @(code|left|rows|text|file|run|shell|prose) (\d+)(?: (.+))?$")
+TABLE = re.compile(r"^\s*// @table (.+)$")
 
 
 class Block:
@@ -116,6 +118,16 @@ def document_blocks(text):
     return sorted(theBlocks + collect(thePlain, is_example), key=lambda theBlock: theBlock.line)
 
 
+def table_rows(text, heading):
+    """The columns of the rows of the first table under a heading, without its head. None where there is none."""
+    theMatch = re.search(rf"^#+ {re.escape(heading)}$\n(.*?)(?=^#|\Z)", text, re.M | re.S)
+    theTable = theMatch and re.search(r"(?:^\|.*\|$\n?)+", theMatch.group(1), re.M)
+    if not theTable:
+        return None
+    theLines = theTable.group(0).rstrip("\n").split("\n")
+    return [[column.strip() for column in line.strip("|").split("|")] for line in theLines[2:]]
+
+
 def documented_files(root):
     for theFolder in HEADER_FOLDERS:
         yield from sorted((root / theFolder).rglob("*.h"))
@@ -162,8 +174,19 @@ def left_of(block, path):
     return theLines
 
 
+def literal_rows(rows):
+    return ["{" + ", ".join(literal(column) for column in row) + "}," for row in rows]
+
+
 def rows_of(block):
-    return ["{" + ", ".join(literal(column) for column in row) + "}," for row in block.rows()]
+    return literal_rows(block.rows())
+
+
+def table_of(path, heading, place):
+    theRows = table_rows(path.read_text(encoding="utf-8"), heading)
+    if not theRows:
+        sys.exit(f"{place}: {path.name} has no table under the heading {heading}")
+    return literal_rows(theRows)
 
 
 def text_of(block):
@@ -183,6 +206,10 @@ def expand(root, fixture):
         if theLine.startswith("#include"):
             theIncludes.append(theLine)
             theLines.append("")
+            continue
+        if theTable := TABLE.match(theLine):
+            theLines += table_of(thePath, theTable.group(1), f"{theFixtureName}:{theNumber}")
+            theLines.append(f'#line {theNumber + 1} "{theFixtureName}"')
             continue
         if not theMatch:
             theLines.append(theLine)

@@ -131,4 +131,21 @@ fixture '// @code 3'
 if "$kPython" "$kScript" generate "$theRoot" "$theRoot/Generated.cpp" "$theRoot/Fixtures/Thing.h.cpp" 2>/dev/null; then
     complain "An example that is not there is generated."
 fi
+
+printf '# A page\n\n    int i;\n\n| other |\n|---|\n| no |\n\n## Colours\n\nText.\n\n| a | b |\n|---|---|\n| red | "warm" |\n| blue | |\n\n| c |\n|---|\n| no |\n' \
+    >"$theRoot/Documentation/Page.md"
+thePage=$theRoot/Fixtures/Documentation-Page.md.cpp
+printf '// @table Colours\n' >"$thePage"
+"$kPython" "$kScript" generate "$theRoot" "$theRoot/Generated.cpp" "$thePage"
+if ! diff - <(grep '^{' "$theRoot/Generated.cpp") <<'END'; then
+{"red", "\"warm\""},
+{"blue", ""},
+END
+    complain "This is generated of a table instead."
+fi
+printf '// @table Sounds\n' >"$thePage"
+if "$kPython" "$kScript" generate "$theRoot" "$theRoot/Generated.cpp" "$thePage" 2>/dev/null; then
+    complain "A table that is not there is generated."
+fi
+rm "$thePage"
 [ "$gFailures" -eq 0 ]

@@ -3,7 +3,10 @@
 #include "NamedBinding.h"
 #include "StandardErrorCapture.h"
 
+#include <Carbon/Carbon.h>
 #include <gtest/gtest.h>
+#include <map>
+#include <string>
 
 TEST(Diagnostics, TheTraceLooksAsTheDocumentShows)
 {
@@ -15,4 +18,25 @@ TEST(Diagnostics, TheTraceLooksAsTheDocumentShows)
     theModel.SetKeyPathValue("target", LmValue(21L));
     LmDebugObject::SetLogging(false);
     EXPECT_EQ(StandardErrorCapture::TakeText(), kShown);
+}
+
+TEST(Diagnostics, StatusesAreCalledAsTheDocumentSays)
+{
+    const char* const kShown[][3] = {
+        // @table Statuses
+    };
+    const std::map<std::string, OSStatus> kStatuses = {
+        {"paramErr", paramErr},
+        {"memFullErr", memFullErr},
+        {"errInvalidWindowRef", errInvalidWindowRef},
+        {"menuItemNotFoundErr", menuItemNotFoundErr},
+        {"menuInvalidErr", menuInvalidErr},
+        {"eventParameterNotFoundErr", eventParameterNotFoundErr},
+        {"errControlDoesntSupportFocus", errControlDoesntSupportFocus},
+        {"errUnknownControl", errUnknownControl},
+        {"errCouldntSetFocus", errCouldntSetFocus}};
+    EXPECT_EQ(std::size(kShown), kStatuses.size());
+    for (const auto& theRow : kShown) {
+        EXPECT_EQ(theRow[0], std::to_string(kStatuses.at(theRow[1])));
+    }
 }
