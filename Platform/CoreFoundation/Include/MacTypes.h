@@ -54,7 +54,8 @@ typedef SInt32 Fixed;
 typedef char* Ptr;
 typedef Ptr* Handle;
 
-// What an application hands to a call to get it back later.
+// What an application hands to a call to get it back later. The names are in the headers since Mac OS X 10.5;
+// those of 10.4 say SInt32, UInt32 or void* instead.
 typedef void* PRefCon;
 #ifdef __LP64__
 typedef void* URefCon;

@@ -11,57 +11,23 @@ namespace {
 
 constexpr SInt64 kSecondsPerDay = 86400;
 
-// From the first day of the year 0 to that of 2001, in the Gregorian calendar.
+// From the first day of the year 0 to that of 2001.
 constexpr SInt64 kDaysTo2001 = 730851;
 
-struct Day
-{
-    int theYear;
-    int theMonth;
-    int theDay;
-};
+// After so many years the calendar repeats itself.
+constexpr SInt64 kYearsPerEra = 400;
+constexpr SInt64 kDaysPerEra = 146097;
 
-bool IsLeapYear(int theYear)
+bool IsLeapYear(SInt64 theYear)
 {
     return theYear % 4 == 0 && (theYear % 100 != 0 || theYear % 400 == 0);
 }
 
-int DaysInMonth(int theYear, int theMonth)
+// From the first day of the era that starts with the year 0, for its own years and the one behind them.
+SInt64 DaysBeforeYearOfEra(SInt64 theYear)
 {
-    static const int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    return theMonth == 2 && IsLeapYear(theYear) ? 29 : kDays[theMonth - 1];
-}
-
-// From the first day of the year 0.
-SInt64 DaysBeforeYear(int theYear)
-{
-    const int thePrevious = theYear - 1;
-    return theYear == 0 ? 0
-                        : SInt64{365} * theYear + thePrevious / 4 - thePrevious / 100 + thePrevious / 400 + 1;
-}
-
-SInt64 DaysBefore(const Day& theDay)
-{
-    SInt64 theDays = DaysBeforeYear(theDay.theYear) + theDay.theDay - 1;
-    for (int theMonth = 1; theMonth < theDay.theMonth; ++theMonth) {
-        theDays += DaysInMonth(theDay.theYear, theMonth);
-    }
-    return theDays;
-}
-
-Day DayAfter(SInt64 theDays)
-{
-    Day theDay = {static_cast<int>(theDays / 366), 1, 1};
-    while (DaysBeforeYear(theDay.theYear + 1) <= theDays) {
-        ++theDay.theYear;
-    }
-    theDays -= DaysBeforeYear(theDay.theYear);
-    while (theDays >= DaysInMonth(theDay.theYear, theDay.theMonth)) {
-        theDays -= DaysInMonth(theDay.theYear, theDay.theMonth);
-        ++theDay.theMonth;
-    }
-    theDay.theDay = static_cast<int>(theDays) + 1;
-    return theDay;
+    const SInt64 thePrevious = theYear - 1;
+    return theYear == 0 ? 0 : 365 * theYear + thePrevious / 4 - thePrevious / 100 + thePrevious / 400 + 1;
 }
 
 // The number in theCount digits from theStart on.
@@ -95,6 +61,40 @@ std::string PadYear(std::string_view theDate)
 
 } // namespace
 
+int Host::DaysInMonth(SInt64 theYear, int theMonth)
+{
+    static const int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    return theMonth == 2 && IsLeapYear(theYear) ? 29 : kDays[theMonth - 1];
+}
+
+SInt64 Host::DaysSince2001(const Day& theDay)
+{
+    SInt64 theDays = FloorQuotient(theDay.theYear, kYearsPerEra) * kDaysPerEra - kDaysTo2001 +
+                     DaysBeforeYearOfEra(FloorRemainder(theDay.theYear, kYearsPerEra)) + theDay.theDay - 1;
+    for (int theMonth = 1; theMonth < theDay.theMonth; ++theMonth) {
+        theDays += DaysInMonth(theDay.theYear, theMonth);
+    }
+    return theDays;
+}
+
+Host::Day Host::DayAt(SInt64 theDaysSince2001)
+{
+    const SInt64 theEra = FloorQuotient(theDaysSince2001 + kDaysTo2001, kDaysPerEra);
+    SInt64 theRest = FloorRemainder(theDaysSince2001 + kDaysTo2001, kDaysPerEra);
+    SInt64 theYear = theRest / 366;
+    while (DaysBeforeYearOfEra(theYear + 1) <= theRest) {
+        ++theYear;
+    }
+    theRest -= DaysBeforeYearOfEra(theYear);
+    Day theDay = {theEra * kYearsPerEra + theYear, 1, 1};
+    while (theRest >= DaysInMonth(theDay.theYear, theDay.theMonth)) {
+        theRest -= DaysInMonth(theDay.theYear, theDay.theMonth);
+        ++theDay.theMonth;
+    }
+    theDay.theDay = static_cast<int>(theRest) + 1;
+    return theDay;
+}
+
 std::optional<CFAbsoluteTime> Host::ParseDate(std::string_view theDate)
 {
     const std::string theText = PadYear(theDate);
@@ -110,21 +110,20 @@ std::optional<CFAbsoluteTime> Host::ParseDate(std::string_view theDate)
         theSecond > 59) {
         return std::nullopt;
     }
-    const SInt64 theDays = DaysBefore(theDay) - kDaysTo2001;
-    return static_cast<double>(theDays * kSecondsPerDay + theHour * SInt64{3600} + theMinute * SInt64{60} +
-                               theSecond);
+    return static_cast<double>(DaysSince2001(theDay) * kSecondsPerDay + theHour * SInt64{3600} +
+                               theMinute * SInt64{60} + theSecond);
 }
 
 std::optional<std::string> Host::DateText(CFAbsoluteTime theTime)
 {
-    const double theFirst = static_cast<double>(-kDaysTo2001 * kSecondsPerDay);
-    const double theEnd = static_cast<double>((DaysBeforeYear(10000) - kDaysTo2001) * kSecondsPerDay);
+    const double theFirst = static_cast<double>(DaysSince2001({0, 1, 1}) * kSecondsPerDay);
+    const double theEnd = static_cast<double>(DaysSince2001({10000, 1, 1}) * kSecondsPerDay);
     if (!(theTime >= theFirst && theTime < theEnd)) {
         return std::nullopt;
     }
-    const SInt64 theSeconds = static_cast<SInt64>(std::floor(theTime)) + kDaysTo2001 * kSecondsPerDay;
-    const Day theDay = DayAfter(theSeconds / kSecondsPerDay);
-    const int theRest = static_cast<int>(theSeconds % kSecondsPerDay);
-    return FormatInCLocale("%04d-%02d-%02dT%02d:%02d:%02dZ", theDay.theYear, theDay.theMonth, theDay.theDay,
-                           theRest / 3600, theRest / 60 % 60, theRest % 60);
+    const SInt64 theSeconds = static_cast<SInt64>(std::floor(theTime));
+    const Day theDay = DayAt(FloorQuotient(theSeconds, kSecondsPerDay));
+    const int theRest = static_cast<int>(FloorRemainder(theSeconds, kSecondsPerDay));
+    return FormatInCLocale("%04d-%02d-%02dT%02d:%02d:%02dZ", static_cast<int>(theDay.theYear),
+                           theDay.theMonth, theDay.theDay, theRest / 3600, theRest / 60 % 60, theRest % 60);
 }

@@ -3,7 +3,7 @@
 #ifndef CFContainer_h
 #define CFContainer_h
 
-// What arrays and dictionaries have in common: values that are handled by callbacks.
+// What arrays, dictionaries and sets have in common: values that are handled by callbacks.
 
 #include "CFRuntime.h"
 
@@ -37,6 +37,30 @@ bool EqualValues(const CallBacks& theCallBacks, const void* theFirst, const void
     return theFirst == theSecond ||
            (theCallBacks.equal != nullptr && theCallBacks.equal(theFirst, theSecond));
 }
+
+// How a hash table finds a value by the container's callbacks.
+template <class CallBacks>
+struct ValueHash
+{
+    size_t operator()(const void* theValue) const
+    {
+        return theCallBacks->hash == nullptr ? reinterpret_cast<size_t>(theValue)
+                                             : static_cast<size_t>(theCallBacks->hash(theValue));
+    }
+
+    const CallBacks* theCallBacks; // the container's own
+};
+
+template <class CallBacks>
+struct ValueEqual
+{
+    bool operator()(const void* theFirst, const void* theSecond) const
+    {
+        return EqualValues(*theCallBacks, theFirst, theSecond);
+    }
+
+    const CallBacks* theCallBacks; // the container's own
+};
 
 // An object that is being built: freed unless it is released to the caller.
 template <class Class>

@@ -10,27 +10,8 @@
 
 namespace Host {
 
-struct KeyHash
-{
-    size_t operator()(const void* theKey) const
-    {
-        return theCallBacks->hash == nullptr ? reinterpret_cast<size_t>(theKey)
-                                             : static_cast<size_t>(theCallBacks->hash(theKey));
-    }
-
-    const CFDictionaryKeyCallBacks* theCallBacks; // the dictionary's own
-};
-
-struct KeyEqual
-{
-    bool operator()(const void* theFirst, const void* theSecond) const
-    {
-        return EqualValues(*theCallBacks, theFirst, theSecond);
-    }
-
-    const CFDictionaryKeyCallBacks* theCallBacks; // the dictionary's own
-};
-
+using KeyHash = ValueHash<CFDictionaryKeyCallBacks>;
+using KeyEqual = ValueEqual<CFDictionaryKeyCallBacks>;
 using Entries = std::unordered_map<const void*, const void*, KeyHash, KeyEqual>;
 
 } // namespace Host

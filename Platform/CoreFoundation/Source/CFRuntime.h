@@ -47,6 +47,7 @@ enum : CFTypeID
     kErrorTypeID,
     kNullTypeID,
     kNumberTypeID,
+    kSetTypeID,
     kStringTypeID
 };
 
@@ -59,6 +60,7 @@ extern const TypeOperations kDictionaryType;
 extern const TypeOperations kErrorType;
 extern const TypeOperations kNullType;
 extern const TypeOperations kNumberType;
+extern const TypeOperations kSetType;
 extern const TypeOperations kStringType;
 
 // The retain count of an object that is never freed: it shows, and never changes.

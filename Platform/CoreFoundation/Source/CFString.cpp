@@ -153,18 +153,27 @@ void AppendBytes(CFMutableStringRef theString, const void* theBytes, size_t theL
     });
 }
 
-void MapString(CFMutableStringRef theString, const Host::CaseMapping& theMapping)
+// Maps each unit with the mapping that theChoose names for it.
+template <class Choose>
+void MapString(CFMutableStringRef theString, Choose theChoose)
 {
     Host::NothingWithoutMemory([&] {
         Units theResult;
         theResult.reserve(theString->mUnits.size());
         for (const UniChar theUnit : theString->mUnits) {
             UniChar theMapped[Host::kMaximumMappedUnits];
-            const int theCount = Host::MapCase(theMapping, theUnit, theMapped);
+            const int theCount = Host::MapCase(theChoose(theUnit), theUnit, theMapped);
             theResult.insert(theResult.end(), theMapped, theMapped + theCount);
         }
         theString->mUnits.swap(theResult);
     });
+}
+
+// Whether theUnit can stand within a word without being a letter of it.
+bool IsPartOfWord(UniChar theUnit)
+{
+    constexpr UniChar kApostrophe = 0x2019;
+    return theUnit == '\'' || theUnit == kApostrophe || Host::IsCombiningMark(theUnit);
 }
 
 // Numbers at the start of a string
@@ -587,10 +596,23 @@ void CFStringTrimWhitespace(CFMutableStringRef inString)
 
 void CFStringUppercase(CFMutableStringRef inString, CFLocaleRef)
 {
-    MapString(RequireMutableString(inString, __func__), Host::kUpperMapping);
+    MapString(RequireMutableString(inString, __func__),
+              [](UniChar) -> const Host::CaseMapping& { return Host::kUpperMapping; });
 }
 
 void CFStringLowercase(CFMutableStringRef inString, CFLocaleRef)
 {
-    MapString(RequireMutableString(inString, __func__), Host::kLowerMapping);
+    MapString(RequireMutableString(inString, __func__),
+              [](UniChar) -> const Host::CaseMapping& { return Host::kLowerMapping; });
+}
+
+void CFStringCapitalize(CFMutableStringRef inString, CFLocaleRef)
+{
+    bool theIsInWord = false;
+    MapString(RequireMutableString(inString, __func__),
+              [&theIsInWord](UniChar theUnit) -> const Host::CaseMapping& {
+                  const bool theWasInWord = theIsInWord;
+                  theIsInWord = Host::HasCase(theUnit) || (theWasInWord && IsPartOfWord(theUnit));
+                  return theWasInWord ? Host::kLowerMapping : Host::kTitleMapping;
+              });
 }

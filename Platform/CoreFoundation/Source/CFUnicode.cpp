@@ -94,6 +94,14 @@ UniChar Compose(UniChar theLetter, UniChar theMark, const UniChar* theUnits, int
     return theFound == theUnits + theCount ? UniChar{0} : *theFound;
 }
 
+bool HasCase(UniChar theUnit)
+{
+    const LetterRange* const theFound = std::lower_bound(
+        kFirstLetterWithCase, kLastLetterWithCase, theUnit,
+        [](const LetterRange& theRange, UniChar theWanted) { return theRange.theLast < theWanted; });
+    return theFound != kLastLetterWithCase && theUnit >= theFound->theFirst;
+}
+
 bool IsCombiningMark(UniChar theUnit)
 {
     return (theUnit >= 0x0300 && theUnit <= 0x036F) || (theUnit >= 0x1AB0 && theUnit <= 0x1AFF) ||

@@ -27,6 +27,13 @@ struct CaseExpansion
     UniChar theUnits[3];
 };
 
+// The units from theFirst to theLast.
+struct LetterRange
+{
+    UniChar theFirst;
+    UniChar theLast;
+};
+
 struct CaseMapping
 {
     const CaseRange* theFirstRange; // in ascending order
@@ -46,6 +53,9 @@ struct Decomposition
 extern const CaseMapping kFoldMapping; // for comparisons that ignore case
 extern const CaseMapping kLowerMapping;
 extern const CaseMapping kUpperMapping;
+extern const CaseMapping kTitleMapping;               // for the first letters of words
+extern const LetterRange* const kFirstLetterWithCase; // in ascending order
+extern const LetterRange* const kLastLetterWithCase;
 extern const Decomposition* const kFirstDecomposition; // in ascending order
 extern const Decomposition* const kLastDecomposition;
 
@@ -60,6 +70,9 @@ int Decompose(UniChar theUnit, UniChar* theResult);
 
 // The single unit that decomposes into a letter and a mark; 0 when there is none among the theCount units.
 UniChar Compose(UniChar theLetter, UniChar theMark, const UniChar* theUnits, int theCount);
+
+// Whether theUnit is a letter of a script that knows upper and lower case.
+bool HasCase(UniChar theUnit);
 
 bool IsCombiningMark(UniChar theUnit);
 bool IsWhitespace(UniChar theUnit);

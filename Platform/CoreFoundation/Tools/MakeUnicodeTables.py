@@ -74,12 +74,29 @@ def print_decompositions():
     print("const Host::Decomposition* const Host::kLastDecomposition = std::end(kDecompositions);")
 
 
+def print_letters_with_case():
+    ranges = []
+    for character in characters():
+        if unicodedata.category(character) in ("Lu", "Ll", "Lt"):
+            code = ord(character)
+            if ranges and ranges[-1][1] == code - 1:
+                ranges[-1][1] = code
+            else:
+                ranges.append([code, code])
+    print("\nstatic const Host::LetterRange kLetters[] = {")
+    print(", ".join(f"{{0x{first:04X}, 0x{last:04X}}}" for first, last in ranges) + "};")
+    print("\nconst Host::LetterRange* const Host::kFirstLetterWithCase = std::begin(kLetters);")
+    print("const Host::LetterRange* const Host::kLastLetterWithCase = std::end(kLetters);")
+
+
 def main():
     print(HEADER.format(version=unicodedata.unidata_version))
     print("#include <iterator>")
     print_mapping("Fold", str.casefold)
     print_mapping("Lower", str.lower)
     print_mapping("Upper", str.upper)
+    print_mapping("Title", str.title)
+    print_letters_with_case()
     print_decompositions()
 
 

@@ -73,6 +73,7 @@ struct Subjects
     Owned<CFMutableDataRef> theData{CFDataCreateMutable(nullptr, 0)};
     Owned<CFMutableArrayRef> theArray = ObjectArray({CFSTR("b"), CFSTR("a"), CFSTR("c"), CFSTR("d")});
     Owned<CFMutableDictionaryRef> theDictionary = ObjectDictionary({{CFSTR("key"), kCFNull}});
+    Owned<CFMutableSetRef> theSet{CFSetCreateMutable(nullptr, 0, &kCFCopyStringSetCallBacks)};
 };
 
 struct Row
@@ -134,6 +135,7 @@ const Row kRows[] = {
      nullptr},
     {"DictionaryCreateCopy",
      [](const Subjects& the) { return CFDictionaryCreateCopy(nullptr, the.theDictionary); }, nullptr},
+    {"SetCreateCopy", [](const Subjects& the) { return CFSetCreateCopy(nullptr, the.theSet); }, nullptr},
     {"CopyDescription", [](const Subjects& the) { return CFCopyDescription(the.theDictionary); }, nullptr},
     {"Append", nullptr, [](const Subjects& the) { CFStringAppend(the.theString, the.theString); }},
     {"AppendCharacters", nullptr,
@@ -167,6 +169,8 @@ const Row kRows[] = {
      nullptr},
     {"ErrorCreate", [](const Subjects&) { return CFErrorCreate(nullptr, CFSTR("domain"), 1, nullptr); },
      nullptr},
+    {"Capitalize", nullptr, [](const Subjects& the) { CFStringCapitalize(the.theString, nullptr); }},
+    {"SetAddValue", nullptr, [](const Subjects& the) { CFSetAddValue(the.theSet, the.theString); }},
     {"SetValue", nullptr,
      [](const Subjects& the) { CFDictionarySetValue(the.theDictionary, CFSTR("new"), kCFNull); }},
 };
@@ -174,7 +178,8 @@ const Row kRows[] = {
 std::string DescriptionsOf(const Subjects& theSubjects)
 {
     return DescriptionOf(theSubjects.theString) + DescriptionOf(theSubjects.theData) +
-           DescriptionOf(theSubjects.theArray) + DescriptionOf(theSubjects.theDictionary);
+           DescriptionOf(theSubjects.theArray) + DescriptionOf(theSubjects.theDictionary) +
+           DescriptionOf(theSubjects.theSet);
 }
 
 // Runs theCall with its theAllocations-th allocation failing; returns whether there were fewer.

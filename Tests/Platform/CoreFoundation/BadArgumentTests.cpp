@@ -79,6 +79,7 @@ const Row kRows[] = {
     {"CFArrayGetCount: the object is NULL", [] { CFArrayGetCount(static_cast<CFArrayRef>(NoObject())); }},
     {"CFDictionaryGetCount: the object is NULL",
      [] { CFDictionaryGetCount(static_cast<CFDictionaryRef>(NoObject())); }},
+    {"CFSetGetCount: the object is NULL", [] { CFSetGetCount(static_cast<CFSetRef>(NoObject())); }},
     {"CFRetain: the object is NULL", [] { ObjectArray({NoObject()}); }},
     {"CFRetain: the object is NULL",
      [] {
@@ -89,6 +90,8 @@ const Row kRows[] = {
      [] { CFStringGetLength(static_cast<CFStringRef>(static_cast<CFTypeRef>(kCFNull))); }},
     {"CFNumberGetType: the object has another type",
      [] { CFNumberGetType(static_cast<CFNumberRef>(static_cast<CFTypeRef>(kCFBooleanTrue))); }},
+    {"CFAbsoluteTimeGetDayOfWeek: the time zone is not NULL",
+     [] { CFAbsoluteTimeGetDayOfWeek(0, static_cast<CFTimeZoneRef>(static_cast<CFTypeRef>(kCFNull))); }},
     // Immutable objects
     {"CFStringAppend: the object is immutable",
      [] { CFStringAppend(const_cast<CFMutableStringRef>(CFSTR("a")), CFSTR("b")); }},
@@ -105,6 +108,11 @@ const Row kRows[] = {
              CFDictionaryCreate(nullptr, nullptr, nullptr, 0, nullptr, nullptr));
          CFDictionarySetValue(const_cast<CFMutableDictionaryRef>(static_cast<CFDictionaryRef>(theDictionary)),
                               kCFNull, kCFNull);
+     }},
+    {"CFSetAddValue: the object is immutable",
+     [] {
+         const Owned<CFSetRef> theSet(CFSetCreate(nullptr, nullptr, 0, nullptr));
+         CFSetAddValue(const_cast<CFMutableSetRef>(static_cast<CFSetRef>(theSet)), kCFNull);
      }},
     // Places outside
     {"CFArrayGetValueAtIndex: the index is not inside the array",
@@ -130,6 +138,7 @@ const Row kRows[] = {
     {"CFArrayCreate: the values are NULL", [] { CFArrayCreate(nullptr, nullptr, 1, nullptr); }},
     {"CFDictionaryCreate: the keys or the values are NULL",
      [] { CFDictionaryCreate(nullptr, nullptr, nullptr, 1, nullptr, nullptr); }},
+    {"CFSetCreate: the values are NULL", [] { CFSetCreate(nullptr, nullptr, 1, nullptr); }},
     // Too many releases of an object that others share
     {"CFRelease: a number was released more often than it was retained",
      [] {

@@ -16,11 +16,11 @@ const CFIndex kImmortalCount =
 
 TEST(CFRuntime, EachKindOfObjectHasATypeOfItsOwn)
 {
-    const std::set<CFTypeID> theTypes = {
-        CFStringGetTypeID(),     CFNumberGetTypeID(), CFBooleanGetTypeID(),
-        CFNullGetTypeID(),       CFDataGetTypeID(),   CFArrayGetTypeID(),
-        CFDictionaryGetTypeID(), CFDateGetTypeID(),   CFAllocatorGetTypeID()};
-    EXPECT_EQ(theTypes.size(), 9U);
+    const std::set<CFTypeID> theTypes = {CFStringGetTypeID(),     CFNumberGetTypeID(), CFBooleanGetTypeID(),
+                                         CFNullGetTypeID(),       CFDataGetTypeID(),   CFArrayGetTypeID(),
+                                         CFDictionaryGetTypeID(), CFDateGetTypeID(),   CFAllocatorGetTypeID(),
+                                         CFSetGetTypeID()};
+    EXPECT_EQ(theTypes.size(), 10U);
     EXPECT_EQ(theTypes.count(0), 0U);
 }
 
@@ -35,11 +35,15 @@ TEST(CFRuntime, MutableAndImmutableObjectsShareTheirType)
 
 TEST(CFRuntime, TypesHaveNames)
 {
-    const std::pair<CFTypeID, const char*> kNames[] = {
-        {CFStringGetTypeID(), "CFString"},         {CFNumberGetTypeID(), "CFNumber"},
-        {CFBooleanGetTypeID(), "CFBoolean"},       {CFDataGetTypeID(), "CFData"},
-        {CFArrayGetTypeID(), "CFArray"},           {CFDateGetTypeID(), "CFDate"},
-        {CFDictionaryGetTypeID(), "CFDictionary"}, {CFNullGetTypeID(), "CFNull"}};
+    const std::pair<CFTypeID, const char*> kNames[] = {{CFStringGetTypeID(), "CFString"},
+                                                       {CFNumberGetTypeID(), "CFNumber"},
+                                                       {CFBooleanGetTypeID(), "CFBoolean"},
+                                                       {CFDataGetTypeID(), "CFData"},
+                                                       {CFArrayGetTypeID(), "CFArray"},
+                                                       {CFDateGetTypeID(), "CFDate"},
+                                                       {CFDictionaryGetTypeID(), "CFDictionary"},
+                                                       {CFNullGetTypeID(), "CFNull"},
+                                                       {CFSetGetTypeID(), "CFSet"}};
     for (const auto& theName : kNames) {
         EXPECT_EQ(TextOf(Owned(CFCopyTypeIDDescription(theName.first))), theName.second);
     }

@@ -315,3 +315,34 @@ TEST(CFString, PaddingFillsOrCuts)
     CFStringPad(theString, theString, 5, 1);
     EXPECT_EQ(TextOf(theString), "abbab");
 }
+
+TEST(CFString, TheHalvesOfSurrogatePairsAreTold)
+{
+    const struct
+    {
+        UniChar theUnit;
+        bool theIsHigh;
+        bool theIsLow;
+    } kRows[] = {{0x0041, false, false}, {0xD7FF, false, false}, {0xD800, true, false}, {0xDBFF, true, false},
+                 {0xDC00, false, true},  {0xDFFF, false, true},  {0xE000, false, false}};
+    for (const auto& theRow : kRows) {
+        EXPECT_EQ(CFStringIsSurrogateHighCharacter(theRow.theUnit), theRow.theIsHigh) << theRow.theUnit;
+        EXPECT_EQ(CFStringIsSurrogateLowCharacter(theRow.theUnit), theRow.theIsLow) << theRow.theUnit;
+    }
+}
+
+TEST(CFString, ACharacterBeyondOneUnitIsASurrogatePair)
+{
+    for (const UTF32Char theCharacter : {0x10000, 0x103FF, 0x10400, 0x1F600, 0x10FFFF}) {
+        UniChar theUnits[] = {0, 0};
+        EXPECT_TRUE(CFStringGetSurrogatePairForLongCharacter(theCharacter, theUnits));
+        EXPECT_TRUE(CFStringIsSurrogateHighCharacter(theUnits[0])) << theCharacter;
+        EXPECT_TRUE(CFStringIsSurrogateLowCharacter(theUnits[1])) << theCharacter;
+        EXPECT_EQ(CFStringGetLongCharacterForSurrogatePair(theUnits[0], theUnits[1]), theCharacter);
+    }
+    UniChar theUnits[] = {7, 7};
+    EXPECT_FALSE(CFStringGetSurrogatePairForLongCharacter('a', theUnits));
+    EXPECT_EQ(Units(theUnits, theUnits + 2), (Units{'a', 7}));
+    EXPECT_FALSE(CFStringGetSurrogatePairForLongCharacter(0x110000, theUnits));
+    EXPECT_EQ(Units(theUnits, theUnits + 2), (Units{'a', 7}));
+}

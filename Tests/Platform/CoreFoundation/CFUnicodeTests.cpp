@@ -22,3 +22,27 @@ TEST(CFUnicode, CaseIsMappedByUnicode)
     CFStringLowercase(theString, nullptr);
     EXPECT_EQ(TextOf(theString), u8"az1 \u00E9ss\u03C3\u0436\U0001F600fi");
 }
+
+TEST(CFUnicode, WordsAreCapitalizedByUnicode)
+{
+    const struct
+    {
+        const char* theText;
+        const char* theExpected;
+    } kRows[] = {
+        {"", ""},
+        {"hello WORLD", "Hello World"},
+        {"don't STOP 2nd-hand", "Don't Stop 2Nd-Hand"},
+        {u8"l\u2019\u00C9T\u00C9", u8"L\u2019\u00E9t\u00E9"},
+        {"'quoted' text's\tend\nnew_line", "'Quoted' Text's\tEnd\nNew_Line"},
+        {u8"e\u0301TE\u0301 \u0301a", u8"E\u0301te\u0301 \u0301A"},
+        {u8"\u01C6ungla \u00DFharp \uFB01n", u8"\u01C5ungla Ssharp Fin"},
+        {u8"\u0436\u0423\u041A \u6F22a", u8"\u0416\u0443\u043A \u6F22A"},
+        {u8"\U0001F600smile", u8"\U0001F600Smile"},
+    };
+    for (const auto& theRow : kRows) {
+        const auto theString = MutableString(theRow.theText);
+        CFStringCapitalize(theString, nullptr);
+        EXPECT_EQ(TextOf(theString), theRow.theExpected);
+    }
+}

@@ -106,7 +106,7 @@ enum
     kEventControlHiliteChanged = 160,
     kEventControlEnabledStateChanged = 161,
     kEventControlLayoutInfoChanged = 162,
-    kEventControlFocusPartChanged = 164,
+    kEventControlFocusPartChanged = 164, // since Mac OS X 10.5
     kEventControlArbitraryMessage = 201
 };
 
@@ -423,6 +423,7 @@ enum
     typeText = typeChar
 };
 
+// Since Mac OS X 10.5.
 #if defined(__LP64__)
 enum
 {

@@ -236,7 +236,7 @@ CARBON_EXPORT OSStatus GetEventParameter(EventRef inEvent, EventParamName inName
                                          EventParamType inDesiredType, EventParamType* outActualType,
                                          ByteCount inBufferSize, ByteCount* outActualSize, void* outData);
 
-// eventParameterNotFoundErr when there is none.
+// eventParameterNotFoundErr when there is none. Since Mac OS X 10.5.
 CARBON_EXPORT OSStatus RemoveEventParameter(EventRef inEvent, EventParamName inName);
 
 // Seconds since the start of the system.

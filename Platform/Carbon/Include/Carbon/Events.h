@@ -95,7 +95,7 @@ enum
 };
 
 // Positions of keys on a US keyboard (kEventParamKeyCode). Return is 36, the keypad's Enter 76; the Enter
-// key of portable keyboards, 52, has no name.
+// key of portable keyboards, 52, has no name. The names are there since Mac OS X 10.5; the numbers are older.
 enum
 {
     kVK_ANSI_A = 0,

@@ -41,7 +41,7 @@ enum CF_OF_TYPE(CFIndex)
     kCFNumberCFIndexType = 14,
     kCFNumberNSIntegerType = 15, // long; since Mac OS X 10.5
     kCFNumberCGFloatType = 16,   // CGFloat, a float on every host; since Mac OS X 10.5
-    kCFNumberMaxType = 16
+    kCFNumberMaxType = 16        // 14 up to Mac OS X 10.4
 };
 
 CF_EXPORT const CFNumberRef kCFNumberNaN;

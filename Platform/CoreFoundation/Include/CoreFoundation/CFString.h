@@ -217,5 +217,43 @@ CF_EXPORT void CFStringPad(CFMutableStringRef inString, CFStringRef inPad, CFInd
 CF_EXPORT void CFStringTrimWhitespace(CFMutableStringRef inString);
 CF_EXPORT void CFStringUppercase(CFMutableStringRef inString, CFLocaleRef inLocale);
 CF_EXPORT void CFStringLowercase(CFMutableStringRef inString, CFLocaleRef inLocale);
+// The first letter of each word in upper case, or in title case where that is another, and the rest in lower
+// case. A word is a run of letters, with the apostrophes and marks within it; a digit or a hyphen ends it:
+// "don't STOP 2nd-hand" becomes "Don't Stop 2Nd-Hand".
+CF_EXPORT void CFStringCapitalize(CFMutableStringRef inString, CFLocaleRef inLocale);
+
+// Surrogate pairs: the two units of a character beyond U+FFFF. The headers of Mac OS X 10.4 do not have these
+// functions; compiled with newer ones, they run there too, as they are part of the program itself.
+
+CF_INLINE Boolean CFStringIsSurrogateHighCharacter(UniChar inUnit)
+{
+    return inUnit >= 0xD800 && inUnit <= 0xDBFF;
+}
+
+CF_INLINE Boolean CFStringIsSurrogateLowCharacter(UniChar inUnit)
+{
+    return inUnit >= 0xDC00 && inUnit <= 0xDFFF;
+}
+
+// The character of a pair; of use only when the units are one.
+CF_INLINE UTF32Char CFStringGetLongCharacterForSurrogatePair(UniChar inHigh, UniChar inLow)
+{
+    return (((UTF32Char)inHigh - 0xD800) << 10) + ((UTF32Char)inLow - 0xDC00) + 0x10000;
+}
+
+// Writes the two units of a character beyond U+FFFF, and gives true. Of a character up to U+FFFF it writes
+// the one unit, and gives false. False also, with nothing written, for a number beyond the last character.
+CF_INLINE Boolean CFStringGetSurrogatePairForLongCharacter(UTF32Char inCharacter, UniChar* outUnits)
+{
+    if (inCharacter > 0xFFFF && inCharacter < 0x110000) {
+        outUnits[0] = (UniChar)(0xD800 + ((inCharacter - 0x10000) >> 10));
+        outUnits[1] = (UniChar)(0xDC00 + (inCharacter & 0x3FF));
+        return 1;
+    }
+    if (inCharacter <= 0xFFFF) {
+        outUnits[0] = (UniChar)inCharacter;
+    }
+    return 0;
+}
 
 #endif

@@ -14,6 +14,7 @@
 #include <CoreFoundation/CFNumber.h>
 #include <CoreFoundation/CFPreferences.h>
 #include <CoreFoundation/CFPropertyList.h>
+#include <CoreFoundation/CFSet.h>
 #include <CoreFoundation/CFString.h>
 
 #endif
