@@ -57,7 +57,9 @@ expect_end()
     wait "$gProgram" 2>/dev/null
     theStatus=$?
     gProgram=
-    [ "$theStatus" -ge "$1" ] && [ "$theStatus" -le "$2" ] || give_up "$gCase: the status is $theStatus"
+    if [ "$theStatus" -lt "$1" ] || [ "$theStatus" -gt "$2" ]; then
+        give_up "$gCase: the status is $theStatus"
+    fi
 }
 
 expect_quit()
