@@ -185,7 +185,16 @@ def page(path):
         isPage = ":" in match.group(2) or any(theTarget in (place, *place.glob("*.md")) for place in thePages)
         return match.group(0) if isPage or theTarget.suffix in (".html", ".png", ".svg") else match.group(1)
 
-    return re.sub(r"\[([^\]]*)\]\(([^)\s]+)\)", link, path.read_text(encoding="utf-8"))
+    theText = re.sub(r"\[([^\]]*)\]\(([^)\s]+)\)", link, path.read_text(encoding="utf-8"))
+    # A number at the start of a title makes a list of it, what stands between quotes keeps its backslashes, and a
+    # word between backquotes loses its percent sign.
+    theText = re.sub(r"^# (\d+)\. ", r"# \1\\. ", theText)
+    theText = theText.replace(r'"\*"', r"&quot;\*&quot;")
+
+    def code(match):
+        return "<code>" + escape(match.group(1)).replace('"', "&quot;") + "</code>"
+
+    return re.sub(r"`([^`\n]*%[^`\n]*)`", code, theText)
 
 
 def main():

@@ -2,7 +2,7 @@
 # LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 #
 # ReferenceTests.sh <root of the project> <Python>: a public name without a comment, a dead link and a page that is
-# not for phones are found, and comments come out in the form that Doxygen reads.
+# not for phones are found, and comments and pages come out in the form that Doxygen reads.
 set -u
 kRoot=$1
 kPython=$2
@@ -87,5 +87,18 @@ public:
 };
 END
     complain "A header comes out like this."
+fi
+
+cat >"$theFolder/Page.md" <<'END'
+# 10. Things
+
+The key "\*" is in [a file](Thing.cpp), and `"%d"` in [another page](http://example.org).
+END
+if ! diff - <("$kPython" "$kRoot/Scripts/DoxygenFilter.py" "$theFolder/Page.md") <<'END'; then
+# 10\. Things
+
+The key &quot;\*&quot; is in a file, and <code>&quot;\%d&quot;</code> in [another page](http://example.org).
+END
+    complain "A page comes out like this."
 fi
 [ "$gFailures" -eq 0 ]
