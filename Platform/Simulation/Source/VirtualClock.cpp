@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdio>
+#include <mutex>
 
 namespace Host {
 
@@ -18,7 +19,11 @@ public:
     {
     }
 
-    double Now() override { return mNow; }
+    double Now() override
+    {
+        const std::lock_guard<std::mutex> theLock(mMutex);
+        return mNow;
+    }
 
     bool WaitUntil(double theDeadline) override
     {
@@ -29,6 +34,7 @@ public:
             std::fputs("The event loop waits for ever: no event, timer or deadline is left.\n", stderr);
             return false;
         }
+        const std::lock_guard<std::mutex> theLock(mMutex);
         mNow = std::max(mNow, theDeadline);
         return true;
     }
@@ -37,9 +43,14 @@ public:
 
     void Wake() override { mIsWoken = true; }
 
-    void Advance(double theSeconds) { mNow += std::max(theSeconds, 0.0); }
+    void Advance(double theSeconds)
+    {
+        const std::lock_guard<std::mutex> theLock(mMutex);
+        mNow += std::max(theSeconds, 0.0);
+    }
 
 private:
+    std::mutex mMutex; // other threads ask for the time
     double mNow;
     std::atomic<bool> mIsWoken{false};
 };

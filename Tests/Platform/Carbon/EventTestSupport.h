@@ -4,11 +4,19 @@
 #define EventTestSupport_h
 
 #include <Carbon/Carbon.h>
+#include <chrono>
 #include <cmath>
+#include <condition_variable>
 #include <functional>
 #include <gtest/gtest.h>
+#include <memory>
+#include <mutex>
+#include <Presentation/Presenter.h>
+#include <Presentation/PresenterRegistry.h>
 #include <Simulation/VirtualClock.h>
 #include <string>
+#include <thread>
+#include <utility>
 #include <vector>
 
 // What happened, in order.
@@ -224,6 +232,58 @@ private:
     Action mAction;
     EventLoopTimerRef mReference = nullptr;
     OSStatus mStatus = noErr;
+};
+
+// Lets another thread do something as soon as the loop has begun to wait, once. The wait ends when the other
+// thread wakes the loop; it fails the test when that never happens.
+class DuringTheWait
+{
+public:
+    explicit DuringTheWait(std::function<void()> theAction)
+    {
+        Host::PresenterRegistry::Use(std::make_unique<WaitingPresenter>(std::move(theAction)));
+    }
+    ~DuringTheWait() { Host::PresenterRegistry::Use(std::make_unique<Host::Presenter>()); }
+    DuringTheWait(const DuringTheWait&) = delete;
+    DuringTheWait& operator=(const DuringTheWait&) = delete;
+
+private:
+    class WaitingPresenter : public Host::Presenter
+    {
+    public:
+        explicit WaitingPresenter(std::function<void()> theAction)
+            : mAction(std::move(theAction))
+        {
+        }
+        bool WaitUntil(double theDeadline, double theNow) override
+        {
+            if (mAction == nullptr) {
+                return false;
+            }
+            if (theDeadline >= 0 && theDeadline <= theNow) {
+                return true;
+            }
+            std::thread theOther(std::exchange(mAction, nullptr));
+            std::unique_lock<std::mutex> theLock(mMutex);
+            // Only a failure takes so long.
+            EXPECT_TRUE(mCondition.wait_for(theLock, std::chrono::seconds(20), [this] { return mIsWoken; }));
+            theLock.unlock();
+            theOther.join();
+            return true;
+        }
+        void Wake() override
+        {
+            const std::lock_guard<std::mutex> theLock(mMutex);
+            mIsWoken = true;
+            mCondition.notify_one();
+        }
+
+    private:
+        std::function<void()> mAction;
+        std::mutex mMutex;
+        std::condition_variable mCondition;
+        bool mIsWoken = false;
+    };
 };
 
 #endif

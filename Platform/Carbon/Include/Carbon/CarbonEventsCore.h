@@ -18,7 +18,8 @@
 // installed on, and send further events. A removed handler is not called any more, not even by a pass that
 // has begun; a handler that was installed meanwhile is first called by the next event.
 //
-// Handlers and timers run on the main thread. Events may be created, filled, posted and released on any.
+// Handlers and timers run on the main thread. Events may be created, filled, posted and released on any;
+// timers may be installed, set and removed on any. Both wake the loop.
 // Every call answers a null or disposed reference, or other bad input, with a status; nothing throws.
 
 #ifndef CarbonEventsCore_h
@@ -326,13 +327,15 @@ CARBON_INLINE void DisposeEventLoopTimerUPP(EventLoopTimerUPP userUPP)
 // until it is removed, and can be set again.
 //
 // Times that passed while nobody ran the loop are not made up for: the timer fires once, and goes on in
-// its rhythm. A timer does not fire while its own function runs. paramErr: no loop, no function, no
+// its rhythm. A timer does not fire while its own function runs. From another thread, a timer may fire before
+// this returns; outTimer has been written then. paramErr: no loop, no function, no
 // outTimer, or a time that is not a number.
 CARBON_EXPORT OSStatus InstallEventLoopTimer(EventLoopRef inEventLoop, EventTimerInterval inFireDelay,
                                              EventTimerInterval inInterval, EventLoopTimerUPP inTimerProc,
                                              void* inTimerData, EventLoopTimerRef* outTimer);
 
-// Stops a timer for good, from inside its own function too.
+// Stops a timer for good, from inside its own function too. Its function may be running still when another
+// thread removes it, and is not called again.
 CARBON_EXPORT OSStatus RemoveEventLoopTimer(EventLoopTimerRef inTimer);
 
 // Lets the timer fire that many seconds from now and then in its interval; kEventDurationForever stops it.

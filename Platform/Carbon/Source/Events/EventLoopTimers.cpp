@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <Carbon/Carbon.h>
 #include <cmath>
+#include <mutex>
 #include <vector>
 
 namespace Host {
@@ -30,20 +31,6 @@ struct Timer
 };
 
 using SharedTimer = std::shared_ptr<Timer>;
-using TimerTable = ReferenceTable<EventLoopTimerRef, ReferenceKind::kTimer, Timer>;
-
-TimerTable& Table()
-{
-    static NeverDestroyed<TimerTable> sTable;
-    return sTable.Get();
-}
-
-// In the order in which they were installed.
-std::vector<SharedTimer>& Timers()
-{
-    static NeverDestroyed<std::vector<SharedTimer>> sTimers;
-    return sTimers.Get();
-}
 
 bool IsDue(const Timer& theTimer, double theNow)
 {
@@ -74,19 +61,82 @@ double TimeAfterFiring(const Timer& theTimer, double theNow)
     return theNext > theNow ? theNext : theNow + theTimer.theInterval;
 }
 
-void Fire(Timer& theTimer, double theNow)
+// All timers. Any thread may change them while the main thread fires them; the lock is never held while a
+// timer's function runs.
+class TimerList
 {
-    // Set before the call, so that the function can set another time.
-    theTimer.theNextTime = TimeAfterFiring(theTimer, theNow);
-    theTimer.theIsRunning = true;
-    theTimer.theFunction(theTimer.theReference, theTimer.theData);
-    theTimer.theIsRunning = false;
+public:
+    // Writes the reference before the timer can fire.
+    void Add(const Timer& theNew, EventLoopTimerRef* theReference);
+    bool Remove(EventLoopTimerRef theReference);
+    bool SetNextTime(EventLoopTimerRef theReference, double theTime);
+
+    double NextTime() const;
+    std::vector<SharedTimer> Due(double theNow) const;
+
+    // Calls a timer's function, unless the timer was removed or set to a later time since it was found due.
+    void Fire(const SharedTimer& theTimer, double theNow);
+
+private:
+    bool Start(Timer& theTimer, double theNow);
+    void End(Timer& theTimer);
+
+    using Lock = std::lock_guard<std::mutex>;
+
+    mutable std::mutex mMutex;
+    ReferenceTable<EventLoopTimerRef, ReferenceKind::kTimer, Timer, NoMutex> mTable;
+    std::vector<SharedTimer> mTimers; // in the order in which they were installed
+};
+
+void TimerList::Add(const Timer& theNew, EventLoopTimerRef* theReference)
+{
+    const auto theTimer = std::make_shared<Timer>(theNew);
+    const Lock theLock(mMutex);
+    mTimers.reserve(mTimers.size() + 1);
+    theTimer->theReference = mTable.Add(theTimer);
+    mTimers.push_back(theTimer);
+    *theReference = theTimer->theReference;
 }
 
-std::vector<SharedTimer> DueTimers(double theNow)
+bool TimerList::Remove(EventLoopTimerRef theReference)
 {
+    const Lock theLock(mMutex);
+    const SharedTimer theTimer = mTable.Remove(theReference);
+    if (theTimer == nullptr) {
+        return false;
+    }
+    mTimers.erase(std::find(mTimers.begin(), mTimers.end(), theTimer));
+    return true;
+}
+
+bool TimerList::SetNextTime(EventLoopTimerRef theReference, double theTime)
+{
+    const Lock theLock(mMutex);
+    const SharedTimer theTimer = mTable.Find(theReference);
+    if (theTimer == nullptr) {
+        return false;
+    }
+    theTimer->theNextTime = theTime;
+    return true;
+}
+
+double TimerList::NextTime() const
+{
+    const Lock theLock(mMutex);
+    double theNext = kNever;
+    for (const SharedTimer& theTimer : mTimers) {
+        if (!theTimer->theIsRunning) {
+            theNext = std::min(theNext, theTimer->theNextTime);
+        }
+    }
+    return theNext;
+}
+
+std::vector<SharedTimer> TimerList::Due(double theNow) const
+{
+    const Lock theLock(mMutex);
     std::vector<SharedTimer> theDue;
-    for (const SharedTimer& theTimer : Timers()) {
+    for (const SharedTimer& theTimer : mTimers) {
         if (IsDue(*theTimer, theNow)) {
             theDue.push_back(theTimer);
         }
@@ -98,14 +148,37 @@ std::vector<SharedTimer> DueTimers(double theNow)
     return theDue;
 }
 
-OSStatus AddTimer(Timer theNew, EventLoopTimerRef* theReference)
+bool TimerList::Start(Timer& theTimer, double theNow)
 {
-    const auto theTimer = std::make_shared<Timer>(theNew);
-    Timers().reserve(Timers().size() + 1);
-    theTimer->theReference = Table().Add(theTimer);
-    Timers().push_back(theTimer);
-    *theReference = theTimer->theReference;
-    return noErr;
+    const Lock theLock(mMutex);
+    if (mTable.Find(theTimer.theReference) == nullptr || !IsDue(theTimer, theNow)) {
+        return false;
+    }
+    // Set before the call, so that the function can set another time.
+    theTimer.theNextTime = TimeAfterFiring(theTimer, theNow);
+    theTimer.theIsRunning = true;
+    return true;
+}
+
+void TimerList::End(Timer& theTimer)
+{
+    const Lock theLock(mMutex);
+    theTimer.theIsRunning = false;
+}
+
+void TimerList::Fire(const SharedTimer& theTimer, double theNow)
+{
+    if (Start(*theTimer, theNow)) {
+        theTimer->theFunction(theTimer->theReference, theTimer->theData);
+        End(*theTimer);
+    }
+}
+
+// Another thread may still use it while the program ends.
+TimerList& Timers()
+{
+    static NeverDestroyed<TimerList> sTimers;
+    return sTimers.Get();
 }
 
 } // namespace
@@ -115,26 +188,17 @@ void FireDueTimers()
     const double theNow = CurrentClock().Now();
     std::vector<SharedTimer> theDue;
     Guarded([&] {
-        theDue = DueTimers(theNow);
+        theDue = Timers().Due(theNow);
         return noErr;
     });
     for (const SharedTimer& theTimer : theDue) {
-        // One that was called before may have removed it, or set it to a later time.
-        if (Table().Find(theTimer->theReference) != nullptr && IsDue(*theTimer, theNow)) {
-            Fire(*theTimer, theNow);
-        }
+        Timers().Fire(theTimer, theNow);
     }
 }
 
 double NextTimerTime()
 {
-    double theNext = kNever;
-    for (const SharedTimer& theTimer : Timers()) {
-        if (!theTimer->theIsRunning) {
-            theNext = std::min(theNext, theTimer->theNextTime);
-        }
-    }
-    return theNext;
+    return Timers().NextTime();
 }
 
 } // namespace Host
@@ -158,25 +222,26 @@ OSStatus InstallEventLoopTimer(EventLoopRef inEventLoop, EventTimerInterval inFi
     theTimer.theData = inTimerData;
     theTimer.theNextTime = TimeAfter(inFireDelay);
     theTimer.theInterval = UsableInterval(inInterval);
-    return Guarded([&] { return AddTimer(theTimer, outTimer); });
+    const OSStatus theStatus = Guarded([&] {
+        Timers().Add(theTimer, outTimer);
+        return noErr;
+    });
+    if (theStatus == noErr) {
+        WakeEventLoop();
+    }
+    return theStatus;
 }
 
 OSStatus RemoveEventLoopTimer(EventLoopTimerRef inTimer)
 {
-    const SharedTimer theTimer = Table().Remove(inTimer);
-    if (theTimer == nullptr) {
-        return paramErr;
-    }
-    Timers().erase(std::find(Timers().begin(), Timers().end(), theTimer));
-    return noErr;
+    return Timers().Remove(inTimer) ? OSStatus(noErr) : OSStatus(paramErr);
 }
 
 OSStatus SetEventLoopTimerNextFireTime(EventLoopTimerRef inTimer, EventTimerInterval inNextFire)
 {
-    const SharedTimer theTimer = Table().Find(inTimer);
-    if (theTimer == nullptr || std::isnan(inNextFire)) {
+    if (std::isnan(inNextFire) || !Timers().SetNextTime(inTimer, TimeAfter(inNextFire))) {
         return paramErr;
     }
-    theTimer->theNextTime = TimeAfter(inNextFire);
+    WakeEventLoop();
     return noErr;
 }

@@ -18,7 +18,7 @@ public:
     Clock(const Clock&) = delete;
     Clock& operator=(const Clock&) = delete;
 
-    // Seconds since the system started.
+    // Seconds since the system started. From any thread.
     virtual double Now() = 0;
 
     // Lets time pass until theDeadline (negative: for ever) or until Wake. False: it would never end, and
@@ -28,7 +28,7 @@ public:
     // Whether time passes only by this clock's own doing: nobody else may wait for it then.
     virtual bool StandsStill() const { return false; }
 
-    // Ends a wait that is going on, or the next one. The only call that may come from another thread.
+    // Ends a wait that is going on, or the next one. From any thread.
     virtual void Wake() = 0;
 };
 

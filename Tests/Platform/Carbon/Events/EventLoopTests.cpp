@@ -4,12 +4,11 @@
 
 #include "EventTestSupport.h"
 
-#include <condition_variable>
 #include <memory>
-#include <mutex>
 #include <Presentation/Presenter.h>
 #include <Presentation/PresenterRegistry.h>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -288,41 +287,40 @@ TEST_F(PresenterTurn, MayRunTheLoopItself)
 TEST(SystemEventLoop, APresenterThatWaitsIsWokenByAnotherThread)
 {
     FlushEventQueue(GetMainEventQueue());
-    class WaitingPresenter : public Host::Presenter
-    {
-    public:
-        bool WaitUntil(double theDeadline, double theNow) override
-        {
-            if (theDeadline >= 0 && theDeadline <= theNow) {
-                return false;
-            }
-            // Posted from here on, so that the wait has begun.
-            std::thread thePoster([] {
-                const TestEvent theEvent(1);
-                PostEventToQueue(GetMainEventQueue(), theEvent.Get(), kEventPriorityStandard);
-            });
-            std::unique_lock<std::mutex> theLock(mMutex);
-            mCondition.wait(theLock, [this] { return mIsWoken; });
-            theLock.unlock();
-            thePoster.join();
-            return true;
-        }
-        void Wake() override
-        {
-            const std::lock_guard<std::mutex> theLock(mMutex);
-            mIsWoken = true;
-            mCondition.notify_one();
-        }
-
-    private:
-        std::mutex mMutex;
-        std::condition_variable mCondition;
-        bool mIsWoken = false;
-    };
-    Host::PresenterRegistry::Use(std::make_unique<WaitingPresenter>());
+    const DuringTheWait theWait([] {
+        const TestEvent theEvent(1);
+        PostEventToQueue(GetMainEventQueue(), theEvent.Get(), kEventPriorityStandard);
+    });
     EventRef theEvent = nullptr;
     EXPECT_EQ(ReceiveNextEvent(1, &kTestEvent, kEventDurationForever, kEventRemoveFromQueue, &theEvent),
               noErr);
     ReleaseEvent(theEvent);
-    Host::PresenterRegistry::Use(std::make_unique<Host::Presenter>());
+}
+
+TEST(SystemEventLoop, EventsThatSeveralThreadsPostAtOnceAllArrive)
+{
+    static const int kThreads = 4;
+    static const int kEvents = 100;
+    FlushEventQueue(GetMainEventQueue());
+    std::vector<std::thread> theThreads;
+    theThreads.reserve(kThreads);
+    for (int theThread = 0; theThread < kThreads; ++theThread) {
+        theThreads.emplace_back([] {
+            for (int theNumber = 0; theNumber < kEvents; ++theNumber) {
+                const TestEvent theEvent(1);
+                EXPECT_EQ(PostEventToQueue(GetMainEventQueue(), theEvent.Get(), EventPriority(theNumber % 3)),
+                          noErr);
+            }
+        });
+    }
+    for (int theNumber = 0; theNumber < kThreads * kEvents; ++theNumber) {
+        EventRef theEvent = nullptr;
+        ASSERT_EQ(ReceiveNextEvent(1, &kTestEvent, kEventDurationForever, kEventRemoveFromQueue, &theEvent),
+                  noErr);
+        ReleaseEvent(theEvent);
+    }
+    for (std::thread& theThread : theThreads) {
+        theThread.join();
+    }
+    EXPECT_EQ(GetNumEventsInQueue(GetMainEventQueue()), 0u);
 }

@@ -5,6 +5,8 @@
 #include "EventTestSupport.h"
 #include "StandardErrorCapture.h"
 
+#include <atomic>
+
 namespace {
 
 using EventLoopTimers = EventLoopTest;
@@ -147,4 +149,68 @@ TEST_F(EventLoopTimers, BadArgumentsOfTimersAreRefused)
     EXPECT_EQ(SetEventLoopTimerNextFireTime(theGood.Get(), std::nan("")), paramErr);
     EXPECT_EQ(NewEventLoopTimerUPP(theFunction), theFunction);
     DisposeEventLoopTimerUPP(theFunction);
+}
+
+// --- Other threads ----------------------------------------------------------------------------------
+
+namespace {
+
+// Timers that end the loop when they fire, under the machine's clock.
+const EventLoopTimerUPP kQuit = [](EventLoopTimerRef, void*) { QuitEventLoop(GetMainEventLoop()); };
+
+} // namespace
+
+TEST(SystemEventLoopTimers, ATimerThatAnotherThreadInstallsFiresAlthoughTheLoopWaits)
+{
+    EventLoopTimerRef theTimer = nullptr;
+    const DuringTheWait theWait([&] {
+        EXPECT_EQ(InstallEventLoopTimer(GetMainEventLoop(), 0, 0, kQuit, nullptr, &theTimer), noErr);
+    });
+    EXPECT_EQ(RunCurrentEventLoop(kEventDurationForever), eventLoopQuitErr);
+    EXPECT_EQ(RemoveEventLoopTimer(theTimer), noErr);
+}
+
+TEST(SystemEventLoopTimers, ATimerThatAnotherThreadSetsFiresAlthoughTheLoopWaits)
+{
+    EventLoopTimerRef theTimer = nullptr;
+    InstallEventLoopTimer(GetMainEventLoop(), kEventDurationForever, 0, kQuit, nullptr, &theTimer);
+    const DuringTheWait theWait([&] { EXPECT_EQ(SetEventLoopTimerNextFireTime(theTimer, 0), noErr); });
+    EXPECT_EQ(RunCurrentEventLoop(kEventDurationForever), eventLoopQuitErr);
+    EXPECT_EQ(RemoveEventLoopTimer(theTimer), noErr);
+}
+
+TEST(SystemEventLoopTimers, AnyThreadMayInstallSetAndRemoveTimersWhileOthersFire)
+{
+    static const int kThreads = 4;
+    static const int kTimers = 100;
+    static std::atomic<int> sFired;
+    sFired = 0;
+    const EventLoopTimerUPP theCount = [](EventLoopTimerRef theTimer, void*) {
+        EXPECT_EQ(RemoveEventLoopTimer(theTimer), noErr);
+        if (++sFired == kThreads * kTimers) {
+            QuitEventLoop(GetMainEventLoop());
+        }
+    };
+    const auto theWork = [&] {
+        for (int theNumber = 0; theNumber < kTimers; ++theNumber) {
+            EventLoopTimerRef theFiring = nullptr;
+            EventLoopTimerRef theOther = nullptr;
+            EXPECT_EQ(InstallEventLoopTimer(GetMainEventLoop(), 0, 0, theCount, nullptr, &theFiring), noErr);
+            EXPECT_EQ(InstallEventLoopTimer(GetMainEventLoop(), kEventDurationForever, 1, theCount, nullptr,
+                                            &theOther),
+                      noErr);
+            EXPECT_EQ(SetEventLoopTimerNextFireTime(theOther, kEventDurationHour), noErr);
+            EXPECT_EQ(RemoveEventLoopTimer(theOther), noErr);
+        }
+    };
+    std::vector<std::thread> theThreads;
+    theThreads.reserve(kThreads);
+    for (int theThread = 0; theThread < kThreads; ++theThread) {
+        theThreads.emplace_back(theWork);
+    }
+    EXPECT_EQ(RunCurrentEventLoop(kEventDurationForever), eventLoopQuitErr);
+    for (std::thread& theThread : theThreads) {
+        theThread.join();
+    }
+    EXPECT_EQ(sFired, kThreads * kTimers);
 }
