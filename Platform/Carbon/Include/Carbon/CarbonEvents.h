@@ -567,7 +567,8 @@ CARBON_EXPORT void RunApplicationEventLoop(void);
 // application running; when no application loop runs, nothing else happens.
 CARBON_EXPORT void QuitApplicationEventLoop(void);
 
-// The person's event that is being handled, or null. Not retained for the caller.
+// The person's event (kEventAttributeUserEvent) that the dispatcher is working on, or null. What a program
+// sends to other targets meanwhile does not become the current event. Not retained for the caller.
 CARBON_EXPORT EventRef GetCurrentEvent(void);
 
 // The modifier keys as of the last person's event that was dispatched, and as they are now.

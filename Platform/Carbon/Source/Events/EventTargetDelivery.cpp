@@ -197,19 +197,21 @@ OSStatus Delivery::CallDefault(const EventTarget& theTarget, EventRef theEvent) 
     return theStatus == eventPassToNextTargetErr ? OSStatus(eventNotHandledErr) : theStatus;
 }
 
-// The person's event that is being handled, and the modifiers of the last one.
+// The person's event that the dispatcher works on, and the modifiers of the last one.
 EventRef gCurrentEvent = nullptr;
 UInt32 gCurrentEventModifiers = 0;
 UInt32 gCurrentModifiers = 0;
 
-// Makes a person's event the current one for as long as it is on its way.
+// Makes a person's event the current one for as long as the dispatcher works on it. One that a program sends
+// to another target is no event that a person caused now.
 class [[nodiscard]] CurrentEventScope
 {
 public:
-    explicit CurrentEventScope(EventRef theEvent)
+    CurrentEventScope(EventRef theEvent, EventTargetRef theTarget)
         : mSaved(gCurrentEvent)
     {
-        if ((AttributesOfEvent(theEvent) & kEventAttributeUserEvent) != 0) {
+        if (theTarget == GetEventDispatcherTarget() &&
+            (AttributesOfEvent(theEvent) & kEventAttributeUserEvent) != 0) {
             gCurrentEvent = theEvent;
             GetEventParameter(theEvent, kEventParamKeyModifiers, typeUInt32, nullptr,
                               sizeof gCurrentEventModifiers, nullptr, &gCurrentEventModifiers);
@@ -254,7 +256,7 @@ OSStatus SendEventToEventTargetWithOptions(EventRef inEvent, EventTargetRef inTa
         return theStatus;
     }
     const EventHolder theHolder(inEvent);
-    const CurrentEventScope theScope(inEvent);
+    const CurrentEventScope theScope(inEvent, inTarget);
     return Delivery(std::move(theChain), inOptions).Run(inEvent);
 }
 

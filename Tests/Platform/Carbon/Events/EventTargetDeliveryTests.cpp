@@ -446,7 +446,7 @@ TEST_F(EventTargetDelivery, AThousandHandlersAreAskedInOrder)
 
 // --- The current event ------------------------------------------------------------------------------
 
-TEST_F(EventTargetDelivery, APersonsEventIsTheCurrentOneWhileItIsHandled)
+TEST_F(EventTargetDelivery, APersonsEventIsTheCurrentOneWhileTheDispatcherWorksOnIt)
 {
     EventRef theSeen = nullptr;
     UInt32 theModifiers = 0;
@@ -476,6 +476,42 @@ TEST_F(EventTargetDelivery, OtherEventsAreNotTheCurrentOne)
     const TestEvent theEvent;
     SendEventToEventTarget(theEvent.Get(), GetEventDispatcherTarget());
     EXPECT_EQ(theSeen, nullptr);
+}
+
+TEST_F(EventTargetDelivery, AnEventThatAProgramSendsToATargetLeavesTheCurrentOneAsItIs)
+{
+    TestEvent theOwn(kTestClass, 2, kEventAttributeUserEvent);
+    theOwn.Set(kEventParamKeyModifiers, typeUInt32, UInt32(controlKey));
+    std::vector<EventRef> theSeen;
+    std::vector<UInt32> theModifiers;
+    const TestHandler theHandler(GetApplicationEventTarget(), "application", mLog,
+                                 [&](EventHandlerCallRef, EventRef theEvent) {
+                                     theSeen.push_back(GetCurrentEvent());
+                                     theModifiers.push_back(GetCurrentEventKeyModifiers());
+                                     if (theEvent != theOwn.Get()) {
+                                         SendEventToEventTarget(theOwn.Get(), Button());
+                                     }
+                                     return OSStatus(noErr);
+                                 },
+                                 {kTestEvent, kOtherTestEvent});
+    TestEvent thePersons(kTestClass, 1, kEventAttributeUserEvent);
+    thePersons.Set(kEventParamKeyModifiers, typeUInt32, UInt32(shiftKey));
+    SendEventToEventTarget(thePersons.Get(), GetEventDispatcherTarget());
+    EXPECT_EQ(theSeen, (std::vector<EventRef>{thePersons.Get(), thePersons.Get()}));
+    EXPECT_EQ(theModifiers, (std::vector<UInt32>{shiftKey, shiftKey}));
+}
+
+TEST_F(EventTargetDelivery, AHandlerOnTheDispatcherSeesTheCurrentEvent)
+{
+    EventRef theSeen = nullptr;
+    const TestHandler theHandler(GetEventDispatcherTarget(), "dispatcher", mLog,
+                                 [&](EventHandlerCallRef, EventRef) {
+                                     theSeen = GetCurrentEvent();
+                                     return OSStatus(noErr);
+                                 });
+    const TestEvent theEvent(kTestClass, 1, kEventAttributeUserEvent);
+    SendEventToEventTarget(theEvent.Get(), GetEventDispatcherTarget());
+    EXPECT_EQ(theSeen, theEvent.Get());
 }
 
 TEST_F(EventTargetDelivery, TheModifiersOfThisMomentAreThoseThatThePresenterReports)
