@@ -156,7 +156,7 @@ CARBON_EXPORT OSStatus DuplicateMenu(MenuRef inSourceMenu, MenuRef* outMenu);
 CARBON_EXPORT MenuRef AcquireRootMenu(void);
 
 // Makes a menu the root menu and retains it; the former one is released, and the menus that were inserted as
-// submenus are taken out.
+// submenus are taken out. The menu that is the root menu already changes nothing.
 CARBON_EXPORT OSStatus SetRootMenu(MenuRef inMenu);
 
 // Adds a menu to the bar, before the one with the identifier beforeID, or at the end when that is 0 or not
@@ -255,8 +255,10 @@ CARBON_EXPORT OSStatus SetMenuItemHierarchicalMenu(MenuRef inMenu, MenuItemIndex
 CARBON_EXPORT OSStatus GetMenuItemHierarchicalMenu(MenuRef inMenu, MenuItemIndex inItem,
                                                    MenuRef* outHierMenu);
 
-// The key that chooses the item: a character, or with inSetVirtualKey the position of a key (kVK_...). 0 is
-// none. Asking for a character when it is a position, or the other way round, gives 0.
+// The key that chooses the item. An item has a character and, beside it, the position of a key (kVK_...);
+// neither is read as the other, and 0 stands for the one that was never set. Setting the position sets
+// kMenuItemAttrUseVirtualKey, with which it chooses the item; setting the character clears that, and the
+// character chooses it. A character 0 chooses nothing; position 0 is the key of A.
 CARBON_EXPORT OSStatus SetMenuItemCommandKey(MenuRef inMenu, MenuItemIndex inItem, Boolean inSetVirtualKey,
                                              UInt16 inKey);
 CARBON_EXPORT OSStatus GetMenuItemCommandKey(MenuRef inMenu, MenuItemIndex inItem, Boolean inGetVirtualKey,
@@ -331,10 +333,12 @@ CARBON_EXPORT OSStatus RemoveMenuCommandProperty(MenuRef inMenu, MenuCommand inC
 // --- Keys, tracking and enabling --------------------------------------------------------------------
 
 // Whether a key-down event is the command key of an item of the menu, or of the menus its items hold; a null
-// menu stands for the bar. Each menu that is looked into is brought up to date first: kEventMenuPopulate and
-// kEventMenuEnableItems, kEventCommandUpdateStatus for each item, kEventMenuMatchKey; for a key without the
-// command key only when an item has it already. outMenu and outMenuItem may be null. The dispatcher asks this
-// for every key, and sends the item's command.
+// menu stands for the bar. Each menu that is looked into gets kEventMenuPopulate and kEventMenuMatchKey. A
+// handler that answers the latter, with noErr and an item or with menuItemNotFoundErr, has decided, and the
+// items are taken as they are; in any other menu they are brought up to date before they are compared with
+// the key: kEventMenuEnableItems, kEventCommandUpdateStatus for each item. For a key without the command key
+// all this happens only when an item has it already. outMenu and outMenuItem may be null. The dispatcher asks
+// this for every key, and sends the item's command.
 CARBON_EXPORT Boolean IsMenuKeyEvent(MenuRef inStartMenu, EventRef inEvent, MenuEventOptions inOptions,
                                      MenuRef* outMenu, MenuItemIndex* outMenuItem);
 

@@ -59,7 +59,8 @@ struct MenuItem
     MenuItemAttributes theAttributes = 0;
     MenuCommand theCommand = 0;
     UInt8 theMark = noMark;
-    UInt16 theKey = 0; // a character, or a position with kMenuItemAttrUseVirtualKey
+    UInt16 theKeyCharacter = 0;
+    UInt16 theKeyPosition = 0; // chooses the item with kMenuItemAttrUseVirtualKey, the character without
     UInt8 theModifiers = kMenuNoModifiers;
     URefCon theRefCon{};
     MenuHolder theSubmenu;

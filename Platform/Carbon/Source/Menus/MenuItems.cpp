@@ -143,14 +143,14 @@ OSStatus Attach(MenuRef theMenu, MenuItemIndex theIndex, MenuRef theSubmenu)
 
 void SetKey(MenuItem& theItem, UInt16 theKey, bool theIsPosition)
 {
-    theItem.theKey = theKey;
+    (theIsPosition ? theItem.theKeyPosition : theItem.theKeyCharacter) = theKey;
     SetAttributes(theItem, theIsPosition ? kMenuItemAttrUseVirtualKey : 0,
                   theIsPosition ? 0 : kMenuItemAttrUseVirtualKey);
 }
 
 UInt16 KeyOf(const MenuItem& theItem, bool theIsPosition)
 {
-    return theItem.Is(kMenuItemAttrUseVirtualKey) == theIsPosition ? theItem.theKey : UInt16(0);
+    return theIsPosition ? theItem.theKeyPosition : theItem.theKeyCharacter;
 }
 
 // Some calls answer with the shorter type of status.

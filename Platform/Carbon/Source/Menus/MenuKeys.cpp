@@ -77,9 +77,9 @@ bool IsKeyOf(const MenuItem& theItem, const KeyPress& theKey)
         return false;
     }
     if (theItem.Is(kMenuItemAttrUseVirtualKey)) {
-        return theItem.theKey == theKey.thePosition;
+        return theItem.theKeyPosition == theKey.thePosition;
     }
-    return theItem.theKey != 0 && Capital(theItem.theKey) == theKey.theCharacter;
+    return theItem.theKeyCharacter != 0 && Capital(theItem.theKeyCharacter) == theKey.theCharacter;
 }
 
 // Looks for the item that a key stands for in a menu and the menus that its items hold, each menu once.
@@ -156,14 +156,23 @@ private:
             return 0;
         }
         PopulateMenu(theMenu, kContext);
-        const MenuItem* theSingle = theMenu->Item(Match(theMenu));
+        MenuItemIndex theFound = 0;
+        if (!IsAnsweredByMenu(theMenu, &theFound)) {
+            BringUpToDate(theMenu);
+            theFound = Match(theMenu);
+        }
+        return IncludesDisabled() || IsChoosable(theMenu, theFound) ? theFound : MenuItemIndex(0);
+    }
+
+    void BringUpToDate(const SharedMenu& theMenu) const
+    {
+        const MenuItemIndex theMatch = Match(theMenu);
+        const MenuItem* theSingle = theMenu->Item(theMatch);
         if (theSingle != nullptr && theSingle->Is(kMenuItemAttrUpdateSingleItem)) {
-            UpdateMenuItem(theMenu, Match(theMenu), kContext);
+            UpdateMenuItem(theMenu, theMatch, kContext);
         } else {
             EnableMenuItems(theMenu, kContext);
         }
-        const MenuItemIndex theFound = AskMenu(theMenu);
-        return IncludesDisabled() || IsChoosable(theMenu, theFound) ? theFound : MenuItemIndex(0);
     }
 
     // The item by its key alone.
@@ -176,8 +185,9 @@ private:
                    : static_cast<MenuItemIndex>(theFound - theMenu->mItems.begin() + 1);
     }
 
-    // The item as the menu's own handlers say, or by its key when they do not say.
-    MenuItemIndex AskMenu(const SharedMenu& theMenu) const
+    // The item, or 0 for none, as the menu's own handlers say. False when they do not: such a menu has its
+    // items brought up to date, which the others see to themselves.
+    bool IsAnsweredByMenu(const SharedMenu& theMenu, MenuItemIndex* theFound) const
     {
         OutgoingEvent theEvent(kEventClassMenu, kEventMenuMatchKey);
         theEvent.Set(kEventParamDirectObject, typeMenuRef, theMenu->Reference());
@@ -185,11 +195,11 @@ private:
         theEvent.Set(kEventParamMenuEventOptions, typeMenuEventOptions, mOptions);
         theEvent.Set(kEventParamMenuContext, typeUInt32, UInt32(kContext));
         const OSStatus theStatus = theEvent.SendTo(theMenu->Target(), kEventTargetDontPropagate);
-        MenuItemIndex theFound = 0;
-        if (theStatus == noErr && theEvent.Read(kEventParamMenuItemIndex, typeMenuItemIndex, &theFound)) {
-            return theMenu->Item(theFound) == nullptr ? MenuItemIndex(0) : theFound;
+        if (theStatus == noErr && theEvent.Read(kEventParamMenuItemIndex, typeMenuItemIndex, theFound)) {
+            *theFound = theMenu->Item(*theFound) == nullptr ? MenuItemIndex(0) : *theFound;
+            return true;
         }
-        return theStatus == menuItemNotFoundErr ? MenuItemIndex(0) : Match(theMenu);
+        return theStatus == menuItemNotFoundErr;
     }
 
     static constexpr UInt32 kContext = kMenuContextMenuBar | kMenuContextKeyMatching;

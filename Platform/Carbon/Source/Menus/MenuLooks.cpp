@@ -41,10 +41,10 @@ std::uint32_t CodePointOf(UInt8 theMark)
 
 std::string KeyOf(const MenuItem& theItem)
 {
-    if (theItem.theKey == 0 || theItem.Is(kMenuItemAttrUseVirtualKey)) {
+    if (theItem.theKeyCharacter == 0 || theItem.Is(kMenuItemAttrUseVirtualKey)) {
         return std::string();
     }
-    const auto theCharacter = static_cast<UInt8>(theItem.theKey & 0xFF);
+    const auto theCharacter = static_cast<UInt8>(theItem.theKeyCharacter & 0xFF);
     return Utf8Of(TextOfBytes(&theCharacter, 1));
 }
 

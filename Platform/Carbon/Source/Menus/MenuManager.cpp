@@ -419,6 +419,9 @@ OSStatus SetRootMenu(MenuRef inMenu)
     if (FindMenu(inMenu) == nullptr) {
         return menuInvalidErr;
     }
+    if (inMenu == TheMenuBar().theRoot.Get()) {
+        return noErr;
+    }
     // The former ones end after the bar has the new one.
     const std::vector<MenuHolder> theOldSubmenus = std::exchange(TheMenuBar().theSubmenus, {});
     const MenuHolder theOldRoot = std::exchange(TheMenuBar().theRoot, MenuHolder(inMenu));

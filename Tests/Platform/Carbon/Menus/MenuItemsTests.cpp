@@ -189,18 +189,31 @@ TEST_F(MenuItems, ACommandKeyIsACharacterOrAPosition)
     GetMenuItemAttributes(mFile, 1, &theAttributes);
     EXPECT_EQ(theAttributes, MenuItemAttributes(kMenuItemAttrUseVirtualKey));
     GetItemCmd(mFile, 1, &theCharacter);
-    EXPECT_EQ(theCharacter, 0);
+    EXPECT_EQ(theCharacter, 'O') << "the position is beside it";
     SetItemCmd(mFile, 1, 'Q');
     GetItemCmd(mFile, 1, &theCharacter);
     EXPECT_EQ(theCharacter, 'Q');
     GetMenuItemAttributes(mFile, 1, &theAttributes);
     EXPECT_EQ(theAttributes, 0u);
+    EXPECT_EQ(GetMenuItemCommandKey(mFile, 1, true, &theKey), noErr);
+    EXPECT_EQ(theKey, UInt16(kVK_F1)) << "the character is beside it";
     UInt8 theModifiers = 99;
     EXPECT_EQ(GetMenuItemModifiers(mFile, 1, &theModifiers), noErr);
     EXPECT_EQ(theModifiers, kMenuNoModifiers);
     EXPECT_EQ(SetMenuItemModifiers(mFile, 1, kMenuShiftModifier), noErr);
     EXPECT_EQ(GetMenuItemModifiers(mFile, 1, &theModifiers), noErr);
     EXPECT_EQ(theModifiers, kMenuShiftModifier);
+}
+
+TEST_F(MenuItems, TheAttributeOfAPositionMakesNoPositionOfACharacter)
+{
+    UInt16 theKey = 99;
+    SetMenuItemCommandKey(mFile, 1, false, 'O');
+    ChangeMenuItemAttributes(mFile, 1, kMenuItemAttrUseVirtualKey, 0);
+    EXPECT_EQ(GetMenuItemCommandKey(mFile, 1, true, &theKey), noErr);
+    EXPECT_EQ(theKey, 0);
+    EXPECT_EQ(GetMenuItemCommandKey(mFile, 1, false, &theKey), noErr);
+    EXPECT_EQ(theKey, 'O');
 }
 
 TEST_F(MenuItems, AttributesAreSetAndCleared)

@@ -199,6 +199,36 @@ TEST_F(MenuKeys, AHandlerOfTheMenuMayDecideWhichItemAKeyIs)
     EXPECT_EQ(mLog.back(), "process open File 1");
 }
 
+TEST_F(MenuKeys, AMenuThatFindsTheItemOfAKeyItselfIsNotAskedToEnableItsItems)
+{
+    OSStatus theAnswer = noErr;
+    const TestHandler theHandler(GetMenuEventTarget(mFile), "match File", mLog,
+                                 [&](EventHandlerCallRef, EventRef theEvent) {
+                                     const MenuItemIndex theItem = 2;
+                                     SetEventParameter(theEvent, kEventParamMenuItemIndex, typeMenuItemIndex,
+                                                       sizeof theItem, &theItem);
+                                     return theAnswer;
+                                 },
+                                 {{kEventClassMenu, kEventMenuMatchKey}});
+    SetItemCmd(mFile, 1, 'O');
+    EXPECT_EQ(Press('o'), noErr);
+    EXPECT_EQ(TakeLog(), (Log{"populate File", "match File", "process save File 2"}));
+    theAnswer = eventNotHandledErr;
+    EXPECT_EQ(Press('o'), noErr);
+    EXPECT_EQ(TakeLog(), (Log{"populate File", "match File", "enable File", "update open File 1",
+                              "update save File 2", "update none File 3", "process open File 1"}));
+}
+
+TEST_F(MenuKeys, AnItemWithACharacterAndAPositionIsChosenByTheOneThatWasSetLast)
+{
+    SetItemCmd(mEdit, 1, 'X');
+    SetMenuItemCommandKey(mEdit, 1, true, 0x7F);
+    EXPECT_EQ(Press('z'), noErr);
+    SetItemCmd(mEdit, 1, 'X');
+    EXPECT_EQ(Press('z'), eventNotHandledErr);
+    EXPECT_EQ(Press('x'), noErr);
+}
+
 TEST_F(MenuKeys, OnlyKeyPressesAreCommandKeys)
 {
     const TestEvent theEvent(kEventClassKeyboard, kEventRawKeyUp);

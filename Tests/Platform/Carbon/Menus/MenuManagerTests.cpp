@@ -233,6 +233,20 @@ TEST_F(MenuManager, ANewRootMenuReplacesTheOldOneAndTheSubmenus)
     ReleaseMenu(theOld);
 }
 
+TEST_F(MenuManager, TheRootMenuThatIsThereAlreadyKeepsItsSubmenus)
+{
+    MenuRef theHidden = NewMenuWith(150, "Hidden", {});
+    InsertMenu(theHidden, kInsertHierarchicalMenu);
+    MenuRef theRoot = AcquireRootMenu();
+    const ItemCount theCount = GetMenuRetainCount(theRoot);
+    EXPECT_EQ(SetRootMenu(theRoot), noErr);
+    EXPECT_EQ(GetMenuRetainCount(theRoot), theCount);
+    EXPECT_EQ(GetMenuHandle(150), theHidden);
+    EXPECT_EQ(GetMenuRetainCount(theHidden), 2u);
+    ReleaseMenu(theRoot);
+    DisposeMenu(theHidden);
+}
+
 TEST_F(MenuManager, TheRootMenuIsNotInsertedIntoItself)
 {
     MenuRef theRoot = AcquireRootMenu();
