@@ -39,6 +39,7 @@ const EventName kControlNames[] = {
 
 const EventName kRequestNames[] = {
     {kEventClassControl, kEventControlSetFocusPart, "SetFocusPart"},
+    {kEventClassControl, kEventControlSimulateHit, "SimulateHit"},
     {kEventClassControl, kEventControlGetAutoToggleValue, "GetAutoToggleValue"},
     {kEventClassControl, kEventControlSetData, "SetData"},
     {kEventClassControl, kEventControlGetData, "GetData"},

@@ -383,12 +383,15 @@ CARBON_EXPORT OSErr ClearKeyboardFocus(WindowRef inWindow);
 // part of a disabled or inactive one, and null and 0 where there is none.
 CARBON_EXPORT ControlPartCode FindControl(Point testPoint, WindowRef theWindow, ControlRef* theControl);
 
-// The part of a control at a point; kControlNoPart outside, and when it is hidden, disabled or inactive.
+// The part of a control at a point of the window's content (in a compositing window, from the control's own
+// top left); kControlNoPart outside, and when it is hidden, disabled or inactive.
 CARBON_EXPORT ControlPartCode TestControl(ControlRef theControl, Point testPoint);
 
-// What a click does, without the mouse: auto-toggling, kEventControlHit, then the command unless somebody
-// handled the hit. inPartToClick 0 stands for the part that a click in the middle would take.
-// errControlHiddenOrDisabled, errInvalidPartCode; outPartClicked may be null.
+// What a click does, without the mouse: kEventControlSimulateHit to the control alone, auto-toggling,
+// kEventControlHit, then the command unless somebody handled the hit. inPartToClick 0 stands for the part
+// that a click in the middle would take. A handler that answers kEventControlSimulateHit with noErr may put
+// another part into it, or 0, which ends the click. Nothing lights up by itself. outPartClicked, which may be
+// null, receives the part that was clicked. errControlHiddenOrDisabled, errInvalidPartCode.
 CARBON_EXPORT OSStatus HIViewSimulateClick(ControlRef inView, ControlPartCode inPartToClick,
                                            UInt32 inModifiers, ControlPartCode* outPartClicked);
 

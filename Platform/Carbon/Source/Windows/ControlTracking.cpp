@@ -37,6 +37,26 @@ void CallAction(const SharedControl& theControl, ControlPartCode thePart)
     }
 }
 
+// Where the application counts the points of a control from: the content's top left, in a compositing window
+// the control's own.
+Point OriginOf(const Control& theControl)
+{
+    const SharedWindow theOwner = theControl.Owner();
+    if (theOwner == nullptr || !theOwner->Has(kWindowCompositingAttribute)) {
+        return MakePoint(0, 0);
+    }
+    const Rect theBounds = theControl.WindowBounds();
+    return MakePoint(theBounds.left, theBounds.top);
+}
+
+// The part that a press at a point of the window's content would take.
+ControlPartCode PressedPartAt(const Control& theControl, Point theContentPoint)
+{
+    const bool theIsReached = theControl.CanBePressed() && theControl.Is(ControlState::kActive) &&
+                              Contains(theControl.WindowBounds(), theContentPoint);
+    return theIsReached ? theControl.PartAt(theContentPoint) : ControlPartCode{kControlNoPart};
+}
+
 void SetMouseParameters(OutgoingEvent& theEvent, const Control& theControl, const Press& thePress)
 {
     theEvent.Set(kEventParamDirectObject, typeControlRef, theControl.Reference());
@@ -58,18 +78,29 @@ bool IsClickTaken(const Control& theControl, const Press& thePress)
     return theEvent.SendTo(theControl.Target()) != eventNotHandledErr;
 }
 
-// A handler may do the tracking itself, and gives the part that was hit.
-bool IsTrackingTaken(const Control& theControl, const Press& thePress, ControlPartCode* thePart)
+// How a tracking ended.
+struct TrackingResult
 {
+    ControlPartCode thePart = kControlNoPart;
+    UInt32 theModifiers = 0;
+};
+
+// A handler may do the tracking itself; it gives the part that was hit, and the modifiers at the end.
+std::optional<TrackingResult> TrackByHandler(const Control& theControl, const Press& thePress)
+{
+    const Point theOrigin = OriginOf(theControl);
     OutgoingEvent theEvent(kEventClassControl, kEventControlTrack);
     SetMouseParameters(theEvent, theControl, thePress);
-    theEvent.Set(kEventParamMouseLocation, typeQDPoint, thePress.thePoint);
+    theEvent.Set(kEventParamMouseLocation, typeQDPoint,
+                 MakePoint(thePress.thePoint.h - theOrigin.h, thePress.thePoint.v - theOrigin.v));
     theEvent.Set(kEventParamControlAction, typeControlActionUPP, theControl.mAction);
     if (theEvent.SendTo(theControl.Target(), kEventTargetDontPropagate) == eventNotHandledErr) {
-        return false;
+        return std::nullopt;
     }
-    theEvent.Read(kEventParamControlPart, typeControlPartCode, thePart);
-    return true;
+    TrackingResult theResult;
+    theEvent.Read(kEventParamControlPart, typeControlPartCode, &theResult.thePart);
+    theEvent.Read(kEventParamKeyModifiers, typeUInt32, &theResult.theModifiers);
+    return theResult;
 }
 
 SInt32 ValueUnder(const Control& theControl, Point thePoint)
@@ -136,6 +167,20 @@ SharedControl StopTracking()
     SharedControl theControl = TrackedControl();
     Current().theControl.reset();
     return theControl;
+}
+
+// Lets the control show a click that nobody makes with the mouse. A handler may say which part it hits, or
+// that it hits none.
+ControlPartCode PartOfSimulatedHit(const Control& theControl, ControlPartCode thePart, UInt32 theModifiers)
+{
+    OutgoingEvent theEvent(kEventClassControl, kEventControlSimulateHit);
+    theEvent.Set(kEventParamDirectObject, typeControlRef, theControl.Reference());
+    theEvent.Set(kEventParamKeyModifiers, typeUInt32, theModifiers);
+    theEvent.Set(kEventParamControlPart, typeControlPartCode, thePart);
+    if (theEvent.SendTo(theControl.Target(), kEventTargetDontPropagate) == noErr) {
+        theEvent.Read(kEventParamControlPart, typeControlPartCode, &thePart);
+    }
+    return thePart;
 }
 
 bool SendHit(const Control& theControl, ControlPartCode thePart, UInt32 theModifiers, UInt32 theClickCount)
@@ -221,15 +266,14 @@ void BeginTracking(const SharedControl& theControl, const Press& thePress)
     if (thePart == kControlNoPart) {
         return;
     }
-    ControlPartCode theHitPart = kControlNoPart;
-    const bool theIsTaken = IsTrackingTaken(*theControl, thePress, &theHitPart);
+    const std::optional<TrackingResult> theResult = TrackByHandler(*theControl, thePress);
     if (theControl->IsGone()) {
         return;
     }
-    if (!theIsTaken) {
+    if (!theResult) {
         Start(theControl, thePart, thePress);
-    } else if (theHitPart != kControlNoPart) {
-        Hit(theControl, theHitPart, thePress.theModifiers, thePress.theClickCount);
+    } else if (theResult->thePart != kControlNoPart) {
+        Hit(theControl, theResult->thePart, theResult->theModifiers, thePress.theClickCount);
     }
 }
 
@@ -304,18 +348,17 @@ ControlPartCode FindControl(Point testPoint, WindowRef theWindow, ControlRef* th
     if (theControl != nullptr) {
         *theControl = theFound == nullptr ? nullptr : theFound->Reference();
     }
-    return theFound == nullptr ? ControlPartCode{kControlNoPart}
-                               : TestControl(theFound->Reference(), testPoint);
+    return theFound == nullptr ? ControlPartCode{kControlNoPart} : PressedPartAt(*theFound, testPoint);
 }
 
 ControlPartCode TestControl(ControlRef theControl, Point testPoint)
 {
     const SharedControl theFound = Host::FindControl(theControl);
-    if (theFound == nullptr || !theFound->CanBePressed() || !theFound->Is(ControlState::kActive) ||
-        !Contains(theFound->WindowBounds(), testPoint)) {
+    if (theFound == nullptr) {
         return kControlNoPart;
     }
-    return theFound->PartAt(testPoint);
+    const Point theOrigin = OriginOf(*theFound);
+    return PressedPartAt(*theFound, MakePoint(testPoint.h + theOrigin.h, testPoint.v + theOrigin.v));
 }
 
 OSStatus HIViewSimulateClick(ControlRef inView, ControlPartCode inPartToClick, UInt32 inModifiers,
@@ -337,9 +380,12 @@ OSStatus HIViewSimulateClick(ControlRef inView, ControlPartCode inPartToClick, U
         (inPartToClick != theMiddle && IsEmpty(theFound->PlaceOf(inPartToClick)))) {
         return errInvalidPartCode;
     }
+    inPartToClick = PartOfSimulatedHit(*theFound, inPartToClick, inModifiers);
     if (outPartClicked != nullptr) {
         *outPartClicked = inPartToClick;
     }
-    PressAndRelease(theFound, inPartToClick, inModifiers);
+    if (inPartToClick != kControlNoPart && !theFound->IsGone() && theFound->CanBePressed()) {
+        PressAndRelease(theFound, inPartToClick, inModifiers);
+    }
     return noErr;
 }

@@ -128,6 +128,56 @@ TEST_F(ControlTracking, TrackingThatAHandlerTakesHitsThePartThatItGives)
     EXPECT_EQ(thePart, 42);
 }
 
+TEST_F(ControlTracking, ModifiersThatAHandlersTrackingEndedWithArriveInTheHitAndTheCommand)
+{
+    ControlRef theButton = NewPushButton();
+    SetControlCommandID(theButton, 'doit');
+    std::vector<UInt32> theModifiers;
+    Watch(theButton, "button", EventWatch::ControlEvents(), [&](EventRef theEvent) {
+        theModifiers.push_back(Parameter<UInt32>(theEvent, kEventParamKeyModifiers, typeUInt32));
+        if (GetEventKind(theEvent) != kEventControlTrack) {
+            return OSStatus{eventNotHandledErr};
+        }
+        const ControlPartCode thePart = kControlButtonPart;
+        const UInt32 theLast = optionKey;
+        SetEventParameter(theEvent, kEventParamControlPart, typeControlPartCode, sizeof thePart, &thePart);
+        SetEventParameter(theEvent, kEventParamKeyModifiers, typeUInt32, sizeof theLast, &theLast);
+        return OSStatus{noErr};
+    });
+    Mouse(kEventMouseDown, 20, 50, shiftKey);
+    EXPECT_EQ(TakeLog(), (Log{"button: Click", "button: Track", "button: Hit", "button: CommandProcess"}));
+    EXPECT_EQ(theModifiers, (std::vector<UInt32>{shiftKey, shiftKey, optionKey, optionKey}));
+}
+
+TEST_F(ControlTracking, TrackingIsToldAPlaceInTheWindowOrInACompositingWindowInTheControl)
+{
+    const WindowAttributes theStandard = kWindowStandardDocumentAttributes | kWindowStandardHandlerAttribute;
+    for (const WindowAttributes theCompositing : {WindowAttributes{0}, kWindowCompositingAttribute}) {
+        const WindowRef theFormer =
+            std::exchange(mWindow, NewWindow(kDocumentWindowClass, theStandard | theCompositing));
+        ShowWindow(mWindow);
+        ControlRef theBox = NewGroupBox();
+        ControlRef theButton = NewPushButton();
+        EmbedControl(theButton, theBox);
+        MoveControl(theButton, 30, 40);
+        Rect theBoxBounds;
+        GetControlBounds(theBox, &theBoxBounds);
+        Point thePlace = {0, 0};
+        const EventWatch theWatch(GetControlEventTarget(theButton), "button", mLog,
+                                  {{kEventClassControl, kEventControlTrack}}, [&](EventRef theEvent) {
+                                      thePlace =
+                                          Parameter<Point>(theEvent, kEventParamMouseLocation, typeQDPoint);
+                                      return OSStatus{noErr};
+                                  });
+        const bool theIsLocal = theCompositing != 0;
+        Mouse(kEventMouseDown, 33 + (theIsLocal ? theBoxBounds.left : 0),
+              44 + (theIsLocal ? theBoxBounds.top : 0));
+        EXPECT_EQ(short{thePlace.h}, theIsLocal ? 3 : 33);
+        EXPECT_EQ(short{thePlace.v}, theIsLocal ? 4 : 44);
+        DisposeWindow(std::exchange(mWindow, theFormer));
+    }
+}
+
 TEST_F(ControlTracking, AMousePressThatAHandlerTakesReachesNoControl)
 {
     ControlRef theButton = NewPushButton();
@@ -226,6 +276,33 @@ TEST_F(ControlTracking, TestingAPointAsksForAllStates)
     EXPECT_EQ(TestControl(theButton, theInside), kControlNoPart);
 }
 
+TEST_F(ControlTracking, InACompositingWindowAPointIsTestedFromTheControlsOwnCorner)
+{
+    const WindowRef theFormer =
+        std::exchange(mWindow, NewWindow(kDocumentWindowClass,
+                                         kWindowStandardDocumentAttributes | kWindowCompositingAttribute));
+    ControlRef theBox = NewGroupBox();
+    ControlRef theButton = NewPushButton();
+    EmbedControl(theButton, theBox);
+    Rect theBoxBounds;
+    Rect theBounds;
+    GetControlBounds(theBox, &theBoxBounds);
+    GetControlBounds(theButton, &theBounds);
+    const auto theWidth = static_cast<short>(theBounds.right - theBounds.left);
+    const auto theHeight = static_cast<short>(theBounds.bottom - theBounds.top);
+    EXPECT_EQ(TestControl(theButton, {0, 0}), kControlButtonPart);
+    const Point theLast = {static_cast<short>(theHeight - 1), static_cast<short>(theWidth - 1)};
+    EXPECT_EQ(TestControl(theButton, theLast), kControlButtonPart);
+    EXPECT_EQ(TestControl(theButton, {theHeight, 0}), kControlNoPart);
+    EXPECT_EQ(TestControl(theButton, {-1, 0}), kControlNoPart);
+    ControlRef theFound = nullptr;
+    const Point theInWindow = {static_cast<short>(theBoxBounds.top + theBounds.top),
+                               static_cast<short>(theBoxBounds.left + theBounds.left)};
+    EXPECT_EQ(FindControl(theInWindow, mWindow, &theFound), kControlButtonPart);
+    EXPECT_EQ(theFound, theButton);
+    DisposeWindow(std::exchange(mWindow, theFormer));
+}
+
 TEST_F(ControlTracking, ASimulatedClickDoesWhatAClickDoes)
 {
     ControlRef theCheckBox = NewCheckBox();
@@ -237,6 +314,68 @@ TEST_F(ControlTracking, ASimulatedClickDoesWhatAClickDoes)
     EXPECT_EQ(GetControl32BitValue(theCheckBox), 1);
     EXPECT_EQ(TakeLog(),
               (Log{"check box: ValueFieldChanged", "check box: Hit", "check box: CommandProcess"}));
+}
+
+TEST_F(ControlTracking, ASimulatedClickIsAskedOfTheControlBeforeItHits)
+{
+    ControlRef theCheckBox = NewCheckBox();
+    UInt32 theModifiers = 0;
+    ControlPartCode thePart = 0;
+    const EventWatch theWindow(GetWindowEventTarget(mWindow), "window", mLog,
+                               {{kEventClassControl, kEventControlSimulateHit}});
+    Watch(theCheckBox, "check box", EventWatch::ControlEvents(), [&](EventRef theEvent) {
+        if (GetEventKind(theEvent) == kEventControlSimulateHit) {
+            theModifiers = Parameter<UInt32>(theEvent, kEventParamKeyModifiers, typeUInt32);
+            thePart = Parameter<ControlPartCode>(theEvent, kEventParamControlPart, typeControlPartCode);
+        }
+        return OSStatus{eventNotHandledErr};
+    });
+    EXPECT_EQ(HIViewSimulateClick(theCheckBox, 0, shiftKey, nullptr), noErr);
+    EXPECT_EQ(TakeLog(), (Log{"check box: SimulateHit", "check box: GetAutoToggleValue",
+                              "check box: ValueFieldChanged", "check box: Hit"}));
+    EXPECT_EQ(theModifiers, UInt32{shiftKey});
+    EXPECT_EQ(thePart, kControlCheckBoxPart);
+}
+
+TEST_F(ControlTracking, AHandlerOfASimulatedClickMayChooseThePartOrNone)
+{
+    ControlRef theButton = NewPushButton();
+    ControlPartCode theChoice = 42;
+    ControlPartCode theHit = 0;
+    Watch(theButton, "button", EventWatch::ControlEvents(), [&](EventRef theEvent) {
+        if (GetEventKind(theEvent) != kEventControlSimulateHit) {
+            theHit = Parameter<ControlPartCode>(theEvent, kEventParamControlPart, typeControlPartCode);
+            return OSStatus{eventNotHandledErr};
+        }
+        SetEventParameter(theEvent, kEventParamControlPart, typeControlPartCode, sizeof theChoice,
+                          &theChoice);
+        return OSStatus{noErr};
+    });
+    ControlPartCode thePart = 0;
+    EXPECT_EQ(HIViewSimulateClick(theButton, 0, 0, &thePart), noErr);
+    EXPECT_EQ(thePart, 42);
+    EXPECT_EQ(theHit, 42);
+    TakeLog();
+    theChoice = kControlNoPart;
+    EXPECT_EQ(HIViewSimulateClick(theButton, 0, 0, &thePart), noErr);
+    EXPECT_EQ(thePart, kControlNoPart);
+    EXPECT_EQ(TakeLog(), Log{"button: SimulateHit"});
+}
+
+TEST_F(ControlTracking, AControlThatAHandlerTakesAwayIsNotHitBySimulation)
+{
+    for (const auto theRemoval : {DisposeControl, HideControl}) {
+        ControlRef theButton = NewPushButton();
+        const EventWatch theWatch(
+            GetControlEventTarget(theButton), "button", mLog,
+            {{kEventClassControl, kEventControlSimulateHit}, {kEventClassControl, kEventControlHit}},
+            [&](EventRef) {
+                theRemoval(theButton);
+                return OSStatus{eventNotHandledErr};
+            });
+        EXPECT_EQ(HIViewSimulateClick(theButton, 0, 0, nullptr), noErr);
+        EXPECT_EQ(TakeLog(), Log{"button: SimulateHit"});
+    }
 }
 
 TEST_F(ControlTracking, ASimulatedClickRefusesWhatCannotBeClicked)
