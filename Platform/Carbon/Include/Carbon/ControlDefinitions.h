@@ -11,9 +11,13 @@
 // identifier, command or reference. The control belongs to its window and goes with it. outControl receives
 // null when the call fails.
 //
-// Results: noErr; paramErr when the window, the bounds or outControl is null, the window is not a window (any
-// more), or a range ends before it starts. A title or text may be null, which stands for the empty one.
-// An initial value outside of the range is put at the nearer end of it.
+// Push buttons, check boxes, radio buttons, scroll bars, static and edit texts can be made without a window,
+// with null for it: the control is in nothing then and is shown nowhere, until EmbedControl puts it into a
+// container, and it is the caller's to dispose of until that. All other kinds need a window.
+//
+// Results: noErr; paramErr when the bounds or outControl is null, the window is null and the kind needs one,
+// the window is not a window (any more), or a range ends before it starts. A title or text may be null, which
+// stands for the empty one. An initial value outside of the range is put at the nearer end of it.
 
 #include <Carbon/Controls.h>
 
@@ -139,17 +143,19 @@ typedef struct ControlEditTextSelectionRec ControlEditTextSelectionRec;
 
 // Buttons -----------------------------------------------------------------------------------------------
 
-// A push button. Its value means nothing; a click sends kEventControlHit, then its command.
+// A push button. Its value means nothing; a click sends kEventControlHit, then its command. The window may be
+// null.
 CARBON_EXPORT OSStatus CreatePushButtonControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
                                                ControlRef* outControl);
 
 // A check box of the range 0 to 2 (2 is the mixed state). With autoToggle, a click by a person turns 1
-// into 0 and anything else into 1; without it, the application sets the value when it hears of the click.
+// into 0 and anything else into 1; without it, the application sets the value when it hears of the click. The
+// window may be null.
 CARBON_EXPORT OSStatus CreateCheckBoxControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
                                              SInt32 initialValue, Boolean autoToggle, ControlRef* outControl);
 
 // A radio button of the range 0 to 2. With autoToggle, a click by a person sets it to 1, never back to 0;
-// turning the others of its group off is the application's task.
+// turning the others of its group off is the application's task. The window may be null.
 CARBON_EXPORT OSStatus CreateRadioButtonControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
                                                 SInt32 initialValue, Boolean autoToggle,
                                                 ControlRef* outControl);
@@ -158,7 +164,8 @@ CARBON_EXPORT OSStatus CreateRadioButtonControl(WindowRef window, const Rect* bo
 
 // A slider; upright when it is higher than wide, with the minimum at the bottom. A person's drag sets the
 // value, step by step with liveTracking, else once at its end. liveTrackingProc may be null; it is
-// called after each step of a live drag. Tick marks on a slider that does not point are a paramErr.
+// called after each step of a live drag. Tick marks on a slider that does not point are a paramErr, and so is
+// a null window.
 CARBON_EXPORT OSStatus CreateSliderControl(WindowRef window, const Rect* boundsRect, SInt32 value,
                                            SInt32 minimum, SInt32 maximum,
                                            ControlSliderOrientation orientation, UInt16 numTickMarks,
@@ -166,7 +173,7 @@ CARBON_EXPORT OSStatus CreateSliderControl(WindowRef window, const Rect* boundsR
                                            ControlRef* outControl);
 
 // A scroll bar; upright when it is higher than wide, with the minimum at the top. viewSize is the amount
-// in view, which makes the thumb proportional; 0 for a thumb of fixed size.
+// in view, which makes the thumb proportional; 0 for a thumb of fixed size. The window may be null.
 //
 // On purpose: only a drag of the thumb changes the value. A press of an arrow or a page area calls the
 // action procedure once, and scrolling is up to it.
@@ -175,12 +182,12 @@ CARBON_EXPORT OSStatus CreateScrollBarControl(WindowRef window, const Rect* boun
                                               Boolean liveTracking, ControlActionUPP liveTrackingProc,
                                               ControlRef* outControl);
 
-// A progress bar. A person can do nothing with it.
+// A progress bar. A person can do nothing with it. A null window is a paramErr.
 CARBON_EXPORT OSStatus CreateProgressBarControl(WindowRef window, const Rect* boundsRect, SInt32 value,
                                                 SInt32 minimum, SInt32 maximum, Boolean indeterminate,
                                                 ControlRef* outControl);
 
-// A pair of arrows, up above down.
+// A pair of arrows, up above down. A null window is a paramErr.
 //
 // On purpose: a click never changes the value, and increment is only kept. The action procedure, or the
 // application when it hears of the click, changes the value.
@@ -190,17 +197,17 @@ CARBON_EXPORT OSStatus CreateLittleArrowsControl(WindowRef window, const Rect* b
 
 // Texts -------------------------------------------------------------------------------------------------
 
-// A text that a person can only read. style may be null for the usual style.
+// A text that a person can only read. style may be null for the usual style, and the window may be null.
 CARBON_EXPORT OSStatus CreateStaticTextControl(WindowRef window, const Rect* boundsRect, CFStringRef text,
                                                const ControlFontStyleRec* style, ControlRef* outControl);
 
 // An edit text of the older sort: it does not send kEventTextShouldChangeInRange and kEventTextDidChange.
-// useInlineInput is kept and has no effect.
+// useInlineInput is kept and has no effect. The window may be null.
 CARBON_EXPORT OSStatus CreateEditTextControl(WindowRef window, const Rect* boundsRect, CFStringRef text,
                                              Boolean isPassword, Boolean useInlineInput,
                                              const ControlFontStyleRec* style, ControlRef* outControl);
 
-// An edit text, the preferred sort.
+// An edit text, the preferred sort. The window may be null.
 CARBON_EXPORT OSStatus CreateEditUnicodeTextControl(WindowRef window, const Rect* boundsRect,
                                                     CFStringRef text, Boolean isPassword,
                                                     const ControlFontStyleRec* style, ControlRef* outControl);
@@ -208,13 +215,14 @@ CARBON_EXPORT OSStatus CreateEditUnicodeTextControl(WindowRef window, const Rect
 // Containers --------------------------------------------------------------------------------------------
 
 // A box with a title that other controls can be embedded in. primary chooses the look of an outer box.
+// A null window is a paramErr.
 CARBON_EXPORT OSStatus CreateGroupBoxControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
                                              Boolean primary, ControlRef* outControl);
 
 // Separators --------------------------------------------------------------------------------------------
 
 // A line between other controls: across when the bounds are wider than high, upright otherwise. It has no
-// value, and takes neither presses nor the focus.
+// value, and takes neither presses nor the focus. A null window is a paramErr.
 CARBON_EXPORT OSStatus CreateSeparatorControl(WindowRef window, const Rect* boundsRect,
                                               ControlRef* outControl);
 
