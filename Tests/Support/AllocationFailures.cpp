@@ -47,6 +47,19 @@ void* AllocateOrThrow(size_t theSize)
     return theBlock;
 }
 
+// Memory resources ask for an alignment, whatever it is. Only as many bytes as are a multiple of it can be
+// had.
+void* AllocateAlignedOrThrow(size_t theSize, std::align_val_t theAlignment)
+{
+    const auto theUnit = static_cast<size_t>(theAlignment);
+    const size_t theUnits = theSize / theUnit + (theSize % theUnit != 0 || theSize == 0 ? 1 : 0);
+    void* const theBlock = FailsNow() ? nullptr : std::aligned_alloc(theUnit, theUnits * theUnit);
+    if (theBlock == nullptr) {
+        throw std::bad_alloc();
+    }
+    return theBlock;
+}
+
 void StartCounting(size_t theFailing)
 {
     gCount = 0;
@@ -121,6 +134,16 @@ void* operator new[](size_t theSize, const std::nothrow_t&) noexcept
     return std::malloc(theSize == 0 ? 1 : theSize);
 }
 
+void* operator new(size_t theSize, std::align_val_t theAlignment)
+{
+    return AllocateAlignedOrThrow(theSize, theAlignment);
+}
+
+void* operator new[](size_t theSize, std::align_val_t theAlignment)
+{
+    return AllocateAlignedOrThrow(theSize, theAlignment);
+}
+
 void operator delete(void* theBlock) noexcept
 {
     std::free(theBlock);
@@ -147,6 +170,26 @@ void operator delete(void* theBlock, const std::nothrow_t&) noexcept
 }
 
 void operator delete[](void* theBlock, const std::nothrow_t&) noexcept
+{
+    std::free(theBlock);
+}
+
+void operator delete(void* theBlock, std::align_val_t) noexcept
+{
+    std::free(theBlock);
+}
+
+void operator delete[](void* theBlock, std::align_val_t) noexcept
+{
+    std::free(theBlock);
+}
+
+void operator delete(void* theBlock, size_t, std::align_val_t) noexcept
+{
+    std::free(theBlock);
+}
+
+void operator delete[](void* theBlock, size_t, std::align_val_t) noexcept
 {
     std::free(theBlock);
 }

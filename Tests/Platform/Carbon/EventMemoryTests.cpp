@@ -5,6 +5,8 @@
 #include "AllocationFailures.h"
 #include "EventTestSupport.h"
 
+#include <array>
+
 namespace {
 
 OSStatus CountCall(EventHandlerCallRef, EventRef, void* theData)
@@ -17,6 +19,9 @@ OSStatus StatusOf(const AllocationFailures& theFailures)
 {
     return theFailures.HasFailed() ? OSStatus(memFullErr) : OSStatus(noErr);
 }
+
+// More than an event has room for in itself.
+using LargeData = std::array<UInt8, 64>;
 
 // The first, second, ... allocation of one call failing.
 template <class Attempt>
@@ -54,17 +59,16 @@ TEST(EventMemory, ACopyIsMadeOrNot)
 TEST(EventMemory, AParameterIsReplacedOrStays)
 {
     TestEvent theEvent;
-    theEvent.Set(kName, typeUInt32, UInt32(0));
-    UInt32 theOld = 0;
-    UInt32 theNew = 1;
+    const LargeData theOld = {0};
+    const LargeData theNew = {1};
+    theEvent.Set(kName, typeChar, theOld);
     FailEach([&](AllocationFailures& theFailures) {
-        const OSStatus theStatus =
-            SetEventParameter(theEvent.Get(), kName, typeUInt32, sizeof theNew, &theNew);
+        const OSStatus theStatus = SetEventParameter(theEvent.Get(), kName, typeChar, sizeof theNew, &theNew);
         theFailures.Stop();
         EXPECT_EQ(theStatus, StatusOf(theFailures));
-        UInt32 theRead = 99;
-        GetEventParameter(theEvent.Get(), kName, typeUInt32, nullptr, sizeof theRead, nullptr, &theRead);
-        EXPECT_EQ(theRead, theFailures.HasFailed() ? theOld : theNew);
+        LargeData theRead = {99};
+        GetEventParameter(theEvent.Get(), kName, typeChar, nullptr, sizeof theRead, nullptr, &theRead);
+        EXPECT_EQ(theRead[0], theFailures.HasFailed() ? theOld[0] : theNew[0]);
     });
 }
 
@@ -72,9 +76,9 @@ TEST(EventMemory, AParameterIsAddedOrNot)
 {
     FailEach([](AllocationFailures& theFailures) {
         EventRef theEvent = nullptr;
-        const UInt32 theValue = 5;
+        const LargeData theValue = {5};
         CreateEvent(nullptr, kTestClass, 1, 1, 0, &theEvent);
-        const OSStatus theStatus = SetEventParameter(theEvent, kName, typeUInt32, sizeof theValue, &theValue);
+        const OSStatus theStatus = SetEventParameter(theEvent, kName, typeChar, sizeof theValue, &theValue);
         theFailures.Stop();
         EXPECT_EQ(theStatus == noErr, !theFailures.HasFailed());
         EXPECT_EQ(RemoveEventParameter(theEvent, kName) == noErr, !theFailures.HasFailed());
@@ -82,17 +86,36 @@ TEST(EventMemory, AParameterIsAddedOrNot)
     });
 }
 
+TEST(EventMemory, MoreParametersThanUsualAreAddedOrNot)
+{
+    FailEach([](AllocationFailures& theFailures) {
+        TestEvent theEvent;
+        UInt32 theAdded = 0;
+        while (theAdded < 20 && theEvent.Set(kName + theAdded, typeUInt32, theAdded) == noErr) {
+            ++theAdded;
+        }
+        theFailures.Stop();
+        EXPECT_EQ(theAdded < 20, theFailures.HasFailed());
+        for (UInt32 theIndex = 0; theIndex < 20; ++theIndex) {
+            UInt32 theRead = 99;
+            GetEventParameter(theEvent.Get(), kName + theIndex, typeUInt32, nullptr, sizeof theRead, nullptr,
+                              &theRead);
+            EXPECT_EQ(theRead, theIndex < theAdded ? theIndex : 99u);
+        }
+    });
+}
+
 TEST(EventMemory, AConversionIsMadeOrNot)
 {
     TestEvent theEvent;
-    theEvent.Set(kName, typeQDPoint, Point{1, 2});
+    theEvent.Set(kName, typeCFStringRef, CFSTR("a text of some length"));
     FailEach([&](AllocationFailures& theFailures) {
-        HIPoint thePoint = CGPointMake(9, 9);
-        const OSStatus theStatus = GetEventParameter(theEvent.Get(), kName, typeHIPoint, nullptr,
-                                                     sizeof thePoint, nullptr, &thePoint);
+        UniChar theText[21] = {'?'};
+        const OSStatus theStatus = GetEventParameter(theEvent.Get(), kName, typeUnicodeText, nullptr,
+                                                     sizeof theText, nullptr, theText);
         theFailures.Stop();
         EXPECT_EQ(theStatus, StatusOf(theFailures));
-        EXPECT_EQ(thePoint.x, theFailures.HasFailed() ? 9 : 2);
+        EXPECT_EQ(theText[0], theFailures.HasFailed() ? '?' : 'a');
     });
 }
 
@@ -131,19 +154,32 @@ TEST(EventMemory, TypesAreAddedOrNot)
     });
 }
 
-TEST(EventMemory, AnEventIsSentOrNot)
+TEST(EventMemory, AnEventIsSentThroughManyObjectsOrNot)
 {
     int theCount = 0;
     EventHandlerRef theHandler = nullptr;
     InstallEventHandler(GetApplicationEventTarget(), CountCall, 1, &kTestEvent, &theCount, &theHandler);
+    const Rect theBounds = {40, 40, 140, 140};
+    WindowRef theWindow = nullptr;
+    CreateNewWindow(kDocumentWindowClass, kWindowNoAttributes, &theBounds, &theWindow);
+    ControlRef theInnermost = nullptr;
+    CreateRootControl(theWindow, &theInnermost);
+    for (int theDepth = 0; theDepth < 10; ++theDepth) {
+        const ControlRef theOuter = theInnermost;
+        const Rect thePane = {0, 0, 90, 90};
+        ASSERT_EQ(CreateGroupBoxControl(theWindow, &thePane, nullptr, true, &theInnermost), noErr);
+        ASSERT_EQ(EmbedControl(theInnermost, theOuter), noErr);
+    }
     const TestEvent theEvent;
     FailEach([&](AllocationFailures& theFailures) {
         theCount = 0;
-        const OSStatus theStatus = SendEventToEventTarget(theEvent.Get(), GetApplicationEventTarget());
+        const OSStatus theStatus =
+            SendEventToEventTarget(theEvent.Get(), GetControlEventTarget(theInnermost));
         theFailures.Stop();
         EXPECT_EQ(theStatus, StatusOf(theFailures));
         EXPECT_EQ(theCount, theFailures.HasFailed() ? 0 : 1);
     });
+    DisposeWindow(theWindow);
     RemoveEventHandler(theHandler);
 }
 

@@ -79,9 +79,9 @@ public:
     EventRef Get() const { return mEvent; }
 
     template <class Type>
-    void Set(EventParamName theName, EventParamType theType, const Type& theValue)
+    OSStatus Set(EventParamName theName, EventParamType theType, const Type& theValue)
     {
-        SetEventParameter(mEvent, theName, theType, sizeof theValue, &theValue);
+        return SetEventParameter(mEvent, theName, theType, sizeof theValue, &theValue);
     }
 
 private:

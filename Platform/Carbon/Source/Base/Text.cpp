@@ -34,8 +34,12 @@ CFStringRef CreateFromBytes(const void* theBytes, size_t theCount, CFStringEncod
                                    static_cast<CFIndex>(theCount), theEncoding, false);
 }
 
+// The encodings asked for here all have the characters of ASCII at their places.
 std::string EncodedAs(const Text& theText, CFStringEncoding theEncoding)
 {
+    if (std::all_of(theText.begin(), theText.end(), [](char16_t theUnit) { return theUnit < 0x80; })) {
+        return std::string(theText.begin(), theText.end());
+    }
     const OwnedString theOwned(CreateString(theText));
     if (theOwned == nullptr) {
         return std::string();

@@ -1,11 +1,9 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
 #include <algorithm>
-#include <atomic>
 #include <cstring>
-#include <memory>
+#include <string>
 #include <utility>
-#include <vector>
 
 #include <Carbon/Carbon.h>
 
@@ -13,51 +11,12 @@
 #include "Base/ReferenceTable.h"
 #include "Common/NeverDestroyed.h"
 #include "EventManager.h"
-#include "EventManagerParameters.h"
 #include "System/Clock.h"
 
 namespace Host {
 
 namespace {
 
-struct EventParameter
-{
-    EventParamName theName;
-    ParameterData theData;
-};
-
-// An event. It counts its references itself; at zero it leaves the table of events and dies with the last
-// call that still works on it.
-struct Event
-{
-    Event(OSType theEventClass, UInt32 theEventKind, EventTime theEventTime,
-          EventAttributes theEventAttributes)
-        : theClass(theEventClass),
-          theKind(theEventKind),
-          theTime(theEventTime),
-          theAttributes(theEventAttributes)
-    {
-    }
-
-    EventParameter* Find(EventParamName theName)
-    {
-        for (EventParameter& theParameter : theParameters) {
-            if (theParameter.theName == theName) {
-                return &theParameter;
-            }
-        }
-        return nullptr;
-    }
-
-    OSType theClass;
-    UInt32 theKind;
-    EventTime theTime;
-    EventAttributes theAttributes;
-    std::vector<EventParameter> theParameters; // few, so a search beats a map
-    std::atomic<ItemCount> theCount{1};
-};
-
-using SharedEvent = std::shared_ptr<Event>;
 using EventTable = ReferenceTable<EventRef, ReferenceKind::kEvent, Event>;
 
 // Events may still be released while the program ends.
@@ -67,25 +26,8 @@ EventTable& Events()
     return sEvents.Get();
 }
 
-SharedEvent FindEvent(EventRef theReference)
-{
-    return Events().Find(theReference);
-}
-
-OSStatus StoreParameter(Event& theEvent, EventParamName theName, ParameterData theData)
-{
-    EventParameter* theParameter = theEvent.Find(theName);
-    if (theParameter != nullptr) {
-        theParameter->theData = std::move(theData);
-    } else {
-        theEvent.theParameters.push_back({theName, std::move(theData)});
-    }
-    return noErr;
-}
-
 // The bytes of a parameter as the type that the caller wants; null when there is no way to have them.
-const std::vector<UInt8>* BytesAs(const ParameterData& theData, EventParamType theType,
-                                  std::vector<UInt8>* theConverted)
+const std::string* BytesAs(const ParameterData& theData, EventParamType theType, std::string* theConverted)
 {
     if (theType == typeWildCard || theType == theData.Type()) {
         return &theData.Bytes();
@@ -93,7 +35,7 @@ const std::vector<UInt8>* BytesAs(const ParameterData& theData, EventParamType t
     return theData.Convert(theType, theConverted) ? theConverted : nullptr;
 }
 
-OSStatus HandOut(const std::vector<UInt8>& theBytes, ByteCount theBufferSize, ByteCount* theActualSize,
+OSStatus HandOut(const std::string& theBytes, ByteCount theBufferSize, ByteCount* theActualSize,
                  void* theBuffer)
 {
     if (theActualSize != nullptr) {
@@ -111,19 +53,17 @@ OSStatus HandOut(const std::vector<UInt8>& theBytes, ByteCount theBufferSize, By
     return noErr;
 }
 
-EventRef CopyAs(EventRef theOther, const OSType* theClass, const UInt32* theKind)
+// A copy of an event, of the type that theType makes of the event's own; null for a bad event.
+template <class MakeType>
+EventRef Copy(EventRef theOther, const MakeType& theMakeType)
 {
-    const SharedEvent theEvent = FindEvent(theOther);
+    const SharedEvent theEvent = Event::Find(theOther);
     if (theEvent == nullptr) {
         return nullptr;
     }
     EventRef theCopy = nullptr;
     Guarded([&] {
-        auto theNew = std::make_shared<Event>(theClass == nullptr ? theEvent->theClass : *theClass,
-                                              theKind == nullptr ? theEvent->theKind : *theKind,
-                                              theEvent->theTime, theEvent->theAttributes);
-        theNew->theParameters = theEvent->theParameters;
-        theCopy = Events().Add(std::move(theNew));
+        theCopy = theEvent->CopyAs(theMakeType(theEvent->Type()))->Reference();
         return noErr;
     });
     return theCopy;
@@ -131,15 +71,109 @@ EventRef CopyAs(EventRef theOther, const OSType* theClass, const UInt32* theKind
 
 } // namespace
 
-EventAttributes AttributesOfEvent(EventRef theEvent)
+Event::Event(const EventTypeSpec& theType, EventTime theTime, EventAttributes theAttributes)
+    : mType(theType),
+      mTime(theTime),
+      mAttributes(theAttributes)
 {
-    const SharedEvent theFound = FindEvent(theEvent);
-    return theFound == nullptr ? EventAttributes(kEventAttributeNone) : theFound->theAttributes;
+    mParameters.reserve(kUsualParameters);
 }
 
-bool IsEvent(EventRef theEvent)
+SharedEvent Event::Enter(SharedEvent theEvent)
 {
-    return FindEvent(theEvent) != nullptr;
+    theEvent->mReference = Events().Add(theEvent);
+    return theEvent;
+}
+
+SharedEvent Event::Make(const EventTypeSpec& theType, EventTime theTime, EventAttributes theAttributes)
+{
+    return Enter(std::make_shared<Event>(theType, theTime, theAttributes));
+}
+
+SharedEvent Event::Find(EventRef theReference)
+{
+    return Events().Find(theReference);
+}
+
+SharedEvent Event::CopyAs(const EventTypeSpec& theType) const
+{
+    auto theCopy = std::make_shared<Event>(theType, mTime, mAttributes);
+    theCopy->mParameters = mParameters;
+    return Enter(std::move(theCopy));
+}
+
+void Event::Release()
+{
+    if (--mCount == 0) {
+        Events().Remove(mReference);
+    }
+}
+
+template <class Parameters>
+auto Event::Find(Parameters& theParameters, EventParamName theName)
+{
+    return std::find_if(theParameters.begin(), theParameters.end(),
+                        [=](const NamedParameter& theParameter) { return theParameter.theName == theName; });
+}
+
+const ParameterData* Event::Parameter(EventParamName theName) const
+{
+    const auto theFound = Find(mParameters, theName);
+    return theFound == mParameters.end() ? nullptr : &theFound->theData;
+}
+
+void Event::SetParameter(EventParamName theName, EventParamType theType, ByteCount theSize,
+                         const void* theBytes)
+{
+    const auto theFound = Find(mParameters, theName);
+    if (theFound != mParameters.end()) {
+        theFound->theData = ParameterData(theType, theSize, theBytes);
+    } else {
+        mParameters.emplace_back(theName, theType, theSize, theBytes);
+    }
+}
+
+bool Event::RemoveParameter(EventParamName theName)
+{
+    const auto theFound = Find(mParameters, theName);
+    if (theFound == mParameters.end()) {
+        return false;
+    }
+    mParameters.erase(theFound);
+    return true;
+}
+
+OSStatus WriteEventParameter(Event& theEvent, EventParamName theName, EventParamType theType,
+                             ByteCount theSize, const void* theBytes)
+{
+    if ((theBytes == nullptr && theSize > 0) || !ParameterData::Fits(theType, theSize)) {
+        return paramErr;
+    }
+    return Guarded([&] {
+        theEvent.SetParameter(theName, theType, theSize, theBytes);
+        return noErr;
+    });
+}
+
+OSStatus ReadEventParameter(const Event& theEvent, EventParamName theName, EventParamType theDesiredType,
+                            EventParamType* theActualType, ByteCount theBufferSize, ByteCount* theActualSize,
+                            void* theBuffer)
+{
+    const ParameterData* const theData = theEvent.Parameter(theName);
+    if (theData == nullptr) {
+        return eventParameterNotFoundErr;
+    }
+    return Guarded([&]() -> OSStatus {
+        std::string theConverted;
+        const std::string* const theBytes = BytesAs(*theData, theDesiredType, &theConverted);
+        if (theBytes == nullptr) {
+            return eventParameterNotFoundErr;
+        }
+        if (theActualType != nullptr) {
+            *theActualType = theDesiredType == typeWildCard ? theData->Type() : theDesiredType;
+        }
+        return HandOut(*theBytes, theBufferSize, theActualSize, theBuffer);
+    });
 }
 
 } // namespace Host
@@ -155,122 +189,98 @@ OSStatus CreateEvent(CFAllocatorRef, OSType inClassID, UInt32 inKind, EventTime 
     *outEvent = nullptr;
     return Guarded([&] {
         const EventTime theTime = inWhen == 0 ? GetCurrentEventTime() : inWhen;
-        *outEvent = Events().Add(std::make_shared<Event>(inClassID, inKind, theTime, inAttributes));
+        *outEvent = Event::Make({inClassID, inKind}, theTime, inAttributes)->Reference();
         return noErr;
     });
 }
 
 EventRef CopyEvent(EventRef inOther)
 {
-    return CopyAs(inOther, nullptr, nullptr);
+    return Copy(inOther, [](const EventTypeSpec& theType) { return theType; });
 }
 
 EventRef CopyEventAs(CFAllocatorRef, EventRef inOther, OSType inEventClass, UInt32 inEventKind)
 {
-    return CopyAs(inOther, &inEventClass, &inEventKind);
+    return Copy(inOther, [=](const EventTypeSpec&) { return EventTypeSpec{inEventClass, inEventKind}; });
 }
 
 EventRef RetainEvent(EventRef inEvent)
 {
-    const SharedEvent theEvent = FindEvent(inEvent);
+    const SharedEvent theEvent = Event::Find(inEvent);
     if (theEvent == nullptr) {
         return nullptr;
     }
-    ++theEvent->theCount;
+    theEvent->Retain();
     return inEvent;
 }
 
 void ReleaseEvent(EventRef inEvent)
 {
-    const SharedEvent theEvent = FindEvent(inEvent);
-    if (theEvent != nullptr && --theEvent->theCount == 0) {
-        Events().Remove(inEvent);
+    const SharedEvent theEvent = Event::Find(inEvent);
+    if (theEvent != nullptr) {
+        theEvent->Release();
     }
 }
 
 ItemCount GetEventRetainCount(EventRef inEvent)
 {
-    const SharedEvent theEvent = FindEvent(inEvent);
-    return theEvent == nullptr ? 0 : theEvent->theCount.load();
+    const SharedEvent theEvent = Event::Find(inEvent);
+    return theEvent == nullptr ? 0 : theEvent->Count();
 }
 
 OSType GetEventClass(EventRef inEvent)
 {
-    const SharedEvent theEvent = FindEvent(inEvent);
-    return theEvent == nullptr ? 0 : theEvent->theClass;
+    const SharedEvent theEvent = Event::Find(inEvent);
+    return theEvent == nullptr ? 0 : theEvent->Type().eventClass;
 }
 
 UInt32 GetEventKind(EventRef inEvent)
 {
-    const SharedEvent theEvent = FindEvent(inEvent);
-    return theEvent == nullptr ? 0 : theEvent->theKind;
+    const SharedEvent theEvent = Event::Find(inEvent);
+    return theEvent == nullptr ? 0 : theEvent->Type().eventKind;
 }
 
 EventTime GetEventTime(EventRef inEvent)
 {
-    const SharedEvent theEvent = FindEvent(inEvent);
-    return theEvent == nullptr ? 0 : theEvent->theTime;
+    const SharedEvent theEvent = Event::Find(inEvent);
+    return theEvent == nullptr ? 0 : theEvent->Time();
 }
 
 OSStatus SetEventTime(EventRef inEvent, EventTime inTime)
 {
-    const SharedEvent theEvent = FindEvent(inEvent);
+    const SharedEvent theEvent = Event::Find(inEvent);
     if (theEvent == nullptr) {
         return paramErr;
     }
-    theEvent->theTime = inTime;
+    theEvent->SetTime(inTime);
     return noErr;
 }
 
 OSStatus SetEventParameter(EventRef inEvent, EventParamName inName, EventParamType inType, ByteCount inSize,
                            const void* inDataPtr)
 {
-    const SharedEvent theEvent = FindEvent(inEvent);
-    if (theEvent == nullptr || (inDataPtr == nullptr && inSize > 0) || !ParameterData::Fits(inType, inSize)) {
-        return paramErr;
-    }
-    return Guarded(
-        [&] { return StoreParameter(*theEvent, inName, ParameterData(inType, inSize, inDataPtr)); });
+    const SharedEvent theEvent = Event::Find(inEvent);
+    return theEvent == nullptr ? OSStatus(paramErr)
+                               : WriteEventParameter(*theEvent, inName, inType, inSize, inDataPtr);
 }
 
 OSStatus GetEventParameter(EventRef inEvent, EventParamName inName, EventParamType inDesiredType,
                            EventParamType* outActualType, ByteCount inBufferSize, ByteCount* outActualSize,
                            void* outData)
 {
-    const SharedEvent theEvent = FindEvent(inEvent);
-    if (theEvent == nullptr) {
-        return paramErr;
-    }
-    const EventParameter* theParameter = theEvent->Find(inName);
-    if (theParameter == nullptr) {
-        return eventParameterNotFoundErr;
-    }
-    return Guarded([&]() -> OSStatus {
-        std::vector<UInt8> theConverted;
-        const std::vector<UInt8>* theBytes = BytesAs(theParameter->theData, inDesiredType, &theConverted);
-        if (theBytes == nullptr) {
-            return eventParameterNotFoundErr;
-        }
-        if (outActualType != nullptr) {
-            *outActualType = inDesiredType == typeWildCard ? theParameter->theData.Type() : inDesiredType;
-        }
-        return HandOut(*theBytes, inBufferSize, outActualSize, outData);
-    });
+    const SharedEvent theEvent = Event::Find(inEvent);
+    return theEvent == nullptr ? OSStatus(paramErr)
+                               : ReadEventParameter(*theEvent, inName, inDesiredType, outActualType,
+                                                    inBufferSize, outActualSize, outData);
 }
 
 OSStatus RemoveEventParameter(EventRef inEvent, EventParamName inName)
 {
-    const SharedEvent theEvent = FindEvent(inEvent);
+    const SharedEvent theEvent = Event::Find(inEvent);
     if (theEvent == nullptr) {
         return paramErr;
     }
-    const EventParameter* theParameter = theEvent->Find(inName);
-    if (theParameter == nullptr) {
-        return eventParameterNotFoundErr;
-    }
-    theEvent->theParameters.erase(theEvent->theParameters.begin() +
-                                  (theParameter - theEvent->theParameters.data()));
-    return noErr;
+    return theEvent->RemoveParameter(inName) ? OSStatus(noErr) : OSStatus(eventParameterNotFoundErr);
 }
 
 EventTime GetCurrentEventTime(void)

@@ -8,12 +8,13 @@
 #include <cstring>
 #include <limits>
 #include <utility>
+#include <vector>
 
 namespace Host {
 
 namespace {
 
-using Bytes = std::vector<UInt8>;
+using Bytes = std::string;
 
 template <class Value>
 Value ReadAs(const Bytes& theBytes)
@@ -216,7 +217,7 @@ bool ParameterData::Fits(EventParamType theType, ByteCount theSize)
 
 ParameterData::ParameterData(EventParamType theType, ByteCount theSize, const void* theBytes)
     : mType(theType),
-      mBytes(static_cast<const UInt8*>(theBytes), static_cast<const UInt8*>(theBytes) + theSize)
+      mBytes(theSize == 0 ? std::string() : std::string(static_cast<const char*>(theBytes), theSize))
 {
     Retain();
 }
@@ -281,7 +282,7 @@ void ParameterData::Release() const
     }
 }
 
-bool ParameterData::Convert(EventParamType theType, std::vector<UInt8>* theResult) const
+bool ParameterData::Convert(EventParamType theType, std::string* theResult) const
 {
     if ((theType == typeCFTypeRef && IsCoreFoundationType(mType)) ||
         IsPointerAsInteger(mType, theType, mBytes.size())) {

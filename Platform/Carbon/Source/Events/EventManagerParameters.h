@@ -4,7 +4,7 @@
 #define Events_EventManagerParameters_h
 
 #include <Carbon/Carbon.h>
-#include <vector>
+#include <string>
 
 namespace Host {
 
@@ -24,17 +24,19 @@ public:
     ParameterData& operator=(ParameterData theOther) noexcept;
 
     EventParamType Type() const { return mType; }
-    const std::vector<UInt8>& Bytes() const { return mBytes; }
+    const std::string& Bytes() const { return mBytes; }
 
     // The data as another type, as plain bytes. False when no conversion leads there.
-    bool Convert(EventParamType theType, std::vector<UInt8>* theResult) const;
+    bool Convert(EventParamType theType, std::string* theResult) const;
 
 private:
     void Retain() const;
     void Release() const;
 
     EventParamType mType;
-    std::vector<UInt8> mBytes; // empty after it was moved from, so that nothing is released twice
+    // A string keeps what is small in itself, as most data of events is. Empty after it was moved from, so
+    // that nothing is released twice.
+    std::string mBytes;
 };
 
 } // namespace Host

@@ -201,7 +201,7 @@ EventQueueRef GetCurrentEventQueue(void)
 
 OSStatus PostEventToQueue(EventQueueRef inQueue, EventRef inEvent, EventPriority inPriority)
 {
-    if (!IsMainQueue(inQueue) || !IsEvent(inEvent)) {
+    if (!IsMainQueue(inQueue) || Event::Find(inEvent) == nullptr) {
         return paramErr;
     }
     const OSStatus theStatus = Guarded([&] { return MainQueue().Post(inEvent, inPriority); });
@@ -223,7 +223,7 @@ ItemCount GetNumEventsInQueue(EventQueueRef inQueue)
 
 OSStatus RemoveEventFromQueue(EventQueueRef inQueue, EventRef inEvent)
 {
-    if (!IsMainQueue(inQueue) || !IsEvent(inEvent)) {
+    if (!IsMainQueue(inQueue) || Event::Find(inEvent) == nullptr) {
         return paramErr;
     }
     return MainQueue().Remove(inEvent) ? OSStatus(noErr) : OSStatus(eventNotInQueueErr);

@@ -13,8 +13,9 @@ namespace Host {
 
 namespace {
 
-using TargetTable = ReferenceTable<EventTargetRef, ReferenceKind::kEventTarget, EventTarget>;
-using HandlerTable = ReferenceTable<EventHandlerRef, ReferenceKind::kEventHandler, EventHandler>;
+// Events are made by any thread, but sent by the main thread only.
+using TargetTable = ReferenceTable<EventTargetRef, ReferenceKind::kEventTarget, EventTarget, NoMutex>;
+using HandlerTable = ReferenceTable<EventHandlerRef, ReferenceKind::kEventHandler, EventHandler, NoMutex>;
 
 // Objects with targets may still be disposed while the program ends.
 TargetTable& Targets()
@@ -66,10 +67,11 @@ std::vector<EventHandler::WantedType>::iterator EventHandler::FindType(const Eve
     });
 }
 
-bool EventHandler::Wants(OSType theClass, UInt32 theKind) const
+bool EventHandler::Wants(const EventTypeSpec& theType) const
 {
-    return std::any_of(mTypes.begin(), mTypes.end(), [&](const WantedType& theWanted) {
-        return theWanted.theType.eventClass == theClass && theWanted.theType.eventKind == theKind;
+    return !mIsRemoved && std::any_of(mTypes.begin(), mTypes.end(), [&](const WantedType& theWanted) {
+        return theWanted.theType.eventClass == theType.eventClass &&
+               theWanted.theType.eventKind == theType.eventKind;
     });
 }
 
@@ -104,6 +106,19 @@ bool EventTarget::Has(EventHandlerUPP theFunction, const void* theUserData) cons
                        [&](const std::shared_ptr<EventHandler>& theHandler) {
                            return !theHandler->IsRemoved() && theHandler->Is(theFunction, theUserData);
                        });
+}
+
+bool EventTarget::ActsOn(OSType theClass) const
+{
+    return !mIsDisposed && mBehaviour.theDefault &&
+           (mBehaviour.theConcerns == nullptr || mBehaviour.theConcerns(theClass));
+}
+
+bool EventTarget::Awaits(const EventTypeSpec& theType) const
+{
+    return ActsOn(theType.eventClass) ||
+           std::any_of(mHandlers.begin(), mHandlers.end(),
+                       [&](const auto& theHandler) { return theHandler->Wants(theType); });
 }
 
 void EventTarget::Install(std::shared_ptr<EventHandler> theHandler)

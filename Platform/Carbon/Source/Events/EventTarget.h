@@ -32,7 +32,8 @@ public:
         return mFunction == theFunction && mUserData == theUserData;
     }
 
-    bool Wants(OSType theClass, UInt32 theKind) const;
+    // False for all types once it is removed.
+    bool Wants(const EventTypeSpec& theType) const;
     void AddTypes(ItemCount theCount, const EventTypeSpec* theTypes);
     void RemoveTypes(ItemCount theCount, const EventTypeSpec* theTypes);
 
@@ -81,6 +82,12 @@ public:
     const EventTargetBehaviour& Behaviour() const { return mBehaviour; }
 
     bool Has(EventHandlerUPP theFunction, const void* theUserData) const;
+
+    // Whether the object itself may do something with events of a class.
+    bool ActsOn(OSType theClass) const;
+
+    // Whether the object or a handler would be asked about an event of a type.
+    bool Awaits(const EventTypeSpec& theType) const;
     void Install(std::shared_ptr<EventHandler> theHandler);
     void Remove(const EventHandler& theHandler);
 
@@ -90,7 +97,7 @@ public:
 
     // Handlers by their place, from the bottom. Places hold still while a pass is under way.
     size_t Count() const { return mHandlers.size(); }
-    std::shared_ptr<EventHandler> At(size_t theIndex) const { return mHandlers[theIndex]; }
+    const std::shared_ptr<EventHandler>& At(size_t theIndex) const { return mHandlers[theIndex]; }
 
     // A walk along the handlers.
     class Pass

@@ -8,27 +8,54 @@
 #include "EventManager.h"
 #include "EventTarget.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <memory_resource>
+#include <optional>
+#include <vector>
 
 namespace Host {
 
 namespace {
 
-using Chain = std::vector<std::shared_ptr<EventTarget>>;
-
-// The target and everything around it, settled when sending begins: a handler may move or dispose the
-// object that it is called for.
-Chain ChainFrom(std::shared_ptr<EventTarget> theTarget, bool theGoesOutward)
+// Null at the end of the way.
+std::shared_ptr<EventTarget> TargetAround(const EventTarget& theTarget)
 {
-    Chain theChain;
-    while (theTarget != nullptr) {
-        theChain.push_back(theTarget);
-        const auto& theContainer = theTarget->Behaviour().theContainer;
-        const bool theHasNext = theGoesOutward && theContainer;
-        theTarget = theHasNext ? FindEventTarget(theContainer()) : nullptr;
-    }
-    return theChain;
+    const auto& theContainer = theTarget.Behaviour().theContainer;
+    return theContainer ? FindEventTarget(theContainer()) : nullptr;
 }
+
+// A target and everything around it, settled when sending begins: a handler may move or dispose the object
+// that it is called for. Usual chains need no memory of their own.
+class Chain
+{
+public:
+    // Throws std::bad_alloc.
+    Chain(std::shared_ptr<EventTarget> theTarget, bool theGoesOutward)
+    {
+        mTargets.reserve(kUsualLength);
+        while (theTarget != nullptr) {
+            mTargets.push_back(theTarget);
+            theTarget = theGoesOutward ? TargetAround(*theTarget) : nullptr;
+        }
+    }
+    Chain(const Chain&) = delete;
+    Chain& operator=(const Chain&) = delete;
+
+    size_t Length() const { return mTargets.size(); }
+    EventTarget& At(size_t theIndex) const { return *mTargets[theIndex]; }
+
+private:
+    using Target = std::shared_ptr<EventTarget>;
+
+    // A control, what it is embedded in, its window and the application.
+    static constexpr size_t kUsualLength = 8;
+
+    alignas(Target) std::array<std::byte, kUsualLength * sizeof(Target)> mRoom;
+    std::pmr::monotonic_buffer_resource mMemory{mRoom.data(), mRoom.size()};
+    std::pmr::vector<Target> mTargets{&mMemory};
+};
 
 OSStatus Stronger(OSStatus theOne, OSStatus theOther)
 {
@@ -45,13 +72,14 @@ OSStatus Stronger(OSStatus theOne, OSStatus theOther)
 class Delivery
 {
 public:
-    Delivery(Chain theChain, OptionBits theOptions)
-        : mChain(std::move(theChain)),
+    // Throws std::bad_alloc.
+    Delivery(std::shared_ptr<EventTarget> theTarget, OptionBits theOptions)
+        : mChain(std::move(theTarget), (theOptions & kEventTargetDontPropagate) == 0),
           mGoesToAll((theOptions & kEventTargetSendToAllHandlers) != 0)
     {
     }
 
-    OSStatus Run(EventRef theEvent);
+    OSStatus Run(const Event& theEvent);
 
     // Where a handler was called from: its target's place in the chain, its own place in the target.
     struct Position
@@ -61,7 +89,7 @@ public:
     };
 
     // Asks everything below and beyond a place.
-    OSStatus RunBelow(Position thePosition, EventRef theEvent);
+    OSStatus RunBelow(Position thePosition, const Event& theEvent);
 
 private:
     // What the walk along one target came to.
@@ -71,9 +99,9 @@ private:
         bool theIsOver; // nobody else is to be asked
     };
 
-    Outcome RunTarget(Position thePosition, EventRef theEvent);
-    Outcome CallHandler(const EventHandler& theHandler, Position thePosition, EventRef theEvent);
-    OSStatus CallDefault(const EventTarget& theTarget, EventRef theEvent) const;
+    Outcome RunTarget(Position thePosition, const Event& theEvent);
+    Outcome CallHandler(const EventHandler& theHandler, Position thePosition, const Event& theEvent);
+    OSStatus CallDefault(const EventTarget& theTarget, const Event& theEvent) const;
 
     Chain mChain;
     bool mGoesToAll;
@@ -101,7 +129,7 @@ public:
         return theCall;
     }
 
-    OSStatus CallNext(EventRef theEvent)
+    OSStatus CallNext(const Event& theEvent)
     {
         mHasPassedOn = true;
         const OSStatus theStatus = mDelivery.RunBelow(mPosition, theEvent);
@@ -125,41 +153,39 @@ private:
     OSStatus mNextStatus = eventNotHandledErr;
 };
 
-OSStatus Delivery::Run(EventRef theEvent)
+OSStatus Delivery::Run(const Event& theEvent)
 {
-    return RunBelow({0, mChain.front()->Count()}, theEvent);
+    return RunBelow({0, mChain.At(0).Count()}, theEvent);
 }
 
-OSStatus Delivery::RunBelow(Position thePosition, EventRef theEvent)
+OSStatus Delivery::RunBelow(Position thePosition, const Event& theEvent)
 {
     OSStatus theResult = eventNotHandledErr;
-    while (thePosition.theTarget < mChain.size()) {
+    while (thePosition.theTarget < mChain.Length()) {
         const Outcome theOutcome = RunTarget(thePosition, theEvent);
         theResult = Stronger(theResult, theOutcome.theStatus);
         if (theOutcome.theIsOver) {
             break;
         }
         ++thePosition.theTarget;
-        if (thePosition.theTarget < mChain.size()) {
-            thePosition.theHandler = mChain[thePosition.theTarget]->Count();
+        if (thePosition.theTarget < mChain.Length()) {
+            thePosition.theHandler = mChain.At(thePosition.theTarget).Count();
         }
     }
     return theResult;
 }
 
-Delivery::Outcome Delivery::RunTarget(Position thePosition, EventRef theEvent)
+Delivery::Outcome Delivery::RunTarget(Position thePosition, const Event& theEvent)
 {
-    EventTarget& theTarget = *mChain[thePosition.theTarget];
+    EventTarget& theTarget = mChain.At(thePosition.theTarget);
     const EventTarget::Pass thePass(theTarget);
-    const OSType theClass = GetEventClass(theEvent);
-    const UInt32 theKind = GetEventKind(theEvent);
     OSStatus theResult = eventNotHandledErr;
     while (thePosition.theHandler > 0) {
         --thePosition.theHandler;
-        const std::shared_ptr<EventHandler> theHandler = theTarget.At(thePosition.theHandler);
-        if (theHandler->IsRemoved() || !theHandler->Wants(theClass, theKind)) {
+        if (!theTarget.At(thePosition.theHandler)->Wants(theEvent.Type())) {
             continue;
         }
+        const std::shared_ptr<EventHandler> theHandler = theTarget.At(thePosition.theHandler);
         const Outcome theOutcome = CallHandler(*theHandler, thePosition, theEvent);
         theResult = Stronger(theResult, theOutcome.theStatus);
         if (theOutcome.theIsOver) {
@@ -174,10 +200,10 @@ Delivery::Outcome Delivery::RunTarget(Position thePosition, EventRef theEvent)
 }
 
 Delivery::Outcome Delivery::CallHandler(const EventHandler& theHandler, Position thePosition,
-                                        EventRef theEvent)
+                                        const Event& theEvent)
 {
     HandlerCall theCall(*this, thePosition);
-    const OSStatus theStatus = theHandler.Call(theCall.Reference(), theEvent);
+    const OSStatus theStatus = theHandler.Call(theCall.Reference(), theEvent.Reference());
     if (theCall.HasPassedOn()) {
         // The others have been asked already, whatever the handler says now.
         const bool theIsRefusal = theStatus == eventPassToNextTargetErr;
@@ -188,12 +214,12 @@ Delivery::Outcome Delivery::CallHandler(const EventHandler& theHandler, Position
     return {theStatus, !theGoesOn && !mGoesToAll};
 }
 
-OSStatus Delivery::CallDefault(const EventTarget& theTarget, EventRef theEvent) const
+OSStatus Delivery::CallDefault(const EventTarget& theTarget, const Event& theEvent) const
 {
-    if (theTarget.IsDisposed() || !theTarget.Behaviour().theDefault) {
+    if (!theTarget.ActsOn(theEvent.Type().eventClass)) {
         return eventNotHandledErr;
     }
-    const OSStatus theStatus = theTarget.Behaviour().theDefault(theEvent);
+    const OSStatus theStatus = theTarget.Behaviour().theDefault(theEvent.Reference());
     return theStatus == eventPassToNextTargetErr ? OSStatus(eventNotHandledErr) : theStatus;
 }
 
@@ -207,14 +233,14 @@ UInt32 gCurrentModifiers = 0;
 class [[nodiscard]] CurrentEventScope
 {
 public:
-    CurrentEventScope(EventRef theEvent, EventTargetRef theTarget)
+    CurrentEventScope(const Event& theEvent, EventTargetRef theTarget)
         : mSaved(gCurrentEvent)
     {
-        if (theTarget == GetEventDispatcherTarget() &&
-            (AttributesOfEvent(theEvent) & kEventAttributeUserEvent) != 0) {
-            gCurrentEvent = theEvent;
-            GetEventParameter(theEvent, kEventParamKeyModifiers, typeUInt32, nullptr,
-                              sizeof gCurrentEventModifiers, nullptr, &gCurrentEventModifiers);
+        if ((theEvent.Attributes() & kEventAttributeUserEvent) != 0 &&
+            theTarget == GetEventDispatcherTarget()) {
+            gCurrentEvent = theEvent.Reference();
+            ReadEventParameter(theEvent, kEventParamKeyModifiers, typeUInt32, nullptr,
+                               sizeof gCurrentEventModifiers, nullptr, &gCurrentEventModifiers);
         }
     }
     ~CurrentEventScope() { gCurrentEvent = mSaved; }
@@ -226,6 +252,34 @@ private:
 };
 
 } // namespace
+
+OSStatus SendEvent(const SharedEvent& theEvent, EventTargetRef theTarget, OptionBits theOptions)
+{
+    std::shared_ptr<EventTarget> theFound = FindEventTarget(theTarget);
+    if (theFound == nullptr || theEvent == nullptr) {
+        return paramErr;
+    }
+    const EventHolder theHolder(theEvent);
+    std::optional<Delivery> theDelivery;
+    const OSStatus theStatus = Guarded([&] {
+        theDelivery.emplace(std::move(theFound), theOptions);
+        return noErr;
+    });
+    if (theStatus != noErr) {
+        return theStatus;
+    }
+    const CurrentEventScope theScope(*theEvent, theTarget);
+    return theDelivery->Run(*theEvent);
+}
+
+bool IsAwaited(EventTargetRef theTarget, const EventTypeSpec& theType)
+{
+    std::shared_ptr<EventTarget> theNext = FindEventTarget(theTarget);
+    while (theNext != nullptr && !theNext->Awaits(theType)) {
+        theNext = TargetAround(*theNext);
+    }
+    return theNext != nullptr;
+}
 
 void SetCurrentKeyModifiers(UInt32 theModifiers)
 {
@@ -243,30 +297,17 @@ OSStatus SendEventToEventTarget(EventRef inEvent, EventTargetRef inTarget)
 
 OSStatus SendEventToEventTargetWithOptions(EventRef inEvent, EventTargetRef inTarget, OptionBits inOptions)
 {
-    std::shared_ptr<EventTarget> theTarget = FindEventTarget(inTarget);
-    if (theTarget == nullptr || !IsEvent(inEvent)) {
-        return paramErr;
-    }
-    Chain theChain;
-    const OSStatus theStatus = Guarded([&] {
-        theChain = ChainFrom(std::move(theTarget), (inOptions & kEventTargetDontPropagate) == 0);
-        return noErr;
-    });
-    if (theStatus != noErr) {
-        return theStatus;
-    }
-    const EventHolder theHolder(inEvent);
-    const CurrentEventScope theScope(inEvent, inTarget);
-    return Delivery(std::move(theChain), inOptions).Run(inEvent);
+    return SendEvent(Event::Find(inEvent), inTarget, inOptions);
 }
 
 OSStatus CallNextEventHandler(EventHandlerCallRef inCallRef, EventRef inEvent)
 {
-    HandlerCall* theCall = HandlerCall::Find(inCallRef);
-    if (theCall == nullptr || !IsEvent(inEvent)) {
+    HandlerCall* const theCall = HandlerCall::Find(inCallRef);
+    const SharedEvent theEvent = Event::Find(inEvent);
+    if (theCall == nullptr || theEvent == nullptr) {
         return paramErr;
     }
-    return theCall->CallNext(inEvent);
+    return theCall->CallNext(*theEvent);
 }
 
 EventRef GetCurrentEvent(void)

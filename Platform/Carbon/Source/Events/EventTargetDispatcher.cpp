@@ -76,6 +76,12 @@ OSStatus HandleKeyboardEvent(EventRef theEvent, UInt32 theKind)
     return theTextEvent.SendTo(GetEventDispatcherTarget());
 }
 
+bool ConcernsApplication(OSType theClass)
+{
+    return theClass == kEventClassApplication || theClass == kEventClassCommand ||
+           theClass == kEventClassKeyboard;
+}
+
 OSStatus HandleByApplication(EventRef theEvent)
 {
     const UInt32 theKind = GetEventKind(theEvent);
@@ -151,11 +157,12 @@ OSStatus DispatchByClass(EventRef theEvent)
 }
 
 // A target that lives as long as the program; null as long as there is no memory for it.
-EventTargetRef MadeOnce(EventTargetRef* theTarget, OSStatus (*theDefault)(EventRef))
+EventTargetRef MadeOnce(EventTargetRef* theTarget, OSStatus (*theDefault)(EventRef),
+                        bool (*theConcerns)(OSType theClass))
 {
     if (*theTarget == nullptr) {
         Guarded([&] {
-            *theTarget = NewEventTarget({nullptr, theDefault});
+            *theTarget = NewEventTarget({nullptr, theDefault, theConcerns});
             return noErr;
         });
     }
@@ -186,13 +193,13 @@ using namespace Host;
 EventTargetRef GetApplicationEventTarget(void)
 {
     static EventTargetRef sTarget = nullptr;
-    return MadeOnce(&sTarget, HandleByApplication);
+    return MadeOnce(&sTarget, HandleByApplication, ConcernsApplication);
 }
 
 EventTargetRef GetEventDispatcherTarget(void)
 {
     static EventTargetRef sTarget = nullptr;
-    return MadeOnce(&sTarget, DispatchByClass);
+    return MadeOnce(&sTarget, DispatchByClass, nullptr);
 }
 
 EventTargetRef GetUserFocusEventTarget(void)

@@ -5,6 +5,7 @@
 
 #include <Carbon/Carbon.h>
 #include <functional>
+#include <memory>
 
 namespace Host {
 
@@ -19,7 +20,20 @@ struct EventTargetBehaviour
     // handled; it comes before the containing target's handlers. Answers as a handler does. Not asked once
     // the target is disposed.
     std::function<OSStatus(EventRef)> theDefault;
+
+    // Whether theDefault does anything at all with events of a class; null: perhaps with any. Most events are
+    // none of the business of most of the targets on their way.
+    bool (*theConcerns)(OSType theClass) = nullptr;
 };
+
+class Event;
+
+// SendEventToEventTargetWithOptions for an event that has been found.
+OSStatus SendEvent(const std::shared_ptr<Event>& theEvent, EventTargetRef theTarget, OptionBits theOptions);
+
+// Whether anybody on a target, or on those around it, would be asked about an event of a type: when not, the
+// event need not be made.
+bool IsAwaited(EventTargetRef theTarget, const EventTypeSpec& theType);
 
 // Makes the event target of a control, window or menu; each manager makes one for each of its objects,
 // and disposes it with the object.

@@ -3,6 +3,10 @@
 #ifndef Events_OutgoingEvent_h
 #define Events_OutgoingEvent_h
 
+#include "Base/Guarded.h"
+#include "EventManager.h"
+#include "EventTargets.h"
+
 #include <Carbon/Carbon.h>
 
 namespace Host {
@@ -14,36 +18,48 @@ namespace Host {
 //     theEvent.Set(kEventParamControlPart, typeControlPartCode, thePart);
 //     OSStatus theStatus = theEvent.SendTo(GetControlEventTarget(theControl));
 //
-// Owns one reference to the event.
+// Owns one reference to the event. Without memory there is none: nothing is set then, and sending answers
+// paramErr.
 class OutgoingEvent
 {
 public:
     OutgoingEvent(OSType theClass, UInt32 theKind, EventAttributes theAttributes = kEventAttributeNone)
     {
-        CreateEvent(nullptr, theClass, theKind, 0, theAttributes, &mEvent);
+        Guarded([&] {
+            mEvent = Event::Make({theClass, theKind}, GetCurrentEventTime(), theAttributes);
+            return noErr;
+        });
     }
-    ~OutgoingEvent() { ReleaseEvent(mEvent); }
+    ~OutgoingEvent()
+    {
+        if (mEvent != nullptr) {
+            mEvent->Release();
+        }
+    }
     OutgoingEvent(const OutgoingEvent&) = delete;
     OutgoingEvent& operator=(const OutgoingEvent&) = delete;
 
-    EventRef Get() const { return mEvent; }
+    EventRef Get() const { return mEvent == nullptr ? nullptr : mEvent->Reference(); }
 
     template <class Type>
     void Set(EventParamName theName, EventParamType theType, const Type& theValue)
     {
-        SetEventParameter(mEvent, theName, theType, sizeof(Type), &theValue);
+        if (mEvent != nullptr) {
+            WriteEventParameter(*mEvent, theName, theType, sizeof(Type), &theValue);
+        }
     }
 
     // Reads a parameter that a handler may have set. False, and theValue untouched, when there is none.
     template <class Type>
     bool Read(EventParamName theName, EventParamType theType, Type* theValue) const
     {
-        return GetEventParameter(mEvent, theName, theType, nullptr, sizeof(Type), nullptr, theValue) == noErr;
+        return mEvent != nullptr && ReadEventParameter(*mEvent, theName, theType, nullptr, sizeof(Type),
+                                                       nullptr, theValue) == noErr;
     }
 
     OSStatus SendTo(EventTargetRef theTarget, OptionBits theOptions = 0) const
     {
-        return SendEventToEventTargetWithOptions(mEvent, theTarget, theOptions);
+        return SendEvent(mEvent, theTarget, theOptions);
     }
 
     // Tells every handler of one target, none of which can keep it from the others.
@@ -53,7 +69,7 @@ public:
     }
 
 private:
-    EventRef mEvent = nullptr;
+    SharedEvent mEvent;
 };
 
 // Reads a parameter of any event. False, and theValue untouched, when there is none of that type.

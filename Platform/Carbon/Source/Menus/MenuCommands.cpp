@@ -6,8 +6,8 @@
 
 #include "Base/Guarded.h"
 
-#include <deque>
-#include <unordered_set>
+#include <algorithm>
+#include <vector>
 
 namespace Host {
 
@@ -20,9 +20,14 @@ namespace {
 class CommandSearch
 {
 public:
+    static constexpr size_t kUsualDepth = 4;
+    static constexpr size_t kUsualMenus = 16;
+
     explicit CommandSearch(MenuCommand theCommand)
         : mCommand(theCommand)
     {
+        mSteps.reserve(kUsualDepth);
+        mSeen.reserve(kUsualMenus);
     }
 
     // The items found after the walk, or up to the theWanted-th.
@@ -52,9 +57,20 @@ private:
 
     bool IsOver() const { return mWanted != 0 && mCount == mWanted; }
 
+    // False when the menu has been seen before.
+    bool SeeFirst(const SharedMenu& theMenu)
+    {
+        const auto thePlace = std::lower_bound(mSeen.begin(), mSeen.end(), theMenu);
+        if (thePlace != mSeen.end() && *thePlace == theMenu) {
+            return false;
+        }
+        mSeen.insert(thePlace, theMenu);
+        return true;
+    }
+
     void Enter(const SharedMenu& theMenu)
     {
-        if (theMenu == nullptr || !mSeen.insert(theMenu).second) {
+        if (theMenu == nullptr || !SeeFirst(theMenu)) {
             return;
         }
         PopulateMenu(theMenu, kMenuContextCommandIDSearch, mCommand);
@@ -94,8 +110,8 @@ private:
     ItemCount mWanted = 0; // 0: all
     ItemCount mCount = 0;
     FoundItem mFound;
-    std::deque<Step> mSteps;
-    std::unordered_set<SharedMenu> mSeen;
+    std::vector<Step> mSteps;
+    std::vector<SharedMenu> mSeen; // in order of their addresses
 };
 
 // Finds the first item with a command and hands it to theAction, whose status is the result.

@@ -48,6 +48,10 @@ bool gHasPendingEnabling = false;
 
 void PopulateMenu(const SharedMenu& theMenu, UInt32 theContext, MenuCommand theCommand)
 {
+    // Looking for a command asks every menu, and hardly any menu fills itself.
+    if (!IsAwaited(theMenu->Target(), {kEventClassMenu, kEventMenuPopulate})) {
+        return;
+    }
     OutgoingEvent theEvent(kEventClassMenu, kEventMenuPopulate);
     theEvent.Set(kEventParamDirectObject, typeMenuRef, theMenu->Reference());
     theEvent.Set(kEventParamMenuContext, typeUInt32, theContext);

@@ -31,6 +31,7 @@ EventTargetBehaviour BehaviourOf(const std::weak_ptr<Control>& theWeakControl)
         return theControl == nullptr ? OSStatus{eventNotHandledErr}
                                      : PressKeyInControl(*theControl, theEvent);
     };
+    theBehaviour.theConcerns = ConcernsControl;
     return theBehaviour;
 }
 

@@ -303,6 +303,11 @@ OSStatus PressButton(const std::weak_ptr<Control>& theButton, UInt32 theModifier
 
 } // namespace
 
+bool ConcernsControl(OSType theClass)
+{
+    return theClass == kEventClassTextInput;
+}
+
 // Unhandled events of the controls inside come by here too; only its own keys are the control's.
 OSStatus PressKeyInControl(Control& theControl, EventRef theEvent)
 {

@@ -59,6 +59,7 @@ EventTargetBehaviour BehaviourOf(const std::weak_ptr<Window>& theWeakWindow)
         const SharedWindow theWindow = theWeakWindow.lock();
         return theWindow == nullptr ? OSStatus{eventNotHandledErr} : HandleWindowEvent(theWindow, theEvent);
     };
+    theBehaviour.theConcerns = ConcernsWindow;
     return theBehaviour;
 }
 

@@ -151,6 +151,12 @@ bool Ask(const SharedWindow& theWindow, WindowAttributes theNeeded, UInt32 theKi
 
 } // namespace
 
+bool ConcernsWindow(OSType theClass)
+{
+    return theClass == kEventClassMouse || theClass == kEventClassKeyboard ||
+           theClass == kEventClassTextInput || theClass == kEventClassWindow;
+}
+
 OSStatus HandleWindowEvent(const SharedWindow& theWindow, EventRef theEvent)
 {
     switch (GetEventClass(theEvent)) {

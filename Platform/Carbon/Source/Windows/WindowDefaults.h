@@ -12,6 +12,9 @@ namespace Host {
 // closing, presses on controls and the keys of a window. Answers as a handler does.
 OSStatus HandleWindowEvent(const SharedWindow& theWindow, EventRef theEvent);
 
+// Whether it does anything with events of a class.
+bool ConcernsWindow(OSType theClass);
+
 // Between the bounds that fill the main screen and those before. False when that changed nothing.
 bool Zoom(const SharedWindow& theWindow);
 
