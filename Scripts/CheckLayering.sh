@@ -8,12 +8,17 @@
 #   Platform/Simulation -> Platform/Carbon -> Platform/Presentation
 #
 # Source knows of its host only <CoreFoundation/CoreFoundation.h> and <Carbon/Carbon.h>, asks for no
-# system, and uses nothing of the standard library that Mac OS X 10.7 has no run time for. Platform knows
-# nothing of Source. What a presenter is told and reports back is said without Carbon and without Qt.
+# system, uses nothing of the standard library that Mac OS X 10.7 has no run time for, and no name that the
+# platform's headers have only since Mac OS X 10.5. Platform knows nothing of Source. What a presenter is
+# told and reports back is said without Carbon and without Qt.
 set -u
 cd "$1" || exit 1
 
 kStandard='<[a-z_0-9]+>'
+# What the platform's headers gained with Mac OS X 10.5 and later.
+kNewNames='CGFloat|[PSU]RefCon|typeRefCon|kVK_[A-Za-z_0-9]+|RemoveEventParameter|kEventControlFocusPartChanged|'
+kNewNames+='kCFNumber(NSInteger|CGFloat)Type|CFError[A-Za-z]+|kCFError[A-Za-z]+|CFPropertyListCreate(With)?Data|'
+kNewNames+='CFStringIsSurrogate[A-Za-z]+|CFStringGet[A-Za-z]*Surrogate[A-Za-z]*'
 gViolations=0
 
 # files <folder>...: the sources in those folders that are there.
@@ -115,6 +120,9 @@ report "Source asks for no system" < <(
 report "Mac OS X 10.7 has no run time for it" < <(
     includes Source | grep -E '<(any|filesystem|shared_mutex|charconv)>'
     lines '[.]value[(][)]|std::get<|any_cast' "${theSourceFiles[@]}"
+)
+report "The headers of Mac OS X 10.4 do not have it" < <(
+    lines "(^|[^A-Za-z_])($kNewNames)([^A-Za-z_0-9]|\$)" "${theSourceFiles[@]}"
 )
 report "Source throws nothing" < <(
     lines '(^|[^A-Za-z_])throw([^A-Za-z_]|$)' "${theSourceFiles[@]}"

@@ -24,13 +24,13 @@ const EventTypeSpec kWindowEvents[] = {
     {kEventClassWindow, kEventWindowTitleChanged},
 };
 
-UInt32 Cut(CGFloat theCoordinate)
+UInt32 Cut(float theCoordinate)
 {
     return LmNumericConversion::ToUInt32(LmNumericConversion::ToSInt32(static_cast<double>(theCoordinate)));
 }
 
 // The sum of two edges, each first cut to a whole number, in the 16 bits of a coordinate.
-SInt16 CutAndAdd(CGFloat theOrigin, CGFloat theExtent)
+SInt16 CutAndAdd(float theOrigin, float theExtent)
 {
     return static_cast<SInt16>(Cut(theOrigin) + Cut(theExtent));
 }
@@ -48,10 +48,10 @@ Rect WindowBoundsFromRect(const CGRect& theRect)
 CGRect RectFromWindowBounds(const Rect& theBounds)
 {
     CGRect theRect;
-    theRect.origin.x = static_cast<CGFloat>(theBounds.left);
-    theRect.origin.y = static_cast<CGFloat>(theBounds.top);
-    theRect.size.width = static_cast<CGFloat>(theBounds.right - theBounds.left);
-    theRect.size.height = static_cast<CGFloat>(theBounds.bottom - theBounds.top);
+    theRect.origin.x = static_cast<float>(theBounds.left);
+    theRect.origin.y = static_cast<float>(theBounds.top);
+    theRect.size.width = static_cast<float>(theBounds.right - theBounds.left);
+    theRect.size.height = static_cast<float>(theBounds.bottom - theBounds.top);
     return theRect;
 }
 

@@ -10,7 +10,7 @@
 #include <limits>
 
 // A product that is too large for a float becomes an infinity.
-static_assert(std::numeric_limits<CGFloat>::is_iec559, "the arithmetic of IEC 60559");
+static_assert(std::numeric_limits<float>::is_iec559, "the arithmetic of IEC 60559");
 
 namespace {
 
@@ -56,9 +56,9 @@ LmValue FromSInt64(std::int64_t theNumber)
     return LmValue(static_cast<long long>(theNumber));
 }
 
-CGFloat Scale(CGFloat theNumber, double theScale)
+float Scale(float theNumber, double theScale)
 {
-    return static_cast<CGFloat>(static_cast<double>(theNumber) * theScale);
+    return static_cast<float>(static_cast<double>(theNumber) * theScale);
 }
 
 CGPoint Absolute(const CGPoint& thePoint)

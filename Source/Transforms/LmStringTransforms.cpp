@@ -37,7 +37,7 @@ CFStringRef Retained(CFStringRef theString)
     return theString;
 }
 
-CFStringRef CreatePairText(CGFloat theFirst, CGFloat theSecond)
+CFStringRef CreatePairText(float theFirst, float theSecond)
 {
     return CFStringCreateWithFormat(NULL, NULL, CFSTR("(%g, %g)"), static_cast<double>(theFirst),
                                     static_cast<double>(theSecond));
