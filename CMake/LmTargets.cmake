@@ -1,12 +1,20 @@
 # What every target of the project is compiled with.
 
+include(CheckCXXCompilerFlag)
+
 # Files name themselves by their place in the project (Source/Core/LmString.cpp), not by the machine's
 # folder: diagnostics print that name.
 add_library(LmCompileOptions INTERFACE)
 target_compile_features(LmCompileOptions INTERFACE cxx_std_17)
+# The last compilers for 32-bit Macs know neither of the flags.
+foreach(theFlag fmacro-prefix-map ffile-prefix-map)
+  string(MAKE_C_IDENTIFIER "LM_KNOWS_${theFlag}" theAnswer)
+  check_cxx_compiler_flag("-${theFlag}=${CMAKE_CURRENT_SOURCE_DIR}/=" ${theAnswer})
+  if(${theAnswer})
+    target_compile_options(LmCompileOptions INTERFACE "-${theFlag}=${CMAKE_CURRENT_SOURCE_DIR}/=")
+  endif()
+endforeach()
 target_compile_options(LmCompileOptions INTERFACE
-  "-fmacro-prefix-map=${CMAKE_CURRENT_SOURCE_DIR}/="
-  "-ffile-prefix-map=${CMAKE_CURRENT_SOURCE_DIR}/="
   -fvisibility=hidden
   $<$<COMPILE_LANGUAGE:CXX>:-fvisibility-inlines-hidden>
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow
@@ -14,6 +22,10 @@ target_compile_options(LmCompileOptions INTERFACE
   -Wno-multichar
   # GCC 10 and later mention on PowerPC and i686 that an old ABI detail changed; nothing to act on.
   $<$<CXX_COMPILER_ID:GNU>:-Wno-psabi>)
+if(APPLE)
+  # Carbon as a whole is deprecated there, and some of its calls were already in 10.5.
+  target_compile_options(LmCompileOptions INTERFACE -Wno-deprecated-declarations)
+endif()
 if(LM_WARNINGS_AS_ERRORS)
   target_compile_options(LmCompileOptions INTERFACE -Werror)
 endif()

@@ -72,14 +72,19 @@ endif()
   set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${theFile}")
 endfunction()
 
-# lm_add_test(<name> [OTHER_FLAGS] SOURCES <files> [LIBRARIES <targets>] [LABELS <labels>])
+# lm_add_test(<name> [OTHER_FLAGS] SOURCES <files> [WITHOUT_MEMORY <files>] [LIBRARIES <targets>] [LABELS <labels>])
 #
 # Makes the test program <name>Tests; each of its cases is a ctest test called <name>.<Suite>.<Case>, or, with
 # LM_TESTS_BY_SUITE, each of its suites one called <name>.<Suite>. OTHER_FLAGS says that its libraries make it
-# compile with flags of their own, for which the precompiled header is none.
+# compile with flags of their own, for which the precompiled header is none. In the files of WITHOUT_MEMORY memory
+# runs out; they are left out where the allocator cannot be replaced.
 function(lm_add_test theName)
-  cmake_parse_arguments(PARSE_ARGV 1 LM "OTHER_FLAGS" "" "SOURCES;LIBRARIES;LABELS")
+  cmake_parse_arguments(PARSE_ARGV 1 LM "OTHER_FLAGS" "" "SOURCES;WITHOUT_MEMORY;LIBRARIES;LABELS")
   set(theTarget ${theName}Tests)
+  if(LM_WITHOUT_MEMORY AND TARGET LmAllocationFailures)
+    list(APPEND LM_SOURCES ${LM_WITHOUT_MEMORY})
+    list(APPEND LM_LIBRARIES LmAllocationFailures)
+  endif()
   add_executable(${theTarget} ${LM_SOURCES})
   lm_configure_test(${theTarget})
   target_link_libraries(${theTarget} PRIVATE ${LM_LIBRARIES} LmTestSupport)

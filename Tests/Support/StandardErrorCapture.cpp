@@ -7,12 +7,6 @@
 #include <dlfcn.h>
 #include <unistd.h>
 
-// The leak checker's own, where there is one: what is allocated in between is no leak.
-extern "C" {
-void __lsan_disable() __attribute__((weak));
-void __lsan_enable() __attribute__((weak));
-}
-
 namespace {
 
 const int kNoDescriptor = -1;
@@ -73,19 +67,22 @@ void ShowCapturedTextOnDeath()
     }
 }
 
+// A function of the leak checker, where there is one.
+void CallOfLeakChecker(const char* theName)
+{
+    if (void* const theFunction = dlsym(RTLD_DEFAULT, theName)) {
+        reinterpret_cast<void (*)()>(theFunction)();
+    }
+}
+
 // What the loader keeps of the search above looks lost where the program replaces the allocator. The leak
 // checker forgives the loader, but only after it has read all debug information, at the end of every single
 // test.
 void PrepareForDeath()
 {
-    const bool isChecked = __lsan_disable != nullptr;
-    if (isChecked) {
-        __lsan_disable();
-    }
+    CallOfLeakChecker("__lsan_disable");
     ShowCapturedTextOnDeath();
-    if (isChecked) {
-        __lsan_enable();
-    }
+    CallOfLeakChecker("__lsan_enable");
 }
 
 // Turns "Source/Core/LmValue.cpp, line 123: text" into "Source/Core/LmValue.cpp, line #: text"; leaves every
