@@ -29,7 +29,7 @@ apt_quietly()
 # install_packages <package>...
 install_packages()
 {
-    echo "Installing $*"
+    echo "Installing $* ..."
     apt_quietly update && apt_quietly install -y --no-install-recommends "$@"
 }
 
@@ -50,7 +50,7 @@ need_packages()
     fi
     if ! can_install; then
         echo "These packages are needed and not installed: ${theMissing[*]}" >&2
-        echo "Install them, as root, with: apt-get install ${theMissing[*]}" >&2
+        echo "Install them, as root, with: apt-get update && apt-get install ${theMissing[*]}" >&2
         exit 1
     fi
     if ! install_packages "${theMissing[@]}"; then
