@@ -81,15 +81,31 @@ endif()
 
 # The documents link to one another as they do here, and to the examples.
 install(FILES "${PROJECT_SOURCE_DIR}/README.md" DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Documentation)
+if(NOT APPLE)
+  install(FILES "${PROJECT_SOURCE_DIR}/Platform/Carbon/COVERAGE.md"
+    DESTINATION ${CMAKE_INSTALL_DOCDIR}/Platform/Carbon COMPONENT Documentation)
+endif()
 # Debian has these two under names of its own.
 install(FILES "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/LICENSE"
   DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Upstream)
-install(DIRECTORY "${PROJECT_SOURCE_DIR}/Documentation" "${PROJECT_SOURCE_DIR}/Examples"
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/Documentation"
+  DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Documentation
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.svg" PATTERN "*.png" PATTERN "Reference" EXCLUDE)
+# With all that it takes to build and to test them where they are installed.
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/Examples"
   DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Documentation
   FILES_MATCHING
-    PATTERN "*.md" PATTERN "*.svg" PATTERN "*.png" PATTERN "*.cpp" PATTERN "*.h" PATTERN "*.txt"
-    PATTERN "CMakeLists.txt" EXCLUDE)
+    PATTERN "*.cpp" PATTERN "*.h" PATTERN "*.txt" PATTERN "*.in"
+    PATTERN "*.sh" PERMISSIONS
+      OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
   include(LmPackages)
 endif()
+
+# Last, when every file is in its place.
+file(RELATIVE_PATH LM_DOCUMENTS_TO_HEADERS
+  "${CMAKE_INSTALL_FULL_DOCDIR}" "${CMAKE_INSTALL_FULL_INCLUDEDIR}")
+configure_file("${CMAKE_CURRENT_LIST_DIR}/LmInstalledLinks.cmake.in"
+  "${PROJECT_BINARY_DIR}/LmInstalledLinks.cmake" @ONLY)
+install(SCRIPT "${PROJECT_BINARY_DIR}/LmInstalledLinks.cmake" COMPONENT Documentation)

@@ -26,14 +26,6 @@ same()
 same "The first example" "$(sed -n '/^class /,$p' Examples/FirstStore/FirstStore.cpp)" "$(fenced cpp)"
 same "Its output" "$(cat Examples/FirstStore/expected.txt)" "$(fenced text)"
 
-for theDocument in README.md CONTRIBUTING.md Documentation/*.md Documentation/Tutorial/*.md Benchmarks/*.md \
-    Platform/*.md Platform/*/*.md; do
-    [ -e "$theDocument" ] || continue
-    while IFS= read -r theTarget; do
-        if [ ! -e "$(dirname "$theDocument")/$theTarget" ]; then
-            echo "$theDocument links to $theTarget, which is not there"
-            gFailures=$((gFailures + 1))
-        fi
-    done < <(grep -oE '\]\([^)#]+' "$theDocument" | sed 's/^](//' | grep -v ':')
-done
+Scripts/CheckLinks.sh README.md CONTRIBUTING.md Documentation/*.md Documentation/Tutorial/*.md Benchmarks/*.md \
+    Platform/*.md Platform/*/*.md || gFailures=$((gFailures + 1))
 [ "$gFailures" -eq 0 ]

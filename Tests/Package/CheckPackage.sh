@@ -3,25 +3,21 @@
 #
 # CheckPackage.sh <build folder> <work folder>: installs the build, moves the installed tree elsewhere, and
 # builds and runs a foreign project with it by find_package and by pkg-config, and with the sources by
-# add_subdirectory. Each way must refuse every private header. Every installed header must compile alone.
+# add_subdirectory. Each way must refuse every private header. Every installed header must compile alone, every
+# installed document link to what is there, and the installed examples be a project that builds and does what it should.
 set -eu
 cd "$(dirname "$0")/../.."
 theBuild=$1
 theWork=$PWD/$2
 kForeign=Tests/Package/Foreign
 kWarnings="-Wall -Wextra -Werror"
-kExpected='volume 11
-queue there
-greeting 12
-the binding is destroyed when "one" changes
-the scope has seen it'
 
 # expect_run <how> <program>
 expect_run()
 {
     local theOutput
     theOutput=$("$2")
-    if [ "$theOutput" != "$kExpected" ]; then
+    if [ "$theOutput" != "$(cat "$kForeign/expected.txt")" ]; then
         echo "$1: the program printed: $theOutput"
         exit 1
     fi
@@ -97,6 +93,15 @@ theLibraries=$(dirname "$(find "$theWork/installed" -name 'libLmBindings.so')")
 
 cmake_project find_package -DCMAKE_PREFIX_PATH="$theWork/installed"
 cmake_project add_subdirectory -DLM_SOURCE_DIR="$PWD"
+
+theExamples=$(find "$theWork/installed" -type d -name Examples)
+# The document's names are words.
+# shellcheck disable=SC2046
+echo "The documents: $(Scripts/CheckLinks.sh $(find "${theExamples%/*}" -name "*.md"))"
+cmake -S "$theExamples" -B "$theWork/examples" -G Ninja -DCMAKE_PREFIX_PATH="$theWork/installed" \
+    -DCMAKE_CXX_FLAGS="$kWarnings"
+cmake --build "$theWork/examples"
+ctest --test-dir "$theWork/examples" --output-on-failure --no-tests=error
 
 # needs <pattern> <program or library>: whether the loader brings such a library along with it.
 needs()

@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+#
+# CheckLinks.sh <document>...: fails when one of these documents, in Markdown, links to a file that is not there, or
+# when none of them links to any.
+set -u
+gCount=0
+gFailures=0
+for theDocument in "$@"; do
+    [ -e "$theDocument" ] || continue
+    while IFS= read -r theTarget; do
+        gCount=$((gCount + 1))
+        if [ ! -e "$(dirname "$theDocument")/$theTarget" ]; then
+            echo "$theDocument links to $theTarget, which is not there"
+            gFailures=$((gFailures + 1))
+        fi
+    done < <(grep -oE '\]\([^)#]+' "$theDocument" | sed 's/^](//' | grep -v ':')
+done
+echo "$gCount links, $gFailures dead"
+[ "$gFailures" -eq 0 ] && [ "$gCount" -gt 0 ]
