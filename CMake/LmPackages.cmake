@@ -72,8 +72,9 @@ function(lm_debian_package theComponent thePackage theSection theDescription)
     "lmbindings (${LM_DEBIAN_VERSION}) unstable; urgency=medium\n\n  * The version ${PROJECT_VERSION}; see CHANGELOG.md for what is in it.\n\n -- ${CPACK_PACKAGE_CONTACT}  ${LM_DEBIAN_DATE}\n")
 endfunction()
 
-# lm_debian_libraries(<component> <package> <target>...): what other packages have to know of the libraries in it.
-function(lm_debian_libraries theComponent thePackage)
+# lm_debian_libraries(<component> <package> <development package> <target>...): what other packages have to know of
+# the libraries in it.
+function(lm_debian_libraries theComponent thePackage theDevelopment)
   string(TOUPPER ${theComponent} theKey)
   set(CPACK_DEBIAN_${theKey}_PACKAGE_SHLIBDEPS ON PARENT_SCOPE)
   set(theLibraries "")
@@ -83,9 +84,13 @@ function(lm_debian_libraries theComponent thePackage)
   set(theFolder "${LM_DEBIAN_DIR}/${thePackage}")
   file(WRITE "${theFolder}/triggers" "activate-noawait ldconfig\n")
   set(theShlibs "")
+  set(theSymbols "")
   foreach(theTarget IN LISTS ARGN)
     string(APPEND theShlibs
       "lib${theTarget} ${PROJECT_VERSION_MAJOR} ${thePackage} (>= ${PROJECT_VERSION})\n")
+    string(APPEND theSymbols
+      "lib${theTarget}.so.${PROJECT_VERSION_MAJOR} ${thePackage} #MINVER#\n"
+      "* Build-Depends-Package: ${theDevelopment}\n")
   endforeach()
   file(WRITE "${theFolder}/shlibs" "${theShlibs}")
   set(theControl "${theFolder}/triggers;${theFolder}/shlibs")
@@ -93,8 +98,10 @@ function(lm_debian_libraries theComponent thePackage)
     # It asks for the file that packages are described in where they are not made by CPack.
     file(WRITE "${theFolder}/debian/control"
       "Source: lmbindings\nMaintainer: ${CPACK_PACKAGE_CONTACT}\n\nPackage: ${thePackage}\nArchitecture: any\n")
+    file(WRITE "${theFolder}/symbols.in" "${theSymbols}")
     add_custom_command(OUTPUT "${theFolder}/symbols"
-      COMMAND "${LM_GENSYMBOLS}" -P${thePackage} -v${PROJECT_VERSION} ${theLibraries} "-O${theFolder}/symbols" -q
+      COMMAND "${LM_GENSYMBOLS}" -c0 -P${thePackage} -v${PROJECT_VERSION} ${theLibraries}
+        "-I${theFolder}/symbols.in" "-O${theFolder}/symbols" -q
       DEPENDS ${ARGN}
       WORKING_DIRECTORY "${theFolder}"
       COMMENT "Listing the symbols of ${thePackage}")
@@ -105,8 +112,17 @@ function(lm_debian_libraries theComponent thePackage)
   set(CPACK_DEBIAN_${theKey}_PACKAGE_CONTROL_EXTRA "${theControl}" PARENT_SCOPE)
 endfunction()
 
-# What is built only to be packed.
+# What is built only to be packed. CPack itself would leave out what the packages depend on, and say so in a warning.
 add_custom_target(debian)
+find_program(LM_SHLIBDEPS dpkg-shlibdeps)
+find_program(LM_FILE file)
+if(NOT LM_GZIP OR NOT LM_GENSYMBOLS OR NOT LM_SHLIBDEPS OR NOT LM_FILE)
+  add_custom_target(debian-tools
+    COMMAND "${CMAKE_COMMAND}" -E echo "To make Debian packages, install dpkg-dev, file and gzip, and configure again."
+    COMMAND "${CMAKE_COMMAND}" -E false
+    VERBATIM)
+  add_dependencies(debian debian-tools)
+endif()
 set(theCommon "LmBindings gives applications written for Carbon key-value coding, key-value
 observing and bindings: controls and models that follow each other without
 a line of copying code between them. A host for the library on Linux, the part
@@ -114,10 +130,11 @@ of the interfaces CoreFoundation and Carbon that is used, belongs to it.
 \n")
 lm_debian_package(Libraries liblmbindings1 libs
   "${theCommon}This package contains the shared libraries.")
-lm_debian_libraries(Libraries liblmbindings1 LmBindings LmCarbon LmCoreFoundation)
+lm_debian_libraries(Libraries liblmbindings1 liblmbindings-dev LmBindings LmCarbon LmCoreFoundation)
 lm_debian_package(Development liblmbindings-dev libdevel
   "${theCommon}This package contains the headers, the CMake package and the pkg-config file."
   "liblmbindings1 (= ${LM_DEBIAN_VERSION})")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS liblmbindings-doc)
 lm_debian_package(Documentation liblmbindings-doc doc
   "${theCommon}This package contains the documentation and the examples.")
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
@@ -127,7 +144,7 @@ if(TARGET LmCarbonDesktop)
   lm_debian_package(Desktop liblmbindings-desktop1 libs
     "${theCommon}This package contains the library that shows the windows of a program on\nthe screen, with the widgets of Qt 6."
     "liblmbindings1 (= ${LM_DEBIAN_VERSION})")
-  lm_debian_libraries(Desktop liblmbindings-desktop1 LmCarbonDesktop)
+  lm_debian_libraries(Desktop liblmbindings-desktop1 liblmbindings-desktop-dev LmCarbonDesktop)
   lm_debian_package(DesktopDevelopment liblmbindings-desktop-dev libdevel
     "${theCommon}This package contains what a program is linked with to be shown on the screen."
     "liblmbindings-dev (= ${LM_DEBIAN_VERSION})" "liblmbindings-desktop1 (= ${LM_DEBIAN_VERSION})")
