@@ -2,14 +2,15 @@
 # LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 #
 # CountInstructions.sh <build folder>: prints how many instructions one step of each scenario takes. Counted
-# by callgrind, so the figures do not depend on what else the machine does.
+# by callgrind, so the figures do not depend on what else the machine does. Environment and path of the probe lie on
+# its stack and shift what comes after them, which alone makes some percent; so they are always the same.
 set -eu
-kProbe=$1/Benchmarks/InstructionProbe
+cd "$1/Benchmarks"
 
 # instructions <argument>...: what one run of the probe takes, all in all.
 instructions()
 {
-    valgrind --tool=callgrind --callgrind-out-file=/dev/null "$kProbe" "$@" 2>&1 |
+    env -i PATH="/usr/bin:/bin" valgrind --tool=callgrind --callgrind-out-file=/dev/null ./InstructionProbe "$@" 2>&1 |
         sed -nE 's/.*Collected : ([0-9]+).*/\1/p'
 }
 
