@@ -177,3 +177,18 @@ TEST_F(MenuCommands, ASearchSurvivesMenusThatGoOnTheWay)
     EXPECT_FALSE(IsValidMenu(mRecent));
     EXPECT_FALSE(IsValidMenu(mFile));
 }
+
+TEST_F(MenuCommands, AHandlerOfTheApplicationFillsMenusForASearch)
+{
+    MenuRef theAsked = nullptr;
+    const TestHandler theHandler(GetApplicationEventTarget(), "populate", mLog,
+                                 [&](EventHandlerCallRef, EventRef theEvent) {
+                                     GetEventParameter(theEvent, kEventParamDirectObject, typeMenuRef,
+                                                       nullptr, sizeof theAsked, nullptr, &theAsked);
+                                     return OSStatus(eventNotHandledErr);
+                                 },
+                                 {{kEventClassMenu, kEventMenuPopulate}});
+    EXPECT_EQ(CountMenuItemsWithCommandID(mRecent, 'none'), 0u);
+    EXPECT_EQ(theAsked, mRecent);
+    EXPECT_EQ(mLog, Log{"populate"});
+}
