@@ -1,0 +1,11 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+// A property list in the OpenStep form, when it begins as one.
+
+#include "PropertyListSupport.h"
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* theBytes, std::size_t theSize)
+{
+    ReadPropertyList(theBytes, theSize);
+    return 0;
+}
