@@ -3,9 +3,9 @@
 #ifndef FuzzTarget_h
 #define FuzzTarget_h
 
-// A fuzz target hands bytes, whatever they are, to one thing that reads what others wrote, and ends the process
-// when a promise is broken. In the build of the preset `fuzz` libFuzzer makes the bytes; in every other build
-// Replay.cpp hands it the kept ones.
+// A fuzz target hands bytes, whatever they are, to one thing that reads what others wrote, and ends the
+// process when a promise is broken. In the build of the preset `fuzz` libFuzzer makes the bytes; in every
+// other build Replay.cpp hands it the kept ones.
 
 #include <CoreFoundation/CoreFoundation.h>
 

@@ -1,7 +1,7 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// The number at the start of a text, and the number that the first bytes are. What is written with all its digits
-// reads as the same again.
+// The number at the start of a text, and the number that the first bytes are. What is written with all its
+// digits reads as the same again.
 
 #include "FuzzTarget.h"
 

@@ -1,7 +1,7 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// A preference file. Whatever it holds, it is read or kept aside, a value can be set after that, and the file that
-// is then written holds it.
+// A preference file. Whatever it holds, it is read or kept aside, a value can be set after that, and the file
+// that is then written holds it.
 
 #include "FuzzTarget.h"
 

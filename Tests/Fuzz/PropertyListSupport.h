@@ -7,8 +7,8 @@
 
 #include <initializer_list>
 
-// Reads a property list in whatever form it is in. What can be read is valid, and what is written of it, in each
-// form that can be written, reads as the same.
+// Reads a property list in whatever form it is in. What can be read is valid, and what is written of it, in
+// each form that can be written, reads as the same.
 inline void ReadPropertyList(const std::uint8_t* theBytes, std::size_t theSize)
 {
     const Held<CFDataRef> theData(CFDataCreate(nullptr, theBytes, static_cast<CFIndex>(theSize)));

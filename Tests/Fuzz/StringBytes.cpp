@@ -1,7 +1,7 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// Text in each encoding: the first byte chooses it, and whether the text is an external representation. What can be
-// read can be written in the same encoding, and reads as the same again.
+// Text in each encoding: the first byte chooses it, and whether the text is an external representation. What
+// can be read can be written in the same encoding, and reads as the same again.
 
 #include "FuzzTarget.h"
 

@@ -1,8 +1,8 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// A format. The first byte chooses what the arguments are: whole numbers, doubles, objects or C strings. As in
-// C, a format that asks for arguments of another kind, or for more than there are, has no meaning; such a format
-// is made one that has before it is used.
+// A format. The first byte chooses what the arguments are: whole numbers, doubles, objects or C strings. As
+// in C, a format that asks for arguments of another kind, or for more than there are, has no meaning; such a
+// format is made one that has before it is used.
 
 #include "FuzzTarget.h"
 
