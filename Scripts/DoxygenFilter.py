@@ -170,20 +170,22 @@ class Filter:
 
 
 def pages_of_reference():
-    """The files and folders of Documentation that the Doxyfile reads."""
+    """The pages, and the folders of pages, that the Doxyfile reads."""
     theRoot = pathlib.Path(__file__).resolve().parent.parent
     theText = (theRoot / "Documentation/Reference/Doxyfile").read_text(encoding="utf-8")
-    return [theRoot / name for name in re.findall(r"Documentation/[\w/]+(?:\.md)?(?= |$)", theText, re.M)]
+    return [theRoot / name for name in re.findall(r"Documentation/[\w/]+(?= |$)|[\w/]+\.md(?= |$)", theText, re.M)]
 
 
 def page(path):
-    """The text of a page, with links to other pages only."""
+    """The text of a page, with links to other pages only, and pictures by their names: they lie beside the pages."""
     thePages = pages_of_reference()
 
     def link(match):
         theTarget = (path.parent / match.group(2).split("#")[0]).resolve()
+        if theTarget.suffix in (".png", ".svg"):
+            return f"[{match.group(1)}]({theTarget.name})"
         isPage = ":" in match.group(2) or any(theTarget in (place, *place.glob("*.md")) for place in thePages)
-        return match.group(0) if isPage or theTarget.suffix in (".html", ".png", ".svg") else match.group(1)
+        return match.group(0) if isPage or theTarget.suffix == ".html" else match.group(1)
 
     theText = re.sub(r"\[([^\]]*)\]\(([^)\s]+)\)", link, path.read_text(encoding="utf-8"))
     # A number at the start of a title makes a list of it, what stands between quotes keeps its backslashes, and a

@@ -17,9 +17,12 @@ complain()
 }
 
 # A copy of what the pages are made of, with one comment less.
-mkdir -p "$theFolder/Project/Platform/Simulation"
+mkdir -p "$theFolder/Project/Platform/"{Simulation,Carbon,CoreFoundation}
 cp -r "$kRoot/Source" "$kRoot/Documentation" "$kRoot/Scripts" "$theFolder/Project"
 cp -r "$kRoot/Platform/Simulation/Include" "$theFolder/Project/Platform/Simulation"
+for theRoom in Carbon CoreFoundation; do
+    cp "$kRoot/Platform/$theRoom/COVERAGE.md" "$theFolder/Project/Platform/$theRoom"
+done
 sed -i '/Whether the text has no bytes/d' "$theFolder/Project/Source/Core/LmString.h"
 if theText=$("$theFolder/Project/Scripts/BuildDocumentation.sh" "$theFolder/Pages" 2>&1); then
     complain "A name without a comment passes."
@@ -93,11 +96,15 @@ cat >"$theFolder/Page.md" <<'END'
 # 10. Things
 
 The key "\*" is in [a file](Thing.cpp), and `"%d"` in [another page](http://example.org).
+
+![A thing](../Pictures/Thing.png)
 END
 if ! diff - <("$kPython" "$kRoot/Scripts/DoxygenFilter.py" "$theFolder/Page.md") <<'END'; then
 # 10\. Things
 
 The key &quot;\*&quot; is in a file, and <code>&quot;\%d&quot;</code> in [another page](http://example.org).
+
+![A thing](Thing.png)
 END
     complain "A page comes out like this."
 fi
