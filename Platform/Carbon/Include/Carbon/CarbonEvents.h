@@ -175,8 +175,8 @@ enum
     kEventWindowFocusContent = 202,
     kEventWindowFocusToolbar = 203,
     kEventWindowFocusDrawer = 204,
-    kEventWindowFocusLost = 205,
-    kEventWindowFocusRestored = 206,
+    kEventWindowFocusLost = 205,     // since Mac OS X 10.5
+    kEventWindowFocusRestored = 206, // since Mac OS X 10.5
     kEventWindowInit = 1004,
     kEventWindowDispose = 1005,
     kEventWindowDragHilite = 1006,
@@ -248,7 +248,8 @@ enum
     kControlBoundsChangePositionChanged = 8
 };
 
-// Names of parameters, with the type that each holds (the name without its prefix "type").
+// Names of parameters, with the type that each holds (the name without its prefix "type"). The headers of Mac
+// OS X 10.4 do not have kEventParamPostOptions.
 enum
 {
     kEventParamDirectObject = '----',                   // depends on event

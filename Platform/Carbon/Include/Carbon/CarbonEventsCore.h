@@ -224,8 +224,8 @@ CARBON_EXPORT OSStatus SetEventParameter(EventRef inEvent, EventParamName inName
 // converted to, where these conversions go: typeQDPoint and typeHIPoint into each other, typeQDRectangle
 // and typeHIRect likewise; a CoreFoundation number into the integer and floating-point types and
 // typeBoolean; a CoreFoundation boolean into typeBoolean; any CoreFoundation type into typeCFTypeRef;
-// typeCFStringRef into typeUnicodeText; and on 32-bit hosts typeVoidPtr and the 32-bit integers into each
-// other.
+// typeCFStringRef into typeUnicodeText; and on 32-bit hosts, since Mac OS X 10.5, typeVoidPtr and the 32-bit
+// integers into each other.
 //
 // outActualType receives the type of the data handed out, outActualSize its size; either may be null. With
 // a null outData nothing is copied: that asks for type and size. References that are handed out are not

@@ -222,7 +222,7 @@ CARBON_EXPORT OSStatus GetWindowResizeLimits(WindowRef inWindow, HISize* outMinL
 
 // Titles ------------------------------------------------------------------------------------------------
 //
-// kEventWindowTitleChanged, for every sort of window.
+// kEventWindowTitleChanged, for every sort of window, as since Mac OS X 10.5.
 
 // paramErr for a null string. The string is copied.
 CARBON_EXPORT OSStatus SetWindowTitleWithCFString(WindowRef inWindow, CFStringRef inString);

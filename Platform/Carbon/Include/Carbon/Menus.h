@@ -351,8 +351,9 @@ CARBON_EXPORT SInt32 PopUpMenuSelect(MenuRef menu, short top, short left, MenuIt
 // is. inImmediate makes no difference here: nothing fades.
 CARBON_EXPORT OSStatus CancelMenuTracking(MenuRef inRootMenu, Boolean inImmediate, UInt32 inDismissalReason);
 
-// Asks for the items of a menu (null: of every menu of the bar) to be brought up to date when the event loop
+// Asks for the items of a menu of the bar (null: of every one) to be brought up to date when the event loop
 // runs next: kEventMenuEnableItems, then kEventCommandUpdateStatus for each, with kMenuContextMenuEnabling.
+// Other menus are brought up to date whenever they open, and nothing is put off for them.
 CARBON_EXPORT OSStatus InvalidateMenuEnabling(MenuRef inMenu);
 
 #endif
