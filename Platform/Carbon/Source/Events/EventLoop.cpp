@@ -108,12 +108,22 @@ private:
 
 std::array<LoopChore, 2> gChores = {}; // one of each manager that has any
 
+// False when there was nothing to do.
+bool DoChoresOnce()
+{
+    bool theWasWork = false;
+    for (const LoopChore theChore : gChores) {
+        theWasWork = (theChore != nullptr && theChore()) || theWasWork;
+    }
+    return theWasWork;
+}
+
+// The handlers that hear of one chore may leave something for another, which must not wait until the loop
+// wakes. Not more than twice: a handler may leave something each time.
 void DoChores()
 {
-    for (const LoopChore theChore : gChores) {
-        if (theChore != nullptr) {
-            theChore();
-        }
+    if (DoChoresOnce()) {
+        DoChoresOnce();
     }
 }
 

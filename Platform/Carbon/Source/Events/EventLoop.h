@@ -8,9 +8,10 @@ namespace Host {
 // Ends the wait of the event loop, or its next one. From any thread.
 void WakeEventLoop();
 
-// What a manager puts off until a loop turns; every turn calls it before it looks for an event or waits. The
-// Menu Manager has one and the keyboard focus has one; adding the same again changes nothing.
-using LoopChore = void (*)();
+// What a manager puts off until a loop turns; every turn calls it before it looks for an event or waits. It
+// answers whether there was something to do. The Menu Manager has one and the keyboard focus has one; adding
+// the same again changes nothing.
+using LoopChore = bool (*)();
 void AddLoopChore(LoopChore theChore);
 
 // Whether RunApplicationEventLoop is running.

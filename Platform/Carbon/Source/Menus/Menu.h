@@ -142,9 +142,9 @@ FoundItem FindCommand(MenuRef theMenu, MenuCommand theCommand, UInt32 theNumber 
 // Notes that the bar may look different now; it is shown when there is time.
 void MenusHaveChanged();
 
-// Shows the bar, whether it has changed or not; or only if it has.
+// Shows the bar, whether it has changed or not; or only if it has, and answers whether it had.
 void ShowMenuBar();
-void ShowChangedMenuBar();
+bool ShowChangedMenuBar();
 
 // A menu as presenters know it.
 MenuLook LookOfMenu(const SharedMenu& theMenu);

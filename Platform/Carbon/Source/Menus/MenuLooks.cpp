@@ -127,11 +127,13 @@ void ShowMenuBar()
     PresenterRegistry::Current().MenuBarLooks(LookAtBar());
 }
 
-void ShowChangedMenuBar()
+bool ShowChangedMenuBar()
 {
-    if (gHasChanged) {
-        ShowMenuBar();
+    if (!gHasChanged) {
+        return false;
     }
+    ShowMenuBar();
+    return true;
 }
 
 void ReplayMenuLooks(Presenter& thePresenter)

@@ -8,6 +8,8 @@
 #include "Events/OutgoingEvent.h"
 #include "Menus.h"
 
+#include <utility>
+
 namespace Host {
 
 namespace {
@@ -110,13 +112,13 @@ OSStatus SendMenuCommand(const SharedMenu& theMenu, MenuItemIndex theItem, UInt3
     return theEvent.SendTo(theMenu->Target());
 }
 
-void CatchUpWithMenus()
+bool CatchUpWithMenus()
 {
-    if (gHasPendingEnabling) {
-        gHasPendingEnabling = false;
+    const bool theIsEnabling = std::exchange(gHasPendingEnabling, false);
+    if (theIsEnabling) {
         RunPendingEnabling();
     }
-    ShowChangedMenuBar();
+    return ShowChangedMenuBar() || theIsEnabling;
 }
 
 } // namespace Host

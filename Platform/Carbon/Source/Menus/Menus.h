@@ -32,8 +32,8 @@ void ReplayMenuLooks(Presenter& thePresenter);
 
 // Does what the menus have put off: brings the items of menus up to date that InvalidateMenuEnabling named,
 // and shows the bar when it has changed. The event loop has it called before it waits; the gate may call it
-// after a person's action.
-void CatchUpWithMenus();
+// after a person's action. Answers whether there was something to do.
+bool CatchUpWithMenus();
 
 } // namespace Host
 

@@ -141,6 +141,10 @@ OSStatus Control::Set(ControlState theState, bool theIsOn)
     if (theStatus != noErr) {
         return theStatus;
     }
+    if (!CanBePressed()) {
+        // A handler gave it back while it could still be had.
+        ReleaseFocusInside(*this);
+    }
     for (const SharedControl& theControl : theChanged) {
         theControl->Show();
     }

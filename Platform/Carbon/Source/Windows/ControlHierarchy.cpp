@@ -222,6 +222,9 @@ void Control::Join(const SharedControl& theContainer)
     theContainer->mSubControls.push_back(theKeepAlive);
     mParent = theContainer;
     MoveTo(theContainer->Owner());
+    if (!CanBePressed()) {
+        ReleaseFocusInside(*this);
+    }
     ShowAll();
     if (theIsMove && !mIsGoing && !theContainer->mIsGoing) {
         TellContainer(kEventControlAddedSubControl, theContainer);
@@ -244,6 +247,7 @@ void Control::MoveTo(const SharedWindow& theOwner)
     }
     ReleaseFocusInside(*this);
     mOwner = theOwner;
+    ReleaseFocusInside(theOldOwner, *this); // a handler may have given it back
     OutgoingEvent theEvent(kEventClassControl, kEventControlOwningWindowChanged);
     theEvent.Set(kEventParamDirectObject, typeControlRef, Reference());
     theEvent.Set(kEventParamAttributes, typeUInt32, UInt32{0});

@@ -56,11 +56,13 @@ void GiveUpFocus(const SharedWindow& theWindow)
     theWindow->mFocus.reset();
     theWindow->mFocusPart = kControlFocusNoPart;
     ShowFocus();
+    // A handler that gives it back leaves nothing to tell.
+    const auto theIsLost = [&] { return !theControl->IsGone() && FocusedControl(*theWindow) != theControl; };
     AskForFocus(theControl, kControlFocusNoPart);
-    if (!theControl->IsGone()) {
+    if (theIsLost()) {
         theControl->FocusMoved(false);
     }
-    if (!theControl->IsGone()) {
+    if (theIsLost()) {
         TellFocusPart(*theControl, thePart, kControlFocusNoPart);
     }
 }
@@ -182,27 +184,29 @@ OSErr AdvanceFocus(const SharedWindow& theWindow, bool theIsBackward)
     return MoveFocusByKey(theWindow, theIsLast ? theControls.front() : *(theFound + 1));
 }
 
-void GiveFirstFocus()
+bool GiveFirstFocus()
 {
     const SharedWindow theWindow = UserFocusWindow();
-    if (theWindow != nullptr && !theWindow->mIsFocusChosen &&
-        theWindow->Has(kWindowStandardHandlerAttribute)) {
-        // Without memory for it there is no first focus yet.
-        Guarded([&theWindow] {
-            const std::vector<SharedControl> theControls = FocusOrder(*theWindow);
-            return theControls.empty() ? OSStatus{noErr}
-                                       : OSStatus{MoveFocusByKey(theWindow, theControls.front())};
-        });
+    if (theWindow == nullptr || theWindow->mIsFocusChosen ||
+        !theWindow->Has(kWindowStandardHandlerAttribute)) {
+        return false;
     }
+    // Without memory for it there is no first focus yet.
+    return Guarded([&theWindow] {
+               const std::vector<SharedControl> theControls = FocusOrder(*theWindow);
+               return theControls.empty() ? OSStatus{errCouldntSetFocus}
+                                          : OSStatus{MoveFocusByKey(theWindow, theControls.front())};
+           }) == noErr;
 }
 
 void ReleaseFocusInside(const Control& theControl)
 {
-    const SharedWindow theWindow = theControl.Owner();
-    if (theWindow == nullptr) {
-        return;
-    }
-    const SharedControl theFocus = FocusedControl(*theWindow);
+    ReleaseFocusInside(theControl.Owner(), theControl);
+}
+
+void ReleaseFocusInside(const SharedWindow& theWindow, const Control& theControl)
+{
+    const SharedControl theFocus = theWindow == nullptr ? nullptr : FocusedControl(*theWindow);
     if (theFocus != nullptr && theFocus->IsInside(theControl)) {
         GiveUpFocus(theWindow);
     }

@@ -21,11 +21,13 @@ OSErr AdvanceFocus(const SharedWindow& theWindow, bool theIsBackward);
 void SortByPlace(std::vector<SharedControl>* theControls);
 
 // Gives the focus of the window that keys go to, where neither program nor person has chosen it yet, to the
-// first control. Called before a person could press a key.
-void GiveFirstFocus();
+// first control. Called before a person could press a key. False when it gave none.
+bool GiveFirstFocus();
 
-// Takes the focus away if it is at a control or inside of it.
+// Takes the focus away if it is at a control or inside of it; in the second form, the focus of a window that
+// may be another than the control's. A handler may give it back as long as the control can have it.
 void ReleaseFocusInside(const Control& theControl);
+void ReleaseFocusInside(const SharedWindow& theWindow, const Control& theControl);
 
 // What a press of the mouse on a control does to the focus: a control that gets it on a click takes it.
 void FocusByClick(const SharedControl& theControl);
@@ -40,8 +42,8 @@ OSStatus PressKeyInWindow(const SharedWindow& theWindow, EventRef theEvent);
 // Makes this module answer the Event Manager's question for the user focus target.
 void AnswerForUserFocus();
 
-// The window that keys go to changed: tells it, the one before and the presenter. Called after activation
-// changed.
+// The window that keys go to may have changed: tells it, the one before and the presenter if so. Called after
+// a window was activated, or came to the screen or left it.
 void UpdateUserFocus();
 SharedWindow UserFocusWindow();
 

@@ -218,6 +218,7 @@ void Window::SetVisible(bool theIsOn)
     mIsVisible = theIsOn;
     Show();
     Tell(theIsOn ? kEventWindowShown : kEventWindowHidden);
+    UpdateUserFocus();
 }
 
 void Window::SetCollapsed(bool theIsOn)
@@ -233,6 +234,7 @@ void Window::SetCollapsed(bool theIsOn)
     mIsCollapsed = theIsOn;
     Show();
     Tell(theIsOn ? kEventWindowCollapsed : kEventWindowExpanded);
+    UpdateUserFocus();
 }
 
 void Window::SetActive(bool theIsOn)

@@ -80,24 +80,29 @@ INSTANTIATE_TEST_SUITE_P(EachMark, MenuMark,
                                          MarkLook{appleMark, 0xF8FF}, MarkLook{'*', '*'},
                                          MarkLook{0xA5, 0x2022}));
 
+namespace {
+
+// Notes the first title and the number of menus of each bar that it is told of.
+class CountingPresenter : public Host::Presenter
+{
+public:
+    explicit CountingPresenter(Log& theLog)
+        : mLog(theLog)
+    {
+    }
+    void MenuBarLooks(const Host::MenuBarLook& theLook) override
+    {
+        mLog.push_back(theLook.theMenus.at(0).theTitle + " of " + std::to_string(theLook.theMenus.size()));
+    }
+
+private:
+    Log& mLog;
+};
+
+} // namespace
+
 TEST_F(MenuLooks, AChangedBarIsShownWhenTheLoopRunsOrItIsDrawn)
 {
-    class CountingPresenter : public Host::Presenter
-    {
-    public:
-        explicit CountingPresenter(Log& theLog)
-            : mLog(theLog)
-        {
-        }
-        void MenuBarLooks(const Host::MenuBarLook& theLook) override
-        {
-            mLog.push_back(theLook.theMenus.at(0).theTitle + " of " +
-                           std::to_string(theLook.theMenus.size()));
-        }
-
-    private:
-        Log& mLog;
-    };
     Host::PresenterRegistry::Use(std::make_unique<CountingPresenter>(mLog));
     RunCurrentEventLoop(0);
     mLog.clear();
@@ -115,5 +120,29 @@ TEST_F(MenuLooks, AChangedBarIsShownWhenTheLoopRunsOrItIsDrawn)
     EXPECT_EQ(mLog.size(), 2u);
     RunCurrentEventLoop(0);
     EXPECT_EQ(mLog.size(), 3u);
+    Host::PresenterRegistry::Use(std::make_unique<Host::Presenter>());
+}
+
+TEST_F(MenuLooks, WhatIsChangedWhileTheLoopGivesTheFirstFocusIsShownBeforeItWaits)
+{
+    const Rect theBounds = {100, 100, 300, 400};
+    WindowRef theWindow = nullptr;
+    ControlRef theControl = nullptr;
+    CreateNewWindow(kDocumentWindowClass, kWindowStandardHandlerAttribute, &theBounds, &theWindow);
+    CreateCheckBoxControl(theWindow, &theBounds, nullptr, 0, true, &theControl);
+    ShowWindow(theWindow);
+    DrawMenuBar();
+    Host::PresenterRegistry::Use(std::make_unique<CountingPresenter>(mLog));
+    Log theFocus;
+    const TestHandler theHandler(GetControlEventTarget(theControl), "focus", theFocus,
+                                 [&](EventHandlerCallRef, EventRef) {
+                                     SetMenuTitleWithCFString(mFile, CFSTR("New"));
+                                     return OSStatus{eventNotHandledErr};
+                                 },
+                                 {{kEventClassControl, kEventControlFocusPartChanged}});
+    RunCurrentEventLoop(0);
+    EXPECT_EQ(theFocus, Log{"focus"});
+    EXPECT_EQ(mLog.back(), "New of 2");
+    DisposeWindow(theWindow);
     Host::PresenterRegistry::Use(std::make_unique<Host::Presenter>());
 }

@@ -578,3 +578,111 @@ TEST_F(KeyboardFocus, AClickOnAnotherWindowTakesTheUserFocusBack)
     HideWindow(thePalette);
     EXPECT_EQ(GetUserFocusWindow(), mWindow);
 }
+
+TEST_F(KeyboardFocus, AChosenWindowThatLeavesTheScreenGivesTheKeysToTheActiveOneUntilItIsBack)
+{
+    const auto theHiding = [](WindowRef theWindow, bool theIsBack) { ShowHide(theWindow, theIsBack); };
+    const auto theCollapsing = [](WindowRef theWindow, bool theIsBack) {
+        CollapseWindow(theWindow, !theIsBack);
+    };
+    for (void (*theLeave)(WindowRef, bool) : {+theHiding, +theCollapsing}) {
+        WindowRef theActive = NewWindow();
+        ShowWindow(theActive);
+        ASSERT_TRUE(IsWindowActive(theActive));
+        SetUserFocusWindow(mWindow);
+        const std::vector<EventTypeSpec> theTypes = {{kEventClassWindow, kEventWindowFocusAcquired},
+                                                     {kEventClassWindow, kEventWindowFocusRelinquish}};
+        const EventWatch theFirst(GetWindowEventTarget(mWindow), "chosen", mLog, theTypes);
+        const EventWatch theSecond(GetWindowEventTarget(theActive), "active", mLog, theTypes);
+        theLeave(mWindow, false);
+        EXPECT_EQ(GetUserFocusWindow(), theActive);
+        EXPECT_EQ(TakeLog(), (Log{"chosen: FocusRelinquish", "active: FocusAcquired"}));
+        theLeave(mWindow, true);
+        EXPECT_EQ(GetUserFocusWindow(), mWindow);
+        EXPECT_EQ(TakeLog(), (Log{"active: FocusRelinquish", "chosen: FocusAcquired"}));
+        SetUserFocusWindow(kUserFocusAuto);
+        DisposeWindow(theActive);
+        SelectWindow(mWindow);
+        TakeLog();
+    }
+}
+
+// --- Handlers that want it back -----------------------------------------------------------------------
+
+namespace {
+
+// A field that takes the focus back, once, from inside the event that takes it away.
+class ClingingField : public KeyboardFocus
+{
+protected:
+    ClingingField()
+        : mField(NewFieldAt(10, 10))
+    {
+        SetFocus(mField);
+        Watch(mField, "field", kFocusEvents, [this](EventRef theEvent) {
+            const bool theIsLoss =
+                GetEventKind(theEvent) == kEventControlSetFocusPart &&
+                Parameter<ControlPartCode>(theEvent, kEventParamControlPart, typeControlPartCode) == 0;
+            if (theIsLoss && mIsClinging) {
+                mIsClinging = false;
+                SetKeyboardFocus(GetControlOwner(mField), mField, kControlEditTextPart);
+            }
+            return OSStatus{eventNotHandledErr};
+        });
+    }
+
+    ControlRef mField;
+    bool mIsClinging = true;
+};
+
+const Log kTakenBackAndLost = {"field: SetFocusPart", "field: SetFocusPart", "field: FocusPartChanged",
+                               "field: SetFocusPart", "field: FocusPartChanged"};
+
+} // namespace
+
+TEST_F(ClingingField, MayTakeTheFocusBackAndIsNotToldThatItIsLost)
+{
+    EXPECT_EQ(ClearKeyboardFocus(mWindow), noErr);
+    EXPECT_EQ(Focus(), mField);
+    EXPECT_EQ(TakeLog(), (Log{"field: SetFocusPart", "field: SetFocusPart", "field: FocusPartChanged"}));
+}
+
+TEST_F(ClingingField, LosesTheFocusAllTheSameWhenItIsHiddenOrDisabled)
+{
+    HideControl(mField);
+    EXPECT_EQ(Focus(), nullptr);
+    EXPECT_EQ(TakeLog(), kTakenBackAndLost);
+    ShowControl(mField);
+    mIsClinging = false;
+    SetFocus(mField);
+    mIsClinging = true;
+    TakeLog();
+    DisableControl(mField);
+    EXPECT_EQ(Focus(), nullptr);
+    EXPECT_EQ(TakeLog(), kTakenBackAndLost);
+}
+
+TEST_F(ClingingField, LosesTheFocusAllTheSameWhenItGoesToAnotherWindow)
+{
+    WindowRef theOther = NewWindow();
+    ControlRef theRoot = nullptr;
+    CreateRootControl(theOther, &theRoot);
+    EXPECT_EQ(EmbedControl(mField, theRoot), noErr);
+    EXPECT_EQ(Focus(), nullptr);
+    EXPECT_EQ(TakeLog(), kTakenBackAndLost);
+}
+
+TEST_F(KeyboardFocus, LeavesAControlThatComesIntoAContainerThatIsHiddenOrDisabled)
+{
+    for (const auto theCall : {+[](ControlRef theBox) { HideControl(theBox); },
+                               +[](ControlRef theBox) { DisableControl(theBox); }}) {
+        ControlRef theBox = NewGroupBox();
+        ControlRef theField = NewFieldAt(10, 10);
+        theCall(theBox);
+        SetFocus(theField);
+        const EventWatch theWatch(GetControlEventTarget(theField), "field", mLog, kFocusEvents);
+        EXPECT_EQ(EmbedControl(theField, theBox), noErr);
+        EXPECT_EQ(Focus(), nullptr);
+        EXPECT_EQ(TakeLog(), (Log{"field: SetFocusPart", "field: FocusPartChanged"}));
+    }
+}
