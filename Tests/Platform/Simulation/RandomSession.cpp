@@ -1,0 +1,765 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "RandomSession.h"
+
+#include <algorithm>
+#include <Carbon/Carbon.h>
+#include <iostream>
+#include <iterator>
+#include <memory>
+#include <random>
+#include <Simulation/UserSimulator.h>
+#include <Simulation/VirtualClock.h>
+#include <sstream>
+
+#include "HeadlessPresenter.h"
+#include "WatchedObjects.h"
+
+#include <Presentation/PresenterRegistry.h>
+
+namespace {
+
+const size_t kMostWindows = 4;
+const size_t kMostControls = 20;
+const size_t kMostMenus = 6;
+const UInt32 kCommand = 'cmd0'; // and the numbers after it
+
+// The presenter in use, whose picture is looked at. One for all sessions: those that were replaced are kept.
+const Host::HeadlessPresenter& Screen()
+{
+    static const Host::HeadlessPresenter* sScreen = nullptr;
+    if (sScreen == nullptr) {
+        auto thePresenter = std::make_unique<Host::HeadlessPresenter>();
+        sScreen = thePresenter.get();
+        Host::PresenterRegistry::Use(std::move(thePresenter));
+    }
+    return *sScreen;
+}
+
+// A string that is released at the end.
+class Name
+{
+public:
+    explicit Name(const std::string& theText)
+        : mString(CFStringCreateWithCString(nullptr, theText.c_str(), kCFStringEncodingUTF8))
+    {
+    }
+    ~Name() { CFRelease(mString); }
+    Name(const Name&) = delete;
+    Name& operator=(const Name&) = delete;
+    operator CFStringRef() const { return mString; }
+
+private:
+    CFStringRef mString;
+};
+
+short Coordinate(unsigned theNumber, int theLowest, int theRange)
+{
+    return static_cast<short>(theLowest + static_cast<int>(theNumber % static_cast<unsigned>(theRange)));
+}
+
+Rect BoundsFrom(unsigned theNumber)
+{
+    const short theLeft = Coordinate(theNumber, 0, 300);
+    const short theTop = Coordinate(theNumber / 300, 0, 200);
+    return {theTop, theLeft, static_cast<short>(theTop + 20), static_cast<short>(theLeft + 90)};
+}
+
+OSStatus MakeControl(unsigned theKind, WindowRef theWindow, const Rect& theBounds, ControlRef* theControl)
+{
+    switch (theKind % 12) {
+    case 0:
+        return CreatePushButtonControl(theWindow, &theBounds, CFSTR("Button"), theControl);
+    case 1:
+        return CreateCheckBoxControl(theWindow, &theBounds, CFSTR("Check"), 0, true, theControl);
+    case 2:
+        return CreateRadioButtonControl(theWindow, &theBounds, CFSTR("Radio"), 0, true, theControl);
+    case 3:
+        return CreateSliderControl(theWindow, &theBounds, 5, 0, 10, kControlSliderDoesNotPoint, 0, true,
+                                   nullptr, theControl);
+    case 4:
+        return CreateScrollBarControl(theWindow, &theBounds, 0, 0, 100, 10, false, nullptr, theControl);
+    case 5:
+        return CreateProgressBarControl(theWindow, &theBounds, 0, 0, 100, false, theControl);
+    case 6:
+        return CreateLittleArrowsControl(theWindow, &theBounds, 0, 0, 9, 1, theControl);
+    case 7:
+        return CreateStaticTextControl(theWindow, &theBounds, CFSTR("Text"), nullptr, theControl);
+    case 8:
+        return CreateEditTextControl(theWindow, &theBounds, CFSTR("Old"), false, false, nullptr, theControl);
+    case 9:
+        return CreateEditUnicodeTextControl(theWindow, &theBounds, CFSTR("New"), false, nullptr, theControl);
+    case 10: {
+        // Large enough for others.
+        const Rect theLarge = {0, 0, 200, 300};
+        return CreateGroupBoxControl(theWindow, &theLarge, CFSTR("Box"), true, theControl);
+    }
+    default:
+        return CreateSeparatorControl(theWindow, &theBounds, theControl);
+    }
+}
+
+// The program, the person, and everything that was ever made.
+class Session
+{
+public:
+    std::string Play(const Script& theScript);
+
+    // What the actions are made of. The objects are those that live; null, or a null reference, when there is
+    // none.
+    WindowRef WindowAt(unsigned theNumber) const { return ReferenceAt<WindowRef>(mWindows, theNumber); }
+    ControlRef ControlAt(unsigned theNumber) const { return ReferenceAt<ControlRef>(mControls, theNumber); }
+    WatchedMenu* MenuAt(unsigned theNumber) const { return LivingAt(mMenus, theNumber); }
+    MenuRef MenuReferenceAt(unsigned theNumber) const { return ReferenceAt<MenuRef>(mMenus, theNumber); }
+    Host::UserSimulator& Person() { return mPerson; }
+
+    void AddWindow(const Step& theStep);
+    void AddControl(const Step& theStep);
+    void AddMenu(const Step& theStep);
+    void TakeStatesOfPlaces();
+
+private:
+    template <class Object>
+    static Object* LivingAt(const std::vector<std::unique_ptr<Object>>& theObjects, unsigned theNumber)
+    {
+        std::vector<Object*> theLiving;
+        for (const auto& theObject : theObjects) {
+            if (theObject->IsAlive()) {
+                theLiving.push_back(theObject.get());
+            }
+        }
+        return theLiving.empty() ? nullptr : theLiving[theNumber % theLiving.size()];
+    }
+
+    template <class Reference, class Object>
+    static Reference ReferenceAt(const std::vector<std::unique_ptr<Object>>& theObjects, unsigned theNumber)
+    {
+        const Object* theObject = LivingAt(theObjects, theNumber);
+        return theObject == nullptr ? nullptr : theObject->Get();
+    }
+
+    template <class Object>
+    static size_t CountLiving(const std::vector<std::unique_ptr<Object>>& theObjects)
+    {
+        return static_cast<size_t>(std::count_if(theObjects.begin(), theObjects.end(),
+                                                 [](const auto& theOne) { return theOne->IsAlive(); }));
+    }
+
+    template <class Action>
+    void ForEach(const Action& theAction) const;
+
+    void Do(const Step& theStep);
+    void SetTrap(const Step& theWhen, const Step& theThen);
+    void EventArrived();
+    WatchedObject::Arrival Arrival()
+    {
+        return [this] { EventArrived(); };
+    }
+
+    void Check(Promises& thePromises) const;
+    void CheckFocus(Promises& thePromises) const;
+    static void CheckPicture(Promises& thePromises);
+    void DisposeEverything();
+    void CheckEnd(Promises& thePromises) const;
+
+    Host::VirtualClock mClock;
+    Host::UserSimulator mPerson;
+    std::vector<std::unique_ptr<WatchedWindow>> mWindows; // with those that are gone
+    std::vector<std::unique_ptr<WatchedControl>> mControls;
+    std::vector<std::unique_ptr<WatchedMenu>> mMenus;
+    bool mHasTrap = false;
+    unsigned mEventsToTrap = 0;
+    Step mTrapped; // done from inside a handler
+};
+
+// Actions -------------------------------------------------------------------------------------------------
+
+struct Action
+{
+    const char* theName;
+    void (*theFunction)(Session& theSession, const Step& theStep);
+};
+
+UInt32 CommandFrom(unsigned theNumber)
+{
+    return kCommand + theNumber % 4;
+}
+
+std::string TextFrom(unsigned theNumber)
+{
+    return "text " + std::to_string(theNumber % 5);
+}
+
+// The step after this one is done from inside a handler, as soon as some more events have arrived.
+const size_t kInHandler = 0;
+
+const Action kActions[] = {
+    {"InHandler", [](Session&, const Step&) {}},
+    {"TurnLoop", [](Session&, const Step&) { RunCurrentEventLoop(0); }},
+
+    // Windows.
+    {"NewWindow", [](Session& theSession, const Step& theStep) { theSession.AddWindow(theStep); }},
+    {"DisposeWindow",
+     [](Session& theSession, const Step& theStep) { DisposeWindow(theSession.WindowAt(theStep.theFirst)); }},
+    {"ShowWindow",
+     [](Session& theSession, const Step& theStep) { ShowWindow(theSession.WindowAt(theStep.theFirst)); }},
+    {"HideWindow",
+     [](Session& theSession, const Step& theStep) { HideWindow(theSession.WindowAt(theStep.theFirst)); }},
+    {"ShowHide",
+     [](Session& theSession, const Step& theStep) {
+         ShowHide(theSession.WindowAt(theStep.theFirst), theStep.theSecond % 2 != 0);
+     }},
+    {"SelectWindow",
+     [](Session& theSession, const Step& theStep) { SelectWindow(theSession.WindowAt(theStep.theFirst)); }},
+    {"BringToFront",
+     [](Session& theSession, const Step& theStep) { BringToFront(theSession.WindowAt(theStep.theFirst)); }},
+    {"SendBehind",
+     [](Session& theSession, const Step& theStep) {
+         SendBehind(theSession.WindowAt(theStep.theFirst),
+                    theStep.theThird % 2 == 0 ? nullptr : theSession.WindowAt(theStep.theSecond));
+     }},
+    {"CollapseWindow",
+     [](Session& theSession, const Step& theStep) {
+         CollapseWindow(theSession.WindowAt(theStep.theFirst), theStep.theSecond % 2 != 0);
+     }},
+    {"MoveWindow",
+     [](Session& theSession, const Step& theStep) {
+         MoveWindow(theSession.WindowAt(theStep.theFirst), Coordinate(theStep.theSecond, -100, 800),
+                    Coordinate(theStep.theThird, 0, 600), theStep.theThird % 2 != 0);
+     }},
+    {"SizeWindow",
+     [](Session& theSession, const Step& theStep) {
+         SizeWindow(theSession.WindowAt(theStep.theFirst), Coordinate(theStep.theSecond, -10, 500),
+                    Coordinate(theStep.theThird, -10, 400), true);
+     }},
+    {"SetWindowTitle",
+     [](Session& theSession, const Step& theStep) {
+         SetWindowTitleWithCFString(theSession.WindowAt(theStep.theFirst), Name(TextFrom(theStep.theSecond)));
+     }},
+    {"SetUserFocusWindow",
+     [](Session& theSession, const Step& theStep) {
+         SetUserFocusWindow(theStep.theSecond % 2 == 0 ? kUserFocusAuto : theSession.WindowAt(theStep.theFirst));
+     }},
+    {"SetDefaultButton",
+     [](Session& theSession, const Step& theStep) {
+         SetWindowDefaultButton(theSession.WindowAt(theStep.theFirst), theSession.ControlAt(theStep.theSecond));
+     }},
+
+    // Controls.
+    {"NewControl", [](Session& theSession, const Step& theStep) { theSession.AddControl(theStep); }},
+    {"DisposeControl",
+     [](Session& theSession, const Step& theStep) { DisposeControl(theSession.ControlAt(theStep.theFirst)); }},
+    {"KillControls",
+     [](Session& theSession, const Step& theStep) {
+         if (theStep.theSecond % 8 == 0) {
+             KillControls(theSession.WindowAt(theStep.theFirst));
+         }
+     }},
+    {"EmbedControl",
+     [](Session& theSession, const Step& theStep) {
+         EmbedControl(theSession.ControlAt(theStep.theFirst), theSession.ControlAt(theStep.theSecond));
+         theSession.TakeStatesOfPlaces();
+     }},
+    {"EmbedInRoot",
+     [](Session& theSession, const Step& theStep) {
+         ControlRef theRoot = nullptr;
+         GetRootControl(theSession.WindowAt(theStep.theSecond), &theRoot);
+         EmbedControl(theSession.ControlAt(theStep.theFirst), theRoot);
+         theSession.TakeStatesOfPlaces();
+     }},
+    {"AutoEmbedControl",
+     [](Session& theSession, const Step& theStep) {
+         AutoEmbedControl(theSession.ControlAt(theStep.theFirst), theSession.WindowAt(theStep.theSecond));
+         theSession.TakeStatesOfPlaces();
+     }},
+    {"SetValue",
+     [](Session& theSession, const Step& theStep) {
+         SetControl32BitValue(theSession.ControlAt(theStep.theFirst), Coordinate(theStep.theSecond, -5, 120));
+     }},
+    {"SetMinimum",
+     [](Session& theSession, const Step& theStep) {
+         SetControl32BitMinimum(theSession.ControlAt(theStep.theFirst), Coordinate(theStep.theSecond, -5, 50));
+     }},
+    {"SetMaximum",
+     [](Session& theSession, const Step& theStep) {
+         SetControl32BitMaximum(theSession.ControlAt(theStep.theFirst), Coordinate(theStep.theSecond, -5, 120));
+     }},
+    {"SetViewSize",
+     [](Session& theSession, const Step& theStep) {
+         SetControlViewSize(theSession.ControlAt(theStep.theFirst), Coordinate(theStep.theSecond, 0, 30));
+     }},
+    {"EnableControl",
+     [](Session& theSession, const Step& theStep) {
+         const auto theCall = theStep.theSecond % 2 == 0 ? DisableControl : EnableControl;
+         theCall(theSession.ControlAt(theStep.theFirst));
+     }},
+    {"ActivateControl",
+     [](Session& theSession, const Step& theStep) {
+         const auto theCall = theStep.theSecond % 2 == 0 ? DeactivateControl : ActivateControl;
+         theCall(theSession.ControlAt(theStep.theFirst));
+     }},
+    {"SetControlVisibility",
+     [](Session& theSession, const Step& theStep) {
+         SetControlVisibility(theSession.ControlAt(theStep.theFirst), theStep.theSecond % 3 != 0, true);
+     }},
+    {"HiliteControl",
+     [](Session& theSession, const Step& theStep) {
+         static const ControlPartCode kParts[] = {kControlNoPart, kControlButtonPart, kControlDisabledPart,
+                                                  kControlInactivePart};
+         HiliteControl(theSession.ControlAt(theStep.theFirst), kParts[theStep.theSecond % 4]);
+     }},
+    {"SetControlBounds",
+     [](Session& theSession, const Step& theStep) {
+         const Rect theBounds = BoundsFrom(theStep.theSecond);
+         SetControlBounds(theSession.ControlAt(theStep.theFirst), &theBounds);
+     }},
+    {"SetControlTitle",
+     [](Session& theSession, const Step& theStep) {
+         SetControlTitleWithCFString(theSession.ControlAt(theStep.theFirst), Name(TextFrom(theStep.theSecond)));
+     }},
+    {"SetControlText",
+     [](Session& theSession, const Step& theStep) {
+         const Name theName(TextFrom(theStep.theSecond));
+         CFStringRef theText = theName;
+         SetControlData(theSession.ControlAt(theStep.theFirst), kControlEntireControl,
+                        kControlEditTextCFStringTag, sizeof theText, &theText);
+     }},
+    {"SetControlCommand",
+     [](Session& theSession, const Step& theStep) {
+         SetControlCommandID(theSession.ControlAt(theStep.theFirst), CommandFrom(theStep.theSecond));
+     }},
+    {"SetKeyboardFocus",
+     [](Session& theSession, const Step& theStep) {
+         const ControlRef theControl = theSession.ControlAt(theStep.theFirst);
+         SetKeyboardFocus(GetControlOwner(theControl), theControl, kControlFocusNextPart);
+     }},
+    {"AdvanceKeyboardFocus",
+     [](Session& theSession, const Step& theStep) {
+         const auto theCall = theStep.theSecond % 2 == 0 ? AdvanceKeyboardFocus : ReverseKeyboardFocus;
+         theCall(theSession.WindowAt(theStep.theFirst));
+     }},
+    {"ClearKeyboardFocus",
+     [](Session& theSession, const Step& theStep) { ClearKeyboardFocus(theSession.WindowAt(theStep.theFirst)); }},
+    {"SimulateClick",
+     [](Session& theSession, const Step& theStep) {
+         HIViewSimulateClick(theSession.ControlAt(theStep.theFirst), 0, 0, nullptr);
+     }},
+
+    // Menus.
+    {"NewMenu", [](Session& theSession, const Step& theStep) { theSession.AddMenu(theStep); }},
+    {"ReleaseMenu",
+     [](Session& theSession, const Step& theStep) {
+         if (WatchedMenu* theMenu = theSession.MenuAt(theStep.theFirst)) {
+             theMenu->Release();
+         }
+     }},
+    {"InsertMenu",
+     [](Session& theSession, const Step& theStep) {
+         InsertMenu(theSession.MenuReferenceAt(theStep.theFirst),
+                    theStep.theSecond % 4 == 0 ? MenuID{kInsertHierarchicalMenu}
+                                               : GetMenuID(theSession.MenuReferenceAt(theStep.theThird)));
+     }},
+    {"DeleteMenu",
+     [](Session& theSession, const Step& theStep) {
+         DeleteMenu(GetMenuID(theSession.MenuReferenceAt(theStep.theFirst)));
+     }},
+    {"AppendItem",
+     [](Session& theSession, const Step& theStep) {
+         AppendMenuItemTextWithCFString(theSession.MenuReferenceAt(theStep.theFirst),
+                                        Name(TextFrom(theStep.theSecond)),
+                                        theStep.theThird % 5 == 0 ? MenuItemAttributes{kMenuItemAttrAutoDisable}
+                                                                  : MenuItemAttributes{0},
+                                        CommandFrom(theStep.theSecond), nullptr);
+     }},
+    {"DeleteItem",
+     [](Session& theSession, const Step& theStep) {
+         DeleteMenuItem(theSession.MenuReferenceAt(theStep.theFirst),
+                        static_cast<MenuItemIndex>(1 + theStep.theSecond % 4));
+     }},
+    {"SetSubmenu",
+     [](Session& theSession, const Step& theStep) {
+         SetMenuItemHierarchicalMenu(theSession.MenuReferenceAt(theStep.theFirst),
+                                     static_cast<MenuItemIndex>(1 + theStep.theSecond % 4),
+                                     theSession.MenuReferenceAt(theStep.theThird));
+     }},
+    {"EnableItem",
+     [](Session& theSession, const Step& theStep) {
+         const auto theCall = theStep.theThird % 2 == 0 ? DisableMenuItem : EnableMenuItem;
+         theCall(theSession.MenuReferenceAt(theStep.theFirst), static_cast<MenuItemIndex>(theStep.theSecond % 5));
+     }},
+    {"CheckItem",
+     [](Session& theSession, const Step& theStep) {
+         CheckMenuItem(theSession.MenuReferenceAt(theStep.theFirst),
+                       static_cast<MenuItemIndex>(1 + theStep.theSecond % 4), theStep.theThird % 2 != 0);
+     }},
+    {"SetItemText",
+     [](Session& theSession, const Step& theStep) {
+         SetMenuItemTextWithCFString(theSession.MenuReferenceAt(theStep.theFirst),
+                                     static_cast<MenuItemIndex>(1 + theStep.theSecond % 4),
+                                     Name(TextFrom(theStep.theThird)));
+     }},
+    {"SetItemKey",
+     [](Session& theSession, const Step& theStep) {
+         SetMenuItemCommandKey(theSession.MenuReferenceAt(theStep.theFirst),
+                               static_cast<MenuItemIndex>(1 + theStep.theSecond % 4), theStep.theThird % 2 != 0,
+                               theStep.theThird % 2 != 0 ? UInt16{kVK_ANSI_K} : UInt16{'J'});
+     }},
+
+    // The person.
+    {"PersonClicks",
+     [](Session& theSession, const Step& theStep) {
+         theSession.Person().Click(theSession.ControlAt(theStep.theFirst));
+     }},
+    {"PersonDrags",
+     [](Session& theSession, const Step& theStep) {
+         theSession.Person().DragSlider(theSession.ControlAt(theStep.theFirst),
+                                        Coordinate(theStep.theSecond, 0, 11));
+     }},
+    {"PersonPresses",
+     [](Session& theSession, const Step& theStep) {
+         static const UInt32 kKeys[] = {kVK_Tab,       kVK_Return,    kVK_Space,  kVK_LeftArrow, kVK_RightArrow,
+                                        kVK_UpArrow,   kVK_DownArrow, kVK_Escape, kVK_ANSI_K,    kVK_ANSI_J,
+                                        kVK_Delete};
+         static const UInt32 kModifiers[] = {0, 0, shiftKey, cmdKey};
+         theSession.Person().PressKey(kKeys[theStep.theFirst % std::size(kKeys)],
+                                      kModifiers[theStep.theSecond % std::size(kModifiers)]);
+     }},
+    {"PersonTypes",
+     [](Session& theSession, const Step& theStep) {
+         theSession.Person().TypeText(theStep.theFirst % 2 == 0 ? "ab" : "c\t");
+     }},
+    {"PersonCloses",
+     [](Session& theSession, const Step& theStep) {
+         theSession.Person().CloseWindow(theSession.WindowAt(theStep.theFirst));
+     }},
+    {"PersonMoves",
+     [](Session& theSession, const Step& theStep) {
+         theSession.Person().MoveWindow(theSession.WindowAt(theStep.theFirst),
+                                        Coordinate(theStep.theSecond, 0, 500),
+                                        Coordinate(theStep.theThird, 50, 400));
+     }},
+    {"PersonResizes",
+     [](Session& theSession, const Step& theStep) {
+         theSession.Person().ResizeWindow(theSession.WindowAt(theStep.theFirst),
+                                          Coordinate(theStep.theSecond, 100, 300),
+                                          Coordinate(theStep.theThird, 100, 300));
+     }},
+    {"PersonZooms",
+     [](Session& theSession, const Step& theStep) {
+         theSession.Person().ZoomWindow(theSession.WindowAt(theStep.theFirst));
+     }},
+    {"PersonCollapses",
+     [](Session& theSession, const Step& theStep) {
+         theSession.Person().CollapseWindow(theSession.WindowAt(theStep.theFirst));
+     }},
+    {"PersonExpands",
+     [](Session& theSession, const Step& theStep) {
+         theSession.Person().ExpandWindow(theSession.WindowAt(theStep.theFirst));
+     }},
+    {"PersonActivates",
+     [](Session& theSession, const Step& theStep) {
+         theSession.Person().ActivateWindow(theSession.WindowAt(theStep.theFirst));
+     }},
+    {"PersonOpensMenu",
+     [](Session& theSession, const Step& theStep) {
+         if (const WatchedMenu* theMenu = theSession.MenuAt(theStep.theFirst)) {
+             theSession.Person().OpenMenu(theMenu->Name());
+         }
+     }},
+    {"PersonClosesMenus", [](Session& theSession, const Step&) { theSession.Person().CloseMenus(); }},
+    {"PersonChooses",
+     [](Session& theSession, const Step& theStep) {
+         theSession.Person().ChooseCommand(CommandFrom(theStep.theFirst));
+     }},
+};
+
+// What a session needs most of, and what would be rare if every action were as likely as any other.
+const char* const kMakers[] = {"NewWindow",  "NewControl", "NewControl",
+                               "NewControl", "NewMenu",    "AppendItem"};
+
+// The place of an action; one behind the last when there is none of that name.
+size_t ActionNamed(const std::string& theName)
+{
+    const auto theFound = std::find_if(std::begin(kActions), std::end(kActions),
+                                       [&](const Action& theOne) { return theOne.theName == theName; });
+    return static_cast<size_t>(theFound - std::begin(kActions));
+}
+
+// Making --------------------------------------------------------------------------------------------------
+
+void Session::AddWindow(const Step& theStep)
+{
+    static const WindowClass kClasses[] = {kDocumentWindowClass, kDocumentWindowClass, kFloatingWindowClass,
+                                           kMovableModalWindowClass, kPlainWindowClass};
+    static const WindowAttributes kAttributes[] = {
+        kWindowStandardDocumentAttributes | kWindowStandardHandlerAttribute,
+        kWindowStandardDocumentAttributes | kWindowStandardHandlerAttribute | kWindowCompositingAttribute,
+        kWindowCloseBoxAttribute | kWindowStandardHandlerAttribute, kWindowNoAttributes};
+    const WindowClass theClass = kClasses[theStep.theFirst % std::size(kClasses)];
+    const WindowAttributes theAttributes = kAttributes[theStep.theSecond % std::size(kAttributes)];
+    const short theLeft = Coordinate(theStep.theThird, 0, 400);
+    const short theTop = Coordinate(theStep.theThird / 400, 60, 300);
+    const Rect theBounds = {theTop, theLeft, static_cast<short>(theTop + 240),
+                            static_cast<short>(theLeft + 400)};
+    WindowRef theWindow = nullptr;
+    if (CountLiving(mWindows) < kMostWindows &&
+        CreateNewWindow(theClass, theAttributes, &theBounds, &theWindow) == noErr) {
+        mWindows.push_back(std::make_unique<WatchedWindow>("window " + std::to_string(mWindows.size()),
+                                                           theWindow, Arrival()));
+        ShowWindow(theWindow);
+    }
+}
+
+void Session::AddControl(const Step& theStep)
+{
+    const WindowRef theWindow = theStep.theThird % 16 == 0 ? nullptr : WindowAt(theStep.theSecond);
+    ControlRef theControl = nullptr;
+    if (CountLiving(mControls) < kMostControls &&
+        MakeControl(theStep.theFirst, theWindow, BoundsFrom(theStep.theThird), &theControl) == noErr) {
+        mControls.push_back(std::make_unique<WatchedControl>("control " + std::to_string(mControls.size()),
+                                                             theControl, Arrival()));
+    }
+}
+
+void Session::AddMenu(const Step& theStep)
+{
+    MenuRef theMenu = nullptr;
+    const auto theNumber = static_cast<MenuID>(100 + mMenus.size());
+    if (CountLiving(mMenus) >= kMostMenus || CreateNewMenu(theNumber, 0, &theMenu) != noErr) {
+        return;
+    }
+    const std::string theTitle = "menu " + std::to_string(mMenus.size());
+    SetMenuTitleWithCFString(theMenu, Name(theTitle));
+    mMenus.push_back(std::make_unique<WatchedMenu>(theTitle, theMenu, Arrival()));
+    if (theStep.theFirst % 2 == 0) {
+        InsertMenu(theMenu, 0);
+    }
+}
+
+void Session::TakeStatesOfPlaces()
+{
+    for (const auto& theControl : mControls) {
+        if (theControl->IsAlive()) {
+            theControl->TakeStatesOfItsPlace();
+        }
+    }
+}
+
+// Playing -------------------------------------------------------------------------------------------------
+
+void Session::Do(const Step& theStep)
+{
+    kActions[theStep.theAction].theFunction(*this, theStep);
+}
+
+void Session::SetTrap(const Step& theWhen, const Step& theThen)
+{
+    mHasTrap = true;
+    mEventsToTrap = theWhen.theFirst % 6;
+    mTrapped = theThen;
+}
+
+void Session::EventArrived()
+{
+    if (mHasTrap && mEventsToTrap-- == 0) {
+        mHasTrap = false;
+        const Step theStep = mTrapped;
+        Do(theStep);
+    }
+}
+
+template <class Action>
+void Session::ForEach(const Action& theAction) const
+{
+    for (const auto& theWindow : mWindows) {
+        theAction(*theWindow);
+    }
+    for (const auto& theControl : mControls) {
+        theAction(*theControl);
+    }
+    for (const auto& theMenu : mMenus) {
+        theAction(*theMenu);
+    }
+}
+
+std::string Session::Play(const Script& theScript)
+{
+    Promises thePromises;
+    std::string theWhere;
+    for (size_t theNumber = 0; theNumber < theScript.size() && thePromises.Broken().empty(); ++theNumber) {
+        const Step& theStep = theScript[theNumber];
+        if (theStep.theAction == kInHandler && theNumber + 1 < theScript.size()) {
+            SetTrap(theStep, theScript[++theNumber]);
+            continue;
+        }
+        Do(theStep);
+        RunCurrentEventLoop(0);
+        theWhere = "after step " + std::to_string(theNumber + 1);
+        Check(thePromises);
+    }
+    mHasTrap = false;
+    DisposeEverything();
+    if (thePromises.Broken().empty()) {
+        theWhere = "at the end";
+        CheckEnd(thePromises);
+    }
+    return thePromises.Broken().empty() ? std::string() : theWhere + ": " + thePromises.Broken();
+}
+
+// Promises ------------------------------------------------------------------------------------------------
+
+void Session::Check(Promises& thePromises) const
+{
+    ForEach([&](const WatchedObject& theObject) {
+        theObject.CheckLife(thePromises);
+        if (theObject.IsAlive()) {
+            theObject.Check(Screen(), thePromises);
+        }
+    });
+    CheckFocus(thePromises);
+    CheckPicture(thePromises);
+}
+
+// The focus is on something that is there: of each window, and of all.
+void Session::CheckFocus(Promises& thePromises) const
+{
+    for (const auto& theWindow : mWindows) {
+        ControlRef theFocused = nullptr;
+        if (theWindow->IsAlive() && GetKeyboardFocus(theWindow->Get(), &theFocused) == noErr &&
+            theFocused != nullptr) {
+            thePromises.Expect(GetControlOwner(theFocused) == theWindow->Get(),
+                               theWindow->Name() + ": the focus is on a control of another window");
+        }
+    }
+    // ShowHide hides the active window without taking that from it.
+    const WindowRef theKeys = GetUserFocusWindow();
+    const bool theIsSeen = IsWindowVisible(theKeys) != 0 && IsWindowCollapsed(theKeys) == 0;
+    thePromises.Expect(theKeys == nullptr || theIsSeen || IsWindowActive(theKeys) != 0,
+                       "keys go to a window that can neither be seen nor is active");
+}
+
+// What the presenter was told step by step is what one is told that starts now.
+void Session::CheckPicture(Promises& thePromises)
+{
+    Host::HeadlessSnapshot theFresh;
+    Host::PresenterRegistry::ReplayLooks(theFresh);
+    const std::string theOld = Screen().DescribeScreen();
+    const std::string theNew = theFresh.DescribeScreen();
+    thePromises.Expect(theOld == theNew, "the picture is\n" + theOld + "and should be\n" + theNew);
+}
+
+void Session::DisposeEverything()
+{
+    mPerson.CloseMenus();
+    for (const auto& theWindow : mWindows) {
+        DisposeWindow(theWindow->Get());
+    }
+    for (const auto& theControl : mControls) {
+        DisposeControl(theControl->Get());
+    }
+    ClearMenuBar();
+    for (const auto& theMenu : mMenus) {
+        DeleteMenu(GetMenuID(theMenu->Get()));
+        theMenu->Release();
+    }
+    RunCurrentEventLoop(0);
+}
+
+void Session::CheckEnd(Promises& thePromises) const
+{
+    ForEach([&](const WatchedObject& theObject) {
+        thePromises.Expect(!theObject.IsAlive(), theObject.Name() + " was disposed and is there");
+        theObject.CheckLife(thePromises);
+    });
+    thePromises.Expect(GetWindowList() == nullptr, "there is a window");
+    CheckPicture(thePromises);
+    thePromises.Expect(Screen().WindowsFrontToBack().empty() && Screen().MenuBar().theMenus.empty(),
+                       "there is something on the screen");
+}
+
+} // namespace
+
+// Scripts -------------------------------------------------------------------------------------------------
+
+Script RandomScript(unsigned theSeed, size_t theLength)
+{
+    std::mt19937 theNumbers(theSeed);
+    const auto theNext = [&] { return static_cast<unsigned>(theNumbers() & 0xFFFFF); };
+    Script theScript;
+    theScript.reserve(theLength);
+    while (theScript.size() < theLength) {
+        Step theStep;
+        const bool theIsMaking = theNext() % 4 == 0;
+        theStep.theAction = theIsMaking ? ActionNamed(kMakers[theNext() % std::size(kMakers)])
+                                        : theNext() % std::size(kActions);
+        theStep.theFirst = theNext();
+        theStep.theSecond = theNext();
+        theStep.theThird = theNext();
+        theScript.push_back(theStep);
+    }
+    return theScript;
+}
+
+std::string PlayScript(const Script& theScript)
+{
+    Screen();
+    return Session().Play(theScript);
+}
+
+namespace {
+
+// Leaves out every piece of that length that is not needed; false when all are.
+bool LeaveOut(size_t theLength, Script* theScript)
+{
+    bool theIsShorter = false;
+    for (size_t theStart = 0; theStart < theScript->size();) {
+        Script theRest = *theScript;
+        const auto theFirst = theRest.begin() + static_cast<std::ptrdiff_t>(theStart);
+        const size_t theCount = std::min(theLength, theRest.size() - theStart);
+        theRest.erase(theFirst, theFirst + static_cast<std::ptrdiff_t>(theCount));
+        if (PlayScript(theRest).empty()) {
+            theStart += theLength;
+        } else {
+            *theScript = std::move(theRest);
+            theIsShorter = true;
+        }
+    }
+    return theIsShorter;
+}
+
+} // namespace
+
+Script Shortest(Script theScript)
+{
+    for (size_t theLength = theScript.size(); theLength > 1; theLength /= 2) {
+        LeaveOut(theLength, &theScript);
+    }
+    while (LeaveOut(1, &theScript)) {
+    }
+    return theScript;
+}
+
+std::string Describe(const Script& theScript)
+{
+    std::ostringstream theText;
+    for (const Step& theStep : theScript) {
+        theText << kActions[theStep.theAction].theName << ' ' << theStep.theFirst << ' ' << theStep.theSecond
+                << ' ' << theStep.theThird << '\n';
+    }
+    return theText.str();
+}
+
+Script ReadScript(std::istream& theText)
+{
+    Script theScript;
+    std::string theName;
+    Step theStep;
+    while (theText >> theName >> theStep.theFirst >> theStep.theSecond >> theStep.theThird) {
+        theStep.theAction = ActionNamed(theName);
+        if (theStep.theAction == std::size(kActions)) {
+            break;
+        }
+        theScript.push_back(theStep);
+    }
+    return theScript;
+}

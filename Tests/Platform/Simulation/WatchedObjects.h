@@ -1,0 +1,157 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef WatchedObjects_h
+#define WatchedObjects_h
+
+#include <Carbon/Carbon.h>
+#include <functional>
+#include <string>
+
+#include "HeadlessSnapshot.h"
+
+// What the managers owe for every object, whatever is done: that the events told of each change, that each
+// end was told once, and that the picture is what the calls report.
+
+// Keeps the first promise that was broken.
+class Promises
+{
+public:
+    void Expect(bool theIsKept, const std::string& theWhat)
+    {
+        if (!theIsKept && mBroken.empty()) {
+            mBroken = theWhat;
+        }
+    }
+
+    // Empty while all were kept.
+    const std::string& Broken() const { return mBroken; }
+
+private:
+    std::string mBroken;
+};
+
+// An object whose handlers note what they are told. theArrival is called after each event was noted, from
+// inside its handler.
+class WatchedObject
+{
+public:
+    using Arrival = std::function<void()>;
+
+    WatchedObject(std::string theName, EventTargetRef theTarget, const std::vector<EventTypeSpec>& theTypes,
+                  Arrival theArrival);
+    virtual ~WatchedObject();
+    WatchedObject(const WatchedObject&) = delete;
+    WatchedObject& operator=(const WatchedObject&) = delete;
+
+    const std::string& Name() const { return mName; }
+    virtual bool IsAlive() const = 0;
+
+    // At rest: while it lives nobody was told of its end, and everybody was once it is gone. Its references,
+    // those of its target and handler too, are then none.
+    void CheckLife(Promises& thePromises) const;
+
+    // At rest, while it lives.
+    virtual void Check(const Host::HeadlessSnapshot& theScreen, Promises& thePromises) const = 0;
+
+protected:
+    virtual bool IsAbout(EventRef theEvent) const = 0;
+    virtual void Note(EventRef theEvent) = 0;
+    void NoteEnd() { ++mEnds; }
+
+private:
+    static OSStatus Call(EventHandlerCallRef theCall, EventRef theEvent, void* theUserData);
+
+    std::string mName;
+    EventTargetRef mTarget;
+    EventHandlerRef mHandler = nullptr;
+    Arrival mArrival;
+    int mEnds = 0; // how often its end was told
+};
+
+class WatchedWindow : public WatchedObject
+{
+public:
+    WatchedWindow(std::string theName, WindowRef theWindow, Arrival theArrival);
+
+    WindowRef Get() const { return mWindow; }
+    bool IsAlive() const override { return IsValidWindowPtr(mWindow); }
+    void Check(const Host::HeadlessSnapshot& theScreen, Promises& thePromises) const override;
+
+private:
+    struct State
+    {
+        bool theIsVisible = false;
+        bool theIsCollapsed = false;
+        bool theIsActive = false;
+        bool theHasKeys = false;
+        Rect theContent = {0, 0, 0, 0};
+        std::string theTitle;
+    };
+
+    bool IsAbout(EventRef theEvent) const override;
+    void Note(EventRef theEvent) override;
+    State Now() const;
+
+    WindowRef mWindow;
+    State mTold; // by events
+};
+
+class WatchedControl : public WatchedObject
+{
+public:
+    WatchedControl(std::string theName, ControlRef theControl, Arrival theArrival);
+
+    ControlRef Get() const { return mControl; }
+    bool IsAlive() const override { return IsValidControlHandle(mControl); }
+    void Check(const Host::HeadlessSnapshot& theScreen, Promises& thePromises) const override;
+
+    // A control that comes into another container takes the states of what is around it there, of which no
+    // event tells.
+    void TakeStatesOfItsPlace();
+
+private:
+    struct State
+    {
+        bool theIsVisible = false;
+        bool theIsEnabled = false;
+        bool theIsActive = false;
+        bool theHasFocus = false;
+        SInt32 theValue = 0;
+        SInt32 theMinimum = 0;
+        SInt32 theMaximum = 0;
+        SInt32 theViewSize = 0;
+        Rect theBounds = {0, 0, 0, 0};
+        std::string theTitle;
+        WindowRef theOwner = nullptr;
+    };
+
+    bool IsAbout(EventRef theEvent) const override;
+    void Note(EventRef theEvent) override;
+    State Now() const;
+    void CheckPicture(const Host::HeadlessSnapshot& theScreen, Promises& thePromises) const;
+
+    ControlRef mControl;
+    State mTold; // by events
+};
+
+class WatchedMenu : public WatchedObject
+{
+public:
+    WatchedMenu(std::string theName, MenuRef theMenu, Arrival theArrival);
+
+    MenuRef Get() const { return mMenu; }
+    bool IsAlive() const override { return IsValidMenu(mMenu); }
+    void Check(const Host::HeadlessSnapshot& theScreen, Promises& thePromises) const override;
+
+    // The reference that its maker has; given up once.
+    void Release();
+
+private:
+    bool IsAbout(EventRef theEvent) const override;
+    void Note(EventRef theEvent) override;
+
+    MenuRef mMenu;
+    bool mIsHeld = true;
+};
+
+#endif
