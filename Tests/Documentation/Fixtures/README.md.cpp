@@ -6,3 +6,5 @@
 // @file 4 Examples/Thermostat/Session/FirstRun.txt
 // @shell 5 installs other libraries, and measures for an hour
 // @run 6 package
+// @shell 7 makes and installs packages; Tests/Package/CheckDebianPackages.sh does that on a system of its own
+// @shell 8 needs the packages to be installed; Tests/Package/CheckDebianPackages.sh does that
