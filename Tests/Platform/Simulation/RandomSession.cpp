@@ -151,10 +151,6 @@ private:
     void Do(const Step& theStep);
     void SetTrap(const Step& theWhen, const Step& theThen);
     void EventArrived();
-    WatchedObject::Arrival Arrival()
-    {
-        return [this] { EventArrived(); };
-    }
 
     void Check(Promises& thePromises) const;
     void CheckFocus(Promises& thePromises) const;
@@ -164,6 +160,7 @@ private:
 
     Host::VirtualClock mClock;
     Host::UserSimulator mPerson;
+    EventCourse mCourse = {[this] { EventArrived(); }, false, {}};
     std::vector<std::unique_ptr<WatchedWindow>> mWindows; // with those that are gone
     std::vector<std::unique_ptr<WatchedControl>> mControls;
     std::vector<std::unique_ptr<WatchedMenu>> mMenus;
@@ -504,8 +501,8 @@ void Session::AddWindow(const Step& theStep)
     WindowRef theWindow = nullptr;
     if (CountLiving(mWindows) < kMostWindows &&
         CreateNewWindow(theClass, theAttributes, &theBounds, &theWindow) == noErr) {
-        mWindows.push_back(std::make_unique<WatchedWindow>("window " + std::to_string(mWindows.size()),
-                                                           theWindow, Arrival()));
+        mWindows.push_back(
+            std::make_unique<WatchedWindow>("window " + std::to_string(mWindows.size()), theWindow, mCourse));
         ShowWindow(theWindow);
     }
 }
@@ -517,7 +514,7 @@ void Session::AddControl(const Step& theStep)
     if (CountLiving(mControls) < kMostControls &&
         MakeControl(theStep.theFirst, theWindow, BoundsFrom(theStep.theThird), &theControl) == noErr) {
         mControls.push_back(std::make_unique<WatchedControl>("control " + std::to_string(mControls.size()),
-                                                             theControl, Arrival()));
+                                                             theControl, mCourse));
     }
 }
 
@@ -530,7 +527,7 @@ void Session::AddMenu(const Step& theStep)
     }
     const std::string theTitle = "menu " + std::to_string(mMenus.size());
     SetMenuTitleWithCFString(theMenu, Name(theTitle));
-    mMenus.push_back(std::make_unique<WatchedMenu>(theTitle, theMenu, Arrival()));
+    mMenus.push_back(std::make_unique<WatchedMenu>(theTitle, theMenu, mCourse));
     if (theStep.theFirst % 2 == 0) {
         InsertMenu(theMenu, 0);
     }
@@ -563,6 +560,7 @@ void Session::EventArrived()
 {
     if (mHasTrap && mEventsToTrap-- == 0) {
         mHasTrap = false;
+        mCourse.theIsNested = true;
         const Step theStep = mTrapped;
         Do(theStep);
     }
@@ -592,6 +590,7 @@ std::string Session::Play(const Script& theScript)
             SetTrap(theStep, theScript[++theNumber]);
             continue;
         }
+        mCourse.theIsNested = false;
         Do(theStep);
         RunCurrentEventLoop(0);
         theWhere = "after step " + std::to_string(theNumber + 1);
@@ -616,6 +615,7 @@ void Session::Check(Promises& thePromises) const
             theObject.Check(Screen(), thePromises);
         }
     });
+    thePromises.Expect(mCourse.theIdleEvent.empty(), mCourse.theIdleEvent);
     CheckFocus(thePromises);
     CheckPicture(thePromises);
 }

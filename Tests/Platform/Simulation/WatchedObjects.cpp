@@ -61,10 +61,10 @@ const Host::MenuLook* FindLook(const std::vector<Host::MenuLook>& theMenus, cons
 // Objects -------------------------------------------------------------------------------------------------
 
 WatchedObject::WatchedObject(std::string theName, EventTargetRef theTarget,
-                             const std::vector<EventTypeSpec>& theTypes, Arrival theArrival)
+                             const std::vector<EventTypeSpec>& theTypes, EventCourse& theCourse)
     : mName(std::move(theName)),
       mTarget(theTarget),
-      mArrival(std::move(theArrival))
+      mCourse(theCourse)
 {
     InstallEventHandler(mTarget, Call, theTypes.size(), theTypes.data(), this, &mHandler);
 }
@@ -80,8 +80,15 @@ OSStatus WatchedObject::Call(EventHandlerCallRef, EventRef theEvent, void* theUs
     if (theObject->IsAbout(theEvent)) {
         theObject->Note(theEvent);
     }
-    theObject->mArrival();
+    theObject->mCourse.theArrival();
     return eventNotHandledErr;
+}
+
+void WatchedObject::NoteChange(bool theIsChange, const char* theWhat)
+{
+    if (!theIsChange && !mCourse.theIsNested && mCourse.theIdleEvent.empty()) {
+        mCourse.theIdleEvent = mName + ": was told of a change of its " + theWhat + ", and there was none";
+    }
 }
 
 void WatchedObject::CheckLife(Promises& thePromises) const
@@ -101,7 +108,7 @@ void WatchedObject::CheckLife(Promises& thePromises) const
 
 // Windows -------------------------------------------------------------------------------------------------
 
-WatchedWindow::WatchedWindow(std::string theName, WindowRef theWindow, Arrival theArrival)
+WatchedWindow::WatchedWindow(std::string theName, WindowRef theWindow, EventCourse& theCourse)
     : WatchedObject(std::move(theName), GetWindowEventTarget(theWindow),
                     {{kEventClassWindow, kEventWindowShown},
                      {kEventClassWindow, kEventWindowHidden},
@@ -123,7 +130,7 @@ WatchedWindow::WatchedWindow(std::string theName, WindowRef theWindow, Arrival t
                      {kEventClassMouse, kEventMouseDown},
                      {kEventClassMouse, kEventMouseUp},
                      {kEventClassKeyboard, kEventRawKeyDown}},
-                    std::move(theArrival)),
+                    theCourse),
       mWindow(theWindow),
       mTold(Now())
 {
@@ -154,25 +161,26 @@ void WatchedWindow::Note(EventRef theEvent)
     switch (GetEventKind(theEvent)) {
     case kEventWindowShown:
     case kEventWindowHidden:
-        mTold.theIsVisible = GetEventKind(theEvent) == kEventWindowShown;
+        NoteChange(&mTold.theIsVisible, GetEventKind(theEvent) == kEventWindowShown, "visibility");
         break;
     case kEventWindowCollapsed:
     case kEventWindowExpanded:
-        mTold.theIsCollapsed = GetEventKind(theEvent) == kEventWindowCollapsed;
+        NoteChange(&mTold.theIsCollapsed, GetEventKind(theEvent) == kEventWindowCollapsed, "collapsing");
         break;
     case kEventWindowActivated:
     case kEventWindowDeactivated:
-        mTold.theIsActive = GetEventKind(theEvent) == kEventWindowActivated;
+        NoteChange(&mTold.theIsActive, GetEventKind(theEvent) == kEventWindowActivated, "activation");
         break;
     case kEventWindowFocusAcquired:
     case kEventWindowFocusRelinquish:
-        mTold.theHasKeys = GetEventKind(theEvent) == kEventWindowFocusAcquired;
+        NoteChange(&mTold.theHasKeys, GetEventKind(theEvent) == kEventWindowFocusAcquired, "keys");
         break;
     case kEventWindowBoundsChanged:
+        NoteChange(!AreEqual(mTold.theContent, Now().theContent), "bounds");
         mTold.theContent = Now().theContent;
         break;
     case kEventWindowTitleChanged:
-        mTold.theTitle = Now().theTitle;
+        NoteChange(&mTold.theTitle, Now().theTitle, "title");
         break;
     case kEventWindowClosed:
         NoteEnd();
@@ -209,7 +217,7 @@ void WatchedWindow::Check(const Host::HeadlessSnapshot& theScreen, Promises& the
 
 // Controls ------------------------------------------------------------------------------------------------
 
-WatchedControl::WatchedControl(std::string theName, ControlRef theControl, Arrival theArrival)
+WatchedControl::WatchedControl(std::string theName, ControlRef theControl, EventCourse& theCourse)
     : WatchedObject(std::move(theName), GetControlEventTarget(theControl),
                     {{kEventClassControl, kEventControlDispose},
                      {kEventClassControl, kEventControlHit},
@@ -232,7 +240,7 @@ WatchedControl::WatchedControl(std::string theName, ControlRef theControl, Arriv
                      {kEventClassTextField, kEventTextAccepted},
                      {kEventClassTextField, kEventTextDidChange},
                      {kEventClassCommand, kEventCommandProcess}},
-                    std::move(theArrival)),
+                    theCourse),
       mControl(theControl),
       mTold(Now())
 {
@@ -244,10 +252,8 @@ WatchedControl::State WatchedControl::Now() const
     theState.theIsVisible = IsControlVisible(mControl) != 0;
     theState.theIsEnabled = IsControlEnabled(mControl) != 0;
     theState.theIsActive = IsControlActive(mControl) != 0;
-    theState.theValue = GetControl32BitValue(mControl);
-    theState.theMinimum = GetControl32BitMinimum(mControl);
-    theState.theMaximum = GetControl32BitMaximum(mControl);
-    theState.theViewSize = GetControlViewSize(mControl);
+    theState.theRange = {GetControl32BitValue(mControl), GetControl32BitMinimum(mControl),
+                         GetControl32BitMaximum(mControl), GetControlViewSize(mControl)};
     GetControlBounds(mControl, &theState.theBounds);
     CFStringRef theTitle = nullptr;
     CopyControlTitleAsCFString(mControl, &theTitle);
@@ -273,35 +279,33 @@ void WatchedControl::Note(EventRef theEvent)
         NoteEnd();
         break;
     case kEventControlVisibilityChanged:
-        mTold.theIsVisible = theNow.theIsVisible;
+        NoteChange(&mTold.theIsVisible, theNow.theIsVisible, "visibility");
         break;
     case kEventControlEnabledStateChanged:
-        mTold.theIsEnabled = theNow.theIsEnabled;
+        NoteChange(&mTold.theIsEnabled, theNow.theIsEnabled, "enabling");
         break;
     case kEventControlActivate:
     case kEventControlDeactivate:
-        mTold.theIsActive = theNow.theIsActive;
+        NoteChange(&mTold.theIsActive, theNow.theIsActive, "activation");
         break;
     case kEventControlValueFieldChanged:
-        mTold.theValue = theNow.theValue;
-        mTold.theMinimum = theNow.theMinimum;
-        mTold.theMaximum = theNow.theMaximum;
-        mTold.theViewSize = theNow.theViewSize;
+        NoteChange(&mTold.theRange, theNow.theRange, "value and range");
         break;
     case kEventControlTitleChanged:
-        mTold.theTitle = theNow.theTitle;
+        NoteChange(&mTold.theTitle, theNow.theTitle, "title");
         break;
     case kEventControlBoundsChanged:
+        NoteChange(!AreEqual(mTold.theBounds, theNow.theBounds), "bounds");
         mTold.theBounds = theNow.theBounds;
         break;
     case kEventControlOwningWindowChanged:
-        mTold.theOwner = theNow.theOwner;
+        NoteChange(&mTold.theOwner, theNow.theOwner, "window");
         break;
     case kEventControlFocusPartChanged: {
         ControlPartCode thePart = kControlFocusNoPart;
         GetEventParameter(theEvent, kEventParamControlCurrentPart, typeControlPartCode, nullptr,
                           sizeof thePart, nullptr, &thePart);
-        mTold.theHasFocus = thePart != kControlFocusNoPart;
+        NoteChange(&mTold.theHasFocus, thePart != kControlFocusNoPart, "focus");
         break;
     }
     default:
@@ -327,9 +331,7 @@ void WatchedControl::Check(const Host::HeadlessSnapshot& theScreen, Promises& th
     theExpect(theNow.theIsEnabled == mTold.theIsEnabled, "was enabled or disabled, and nobody was told");
     theExpect(theNow.theIsActive == mTold.theIsActive, "was activated or deactivated, and nobody was told");
     theExpect(theNow.theHasFocus == mTold.theHasFocus, "got or lost the focus, and nobody was told");
-    theExpect(theNow.theValue == mTold.theValue && theNow.theMinimum == mTold.theMinimum &&
-                  theNow.theMaximum == mTold.theMaximum && theNow.theViewSize == mTold.theViewSize,
-              "has another value or range, and nobody was told");
+    theExpect(theNow.theRange == mTold.theRange, "has another value or range, and nobody was told");
     theExpect(theNow.theTitle == mTold.theTitle, "has another title, and nobody was told");
     theExpect(AreEqual(theNow.theBounds, mTold.theBounds), "has other bounds, and nobody was told");
     theExpect(theNow.theOwner == mTold.theOwner, "is in another window, and nobody was told");
@@ -355,9 +357,9 @@ void WatchedControl::CheckPicture(const Host::HeadlessSnapshot& theScreen, Promi
     theExpect(theLook->theIsVisible == theNow.theIsVisible, "is not shown as visible as it is");
     theExpect(theLook->theIsEnabled == theNow.theIsEnabled, "is not shown as enabled as it is");
     theExpect(theLook->theIsActive == theNow.theIsActive, "is not shown as active as it is");
-    theExpect(theLook->theValue == theNow.theValue && theLook->theMinimum == theNow.theMinimum &&
-                  theLook->theMaximum == theNow.theMaximum && theLook->theViewSize == theNow.theViewSize,
-              "is not shown with its value and range");
+    const std::array<SInt32, 4> theShown = {theLook->theValue, theLook->theMinimum, theLook->theMaximum,
+                                            theLook->theViewSize};
+    theExpect(theShown == theNow.theRange, "is not shown with its value and range");
     theExpect(theLook->theTitle == theNow.theTitle, "is not shown with its title");
     WindowAttributes theAttributes = 0;
     GetWindowAttributes(theNow.theOwner, &theAttributes);
@@ -368,7 +370,7 @@ void WatchedControl::CheckPicture(const Host::HeadlessSnapshot& theScreen, Promi
 
 // Menus ---------------------------------------------------------------------------------------------------
 
-WatchedMenu::WatchedMenu(std::string theName, MenuRef theMenu, Arrival theArrival)
+WatchedMenu::WatchedMenu(std::string theName, MenuRef theMenu, EventCourse& theCourse)
     : WatchedObject(std::move(theName), GetMenuEventTarget(theMenu),
                     {{kEventClassMenu, kEventMenuDispose},
                      {kEventClassMenu, kEventMenuPopulate},
@@ -378,7 +380,7 @@ WatchedMenu::WatchedMenu(std::string theName, MenuRef theMenu, Arrival theArriva
                      {kEventClassMenu, kEventMenuEndTracking},
                      {kEventClassCommand, kEventCommandUpdateStatus},
                      {kEventClassCommand, kEventCommandProcess}},
-                    std::move(theArrival)),
+                    theCourse),
       mMenu(theMenu)
 {
 }

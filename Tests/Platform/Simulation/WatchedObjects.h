@@ -3,6 +3,7 @@
 #ifndef WatchedObjects_h
 #define WatchedObjects_h
 
+#include <array>
 #include <Carbon/Carbon.h>
 #include <functional>
 #include <string>
@@ -30,15 +31,20 @@ private:
     std::string mBroken;
 };
 
-// An object whose handlers note what they are told. theArrival is called after each event was noted, from
-// inside its handler.
+// What all watched objects share.
+struct EventCourse
+{
+    std::function<void()> theArrival; // called after each event was noted, from inside its handler
+    bool theIsNested = false;         // events may tell of what handlers have undone meanwhile
+    std::string theIdleEvent;         // the first that told of no change, although nothing was nested
+};
+
+// An object whose handlers note what they are told.
 class WatchedObject
 {
 public:
-    using Arrival = std::function<void()>;
-
     WatchedObject(std::string theName, EventTargetRef theTarget, const std::vector<EventTypeSpec>& theTypes,
-                  Arrival theArrival);
+                  EventCourse& theCourse);
     virtual ~WatchedObject();
     WatchedObject(const WatchedObject&) = delete;
     WatchedObject& operator=(const WatchedObject&) = delete;
@@ -57,6 +63,14 @@ protected:
     virtual bool IsAbout(EventRef theEvent) const = 0;
     virtual void Note(EventRef theEvent) = 0;
     void NoteEnd() { ++mEnds; }
+    void NoteChange(bool theIsChange, const char* theWhat);
+
+    template <class Value>
+    void NoteChange(Value* theTold, const Value& theNow, const char* theWhat)
+    {
+        NoteChange(*theTold != theNow, theWhat);
+        *theTold = theNow;
+    }
 
 private:
     static OSStatus Call(EventHandlerCallRef theCall, EventRef theEvent, void* theUserData);
@@ -64,14 +78,14 @@ private:
     std::string mName;
     EventTargetRef mTarget;
     EventHandlerRef mHandler = nullptr;
-    Arrival mArrival;
+    EventCourse& mCourse;
     int mEnds = 0; // how often its end was told
 };
 
 class WatchedWindow : public WatchedObject
 {
 public:
-    WatchedWindow(std::string theName, WindowRef theWindow, Arrival theArrival);
+    WatchedWindow(std::string theName, WindowRef theWindow, EventCourse& theCourse);
 
     WindowRef Get() const { return mWindow; }
     bool IsAlive() const override { return IsValidWindowPtr(mWindow); }
@@ -99,7 +113,7 @@ private:
 class WatchedControl : public WatchedObject
 {
 public:
-    WatchedControl(std::string theName, ControlRef theControl, Arrival theArrival);
+    WatchedControl(std::string theName, ControlRef theControl, EventCourse& theCourse);
 
     ControlRef Get() const { return mControl; }
     bool IsAlive() const override { return IsValidControlHandle(mControl); }
@@ -116,10 +130,7 @@ private:
         bool theIsEnabled = false;
         bool theIsActive = false;
         bool theHasFocus = false;
-        SInt32 theValue = 0;
-        SInt32 theMinimum = 0;
-        SInt32 theMaximum = 0;
-        SInt32 theViewSize = 0;
+        std::array<SInt32, 4> theRange = {}; // value, minimum, maximum, view size
         Rect theBounds = {0, 0, 0, 0};
         std::string theTitle;
         WindowRef theOwner = nullptr;
@@ -137,7 +148,7 @@ private:
 class WatchedMenu : public WatchedObject
 {
 public:
-    WatchedMenu(std::string theName, MenuRef theMenu, Arrival theArrival);
+    WatchedMenu(std::string theName, MenuRef theMenu, EventCourse& theCourse);
 
     MenuRef Get() const { return mMenu; }
     bool IsAlive() const override { return IsValidMenu(mMenu); }
