@@ -41,41 +41,63 @@ bool IsSet(const char* theVariable)
     return !qEnvironmentVariableIsEmpty(theVariable);
 }
 
-// Asks the X server itself: Qt would end the program if it did not answer. Without the X library, which only
-// Qt's own plugin needs, Qt may find out.
-bool XServerAnswers()
+// Asks the X server itself: Qt would end the program if it did not answer. An X server may begin anew when its last
+// client leaves it, and refuses others meanwhile; so the connection lasts as long as this object, which is to outlive
+// the making of Qt's own.
+class XServer
 {
+public:
+    XServer() = default;
+    ~XServer()
+    {
+        if (mConnection != nullptr) {
+            mDisconnect(mConnection);
+        }
+    }
+    XServer(const XServer&) = delete;
+    XServer& operator=(const XServer&) = delete;
+
+    // Without the X library, which only Qt's own plugin needs, Qt may find out.
+    bool Answers()
+    {
+        QLibrary theLibrary(QStringLiteral("xcb"), 1);
+        const auto theConnect = reinterpret_cast<Connect>(theLibrary.resolve("xcb_connect"));
+        const auto theHasError = reinterpret_cast<HasError>(theLibrary.resolve("xcb_connection_has_error"));
+        mDisconnect = reinterpret_cast<Disconnect>(theLibrary.resolve("xcb_disconnect"));
+        if (theConnect == nullptr || theHasError == nullptr || mDisconnect == nullptr) {
+            return true;
+        }
+        if (mConnection == nullptr) {
+            mConnection = theConnect(nullptr, nullptr);
+        }
+        return theHasError(mConnection) == 0;
+    }
+
+private:
     struct Connection;
     using Connect = Connection* (*)(const char*, int*);
     using HasError = int (*)(Connection*);
     using Disconnect = void (*)(Connection*);
-    QLibrary theLibrary(QStringLiteral("xcb"), 1);
-    const auto theConnect = reinterpret_cast<Connect>(theLibrary.resolve("xcb_connect"));
-    const auto theHasError = reinterpret_cast<HasError>(theLibrary.resolve("xcb_connection_has_error"));
-    const auto theDisconnect = reinterpret_cast<Disconnect>(theLibrary.resolve("xcb_disconnect"));
-    if (theConnect == nullptr || theHasError == nullptr || theDisconnect == nullptr) {
-        return true;
-    }
-    Connection* const theConnection = theConnect(nullptr, nullptr);
-    const bool theIsThere = theHasError(theConnection) == 0;
-    theDisconnect(theConnection);
-    return theIsThere;
-}
+
+    Connection* mConnection = nullptr;
+    Disconnect mDisconnect = nullptr;
+};
 
 // What Qt cannot be asked about beforehand it finds out by itself.
-bool CanShowOn(const QByteArray& thePlatform)
+bool CanShowOn(const QByteArray& thePlatform, XServer& theServer)
 {
-    return !thePlatform.startsWith("xcb") || (IsSet("DISPLAY") && XServerAnswers());
+    return !thePlatform.startsWith("xcb") || (IsSet("DISPLAY") && theServer.Answers());
 }
 
-bool HasDisplay()
+bool HasDisplay(XServer& theServer)
 {
     if (!IsSet("QT_QPA_PLATFORM")) {
-        return IsSet("WAYLAND_DISPLAY") || CanShowOn("xcb");
+        return IsSet("WAYLAND_DISPLAY") || CanShowOn("xcb", theServer);
     }
     // Several are tried one after the other.
     const QList<QByteArray> thePlatforms = qgetenv("QT_QPA_PLATFORM").split(';');
-    return std::any_of(thePlatforms.begin(), thePlatforms.end(), CanShowOn);
+    return std::any_of(thePlatforms.begin(), thePlatforms.end(),
+                       [&](const QByteArray& thePlatform) { return CanShowOn(thePlatform, theServer); });
 }
 
 // Qt takes the desktop's locale for the whole program, and numbers that the program prints would change their
@@ -145,7 +167,8 @@ bool PrepareQtApplication()
         return false;
     }
     if (QCoreApplication::instance() == nullptr) {
-        if (!HasDisplay()) {
+        XServer theServer;
+        if (!HasDisplay(theServer)) {
             return false;
         }
         MakeApplication();
