@@ -61,11 +61,26 @@ quietly()
     fi
 }
 
-# inside <command>...: on the bare system. Whatever it mounts and starts is gone when the command ends.
+# enter <option of unshare, or nothing> <command>...: on the bare system. Whatever the command mounts and starts is gone
+# when it ends.
+enter()
+{
+    local theOption=$1
+    shift
+    unshare ${theOption:+"$theOption"} --mount --pid --fork --kill-child --root="$theRoot" --mount-proc \
+        env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 HOME=/root DEBIAN_FRONTEND=noninteractive "$@"
+}
+
+# inside <command>...: without a network, on which it would meet the X servers of this machine, too.
 inside()
 {
-    unshare --mount --pid --fork --kill-child --root="$theRoot" --mount-proc \
-        env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 HOME=/root DEBIAN_FRONTEND=noninteractive "$@"
+    enter --net "$@"
+}
+
+# online <command>...
+online()
+{
+    enter "" "$@"
 }
 
 # as_person <shell command>: the same for somebody who is not root.
@@ -121,7 +136,7 @@ make_system()
     apt-config dump | grep -E '^Acquire::(http|https|Check-Date|Check-Valid-Until)\b' \
         >"$theRoot/etc/apt/apt.conf.d/90as-outside" || true
     cp -L /etc/resolv.conf "$theRoot/etc/resolv.conf"
-    quietly apt inside apt-get -q update
+    quietly apt online apt-get -q update
     inside useradd --create-home person
     mkdir "$theRoot/packages"
     cp "$thePackages"/*.deb "$theRoot/packages"
@@ -131,7 +146,7 @@ make_system()
 # install_inside <package, or pattern of files there>...: with nothing that they do not ask for themselves.
 install_inside()
 {
-    quietly apt inside sh -c "apt-get -q -o Dpkg::Use-Pty=0 install -y --no-install-recommends $*"
+    quietly apt online sh -c "apt-get -q -o Dpkg::Use-Pty=0 install -y --no-install-recommends $*"
 }
 
 # expect_run <what> <program>
@@ -238,7 +253,7 @@ use_examples()
 remove_packages()
 {
     echo "== Afterwards"
-    quietly apt inside apt-get -q -o Dpkg::Use-Pty=0 purge -y "${kNames[@]}"
+    quietly apt online apt-get -q -o Dpkg::Use-Pty=0 purge -y "${kNames[@]}"
     expect "nothing is left behind" "" \
         "$(find "$theRoot/usr" "$theRoot/etc" "$theRoot/var" -iname '*lmbindings*' -o -name 'libLm*' -o -name LmPlatform)"
     expect "the loader has forgotten the libraries" "" "$(inside ldconfig -p | grep libLm || true)"
