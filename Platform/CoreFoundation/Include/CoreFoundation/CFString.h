@@ -78,7 +78,8 @@ CF_EXPORT CFStringRef CFStringCreateWithPascalString(CFAllocatorRef inAllocator,
                                                      CFStringEncoding inEncoding);
 
 // Exactly inLength bytes, zero bytes included; inBytes may be NULL when there are none. An external
-// representation of UTF-16 or UTF-32 may start with a byte order mark, and is big-endian without one.
+// representation of UTF-16 or UTF-32 may start with a byte order mark, and is big-endian without one. A mark
+// before UTF-8 is dropped.
 CF_EXPORT CFStringRef CFStringCreateWithBytes(CFAllocatorRef inAllocator, const UInt8* inBytes,
                                               CFIndex inLength, CFStringEncoding inEncoding,
                                               Boolean inIsExternalRepresentation);
