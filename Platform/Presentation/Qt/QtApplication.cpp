@@ -41,9 +41,9 @@ bool IsSet(const char* theVariable)
     return !qEnvironmentVariableIsEmpty(theVariable);
 }
 
-// Asks the X server itself: Qt would end the program if it did not answer. An X server may begin anew when its
-// last client leaves it, and refuses others meanwhile; so the connection lasts as long as this object, which is
-// to outlive the making of Qt's own.
+// Asks the X server itself: Qt would end the program if it did not answer. An X server may begin anew when
+// its last client leaves it, and refuses others meanwhile; so the connection lasts as long as this object,
+// which is to outlive the making of Qt's own.
 class XServer
 {
 public:
