@@ -333,7 +333,7 @@ TEST(CFString, TheHalvesOfSurrogatePairsAreTold)
 
 TEST(CFString, ACharacterBeyondOneUnitIsASurrogatePair)
 {
-    for (const UTF32Char theCharacter : {0x10000, 0x103FF, 0x10400, 0x1F600, 0x10FFFF}) {
+    for (const UTF32Char theCharacter : {0x10000U, 0x103FFU, 0x10400U, 0x1F600U, 0x10FFFFU}) {
         UniChar theUnits[] = {0, 0};
         EXPECT_TRUE(CFStringGetSurrogatePairForLongCharacter(theCharacter, theUnits));
         EXPECT_TRUE(CFStringIsSurrogateHighCharacter(theUnits[0])) << theCharacter;
