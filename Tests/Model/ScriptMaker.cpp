@@ -368,12 +368,14 @@ Value Maker::NewGeometry(Kind theKind)
 
 Value Maker::NewValue()
 {
-    const auto theKind = static_cast<Kind>(mDice.From(0, 11));
+    // Often of a kind that is there already, for most of what can be done with two values takes two of a kind.
+    const bool isOfKnownKind = !mValues.empty() && mDice.Chance(35);
+    const auto theKind = isOfKnownKind ? mDice.Pick(mValues).theKind : static_cast<Kind>(mDice.From(0, 11));
     switch (theKind) {
     case Kind::Invalid:
         return {};
     case Kind::Text:
-        if (mDice.Chance(10)) {
+        if (mDice.Chance(20)) {
             return Value::String(nullptr);
         }
         if (mTexts.empty() || mDice.Chance(60)) {
