@@ -368,7 +368,8 @@ Value Maker::NewGeometry(Kind theKind)
 
 Value Maker::NewValue()
 {
-    // Often of a kind that is there already, for most of what can be done with two values takes two of a kind.
+    // Often of a kind that is there already, for most of what can be done with two values takes two of a
+    // kind.
     const bool isOfKnownKind = !mValues.empty() && mDice.Chance(35);
     const auto theKind = isOfKnownKind ? mDice.Pick(mValues).theKind : static_cast<Kind>(mDice.From(0, 11));
     switch (theKind) {
