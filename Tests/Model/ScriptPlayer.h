@@ -15,12 +15,8 @@ struct Endless
 // The result of a process that ends for the same reason.
 constexpr int kTooLong = 3;
 
-// Plays a script on a system and writes down all that comes of it.
-//
-//     ScriptPlayer thePlayer(theScript);
-//     ReferenceModel theModel(thePlayer);
-//     thePlayer.Play(theModel, true);
-//     thePlayer.GetTranscript();
+// Plays a script on a system and writes down all that comes of it: first the player is made, of the script,
+// then the system, with the player as its witness; once Play has ended, GetTranscript has everything.
 //
 // Operations of objects that are not there, or not any more, are passed over; so a script stays one whatever
 // is taken out of it.

@@ -170,8 +170,9 @@ public:
         if (theFound != mDomains.end()) {
             return theFound->second;
         }
-        const OwnDomainKey theOwnKey = {*theKey[0], *theKey[1], *theKey[2]};
-        return mDomains.emplace(theOwnKey, FileName(theApplication, theUser, theHost)).first->second;
+        OwnDomainKey theOwnKey = {*theKey[0], *theKey[1], *theKey[2]};
+        return mDomains.emplace(std::move(theOwnKey), FileName(theApplication, theUser, theHost))
+            .first->second;
     }
 
     bool SynchronizeAll()

@@ -111,7 +111,7 @@ private:
 
     std::mutex mMutex;
     unsigned char mReserve[64 * 1024]; // more than programs usually need; beyond it, the heap
-    std::pmr::monotonic_buffer_resource mMemory{mReserve, sizeof mReserve};
+    std::pmr::monotonic_buffer_resource mMemory{mReserve, sizeof mReserve, std::pmr::new_delete_resource()};
     std::pmr::map<std::pmr::string, CFStringRef, std::less<>> mStrings{&mMemory};
 };
 

@@ -18,8 +18,9 @@
 // installed on, and send further events. A removed handler is not called any more, not even by a pass that
 // has begun; a handler that was installed meanwhile is first called by the next event.
 //
-// Handlers and timers run on the main thread. Events may be created, filled, posted and released on any;
-// timers may be installed, set and removed on any. Both wake the loop.
+// Handlers and timers run on the main thread. Events may be created, filled, posted and released on any, but
+// for those that hold a menu; timers may be installed, set and removed on any. Posting an event, and
+// installing or setting a timer, wakes the loop.
 // Every call answers a null or disposed reference, or other bad input, with a status; nothing throws.
 
 #ifndef CarbonEventsCore_h

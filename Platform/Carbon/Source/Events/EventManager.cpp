@@ -53,7 +53,7 @@ OSStatus HandOut(const std::string& theBytes, ByteCount theBufferSize, ByteCount
     return noErr;
 }
 
-// A copy of an event, of the type that theType makes of the event's own; null for a bad event.
+// A copy of an event, of the type that theMakeType makes of the event's own; null for a bad event.
 template <class MakeType>
 EventRef Copy(EventRef theOther, const MakeType& theMakeType)
 {
@@ -104,7 +104,11 @@ SharedEvent Event::CopyAs(const EventTypeSpec& theType) const
 
 void Event::Release()
 {
-    if (--mCount == 0) {
+    ItemCount theCount = mCount.load();
+    // Nothing is left to release of an event that was released too often.
+    while (theCount != 0 && !mCount.compare_exchange_weak(theCount, theCount - 1)) {
+    }
+    if (theCount == 1) {
         Events().Remove(mReference);
     }
 }
@@ -139,6 +143,8 @@ bool Event::RemoveParameter(EventParamName theName)
     if (theFound == mParameters.end()) {
         return false;
     }
+    // What dies with the data may call handlers, which may look at this event: by then it is in order.
+    const ParameterData theOld = std::move(theFound->theData);
     mParameters.erase(theFound);
     return true;
 }

@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <memory>
 #include <memory_resource>
+#include <utility>
 #include <vector>
 
 namespace Host {
@@ -84,7 +85,7 @@ private:
     // Parameters are few, so that a search beats a map, and usually there is room for them in the event.
     static constexpr size_t kUsualParameters = 8;
     alignas(NamedParameter) std::array<std::byte, kUsualParameters * sizeof(NamedParameter)> mRoom;
-    std::pmr::monotonic_buffer_resource mMemory{mRoom.data(), mRoom.size()};
+    std::pmr::monotonic_buffer_resource mMemory{mRoom.data(), mRoom.size(), std::pmr::new_delete_resource()};
     std::pmr::vector<NamedParameter> mParameters{&mMemory};
     std::atomic<ItemCount> mCount{1};
     EventRef mReference = nullptr;

@@ -143,7 +143,7 @@ void EventTarget::Remove(const EventHandler& theHandler)
     }
 }
 
-std::vector<std::shared_ptr<EventHandler>> EventTarget::Dispose()
+void EventTarget::Dispose()
 {
     mIsDisposed = true;
     for (const std::shared_ptr<EventHandler>& theHandler : mHandlers) {
@@ -152,9 +152,9 @@ std::vector<std::shared_ptr<EventHandler>> EventTarget::Dispose()
     if (mPasses > 0) {
         // The pass still goes by places in the list.
         mNeedsSweep = true;
-        return mHandlers;
+    } else {
+        mHandlers.clear();
     }
-    return std::move(mHandlers);
 }
 
 void EventTarget::Sweep()
@@ -187,11 +187,13 @@ EventTargetRef NewEventTarget(EventTargetBehaviour theBehaviour)
 void DisposeEventTarget(EventTargetRef theTarget)
 {
     const std::shared_ptr<EventTarget> theFound = Targets().Remove(theTarget);
-    if (theFound != nullptr) {
-        for (const std::shared_ptr<EventHandler>& theHandler : theFound->Dispose()) {
-            Handlers().Remove(theHandler->Reference());
-        }
+    if (theFound == nullptr) {
+        return;
     }
+    for (size_t theIndex = 0; theIndex < theFound->Count(); ++theIndex) {
+        Handlers().Remove(theFound->At(theIndex)->Reference());
+    }
+    theFound->Dispose();
 }
 
 } // namespace Host

@@ -88,12 +88,12 @@ public:
 
     // Whether the object or a handler would be asked about an event of a type.
     bool Awaits(const EventTypeSpec& theType) const;
+
     void Install(std::shared_ptr<EventHandler> theHandler);
     void Remove(const EventHandler& theHandler);
 
-    // Removes all handlers and gives them to the caller.
-    std::vector<std::shared_ptr<EventHandler>> Dispose();
-    bool IsDisposed() const { return mIsDisposed; }
+    // Removes all handlers. Takes no memory.
+    void Dispose();
 
     // Handlers by their place, from the bottom. Places hold still while a pass is under way.
     size_t Count() const { return mHandlers.size(); }

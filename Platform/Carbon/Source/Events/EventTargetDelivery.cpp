@@ -53,7 +53,7 @@ private:
     static constexpr size_t kUsualLength = 8;
 
     alignas(Target) std::array<std::byte, kUsualLength * sizeof(Target)> mRoom;
-    std::pmr::monotonic_buffer_resource mMemory{mRoom.data(), mRoom.size()};
+    std::pmr::monotonic_buffer_resource mMemory{mRoom.data(), mRoom.size(), std::pmr::new_delete_resource()};
     std::pmr::vector<Target> mTargets{&mMemory};
 };
 
@@ -161,7 +161,8 @@ OSStatus Delivery::Run(const Event& theEvent)
 OSStatus Delivery::RunBelow(Position thePosition, const Event& theEvent)
 {
     OSStatus theResult = eventNotHandledErr;
-    while (thePosition.theTarget < mChain.Length()) {
+    // A handler that releases more than it holds ends the way: nobody is called for an event that is gone.
+    while (thePosition.theTarget < mChain.Length() && theEvent.Count() > 0) {
         const Outcome theOutcome = RunTarget(thePosition, theEvent);
         theResult = Stronger(theResult, theOutcome.theStatus);
         if (theOutcome.theIsOver) {
@@ -256,7 +257,7 @@ private:
 OSStatus SendEvent(const SharedEvent& theEvent, EventTargetRef theTarget, OptionBits theOptions)
 {
     std::shared_ptr<EventTarget> theFound = FindEventTarget(theTarget);
-    if (theFound == nullptr || theEvent == nullptr) {
+    if (theFound == nullptr || theEvent == nullptr || theEvent->Count() == 0) {
         return paramErr;
     }
     const EventHolder theHolder(theEvent);
@@ -307,6 +308,7 @@ OSStatus CallNextEventHandler(EventHandlerCallRef inCallRef, EventRef inEvent)
     if (theCall == nullptr || theEvent == nullptr) {
         return paramErr;
     }
+    const EventHolder theHolder(theEvent);
     return theCall->CallNext(*theEvent);
 }
 

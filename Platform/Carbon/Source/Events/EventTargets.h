@@ -9,7 +9,7 @@
 
 namespace Host {
 
-// What an object adds to its event target. Both functions may be empty. They outlive the object when it is
+// What an object adds to its event target. Each function may be empty. They outlive the object when it is
 // disposed while an event is on its way through the target, so they hold it weakly.
 struct EventTargetBehaviour
 {

@@ -20,9 +20,6 @@ namespace {
 class CommandSearch
 {
 public:
-    static constexpr size_t kUsualDepth = 4;
-    static constexpr size_t kUsualMenus = 16;
-
     explicit CommandSearch(MenuCommand theCommand)
         : mCommand(theCommand)
     {
@@ -48,6 +45,9 @@ public:
     }
 
 private:
+    static constexpr size_t kUsualDepth = 4;
+    static constexpr size_t kUsualMenus = 16;
+
     // A menu on the way, and the item that comes next in it.
     struct Step
     {

@@ -35,9 +35,11 @@ void FocusByClick(const SharedControl& theControl);
 // What a key does that no handler wanted, first in the control that has the focus, then in its window.
 // theEvent is the text input event that the press was turned into, or any other event, which they leave
 // alone; only keys with the command key are taken from the key event itself.
-bool ConcernsControl(OSType theClass); // whether it does anything with events of that class
 OSStatus PressKeyInControl(Control& theControl, EventRef theEvent);
 OSStatus PressKeyInWindow(const SharedWindow& theWindow, EventRef theEvent);
+
+// Whether PressKeyInControl does anything with events of a class.
+bool ConcernsControl(OSType theClass);
 
 // Makes this module answer the Event Manager's question for the user focus target.
 void AnswerForUserFocus();

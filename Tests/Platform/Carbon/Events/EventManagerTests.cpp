@@ -291,3 +291,30 @@ TEST(EventManager, TicksAreSixtiethsOfASecond)
     EXPECT_EQ(kEventDurationDay, 24 * kEventDurationHour);
     EXPECT_EQ(kEventDurationHour, 60 * kEventDurationMinute);
 }
+
+TEST(EventManager, AMenuThatDiesWithAParameterFindsTheEventInOrder)
+{
+    TestEvent theEvent;
+    MenuRef theMenu = nullptr;
+    ASSERT_EQ(CreateNewMenu(1, 0, &theMenu), noErr);
+    theEvent.Set('one ', typeUInt32, UInt32(1));
+    theEvent.Set(kName, typeMenuRef, theMenu);
+    theEvent.Set('two ', typeUInt32, UInt32(2));
+    Log theLog;
+    const TestHandler theHandler(GetMenuEventTarget(theMenu), "dispose", theLog,
+                                 [&](EventHandlerCallRef, EventRef) {
+                                     for (UInt32 theNumber = 0; theNumber < 20; ++theNumber) {
+                                         theEvent.Set('more' + theNumber, typeUInt32, theNumber);
+                                     }
+                                     RemoveEventParameter(theEvent.Get(), 'one ');
+                                     return OSStatus(noErr);
+                                 },
+                                 {{kEventClassMenu, kEventMenuDispose}});
+    DisposeMenu(theMenu);
+    EXPECT_EQ(theLog, Log{});
+    EXPECT_EQ(RemoveEventParameter(theEvent.Get(), kName), noErr);
+    EXPECT_EQ(theLog, Log{"dispose"});
+    EXPECT_EQ(RemoveEventParameter(theEvent.Get(), 'one '), eventParameterNotFoundErr);
+    EXPECT_EQ(Parameter<UInt32>(theEvent.Get(), 'two ', typeUInt32), 2u);
+    EXPECT_EQ(Parameter<UInt32>(theEvent.Get(), 'more' + 19, typeUInt32), 19u);
+}

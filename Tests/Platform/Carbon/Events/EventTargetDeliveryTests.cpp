@@ -417,6 +417,23 @@ TEST_F(EventTargetDelivery, TheEventStaysAliveWhileItIsOnItsWay)
     EXPECT_EQ(GetEventRetainCount(theEvent), 0u);
 }
 
+TEST_F(EventTargetDelivery, AnEventThatAHandlerReleasesTooOftenGoesNoFurther)
+{
+    EventRef theEvent = nullptr;
+    ASSERT_EQ(CreateEvent(nullptr, kTestClass, 1, 0, 0, &theEvent), noErr);
+    const TestHandler theOuter(GetApplicationEventTarget(), "outer", mLog, noErr);
+    const TestHandler theInner(Button(), "inner", mLog, [](EventHandlerCallRef, EventRef theReleased) {
+        for (int theTime = 0; theTime < 3; ++theTime) {
+            ReleaseEvent(theReleased);
+        }
+        return OSStatus(eventNotHandledErr);
+    });
+    EXPECT_EQ(SendEventToEventTarget(theEvent, Button()), eventNotHandledErr);
+    EXPECT_EQ(mLog, Log{"inner"});
+    EXPECT_EQ(GetEventRetainCount(theEvent), 0u);
+    EXPECT_EQ(SendEventToEventTarget(theEvent, Button()), paramErr);
+}
+
 TEST_F(EventTargetDelivery, ParametersSetByAHandlerReachTheSender)
 {
     const TestHandler theHandler(Button(), "button", mLog, [](EventHandlerCallRef, EventRef theEvent) {
