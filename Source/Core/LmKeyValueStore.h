@@ -123,7 +123,8 @@ public:
     // Observers may set the same key again. A set that is nested in more than 1,000 others of the same key of
     // the same store would hardly ever end: it is reported and changes nothing, and what is under way around
     // it goes on to its end. Until then, no further set that is nested in one of its own key is made either,
-    // so that one which comes back on several ways ends too. Nothing else limits how deep changes are nested.
+    // so that one which comes back on several ways ends too. A set does not count as nested in its own key
+    // when none of the 64 nearest around it is of that key. Nothing else limits how deep changes are nested.
     //
     // Diagnostics: those of GetKeyPathValue and SetKeyValue, "HasKey(theKeyName)" when the new value is
     // invalid, and "A set of %s.%s is nested in itself more than %d deep, and is not made". Cost: a constant
