@@ -38,14 +38,24 @@ open_thermostat()
     [ ! -e "$gPreferences" ] || give_up "$gCase: the preferences are written already"
 }
 
-# send <signal>...: all at once, as far as the program can tell.
+# send <signal>
 send()
 {
-    local theSignal
+    kill -s "$1" "$gProgram" || give_up "$gCase: the program is there to be ended"
+}
+
+# send_to_main_thread <signal>...: all at once, whatever else the machine does. Sent to the process, the last may go to
+# another thread, and come there when the first has ended the program.
+send_to_main_thread()
+{
     kill -s STOP "$gProgram"
-    for theSignal in "$@"; do
-        kill -s "$theSignal" "$gProgram" || give_up "$gCase: the program is there to be ended"
-    done
+    python3 - "$gProgram" "$@" <<'PYTHON' || give_up "$gCase: the program is there to be ended"
+import ctypes, signal, sys
+
+process = int(sys.argv[1])
+send = ctypes.CDLL(None).tgkill
+sys.exit(any([send(process, process, signal.Signals["SIG" + name]) for name in sys.argv[2:]]))
+PYTHON
     kill -s CONT "$gProgram"
 }
 
@@ -100,7 +110,7 @@ end_by_two_signals()
 {
     gCase="Two signals"
     open_thermostat
-    send TERM INT
+    send_to_main_thread TERM INT
     # As if by one of the two, which is 128 and its number; nothing is written any more.
     expect_end 130 143
     [ ! -e "$gPreferences" ] || give_up "$gCase: the preferences were written"
