@@ -51,12 +51,13 @@ inline mode_t ModeOf(const std::string& thePath)
     return stat(thePath.c_str(), &theStatus) == 0 ? theStatus.st_mode & 07777 : 0;
 }
 
-// The names in a folder, in ascending order.
+// The names in a folder, in ascending order. Read with 64-bit places in the folder: some file systems have
+// no shorter ones, and then a 32-bit program sees no names.
 inline std::vector<std::string> NamesIn(const std::string& theFolder)
 {
     std::vector<std::string> theNames;
     if (DIR* const theDirectory = opendir(theFolder.c_str())) {
-        while (const dirent* const theEntry = readdir(theDirectory)) {
+        while (const dirent64* const theEntry = readdir64(theDirectory)) {
             const std::string theName(theEntry->d_name);
             if (theName != "." && theName != "..") {
                 theNames.push_back(theName);
