@@ -59,34 +59,12 @@ protected:
     Self mSelf;
 };
 
-class WatchingObserver : public LmKeyValueObserver
+// Tells its witness what it hears, as an observer of its own or as the one that a bindable object is.
+template <class Observer>
+class Watching : public Observer
 {
 public:
-    WatchingObserver(const Self& theSelf, const ObjectPlan& /*thePlan*/)
-        : mSelf(theSelf)
-    {
-    }
-
-    LmString GetDebugInfo() const override { return mSelf.Name(); }
-
-    void ValueChanging(const LmKeyValueStore* theStore, const LmString& theKeyName) override
-    {
-        mSelf.Hear(theStore, theKeyName, false);
-    }
-
-    void ValueChanged(const LmKeyValueStore* theStore, const LmString& theKeyName) override
-    {
-        mSelf.Hear(theStore, theKeyName, true);
-    }
-
-private:
-    Self mSelf;
-};
-
-class WatchingBindable : public LmBindable
-{
-public:
-    WatchingBindable(const Self& theSelf, const ObjectPlan& /*thePlan*/)
+    Watching(const Self& theSelf, const ObjectPlan& /*thePlan*/)
         : mSelf(theSelf)
     {
     }
@@ -209,8 +187,8 @@ public:
     void Traced(const std::string& /*theLine*/) override {}
 };
 
-constexpr std::size_t kBlockSize = std::max({sizeof(Loud<QuietStore>), sizeof(WatchingObserver),
-                                             sizeof(WatchingBindable), sizeof(Loud<QuietBinding>)});
+constexpr std::size_t kBlockSize = std::max({sizeof(Loud<QuietStore>), sizeof(Watching<LmKeyValueObserver>),
+                                             sizeof(Watching<LmBindable>), sizeof(Loud<QuietBinding>)});
 
 LmString ToLibrary(const std::string& theText)
 {
@@ -381,7 +359,7 @@ void LibrarySystem::Create(Id theObject, const ObjectPlan& thePlan)
                            : Place<QuietStore>(theObject, thePlan);
         Register(theObject, theStore, nullptr, nullptr);
     } else if (thePlan.theSort == ObjectSort::Observer) {
-        LmKeyValueObserver* const theObserver = Place<WatchingObserver>(theObject, thePlan);
+        LmKeyValueObserver* const theObserver = Place<Watching<LmKeyValueObserver>>(theObject, thePlan);
         Register(theObject, nullptr, theObserver, nullptr);
     } else if (thePlan.theSort == ObjectSort::Binding) {
         LmKeyValueBinding* const theBinding =
@@ -389,7 +367,7 @@ void LibrarySystem::Create(Id theObject, const ObjectPlan& thePlan)
                            : Place<QuietBinding>(theObject, thePlan);
         Register(theObject, theBinding, theBinding, theBinding);
     } else {
-        LmBindable* const theBindable = Place<WatchingBindable>(theObject, thePlan);
+        LmBindable* const theBindable = Place<Watching<LmBindable>>(theObject, thePlan);
         LmKeyValueBinding* const theBindings = theBindable->GetBindings();
         Register(theObject, nullptr, theBindable, nullptr);
         Register(theObject + 1, theBindings, theBindings, theBindings);
