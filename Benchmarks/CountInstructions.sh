@@ -52,6 +52,7 @@ row 'an event through the binding of a menu command' menu 500
 row 'an event through the binding of a model' model 500
 row 'read a preference' preference-read 500
 row 'write a preference' preference-write 500
+row 'a change told to a function' observation 1000
 # The transforms that work hardest, each on the kind that it is for.
 row 'scale a double' transform 1000 8 5
 row 'add to a signed 32-bit integer' transform 1000 7 2

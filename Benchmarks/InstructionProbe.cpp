@@ -6,6 +6,7 @@
 // what the steps cost, without the program's start and the scenario's preparation.
 
 #include "BindingScenarios.h"
+#include "ControllerScenarios.h"
 #include "Scenarios.h"
 
 #include <cstdio>
@@ -33,10 +34,10 @@ std::size_t NumberArgument(int theCount, char** theArguments, int theIndex)
 int main(int theCount, char** theArguments)
 {
     if (theCount < 3) {
-        std::fprintf(stderr,
-                     "usage: InstructionProbe set|one-way|two-way|chain|fan-out-one-way|"
-                     "fan-out-two-way|bound-keys|pairs|followers|control|window|menu|model|"
-                     "preference-read|preference-write|transform <steps> [<size> [<observers or kind>]]\n");
+        std::fprintf(stderr, "usage: InstructionProbe set|one-way|two-way|chain|fan-out-one-way|"
+                             "fan-out-two-way|bound-keys|pairs|followers|control|window|menu|model|"
+                             "preference-read|preference-write|transform|observation <steps> [<size> "
+                             "[<observers or kind>]]\n");
         return EXIT_FAILURE;
     }
     const char* theName = theArguments[1];
@@ -77,6 +78,9 @@ int main(int theCount, char** theArguments)
     }
     if (std::strncmp(theName, "preference-", 11) == 0) {
         return Run(PreferenceScenario(std::strcmp(theName, "preference-write") == 0), theSteps);
+    }
+    if (std::strcmp(theName, "observation") == 0) {
+        return Run(ObservationScenario(), theSteps);
     }
     if (std::strcmp(theName, "transform") == 0) {
         return Run(TransformScenario(theSize, NumberArgument(theCount, theArguments, 4)), theSteps);

@@ -3,6 +3,7 @@
 // The scenarios under Google Benchmark.
 
 #include "BindingScenarios.h"
+#include "ControllerScenarios.h"
 #include "Scenarios.h"
 
 #include <benchmark/benchmark.h>
@@ -119,6 +120,13 @@ void WritingAPreference(benchmark::State& theState)
     Measure(theState, theScenario);
 }
 BENCHMARK(WritingAPreference);
+
+void Observation(benchmark::State& theState)
+{
+    ObservationScenario theScenario;
+    Measure(theState, theScenario);
+}
+BENCHMARK(Observation);
 
 void ApplyingATransform(benchmark::State& theState)
 {

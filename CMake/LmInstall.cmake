@@ -3,7 +3,7 @@
 # makes of them; without a component named, all is installed.
 include(CMakePackageConfigHelpers)
 
-set(LM_INSTALLED_LIBRARIES LmBindings)
+set(LM_INSTALLED_LIBRARIES LmBindings LmControllers)
 if(NOT APPLE)
   list(APPEND LM_INSTALLED_LIBRARIES LmCarbon LmCoreFoundation)
 else()
@@ -12,7 +12,7 @@ endif()
 
 # Installed libraries stand side by side and find one another there, wherever the folder is moved.
 if(APPLE)
-  set_target_properties(LmBindings PROPERTIES INSTALL_RPATH "@loader_path")
+  set_target_properties(LmBindings LmControllers PROPERTIES INSTALL_RPATH "@loader_path")
 else()
   set_target_properties(${LM_INSTALLED_LIBRARIES} PROPERTIES INSTALL_RPATH "$ORIGIN")
 endif()
@@ -71,6 +71,10 @@ else()
 endif()
 configure_file("${CMAKE_CURRENT_LIST_DIR}/lmbindings.pc.in" "${PROJECT_BINARY_DIR}/lmbindings.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/lmbindings.pc"
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT Development)
+configure_file("${CMAKE_CURRENT_LIST_DIR}/lmbindings-controllers.pc.in"
+  "${PROJECT_BINARY_DIR}/lmbindings-controllers.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/lmbindings-controllers.pc"
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT Development)
 if(TARGET LmCarbonDesktop)
   configure_file("${CMAKE_CURRENT_LIST_DIR}/lmbindings-desktop.pc.in"

@@ -130,7 +130,7 @@ of the interfaces CoreFoundation and Carbon that is used, belongs to it.
 \n")
 lm_debian_package(Libraries liblmbindings1 libs
   "${theCommon}This package contains the shared libraries.")
-lm_debian_libraries(Libraries liblmbindings1 liblmbindings-dev LmBindings LmCarbon LmCoreFoundation)
+lm_debian_libraries(Libraries liblmbindings1 liblmbindings-dev LmBindings LmCarbon LmControllers LmCoreFoundation)
 lm_debian_package(Development liblmbindings-dev libdevel
   "${theCommon}This package contains the headers, the CMake package and the pkg-config file."
   "liblmbindings1 (= ${LM_DEBIAN_VERSION})")
@@ -150,7 +150,7 @@ if(TARGET LmCarbonDesktop)
     "liblmbindings-dev (= ${LM_DEBIAN_VERSION})" "liblmbindings-desktop1 (= ${LM_DEBIAN_VERSION})")
   # The other libraries are found where they were built, and depended on by name.
   set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
-    "${PROJECT_BINARY_DIR}/Source" "${PROJECT_BINARY_DIR}/Platform/Carbon"
-    "${PROJECT_BINARY_DIR}/Platform/CoreFoundation")
+    "${PROJECT_BINARY_DIR}/Source" "${PROJECT_BINARY_DIR}/Source/Controllers"
+    "${PROJECT_BINARY_DIR}/Platform/Carbon" "${PROJECT_BINARY_DIR}/Platform/CoreFoundation")
 endif()
 include(CPack)

@@ -61,3 +61,31 @@ function(lm_configure_library theTarget)
     set_property(TARGET ${theTarget} APPEND PROPERTY LINK_DEPENDS "${theMap}")
   endif()
 endfunction()
+
+# lm_set_interface(<target> <umbrella header> [<header>...]): the interface of a library is what its umbrella header
+# includes, and the headers named here; its other headers are its own affair. The interfaces of all libraries lie in one
+# folder when they are installed, because they include one another by bare name. In the build such a folder stands for
+# them, from which no path leads to the others: what compiles as a part of an application's build compiles with the
+# installed library too.
+function(lm_set_interface theTarget theUmbrella)
+  set(theHeaders "${CMAKE_CURRENT_SOURCE_DIR}/${theUmbrella}")
+  foreach(theHeader IN LISTS ARGN)
+    list(APPEND theHeaders "${CMAKE_CURRENT_SOURCE_DIR}/${theHeader}")
+  endforeach()
+  file(STRINGS ${theUmbrella} theIncludes REGEX "^#include \"")
+  foreach(theInclude IN LISTS theIncludes)
+    string(REGEX REPLACE "^#include \"(.*)\"$" "\\1" theName "${theInclude}")
+    file(GLOB theHeader "${CMAKE_CURRENT_SOURCE_DIR}/${theName}" "${CMAKE_CURRENT_SOURCE_DIR}/*/${theName}")
+    list(APPEND theHeaders "${theHeader}")
+  endforeach()
+  set(theInterface "${CMAKE_CURRENT_BINARY_DIR}/Interface")
+  foreach(theHeader IN LISTS theHeaders)
+    get_filename_component(theName "${theHeader}" NAME)
+    file(CONFIGURE OUTPUT "${theInterface}/${theName}" CONTENT "#include \"${theHeader}\"\n" @ONLY)
+  endforeach()
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${theUmbrella})
+  set_target_properties(${theTarget} PROPERTIES PUBLIC_HEADER "${theHeaders}")
+  target_include_directories(${theTarget} INTERFACE
+    $<BUILD_INTERFACE:${theInterface}>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/LmBindings>)
+endfunction()

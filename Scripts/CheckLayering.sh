@@ -4,7 +4,7 @@
 # CheckLayering.sh <root of the project>: fails when a folder includes what its layer may not know, and
 # names each such line.
 #
-#   Examples -> Source -> Platform/Carbon -> Platform/CoreFoundation
+#   Examples -> Source/Controllers -> Source -> Platform/Carbon -> Platform/CoreFoundation
 #   Platform/Simulation -> Platform/Carbon -> Platform/Presentation
 #
 # Source knows of its host only <CoreFoundation/CoreFoundation.h> and <Carbon/Carbon.h>, asks for no
@@ -69,6 +69,21 @@ without_headers_of()
     without "\"(${theNames:-none})\\.h\""
 }
 
+# without_headers_of_interface: leaves out the headers that the library has for applications.
+without_headers_of_interface()
+{
+    local theNames
+    theNames=$(find Source -path Source/Controllers -prune -o -name '*.h' -not -path '*/Internal/*' -print |
+        sed -nE 's,.*/([A-Za-z]+)\.h$,\1,p' | sort -u | paste -sd '|')
+    without "\"(${theNames:-none})\\.h\""
+}
+
+# controllers_names: the headers of the controllers, each as it would be included.
+controllers_names()
+{
+    files Source/Controllers | sed -nE 's,.*/([A-Za-z]+\.h)$,"\1",p'
+}
+
 # room <folder> <rooms below, as a pattern>: a room of the managers includes its own headers by bare name, and
 # those of the rooms below it by the room's name.
 room()
@@ -113,6 +128,15 @@ report "Source includes only its own headers by bare name, the standard library 
         without "$kStandard" |
         without_headers_of Source
 )
+report "Controllers use what every application can use" < <(
+    includes Source/Controllers |
+        without '<.*>' |
+        without_headers_of Source/Controllers |
+        without_headers_of_interface
+)
+report "The library does not know its controllers" < <(
+    includes Source | grep -v '^Source/Controllers/' | grep -Ff <(controllers_names)
+)
 report "Source asks for no system" < <(
     lines '^[[:space:]]*#[[:space:]]*(if|ifdef|ifndef|elif)[^A-Za-z_].*(linux|unix|APPLE|MACH|WIN32|GLIBC|GNU_LIBRARY|TARGET_)' \
         "${theSourceFiles[@]}"
@@ -128,7 +152,7 @@ report "Source throws nothing" < <(
     lines '(^|[^A-Za-z_])throw([^A-Za-z_]|$)' "${theSourceFiles[@]}"
 )
 report "Platform knows nothing of Source" < <(
-    includes Platform | grep -E '[<"/]Lm[A-Za-z]*\.h[>"]|Source/(Core|Transforms|Bindings)/'
+    includes Platform | grep -E '[<"/]Lm[A-Za-z]*\.h[>"]|Source/(Core|Transforms|Bindings|Controllers)/'
 )
 report "A header lies beside its source" < <(
     headers_elsewhere Platform

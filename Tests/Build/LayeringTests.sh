@@ -13,12 +13,16 @@ gFailures=0
 fresh_tree()
 {
     rm -rf "${gTree:?}"/*
-    mkdir -p "$gTree/Source/Core" "$gTree/Platform/CoreFoundation" "$gTree/Platform/Simulation" \
+    mkdir -p "$gTree"/Source/{Core,Core/Internal,Controllers/Internal} "$gTree/Platform/CoreFoundation" "$gTree/Platform/Simulation" \
         "$gTree"/Platform/Carbon/Source/{Base,System,Events,Menus,Windows/ControlKinds,Input} \
         "$gTree/Platform/Common" "$gTree"/Platform/Presentation/{Include/Presentation,Headless,Qt} "$gTree/Examples"
     printf '%s\n' '#ifndef LmThing_h' '#include <Carbon/Carbon.h>' '#include <vector>' '#endif' \
         >"$gTree/Source/Core/LmThing.h"
     printf '%s\n' '#include "LmThing.h"' '// throw #include <Nothing.h>' >"$gTree/Source/Core/LmThing.cpp"
+    : >"$gTree/Source/Core/Internal/LmHidden.h"
+    : >"$gTree/Source/Controllers/Internal/LmInside.h"
+    printf '%s\n' '#include "LmThing.h"' '#include "LmInside.h"' '#include <Carbon/Carbon.h>' '#include <map>' \
+        >"$gTree/Source/Controllers/LmController.h"
     printf '%s\n' '#include <CoreFoundation/CoreFoundation.h>' '#include <unistd.h>' >"$gTree/Platform/Carbon/Source/Events/Loop.cpp"
     printf '%s\n' '#include "Loop.h"' '#include "Base/Table.h"' >>"$gTree/Platform/Carbon/Source/Events/Loop.cpp"
     printf '%s\n' '#include <vector>' >"$gTree/Platform/Carbon/Source/Events/Loop.h"
@@ -75,6 +79,10 @@ finds Source/Core/LmThing.cpp '    return std::get<int>(theVariant);'
 finds Source/Core/LmThing.cpp '    const CGFloat theWidth = 1;'
 finds Source/Core/LmThing.cpp '    CFStringGetLongCharacterForSurrogatePair(theHigh, theLow);'
 finds Source/Core/LmThing.cpp '    throw 1;'
+finds Source/Controllers/LmController.h '#include "LmHidden.h"'
+finds Source/Controllers/LmController.h '#include <CoreFoundation/CFString.h>'
+finds Source/Core/LmThing.h '#include "LmController.h"'
+finds Source/Core/LmThing.cpp '#include "LmInside.h"'
 finds Platform/Carbon/Source/Events/Loop.cpp '#include "LmThing.h"'
 finds Platform/Carbon/Source/Events/Loop.cpp '#include <LmBindings/LmThing.h>'
 finds Platform/Carbon/Source/Events/Loop.cpp '#include <QWidget>'

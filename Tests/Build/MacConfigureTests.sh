@@ -79,10 +79,12 @@ EXECUTABLE Gallery
 EXECUTABLE OwnModel
 EXECUTABLE Thermostat
 EXECUTABLE bindingsTests
+EXECUTABLE controllersTests
 EXECUTABLE coreTests
 EXECUTABLE scenariosTests
 EXECUTABLE transformsTests
 SHARED_LIBRARY LmBindings
+SHARED_LIBRARY LmControllers
 STATIC_LIBRARY LmTestSupport
 STATIC_LIBRARY ThermostatParts" "$(targets i386 | sort)"
 expect "The flags of a source" "-Wno-deprecated-declarations

@@ -24,6 +24,18 @@ expect_run()
     echo "$1: built and run"
 }
 
+# expect_controllers <how> <program>
+expect_controllers()
+{
+    local theOutput
+    theOutput=$("$2")
+    if [ "$theOutput" != "volume 11, was 7" ]; then
+        echo "$1: the program with controllers printed: $theOutput"
+        exit 1
+    fi
+    echo "$1: built and run with controllers"
+}
+
 # cmake_project <name> <option>...: configures and builds the foreign project.
 cmake_project()
 {
@@ -34,6 +46,7 @@ cmake_project()
         -DCMAKE_EXE_LINKER_FLAGS=-Wl,--as-needed -DCMAKE_CXX_STANDARD_LIBRARIES=-Wl,--as-needed "$@"
     cmake --build "$theWork/$theName"
     expect_run "$theName" "$theWork/$theName/Foreign"
+    expect_controllers "$theName" "$theWork/$theName/ForeignControllers"
     # What the project wrote is a list of words.
     # shellcheck disable=SC2046
     expect_private "$theName" $(cat "$theWork/$theName/IncludeFlags.txt")
@@ -163,6 +176,9 @@ export PKG_CONFIG_PATH=$theLibraries/pkgconfig
         $(pkg-config --cflags --libs lmbindings) -Wl,-rpath,"$theLibraries"
     expect_run pkg-config "$theWork/pkg-config/Foreign"
     expect_private pkg-config $(pkg-config --cflags lmbindings)
+    g++ -std=c++17 $kWarnings "$kForeign/Controllers.cpp" -o "$theWork/pkg-config/ForeignControllers" \
+        $(pkg-config --cflags --libs lmbindings-controllers) -Wl,-rpath,"$theLibraries"
+    expect_controllers pkg-config "$theWork/pkg-config/ForeignControllers"
     if pkg-config --exists lmbindings-desktop; then
         # The linker leaves out what no program calls; the library stays, wherever the order to do so stands.
         g++ -std=c++17 $kWarnings -Wl,--as-needed "$kForeign/Window.cpp" -o "$theWork/pkg-config/ForeignOnDesktop" \

@@ -1,0 +1,11 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef LmControllers_h
+#define LmControllers_h
+
+// All of the interface of the library Lm::Controllers: what stands around stores and bindings, and looks
+// after itself. LmBindings.h does not include it, for an application can do without.
+
+#include "LmObservation.h"
+
+#endif

@@ -1,0 +1,5 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+// @shell 1 what Examples/Tutorial/CMakeLists.txt does for the program of the page
+// @file 2 Examples/Tutorial/11-Controllers/Controllers.cpp
+// @file 3 Examples/Tutorial/11-Controllers/expected.txt
