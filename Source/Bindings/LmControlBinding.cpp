@@ -6,6 +6,7 @@
 #include "LmCodeText.h"
 #include "LmDiagnostics.h"
 #include "LmIsText.h"
+#include "LmNameComparison.h"
 #include "LmUpdateScope.h"
 
 #include <cstdio>
@@ -144,12 +145,17 @@ OSStatus WriteControl(ControlRef theControl, bool isText, const LmString& theKey
 void SyncChangedNumber(LmControlBinding& theBinding)
 {
     const ControlRef theControl = theBinding.GetControl();
-    if (GetControl32BitValue(theControl) != theBinding.GetKeyValue(kKeyValue).GetSInt32()) {
-        theBinding.SyncValue(kKeyValue);
-    } else if (GetControl32BitMinimum(theControl) != theBinding.GetKeyValue(kKeyMinimum).GetSInt32()) {
-        theBinding.SyncValue(kKeyMinimum);
-    } else if (GetControl32BitMaximum(theControl) != theBinding.GetKeyValue(kKeyMaximum).GetSInt32()) {
-        theBinding.SyncValue(kKeyMaximum);
+    const std::pair<const char*, SInt32 (*)(ControlRef)> kNumbers[] = {
+        {kKeyValue, GetControl32BitValue},
+        {kKeyMinimum, GetControl32BitMinimum},
+        {kKeyMaximum, GetControl32BitMaximum},
+    };
+    for (const auto& theNumber : kNumbers) {
+        const LmString theKey(theNumber.first);
+        if (theNumber.second(theControl) != theBinding.GetKeyValue(theKey).GetSInt32()) {
+            theBinding.SyncValue(theKey);
+            break;
+        }
     }
 }
 

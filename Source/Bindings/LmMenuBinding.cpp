@@ -6,6 +6,7 @@
 #include "LmCodeText.h"
 #include "LmDiagnostics.h"
 #include "LmIsText.h"
+#include "LmNameComparison.h"
 #include "LmUpdateScope.h"
 
 #include <cstdio>

@@ -5,6 +5,7 @@
 #include "LmAdoptedString.h"
 #include "LmDiagnostics.h"
 #include "LmIsText.h"
+#include "LmNameComparison.h"
 #include "LmNumericConversion.h"
 #include "LmUpdateScope.h"
 

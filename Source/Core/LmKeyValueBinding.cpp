@@ -2,10 +2,10 @@
 
 #include "LmKeyValueBinding.h"
 
-#include "LmAnyKey.h"
 #include "LmBindingIndex.h"
 #include "LmDiagnostics.h"
 #include "LmLifeWatch.h"
+#include "LmNameComparison.h"
 #include "LmRollback.h"
 #include "LmTrace.h"
 #include "LmValueTransform.h"

@@ -2,12 +2,12 @@
 
 #include "LmKeyValueStore.h"
 
-#include "LmAnyKey.h"
 #include "LmDiagnostics.h"
 #include "LmKeyMemo.h"
 #include "LmKeyValueObserver.h"
 #include "LmLifeWatch.h"
 #include "LmLongList.h"
+#include "LmNameComparison.h"
 #include "LmObserverSnapshot.h"
 #include "LmRollback.h"
 #include "LmThreadCheck.h"

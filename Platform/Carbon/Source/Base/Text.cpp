@@ -34,12 +34,19 @@ CFStringRef CreateFromBytes(const void* theBytes, size_t theCount, CFStringEncod
                                    static_cast<CFIndex>(theCount), theEncoding, false);
 }
 
+bool IsAscii(const Text& theText)
+{
+    return std::all_of(theText.begin(), theText.end(), [](char16_t theUnit) { return theUnit < 0x80; });
+}
+
 // The encodings asked for here all have the characters of ASCII at their places.
+std::string BytesOfAscii(const Text& theText)
+{
+    return std::string(theText.begin(), theText.end());
+}
+
 std::string EncodedAs(const Text& theText, CFStringEncoding theEncoding)
 {
-    if (std::all_of(theText.begin(), theText.end(), [](char16_t theUnit) { return theUnit < 0x80; })) {
-        return std::string(theText.begin(), theText.end());
-    }
     const OwnedString theOwned(CreateString(theText));
     if (theOwned == nullptr) {
         return std::string();
@@ -112,7 +119,7 @@ CFStringRef CreateString(const Text& theText)
 
 std::string BytesOf(const Text& theText)
 {
-    return EncodedAs(theText, kCFStringEncodingMacRoman);
+    return IsAscii(theText) ? BytesOfAscii(theText) : EncodedAs(theText, kCFStringEncodingMacRoman);
 }
 
 void CopyToPascalString(const Text& theText, Str255 theString)
@@ -129,7 +136,8 @@ void CopyToPascalString(const Text& theText, Str255 theString)
 
 std::string Utf8Of(const Text& theText)
 {
-    return EncodedAs(WithoutLoneHalves(theText), kCFStringEncodingUTF8);
+    return IsAscii(theText) ? BytesOfAscii(theText)
+                            : EncodedAs(WithoutLoneHalves(theText), kCFStringEncodingUTF8);
 }
 
 Text TextOfUtf8(const std::string& theBytes)

@@ -26,6 +26,9 @@ EventTable& Events()
     return sEvents.Get();
 }
 
+// What this thread holds; null while that is nothing.
+thread_local const EventHolder* tInnermostHolder = nullptr;
+
 // The bytes of a parameter as the type that the caller wants; null when there is no way to have them.
 const std::string* BytesAs(const ParameterData& theData, EventParamType theType, std::string* theConverted)
 {
@@ -69,6 +72,18 @@ EventRef Copy(EventRef theOther, const MakeType& theMakeType)
     return theCopy;
 }
 
+// What an event answers; 0 for a bad one.
+template <class Question>
+auto AnswerOf(EventRef theReference, const Question& theQuestion)
+    -> decltype(theQuestion(std::declval<Event>()))
+{
+    if (const SharedEvent* const theHeld = EventHolder::Find(theReference)) {
+        return theQuestion(**theHeld);
+    }
+    const SharedEvent theEvent = Events().Find(theReference);
+    return theEvent == nullptr ? 0 : theQuestion(*theEvent);
+}
+
 } // namespace
 
 Event::Event(const EventTypeSpec& theType, EventTime theTime, EventAttributes theAttributes)
@@ -92,7 +107,8 @@ SharedEvent Event::Make(const EventTypeSpec& theType, EventTime theTime, EventAt
 
 SharedEvent Event::Find(EventRef theReference)
 {
-    return Events().Find(theReference);
+    const SharedEvent* const theHeld = EventHolder::Find(theReference);
+    return theHeld != nullptr ? *theHeld : Events().Find(theReference);
 }
 
 SharedEvent Event::CopyAs(const EventTypeSpec& theType) const
@@ -147,6 +163,28 @@ bool Event::RemoveParameter(EventParamName theName)
     const ParameterData theOld = std::move(theFound->theData);
     mParameters.erase(theFound);
     return true;
+}
+
+EventHolder::EventHolder(SharedEvent theEvent)
+    : mEvent(std::move(theEvent)),
+      mOuter(std::exchange(tInnermostHolder, this))
+{
+    mEvent->Retain();
+}
+
+EventHolder::~EventHolder()
+{
+    tInnermostHolder = mOuter;
+    mEvent->Release();
+}
+
+const SharedEvent* EventHolder::Find(EventRef theReference)
+{
+    const EventHolder* const theHolder = tInnermostHolder;
+    // One that was released too often is out of the table as well.
+    const bool theIsIt = theHolder != nullptr && theHolder->mEvent->Reference() == theReference &&
+                         theHolder->mEvent->Count() > 0;
+    return theIsIt ? &theHolder->mEvent : nullptr;
 }
 
 OSStatus WriteEventParameter(Event& theEvent, EventParamName theName, EventParamType theType,
@@ -230,26 +268,22 @@ void ReleaseEvent(EventRef inEvent)
 
 ItemCount GetEventRetainCount(EventRef inEvent)
 {
-    const SharedEvent theEvent = Event::Find(inEvent);
-    return theEvent == nullptr ? 0 : theEvent->Count();
+    return AnswerOf(inEvent, [](const Event& theEvent) { return theEvent.Count(); });
 }
 
 OSType GetEventClass(EventRef inEvent)
 {
-    const SharedEvent theEvent = Event::Find(inEvent);
-    return theEvent == nullptr ? 0 : theEvent->Type().eventClass;
+    return AnswerOf(inEvent, [](const Event& theEvent) { return theEvent.Type().eventClass; });
 }
 
 UInt32 GetEventKind(EventRef inEvent)
 {
-    const SharedEvent theEvent = Event::Find(inEvent);
-    return theEvent == nullptr ? 0 : theEvent->Type().eventKind;
+    return AnswerOf(inEvent, [](const Event& theEvent) { return theEvent.Type().eventKind; });
 }
 
 EventTime GetEventTime(EventRef inEvent)
 {
-    const SharedEvent theEvent = Event::Find(inEvent);
-    return theEvent == nullptr ? 0 : theEvent->Time();
+    return AnswerOf(inEvent, [](const Event& theEvent) { return theEvent.Time(); });
 }
 
 OSStatus SetEventTime(EventRef inEvent, EventTime inTime)

@@ -100,21 +100,23 @@ OSStatus ReadEventParameter(const Event& theEvent, EventParamName theName, Event
                             EventParamType* theActualType, ByteCount theBufferSize, ByteCount* theActualSize,
                             void* theBuffer);
 
-// Holds a count on an event while something that might release it is called.
+// Holds a count on an event while something that might release it is called: its handlers.
+//
+// These ask about their event again and again, so the one held last on a thread is found without the table.
 class [[nodiscard]] EventHolder
 {
 public:
-    explicit EventHolder(SharedEvent theEvent)
-        : mEvent(std::move(theEvent))
-    {
-        mEvent->Retain();
-    }
-    ~EventHolder() { mEvent->Release(); }
+    explicit EventHolder(SharedEvent theEvent);
+    ~EventHolder();
     EventHolder(const EventHolder&) = delete;
     EventHolder& operator=(const EventHolder&) = delete;
 
+    // The event that a reference stands for, if it is the one held last on this thread; else null.
+    static const SharedEvent* Find(EventRef theReference);
+
 private:
     SharedEvent mEvent;
+    const EventHolder* mOuter;
 };
 
 } // namespace Host

@@ -35,9 +35,13 @@ public:
     Chain(std::shared_ptr<EventTarget> theTarget, bool theGoesOutward)
     {
         mTargets.reserve(kUsualLength);
-        while (theTarget != nullptr) {
-            mTargets.push_back(theTarget);
-            theTarget = theGoesOutward ? TargetAround(*theTarget) : nullptr;
+        mTargets.push_back(std::move(theTarget));
+        while (theGoesOutward) {
+            Target theNext = TargetAround(*mTargets.back());
+            if (theNext == nullptr) {
+                break;
+            }
+            mTargets.push_back(std::move(theNext));
         }
     }
     Chain(const Chain&) = delete;

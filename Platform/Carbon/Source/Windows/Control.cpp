@@ -245,7 +245,7 @@ OSStatus Control::Ask(OSType theClass, UInt32 theKind)
 // The managers hold the truth: a picture that there is no memory for is made up for by the next one.
 void Control::Show() const
 {
-    if (Owner() != nullptr && !mIsGone) {
+    if (!mIsGone && !mOwner.expired()) {
         Guarded([this] {
             PresenterRegistry::Current().ControlLooks(Look());
             return OSStatus{noErr};
@@ -255,7 +255,7 @@ void Control::Show() const
 
 void Control::ShowAll() const
 {
-    if (Owner() != nullptr && !mIsGone) {
+    if (!mIsGone && !mOwner.expired()) {
         Guarded([this] {
             Replay(PresenterRegistry::Current());
             return OSStatus{noErr};

@@ -426,12 +426,37 @@ TEST_F(EventTargetDelivery, AnEventThatAHandlerReleasesTooOftenGoesNoFurther)
         for (int theTime = 0; theTime < 3; ++theTime) {
             ReleaseEvent(theReleased);
         }
+        EXPECT_EQ(GetEventClass(theReleased), 0u);
+        EXPECT_EQ(RetainEvent(theReleased), nullptr);
         return OSStatus(eventNotHandledErr);
     });
     EXPECT_EQ(SendEventToEventTarget(theEvent, Button()), eventNotHandledErr);
     EXPECT_EQ(mLog, Log{"inner"});
     EXPECT_EQ(GetEventRetainCount(theEvent), 0u);
     EXPECT_EQ(SendEventToEventTarget(theEvent, Button()), paramErr);
+}
+
+TEST_F(EventTargetDelivery, EventsOnTheirWayAreFoundFromTheInnermostHandlerAndFromOtherThreads)
+{
+    const TestEvent theOuterEvent(1);
+    const TestEvent theInnerEvent(2);
+    std::vector<UInt32> theKinds;
+    const auto theAsk = [&] {
+        theKinds.push_back(GetEventKind(theInnerEvent.Get()));
+        theKinds.push_back(GetEventKind(theOuterEvent.Get()));
+    };
+    const TestHandler theHandler(Button(), "button", mLog,
+                                 [&](EventHandlerCallRef, EventRef theEvent) {
+                                     if (theEvent == theOuterEvent.Get()) {
+                                         return SendEventToEventTarget(theInnerEvent.Get(), Button());
+                                     }
+                                     theAsk();
+                                     std::thread(theAsk).join();
+                                     return OSStatus(noErr);
+                                 },
+                                 {kTestEvent, kOtherTestEvent});
+    EXPECT_EQ(SendEventToEventTarget(theOuterEvent.Get(), Button()), noErr);
+    EXPECT_EQ(theKinds, (std::vector<UInt32>{2, 1, 2, 1}));
 }
 
 TEST_F(EventTargetDelivery, ParametersSetByAHandlerReachTheSender)
