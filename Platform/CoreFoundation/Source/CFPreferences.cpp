@@ -39,9 +39,8 @@ public:
 
     CFDictionaryRef GetValues()
     {
-        if (mValues.Get() == nullptr) {
-            Replace(mValues,
-                    mName.empty() ? NewDictionary() : Host::PreferenceStore::GetShared().Load(mName));
+        if (mIsToBeLoaded) {
+            LoadValues();
         }
         return mValues.Get();
     }
@@ -52,7 +51,7 @@ public:
         const CFTypeRef theOldValue = CFDictionaryGetValue(GetValues(), theKey);
         const bool theIsSame = theValue == nullptr ? theOldValue == nullptr
                                                    : theOldValue != nullptr && CFEqual(theOldValue, theValue);
-        if (theIsSame) {
+        if (theIsSame && mIsKnown) {
             return;
         }
         if (mChanges.Get() == nullptr) {
@@ -70,14 +69,11 @@ public:
         }
     }
 
-    // Writes the changes; without changes, forgets the values, so that they are loaded again when they are
-    // asked for.
+    // Writes the changes; without changes, lets the values be loaded again when they are asked for.
     bool Synchronize()
     {
         if (mChanges.Get() == nullptr) {
-            if (!mName.empty()) {
-                Replace(mValues, Values(nullptr));
-            }
+            mIsToBeLoaded = mIsToBeLoaded || !mName.empty();
             return true;
         }
         if (mName.empty()) {
@@ -89,10 +85,24 @@ public:
         }
         Replace(mValues, std::move(theWritten));
         Replace(mChanges, Values(nullptr));
+        mIsKnown = true;
         return true;
     }
 
 private:
+    // While the values cannot be read, the domain holds those that were read last.
+    void LoadValues()
+    {
+        Values theValues = mName.empty() ? NewDictionary() : Host::PreferenceStore::GetShared().Load(mName);
+        mIsKnown = theValues.Get() != nullptr;
+        if (mIsKnown) {
+            Replace(mValues, std::move(theValues));
+        } else if (mValues.Get() == nullptr) {
+            Replace(mValues, NewDictionary());
+        }
+        mIsToBeLoaded = false;
+    }
+
     static Values NewDictionary()
     {
         return Host::RequireMemory(CFDictionaryCreateMutable(nullptr, 0, &kCFTypeDictionaryKeyCallBacks,
@@ -115,8 +125,10 @@ private:
     static void Replace(Values& theOld, Values&& theNew) { theOld.Swap(theNew); }
 
     const std::string mName;
-    Values mValues{nullptr};  // null: to be loaded
-    Values mChanges{nullptr}; // null: none
+    Values mValues{nullptr};   // null: never asked for
+    Values mChanges{nullptr};  // null: none
+    bool mIsToBeLoaded = true; // before they are asked for the next time
+    bool mIsKnown = false;     // the values are the store's, as far as it could be read
 };
 
 // What a domain is found by: the application, the user and the host, as texts that somebody else keeps.

@@ -74,8 +74,11 @@ FilePreferenceStore::State FilePreferenceStore::Read(const std::string& thePath,
 {
     std::string theContent;
     const FileContent theOutcome = ReadFile(thePath, theContent);
-    if (theOutcome != FileContent::kRead) {
-        return {EmptyValues(), theOutcome == FileContent::kAbsent};
+    if (theOutcome == FileContent::kUnreadable) {
+        return {Values(nullptr), false};
+    }
+    if (theOutcome == FileContent::kAbsent) {
+        return {EmptyValues(), true};
     }
     try {
         return {ReadDictionary(theContent), true};

@@ -23,8 +23,9 @@ public:
     Values Save(const std::string& theName, CFDictionaryRef theChanges) override;
 
 private:
-    // What a file holds. The values are empty unless it could be read; nothing is in the way of writing when
-    // it could, when there is none, and when it was damaged and could be kept aside.
+    // What a file holds: null when that cannot be read now, and nothing when there is none or it is damaged.
+    // Nothing is in the way of writing when it could be read, when there is none, and when it was damaged and
+    // could be kept aside.
     struct State
     {
         Values theValues;

@@ -22,8 +22,8 @@ public:
     PreferenceStore(const PreferenceStore&) = delete;
     PreferenceStore& operator=(const PreferenceStore&) = delete;
 
-    // The values of a domain; an empty dictionary when it has none. theName is a path within the store.
-    // Throws std::bad_alloc.
+    // The values of a domain; an empty dictionary when it has none, null when they cannot be read now.
+    // theName is a path within the store. Throws std::bad_alloc.
     virtual Values Load(const std::string& theName) = 0;
 
     // Applies changes to the values that the domain has now, which may be others than when it was loaded, and

@@ -95,9 +95,9 @@ inline std::string Binary(const std::vector<std::string>& theObjects, size_t the
 }
 
 // Arrays in arrays.
-inline Owned<CFPropertyListRef> NestedArray(int theDepth)
+inline Owned<CFPropertyListRef> NestedArray(int theDepth, CFPropertyListRef theInnermost = kCFBooleanTrue)
 {
-    CFPropertyListRef theList = CFRetain(kCFBooleanTrue);
+    CFPropertyListRef theList = CFRetain(theInnermost);
     for (int theIndex = 1; theIndex < theDepth; ++theIndex) {
         const CFPropertyListRef theArray = CFArrayCreate(nullptr, &theList, 1, &kCFTypeArrayCallBacks);
         CFRelease(theList);

@@ -2,130 +2,10 @@
 
 // Processes that are killed while they write, and processes that write at the same time.
 
+#include "FaultyCalls.h"
 #include "PreferenceFileSupport.h"
 
 #include <csignal>
-#include <sys/syscall.h>
-
-namespace {
-
-// How many calls that change files a process may still make; negative for any number.
-int gCallsUntilKill = -1;
-
-// Whether this call is the one that the process does not survive.
-bool IsLastCall()
-{
-    return gCallsUntilKill >= 0 && gCallsUntilKill-- == 0;
-}
-
-} // namespace
-
-// These take the place of the system's functions in the whole test program, the libraries included.
-#pragma GCC visibility push(default)
-
-extern "C" ssize_t write(int theDescriptor, const void* theBytes, size_t theCount)
-{
-    if (!IsLastCall()) {
-        return syscall(SYS_write, theDescriptor, theBytes, theCount);
-    }
-    syscall(SYS_write, theDescriptor, theBytes, theCount / 2);
-    return kill(getpid(), SIGKILL);
-}
-
-extern "C" int fsync(int theDescriptor)
-{
-    return static_cast<int>(IsLastCall() ? kill(getpid(), SIGKILL) : syscall(SYS_fsync, theDescriptor));
-}
-
-extern "C" int rename(const char* theOldPath, const char* theNewPath) noexcept
-{
-    return static_cast<int>(IsLastCall() ? kill(getpid(), SIGKILL)
-                                         : syscall(SYS_rename, theOldPath, theNewPath));
-}
-
-extern "C" int unlink(const char* thePath) noexcept
-{
-    return static_cast<int>(IsLastCall() ? kill(getpid(), SIGKILL) : syscall(SYS_unlink, thePath));
-}
-
-#pragma GCC visibility pop
-
-namespace {
-
-// The ends of a pipe, closed at the end of the scope.
-class Pipe
-{
-public:
-    Pipe()
-    {
-        if (pipe(mEnds) != 0) {
-            std::abort();
-        }
-    }
-    ~Pipe()
-    {
-        close(mEnds[0]);
-        CloseWriting();
-    }
-    Pipe(const Pipe&) = delete;
-    Pipe& operator=(const Pipe&) = delete;
-
-    void Write(int theNumber) const
-    {
-        if (write(mEnds[1], &theNumber, sizeof theNumber) != sizeof theNumber) {
-            _exit(1);
-        }
-    }
-
-    // False at the end, which comes when no process writes any more.
-    bool Read(int& theNumber) const
-    {
-        return read(mEnds[0], &theNumber, sizeof theNumber) == sizeof theNumber;
-    }
-
-    void CloseWriting()
-    {
-        if (mEnds[1] >= 0) {
-            close(std::exchange(mEnds[1], -1));
-        }
-    }
-
-private:
-    int mEnds[2];
-};
-
-// Numbers without a pattern, the same ones in every run.
-class Numbers
-{
-public:
-    unsigned Next(unsigned theLimit)
-    {
-        mState = mState * 1103515245 + 12345;
-        return mState / 65536 % theLimit;
-    }
-
-private:
-    unsigned mState = 2026;
-};
-
-// Passes some time without asking the clock.
-void Spin(unsigned theTurns)
-{
-    for (volatile unsigned theTurn = 0; theTurn < theTurns; theTurn = theTurn + 1) {
-    }
-}
-
-SInt64 IntegerIn(CFDictionaryRef theValues, CFStringRef theKey)
-{
-    const CFNumberRef theNumber = static_cast<CFNumberRef>(CFDictionaryGetValue(theValues, theKey));
-    SInt64 theValue = -1;
-    if (theNumber != nullptr) {
-        CFNumberGetValue(theNumber, kCFNumberSInt64Type, &theValue);
-    }
-    return theValue;
-}
-
-} // namespace
 
 TEST_F(PreferenceFiles, WhatWasSynchronizedSurvivesAKill)
 {
@@ -160,7 +40,7 @@ TEST_F(PreferenceFiles, AProcessThatIsKilledInAnyCallLeavesOldOrNewValues)
         theResult = RunInProcess([this, theCalls] {
             Set(CFSTR("a"), CFSTR("new"));
             Set(CFSTR("z"), CFSTR("new"));
-            gCallsUntilKill = theCalls;
+            FaultyCalls::KillAfter(theCalls);
             return Synchronize() ? 0 : 1;
         });
         const auto theFound = FileValues();

@@ -112,6 +112,79 @@ inline int RunInProcess(const std::function<int()>& theWork)
     return ResultOf(StartProcess(theWork));
 }
 
+// The ends of a pipe, closed at the end of the scope.
+class Pipe
+{
+public:
+    Pipe()
+    {
+        if (pipe(mEnds) != 0) {
+            std::abort();
+        }
+    }
+    ~Pipe()
+    {
+        close(mEnds[0]);
+        CloseWriting();
+    }
+    Pipe(const Pipe&) = delete;
+    Pipe& operator=(const Pipe&) = delete;
+
+    void Write(int theNumber) const
+    {
+        if (write(mEnds[1], &theNumber, sizeof theNumber) != sizeof theNumber) {
+            _exit(1);
+        }
+    }
+
+    // False at the end, which comes when no process writes any more.
+    bool Read(int& theNumber) const
+    {
+        return read(mEnds[0], &theNumber, sizeof theNumber) == sizeof theNumber;
+    }
+
+    void CloseWriting()
+    {
+        if (mEnds[1] >= 0) {
+            close(std::exchange(mEnds[1], -1));
+        }
+    }
+
+private:
+    int mEnds[2];
+};
+
+// Numbers without a pattern, the same ones in every run.
+class Numbers
+{
+public:
+    unsigned Next(unsigned theLimit)
+    {
+        mState = mState * 1103515245 + 12345;
+        return mState / 65536 % theLimit;
+    }
+
+private:
+    unsigned mState = 2026;
+};
+
+// Passes some time without asking the clock.
+inline void Spin(unsigned theTurns)
+{
+    for (volatile unsigned theTurn = 0; theTurn < theTurns; theTurn = theTurn + 1) {
+    }
+}
+
+inline SInt64 IntegerIn(CFDictionaryRef theValues, CFStringRef theKey)
+{
+    const CFNumberRef theNumber = static_cast<CFNumberRef>(CFDictionaryGetValue(theValues, theKey));
+    SInt64 theValue = -1;
+    if (theNumber != nullptr) {
+        CFNumberGetValue(theNumber, kCFNumberSInt64Type, &theValue);
+    }
+    return theValue;
+}
+
 // The test's application, with its file in a folder that goes away with the test.
 class PreferenceFiles : public testing::Test
 {
@@ -158,14 +231,16 @@ protected:
 
     bool Synchronize() const { return CFPreferencesAppSynchronize(mApplication); }
 
-    // The dictionary in the file, as it is now; NULL when there is no complete one.
-    Owned<CFDictionaryRef> FileValues() const
+    // The dictionary in a file, as it is now; NULL when there is no complete one.
+    static Owned<CFDictionaryRef> ValuesIn(const std::string& thePath)
     {
-        const std::string theText = FileText(Path());
+        const std::string theText = FileText(thePath);
         return Owned(static_cast<CFDictionaryRef>(
             CFPropertyListCreateFromXMLData(nullptr, Data(std::vector<UInt8>(theText.begin(), theText.end())),
                                             kCFPropertyListImmutable, nullptr)));
     }
+
+    Owned<CFDictionaryRef> FileValues() const { return ValuesIn(Path()); }
 
     // Each test has one of its own.
     static Owned<CFStringRef> ApplicationName()

@@ -17,7 +17,9 @@
 // Synchronising reads the file again, applies only what this process has changed, and puts a complete new
 // file in the place of the old one: other keys that another process has written stay, and whatever happens,
 // the file holds either the old or the new values. A file that is no property list is kept under another
-// name, which a line on the standard error stream tells, and the domain is empty then.
+// name, which a line on the standard error stream tells, and the domain is empty then. While a file cannot be
+// read, the domain has the values that were read last. The user's home is never made: as long as it is
+// missing, nothing can be read or written there.
 //
 // With LM_PREFERENCES=memory in the environment no file is touched: values last as long as the process.
 //

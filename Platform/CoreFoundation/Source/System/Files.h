@@ -18,15 +18,17 @@ enum class FileContent
 };
 
 // Reads a plain file whole. One that is larger than any property list, and anything that is no plain file, is
-// unreadable.
+// unreadable; so is every file of a home that is not there.
 FileContent ReadFile(const std::string& thePath, std::string& theContent);
 
-// Makes a folder, and those that it is in, for the user alone. False when it is not there afterwards.
+// Makes a folder, and those that it is in, for the user alone. False when it is not there afterwards. The
+// user's home is never made: where it is missing, its disk is, and what was written in its place would not be
+// found again.
 bool MakeFolders(const std::string& thePath);
 
 // Puts a file with that content in the place of thePath, or leaves everything as it is and returns false. The
-// content is on the disk before the name leads to it. Only one process at a time may do this: hold a
-// FolderLock.
+// content is on the disk before the name leads to it. What ReadFile would not read is not written. Only one
+// process at a time may do this: hold a FolderLock.
 bool ReplaceFile(const std::string& thePath, std::string_view theContent);
 
 // True when there is no such file afterwards.
@@ -49,6 +51,8 @@ public:
     bool IsHeld() const { return mDescriptor >= 0; }
 
 private:
+    void Release();
+
     int mDescriptor; // negative when the folder cannot be locked
 };
 

@@ -17,10 +17,30 @@ namespace Host {
 
 namespace {
 
-constexpr off_t kLargestFile = off_t{64} * 1024 * 1024;
+constexpr size_t kLargestFile = size_t{64} * 1024 * 1024;
 constexpr mode_t kFolderMode = 0700;
 constexpr mode_t kFileMode = 0600;
 constexpr int kMostNames = 1000;
+constexpr int kMostTries = 10;
+
+// A 32-bit program would find neither a file whose number takes 64 bits nor anything on its disk.
+static_assert(sizeof(off_t) == 8 && sizeof(ino_t) == 8, "files must have 64-bit sizes and numbers");
+
+// Calls the system until no signal comes between, with a negative result for a failure.
+template <class Call>
+auto Again(Call theCall) -> decltype(theCall())
+{
+    auto theResult = theCall();
+    while (theResult < 0 && errno == EINTR) {
+        theResult = theCall();
+    }
+    return theResult;
+}
+
+int Open(const std::string& thePath, int theFlags)
+{
+    return Again([&] { return open(thePath.c_str(), theFlags | O_CLOEXEC, kFileMode); });
+}
 
 // An open file, closed at the end of the scope.
 class Descriptor
@@ -38,7 +58,8 @@ public:
     int Get() const { return mDescriptor; }
 
     // False when the system says only now that something could not be written.
-    bool Close() { return mDescriptor < 0 || close(std::exchange(mDescriptor, -1)) == 0; }
+    // After a signal the descriptor is closed all the same.
+    bool Close() { return mDescriptor < 0 || close(std::exchange(mDescriptor, -1)) == 0 || errno == EINTR; }
 
 private:
     int mDescriptor;
@@ -54,49 +75,48 @@ bool ReadWhole(int theDescriptor, std::string& theContent)
 {
     char theBuffer[16384];
     ssize_t theCount = 0;
-    while ((theCount = read(theDescriptor, theBuffer, sizeof theBuffer)) != 0) {
-        if (theCount > 0) {
-            theContent.append(theBuffer, static_cast<size_t>(theCount));
-        } else if (errno != EINTR) {
-            return false;
-        }
-        if (theContent.size() > static_cast<size_t>(kLargestFile)) {
-            return false;
-        }
-    }
-    return true;
+    do {
+        theCount = Again([&] { return read(theDescriptor, theBuffer, sizeof theBuffer); });
+        theContent.append(theBuffer, theCount > 0 ? static_cast<size_t>(theCount) : 0);
+    } while (theCount > 0 && theContent.size() <= kLargestFile);
+    return theCount == 0;
 }
 
 bool WriteWhole(int theDescriptor, std::string_view theContent)
 {
     while (!theContent.empty()) {
-        const ssize_t theCount = write(theDescriptor, theContent.data(), theContent.size());
-        if (theCount > 0) {
-            theContent.remove_prefix(static_cast<size_t>(theCount));
-        } else if (theCount == 0 || errno != EINTR) {
+        const ssize_t theCount =
+            Again([&] { return write(theDescriptor, theContent.data(), theContent.size()); });
+        if (theCount <= 0) {
             return false;
         }
+        theContent.remove_prefix(static_cast<size_t>(theCount));
     }
     return true;
+}
+
+bool SynchronizeDescriptor(int theDescriptor)
+{
+    return Again([=] { return fsync(theDescriptor); }) == 0;
 }
 
 // A name is on the disk when its folder is. Some file systems cannot be asked for that, so the answer is
 // ignored.
 void SynchronizeFolder(const std::string& theFolder)
 {
-    const Descriptor theDescriptor(open(theFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const Descriptor theDescriptor(Open(theFolder, O_RDONLY | O_DIRECTORY));
     if (theDescriptor.IsOpen()) {
-        static_cast<void>(fsync(theDescriptor.Get()));
+        static_cast<void>(SynchronizeDescriptor(theDescriptor.Get()));
     }
 }
 
-// A file that a killed process has left behind is written over.
+// What a killed process has left behind makes way, whoever owns it.
 bool WriteNewFile(const std::string& thePath, std::string_view theContent)
 {
-    Descriptor theDescriptor(
-        open(thePath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, kFileMode));
+    unlink(thePath.c_str());
+    Descriptor theDescriptor(Open(thePath, O_WRONLY | O_CREAT | O_EXCL));
     return theDescriptor.IsOpen() && fchmod(theDescriptor.Get(), kFileMode) == 0 &&
-           WriteWhole(theDescriptor.Get(), theContent) && fsync(theDescriptor.Get()) == 0 &&
+           WriteWhole(theDescriptor.Get(), theContent) && SynchronizeDescriptor(theDescriptor.Get()) &&
            theDescriptor.Close();
 }
 
@@ -120,15 +140,40 @@ std::string HomeFolder()
                                                                 : std::string(theResult->pw_dir);
 }
 
+bool IsFolder(const std::string& thePath)
+{
+    struct stat theStatus = {};
+    return stat(thePath.c_str(), &theStatus) == 0 && S_ISDIR(theStatus.st_mode);
+}
+
+// True for what is in the user's home while that is not there: its disk was taken away, or is not there yet.
+bool IsInMissingHome(const std::string& thePath)
+{
+    const std::string theHome = HomeFolder();
+    return !theHome.empty() && thePath.compare(0, theHome.size() + 1, theHome + "/") == 0 &&
+           !IsFolder(theHome);
+}
+
+// Whether a path leads to what is open. The folder may have been taken away, and another have taken its
+// place.
+bool LeadsTo(const std::string& thePath, int theDescriptor)
+{
+    struct stat theNamed = {};
+    struct stat theOpen = {};
+    return stat(thePath.c_str(), &theNamed) == 0 && fstat(theDescriptor, &theOpen) == 0 &&
+           theNamed.st_dev == theOpen.st_dev && theNamed.st_ino == theOpen.st_ino;
+}
+
 } // namespace
 
 FileContent ReadFile(const std::string& thePath, std::string& theContent)
 {
     theContent.clear();
     // Opening a pipe must not wait for a writer.
-    const Descriptor theDescriptor(open(thePath.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    const Descriptor theDescriptor(Open(thePath, O_RDONLY | O_NONBLOCK));
     if (!theDescriptor.IsOpen()) {
-        return errno == ENOENT || errno == ENOTDIR ? FileContent::kAbsent : FileContent::kUnreadable;
+        const bool theIsMissing = errno == ENOENT || errno == ENOTDIR;
+        return theIsMissing && !IsInMissingHome(thePath) ? FileContent::kAbsent : FileContent::kUnreadable;
     }
     struct stat theStatus = {};
     const bool theIsFile = fstat(theDescriptor.Get(), &theStatus) == 0 && S_ISREG(theStatus.st_mode);
@@ -143,7 +188,7 @@ bool MakeFolders(const std::string& thePath)
         return S_ISDIR(theStatus.st_mode);
     }
     const std::string theParent = FolderOf(thePath);
-    if (theParent == thePath || !MakeFolders(theParent)) {
+    if (theParent == thePath || thePath == HomeFolder() || !MakeFolders(theParent)) {
         return false;
     }
     return mkdir(thePath.c_str(), kFolderMode) == 0 || errno == EEXIST;
@@ -152,6 +197,9 @@ bool MakeFolders(const std::string& thePath)
 bool ReplaceFile(const std::string& thePath, std::string_view theContent)
 {
     const std::string theNewPath = thePath + ".new";
+    if (theContent.size() > kLargestFile) {
+        return false;
+    }
     if (!WriteNewFile(theNewPath, theContent) || std::rename(theNewPath.c_str(), thePath.c_str()) != 0) {
         unlink(theNewPath.c_str());
         return false;
@@ -174,12 +222,15 @@ std::string SetFileAside(const std::string& thePath)
     for (int theNumber = 1; theNumber <= kMostNames; ++theNumber) {
         std::string theNewPath = thePath + ".damaged-" + std::to_string(theNumber);
         // An empty file takes the name first, so that no file is ever written over.
-        const Descriptor thePlace(
-            open(theNewPath.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kFileMode));
+        const Descriptor thePlace(Open(theNewPath, O_WRONLY | O_CREAT | O_EXCL));
         if (!thePlace.IsOpen() && errno == EEXIST) {
             continue;
         }
-        if (!thePlace.IsOpen() || std::rename(thePath.c_str(), theNewPath.c_str()) != 0) {
+        if (!thePlace.IsOpen()) {
+            return std::string();
+        }
+        if (std::rename(thePath.c_str(), theNewPath.c_str()) != 0) {
+            unlink(theNewPath.c_str());
             return std::string();
         }
         SynchronizeFolder(FolderOf(thePath));
@@ -189,19 +240,33 @@ std::string SetFileAside(const std::string& thePath)
 }
 
 FolderLock::FolderLock(const std::string& theFolder)
-    : mDescriptor(open(theFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    : mDescriptor(-1)
 {
-    while (mDescriptor >= 0 && flock(mDescriptor, LOCK_EX) != 0) {
-        if (errno != EINTR) {
-            close(std::exchange(mDescriptor, -1));
+    for (int theTry = 0; theTry < kMostTries; ++theTry) {
+        mDescriptor = Open(theFolder, O_RDONLY | O_DIRECTORY);
+        if (mDescriptor < 0) {
+            return;
         }
+        const bool theIsLocked = Again([this] { return flock(mDescriptor, LOCK_EX); }) == 0;
+        if (theIsLocked && LeadsTo(theFolder, mDescriptor)) {
+            return;
+        }
+        Release();
     }
 }
 
 FolderLock::~FolderLock()
 {
+    Release();
+}
+
+// Unlocks before closing: a process that another thread has just started has the descriptor as well, and
+// would keep the lock.
+void FolderLock::Release()
+{
     if (mDescriptor >= 0) {
-        close(mDescriptor);
+        flock(mDescriptor, LOCK_UN);
+        close(std::exchange(mDescriptor, -1));
     }
 }
 

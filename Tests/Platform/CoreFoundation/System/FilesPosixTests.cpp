@@ -123,3 +123,40 @@ TEST_F(FilesPosix, AFullDiskMakesSynchronizingFailAndKeepsWhatWasThere)
               0);
     EXPECT_EQ(CFDictionaryGetCount(FileValues()), 2);
 }
+
+// A file of that size would never be read again.
+TEST_F(FilesPosix, WhatIsTooLargeToBeReadIsNotWritten)
+{
+    const std::string theText = FileWith("<dict><key>a</key><string>before</string></dict>");
+    WriteFile(Path(), theText);
+    EXPECT_EQ(RunInProcess([this] {
+                  // Each line of a nested list begins with as many tabs, which are quickly written.
+                  const std::vector<CFPropertyListRef> theItems(140000, kCFBooleanTrue);
+                  const Owned<CFArrayRef> theList(
+                      CFArrayCreate(nullptr, const_cast<const void**>(theItems.data()),
+                                    static_cast<CFIndex>(theItems.size()), &kCFTypeArrayCallBacks));
+                  Set(CFSTR("b"), NestedArray(500, theList));
+                  return Synchronize() ? 1 : 0;
+              }),
+              0);
+    EXPECT_EQ(FileText(Path()), theText);
+}
+
+// It could be written over only by its owner, but anybody who owns the folder can remove it.
+TEST_F(FilesPosix, WhatAKilledProcessOfAnotherUserLeftBehindMakesWay)
+{
+    WriteFile(Path() + ".new", "half a file");
+    chmod((Path() + ".new").c_str(), 0);
+    EXPECT_EQ(RunInProcess([this] {
+                  const uid_t kNobody = 65534;
+                  if (getuid() == 0 &&
+                      (chown(mFolder.c_str(), kNobody, getgid()) != 0 || setuid(kNobody) != 0)) {
+                      return 2;
+                  }
+                  Set(CFSTR("a"), kCFBooleanTrue);
+                  return Synchronize() ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(NamesIn(mFolder).size(), 1U);
+    EXPECT_TRUE(CFEqual(FileValues(), ObjectDictionary({{CFSTR("a"), kCFBooleanTrue}})));
+}
