@@ -19,3 +19,36 @@ bool ObservationScenario::IsRight() const
 {
     return mSum == mSteps;
 }
+
+ScopedHopScenario::ScopedHopScenario(bool theTwoWay)
+    : mBinding(theTwoWay ? LmScopedBinding(&mView, "value", &mModel, "value")
+                         : LmScopedBinding::OneWay(&mView, "value", &mModel, "value"))
+{
+}
+
+void ScopedHopScenario::Step()
+{
+    mModel.SetKeyPathValue("value", LmValue(++mSteps));
+}
+
+bool ScopedHopScenario::IsRight() const
+{
+    return mView.GetKeyPathValue("value").GetSInt32() == mSteps;
+}
+
+ScopedPairScenario::ScopedPairScenario()
+{
+    mModel.SetKeyPathValue("value", LmValue(1));
+}
+
+void ScopedPairScenario::Step()
+{
+    mSteps += 1;
+    const LmScopedBinding theBinding(&mView, "value", &mModel, "value");
+    mBound += theBinding.IsBound() ? 1 : 0;
+}
+
+bool ScopedPairScenario::IsRight() const
+{
+    return mBound == mSteps && mView.GetKeyPathValue("value").GetSInt32() == 1;
+}

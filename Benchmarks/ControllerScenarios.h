@@ -23,4 +23,34 @@ private:
     long mSum = 0; // of the differences that the function was told
 };
 
+// A change of one object's key that arrives in another's through a scoped binding.
+class ScopedHopScenario
+{
+public:
+    explicit ScopedHopScenario(bool theTwoWay);
+    void Step();
+    bool IsRight() const;
+
+private:
+    LmKeyValueBinding mModel;
+    LmKeyValueBinding mView;
+    LmScopedBinding mBinding;
+    long mSteps = 0;
+};
+
+// A scoped binding that is made and undone.
+class ScopedPairScenario
+{
+public:
+    ScopedPairScenario();
+    void Step();
+    bool IsRight() const;
+
+private:
+    LmKeyValueBinding mModel;
+    LmKeyValueBinding mView;
+    long mSteps = 0;
+    long mBound = 0; // how many were really made
+};
+
 #endif

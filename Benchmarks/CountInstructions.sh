@@ -53,6 +53,9 @@ row 'an event through the binding of a model' model 500
 row 'read a preference' preference-read 500
 row 'write a preference' preference-write 500
 row 'a change told to a function' observation 1000
+row 'one hop through a scoped binding, one way' scoped-one-way 1000
+row 'one hop through a scoped binding, two ways' scoped-two-way 1000
+row 'make and undo a scoped binding' scoped-pair 1000
 # The transforms that work hardest, each on the kind that it is for.
 row 'scale a double' transform 1000 8 5
 row 'add to a signed 32-bit integer' transform 1000 7 2

@@ -36,7 +36,8 @@ int main(int theCount, char** theArguments)
     if (theCount < 3) {
         std::fprintf(stderr, "usage: InstructionProbe set|one-way|two-way|chain|fan-out-one-way|"
                              "fan-out-two-way|bound-keys|pairs|followers|control|window|menu|model|"
-                             "preference-read|preference-write|transform|observation <steps> [<size> "
+                             "preference-read|preference-write|transform|observation|scoped-one-way|scoped-"
+                             "two-way|scoped-pair <steps> [<size> "
                              "[<observers or kind>]]\n");
         return EXIT_FAILURE;
     }
@@ -81,6 +82,12 @@ int main(int theCount, char** theArguments)
     }
     if (std::strcmp(theName, "observation") == 0) {
         return Run(ObservationScenario(), theSteps);
+    }
+    if (std::strcmp(theName, "scoped-one-way") == 0 || std::strcmp(theName, "scoped-two-way") == 0) {
+        return Run(ScopedHopScenario(std::strcmp(theName, "scoped-two-way") == 0), theSteps);
+    }
+    if (std::strcmp(theName, "scoped-pair") == 0) {
+        return Run(ScopedPairScenario(), theSteps);
     }
     if (std::strcmp(theName, "transform") == 0) {
         return Run(TransformScenario(theSize, NumberArgument(theCount, theArguments, 4)), theSteps);

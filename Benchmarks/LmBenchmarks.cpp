@@ -128,6 +128,20 @@ void Observation(benchmark::State& theState)
 }
 BENCHMARK(Observation);
 
+void ScopedHop(benchmark::State& theState)
+{
+    ScopedHopScenario theScenario(Argument(theState) == 2);
+    Measure(theState, theScenario);
+}
+BENCHMARK(ScopedHop)->ArgName("ways")->Arg(1)->Arg(2);
+
+void MakingAScopedBinding(benchmark::State& theState)
+{
+    ScopedPairScenario theScenario;
+    Measure(theState, theScenario);
+}
+BENCHMARK(MakingAScopedBinding);
+
 void ApplyingATransform(benchmark::State& theState)
 {
     TransformScenario theScenario(Argument(theState, 0), Argument(theState, 1));

@@ -7,5 +7,7 @@
 // after itself. LmBindings.h does not include it, for an application can do without.
 
 #include "LmObservation.h"
+#include "LmScopedBinding.h"
+#include "LmSharedTransform.h"
 
 #endif

@@ -76,7 +76,7 @@ LmObservation::LmObservation(LmKeyValueStore* theStore, const LmString& theKeyPa
                              LmChangeTime theTime)
     : LmObservation() // so that the destructor runs where memory runs out
 {
-    if (theStore != nullptr && theFunction) {
+    if (theStore != nullptr && theKeyPath.IsNotEmpty() && theFunction) {
         mObserver = new Observer(std::move(theFunction), theTime);
         mObserver->Begin(*theStore, theKeyPath);
     }

@@ -77,7 +77,7 @@ public:
     //
     // When memory runs out, nothing is observed.
     //
-    // Diagnostics: those of ObserveKeyPathValue, and of GetKeyPathValue for an empty key. Cost: that of
+    // Cost: that of
     // observing; for each call one look-up of the key's last value and one read of the key. A copy of the
     // last value of each key that has changed is kept.
     [[nodiscard]] LmObservation(LmKeyValueStore* theStore, const LmString& theKeyPath, Function theFunction,

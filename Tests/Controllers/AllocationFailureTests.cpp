@@ -1,8 +1,10 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
 #include "AllocationFailures.h"
+#include "CountedTransforms.h"
 #include "LmKeyValueStore.h"
 #include "LmObservation.h"
+#include "LmScopedBinding.h"
 #include "NotificationRecorder.h"
 
 #include <gtest/gtest.h>
@@ -61,5 +63,53 @@ TEST(ControllersWithoutMemory, ObservationIsThereStillWhenItRanOutInAPass)
         theStore.SetKeyPathValue("other", LmValue(theNumber));
         theStore.SetKeyPathValue(kLongName, LmValue(++theNumber));
         EXPECT_EQ(theCalls, theCallsBefore + 1);
+    });
+}
+
+TEST(ControllersWithoutMemory, ScopedBindingIsMadeWholeOrNotAtAll)
+{
+    int theLiving = 0;
+    LmKeyValueStore theObject;
+    LmKeyValueStore theSource;
+    theSource.SetKeyPathValue(kLongName, LmValue(1));
+    theObject.SetKeyPathValue(kLongName, LmValue(0));
+    const std::size_t theFailures = FailEachAllocation([&](AllocationFailures& theAttempt) {
+        LmScopedBinding theBinding;
+        bool hasThrown = false;
+        try {
+            theBinding =
+                LmScopedBinding(&theObject, kLongName, &theSource, kLongName,
+                                new AddingTransform(1, theLiving), new AddingTransform(-1, theLiving));
+        } catch (const std::bad_alloc&) {
+            hasThrown = true;
+        }
+        theAttempt.Stop();
+        EXPECT_NE(theBinding.IsBound(), hasThrown);
+        EXPECT_EQ(theLiving, hasThrown ? 0 : 2);
+        theSource.SetKeyPathValue(kLongName, LmValue(5));
+        EXPECT_EQ(theObject.GetKeyPathValue(kLongName).GetSInt32() == 6, !hasThrown);
+        theSource.SetKeyPathValue(kLongName, LmValue(1));
+    });
+    EXPECT_GT(theFailures, 10U);
+    EXPECT_EQ(theLiving, 0);
+}
+
+TEST(ControllersWithoutMemory, ScopedBindingIsThereStillWhenItRanOutInAPass)
+{
+    LmKeyValueStore theObject;
+    LmKeyValueStore theSource;
+    const LmScopedBinding theBinding =
+        LmScopedBinding::Several(&theObject, {kLongName, "short"}, &theSource, "key");
+    long theNumber = 0;
+    FailEachAllocation([&](AllocationFailures& theAttempt) {
+        try {
+            theSource.SetKeyPathValue("key", LmValue(++theNumber));
+        } catch (const std::bad_alloc&) {
+        }
+        theAttempt.Stop();
+        EXPECT_TRUE(theBinding.IsBound());
+        theSource.SetKeyPathValue("key", LmValue(++theNumber));
+        EXPECT_EQ(theObject.GetKeyPathValue(kLongName).GetSInt32(), theNumber);
+        EXPECT_EQ(theObject.GetKeyPathValue("short").GetSInt32(), theNumber);
     });
 }

@@ -373,6 +373,8 @@ TEST_F(LmObservationTest, OfNothingObservesNothing)
     EXPECT_FALSE(theDefault.IsObserving());
     const LmObservation theStoreless(nullptr, "volume", Noting());
     EXPECT_FALSE(theStoreless.IsObserving());
+    const LmObservation theNameless(&theStore, "", Noting());
+    EXPECT_FALSE(theNameless.IsObserving());
     const LmObservation theFunctionless(&theStore, "volume", nullptr);
     EXPECT_FALSE(theFunctionless.IsObserving());
     Set("volume", 1);

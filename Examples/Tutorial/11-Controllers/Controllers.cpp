@@ -21,7 +21,27 @@ static void ObserveAKey()
     theRadio.SetKeyPathValue("volume", LmValue(0)); // nobody is told any more
 }
 
+static void BindForAWhile()
+{
+    std::printf("Bindings that undo themselves:\n");
+    LmKeyValueBinding theRadio;
+    LmKeyValueBinding theSlider;
+    LmKeyValueBinding theText;
+    theRadio.SetKeyPathValue("volume", LmValue(40));
+    {
+        const LmScopedBinding theVolume(&theSlider, "value", &theRadio, "volume");
+        const LmScopedBinding theNumber =
+            LmScopedBinding::OneWay(&theText, "value", &theRadio, "volume", new LmScaleTransform(10));
+        theSlider.SetKeyPathValue("value", LmValue(55));
+    }
+    theRadio.SetKeyPathValue("volume", LmValue(0));
+    std::printf("  the slider is at %ld, the text at %ld, the volume at %ld\n",
+                theSlider.GetKeyPathValue("value").GetSInt32(), theText.GetKeyPathValue("value").GetSInt32(),
+                theRadio.GetKeyPathValue("volume").GetSInt32());
+}
+
 int main()
 {
     ObserveAKey();
+    BindForAWhile();
 }

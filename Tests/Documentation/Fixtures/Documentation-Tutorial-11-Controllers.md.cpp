@@ -3,3 +3,5 @@
 // @shell 1 what Examples/Tutorial/CMakeLists.txt does for the program of the page
 // @file 2 Examples/Tutorial/11-Controllers/Controllers.cpp
 // @file 3 Examples/Tutorial/11-Controllers/expected.txt
+// @file 4 Examples/Tutorial/11-Controllers/Controllers.cpp
+// @file 5 Examples/Tutorial/11-Controllers/expected.txt
