@@ -103,6 +103,14 @@ install(DIRECTORY "${PROJECT_SOURCE_DIR}/Examples"
     PATTERN "*.sh" PERMISSIONS
       OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
+if(TARGET lminspect)
+  install(TARGETS lminspect RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Tools)
+  install(FILES "${PROJECT_SOURCE_DIR}/Tools/Inspect/lminspect.1"
+    DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Tools)
+  install(FILES "${PROJECT_SOURCE_DIR}/Tools/Inspect/lminspect.bash"
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME lminspect COMPONENT Tools)
+endif()
+
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
   include(LmPackages)
 endif()

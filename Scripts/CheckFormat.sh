@@ -6,7 +6,7 @@
 # lines are filled anew; that none is too long is looked at here.
 set -eu
 cd "$(dirname "$0")/.."
-mapfile -t theFiles < <(find Source Platform Examples Tests Benchmarks -name '*.cpp' -o -name '*.h' -o -name '*.mm' | sort)
+mapfile -t theFiles < <(find Source Platform Tools Examples Tests Benchmarks -name '*.cpp' -o -name '*.h' -o -name '*.mm' | sort)
 clang-format-14 --dry-run --Werror "${theFiles[@]}"
 kWidth=110
 if LC_ALL=C.UTF-8 grep -nE "^.{$((kWidth + 1)),}\$" "${theFiles[@]}" | grep '//'; then

@@ -6,6 +6,7 @@
 #
 #   Examples -> Source/Controllers -> Source -> Platform/Carbon -> Platform/CoreFoundation
 #   Platform/Simulation -> Platform/Carbon -> Platform/Presentation
+#   Tools -> nothing of these: they read what programs have written
 #
 # Source knows of its host only <CoreFoundation/CoreFoundation.h> and <Carbon/Carbon.h>, asks for no
 # system, uses nothing of the standard library that Mac OS X 10.7 has no run time for, and no name that the
@@ -189,6 +190,12 @@ room Windows/ControlKinds 'Common|Base|System|Events|Windows'
 room Input 'Common|Base|System|Events|Menus|Windows'
 report "Qt stays in its own presenter" < <(
     includes Source Platform Examples | grep -E '[<"]Q[A-Za-z]' | grep -v '^Platform/Presentation/Qt/'
+)
+report "Tools know what the library writes, and nothing of the library" < <(
+    includes Tools |
+        without "$kStandard" |
+        without '<(simdjson|cxxabi|fcntl|getopt|unistd|spawn|elfutils/libdwfl|sys/[a-z]+)\.h>' |
+        without_headers_of Tools
 )
 report "Examples use public headers alone" < <(
     includes Examples |

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 #
-# CheckTestMirror.sh <root of the project>: fails when a source file of Source or Platform has no tests under
+# CheckTestMirror.sh <root of the project>: fails when a source file of Source, Platform or Tools has no tests under
 # its name, and names each such file.
 #
 #   Source/Core/LmValue.cpp                       Tests/Core/LmValueTests.cpp
@@ -26,6 +26,10 @@ Platform/Presentation/Headless/HeadlessPresenter.cpp nothing but what every pres
 Platform/Presentation/Qt/ Qt's behaviour crosses its files: the contract of presenters, and Tests/Presentation/Qt
 Source/Core/Internal/LmKeyMemo.cpp where a store finds its keys again: LmKeyValueStoreTests, LmNestedSetTests
 Source/Core/Internal/LmObserverSnapshot.cpp the observers of one pass, seen by those alone: LmKeyValueStoreTests
+Tools/Inspect/Describe.cpp the words for what others show: LogTests
+Tools/Inspect/Entry.cpp a record and the names of its kinds: EntryParserTests, OptionsTests
+Tools/Inspect/Main.cpp the program: ProgramTests
+Tools/Inspect/Status.cpp what is said at the end: ProgramTests
 END
 }
 
@@ -48,7 +52,7 @@ report()
 mapfile -t theExceptions < <(exceptions | cut -d ' ' -f 1)
 mapfile -t theReasons < <(exceptions | cut -s -d ' ' -f 2-)
 mapfile -t theExceptionTests < <(printf '%s\n' "${theExceptions[@]}" | tests_of)
-mapfile -t theSources < <(find Source Platform -name '*.cpp' | sort)
+mapfile -t theSources < <(find Source Platform Tools -name '*.cpp' | sort)
 mapfile -t theTests < <(printf '%s\n' "${theSources[@]}" | tests_of)
 
 # has_tests <test file>: it is there, or a script of its name.

@@ -27,7 +27,7 @@ from collections import defaultdict
 from pathlib import Path
 
 kRoot = Path(__file__).resolve().parent.parent
-kPlaces = ("Source/", "Platform/", "Examples/", "Tests/", "Benchmarks/")
+kPlaces = ("Source/", "Platform/", "Tools/", "Examples/", "Tests/", "Benchmarks/")
 # GCC and clang know different warnings by name; those that clang does not know are no finding.
 kTidy = ["clang-tidy-14", "--quiet", "--extra-arg=-Wno-unknown-warning-option"]
 kMostTogether = 8

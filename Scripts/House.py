@@ -17,7 +17,7 @@ import sys
 
 PAGE = "Documentation/House.md"
 PICTURE = "Documentation/Pictures/House.svg"
-FLOORS = ("Source", "Platform", "Examples")
+FLOORS = ("Source", "Platform", "Tools", "Examples")
 SUFFIXES = {".h", ".cpp", ".c"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')
 ROW = re.compile(r"^\| `([^`]+)` \| ([^|]+) \|([^|]*)\|$")
@@ -207,8 +207,8 @@ def graph(root):
         ' fontname="sans-serif", fontsize=12];',
         "  edge [arrowsize=0.7];",
     ]
-    colours = {"Examples": "#fef3c7", "Source": "#dbeafe", "Platform": "#dcfce7"}
-    for floor in ("Examples", "Source", "Platform"):
+    colours = {"Examples": "#fef3c7", "Tools": "#ede9fe", "Source": "#dbeafe", "Platform": "#dcfce7"}
+    for floor in ("Examples", "Tools", "Source", "Platform"):
         lines.append(f'  subgraph "cluster_{floor}" {{ label="{floor}"; style="filled,rounded";'
                      f' color="{colours[floor]}";')
         for room in rooms:

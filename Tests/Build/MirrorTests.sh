@@ -14,7 +14,7 @@ gFailures=0
 mirrored_tree()
 {
     rm -rf "${gTree:?}"/*
-    (cd "$kRoot" && find Source Platform Tests \( -name '*.cpp' -o -name '*Tests.sh' \) -print0 | tar --null -cf - -T -) | tar -xf - -C "$gTree"
+    (cd "$kRoot" && find Source Platform Tools Tests \( -name '*.cpp' -o -name '*Tests.sh' \) -print0 | tar --null -cf - -T -) | tar -xf - -C "$gTree"
 }
 
 # finds <text> <what was done>: the check fails and prints the text.

@@ -27,7 +27,7 @@ import pathlib
 import re
 import sys
 
-HEADER_FOLDERS = ["Source", "Platform", "Examples", "Tests", "Benchmarks"]
+HEADER_FOLDERS = ["Source", "Platform", "Tools", "Examples", "Tests", "Benchmarks"]
 DIRECTIVE = re.compile(r"^\s*// @(code|left|rows|text|file|run|shell|prose) (\d+)(?: (.+))?$")
 TABLE = re.compile(r"^\s*// @table (.+)$")
 

@@ -1,0 +1,107 @@
+#!/usr/bin/env bash
+# LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+#
+# ProgramTests.sh <lminspect> <root of the project>: the program as a person or a script uses it.
+set -u
+kProgram=$1
+kRoot=$2
+gFolder=$(mktemp -d)
+trap 'rm -rf "$gFolder"' EXIT
+gFailures=0
+
+fail()
+{
+    echo "FAILED: $1"
+    gFailures=$((gFailures + 1))
+}
+
+# expect <status> <argument>...: runs it; what it prints is in out and err.
+expect()
+{
+    local theStatus=$1 theActual
+    shift
+    "$kProgram" "$@" >"$gFolder/out" 2>"$gFolder/err" </dev/null
+    theActual=$?
+    if [ "$theActual" -ne "$theStatus" ]; then
+        fail "lminspect $*: status $theActual instead of $theStatus"
+        cat "$gFolder/out" "$gFolder/err"
+    fi
+}
+
+# says <out or err> <text>
+says()
+{
+    grep -qF -- "$2" "$gFolder/$1" || { fail "\"$2\" is not in:"; cat "$gFolder/$1"; }
+}
+
+is_silent()
+{
+    [ ! -s "$gFolder/$1" ] || { fail "something was printed:"; cat "$gFolder/$1"; }
+}
+
+python3 "$kRoot/Tools/Inspect/MakeJournal.py" 30 2 >"$gFolder/journal"
+
+expect 0 --help
+says out "usage: lminspect"
+is_silent err
+expect 0 --version
+says out "lminspect $(sed -nE 's/^#define LM_VERSION_STRING "(.*)"$/\1/p' "$kRoot/Source/Core/LmVersion.h")"
+expect 2 --bogus
+says err "Try 'lminspect --help'."
+is_silent out
+expect 2 log "$gFolder/none"
+says err "cannot be opened"
+expect 2 log
+says err "standard input holds no entry of a journal"
+expect 0 log "$gFolder/journal"
+is_silent err
+cp "$gFolder/out" "$gFolder/whole"
+grep -c 'model .*\.level: ' "$gFolder/whole" | grep -qx 10 || fail "ten changes of the models are shown"
+
+# A pipe gives the same as the file, and so does a journal that was cut off in its last line.
+"$kProgram" log - <"$gFolder/journal" | cmp -s - "$gFolder/whole" || fail "a file as standard input"
+cat "$gFolder/journal" | "$kProgram" log | cmp -s - "$gFolder/whole" || fail "a pipe"
+{ cat "$gFolder/journal"; printf '{"n":99999,"t":'; } | "$kProgram" log | cmp -s - "$gFolder/whole" || fail "a last line without an end"
+
+# What is damaged is named and passed over.
+sed '5s/.*/damaged/' "$gFolder/journal" >"$gFolder/damaged"
+expect 0 log "$gFolder/damaged"
+says err "line 5 is skipped: "
+says err "1 entry is missing"
+
+# A disk that is full.
+if [ -w /dev/full ]; then
+    "$kProgram" log "$gFolder/journal" >/dev/full 2>"$gFolder/err"
+    [ $? -eq 2 ] || fail "what cannot be written is trouble"
+    says err "the output could not be written"
+fi
+
+# The page of the manual and the completion know every option and every command.
+for theOption in $("$kProgram" --help | grep -oE -- '--[a-z]+' | sort -u); do
+    grep -qF -- "\\-\\-${theOption#--}" "$kRoot/Tools/Inspect/lminspect.1" || fail "$theOption is not in the page of the manual"
+    grep -qwF -- "$theOption" "$kRoot/Tools/Inspect/lminspect.bash" || fail "$theOption is not in the completion"
+done
+for theCommand in $("$kProgram" --help | sed -nE '/^usage/d; s/^([a-z]+)( not)?: .*/\1/p'); do
+    grep -qF ".B $theCommand" "$kRoot/Tools/Inspect/lminspect.1" || fail "$theCommand is not in the page of the manual"
+    grep -qw -- "$theCommand" "$kRoot/Tools/Inspect/lminspect.bash" || fail "$theCommand is not in the completion"
+done
+
+# The completion completes.
+. "$kRoot/Tools/Inspect/lminspect.bash"
+# completes <expected> <word>...: completing the last word.
+completes()
+{
+    local theExpected=$1
+    shift
+    COMP_WORDS=(lminspect "$@")
+    COMP_CWORD=$#
+    COMPREPLY=()
+    _lminspect
+    [ "${COMPREPLY[*]}" = "$theExpected" ] || fail "completing $*: ${COMPREPLY[*]}"
+}
+completes log l
+completes "--object=" log --ob
+completes changing log --kind = changi
+completes "$gFolder/journal" log "$gFolder/jour"
+
+[ "$gFailures" -eq 0 ]

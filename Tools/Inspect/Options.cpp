@@ -1,0 +1,299 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "Options.h"
+
+#include "Text.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cmath>
+#include <cstdlib>
+#include <getopt.h>
+#include <string_view>
+
+namespace Inspect {
+
+namespace {
+
+// What an option stands for in the long list.
+enum Letter : int
+{
+    kHelp = 'h',
+    kVersion = 'V',
+    kObject = 'o',
+    kKey = 'k',
+    kKind = 'K',
+    kCaller = 'c',
+    kSince = 's',
+    kUntil = 'u',
+    kAll = 'a',
+    kCauses = 'w',
+    kCallers = 'C'
+};
+
+struct CommandName
+{
+    std::string_view theName;
+    Command theCommand;
+    std::string_view theLetters; // of the options that it has
+};
+
+constexpr std::array<CommandName, 1> kCommands = {{{"log", Command::Log, "okKcsuawC"}}};
+
+const std::array<option, 12> kOptions = {{{"help", no_argument, nullptr, kHelp},
+                                          {"version", no_argument, nullptr, kVersion},
+                                          {"object", required_argument, nullptr, kObject},
+                                          {"key", required_argument, nullptr, kKey},
+                                          {"kind", required_argument, nullptr, kKind},
+                                          {"caller", required_argument, nullptr, kCaller},
+                                          {"since", required_argument, nullptr, kSince},
+                                          {"until", required_argument, nullptr, kUntil},
+                                          {"all", no_argument, nullptr, kAll},
+                                          {"causes", no_argument, nullptr, kCauses},
+                                          {"callers", no_argument, nullptr, kCallers},
+                                          {nullptr, 0, nullptr, 0}}};
+
+std::vector<std::string> CommandNames()
+{
+    std::vector<std::string> theNames;
+    theNames.reserve(kCommands.size());
+    for (const CommandName& theName : kCommands) {
+        theNames.emplace_back(theName.theName);
+    }
+    return theNames;
+}
+
+std::string DidYouMean(std::string_view theName, const std::vector<std::string>& theNames)
+{
+    const std::vector<std::string> theNearest = NearestNames(theName, theNames);
+    return theNearest.empty() ? std::string() : "; did you mean " + JoinWithOr(theNearest) + "?";
+}
+
+std::string ReadKinds(const std::string& theList, std::set<What>& theKinds)
+{
+    std::size_t theBegin = 0;
+    while (theBegin <= theList.size()) {
+        const std::size_t theEnd = std::min(theList.find(',', theBegin), theList.size());
+        const std::string theName = theList.substr(theBegin, theEnd - theBegin);
+        const What theKind = WhatOf(theName);
+        if (theKind == What::Unknown) {
+            const std::vector<std::string_view> theNames = AllNames();
+            return "there is no kind of entry called \"" + Escape(theName) + "\"" +
+                   DidYouMean(theName, {theNames.begin(), theNames.end()});
+        }
+        theKinds.insert(theKind);
+        theBegin = theEnd + 1;
+    }
+    return {};
+}
+
+std::string ReadTime(const std::string& theText, std::uint64_t& theTime)
+{
+    return ReadSeconds(theText, theTime) ? std::string()
+                                         : "\"" + Escape(theText) + "\" is no number of seconds, such as 1.5";
+}
+
+// Returns what is wrong with it.
+std::string TakeOption(int theLetter, const std::string& theText, Options& theOptions)
+{
+    LogOptions& theLog = theOptions.theLog;
+    switch (theLetter) {
+    case kObject:
+        theLog.theFilter.theObject = theText;
+        return {};
+    case kKey:
+        theLog.theFilter.theKey = theText;
+        return {};
+    case kKind:
+        return ReadKinds(theText, theLog.theFilter.theKinds);
+    case kCaller:
+        theLog.theFilter.theCaller = theText;
+        return {};
+    case kSince:
+        return ReadTime(theText, theLog.theFilter.theEarliest);
+    case kUntil:
+        return ReadTime(theText, theLog.theFilter.theLatest);
+    case kAll:
+        theLog.isAll = true;
+        return {};
+    case kCauses:
+        theLog.hasCauses = true;
+        return {};
+    case kCallers:
+        theLog.hasCallers = true;
+        return {};
+    default:
+        return {};
+    }
+}
+
+std::vector<std::string> OptionNames()
+{
+    std::vector<std::string> theNames;
+    for (const option& theOption : kOptions) {
+        if (theOption.name != nullptr) {
+            theNames.push_back("--" + std::string(theOption.name));
+        }
+    }
+    return theNames;
+}
+
+std::string NameOfLetter(int theLetter)
+{
+    for (const option& theOption : kOptions) {
+        if (theOption.name != nullptr && theOption.val == theLetter) {
+            return "--" + std::string(theOption.name);
+        }
+    }
+    return {};
+}
+
+// getopt's state is the process's, so it is set up anew for each command line.
+class Scanner
+{
+public:
+    explicit Scanner(const std::vector<std::string>& theArguments)
+        : mTexts(theArguments)
+    {
+        mTexts.insert(mTexts.begin(), "lminspect");
+        for (std::string& theText : mTexts) {
+            mPointers.push_back(theText.data());
+        }
+        mPointers.push_back(nullptr);
+        optind = 0;
+        opterr = 0;
+    }
+
+    int Next()
+    {
+        return getopt_long(static_cast<int>(mTexts.size()), mPointers.data(), ":hV", kOptions.data(),
+                           nullptr);
+    }
+
+    // What could not be read as an option.
+    std::string GetBad(int theResult) const
+    {
+        const std::string theText = mPointers[static_cast<std::size_t>(optind) - 1];
+        if (theResult == ':') {
+            return Escape(theText) + " needs a value";
+        }
+        if (optopt != 0 && !NameOfLetter(optopt).empty() && theText.find('=') != std::string::npos) {
+            return NameOfLetter(optopt) + " takes no value";
+        }
+        const std::string theName = theText.substr(0, theText.find('='));
+        return "there is no option " + Escape(theName) + DidYouMean(theName, OptionNames());
+    }
+
+    // getopt has moved the options to the front.
+    std::vector<std::string> GetRest() const { return {mPointers.begin() + optind, mPointers.end() - 1}; }
+
+private:
+    std::vector<std::string> mTexts;
+    std::vector<char*> mPointers;
+};
+
+const CommandName* FindCommand(std::string_view theName)
+{
+    const auto* const theFound =
+        std::find_if(kCommands.begin(), kCommands.end(),
+                     [&](const CommandName& theCommand) { return theCommand.theName == theName; });
+    return theFound == kCommands.end() ? nullptr : theFound;
+}
+
+void TakeOperands(const CommandName& theCommand, const std::vector<std::string>& theRest, Options& theOptions)
+{
+    if (theRest.size() > 1) {
+        theOptions.theError = std::string(theCommand.theName) + " takes one journal";
+    } else {
+        theOptions.theJournal = theRest.empty() ? "-" : theRest.front();
+    }
+}
+
+void TakeCommand(const std::vector<std::string>& theRest, const std::vector<int>& theLetters,
+                 Options& theOptions)
+{
+    if (theRest.empty()) {
+        theOptions.theError = "which command? " + JoinWithOr(CommandNames());
+        return;
+    }
+    const CommandName* const theCommand = FindCommand(theRest.front());
+    if (theCommand == nullptr) {
+        theOptions.theError =
+            "there is no command " + Escape(theRest.front()) + DidYouMean(theRest.front(), CommandNames());
+        return;
+    }
+    for (const int theLetter : theLetters) {
+        if (theCommand->theLetters.find(static_cast<char>(theLetter)) == std::string_view::npos) {
+            theOptions.theError =
+                std::string(theCommand->theName) + " has no option " + NameOfLetter(theLetter);
+            return;
+        }
+    }
+    theOptions.theCommand = theCommand->theCommand;
+    TakeOperands(*theCommand, {theRest.begin() + 1, theRest.end()}, theOptions);
+}
+
+} // namespace
+
+bool ReadSeconds(const std::string& theText, std::uint64_t& theTime)
+{
+    char* theEnd = nullptr;
+    const double theSeconds = std::strtod(theText.c_str(), &theEnd);
+    if (theText.empty() || *theEnd != '\0' || !(theSeconds >= 0) || theSeconds > 1e10) {
+        return false;
+    }
+    theTime = static_cast<std::uint64_t>(std::llround(theSeconds * 1e9));
+    return true;
+}
+
+Options ReadOptions(const std::vector<std::string>& theArguments)
+{
+    Options theOptions;
+    Scanner theScanner(theArguments);
+    std::vector<int> theLetters;
+    for (int theLetter = theScanner.Next(); theLetter != -1; theLetter = theScanner.Next()) {
+        if (theLetter == '?' || theLetter == ':') {
+            theOptions.theError = theScanner.GetBad(theLetter);
+            return theOptions;
+        }
+        if (theLetter == kHelp || theLetter == kVersion) {
+            theOptions.theCommand = theLetter == kHelp ? Command::Help : Command::Version;
+            return theOptions;
+        }
+        theLetters.push_back(theLetter);
+        theOptions.theError = TakeOption(theLetter, optarg == nullptr ? "" : optarg, theOptions);
+        if (!theOptions.theError.empty()) {
+            return theOptions;
+        }
+    }
+    TakeCommand(theScanner.GetRest(), theLetters, theOptions);
+    return theOptions;
+}
+
+std::string GetUsage()
+{
+    return "usage: lminspect log [OPTION]... [JOURNAL]\n"
+           "\n"
+           "Answers why a value moved, or did not, from the journal of a program that uses\n"
+           "LmBindings (LM_JOURNAL=FILE ./program). JOURNAL is a file; - or nothing is the\n"
+           "standard input.\n"
+           "\n"
+           "log: what happened, as a tree; what an entry led to stands below it\n"
+           "  --object=NAME   only of this object: its name or class, with * and ?, or #3\n"
+           "  --key=NAME      only of this key; * and ? may stand in it\n"
+           "  --kind=KIND,... only entries of these kinds, as the journal calls them\n"
+           "  --caller=TEXT   only calls made from a function or file with this in its name\n"
+           "  --since=SECONDS, --until=SECONDS\n"
+           "                  only what happened at that time; 0 is where the journal begins\n"
+           "  --all           also what is of interest only to who looks closely\n"
+           "  --causes        also what led to the entries that are shown\n"
+           "  --callers       with the function and line that made the call\n"
+           "\n"
+           "  -h, --help      prints this\n"
+           "  -V, --version   prints the version\n"
+           "\n"
+           "The status is 0 when all went well and 2 when the question could not be answered.\n";
+}
+
+} // namespace Inspect
