@@ -31,7 +31,7 @@ if(TARGET LmCarbonDesktop)
 endif()
 
 if(NOT APPLE)
-  foreach(theFolder CoreFoundation CoreGraphics Carbon Presentation Simulation)
+  foreach(theFolder CoreFoundation CoreGraphics CoreServices Carbon Presentation Simulation)
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/Platform/${theFolder}/Include/"
       DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/LmPlatform
       COMPONENT Development

@@ -5,7 +5,7 @@
 # names each such line.
 #
 #   Examples -> Source/Controllers -> Source -> Platform/Carbon -> Platform/CoreFoundation
-#   Platform/Simulation -> Platform/Carbon -> Platform/Presentation
+#   Platform/Simulation -> Platform/Carbon -> Platform/CoreServices, Platform/Presentation
 #   Tools -> nothing of these: they read what programs have written
 #
 # Source knows of its host only <CoreFoundation/CoreFoundation.h> and <Carbon/Carbon.h>, asks for no
@@ -160,7 +160,10 @@ report "A header lies beside its source" < <(
 )
 report "CoreFoundation stands below Carbon" < <(
     includes Platform/CoreFoundation Platform/CoreGraphics |
-        grep -E '[<"/](Carbon|Presentation|Simulation)/'
+        grep -E '[<"/](Carbon|CoreServices|Presentation|Simulation)/'
+)
+report "CoreServices stands between CoreFoundation and Carbon" < <(
+    includes Platform/CoreServices | grep -E '[<"/](Carbon|ApplicationServices|Presentation|Simulation)/'
 )
 report "The presenter interface is said in the standard library's types alone" < <(
     includes Platform/Presentation/Include | without "$kStandard" | without '[<"]Presentation/[A-Za-z]+\.h[>"]'
@@ -173,7 +176,7 @@ report "The headless presenter stands below the managers" < <(
 )
 report "Presenters know nothing of the managers" < <(
     includes Platform/Presentation/Qt |
-        grep -E '[<"/](Carbon|CoreFoundation|CoreGraphics|Simulation|Base|System|Events|Menus|Windows|Input)/'
+        grep -E '[<"/](Carbon|CoreFoundation|CoreGraphics|CoreServices|Simulation|Base|System|Events|Menus|Windows|Toolbox|Input)/'
 )
 report "Nothing but tests and examples knows the simulated person" < <(
     includes Source Platform | grep -E '[<"/]Simulation/' | grep -v '^Platform/Simulation/'
@@ -187,7 +190,8 @@ room Events 'Common|Base|System'
 room Menus 'Common|Base|System|Events'
 room Windows 'Common|Base|System|Events|Windows/ControlKinds'
 room Windows/ControlKinds 'Common|Base|System|Events|Windows'
-room Input 'Common|Base|System|Events|Menus|Windows'
+room Toolbox 'Common|Base|System|Events|Menus|Windows'
+room Input 'Common|Base|System|Events|Menus|Windows|Toolbox'
 report "Qt stays in its own presenter" < <(
     includes Source Platform Examples | grep -E '[<"]Q[A-Za-z]' | grep -v '^Platform/Presentation/Qt/'
 )
@@ -200,7 +204,7 @@ report "Tools know what the library writes, and nothing of the library" < <(
 report "Examples use public headers alone" < <(
     includes Examples |
         without "$kStandard" |
-        without '<(CoreFoundation|CoreGraphics|Carbon|Presentation|Simulation)/[A-Za-z]+\.h>' |
+        without '<(CoreFoundation|CoreGraphics|CoreServices|ApplicationServices|Carbon|Presentation|Simulation)/[A-Za-z]+\.h>' |
         without_headers_of Source |
         without_headers_of Examples
 )

@@ -14,12 +14,17 @@ Nothing is linked or run: the answers are read from the compiler's output.
 
 import collections
 import json
+import pathlib
 import re
 import subprocess
 import sys
+import tempfile
 
 HEADERS = ("CoreFoundation/CoreFoundation.h", "Carbon/Carbon.h")
-HOST_FOLDERS = ("CoreFoundation", "CoreGraphics", "Carbon")
+HOST_FOLDERS = ("CoreFoundation", "CoreGraphics", "CoreServices", "Carbon")
+# The host's headers bring the C library's. No library is here for the target, and its names are not the host's.
+C_LIBRARY = ("assert", "ctype", "errno", "inttypes", "limits", "locale", "math", "setjmp", "signal", "stdio", "stdlib",
+             "string", "sys/types", "time")
 COMPILERS_HEADERS = "#include <stdarg.h>\n#include <stdbool.h>\n#include <stddef.h>\n"
 PRELUDE = "".join(f"#include <{header}>\n" for header in HEADERS) + (
     "template <class T> constexpr const char* TypeOf() { return __PRETTY_FUNCTION__; }\n"
@@ -27,6 +32,13 @@ PRELUDE = "".join(f"#include <{header}>\n" for header in HEADERS) + (
 
 # kind: "value", "size", "offset" or "type"; expression: what the compiler is asked for.
 Probe = collections.namedtuple("Probe", "kind name expression")
+
+
+def make_empty_library(folder):
+    """Headers with the names of the C library's, and nothing in them."""
+    (folder / "sys").mkdir()
+    for name in C_LIBRARY:
+        (folder / f"{name}.h").touch()
 
 
 def run(command, text):
@@ -122,9 +134,11 @@ def main():
     root, compiler, architecture, *flags = sys.argv[1:]
     target = {"i386": "i386", "ppc": "powerpc"}[architecture]
     command = [compiler, f"--target={target}-apple-macosx10.7", "-std=c++17", "-w"]
-    host = command + [f"-I{root}/Platform/{folder}/Include" for folder in HOST_FOLDERS]
-    probes = host_probes(host)
-    here, host_errors = answers(host, probes)
+    with tempfile.TemporaryDirectory() as library:
+        make_empty_library(pathlib.Path(library))
+        host = command + [f"-I{root}/Platform/{folder}/Include" for folder in HOST_FOLDERS] + [f"-I{library}"]
+        probes = host_probes(host)
+        here, host_errors = answers(host, probes)
     there, sdk_errors = answers(command + flags, probes)
     if not probes or len(here) != len(probes) or host_errors:
         sys.exit(f"The host's own headers give {len(here)} answers to {len(probes)} questions.\n" + "\n".join(host_errors))

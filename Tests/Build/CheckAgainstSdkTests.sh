@@ -23,11 +23,12 @@ made_of_our_own()
     local theFramework
     rm -rf "${gSdk:?}"/*
     mkdir -p "$gSdk/usr/include/gnu"
-    for theFramework in CoreFoundation CoreGraphics Carbon; do
-        mkdir -p "$kHeaders/$theFramework.framework"
-        cp -r "$kRoot/Platform/$theFramework/Include/$theFramework" "$kHeaders/$theFramework.framework/Headers"
+    for theFramework in CoreFoundation CoreGraphics CoreServices Carbon Carbon/Include/ApplicationServices; do
+        mkdir -p "$kHeaders/${theFramework##*/}.framework"
+        cp -r "$kRoot/Platform/${theFramework%%/*}/Include/${theFramework##*/}" \
+            "$kHeaders/${theFramework##*/}.framework/Headers"
     done
-    cp "$kRoot/Platform/CoreFoundation/Include/MacTypes.h" "$gSdk/usr/include"
+    cp "$kRoot"/Platform/{CoreFoundation,CoreServices}/Include/*.h "$gSdk/usr/include"
     # What this machine's C library asks for when it is read for 32 bits.
     : >"$gSdk/usr/include/gnu/stubs-32.h"
 }

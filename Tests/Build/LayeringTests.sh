@@ -13,8 +13,9 @@ gFailures=0
 fresh_tree()
 {
     rm -rf "${gTree:?}"/*
-    mkdir -p "$gTree"/Source/{Core,Core/Internal,Controllers/Internal} "$gTree/Platform/CoreFoundation" "$gTree/Platform/Simulation" \
-        "$gTree"/Platform/Carbon/Source/{Base,System,Events,Menus,Windows/ControlKinds,Input} \
+    mkdir -p "$gTree"/Source/{Core,Core/Internal,Controllers/Internal} \
+        "$gTree"/Platform/{CoreFoundation,CoreServices,Simulation} \
+        "$gTree"/Platform/Carbon/Source/{Base,System,Events,Menus,Windows/ControlKinds,Toolbox,Input} \
         "$gTree/Platform/Common" "$gTree"/Platform/Presentation/{Include/Presentation,Headless,Qt} "$gTree/Examples"
     printf '%s\n' '#ifndef LmThing_h' '#include <Carbon/Carbon.h>' '#include <vector>' '#endif' \
         >"$gTree/Source/Core/LmThing.h"
@@ -87,6 +88,10 @@ finds Platform/Carbon/Source/Events/Loop.cpp '#include "LmThing.h"'
 finds Platform/Carbon/Source/Events/Loop.cpp '#include <LmBindings/LmThing.h>'
 finds Platform/Carbon/Source/Events/Loop.cpp '#include <QWidget>'
 finds Platform/CoreFoundation/String.cpp '#include <Carbon/Carbon.h>'
+finds Platform/CoreFoundation/String.cpp '#include <CoreServices/CoreServices.h>'
+finds Platform/CoreServices/Memory.cpp '#include <Carbon/Carbon.h>'
+finds Platform/Carbon/Source/Windows/Window.cpp '#include "Toolbox/Cursors.h"'
+finds Platform/Carbon/Source/Toolbox/Cursors.cpp '#include "Input/Gate.h"'
 finds Platform/Presentation/Include/Presentation/Presenter.h '#include <Carbon/Carbon.h>'
 finds Platform/Presentation/Include/Presentation/Presenter.h '#include <QString>'
 finds Platform/Carbon/Source/Base/Table.h '#include "Events/Loop.h"'

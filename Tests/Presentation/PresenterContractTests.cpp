@@ -116,6 +116,8 @@ TEST_P(PresenterContract, ReportsNothingWhileItIsTold)
     mPresenter->ControlLooks(SliderIn(1, 2));
     mPresenter->MenuBarLooks({});
     mPresenter->FocusIsAt(1, 2);
+    mPresenter->PointerLooks({Host::PointerShape::kWatch, 0, false, true});
+    mPresenter->Beep();
     mPresenter->ControlGone(2);
     mPresenter->WindowGone(1);
     EXPECT_EQ(mGate.Take(), Reports());

@@ -8,6 +8,7 @@
 // Widths never differ between hosts, except where a comment says so. UInt32 and SInt32 are the long types
 // where long has 32 bits, and the int types elsewhere: a printf format needs a cast to long.
 
+#include <ConditionalMacros.h>
 #include <stdbool.h>
 #include <stddef.h>
 
@@ -19,6 +20,8 @@ typedef unsigned char UInt8;
 typedef signed char SInt8;
 typedef unsigned short UInt16;
 typedef signed short SInt16;
+typedef UInt8 Byte;
+typedef SInt8 SignedByte;
 #ifdef __LP64__
 typedef unsigned int UInt32;
 typedef signed int SInt32;
@@ -50,9 +53,15 @@ typedef long Size;                // as wide as a pointer
 
 // 16 bits before the binary point and 16 after it.
 typedef SInt32 Fixed;
+// 2 bits before the binary point and 30 after it.
+typedef SInt32 Fract;
 
 typedef char* Ptr;
 typedef Ptr* Handle;
+
+// Any function; to be called, it is cast to what it is.
+typedef long (*ProcPtr)(void);
+typedef ProcPtr UniversalProcPtr;
 
 // What an application hands to a call to get it back later. The names are in the headers since Mac OS X 10.5;
 // those of 10.4 say SInt32, UInt32 or void* instead.
@@ -74,11 +83,18 @@ typedef unsigned long UniCharCount; // as wide as a pointer
 // Pascal strings: the first byte is the length, the text follows, nothing ends it.
 typedef unsigned char Str255[256];
 typedef unsigned char Str63[64];
+typedef unsigned char Str32[33];
 typedef unsigned char Str31[32];
+typedef unsigned char Str27[28];
 typedef unsigned char Str15[16];
 typedef unsigned char* StringPtr;
 typedef const unsigned char* ConstStringPtr;
 typedef const unsigned char* ConstStr255Param;
+typedef const unsigned char* ConstStr63Param;
+typedef const unsigned char* ConstStr31Param;
+
+// How a byte stands for a character.
+typedef UInt32 TextEncoding;
 
 enum
 {

@@ -30,6 +30,7 @@ void HeadlessSnapshot::Stop()
     mMenuBar = {};
     mFocusedWindow = kNoObject;
     mFocusedControl = kNoObject;
+    mPointer = {};
 }
 
 void HeadlessSnapshot::WindowLooks(const WindowLook& theLook)
@@ -64,6 +65,16 @@ void HeadlessSnapshot::FocusIsAt(ObjectId theWindow, ObjectId theControl)
 {
     mFocusedWindow = theWindow;
     mFocusedControl = theControl;
+}
+
+void HeadlessSnapshot::PointerLooks(const PointerLook& theLook)
+{
+    mPointer = theLook;
+}
+
+void HeadlessSnapshot::Beep()
+{
+    ++mBeeps;
 }
 
 const WindowLook* HeadlessSnapshot::FindWindow(ObjectId theWindow) const

@@ -23,6 +23,8 @@ public:
     void ControlGone(ObjectId theControl) override;
     void MenuBarLooks(const MenuBarLook& theLook) override;
     void FocusIsAt(ObjectId theWindow, ObjectId theControl) override;
+    void PointerLooks(const PointerLook& theLook) override;
+    void Beep() override;
 
     // Asking ------------------------------------------------------------------------------------------
 
@@ -39,6 +41,10 @@ public:
     const MenuBarLook& MenuBar() const { return mMenuBar; }
     ObjectId FocusedWindow() const { return mFocusedWindow; }
     ObjectId FocusedControl() const { return mFocusedControl; }
+    const PointerLook& Pointer() const { return mPointer; }
+
+    // How often the person was asked for attention since the presenter was made.
+    int Beeps() const { return mBeeps; }
 
     // Telling -----------------------------------------------------------------------------------------
 
@@ -64,6 +70,8 @@ private:
     MenuBarLook mMenuBar;
     ObjectId mFocusedWindow = kNoObject;
     ObjectId mFocusedControl = kNoObject;
+    PointerLook mPointer;
+    int mBeeps = 0;
 };
 
 } // namespace Host

@@ -105,6 +105,7 @@ void QtPresenter::Stop()
 // The pump stays: a wait may be going on in it.
 void QtPresenter::Forget()
 {
+    mPointer.Show({});
     mControls.clear();
     for (const auto& theEntry : mWindows) {
         if (theEntry.second.theWindow != nullptr) {
@@ -240,6 +241,20 @@ void QtPresenter::FocusIsAt(ObjectId theWindow, ObjectId theControl)
 {
     mFocusedWindow = theWindow;
     mFocusedControl = theControl;
+}
+
+void QtPresenter::PointerLooks(const PointerLook& theLook)
+{
+    if (IsRunning()) {
+        mPointer.Show(theLook);
+    }
+}
+
+void QtPresenter::Beep()
+{
+    if (IsRunning()) {
+        QApplication::beep();
+    }
 }
 
 QWidget* QtPresenter::FindWindowWidget(ObjectId theWindow) const

@@ -3,6 +3,7 @@
 #ifndef QtPresenter_h
 #define QtPresenter_h
 
+#include "QtPointer.h"
 #include "QtReports.h"
 
 #include <map>
@@ -51,6 +52,8 @@ public:
     void ControlGone(ObjectId theControl) override;
     void MenuBarLooks(const MenuBarLook& theLook) override;
     void FocusIsAt(ObjectId theWindow, ObjectId theControl) override;
+    void PointerLooks(const PointerLook& theLook) override;
+    void Beep() override;
     MenuChoice RunPopUp(const PopUpLook& theLook) override;
     bool WaitUntil(double theDeadline, double theNow) override;
     void Wake() override;
@@ -107,6 +110,7 @@ private:
     std::unique_ptr<QtEventPump> mPump;
     std::unique_ptr<QtMenuBar> mMenuBar;
     std::unique_ptr<QtSession> mSession;
+    QtPointer mPointer;
     QtMenuWindow* mMenuWindow = nullptr; // null until it is needed
     std::map<ObjectId, WindowEntry> mWindows;
     std::map<ObjectId, ControlEntry> mControls;

@@ -95,6 +95,10 @@ MenuChoice Presenter::RunPopUp(const PopUpLook&)
     return {};
 }
 
+void Presenter::PointerLooks(const PointerLook&) {}
+
+void Presenter::Beep() {}
+
 std::string Presenter::ClipboardText() const
 {
     return OwnClipboard();

@@ -1,10 +1,12 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// The one header that a Carbon application includes.
+// The one header that a Carbon application includes. The C library comes with it, as programs expect.
 
 #ifndef Carbon_h
 #define Carbon_h
 
+#include <ApplicationServices/ApplicationServices.h>
+#include <Carbon/Appearance.h>
 #include <Carbon/CarbonBase.h>
 #include <Carbon/CarbonEvents.h>
 #include <Carbon/CarbonEventsCore.h>
@@ -12,10 +14,12 @@
 #include <Carbon/Controls.h>
 #include <Carbon/Events.h>
 #include <Carbon/HIGeometry.h>
-#include <Carbon/MacErrors.h>
 #include <Carbon/MacWindows.h>
 #include <Carbon/Menus.h>
+#include <Carbon/Processes.h>
 #include <Carbon/Quickdraw.h>
+#include <Carbon/Sound.h>
 #include <CoreFoundation/CoreFoundation.h>
+#include <CoreServices/CoreServices.h>
 
 #endif

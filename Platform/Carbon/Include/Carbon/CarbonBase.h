@@ -16,7 +16,7 @@
 #define CARBON_INLINE inline
 #else
 #define CARBON_EXPORT extern __attribute__((visibility("default")))
-#define CARBON_INLINE static inline
+#define CARBON_INLINE static __inline__
 #endif
 
 typedef unsigned char Style;
@@ -70,6 +70,9 @@ typedef ControlRef ControlHandle;
 typedef ControlRef HIViewRef;
 typedef struct OpaqueMenuRef* MenuRef;
 typedef MenuRef MenuHandle;
+typedef struct OpaqueDialogPtr* DialogRef;
+typedef DialogRef DialogPtr;
+typedef struct OpaqueIconRef* IconRef;
 typedef struct OpaqueWindowPtr* WindowRef;
 typedef WindowRef WindowPtr;
 typedef WindowRef HIWindowRef;

@@ -7,7 +7,7 @@
 #define CarbonEvents_h
 
 #include <Carbon/CarbonEventsCore.h>
-#include <Carbon/MacErrors.h>
+#include <CoreServices/MacErrors.h>
 
 // Event classes.
 enum
@@ -17,6 +17,7 @@ enum
     kEventClassTextInput = 'text',
     kEventClassApplication = 'appl',
     kEventClassAppleEvent = 'eppc',
+    kEventClassEPPC = kEventClassAppleEvent,
     kEventClassMenu = 'menu',
     kEventClassWindow = 'wind',
     kEventClassControl = 'cntl',
@@ -51,7 +52,25 @@ enum
 // kEventClassTextInput. Typed text, made from a key press that nobody handled.
 enum
 {
-    kEventTextInputUnicodeForKeyEvent = 2
+    kEventTextInputUpdateActiveInputArea = 1,
+    kEventTextInputUnicodeForKeyEvent = 2,
+    kEventTextInputOffsetToPos = 3,
+    kEventTextInputPosToOffset = 4,
+    kEventTextInputShowHideBottomWindow = 5,
+    kEventTextInputGetSelectedText = 6,
+    kEventUpdateActiveInputArea = kEventTextInputUpdateActiveInputArea,
+    kEventUnicodeForKeyEvent = kEventTextInputUnicodeForKeyEvent,
+    kEventOffsetToPos = kEventTextInputOffsetToPos,
+    kEventPosToOffset = kEventTextInputPosToOffset,
+    kEventShowHideBottomWindow = kEventTextInputShowHideBottomWindow,
+    kEventGetSelectedText = kEventTextInputGetSelectedText
+};
+
+// kEventClassAppleEvent
+enum
+{
+    kEventAppleEvent = 1,
+    kEventHighLevelEvent = kEventAppleEvent
 };
 
 // kEventClassTextField. What happens to the text of an edit field by a person's hand.
@@ -66,6 +85,7 @@ enum
 enum
 {
     kEventCommandProcess = 1,
+    kEventProcessCommand = kEventCommandProcess,
     kEventCommandUpdateStatus = 2
 };
 
@@ -89,6 +109,7 @@ enum
     kEventControlGetNextFocusCandidate = 14,
     kEventControlGetAutoToggleValue = 15,
     kEventControlInterceptSubviewClick = 16,
+    kEventControlGetSubviewForMouseEvent = kEventControlInterceptSubviewClick,
     kEventControlGetClickActivation = 17,
     kEventControlInvalidateForSizeChange = 22,
     kEventControlTrack = 51,

@@ -28,6 +28,9 @@
 
 #include <Carbon/CarbonBase.h>
 
+typedef UInt32 EventClassID;
+typedef UInt32 EventClass;
+typedef UInt32 EventType;
 typedef OSType EventParamName;
 typedef OSType EventParamType;
 typedef UInt32 EventAttributes;
@@ -169,6 +172,11 @@ CARBON_EXPORT OSStatus RemoveEventTypesFromHandler(EventHandlerRef inHandlerRef,
 // A handler that has called this has passed the event on: if it then returns eventNotHandledErr, the
 // others are not asked a second time.
 CARBON_EXPORT OSStatus CallNextEventHandler(EventHandlerCallRef inCallRef, EventRef inEvent);
+
+// Gives a window what kWindowStandardHandlerAttribute gives it, or takes it away. Other targets have no such
+// behaviour to be switched: noErr, and nothing happens. paramErr for a bad target.
+CARBON_EXPORT OSStatus InstallStandardEventHandler(EventTargetRef inTarget);
+CARBON_EXPORT OSStatus RemoveStandardEventHandler(EventTargetRef inTarget);
 
 // --- Sending ----------------------------------------------------------------------------------------
 

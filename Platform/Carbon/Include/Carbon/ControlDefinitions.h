@@ -65,6 +65,9 @@ enum
     kControlCheckBoxUncheckedValue = 0,
     kControlCheckBoxCheckedValue = 1,
     kControlCheckBoxMixedValue = 2,
+    kControlCheckboxUncheckedValue = kControlCheckBoxUncheckedValue,
+    kControlCheckboxCheckedValue = kControlCheckBoxCheckedValue,
+    kControlCheckboxMixedValue = kControlCheckBoxMixedValue,
     kControlRadioButtonUncheckedValue = 0,
     kControlRadioButtonCheckedValue = 1,
     kControlRadioButtonMixedValue = 2

@@ -28,9 +28,9 @@
 #include <Carbon/CarbonBase.h>
 #include <Carbon/CarbonEvents.h>
 #include <Carbon/HIGeometry.h>
-#include <Carbon/MacErrors.h>
 #include <Carbon/Quickdraw.h>
 #include <CoreFoundation/CoreFoundation.h>
+#include <CoreServices/MacErrors.h>
 
 // Types -------------------------------------------------------------------------------------------------
 

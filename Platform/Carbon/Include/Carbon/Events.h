@@ -33,7 +33,31 @@ enum
     mouseUp = 2,
     keyDown = 3,
     keyUp = 4,
-    autoKey = 5
+    autoKey = 5,
+    updateEvt = 6,
+    diskEvt = 7,
+    activateEvt = 8,
+    osEvt = 15,
+    kHighLevelEvent = 23
+};
+
+// Masks of these kinds, and parts of messages
+enum
+{
+    mDownMask = 1 << mouseDown,
+    mUpMask = 1 << mouseUp,
+    keyDownMask = 1 << keyDown,
+    keyUpMask = 1 << keyUp,
+    autoKeyMask = 1 << autoKey,
+    updateMask = 1 << updateEvt,
+    activMask = 1 << activateEvt,
+    osMask = 1 << osEvt,
+    everyEvent = 0xFFFF,
+    charCodeMask = 0xFF,
+    keyCodeMask = 0xFF00,
+    resumeFlag = 1,
+    suspendResumeMessage = 1,
+    mouseMovedMessage = 250
 };
 
 // Modifier keys as bits of an event's modifiers.
@@ -173,5 +197,42 @@ enum
     kVK_F5 = 96,
     kVK_F6 = 97
 };
+
+// --- Time -------------------------------------------------------------------------------------------
+
+// Sixtieths of a second since the system started; begins anew after 828 days.
+CARBON_EXPORT UInt32 TickCount(void);
+
+// Waits without letting anything happen: no timer fires and no window is shown. finalTicks, which may be
+// NULL, receives TickCount at the end.
+CARBON_EXPORT void Delay(unsigned long numTicks, unsigned long* finalTicks);
+
+// Ticks within which a second click is a double click, and ticks between two blinks of a caret: 30 each.
+CARBON_EXPORT UInt32 GetDblTime(void);
+CARBON_EXPORT UInt32 GetCaretTime(void);
+
+// --- What the person holds down, and where the pointer is --------------------------------------------
+
+// Where the pointer was last seen over the program's windows: in global coordinates, and in those of the
+// current port. Nothing is done for NULL.
+CARBON_EXPORT void GetGlobalMouse(Point* globalMouse);
+CARBON_EXPORT void GetMouse(Point* mouseLoc);
+
+// Whether a button is down. As long as one is, each call lets the person go on, so that a loop around
+// StillDown ends; handlers of what the person does meanwhile run from inside the call. Where a simulated
+// person is the only one, it can release nothing as long as the program does not return. WaitMouseUp is the
+// same as StillDown.
+CARBON_EXPORT Boolean Button(void);
+CARBON_EXPORT Boolean StillDown(void);
+CARBON_EXPORT Boolean WaitMouseUp(void);
+
+// The buttons that are down: bit 0 is the primary one, bit 1 the secondary. The second tells it as it was
+// when the last event of the person was sent, and lets nothing happen.
+CARBON_EXPORT UInt32 GetCurrentButtonState(void);
+CARBON_EXPORT UInt32 GetCurrentEventButtonState(void);
+
+// Keys by their position (kEventParamKeyCode): position n is bit n % 8 of byte n / 8.
+typedef UInt32 KeyMap[4];
+CARBON_EXPORT void GetKeys(KeyMap theKeys);
 
 #endif

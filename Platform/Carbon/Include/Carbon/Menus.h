@@ -21,7 +21,7 @@
 #define Menus_h
 
 #include <Carbon/CarbonBase.h>
-#include <Carbon/MacErrors.h>
+#include <CoreServices/MacErrors.h>
 
 typedef UInt32 MenuAttributes;
 typedef UInt32 MenuItemAttributes;
@@ -355,5 +355,12 @@ CARBON_EXPORT OSStatus CancelMenuTracking(MenuRef inRootMenu, Boolean inImmediat
 // runs next: kEventMenuEnableItems, then kEventCommandUpdateStatus for each, with kMenuContextMenuEnabling.
 // Other menus are brought up to date whenever they open, and nothing is put off for them.
 CARBON_EXPORT OSStatus InvalidateMenuEnabling(MenuRef inMenu);
+
+// The height of the menu bar at the top of the main screen, or of what else the desktop keeps there; 0 where
+// menu bars are in the windows.
+CARBON_EXPORT short GetMBarHeight(void);
+
+// Titles of menus are lit and darkened by who shows them, so there is nothing to be done.
+CARBON_EXPORT void HiliteMenu(MenuID menuID);
 
 #endif

@@ -107,6 +107,42 @@ void OffsetRect(Rect* ioRect, short inHorizontal, short inVertical)
     }
 }
 
+void InsetRect(Rect* ioRect, short inHorizontal, short inVertical)
+{
+    if (ioRect != nullptr) {
+        const Rect theInset = Host::MakeRect(ioRect->left + inHorizontal, ioRect->top + inVertical,
+                                             ioRect->right - inHorizontal, ioRect->bottom - inVertical);
+        *ioRect = Host::IsEmpty(theInset) ? Rect{} : theInset;
+    }
+}
+
+Boolean SectRect(const Rect* inOne, const Rect* inOther, Rect* outRect)
+{
+    if (inOne == nullptr || inOther == nullptr || outRect == nullptr) {
+        return 0;
+    }
+    const Rect theCommon =
+        Host::MakeRect(std::max(inOne->left, inOther->left), std::max(inOne->top, inOther->top),
+                       std::min(inOne->right, inOther->right), std::min(inOne->bottom, inOther->bottom));
+    const bool theIsEmpty = Host::IsEmpty(theCommon);
+    *outRect = theIsEmpty ? Rect{} : theCommon;
+    return !theIsEmpty;
+}
+
+void UnionRect(const Rect* inOne, const Rect* inOther, Rect* outRect)
+{
+    if (inOne != nullptr && inOther != nullptr && outRect != nullptr) {
+        *outRect =
+            Host::MakeRect(std::min(inOne->left, inOther->left), std::min(inOne->top, inOther->top),
+                           std::max(inOne->right, inOther->right), std::max(inOne->bottom, inOther->bottom));
+    }
+}
+
+Boolean EmptyRect(const Rect* inRect)
+{
+    return inRect == nullptr || Host::IsEmpty(*inRect);
+}
+
 Boolean EqualRect(const Rect* inOne, const Rect* inOther)
 {
     return inOne != nullptr && inOther != nullptr && Host::Agree(*inOne, *inOther);
@@ -115,4 +151,30 @@ Boolean EqualRect(const Rect* inOne, const Rect* inOther)
 Boolean PtInRect(Point inPoint, const Rect* inRect)
 {
     return inRect != nullptr && Host::Contains(*inRect, inPoint);
+}
+
+void SetPt(Point* outPoint, short inHorizontal, short inVertical)
+{
+    if (outPoint != nullptr) {
+        *outPoint = Host::MakePoint(inHorizontal, inVertical);
+    }
+}
+
+void AddPt(Point inPoint, Point* ioPoint)
+{
+    if (ioPoint != nullptr) {
+        *ioPoint = Host::MakePoint(ioPoint->h + inPoint.h, ioPoint->v + inPoint.v);
+    }
+}
+
+void SubPt(Point inPoint, Point* ioPoint)
+{
+    if (ioPoint != nullptr) {
+        *ioPoint = Host::MakePoint(ioPoint->h - inPoint.h, ioPoint->v - inPoint.v);
+    }
+}
+
+Boolean EqualPt(Point inOne, Point inOther)
+{
+    return inOne.h == inOther.h && inOne.v == inOther.v;
 }

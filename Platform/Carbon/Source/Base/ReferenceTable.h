@@ -20,7 +20,9 @@ enum class ReferenceKind : std::uintptr_t
     kEventHandler = 4,
     kMenu = 5,
     kHandlerCall = 6,
+    kPort = 7,
     kEvent = 8,
+    kRegion = 9,
     kTimer = 12,
 };
 

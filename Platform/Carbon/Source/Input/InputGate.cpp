@@ -8,6 +8,7 @@
 #include "Events/OutgoingEvent.h"
 #include "KeyText.h"
 #include "Menus/Menus.h"
+#include "Toolbox/Held.h"
 #include "Windows/Control.h"
 #include "Windows/KeyboardFocus.h"
 #include "Windows/Window.h"
@@ -190,12 +191,19 @@ bool IsSame(const Rect& theOne, const Rect& theOther)
 
 } // namespace
 
+// Told before the events are sent, whose handlers may ask.
+void InputGate::TellState() const
+{
+    SetHeld({mPlace, mButtonsDown, mKeysDown});
+}
+
 void InputGate::LetGo()
 {
     mPressedWindow = kNoObject;
     mTrackedControl = kNoObject;
     mButtonsDown = 0;
     mKeysDown.clear();
+    TellState();
 }
 
 // Pointer ----------------------------------------------------------------------------------------------
@@ -214,6 +222,7 @@ bool InputGate::PointerPressed(const PointerAction& theAction)
     mPressedWindow = theWindow->Identifier();
     mButtonsDown |= BitOf(theAction.theButton);
     mPlace = theAction.thePlace;
+    TellState();
     MouseEvent theEvent(kEventMouseDown, theWindow, theAction.thePlace, theAction.theModifiers);
     theEvent.SetButton(theAction.theButton, static_cast<UInt32>(theAction.theClickCount), mButtonsDown);
     mWasTaken = theEvent.Dispatch();
@@ -235,6 +244,7 @@ bool InputGate::SendMove(const PointerAction& theAction, std::optional<SInt32> t
     }
     const PixelPoint theDelta = Difference(theAction.thePlace, mPlace);
     mPlace = theAction.thePlace;
+    TellState();
     MouseEvent theEvent(theIsDrag ? kEventMouseDragged : kEventMouseMoved, theWindow, theAction.thePlace,
                         theAction.theModifiers);
     theEvent.Set(kEventParamMouseDelta, typeHIPoint, ToHIPoint(theDelta));
@@ -257,6 +267,7 @@ bool InputGate::SendRelease(const PointerAction& theAction, std::optional<SInt32
     mButtonsDown &= ~BitOf(theAction.theButton);
     mPressedWindow = mButtonsDown == 0 ? kNoObject : mPressedWindow;
     mPlace = theAction.thePlace;
+    TellState();
     if (theWindow == nullptr) {
         return false;
     }
@@ -293,6 +304,7 @@ bool InputGate::KeyPressed(const KeyAction& theAction)
     GiveFirstFocus();
     // Some desktops report a repetition as one more press.
     const bool theIsNew = mKeysDown.insert(theAction.theKey).second;
+    TellState();
     return Deliver(theIsNew ? kEventRawKeyDown : kEventRawKeyRepeat, theAction);
 }
 
@@ -308,7 +320,11 @@ bool InputGate::KeyRepeated(const KeyAction& theAction)
 bool InputGate::KeyReleased(const KeyAction& theAction)
 {
     mWasTaken = false;
-    return mKeysDown.erase(theAction.theKey) != 0 && Deliver(kEventRawKeyUp, theAction);
+    if (mKeysDown.erase(theAction.theKey) == 0) {
+        return false;
+    }
+    TellState();
+    return Deliver(kEventRawKeyUp, theAction);
 }
 
 bool InputGate::Deliver(UInt32 theKind, const KeyAction& theAction)

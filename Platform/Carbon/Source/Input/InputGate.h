@@ -54,6 +54,7 @@ public:
     void LetGo();
 
 private:
+    void TellState() const;
     bool Deliver(UInt32 theKind, const KeyAction& theAction);
     bool PressPart(const SharedControl& theControl, ControlPartCode thePart, std::uint32_t theModifiers);
     bool SendMove(const PointerAction& theAction, std::optional<SInt32> theExactValue = std::nullopt);

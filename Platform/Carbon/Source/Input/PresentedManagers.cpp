@@ -5,6 +5,7 @@
 #include "Common/NeverDestroyed.h"
 #include "InputGate.h"
 #include "Menus/Menus.h"
+#include "Toolbox/Cursors.h"
 #include "Windows/Windows.h"
 
 #include <Presentation/PresentedProgram.h>
@@ -24,6 +25,7 @@ public:
     {
         ReplayMenuLooks(thePresenter);
         ReplayWindowLooks(thePresenter);
+        ReplayPointerLook(thePresenter);
     }
 
 private:

@@ -22,13 +22,17 @@
 
 #ifdef __cplusplus
 #define CF_EXTERN extern "C"
-#define CF_OF_TYPE(inType) : inType
 #else
 #define CF_EXTERN extern
+#endif
+// Older languages have no enumerations of a type.
+#if defined(__cplusplus) && __cplusplus >= 201103L
+#define CF_OF_TYPE(inType) : inType
+#else
 #define CF_OF_TYPE(inType)
 #endif
 #define CF_EXPORT CF_EXTERN __attribute__((visibility("default")))
-#define CF_INLINE static inline
+#define CF_INLINE static __inline__ // the word that C of 1989 knows as well
 
 // A type's identifier: compare it with what the CF...GetTypeID functions return.
 typedef unsigned long CFTypeID;
@@ -119,7 +123,7 @@ CF_EXPORT void CFShow(CFTypeRef inObject);
 // Functions that make objects take an allocator first. Memory always comes from malloc, so NULL, which
 // stands for the default allocator, is the argument to use.
 #ifdef __cplusplus
-#define kCFAllocatorDefault (static_cast<CFAllocatorRef>(nullptr))
+#define kCFAllocatorDefault (static_cast<CFAllocatorRef>(0))
 #else
 #define kCFAllocatorDefault ((CFAllocatorRef)0)
 #endif

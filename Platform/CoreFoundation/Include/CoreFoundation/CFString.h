@@ -54,7 +54,7 @@ enum CF_OF_TYPE(CFOptionFlags)
 // A constant string, made from a literal of ASCII characters. Equal literals give the same object, which is
 // never freed.
 CF_EXPORT CFStringRef __CFStringMakeConstantString(const char* inLiteral);
-#ifdef __cplusplus
+#if defined(__cplusplus) && __cplusplus >= 201103L
 #define CFSTR(inLiteral)                                                                                     \
     ([]() -> CFStringRef {                                                                                   \
         static const CFStringRef kString = __CFStringMakeConstantString("" inLiteral "");                    \

@@ -3,7 +3,25 @@
 #ifndef CoreFoundation_h
 #define CoreFoundation_h
 
-// All of CoreFoundation: the one header that programs include.
+// All of CoreFoundation: the one header that programs include. The C library comes with it, as programs
+// expect.
+
+#include <assert.h>
+#include <ctype.h>
+#include <errno.h>
+#include <float.h>
+#include <inttypes.h>
+#include <limits.h>
+#include <locale.h>
+#include <math.h>
+#include <setjmp.h>
+#include <signal.h>
+#include <stdarg.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+#include <sys/types.h>
+#include <time.h>
 
 #include <CoreFoundation/CFArray.h>
 #include <CoreFoundation/CFBase.h>

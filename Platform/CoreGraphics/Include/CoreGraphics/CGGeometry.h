@@ -55,7 +55,7 @@ CG_EXPORT const CGRect CGRectNull;
 // Contains every point.
 CG_EXPORT const CGRect CGRectInfinite;
 
-static inline CGPoint CGPointMake(CGFloat inX, CGFloat inY)
+static __inline__ CGPoint CGPointMake(CGFloat inX, CGFloat inY)
 {
     CGPoint thePoint;
     thePoint.x = inX;
@@ -63,7 +63,7 @@ static inline CGPoint CGPointMake(CGFloat inX, CGFloat inY)
     return thePoint;
 }
 
-static inline CGSize CGSizeMake(CGFloat inWidth, CGFloat inHeight)
+static __inline__ CGSize CGSizeMake(CGFloat inWidth, CGFloat inHeight)
 {
     CGSize theSize;
     theSize.width = inWidth;
@@ -71,7 +71,7 @@ static inline CGSize CGSizeMake(CGFloat inWidth, CGFloat inHeight)
     return theSize;
 }
 
-static inline CGRect CGRectMake(CGFloat inX, CGFloat inY, CGFloat inWidth, CGFloat inHeight)
+static __inline__ CGRect CGRectMake(CGFloat inX, CGFloat inY, CGFloat inWidth, CGFloat inHeight)
 {
     CGRect theRect;
     theRect.origin = CGPointMake(inX, inY);

@@ -88,6 +88,13 @@ public:
     // Shows a menu by itself and returns when the person has chosen. The default chooses nothing.
     virtual MenuChoice RunPopUp(const PopUpLook& theLook);
 
+    // What the pointer looks like from now on. The managers say by themselves when it moves after it was
+    // obscured.
+    virtual void PointerLooks(const PointerLook& theLook);
+
+    // Asks for the person's attention, once, by a sound.
+    virtual void Beep();
+
     // The clipboard ------------------------------------------------------------------------------------
 
     // What was cut or copied last, and what is from now on; lines end with a line feed. The default keeps it

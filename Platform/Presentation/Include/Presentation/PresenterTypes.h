@@ -334,6 +334,48 @@ struct TextEdit
     int theSelectionEnd = 0;
 };
 
+// What the pointer looks like over the program's windows.
+enum class PointerShape
+{
+    kArrow,
+    kCopyArrow,
+    kAliasArrow,
+    kContextualMenuArrow,
+    kIBeam,
+    kCross,
+    kPlus,
+    kWatch,
+    kClosedHand,
+    kOpenHand,
+    kPointingHand,
+    kCountingUpHand,
+    kCountingDownHand,
+    kCountingUpAndDownHand,
+    kSpinning,
+    kResizeLeft,
+    kResizeRight,
+    kResizeLeftRight,
+    kNotAllowed,
+    kResizeUp,
+    kResizeDown,
+    kResizeUpDown,
+    kPoof,
+};
+
+struct PointerLook
+{
+    PointerShape theShape = PointerShape::kArrow; // the arrow gives way to what a control has of its own
+    unsigned theStep = 0;                         // of a shape that moves: which picture, counted without end
+    bool theIsHidden = false;
+    bool theIsObscured = false; // hidden until it moves
+};
+
+inline bool operator==(const PointerLook& theOne, const PointerLook& theOther)
+{
+    return theOne.theShape == theOther.theShape && theOne.theStep == theOther.theStep &&
+           theOne.theIsHidden == theOther.theIsHidden && theOne.theIsObscured == theOther.theIsObscured;
+}
+
 } // namespace Host
 
 #endif

@@ -62,3 +62,72 @@ TEST(Geometry, NullRectanglesAreLeftAlone)
     EXPECT_FALSE(EqualRect(&theRect, nullptr));
     EXPECT_FALSE(PtInRect(thePoint, nullptr));
 }
+
+TEST(Geometry, ARectangleIsInset)
+{
+    Rect theRect = MakeRect(10, 20, 50, 60);
+    InsetRect(&theRect, 5, -10);
+    EXPECT_EQ(Describe(theRect), "15, 10, 45, 70");
+    InsetRect(&theRect, 15, 0);
+    EXPECT_EQ(Describe(theRect), "0, 0, 0, 0");
+    theRect = MakeRect(-32768, -32768, 32767, 32767);
+    InsetRect(&theRect, -32768, -1);
+    EXPECT_EQ(Describe(theRect), "-32768, -32768, 32767, 32767");
+    InsetRect(nullptr, 1, 1);
+}
+
+TEST(Geometry, RectanglesHaveSomethingInCommonOrNothing)
+{
+    const Rect theOne = MakeRect(0, 0, 20, 20);
+    const Rect theOther = MakeRect(10, -5, 30, 15);
+    const Rect theNeighbour = MakeRect(20, 0, 40, 20);
+    Rect theResult = MakeRect(1, 2, 3, 4);
+    EXPECT_TRUE(SectRect(&theOne, &theOther, &theResult));
+    EXPECT_EQ(Describe(theResult), "10, 0, 20, 15");
+    EXPECT_FALSE(SectRect(&theOne, &theNeighbour, &theResult));
+    EXPECT_EQ(Describe(theResult), "0, 0, 0, 0");
+    UnionRect(&theOne, &theOther, &theResult);
+    EXPECT_EQ(Describe(theResult), "0, -5, 30, 20");
+    // The result may be one of the two.
+    theResult = theOne;
+    EXPECT_TRUE(SectRect(&theResult, &theOther, &theResult));
+    EXPECT_EQ(Describe(theResult), "10, 0, 20, 15");
+    for (const auto& [theFirst, theSecond, theThird] :
+         {std::tuple<const Rect*, const Rect*, Rect*>{nullptr, &theOne, &theResult},
+          {&theOne, nullptr, &theResult},
+          {&theOne, &theOne, nullptr}}) {
+        EXPECT_FALSE(SectRect(theFirst, theSecond, theThird));
+        UnionRect(theFirst, theSecond, theThird);
+    }
+    EXPECT_EQ(Describe(theResult), "10, 0, 20, 15");
+}
+
+TEST(Geometry, ARectangleWithoutAnInsideIsEmpty)
+{
+    const Rect theRect = MakeRect(0, 0, 1, 1);
+    const Rect theLine = MakeRect(0, 0, 1, 0);
+    const Rect theTurned = MakeRect(5, 0, 1, 9);
+    EXPECT_FALSE(EmptyRect(&theRect));
+    EXPECT_TRUE(EmptyRect(&theLine));
+    EXPECT_TRUE(EmptyRect(&theTurned));
+    EXPECT_TRUE(EmptyRect(nullptr));
+}
+
+TEST(Geometry, PointsAreAddedAndTakenAway)
+{
+    Point thePoint;
+    SetPt(&thePoint, 3, 4);
+    EXPECT_EQ(thePoint.h, 3);
+    EXPECT_EQ(thePoint.v, 4);
+    AddPt({10, 20}, &thePoint);
+    EXPECT_TRUE(EqualPt(thePoint, {14, 23}));
+    SubPt({1, 2}, &thePoint);
+    EXPECT_TRUE(EqualPt(thePoint, {13, 21}));
+    EXPECT_FALSE(EqualPt(thePoint, {13, 22}));
+    EXPECT_FALSE(EqualPt(thePoint, {12, 21}));
+    AddPt({32767, 32767}, &thePoint);
+    EXPECT_TRUE(EqualPt(thePoint, {32767, 32767}));
+    SetPt(nullptr, 1, 1);
+    AddPt({1, 1}, nullptr);
+    SubPt({1, 1}, nullptr);
+}

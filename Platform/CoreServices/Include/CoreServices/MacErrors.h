@@ -1,20 +1,77 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// The statuses that the managers answer with. Zero, noErr, is success.
+// The statuses that the managers answer with, and those that programs compare them with. Zero, noErr, is
+// success.
 
 #ifndef MacErrors_h
 #define MacErrors_h
 
-#include <Carbon/CarbonBase.h>
+#include <MacTypes.h>
 
 // General
 enum
 {
     paramErr = -50,
-    memFullErr = -108,
     unimpErr = -4,
-    userCanceledErr = -128,
-    resNotFound = -192
+    userCanceledErr = -128
+};
+
+// Memory, resources and processes
+enum
+{
+    memFullErr = -108,
+    nilHandleErr = -109,
+    memWZErr = -111,
+    memPurErr = -112,
+    resNotFound = -192,
+    resFNotFound = -193,
+    procNotFound = -600,
+    appIsDaemon = -606
+};
+
+// Files
+enum
+{
+    dskFulErr = -34,
+    nsvErr = -35,
+    ioErr = -36,
+    bdNamErr = -37,
+    fnOpnErr = -38,
+    eofErr = -39,
+    tmfoErr = -42,
+    fnfErr = -43,
+    wPrErr = -44,
+    fLckdErr = -45,
+    vLckdErr = -46,
+    fBsyErr = -47,
+    dupFNErr = -48,
+    opWrErr = -49,
+    rfNumErr = -51,
+    permErr = -54,
+    dirNFErr = -120,
+    errFSBadFSRef = -1401,
+    errFSBadForkName = -1402,
+    errFSNotAFolder = -1407,
+    errFSNameTooLong = -1410,
+    errFSMissingName = -1411,
+    errFSNoMoreItems = -1417,
+    errFSRefsDifferent = -1420,
+    afpAccessDenied = -5000
+};
+
+// Gestalt
+enum
+{
+    gestaltUnknownErr = -5550,
+    gestaltUndefSelectorErr = -5551,
+    gestaltDupSelectorErr = -5552,
+    gestaltLocationErr = -5553
+};
+
+// CoreFoundation, where it answers with a status
+enum
+{
+    coreFoundationUnknownErr = -4960
 };
 
 // Carbon Event Manager
@@ -30,6 +87,24 @@ enum
     eventLoopQuitErr = -9876,
     eventNotInQueueErr = -9877,
     eventPassToNextTargetErr = -9880
+};
+
+// HIObject
+enum
+{
+    hiObjectClassExistsErr = -22080,
+    hiObjectClassHasInstancesErr = -22081,
+    hiObjectClassHasSubclassesErr = -22082,
+    hiObjectClassIsAbstractErr = -22083
+};
+
+// Dialogs and nibs
+enum
+{
+    dialogNoTimeoutErr = -5640,
+    kIBCarbonRuntimeCantFindNibFile = -10960,
+    kIBCarbonRuntimeObjectNotOfRequestedType = -10961,
+    kIBCarbonRuntimeCantFindObject = -10962
 };
 
 // Control Manager
