@@ -267,7 +267,9 @@ void QtMenuBar::Fill(QMenuBar& theBar) const
     for (const MenuLook& theMenu : mLook.theMenus) {
         theActions.append(mMenus.at(theMenu.theId)->theMenu->menuAction());
     }
-    if (theBar.actions() != theActions) {
+    // Lists are not compared themselves: two empty ones would compare bytes at no address.
+    const QList<QAction*> theOldActions = theBar.actions();
+    if (!std::equal(theOldActions.begin(), theOldActions.end(), theActions.begin(), theActions.end())) {
         theBar.clear();
         theBar.addActions(theActions);
     }

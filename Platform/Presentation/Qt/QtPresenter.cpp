@@ -130,6 +130,7 @@ void QtPresenter::Forget()
     mFocusedWindow = kNoObject;
     mFocusedControl = kNoObject;
     mActiveWindow = kNoObject;
+    mActivations.clear();
     mReports.Clear();
 }
 
@@ -477,14 +478,30 @@ void QtPresenter::StackWindows()
     ActivateWindow();
 }
 
+// The desktop does as it is asked a while later, so that the active window may be one that was to be active
+// before: as long as a wish is open, the last one is said again.
 void QtPresenter::ActivateWindow()
 {
     for (const auto& theEntry : mWindows) {
         QtWindow* const inWindow = theEntry.second.theWindow;
-        if (inWindow != nullptr && inWindow->Look().theIsActive && !inWindow->Look().theIsCollapsed) {
-            inWindow->BecomeActive();
+        const bool theIsWanted = inWindow != nullptr && inWindow->isVisible() &&
+                                 inWindow->Look().theIsActive && !inWindow->Look().theIsCollapsed;
+        if (theIsWanted && (!inWindow->isActiveWindow() || !mActivations.empty())) {
+            inWindow->activateWindow();
+            mActivations.push_back(theEntry.first);
+            mActivationTime.start();
         }
     }
+}
+
+// Whether a window has become active because it was asked to. Who waits too long for an answer gets none.
+bool QtPresenter::IsActivationWanted(ObjectId theWindow)
+{
+    const auto theWish = std::find(mActivations.begin(), mActivations.end(), theWindow);
+    const bool theIsWanted =
+        theWish != mActivations.end() && mActivationTime.elapsed() < QtWindow::kSettlingTime;
+    mActivations.erase(mActivations.begin(), theIsWanted ? theWish + 1 : mActivations.end());
+    return theIsWanted;
 }
 
 // Dialogs and palettes stay in front of the document window behind them.
@@ -590,8 +607,9 @@ void QtPresenter::CollectReports()
     CollectActivation();
 }
 
-// There are desktops that make every new window the active one, whatever they are asked for. The window that
-// the program wants to be active is made so again.
+// There are desktops that make every new window the active one, whatever they are asked for, and some become
+// active when the program wants another by now. The window that the program wants to be active is made so
+// again.
 void QtPresenter::CollectActivation()
 {
     auto* const theActive = dynamic_cast<QtWindow*>(QApplication::activeWindow());
@@ -602,7 +620,8 @@ void QtPresenter::CollectActivation()
         return;
     }
     mActiveWindow = theId;
-    if (theActive != nullptr && theActive->TakeActivationByShowing()) {
+    const bool theIsLate = IsActivationWanted(theId) && !theActive->Look().theIsActive;
+    if (theIsLate || (theActive != nullptr && theActive->TakeActivationByShowing())) {
         ActivateWindow();
     } else {
         mReports.Add([this, theId](PresenterEvents& theEvents) {

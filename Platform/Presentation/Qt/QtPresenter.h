@@ -8,7 +8,9 @@
 
 #include <map>
 #include <memory>
+#include <QElapsedTimer>
 #include <set>
+#include <vector>
 
 #include <Presentation/Presenter.h>
 
@@ -101,6 +103,7 @@ private:
     void CollectReports();
     void CollectActivation();
     void ActivateWindow();
+    bool IsActivationWanted(ObjectId theWindow);
     bool MakeReports();
     bool WaitForReports(double theSeconds);
     bool TakeScreenshot();
@@ -124,6 +127,8 @@ private:
     ObjectId mFocusedWindow = kNoObject;
     ObjectId mFocusedControl = kNoObject;
     ObjectId mActiveWindow = kNoObject; // as it was reported last
+    std::vector<ObjectId> mActivations; // windows that were asked to be active, and are not yet
+    QElapsedTimer mActivationTime;      // since the last of these
     std::vector<QtWindow*> mStack;      // the windows on the screen as they were stacked last
     int mWaits = 0;                     // how many WaitUntil are running, one inside another
 };

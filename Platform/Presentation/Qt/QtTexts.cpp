@@ -7,6 +7,7 @@
 #include <QTextOption>
 
 #include <algorithm>
+#include <utility>
 
 namespace Host {
 
@@ -124,8 +125,33 @@ QtField::QtField(const ControlLook& theLook, QtInput& theInput, QWidget& theCont
 {
     theInput.Watch(mEdit, QtInput::MouseUse::kBoth);
     connect(&mEdit, &QLineEdit::textEdited, this, &QtField::ReportEdit);
-    connect(&mEdit, &QLineEdit::selectionChanged, this, &QtField::ReportEdit);
-    connect(&mEdit, &QLineEdit::cursorPositionChanged, this, &QtField::ReportEdit);
+    connect(&mEdit, &QLineEdit::selectionChanged, this, &QtField::ReportSelection);
+    connect(&mEdit, &QLineEdit::cursorPositionChanged, this, &QtField::ReportSelection);
+    mEdit.installEventFilter(this);
+}
+
+// A field without the focus gives up its selection by itself, sooner or later. That is nobody's edit.
+void QtField::ReportSelection()
+{
+    const ControlLook& theLook = Look();
+    mHasLostSelection = !mEdit.hasFocus() && !mEdit.hasSelectedText() &&
+                        theLook.theSelectionStart != theLook.theSelectionEnd &&
+                        theLook.theSelectionEnd == mEdit.cursorPosition() &&
+                        theLook.theText == mEdit.text().toStdString();
+    if (!mHasLostSelection) {
+        ReportEdit();
+    }
+}
+
+// It is selected again with the focus, unless a click takes it away for good.
+bool QtField::eventFilter(QObject* theObject, QEvent* theEvent)
+{
+    if (theEvent->type() == QEvent::FocusIn && std::exchange(mHasLostSelection, false)) {
+        ShowAgain();
+    } else if (theEvent->type() == QEvent::MouseButtonPress && std::exchange(mHasLostSelection, false)) {
+        ReportEdit();
+    }
+    return QtEditText::eventFilter(theObject, theEvent);
 }
 
 void QtField::ShowState(const ControlLook& theLook)

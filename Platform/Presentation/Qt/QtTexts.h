@@ -62,6 +62,8 @@ class QtField : public QtEditText
 public:
     QtField(const ControlLook& theLook, QtInput& theInput, QWidget& theContent);
 
+    bool eventFilter(QObject* theObject, QEvent* theEvent) override;
+
 protected:
     void ShowState(const ControlLook& theLook) override;
     QRect PlaceFor(const QRect& theBounds) const override;
@@ -71,7 +73,10 @@ protected:
     void Insert(const QString& theText) override;
 
 private:
+    void ReportSelection();
+
     QLineEdit& mEdit;
+    bool mHasLostSelection = false; // which the managers still have
 };
 
 class QtTextArea : public QtEditText

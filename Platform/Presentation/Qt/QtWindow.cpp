@@ -18,9 +18,6 @@ namespace {
 // Milliseconds. Screens show about sixty pictures a second; more would be painted for nobody.
 constexpr int kFrameTime = 16;
 
-// Milliseconds after which a desktop has answered a change of a window's place.
-constexpr int kSettlingTime = 250;
-
 constexpr PixelSize kNoLimit;
 
 // Of a content. Leaves room for the menu bar in the largest widget that Qt makes.
@@ -209,13 +206,6 @@ void QtWindow::SetParentWindow(QtWindow* theParent)
 void QtWindow::ComeToFront()
 {
     raise();
-}
-
-void QtWindow::BecomeActive()
-{
-    if (isVisible() && !isActiveWindow()) {
-        activateWindow();
-    }
 }
 
 bool QtWindow::TakeActivationByShowing()

@@ -20,6 +20,10 @@ namespace Host {
 class QtWindow : public QWidget
 {
 public:
+    // Milliseconds after which a desktop has answered a change of a place, or a wish for another active
+    // window.
+    static constexpr int kSettlingTime = 250;
+
     QtWindow(ObjectId theId, QtReports& theReports);
 
     ObjectId Id() const { return mLook.theId; }
@@ -47,9 +51,8 @@ public:
     // Adds reports of what the desktop has done to the window since the last time.
     void CollectReports();
 
-    // The managers have another window in front, or made this one the active one.
+    // The managers have this window in front.
     void ComeToFront();
-    void BecomeActive();
 
     // Whether the desktop has made this window the active one for no other reason than that it was shown.
     // Says so once.

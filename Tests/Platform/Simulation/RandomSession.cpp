@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <Carbon/Carbon.h>
-#include <iostream>
+#include <cstdlib>
+#include <fstream>
 #include <iterator>
 #include <memory>
+#include <numeric>
 #include <random>
 #include <Simulation/UserSimulator.h>
 #include <Simulation/VirtualClock.h>
@@ -105,6 +107,9 @@ class Session
 public:
     std::string Play(const Script& theScript);
 
+    // Carries a script out and disposes of everything. What came of each step, line by line.
+    Lines Record(const Script& theScript);
+
     // What the actions are made of. The objects are those that live; null, or a null reference, when there is
     // none.
     WindowRef WindowAt(unsigned theNumber) const { return ReferenceAt<WindowRef>(mWindows, theNumber); }
@@ -112,6 +117,9 @@ public:
     WatchedMenu* MenuAt(unsigned theNumber) const { return LivingAt(mMenus, theNumber); }
     MenuRef MenuReferenceAt(unsigned theNumber) const { return ReferenceAt<MenuRef>(mMenus, theNumber); }
     Host::UserSimulator& Person() { return mPerson; }
+
+    // Notes what the person did not do, and why.
+    void Heed(const Host::UserResult& theResult) { Write(theResult ? "" : "refused: " + theResult.Reason()); }
 
     void AddWindow(const Step& theStep);
     void AddControl(const Step& theStep);
@@ -148,9 +156,16 @@ private:
     template <class Action>
     void ForEach(const Action& theAction) const;
 
+    // Calls theFunction with the number of each step that was done.
+    template <class Function>
+    void DoSteps(const Script& theScript, const Function& theFunction);
+
     void Do(const Step& theStep);
     void SetTrap(const Step& theWhen, const Step& theThen);
-    void EventArrived();
+    void EventArrived(const std::string& theName, EventRef theEvent);
+
+    void Write(const std::string& theLine);
+    void WriteState();
 
     void Check(Promises& thePromises) const;
     void CheckFocus(Promises& thePromises) const;
@@ -160,13 +175,17 @@ private:
 
     Host::VirtualClock mClock;
     Host::UserSimulator mPerson;
-    EventCourse mCourse = {[this] { EventArrived(); }, false, {}};
+    EventCourse mCourse = {
+        [this](const std::string& theName, EventRef theEvent) { EventArrived(theName, theEvent); },
+        false,
+        {}};
     std::vector<std::unique_ptr<WatchedWindow>> mWindows; // with those that are gone
     std::vector<std::unique_ptr<WatchedControl>> mControls;
     std::vector<std::unique_ptr<WatchedMenu>> mMenus;
     bool mHasTrap = false;
     unsigned mEventsToTrap = 0;
-    Step mTrapped; // done from inside a handler
+    Step mTrapped;           // done from inside a handler
+    Lines* mLines = nullptr; // where what happens is written; null: nowhere
 };
 
 // Actions -------------------------------------------------------------------------------------------------
@@ -185,6 +204,15 @@ UInt32 CommandFrom(unsigned theNumber)
 std::string TextFrom(unsigned theNumber)
 {
     return "text " + std::to_string(theNumber % 5);
+}
+
+std::string CodeText(UInt32 theCode)
+{
+    std::string theText;
+    for (int theShift = 24; theShift >= 0; theShift -= 8) {
+        theText += static_cast<char>(theCode >> theShift & 0xFF);
+    }
+    return theText;
 }
 
 // The step after this one is done from inside a handler, as soon as some more events have arrived.
@@ -405,12 +433,12 @@ const Action kActions[] = {
     // The person.
     {"PersonClicks",
      [](Session& theSession, const Step& theStep) {
-         theSession.Person().Click(theSession.ControlAt(theStep.theFirst));
+         theSession.Heed(theSession.Person().Click(theSession.ControlAt(theStep.theFirst)));
      }},
     {"PersonDrags",
      [](Session& theSession, const Step& theStep) {
-         theSession.Person().DragSlider(theSession.ControlAt(theStep.theFirst),
-                                        Coordinate(theStep.theSecond, 0, 11));
+         theSession.Heed(theSession.Person().DragSlider(theSession.ControlAt(theStep.theFirst),
+                                        Coordinate(theStep.theSecond, 0, 11)));
      }},
     {"PersonPresses",
      [](Session& theSession, const Step& theStep) {
@@ -418,55 +446,55 @@ const Action kActions[] = {
                                         kVK_UpArrow,   kVK_DownArrow, kVK_Escape, kVK_ANSI_K,    kVK_ANSI_J,
                                         kVK_Delete};
          static const UInt32 kModifiers[] = {0, 0, shiftKey, cmdKey};
-         theSession.Person().PressKey(kKeys[theStep.theFirst % std::size(kKeys)],
-                                      kModifiers[theStep.theSecond % std::size(kModifiers)]);
+         theSession.Heed(theSession.Person().PressKey(kKeys[theStep.theFirst % std::size(kKeys)],
+                                      kModifiers[theStep.theSecond % std::size(kModifiers)]));
      }},
     {"PersonTypes",
      [](Session& theSession, const Step& theStep) {
-         theSession.Person().TypeText(theStep.theFirst % 2 == 0 ? "ab" : "c\t");
+         theSession.Heed(theSession.Person().TypeText(theStep.theFirst % 2 == 0 ? "ab" : "c\t"));
      }},
     {"PersonCloses",
      [](Session& theSession, const Step& theStep) {
-         theSession.Person().CloseWindow(theSession.WindowAt(theStep.theFirst));
+         theSession.Heed(theSession.Person().CloseWindow(theSession.WindowAt(theStep.theFirst)));
      }},
     {"PersonMoves",
      [](Session& theSession, const Step& theStep) {
-         theSession.Person().MoveWindow(theSession.WindowAt(theStep.theFirst),
+         theSession.Heed(theSession.Person().MoveWindow(theSession.WindowAt(theStep.theFirst),
                                         Coordinate(theStep.theSecond, 0, 500),
-                                        Coordinate(theStep.theThird, 50, 400));
+                                        Coordinate(theStep.theThird, 50, 400)));
      }},
     {"PersonResizes",
      [](Session& theSession, const Step& theStep) {
-         theSession.Person().ResizeWindow(theSession.WindowAt(theStep.theFirst),
+         theSession.Heed(theSession.Person().ResizeWindow(theSession.WindowAt(theStep.theFirst),
                                           Coordinate(theStep.theSecond, 100, 300),
-                                          Coordinate(theStep.theThird, 100, 300));
+                                          Coordinate(theStep.theThird, 100, 300)));
      }},
     {"PersonZooms",
      [](Session& theSession, const Step& theStep) {
-         theSession.Person().ZoomWindow(theSession.WindowAt(theStep.theFirst));
+         theSession.Heed(theSession.Person().ZoomWindow(theSession.WindowAt(theStep.theFirst)));
      }},
     {"PersonCollapses",
      [](Session& theSession, const Step& theStep) {
-         theSession.Person().CollapseWindow(theSession.WindowAt(theStep.theFirst));
+         theSession.Heed(theSession.Person().CollapseWindow(theSession.WindowAt(theStep.theFirst)));
      }},
     {"PersonExpands",
      [](Session& theSession, const Step& theStep) {
-         theSession.Person().ExpandWindow(theSession.WindowAt(theStep.theFirst));
+         theSession.Heed(theSession.Person().ExpandWindow(theSession.WindowAt(theStep.theFirst)));
      }},
     {"PersonActivates",
      [](Session& theSession, const Step& theStep) {
-         theSession.Person().ActivateWindow(theSession.WindowAt(theStep.theFirst));
+         theSession.Heed(theSession.Person().ActivateWindow(theSession.WindowAt(theStep.theFirst)));
      }},
     {"PersonOpensMenu",
      [](Session& theSession, const Step& theStep) {
          if (const WatchedMenu* theMenu = theSession.MenuAt(theStep.theFirst)) {
-             theSession.Person().OpenMenu(theMenu->Name());
+             theSession.Heed(theSession.Person().OpenMenu(theMenu->Name()));
          }
      }},
-    {"PersonClosesMenus", [](Session& theSession, const Step&) { theSession.Person().CloseMenus(); }},
+    {"PersonClosesMenus", [](Session& theSession, const Step&) { theSession.Heed(theSession.Person().CloseMenus()); }},
     {"PersonChooses",
      [](Session& theSession, const Step& theStep) {
-         theSession.Person().ChooseCommand(CommandFrom(theStep.theFirst));
+         theSession.Heed(theSession.Person().ChooseCommand(CommandFrom(theStep.theFirst)));
      }},
 };
 
@@ -556,8 +584,10 @@ void Session::SetTrap(const Step& theWhen, const Step& theThen)
     mTrapped = theThen;
 }
 
-void Session::EventArrived()
+void Session::EventArrived(const std::string& theName, EventRef theEvent)
 {
+    Write(theName + " hears " + CodeText(GetEventClass(theEvent)) + " " +
+          std::to_string(GetEventKind(theEvent)));
     if (mHasTrap && mEventsToTrap-- == 0) {
         mHasTrap = false;
         mCourse.theIsNested = true;
@@ -580,11 +610,10 @@ void Session::ForEach(const Action& theAction) const
     }
 }
 
-std::string Session::Play(const Script& theScript)
+template <class Function>
+void Session::DoSteps(const Script& theScript, const Function& theFunction)
 {
-    Promises thePromises;
-    std::string theWhere;
-    for (size_t theNumber = 0; theNumber < theScript.size() && thePromises.Broken().empty(); ++theNumber) {
+    for (size_t theNumber = 0; theNumber < theScript.size(); ++theNumber) {
         const Step& theStep = theScript[theNumber];
         if (theStep.theAction == kInHandler && theNumber + 1 < theScript.size()) {
             SetTrap(theStep, theScript[++theNumber]);
@@ -593,16 +622,67 @@ std::string Session::Play(const Script& theScript)
         mCourse.theIsNested = false;
         Do(theStep);
         RunCurrentEventLoop(0);
-        theWhere = "after step " + std::to_string(theNumber + 1);
-        Check(thePromises);
+        if (!theFunction(theNumber)) {
+            break;
+        }
     }
     mHasTrap = false;
+}
+
+std::string Session::Play(const Script& theScript)
+{
+    Promises thePromises;
+    std::string theWhere;
+    DoSteps(theScript, [&](size_t theNumber) {
+        theWhere = "after step " + std::to_string(theNumber + 1);
+        Check(thePromises);
+        return thePromises.Broken().empty();
+    });
     DisposeEverything();
     if (thePromises.Broken().empty()) {
         theWhere = "at the end";
         CheckEnd(thePromises);
     }
     return thePromises.Broken().empty() ? std::string() : theWhere + ": " + thePromises.Broken();
+}
+
+Lines Session::Record(const Script& theScript)
+{
+    Lines theLines;
+    mLines = &theLines;
+    // Wherever an earlier session has left the pointer.
+    Host::PresenterRegistry::Events().PointerMoved(Host::PointerAction());
+    DoSteps(theScript, [&](size_t theNumber) {
+        WriteState();
+        Write("-- this was step " + std::to_string(theNumber + 1) + ", " +
+              kActions[theScript[theNumber].theAction].theName);
+        return true;
+    });
+    DisposeEverything();
+    WriteState();
+    mLines = nullptr;
+    return theLines;
+}
+
+void Session::Write(const std::string& theLine)
+{
+    if (mLines != nullptr && !theLine.empty()) {
+        mLines->push_back(theLine);
+    }
+}
+
+// What the calls report, and what a presenter would show that starts now.
+void Session::WriteState()
+{
+    ForEach([&](const WatchedObject& theObject) {
+        Write(theObject.IsAlive() ? theObject.Describe() : theObject.Name() + " is gone");
+    });
+    Host::HeadlessSnapshot theFresh;
+    Host::PresenterRegistry::ReplayLooks(theFresh);
+    std::istringstream thePicture(theFresh.DescribeScreen());
+    for (std::string theLine; std::getline(thePicture, theLine);) {
+        Write(theLine);
+    }
 }
 
 // Promises ------------------------------------------------------------------------------------------------
@@ -700,16 +780,50 @@ Script RandomScript(unsigned theSeed, size_t theLength)
     return theScript;
 }
 
+namespace {
+
+const size_t kLength = 250;
+
+unsigned NumberInEnvironment(const char* theName, unsigned theDefault)
+{
+    const char* const theText = std::getenv(theName);
+    return theText == nullptr ? theDefault : static_cast<unsigned>(std::strtoul(theText, nullptr, 10));
+}
+
+} // namespace
+
+std::vector<unsigned> SeedsToPlay(unsigned theCount)
+{
+    std::vector<unsigned> theSeeds(NumberInEnvironment("LM_RANDOM_SESSIONS", theCount));
+    std::iota(theSeeds.begin(), theSeeds.end(), NumberInEnvironment("LM_RANDOM_SEED", 1));
+    return theSeeds;
+}
+
+Script ScriptToPlay(unsigned theSeed)
+{
+    const char* const theFile = std::getenv("LM_RANDOM_SCRIPT");
+    if (theFile == nullptr) {
+        return RandomScript(theSeed, kLength);
+    }
+    std::ifstream theText(theFile);
+    return ReadScript(theText);
+}
+
 std::string PlayScript(const Script& theScript)
 {
     Screen();
     return Session().Play(theScript);
 }
 
+Lines RecordScript(const Script& theScript)
+{
+    return Session().Record(theScript);
+}
+
 namespace {
 
 // Leaves out every piece of that length that is not needed; false when all are.
-bool LeaveOut(size_t theLength, Script* theScript)
+bool LeaveOut(size_t theLength, const Failure& theFailure, Script* theScript)
 {
     bool theIsShorter = false;
     for (size_t theStart = 0; theStart < theScript->size();) {
@@ -717,11 +831,11 @@ bool LeaveOut(size_t theLength, Script* theScript)
         const auto theFirst = theRest.begin() + static_cast<std::ptrdiff_t>(theStart);
         const size_t theCount = std::min(theLength, theRest.size() - theStart);
         theRest.erase(theFirst, theFirst + static_cast<std::ptrdiff_t>(theCount));
-        if (PlayScript(theRest).empty()) {
-            theStart += theLength;
-        } else {
+        if (theFailure(theRest)) {
             *theScript = std::move(theRest);
             theIsShorter = true;
+        } else {
+            theStart += theLength;
         }
     }
     return theIsShorter;
@@ -729,12 +843,12 @@ bool LeaveOut(size_t theLength, Script* theScript)
 
 } // namespace
 
-Script Shortest(Script theScript)
+Script Shortest(Script theScript, const Failure& theFailure)
 {
     for (size_t theLength = theScript.size(); theLength > 1; theLength /= 2) {
-        LeaveOut(theLength, &theScript);
+        LeaveOut(theLength, theFailure, &theScript);
     }
-    while (LeaveOut(1, &theScript)) {
+    while (LeaveOut(1, theFailure, &theScript)) {
     }
     return theScript;
 }

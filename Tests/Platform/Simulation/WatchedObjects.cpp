@@ -40,6 +40,18 @@ Reference DirectObject(EventRef theEvent, EventParamType theType)
     return theReference;
 }
 
+std::string TextOf(const Rect& theRect)
+{
+    return std::to_string(theRect.left) + "," + std::to_string(theRect.top) + " to " +
+           std::to_string(theRect.right) + "," + std::to_string(theRect.bottom);
+}
+
+// What is the case, with a space before it.
+std::string If(bool theIsCase, const char* theText)
+{
+    return theIsCase ? std::string(" ") + theText : std::string();
+}
+
 // The menu with that title on the screen, wherever it hangs; null when it is not there.
 const Host::MenuLook* FindLook(const std::vector<Host::MenuLook>& theMenus, const std::string& theTitle)
 {
@@ -80,7 +92,7 @@ OSStatus WatchedObject::Call(EventHandlerCallRef, EventRef theEvent, void* theUs
     if (theObject->IsAbout(theEvent)) {
         theObject->Note(theEvent);
     }
-    theObject->mCourse.theArrival();
+    theObject->mCourse.theArrival(theObject->mName, theEvent);
     return eventNotHandledErr;
 }
 
@@ -215,6 +227,14 @@ void WatchedWindow::Check(const Host::HeadlessSnapshot& theScreen, Promises& the
     theExpect(theLook->theTitle == theNow.theTitle, "is not shown with its title");
 }
 
+std::string WatchedWindow::Describe() const
+{
+    const State theNow = Now();
+    return Name() + ": \"" + theNow.theTitle + "\" " + TextOf(theNow.theContent) +
+           If(theNow.theIsVisible, "visible") + If(theNow.theIsCollapsed, "collapsed") +
+           If(theNow.theIsActive, "active") + If(theNow.theHasKeys, "has the keys");
+}
+
 // Controls ------------------------------------------------------------------------------------------------
 
 WatchedControl::WatchedControl(std::string theName, ControlRef theControl, EventCourse& theCourse)
@@ -342,6 +362,23 @@ void WatchedControl::Check(const Host::HeadlessSnapshot& theScreen, Promises& th
     }
 }
 
+std::string WatchedControl::Describe() const
+{
+    const State theNow = Now();
+    CFStringRef theText = nullptr;
+    GetControlData(mControl, kControlEntireControl, kControlEditTextCFStringTag, sizeof theText, &theText,
+                   nullptr);
+    std::string theNumbers;
+    for (const SInt32 theNumber : theNow.theRange) {
+        theNumbers += " " + std::to_string(theNumber);
+    }
+    return Name() + ": \"" + theNow.theTitle + "\" \"" + TakeText(theText) + "\"" + theNumbers + " at " +
+           TextOf(theNow.theBounds) + " hilite " + std::to_string(GetControlHilite(mControl)) +
+           If(theNow.theIsVisible, "visible") + If(theNow.theIsEnabled, "enabled") +
+           If(theNow.theIsActive, "active") + If(theNow.theHasFocus, "has the focus") +
+           If(theNow.theOwner == nullptr, "in no window");
+}
+
 void WatchedControl::CheckPicture(const Host::HeadlessSnapshot& theScreen, Promises& thePromises) const
 {
     const State theNow = Now();
@@ -429,4 +466,18 @@ void WatchedMenu::Check(const Host::HeadlessSnapshot& theScreen, Promises& thePr
                   "shows an item as enabled that is not, or the other way round");
         theExpect((theItemLook.theMark != 0) == (theMark != noMark), "shows another mark of an item");
     }
+}
+
+std::string WatchedMenu::Describe() const
+{
+    std::string theResult = Name() + ":";
+    for (MenuItemIndex theItem = 1; theItem <= CountMenuItems(mMenu); ++theItem) {
+        CFStringRef theText = nullptr;
+        CharParameter theMark = noMark;
+        CopyMenuItemTextAsCFString(mMenu, theItem, &theText);
+        GetItemMark(mMenu, theItem, &theMark);
+        theResult += " \"" + TakeText(theText) + "\"" +
+                     If(IsMenuItemEnabled(mMenu, theItem) != 0, "enabled") + If(theMark != noMark, "marked");
+    }
+    return theResult;
 }

@@ -34,9 +34,10 @@ private:
 // What all watched objects share.
 struct EventCourse
 {
-    std::function<void()> theArrival; // called after each event was noted, from inside its handler
-    bool theIsNested = false;         // events may tell of what handlers have undone meanwhile
-    std::string theIdleEvent;         // the first that told of no change, although nothing was nested
+    // Called after each event was noted, from inside its handler, with the name of who has heard it.
+    std::function<void(const std::string& theName, EventRef theEvent)> theArrival;
+    bool theIsNested = false; // events may tell of what handlers have undone meanwhile
+    std::string theIdleEvent; // the first that told of no change, although nothing was nested
 };
 
 // An object whose handlers note what they are told.
@@ -58,6 +59,9 @@ public:
 
     // At rest, while it lives.
     virtual void Check(const Host::HeadlessSnapshot& theScreen, Promises& thePromises) const = 0;
+
+    // What the calls report of it while it lives, in a line.
+    virtual std::string Describe() const = 0;
 
 protected:
     virtual bool IsAbout(EventRef theEvent) const = 0;
@@ -90,6 +94,7 @@ public:
     WindowRef Get() const { return mWindow; }
     bool IsAlive() const override { return IsValidWindowPtr(mWindow); }
     void Check(const Host::HeadlessSnapshot& theScreen, Promises& thePromises) const override;
+    std::string Describe() const override;
 
 private:
     struct State
@@ -118,6 +123,7 @@ public:
     ControlRef Get() const { return mControl; }
     bool IsAlive() const override { return IsValidControlHandle(mControl); }
     void Check(const Host::HeadlessSnapshot& theScreen, Promises& thePromises) const override;
+    std::string Describe() const override;
 
     // A control that comes into another container takes the states of what is around it there, of which no
     // event tells.
@@ -153,6 +159,7 @@ public:
     MenuRef Get() const { return mMenu; }
     bool IsAlive() const override { return IsValidMenu(mMenu); }
     void Check(const Host::HeadlessSnapshot& theScreen, Promises& thePromises) const override;
+    std::string Describe() const override;
 
     // The reference that its maker has; given up once.
     void Release();
