@@ -29,7 +29,8 @@ enum Letter : int
     kUntil = 'u',
     kAll = 'a',
     kCauses = 'w',
-    kCallers = 'C'
+    kCallers = 'C',
+    kNth = 'n'
 };
 
 struct CommandName
@@ -39,9 +40,12 @@ struct CommandName
     std::string_view theLetters; // of the options that it has
 };
 
-constexpr std::array<CommandName, 1> kCommands = {{{"log", Command::Log, "okKcsuawC"}}};
+constexpr std::array<CommandName, 4> kCommands = {{{"log", Command::Log, "okKcsuawC"},
+                                                   {"why", Command::Why, "n"},
+                                                   {"lint", Command::Lint, ""},
+                                                   {"diff", Command::Diff, ""}}};
 
-const std::array<option, 12> kOptions = {{{"help", no_argument, nullptr, kHelp},
+const std::array<option, 13> kOptions = {{{"help", no_argument, nullptr, kHelp},
                                           {"version", no_argument, nullptr, kVersion},
                                           {"object", required_argument, nullptr, kObject},
                                           {"key", required_argument, nullptr, kKey},
@@ -52,6 +56,7 @@ const std::array<option, 12> kOptions = {{{"help", no_argument, nullptr, kHelp},
                                           {"all", no_argument, nullptr, kAll},
                                           {"causes", no_argument, nullptr, kCauses},
                                           {"callers", no_argument, nullptr, kCallers},
+                                          {"nth", required_argument, nullptr, kNth},
                                           {nullptr, 0, nullptr, 0}}};
 
 std::vector<std::string> CommandNames()
@@ -123,6 +128,9 @@ std::string TakeOption(int theLetter, const std::string& theText, Options& theOp
     case kCallers:
         theLog.hasCallers = true;
         return {};
+    case kNth:
+        return ReadCount(theText, theOptions.theTime) ? std::string()
+                                                      : "\"" + Escape(theText) + "\" is no number from 1 on";
     default:
         return {};
     }
@@ -201,13 +209,39 @@ const CommandName* FindCommand(std::string_view theName)
     return theFound == kCommands.end() ? nullptr : theFound;
 }
 
-void TakeOperands(const CommandName& theCommand, const std::vector<std::string>& theRest, Options& theOptions)
+// OBJECT.KEY, perhaps behind "not". What is left is the journal.
+void TakeTarget(std::vector<std::string>& theRest, Options& theOptions)
 {
-    if (theRest.size() > 1) {
-        theOptions.theError = std::string(theCommand.theName) + " takes one journal";
-    } else {
-        theOptions.theJournal = theRest.empty() ? "-" : theRest.front();
+    if (!theRest.empty() && theRest.front() == "not") {
+        theOptions.theCommand = Command::WhyNot;
+        theRest.erase(theRest.begin());
     }
+    if (theRest.empty() || theRest.size() > 2) {
+        theOptions.theError = "why takes OBJECT.KEY and a journal";
+    } else if (theOptions.theCommand == Command::WhyNot && theOptions.theTime != 0) {
+        theOptions.theError = "why not has no option --nth";
+    } else {
+        theOptions.theTarget = theRest.front();
+        theRest.erase(theRest.begin());
+    }
+}
+
+// What stands behind the command.
+void TakeOperands(const CommandName& theCommand, std::vector<std::string> theRest, Options& theOptions)
+{
+    if (theCommand.theCommand == Command::Why) {
+        TakeTarget(theRest, theOptions);
+    } else if (theCommand.theCommand == Command::Diff) {
+        if (theRest.size() != 2) {
+            theOptions.theError = "diff takes two journals";
+            return;
+        }
+        theOptions.theOtherJournal = theRest.back();
+        theRest.pop_back();
+    } else if (theRest.size() > 1) {
+        theOptions.theError = std::string(theCommand.theName) + " takes one journal";
+    }
+    theOptions.theJournal = theRest.empty() ? "-" : theRest.front();
 }
 
 void TakeCommand(const std::vector<std::string>& theRest, const std::vector<int>& theLetters,
@@ -247,6 +281,16 @@ bool ReadSeconds(const std::string& theText, std::uint64_t& theTime)
     return true;
 }
 
+bool ReadCount(const std::string& theText, std::uint64_t& theCount)
+{
+    if (theText.empty() || theText.size() > 18 ||
+        theText.find_first_not_of("0123456789") != std::string::npos) {
+        return false;
+    }
+    theCount = std::strtoull(theText.c_str(), nullptr, 10);
+    return theCount > 0;
+}
+
 Options ReadOptions(const std::vector<std::string>& theArguments)
 {
     Options theOptions;
@@ -274,6 +318,10 @@ Options ReadOptions(const std::vector<std::string>& theArguments)
 std::string GetUsage()
 {
     return "usage: lminspect log [OPTION]... [JOURNAL]\n"
+           "       lminspect why [--nth=N] OBJECT.KEY [JOURNAL]\n"
+           "       lminspect why not OBJECT.KEY [JOURNAL]\n"
+           "       lminspect lint [JOURNAL]\n"
+           "       lminspect diff JOURNAL JOURNAL\n"
            "\n"
            "Answers why a value moved, or did not, from the journal of a program that uses\n"
            "LmBindings (LM_JOURNAL=FILE ./program). JOURNAL is a file; - or nothing is the\n"
@@ -290,10 +338,22 @@ std::string GetUsage()
            "  --causes        also what led to the entries that are shown\n"
            "  --callers       with the function and line that made the call\n"
            "\n"
+           "why: how a key got its value, back to a person's action or a line of code\n"
+           "  --nth=N         its N-th value instead of the last one\n"
+           "\n"
+           "why not: what a key follows, and what kept a change from it\n"
+           "\n"
+           "lint: what is probably wrong in the program\n"
+           "\n"
+           "diff: the first place where two journals of the same session part\n"
+           "\n"
+           "OBJECT is a name, a class, or a number as #3.\n"
+           "\n"
            "  -h, --help      prints this\n"
            "  -V, --version   prints the version\n"
            "\n"
-           "The status is 0 when all went well and 2 when the question could not be answered.\n";
+           "The status is 0 when all went well, 1 when lint or diff have found something, and\n"
+           "2 when the question could not be answered.\n";
 }
 
 } // namespace Inspect

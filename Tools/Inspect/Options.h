@@ -17,13 +17,20 @@ enum class Command : std::uint8_t
 {
     Help,
     Version,
-    Log
+    Log,
+    Why,
+    WhyNot,
+    Lint,
+    Diff
 };
 
 struct Options
 {
     Command theCommand = Command::Help;
     std::string theJournal;
+    std::string theOtherJournal; // to compare with
+    std::string theTarget;       // OBJECT.KEY
+    std::uint64_t theTime = 0;   // which value of it, counted from 1; 0 is the last one
     LogOptions theLog;
     std::string theError; // what is wrong with the command line; empty when nothing is
 };
@@ -33,6 +40,9 @@ Options ReadOptions(const std::vector<std::string>& theArguments);
 
 // What --help prints.
 std::string GetUsage();
+
+// A number from 1 on. Returns false for what is none.
+bool ReadCount(const std::string& theText, std::uint64_t& theCount);
 
 // Seconds as nanoseconds: "1.5". Returns false for what is no such number.
 bool ReadSeconds(const std::string& theText, std::uint64_t& theTime);

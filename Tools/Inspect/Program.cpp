@@ -2,10 +2,14 @@
 
 #include "Program.h"
 
+#include "Diff.h"
 #include "Journal.h"
+#include "Lint.h"
 #include "Log.h"
 #include "Options.h"
 #include "Status.h"
+#include "Why.h"
+#include "WhyNot.h"
 
 #include <ostream>
 
@@ -16,6 +20,19 @@ namespace {
 int RunCommand(const Options& theOptions, std::ostream& theOutput, std::ostream& theErrors)
 {
     Journal theJournal(theOptions.theJournal, theErrors);
+    if (theOptions.theCommand == Command::Why) {
+        return RunWhy(theJournal, theOptions.theTarget, theOptions.theTime, theOutput, theErrors);
+    }
+    if (theOptions.theCommand == Command::WhyNot) {
+        return RunWhyNot(theJournal, theOptions.theTarget, theOutput, theErrors);
+    }
+    if (theOptions.theCommand == Command::Lint) {
+        return RunLint(theJournal, theOutput, theErrors);
+    }
+    if (theOptions.theCommand == Command::Diff) {
+        Journal theOther(theOptions.theOtherJournal, theErrors);
+        return RunDiff(theJournal, theOther, theOutput, theErrors);
+    }
     return RunLog(theJournal, theOptions.theLog, theOutput, theErrors);
 }
 

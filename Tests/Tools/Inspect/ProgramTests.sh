@@ -69,6 +69,29 @@ expect 0 log "$gFolder/damaged"
 says err "line 5 is skipped: "
 says err "1 entry is missing"
 
+# Two questions read a pipe twice.
+cat "$gFolder/journal" | "$kProgram" why 'model 1.level' | grep -q '^model 1.level became 5 (it was 4)' || fail "why, from a pipe"
+cat "$gFolder/journal" | "$kProgram" why not 'model 1.level' | grep -q '^It follows slider 1.value' || fail "why not, from a pipe"
+expect 2 why 'model 9.level' "$gFolder/journal"
+says err "did you mean model"
+
+expect 0 lint "$gFolder/journal"
+says out "0 findings"
+sed '/"what":"bind"/s/"fromKey":"level"/"fromKey":"levle"/' "$gFolder/journal" >"$gFolder/misspelt"
+expect 1 lint "$gFolder/misspelt"
+says out "did you mean level?"
+expect 2 lint "$gFolder/none"
+for thePage in $(grep -ohE 'Documentation/[A-Za-z0-9/-]+\.md' "$kRoot/Tools/Inspect/Lint.cpp" | sort -u); do
+    [ -f "$kRoot/$thePage" ] || fail "there is no page $thePage"
+done
+for theRule in $(sed -nE 's/.*\{"([a-z]+-[a-z]+)".*/\1/p' "$kRoot/Tools/Inspect/Lint.cpp"); do
+    grep -qF ".B ${theRule/-/\\-}" "$kRoot/Tools/Inspect/lminspect.1" || fail "$theRule is not in the page of the manual"
+done
+
+expect 0 diff "$gFolder/journal" "$gFolder/journal"
+is_silent out
+expect 1 diff "$gFolder/journal" "$gFolder/misspelt"
+
 # A disk that is full.
 if [ -w /dev/full ]; then
     "$kProgram" log "$gFolder/journal" >/dev/full 2>"$gFolder/err"
@@ -99,7 +122,7 @@ completes()
     _lminspect
     [ "${COMPREPLY[*]}" = "$theExpected" ] || fail "completing $*: ${COMPREPLY[*]}"
 }
-completes log l
+completes "log lint" l
 completes "--object=" log --ob
 completes changing log --kind = changi
 completes "$gFolder/journal" log "$gFolder/jour"

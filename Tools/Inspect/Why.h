@@ -1,0 +1,22 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef Why_h
+#define Why_h
+
+// `lminspect why`: how a key got its value, back to what a person did or to the line of code that began it.
+
+#include "Journal.h"
+
+#include <cstdint>
+#include <iosfwd>
+#include <string>
+
+namespace Inspect {
+
+// theTime is the n-th value of the key, counted from 1; 0 is the last one.
+int RunWhy(Journal& theJournal, const std::string& theTarget, std::uint64_t theTime, std::ostream& theOutput,
+           std::ostream& theErrors);
+
+} // namespace Inspect
+
+#endif
