@@ -71,9 +71,7 @@ void LmKeyValueObserver::StartedObserving(LmKeyValueStore* theStore, const LmStr
 {
     LM_ASSERT(theStore != NULL);
     LM_ASSERT(!AmObserving(theStore, theKeyPath));
-    std::list<LmObservedKey> theNewKey;
-    theNewKey.push_back({theStore, theKeyPath});
-    ObservedKeys::Append(mKeys, theNewKey);
+    ObservedKeys::Append(mKeys, {theStore, theKeyPath});
 }
 
 void LmKeyValueObserver::StoppedObserving(LmKeyValueStore* theStore, const LmString& theKeyPath)

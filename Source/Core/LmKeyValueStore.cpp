@@ -78,13 +78,12 @@ void Tell(LmKeyValueObserver& theObserver, const LmKeyValueStore& theStore, cons
                                    const LmKeyValueStore& theStore, const LmString& theKeyName,
                                    bool hasChanged)
 {
-    const LmObserverSnapshot theObservers(theKeyObservers, theAnyObservers);
-    const LmLifeWatch theWatch(&theStore);
+    const LmObserverSnapshot theObservers(theStore, theKeyObservers, theAnyObservers);
     for (LmKeyValueObserver* theObserver : theObservers) {
         if (theObserver != nullptr) {
             Tell(*theObserver, theStore, theKeyName, hasChanged);
         }
-        if (theWatch.IsGone()) {
+        if (theObservers.IsStoreGone()) {
             return;
         }
     }
@@ -163,6 +162,7 @@ LmKeyValueStore::LmKeyValueStore()
 {
     LmLifeWatch::StoreIsGone(this);
     LmKeyMemo::StoreIsGone(this);
+    LmObserverSnapshot::StoreIsGone(this);
     RemoveObservers();
 }
 
@@ -237,7 +237,6 @@ void LmKeyValueStore::ObserveKeyPathValue(const LmString& theKeyPath, LmKeyValue
         LogString("Observer %s started watching Key '%s' in Store %s", theObserver->GetDebugInfo().GetUTF8(),
                   theKeyPath.GetUTF8(), GetDebugInfo().GetUTF8());
     });
-    ObserverList theNewObserver(1, theObserver);
     const auto theInsertion = mKeyStates.try_emplace(theKeyPath);
     ObserverList& theObservers = theInsertion.first->second.theObservers;
     LmRollback theNewState([&] {
@@ -245,7 +244,7 @@ void LmKeyValueStore::ObserveKeyPathValue(const LmString& theKeyPath, LmKeyValue
             mKeyStates.erase(theInsertion.first);
         }
     });
-    Observers::Append(theObservers, theNewObserver);
+    Observers::Append(theObservers, theObserver);
     LmRollback theRegistration([&] { Observers::RemoveLast(theObservers); });
     theObserver->StartedObserving(this, theKeyPath);
     theRegistration.Commit();

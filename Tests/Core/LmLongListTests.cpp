@@ -32,20 +32,13 @@ std::vector<int> ContentsOf(const List& theList)
     return {theList.begin(), theList.end()};
 }
 
-void Append(List& theList, int theNumber)
-{
-    List theNew(1, theNumber);
-    Numbers::Append(theList, theNew);
-}
-
 // Appends a number, and tells how much memory that takes besides the element.
 std::size_t CountBlocksOfAppending(List& theList, int theNumber)
 {
-    List theNew(1, theNumber);
     AllocationFailures theCount;
-    Numbers::Append(theList, theNew);
+    Numbers::Append(theList, theNumber);
     theCount.Stop();
-    return theCount.GetCount();
+    return theCount.GetCount() - 1;
 }
 
 List TakeAll(List& theList, int theNumber)
@@ -67,7 +60,7 @@ std::unique_ptr<List> Counted(int theCount)
 {
     auto theList = std::make_unique<List>();
     for (int theNumber = 0; theNumber < theCount; ++theNumber) {
-        Append(*theList, theNumber);
+        Numbers::Append(*theList, theNumber);
     }
     return theList;
 }
@@ -84,7 +77,7 @@ TEST(LmLongList, DoesWhatAListDoes)
         const std::size_t theGoal = theStep % 4000 < 2000 ? 60 : 8;
         const int theNumber = static_cast<int>(theDice() % 40);
         if (theModel.size() < theGoal || theDice() % 4 == 0) {
-            Append(theLong, theNumber);
+            Numbers::Append(theLong, theNumber);
             theModel.push_back(theNumber);
         } else if (theDice() % 3 == 0) {
             Numbers::RemoveLast(theLong);
@@ -109,7 +102,7 @@ TEST(LmLongList, SeveralKeepApart)
 {
     const auto theOne = Counted(30);
     const auto theOther = Counted(20);
-    Append(*theOne, 100);
+    Numbers::Append(*theOne, 100);
     TakeAll(*theOther, 7);
     EXPECT_FALSE(Numbers::Has(*theOther, 100));
     EXPECT_TRUE(Numbers::Has(*theOne, 7));
@@ -148,19 +141,18 @@ TEST(LmLongList, WithoutMemoryForItsIndexStaysAsItIs)
         SCOPED_TRACE("a list of " + std::to_string(theSize));
         for (std::size_t theNumber = 1;; ++theNumber) {
             const auto theList = Counted(theSize);
-            List theNew(1, theSize);
             bool hasThrown = false;
             AllocationFailures theFailures(theNumber);
             try {
-                Numbers::Append(*theList, theNew);
+                Numbers::Append(*theList, theSize);
             } catch (const std::bad_alloc&) {
                 hasThrown = true;
             }
             theFailures.Stop();
             EXPECT_EQ(hasThrown, theFailures.HasFailed());
             EXPECT_EQ(Numbers::Has(*theList, theSize), !hasThrown);
-            EXPECT_EQ(theNew.size(), hasThrown ? 1u : 0u);
-            Append(*theList, 1000);
+            EXPECT_EQ(theList->size(), static_cast<std::size_t>(hasThrown ? theSize : theSize + 1));
+            Numbers::Append(*theList, 1000);
             EXPECT_TRUE(Numbers::Has(*theList, 1000));
             Empty(*theList);
             if (!theFailures.HasFailed()) {

@@ -137,18 +137,18 @@ Records::iterator FindIn(Map& theMap, Map::iterator theEntry, const LmKeyValueBi
 
 void Append(Map& theMap, const LmString& bindKey, const BindingInfo& theInfo)
 {
-    Records theNewRecord(1, theInfo);
     const auto theInsertion = theMap.try_emplace(bindKey);
-    Records& theRecords = theInsertion.first->second;
-    theRecords.splice(theRecords.end(), theNewRecord);
-    LmRollback theRollback([&] {
-        theRecords.pop_back();
+    LmRollback theNewEntry([&] {
         if (theInsertion.second) {
             theMap.erase(theInsertion.first);
         }
     });
+    Records& theRecords = theInsertion.first->second;
+    theRecords.push_back(theInfo);
+    LmRollback theNewRecord([&] { theRecords.pop_back(); });
     Index::Add(theMap, Item(theInsertion.first, std::prev(theRecords.end())));
-    theRollback.Commit();
+    theNewRecord.Commit();
+    theNewEntry.Commit();
 }
 
 void Take(Map& theMap, Map::iterator theEntry, Records::iterator theRecord, Records& theTaken)

@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <iterator>
 #include <list>
+#include <utility>
 
 // Lists that are searched, short mostly, but long now and then: a long one has an index, so that searching it
 // costs the logarithm of its length. Not part of the interface.
@@ -24,14 +25,12 @@ class LmLongList
 public:
     using List = std::list<Element>;
 
-    // Moves the element of theNewElement, a list of one, to the end of theList. When there is no memory for
-    // the index, both stay as they are.
-    static void Append(List& theList, List& theNewElement)
+    // Adds an element at the end. When there is no memory for it or for the index, the list stays as it is.
+    static void Append(List& theList, Element theElement)
     {
-        theList.splice(theList.end(), theNewElement);
+        theList.push_back(std::move(theElement));
         if (!IsShort(theList)) {
-            LmRollback theRollback(
-                [&] { theNewElement.splice(theNewElement.end(), theList, std::prev(theList.end())); });
+            LmRollback theRollback([&] { theList.pop_back(); });
             Index::Add(theList, std::prev(theList.end()));
             theRollback.Commit();
         }

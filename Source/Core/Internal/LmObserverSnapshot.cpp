@@ -28,3 +28,12 @@ void LmObserverSnapshot::ObserverIsGone(LmKeyValueObserver* theObserver)
         std::replace(theSnapshot.mBegin, theSnapshot.mEnd, theObserver, kGone);
     });
 }
+
+void LmObserverSnapshot::StoreIsGone(const LmKeyValueStore* theStore)
+{
+    VisitAll([&](LmObserverSnapshot& theSnapshot) {
+        if (theSnapshot.mStore == theStore) {
+            theSnapshot.mStore = nullptr;
+        }
+    });
+}
