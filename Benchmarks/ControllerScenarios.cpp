@@ -2,6 +2,8 @@
 
 #include "ControllerScenarios.h"
 
+#include <Carbon/Carbon.h>
+
 ObservationScenario::ObservationScenario()
 {
     mStore.SetKeyPathValue("value", LmValue(0));
@@ -51,4 +53,36 @@ void ScopedPairScenario::Step()
 bool ScopedPairScenario::IsRight() const
 {
     return mBound == mSteps && mView.GetKeyPathValue("value").GetSInt32() == 1;
+}
+
+void GroupScenario::Step()
+{
+    mSteps += 1;
+    LmChangeGroup theGroup;
+    for (const long theNumber : {-mSteps, mSteps}) {
+        for (const char* theKey : {"a", "b", "c", "d", "e"}) {
+            theGroup.Set(&mStore, theKey, LmValue(theNumber));
+        }
+    }
+}
+
+bool GroupScenario::IsRight() const
+{
+    return mStore.GetKeyPathValue("e").GetSInt32() == mSteps;
+}
+
+PostScenario::PostScenario()
+    : mQueue(&mStore)
+{
+}
+
+void PostScenario::Step()
+{
+    mQueue.GetPoster().Set("value", LmValue(++mSteps));
+    RunCurrentEventLoop(kEventDurationNoWait);
+}
+
+bool PostScenario::IsRight() const
+{
+    return mStore.GetKeyPathValue("value").GetSInt32() == mSteps;
 }

@@ -53,4 +53,30 @@ private:
     long mBound = 0; // how many were really made
 };
 
+// Ten sets of five keys, collected in a group and made.
+class GroupScenario
+{
+public:
+    void Step();
+    bool IsRight() const;
+
+private:
+    LmKeyValueStore mStore;
+    long mSteps = 0;
+};
+
+// A set that is posted and made when the event loop runs.
+class PostScenario
+{
+public:
+    PostScenario();
+    void Step();
+    bool IsRight() const;
+
+private:
+    LmKeyValueStore mStore;
+    LmMainQueue mQueue;
+    long mSteps = 0;
+};
+
 #endif

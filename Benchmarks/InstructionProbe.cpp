@@ -37,7 +37,7 @@ int main(int theCount, char** theArguments)
         std::fprintf(stderr, "usage: InstructionProbe set|one-way|two-way|chain|fan-out-one-way|"
                              "fan-out-two-way|bound-keys|pairs|followers|control|window|menu|model|"
                              "preference-read|preference-write|transform|observation|scoped-one-way|scoped-"
-                             "two-way|scoped-pair <steps> [<size> "
+                             "two-way|scoped-pair|group|post <steps> [<size> "
                              "[<observers or kind>]]\n");
         return EXIT_FAILURE;
     }
@@ -88,6 +88,12 @@ int main(int theCount, char** theArguments)
     }
     if (std::strcmp(theName, "scoped-pair") == 0) {
         return Run(ScopedPairScenario(), theSteps);
+    }
+    if (std::strcmp(theName, "group") == 0) {
+        return Run(GroupScenario(), theSteps);
+    }
+    if (std::strcmp(theName, "post") == 0) {
+        return Run(PostScenario(), theSteps);
     }
     if (std::strcmp(theName, "transform") == 0) {
         return Run(TransformScenario(theSize, NumberArgument(theCount, theArguments, 4)), theSteps);

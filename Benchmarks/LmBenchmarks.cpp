@@ -142,6 +142,20 @@ void MakingAScopedBinding(benchmark::State& theState)
 }
 BENCHMARK(MakingAScopedBinding);
 
+void ChangeGroup(benchmark::State& theState)
+{
+    GroupScenario theScenario;
+    Measure(theState, theScenario);
+}
+BENCHMARK(ChangeGroup);
+
+void MainQueue(benchmark::State& theState)
+{
+    PostScenario theScenario;
+    Measure(theState, theScenario);
+}
+BENCHMARK(MainQueue);
+
 void ApplyingATransform(benchmark::State& theState)
 {
     TransformScenario theScenario(Argument(theState, 0), Argument(theState, 1));

@@ -6,6 +6,8 @@
 // All of the interface of the library Lm::Controllers: what stands around stores and bindings, and looks
 // after itself. LmBindings.h does not include it, for an application can do without.
 
+#include "LmChangeGroup.h"
+#include "LmMainQueue.h"
 #include "LmObservation.h"
 #include "LmScopedBinding.h"
 #include "LmSharedTransform.h"

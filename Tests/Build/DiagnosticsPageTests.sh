@@ -11,8 +11,8 @@ cd "$1" || exit 1
 reported()
 {
     find Source -name '*.cpp' -o -name '*.h' | grep -v '/LmDiagnostics\.h$' | sort | xargs cat |
-        tr '\n' ' ' | sed -E 's/LM_(ASSERT|ERROR)\( */\n&/g' |
-        sed -nE 's/^LM_ERROR\( *"([^"]*)".*/\1/p; s/^LM_ASSERT\( *([^;]*)\);.*/\1/p'
+        tr '\n' ' ' | sed -E 's/(LM_(ASSERT|ERROR)|LmReportDiagnostic)\( */\n&/g' |
+        sed -nE 's/^LM_ERROR\( *"([^"]*)".*/\1/p; s/^LmReportDiagnostic\(__FILE__, __LINE__, *"([^"]*)".*/\1/p; s/^LM_ASSERT\( *([^;]*)\);.*/\1/p'
     printf '\nError %%ld\n' # LM_CHECK_STATUS
 }
 

@@ -2,14 +2,19 @@
 
 #include "AllocationFailures.h"
 #include "CountedTransforms.h"
+#include "LmChangeGroup.h"
 #include "LmKeyValueStore.h"
+#include "LmMainQueue.h"
 #include "LmObservation.h"
 #include "LmScopedBinding.h"
 #include "NotificationRecorder.h"
 
+#include <Carbon/Carbon.h>
+
 #include <gtest/gtest.h>
 #include <memory>
 #include <new>
+#include <optional>
 #include <string>
 
 // What controllers do when memory runs out: the first, the second, the third... allocation of a call fails,
@@ -111,5 +116,120 @@ TEST(ControllersWithoutMemory, ScopedBindingIsThereStillWhenItRanOutInAPass)
         theSource.SetKeyPathValue("key", LmValue(++theNumber));
         EXPECT_EQ(theObject.GetKeyPathValue(kLongName).GetSInt32(), theNumber);
         EXPECT_EQ(theObject.GetKeyPathValue("short").GetSInt32(), theNumber);
+    });
+}
+
+TEST(ControllersWithoutMemory, ChangeGroupCollectsASetOrLeavesAllAsItWas)
+{
+    LmKeyValueStore theStore;
+    const std::size_t theFailures = FailEachAllocation([&](AllocationFailures& theAttempt) {
+        LmChangeGroup theGroup;
+        bool hasThrown = false;
+        try {
+            theGroup.Set(&theStore, kLongName, LmValue(1));
+        } catch (const std::bad_alloc&) {
+            hasThrown = true;
+        }
+        theAttempt.Stop();
+        theStore.SetKeyPathValue(kLongName, LmValue(0));
+        theGroup.Set(&theStore, "short", LmValue(2));
+        theGroup.End();
+        EXPECT_EQ(theStore.GetKeyPathValue(kLongName).GetSInt32(), hasThrown ? 0 : 1);
+        EXPECT_EQ(theStore.GetKeyPathValue("short").GetSInt32(), 2);
+    });
+    EXPECT_GT(theFailures, 4U);
+}
+
+TEST(ControllersWithoutMemory, ChangeGroupKeepsWhatItsEndCouldNotMake)
+{
+    const char* const kNames[] = {"first", "a second name of more than fifteen bytes", "third"};
+    std::size_t theNumber = 0;
+    for (bool hasThrown = true; hasThrown;) {
+        LmKeyValueStore theStore;
+        LmChangeGroup theGroup;
+        NotificationRecorder theRecorder;
+        theStore.ObserveKeyPathValue(kNames[0], &theRecorder);
+        for (const char* theKey : kNames) {
+            theGroup.Set(&theStore, theKey, LmValue(1));
+        }
+        AllocationFailures theFailures(++theNumber);
+        try {
+            theGroup.End();
+            hasThrown = false;
+        } catch (const std::bad_alloc&) {
+        }
+        theFailures.Stop();
+        theRecorder.Take();
+        theGroup.Set(&theStore, kNames[0], LmValue(2)); // takes the place of what is left
+        theGroup.End();
+        EXPECT_EQ(theRecorder.Take(), (Lines{"changing first", "changed first"}))
+            << "allocation " << theNumber;
+        for (const char* theKey : kNames) {
+            EXPECT_TRUE(theStore.HasKey(theKey)) << theKey << ", allocation " << theNumber;
+        }
+    }
+    EXPECT_GT(theNumber, 3U);
+}
+
+TEST(ControllersWithoutMemory, ChangeGroupReportsAtItsEndWhatCouldNotBeSet)
+{
+    LmKeyValueStore theStore;
+    const LmObservation theObservation(&theStore, "second", [&](const LmChange&) { throw std::bad_alloc(); });
+    {
+        LmChangeGroup theGroup;
+        theGroup.Set(&theStore, "first", LmValue(1));
+        theGroup.Set(&theStore, "second", LmValue(2));
+        theGroup.Set(&theStore, "third", LmValue(3));
+    }
+    EXPECT_EQ(theStore.GetKeyPathValue("first").GetSInt32(), 1);
+    EXPECT_EQ(theStore.GetKeyPathValue("third").GetSInt32(), 3);
+    const Lines theLines = StandardErrorCapture::TakeDiagnostics();
+    ASSERT_EQ(theLines.size(), 1U);
+    EXPECT_NE(
+        theLines[0].find("Source/Controllers/LmChangeGroup.cpp, line #: Out of memory: second is not set"),
+        std::string::npos);
+}
+
+TEST(ControllersWithoutMemory, MainQueuePostsWholeOrNotAtAll)
+{
+    LmKeyValueStore theStore;
+    int theCalls = 0;
+    const LmMainQueue theQueue(&theStore);
+    const LmPoster& thePoster = theQueue.GetPoster();
+    const std::size_t theFailures = FailEachAllocation([&](AllocationFailures& theAttempt) {
+        int thePosted = 0;
+        try {
+            thePosted += thePoster.SetLatest(kLongName, LmValue(1)) ? 1 : 0;
+            thePosted += thePoster.Call([&theCalls] { theCalls += 1; }) ? 1 : 0;
+        } catch (const std::bad_alloc&) {
+        }
+        theAttempt.Stop();
+        theCalls = 0;
+        theStore.SetKeyPathValue(kLongName, LmValue(0));
+        RunCurrentEventLoop(kEventDurationNoWait);
+        EXPECT_EQ(theStore.GetKeyPathValue(kLongName).GetSInt32(), thePosted > 0 ? 1 : 0);
+        EXPECT_EQ(theCalls, thePosted > 1 ? 1 : 0);
+        EXPECT_TRUE(thePoster.Set("works", LmValue(1))) << "the lock is free";
+        RunCurrentEventLoop(kEventDurationNoWait);
+    });
+    EXPECT_GT(theFailures, 3U);
+}
+
+TEST(ControllersWithoutMemory, MainQueueIsMadeOrThereIsNone)
+{
+    LmKeyValueStore theStore;
+    FailEachAllocation([&](AllocationFailures& theAttempt) {
+        std::optional<LmMainQueue> theQueue;
+        try {
+            theQueue.emplace(&theStore);
+        } catch (const std::bad_alloc&) {
+        }
+        theAttempt.Stop();
+        EXPECT_TRUE(theQueue || theAttempt.HasFailed());
+        theStore.SetKeyPathValue("a", LmValue(0));
+        const bool isPosted = theQueue && theQueue->GetPoster().Set("a", LmValue(1));
+        RunCurrentEventLoop(kEventDurationNoWait);
+        EXPECT_EQ(theStore.GetKeyPathValue("a").GetSInt32(), isPosted ? 1 : 0);
+        EXPECT_TRUE(isPosted || theAttempt.HasFailed());
     });
 }

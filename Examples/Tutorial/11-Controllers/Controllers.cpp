@@ -3,7 +3,10 @@
 #include "LmBindings.h"
 #include "LmControllers.h"
 
+#include <Carbon/Carbon.h>
+
 #include <cstdio>
+#include <thread>
 
 static void ObserveAKey()
 {
@@ -40,8 +43,41 @@ static void BindForAWhile()
                 theRadio.GetKeyPathValue("volume").GetSInt32());
 }
 
+static void GroupChanges()
+{
+    std::printf("Several changes at once:\n");
+    LmKeyValueBinding theRadio;
+    const LmObservation theDisplay(&theRadio, "volume", [](const LmChange& theChange) {
+        std::printf("  the volume is %ld\n", theChange.theNewValue.GetSInt32());
+    });
+    {
+        LmChangeGroup theGroup;
+        for (long theVolume = 0; theVolume <= 40; ++theVolume) {
+            theGroup.Set(&theRadio, "volume", LmValue(theVolume));
+        }
+    }
+}
+
+static void FindStations()
+{
+    std::printf("News from another thread:\n");
+    LmKeyValueBinding theRadio;
+    const LmObservation theDisplay(&theRadio, "stations", [](const LmChange& theChange) {
+        std::printf("  there are %ld stations\n", theChange.theNewValue.GetSInt32());
+        QuitApplicationEventLoop();
+    });
+    const LmMainQueue theQueue(&theRadio);
+    std::thread theSearch([thePoster = theQueue.GetPoster()] {
+        thePoster.Set("stations", LmValue(17)); // what a search takes its time to find
+    });
+    RunApplicationEventLoop();
+    theSearch.join();
+}
+
 int main()
 {
     ObserveAKey();
     BindForAWhile();
+    GroupChanges();
+    FindStations();
 }

@@ -5,3 +5,7 @@
 // @file 3 Examples/Tutorial/11-Controllers/expected.txt
 // @file 4 Examples/Tutorial/11-Controllers/Controllers.cpp
 // @file 5 Examples/Tutorial/11-Controllers/expected.txt
+// @file 6 Examples/Tutorial/11-Controllers/Controllers.cpp
+// @file 7 Examples/Tutorial/11-Controllers/expected.txt
+// @file 8 Examples/Tutorial/11-Controllers/Controllers.cpp
+// @file 9 Examples/Tutorial/11-Controllers/expected.txt
