@@ -517,9 +517,15 @@ TYPED_TEST(BindingWithHandler, AHandlerThatCannotBeRemovedIsReported)
 
 TYPED_TEST(BindingWithHandler, AHandlerWithoutABindingPrintsTheAssertionAndHandlesNothing)
 {
-    const TestEvent theEvent(kEventClassControl, kEventControlDispose);
-    EXPECT_EQ(TypeParam::Binding::EventHandler(nullptr, theEvent.GetEvent(), nullptr), eventNotHandledErr);
-    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{TypeParam::Place() + "userData != NULL"});
+    // Among them the events that a binding for such an object handles.
+    for (const EventTypeSpec& theType : {EventTypeSpec{kEventClassControl, kEventControlDispose},
+                                         EventTypeSpec{kEventClassMenu, kEventMenuDispose},
+                                         EventTypeSpec{kEventClassWindow, kEventWindowClosed}}) {
+        const TestEvent theEvent(theType.eventClass, theType.eventKind);
+        EXPECT_EQ(TypeParam::Binding::EventHandler(nullptr, theEvent.GetEvent(), nullptr),
+                  eventNotHandledErr);
+        EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), Lines{TypeParam::Place() + "userData != NULL"});
+    }
 }
 
 TYPED_TEST(BindingWithHandler, EventsOfOtherClassesAreNotHandled)
