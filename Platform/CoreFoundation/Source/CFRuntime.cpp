@@ -13,9 +13,9 @@ namespace {
 
 // In the order of the identifiers.
 const Host::TypeOperations* const kTypes[] = {
-    &Host::kAllocatorType, &Host::kArrayType,      &Host::kBooleanType, &Host::kDataType,
-    &Host::kDateType,      &Host::kDictionaryType, &Host::kErrorType,   &Host::kNullType,
-    &Host::kNumberType,    &Host::kSetType,        &Host::kStringType,
+    &Host::kAllocatorType,  &Host::kArrayType, &Host::kBooleanType, &Host::kDataType,   &Host::kDateType,
+    &Host::kDictionaryType, &Host::kErrorType, &Host::kNullType,    &Host::kNumberType, &Host::kSetType,
+    &Host::kStringType,     &Host::kURLType,   &Host::kBundleType,
 };
 
 const Host::Object* RequireObject(CFTypeRef theObject, const char* theCaller)

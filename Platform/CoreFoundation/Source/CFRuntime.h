@@ -48,12 +48,15 @@ enum : CFTypeID
     kNullTypeID,
     kNumberTypeID,
     kSetTypeID,
-    kStringTypeID
+    kStringTypeID,
+    kURLTypeID,
+    kBundleTypeID
 };
 
 extern const TypeOperations kAllocatorType;
 extern const TypeOperations kArrayType;
 extern const TypeOperations kBooleanType;
+extern const TypeOperations kBundleType;
 extern const TypeOperations kDataType;
 extern const TypeOperations kDateType;
 extern const TypeOperations kDictionaryType;
@@ -62,6 +65,7 @@ extern const TypeOperations kNullType;
 extern const TypeOperations kNumberType;
 extern const TypeOperations kSetType;
 extern const TypeOperations kStringType;
+extern const TypeOperations kURLType;
 
 // The retain count of an object that is never freed: it shows, and never changes.
 constexpr CFIndex kImmortal = sizeof(CFIndex) == 8 ? static_cast<CFIndex>(0x0FFFFFFFFFFFFFFFLL) : 0x7FFFFFFF;

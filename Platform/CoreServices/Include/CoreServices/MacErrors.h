@@ -56,6 +56,7 @@ enum
     errFSMissingName = -1411,
     errFSNoMoreItems = -1417,
     errFSRefsDifferent = -1420,
+    pathTooLongErr = -2110,
     afpAccessDenied = -5000
 };
 
