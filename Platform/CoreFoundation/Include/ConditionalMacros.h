@@ -75,8 +75,10 @@
 #define pascal
 #define EXTERN_API(inType) extern inType
 #define EXTERN_API_C(inType) extern inType
+// NOLINTBEGIN(bugprone-macro-parentheses): the name of what is declared
 #define CALLBACK_API(inType, inName) inType(*inName)
 #define CALLBACK_API_C(inType, inName) inType(*inName)
+// NOLINTEND(bugprone-macro-parentheses)
 // A universal procedure pointer is the pointer to the function itself.
 #define STACK_UPP_TYPE(inName) inName
 #define REGISTER_UPP_TYPE(inName) inName

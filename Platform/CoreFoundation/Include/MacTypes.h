@@ -60,7 +60,7 @@ typedef char* Ptr;
 typedef Ptr* Handle;
 
 // Any function; to be called, it is cast to what it is.
-typedef long (*ProcPtr)(void);
+typedef long (*ProcPtr)(void); // NOLINT(modernize-redundant-void-arg): C needs it
 typedef ProcPtr UniversalProcPtr;
 
 // What an application hands to a call to get it back later. The names are in the headers since Mac OS X 10.5;

@@ -114,6 +114,22 @@ const Row kRows[] = {
          const Owned<CFSetRef> theSet(CFSetCreate(nullptr, nullptr, 0, nullptr));
          CFSetAddValue(const_cast<CFMutableSetRef>(static_cast<CFSetRef>(theSet)), kCFNull);
      }},
+    // Places and bundles
+    {"CFURLGetString: the object is NULL", [] { CFURLGetString(nullptr); }},
+    {"CFURLCopyPath: the object has another type",
+     [] { CFURLCopyPath(reinterpret_cast<CFURLRef>(CFSTR("x"))); }},
+    {"CFURLCreateWithString: the object is NULL", [] { CFURLCreateWithString(nullptr, nullptr, nullptr); }},
+    {"CFURLCreateDataAndPropertiesFromResource: the object is NULL",
+     [] { CFURLCreateDataAndPropertiesFromResource(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr); }},
+    {"CFBundleGetInfoDictionary: the object is NULL", [] { CFBundleGetIdentifier(nullptr); }},
+    {"CFBundleCreate: the object is NULL", [] { CFBundleCreate(nullptr, nullptr); }},
+    {"CFBundleCopyResourceURL: the object is NULL",
+     [] { CFBundleCopyResourceURL(CFBundleGetMainBundle(), nullptr, nullptr, nullptr); }},
+    {"CFBundleCopyLocalizedString: the object has another type",
+     [] {
+         CFBundleCopyLocalizedString(CFBundleGetMainBundle(), reinterpret_cast<CFStringRef>(kCFNull), nullptr,
+                                     nullptr);
+     }},
     // Places outside
     {"CFArrayGetValueAtIndex: the index is not inside the array",
      [] { CFArrayGetValueAtIndex(ObjectArray({}), 0); }},

@@ -344,13 +344,3 @@ TEST_F(CFBundle, TheProgramHasFunctions)
               reinterpret_cast<void*>(CFBundleGetMainBundle));
     EXPECT_EQ(CFBundleGetFunctionPointerForName(CFBundleGetMainBundle(), CFSTR("NoSuchFunction")), nullptr);
 }
-
-TEST(CFBundleDeathTest, WhatIsNoBundleEndsTheProcess)
-{
-    EXPECT_DEATH(CFBundleGetIdentifier(nullptr), "CFBundleGetInfoDictionary: the object is NULL");
-    EXPECT_DEATH(CFBundleCreate(nullptr, nullptr), "CFBundleCreate: the object is NULL");
-    EXPECT_DEATH(CFBundleCopyResourceURL(CFBundleGetMainBundle(), nullptr, nullptr, nullptr),
-                 "the object is NULL");
-    EXPECT_DEATH(CFBundleCopyLocalizedString(CFBundleGetMainBundle(), nullptr, nullptr, nullptr),
-                 "the object is NULL");
-}

@@ -243,14 +243,3 @@ TEST(CFURL, EscapesAreReplaced)
     EXPECT_EQ(TakeText(CFURLCreateStringByReplacingPercentEscapes(nullptr, CFSTR("a%20b"), nullptr)),
               "a%20b");
 }
-
-TEST(CFURLDeathTest, WhatIsNoURLEndsTheProcess)
-{
-    EXPECT_DEATH(CFURLGetString(nullptr), "CFURLGetString: the object is NULL");
-    EXPECT_DEATH(CFURLCopyPath(reinterpret_cast<CFURLRef>(CFSTR("x"))),
-                 "CFURLCopyPath: the object has another type");
-    EXPECT_DEATH(CFURLCreateWithString(nullptr, nullptr, nullptr),
-                 "CFURLCreateWithString: the object is NULL");
-    EXPECT_DEATH(CFURLCreateCopyAppendingPathComponent(nullptr, OfPath("/"), nullptr, false),
-                 "the object is NULL");
-}

@@ -161,6 +161,8 @@ TEST(MacMemory, WhatIsNoHandleIsSaidToBeNone)
     char theByte = 0;
     Ptr theFalseBlock = &theByte;
     const Handle theFalse = &theFalseBlock;
+    // Made before, so that it does not get the place of the one that is disposed of.
+    const TestHandle theGood("x");
     const Handle theOld = NewHandle(1);
     DisposeHandle(theOld);
     for (const Handle theBad : {theFalse, theOld}) {
@@ -177,7 +179,6 @@ TEST(MacMemory, WhatIsNoHandleIsSaidToBeNone)
         DisposeHandle(theBad);
         EXPECT_EQ(MemError(), memWZErr);
         EXPECT_EQ(PtrAndHand("x", theBad, 1), memWZErr);
-        const TestHandle theGood("x");
         EXPECT_EQ(HandAndHand(theBad, theGood), memWZErr);
         EXPECT_EQ(HandAndHand(theGood, theBad), memWZErr);
         Handle theCopy = theBad;
