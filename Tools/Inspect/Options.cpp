@@ -30,7 +30,9 @@ enum Letter : int
     kAll = 'a',
     kCauses = 'w',
     kCallers = 'C',
-    kNth = 'n'
+    kNth = 'n',
+    kAt = 't',
+    kDot = 'd'
 };
 
 struct CommandName
@@ -40,12 +42,13 @@ struct CommandName
     std::string_view theLetters; // of the options that it has
 };
 
-constexpr std::array<CommandName, 4> kCommands = {{{"log", Command::Log, "okKcsuawC"},
+constexpr std::array<CommandName, 5> kCommands = {{{"log", Command::Log, "okKcsuawC"},
                                                    {"why", Command::Why, "n"},
+                                                   {"graph", Command::Graph, "td"},
                                                    {"lint", Command::Lint, ""},
                                                    {"diff", Command::Diff, ""}}};
 
-const std::array<option, 13> kOptions = {{{"help", no_argument, nullptr, kHelp},
+const std::array<option, 15> kOptions = {{{"help", no_argument, nullptr, kHelp},
                                           {"version", no_argument, nullptr, kVersion},
                                           {"object", required_argument, nullptr, kObject},
                                           {"key", required_argument, nullptr, kKey},
@@ -57,6 +60,8 @@ const std::array<option, 13> kOptions = {{{"help", no_argument, nullptr, kHelp},
                                           {"causes", no_argument, nullptr, kCauses},
                                           {"callers", no_argument, nullptr, kCallers},
                                           {"nth", required_argument, nullptr, kNth},
+                                          {"at", required_argument, nullptr, kAt},
+                                          {"dot", no_argument, nullptr, kDot},
                                           {nullptr, 0, nullptr, 0}}};
 
 std::vector<std::string> CommandNames()
@@ -99,6 +104,12 @@ std::string ReadTime(const std::string& theText, std::uint64_t& theTime)
                                          : "\"" + Escape(theText) + "\" is no number of seconds, such as 1.5";
 }
 
+std::string ReadNumber(const std::string& theText, std::uint64_t& theNumber)
+{
+    return ReadCount(theText, theNumber) ? std::string()
+                                         : "\"" + Escape(theText) + "\" is no number from 1 on";
+}
+
 // Returns what is wrong with it.
 std::string TakeOption(int theLetter, const std::string& theText, Options& theOptions)
 {
@@ -129,8 +140,12 @@ std::string TakeOption(int theLetter, const std::string& theText, Options& theOp
         theLog.hasCallers = true;
         return {};
     case kNth:
-        return ReadCount(theText, theOptions.theTime) ? std::string()
-                                                      : "\"" + Escape(theText) + "\" is no number from 1 on";
+        return ReadNumber(theText, theOptions.theTime);
+    case kAt:
+        return ReadNumber(theText, theOptions.theGraph.theEntry);
+    case kDot:
+        theOptions.theGraph.isDot = true;
+        return {};
     default:
         return {};
     }
@@ -320,6 +335,7 @@ std::string GetUsage()
     return "usage: lminspect log [OPTION]... [JOURNAL]\n"
            "       lminspect why [--nth=N] OBJECT.KEY [JOURNAL]\n"
            "       lminspect why not OBJECT.KEY [JOURNAL]\n"
+           "       lminspect graph [--at=N] [--dot] [JOURNAL]\n"
            "       lminspect lint [JOURNAL]\n"
            "       lminspect diff JOURNAL JOURNAL\n"
            "\n"
@@ -342,6 +358,10 @@ std::string GetUsage()
            "  --nth=N         its N-th value instead of the last one\n"
            "\n"
            "why not: what a key follows, and what kept a change from it\n"
+           "\n"
+           "graph: a picture (SVG) of the objects, their keys and bindings\n"
+           "  --at=N          as it was at entry N\n"
+           "  --dot           in Graphviz's language instead\n"
            "\n"
            "lint: what is probably wrong in the program\n"
            "\n"

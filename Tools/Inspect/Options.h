@@ -5,6 +5,7 @@
 
 // What the command line asks for.
 
+#include "Graph.h"
 #include "Log.h"
 
 #include <cstdint>
@@ -20,6 +21,7 @@ enum class Command : std::uint8_t
     Log,
     Why,
     WhyNot,
+    Graph,
     Lint,
     Diff
 };
@@ -32,6 +34,7 @@ struct Options
     std::string theTarget;       // OBJECT.KEY
     std::uint64_t theTime = 0;   // which value of it, counted from 1; 0 is the last one
     LogOptions theLog;
+    GraphOptions theGraph;
     std::string theError; // what is wrong with the command line; empty when nothing is
 };
 

@@ -3,6 +3,7 @@
 #include "Program.h"
 
 #include "Diff.h"
+#include "Graph.h"
 #include "Journal.h"
 #include "Lint.h"
 #include "Log.h"
@@ -25,6 +26,9 @@ int RunCommand(const Options& theOptions, std::ostream& theOutput, std::ostream&
     }
     if (theOptions.theCommand == Command::WhyNot) {
         return RunWhyNot(theJournal, theOptions.theTarget, theOutput, theErrors);
+    }
+    if (theOptions.theCommand == Command::Graph) {
+        return RunGraph(theJournal, theOptions.theGraph, theOutput, theErrors);
     }
     if (theOptions.theCommand == Command::Lint) {
         return RunLint(theJournal, theOutput, theErrors);

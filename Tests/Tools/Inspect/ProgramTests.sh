@@ -88,6 +88,15 @@ for theRule in $(sed -nE 's/.*\{"([a-z]+-[a-z]+)".*/\1/p' "$kRoot/Tools/Inspect/
     grep -qF ".B ${theRule/-/\\-}" "$kRoot/Tools/Inspect/lminspect.1" || fail "$theRule is not in the page of the manual"
 done
 
+expect 0 graph --dot "$gFolder/journal"
+says out "digraph Bindings"
+if command -v dot >/dev/null; then
+    expect 0 graph --at=5 "$gFolder/journal"
+    says out "</svg>"
+fi
+expect 2 graph --at=0 "$gFolder/journal"
+says err "no number from 1 on"
+
 expect 0 diff "$gFolder/journal" "$gFolder/journal"
 is_silent out
 expect 1 diff "$gFolder/journal" "$gFolder/misspelt"
