@@ -302,10 +302,7 @@ void Control::AddPlaceToLook(ControlLook& theLook) const
     }
     if (const SharedControl theParent = Parent()) {
         theLook.theParent = theParent->mIdentifier;
-        const auto& theControls = theParent->mSubControls;
-        const auto theFound = std::find_if(theControls.begin(), theControls.end(),
-                                           [this](const auto& theOne) { return theOne.get() == this; });
-        theLook.theOrder = static_cast<int>(theFound - theControls.begin());
+        theLook.theOrder = static_cast<int>(mOrder);
     }
 }
 

@@ -90,6 +90,9 @@ public:
     bool IsInside(const Control& theContainer) const; // or is it
     bool CanEmbed() const;
 
+    // The way to it from the root, as places in what holds it: containers come before what they hold.
+    std::vector<size_t> Path() const;
+
     // Life. Begin makes the target and the reference; the others are the steps of EmbedControl and
     // DisposeControl, whose checks are made by the caller. Join puts the control in front of what
     // theContainer holds.
@@ -165,9 +168,11 @@ public:
     // Sets the range at creation, when there is nobody to tell.
     void StartWithRange(const ControlRange& theRange);
 
+    // The program's own name for the control, which need not be the only one of that name.
+    const ControlID& ID() const { return mID; }
+    void SetID(const ControlID& theID);
+
     // Plain data that nothing follows from.
-    ControlID mID = {0, 0};
-    bool mHasID = false;
     UInt32 mCommand = 0;
     SRefCon mReference = {};
     ControlActionUPP mAction = nullptr;
@@ -188,12 +193,14 @@ private:
     void CollectInState(ControlState theState, std::vector<SharedControl>* theControls);
 
     ObjectId mIdentifier = NewObjectId();
+    ControlID mID = {0, 0};
     OSType mKind;
     UInt32 mFeatures;
     EventTargetRef mTarget = nullptr;
     std::weak_ptr<Control> mParent;
     std::weak_ptr<Window> mOwner;
     std::vector<SharedControl> mSubControls; // from back to front
+    size_t mOrder = 0;                       // place among those of the parent
     bool mIsGone = false;
     bool mIsGoing = false; // being disposed; handlers are hearing of it
     bool mIsRoot = false;

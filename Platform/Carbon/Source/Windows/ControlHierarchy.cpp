@@ -13,6 +13,8 @@
 
 #include <algorithm>
 #include <Presentation/PresenterRegistry.h>
+#include <set>
+#include <utility>
 
 namespace Host {
 
@@ -42,6 +44,18 @@ ControlTable& Controls()
 {
     static NeverDestroyed<ControlTable> sControls;
     return sControls.Get();
+}
+
+std::uint64_t KeyOf(const ControlID& theID)
+{
+    return std::uint64_t{theID.signature} << 32 | static_cast<std::uint32_t>(theID.id);
+}
+
+// The names that the program has given to controls, each with the control that has it.
+std::set<std::pair<std::uint64_t, ObjectId>>& Names()
+{
+    static NeverDestroyed<std::set<std::pair<std::uint64_t, ObjectId>>> sNames;
+    return sNames.Get();
 }
 
 } // namespace
@@ -118,9 +132,20 @@ void Control::Dispose()
     }
     Leave();
     mIsGone = true;
+    Names().erase({KeyOf(mID), mIdentifier});
     Controls().Remove(Reference());
     DisposeEventTarget(mTarget);
     PresenterRegistry::Current().ControlGone(mIdentifier);
+}
+
+// The new name is known before the old one goes: there may be no memory for it.
+void Control::SetID(const ControlID& theID)
+{
+    Names().insert({KeyOf(theID), mIdentifier});
+    if (KeyOf(mID) != KeyOf(theID)) {
+        Names().erase({KeyOf(mID), mIdentifier});
+    }
+    mID = theID;
 }
 
 void Control::DisposeSubControls()
@@ -164,6 +189,16 @@ EventTargetRef Control::TargetAround() const
     return GetApplicationEventTarget();
 }
 
+std::vector<size_t> Control::Path() const
+{
+    std::vector<size_t> thePath;
+    if (const SharedControl theParent = Parent()) {
+        thePath = theParent->Path();
+        thePath.push_back(mOrder);
+    }
+    return thePath;
+}
+
 bool Control::IsInside(const Control& theContainer) const
 {
     const Control* theControl = this;
@@ -198,10 +233,12 @@ void Control::Leave()
         return;
     }
     auto& theControls = theParent->mSubControls;
-    auto theRest = theControls.erase(std::find(theControls.begin(), theControls.end(), shared_from_this()));
+    const SharedControl theKeepAlive = shared_from_this();
+    auto theRest = theControls.erase(theControls.begin() + static_cast<std::ptrdiff_t>(mOrder));
     mParent.reset();
     for (; theRest != theControls.end(); ++theRest) {
-        (*theRest)->Show(); // its place has changed
+        --(*theRest)->mOrder;
+        (*theRest)->Show();
     }
 }
 
@@ -219,6 +256,7 @@ void Control::Join(const SharedControl& theContainer)
     }
     theContainer->MakeRoom();
     Leave();
+    mOrder = theContainer->mSubControls.size();
     theContainer->mSubControls.push_back(theKeepAlive);
     mParent = theContainer;
     MoveTo(theContainer->Owner());
@@ -303,18 +341,19 @@ SharedControl FindAt(const SharedControl& theContainer, Point thePoint)
     return nullptr;
 }
 
-SharedControl FindID(const SharedControl& theControl, const ControlID& theID)
+// The first in theRoot, which is before what is inside it.
+SharedControl FindNamed(const Control& theRoot, const ControlID& theID)
 {
-    if (theControl->mHasID && theControl->mID.signature == theID.signature &&
-        theControl->mID.id == theID.id) {
-        return theControl;
-    }
-    for (const SharedControl& theSubControl : theControl->SubControls()) {
-        if (SharedControl theFound = FindID(theSubControl, theID)) {
-            return theFound;
+    SharedControl theFirst;
+    const std::uint64_t theKey = KeyOf(theID);
+    for (auto theName = Names().lower_bound({theKey, kNoObject});
+         theName != Names().end() && theName->first == theKey; ++theName) {
+        const SharedControl theControl = FindControl(theName->second);
+        if (theControl->IsInside(theRoot) && (theFirst == nullptr || theControl->Path() < theFirst->Path())) {
+            theFirst = theControl;
         }
     }
-    return nullptr;
+    return theFirst;
 }
 
 SharedControl DeepestAround(const SharedControl& theContainer, const SharedControl& theInner)
@@ -511,12 +550,12 @@ OSStatus GetControlByID(WindowRef inWindow, const ControlID* inID, ControlRef* o
     if (theOwner == nullptr) {
         return errInvalidWindowRef;
     }
-    const SharedControl theFound = theOwner->Root() == nullptr ? nullptr : FindID(theOwner->Root(), *inID);
-    if (theFound == nullptr) {
-        return errUnknownControl;
-    }
-    *outControl = theFound->Reference();
-    return noErr;
+    const SharedControl theRoot = theOwner->Root();
+    return Guarded([&] {
+        const SharedControl theFound = theRoot == nullptr ? nullptr : FindNamed(*theRoot, *inID);
+        *outControl = theFound == nullptr ? nullptr : theFound->Reference();
+        return theFound == nullptr ? OSStatus{errUnknownControl} : OSStatus{noErr};
+    });
 }
 
 EventTargetRef GetControlEventTarget(ControlRef theControl)

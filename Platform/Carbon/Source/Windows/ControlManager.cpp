@@ -344,15 +344,16 @@ OSStatus SetControlID(ControlRef inControl, const ControlID* inID)
     if (inID == nullptr) {
         return paramErr;
     }
-    theFound->mID = *inID;
-    theFound->mHasID = true;
-    theFound->Show();
-    return noErr;
+    return Guarded([&] {
+        theFound->SetID(*inID);
+        theFound->Show();
+        return OSStatus{noErr};
+    });
 }
 
 OSStatus GetControlID(ControlRef inControl, ControlID* outID)
 {
-    return ReadField(inControl, outID, [](const Control& theFound) { return theFound.mID; });
+    return ReadField(inControl, outID, [](const Control& theFound) { return theFound.ID(); });
 }
 
 OSStatus SetControlCommandID(ControlRef inControl, UInt32 inCommandID)

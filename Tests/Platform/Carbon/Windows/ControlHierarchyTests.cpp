@@ -477,6 +477,37 @@ TEST_F(ControlHierarchy, OfTwoWithOneIdentifierTheOneBehindIsFound)
     EXPECT_EQ(theFound, theSecond);
 }
 
+TEST_F(ControlHierarchy, AContainerIsFoundBeforeWhatItHoldsAndThatBeforeWhatIsInFront)
+{
+    ControlRef theBox = NewGroupBox();
+    ControlRef theFront = NewSlider();
+    ControlRef theInner = NewSlider();
+    EmbedControl(theInner, theBox);
+    const ControlID theID = {'Lmte', 7};
+    for (ControlRef theControl : {theFront, theInner, theBox}) {
+        SetControlID(theControl, &theID);
+        ControlRef theFound = nullptr;
+        GetControlByID(mWindow, &theID, &theFound);
+        EXPECT_EQ(theFound, theControl);
+    }
+}
+
+TEST_F(ControlHierarchy, IsFoundByItsNewIdentifierAloneAndInItsOwnWindowAlone)
+{
+    ControlRef theSlider = NewSlider();
+    const ControlID theIDs[] = {{'Lmte', 7}, {'Lmte', 8}};
+    SetControlID(theSlider, &theIDs[0]);
+    SetControlID(theSlider, &theIDs[1]);
+    ControlRef theFound = nullptr;
+    EXPECT_EQ(GetControlByID(mWindow, &theIDs[0], &theFound), errUnknownControl);
+    EXPECT_EQ(GetControlByID(mWindow, &theIDs[1], &theFound), noErr);
+    WindowRef theOther = NewWindow();
+    CreateRootControl(theOther, nullptr);
+    EXPECT_EQ(GetControlByID(theOther, &theIDs[1], &theFound), errUnknownControl);
+    DisposeControl(theSlider);
+    EXPECT_EQ(GetControlByID(mWindow, &theIDs[1], &theFound), errUnknownControl);
+}
+
 // --- Bad references ----------------------------------------------------------------------------------
 
 TEST_F(ControlHierarchy, AReferenceIsNeverGivenOutAgain)
