@@ -2,9 +2,13 @@
 
 #include "QtControl.h"
 
+#include "QtContent.h"
+
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <tuple>
+#include <utility>
 
 namespace Host {
 
@@ -16,6 +20,26 @@ constexpr int kFarthest = 32767;
 // Where controls have widgets, around the content of a window on the largest of screens. A style draws a
 // widget into memory as a whole, however little of it can be seen.
 constexpr QRect kRoom(-1024, -1024, 9216, 9216);
+
+// Whether a widget that shows the one look shows the other as well, but for where it is and what it may do.
+bool IsDrawnAlike(const ControlLook& theOne, const ControlLook& theOther)
+{
+    const auto theParts = [](const ControlLook& theLook) {
+        return std::tie(theLook.theBounds, theLook.theValue, theLook.theMinimum, theLook.theMaximum,
+                        theLook.theViewSize, theLook.theTickMarks, theLook.theTitle, theLook.theText,
+                        theLook.theAlignment, theLook.theSelectionStart, theLook.theSelectionEnd,
+                        theLook.theIsHilited, theLook.theIsPassword, theLook.theIsMultiline,
+                        theLook.theIsLocked, theLook.theIsDefault, theLook.theIsIndeterminate);
+    };
+    return theParts(theOne) == theParts(theOther);
+}
+
+// Whether the widget has its place already. What it wants to be high depends on no more than this.
+bool IsAsHigh(const ControlLook& theOne, const ControlLook& theOther)
+{
+    return theOne.theBounds == theOther.theBounds && theOne.theTitle == theOther.theTitle &&
+           theOne.theTickMarks == theOther.theTickMarks && theOne.theIsDefault == theOther.theIsDefault;
+}
 
 int Nearer(int theCoordinate)
 {
@@ -48,7 +72,6 @@ QtControl::QtControl(const ControlLook& theLook, QtInput& theInput, QWidget* the
       mWidget(theWidget),
       mLook(theLook)
 {
-    theWidget->setObjectName(QStringLiteral("control %1").arg(theLook.theId));
 }
 
 QtControl::~QtControl()
@@ -58,7 +81,7 @@ QtControl::~QtControl()
         mWidget->blockSignals(true);
         GiveUpKeys();
         mWidget->hide();
-        mWidget->removeEventFilter(&mInput);
+        mInput.Unwatch(*mWidget);
         mWidget->deleteLater();
     }
 }
@@ -83,6 +106,9 @@ QRect QtControl::AtLeastAsHigh(const QRect& theBounds) const
 void QtControl::Show(const ControlLook& theLook, bool theWindowIsActive)
 {
     const QSignalBlocker theBlocker(mWidget);
+    const bool theIsNew = !std::exchange(mIsShown, true);
+    const bool theIsOther = theIsNew || !IsDrawnAlike(theLook, mLook);
+    const bool theIsMoved = theIsNew || !IsAsHigh(theLook, mLook);
     mLook = theLook;
     const bool theIsEnabled = theLook.theIsEnabled && (theLook.theIsActive || !theWindowIsActive);
     if (!theIsEnabled || !theLook.theIsVisible) {
@@ -91,9 +117,40 @@ void QtControl::Show(const ControlLook& theLook, bool theWindowIsActive)
     mWidget->setEnabled(theIsEnabled);
     // Tab and clicks are the managers'; this tells a screen reader what takes the keys.
     mWidget->setFocusPolicy(theLook.theTakesFocus ? Qt::TabFocus : Qt::NoFocus);
-    ShowState(theLook);
-    mWidget->setGeometry(PlaceFor(ToQRect(theLook.theBounds) & kRoom));
-    mWidget->setVisible(theLook.theIsVisible);
+    if (theIsOther) {
+        ShowNewState();
+    }
+    if (theIsMoved) {
+        mWidget->setGeometry(PlaceFor(ToQRect(theLook.theBounds) & kRoom));
+    }
+    // What has never been hidden is shown with its window.
+    if (mWidget->isHidden() == theLook.theIsVisible) {
+        mWidget->setVisible(theLook.theIsVisible);
+    }
+    if (theIsOther && mWidget->isVisible()) {
+        static_cast<QtContent*>(mWidget->parentWidget())->Changed(mWidget->geometry());
+    }
+}
+
+// The widget does not ask to be painted: the content does, for all that have changed.
+void QtControl::ShowNewState()
+{
+    mWidget->setAttribute(Qt::WA_UpdatesDisabled, true);
+    ShowState(mLook);
+    mWidget->setAttribute(Qt::WA_UpdatesDisabled, false);
+}
+
+// Screen readers are told of each name that is set, even of one that stays.
+void QtControl::Name(const std::string& theName, const std::string& theGroup)
+{
+    const QString theSpoken = QString::fromStdString(theName);
+    if (mWidget->accessibleName() != theSpoken) {
+        mWidget->setAccessibleName(theSpoken);
+    }
+    const QString theDescription = QString::fromStdString(theGroup);
+    if (mWidget->accessibleDescription() != theDescription) {
+        mWidget->setAccessibleDescription(theDescription);
+    }
 }
 
 void QtControl::GiveUpKeys()

@@ -31,6 +31,9 @@ public:
     // shows in its own way, from one that the program made inactive. Reports nothing.
     void Show(const ControlLook& theLook, bool theWindowIsActive);
 
+    // Says what a screen reader calls it and the group that it stands in.
+    void Name(const std::string& theName, const std::string& theGroup);
+
     QWidget& Widget() const { return *mWidget; }
 
 protected:
@@ -63,9 +66,12 @@ protected:
     QtReports& Reports() const { return mInput.Reports(); }
 
 private:
+    void ShowNewState();
+
     QtInput& mInput;
     QPointer<QWidget> mWidget;
     ControlLook mLook;
+    bool mIsShown = false;
 };
 
 // Makes a text of the program one that Qt does not look for mnemonics in.

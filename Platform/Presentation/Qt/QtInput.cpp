@@ -14,7 +14,6 @@ namespace Host {
 
 namespace {
 
-constexpr char kMouseUse[] = "Host.MouseUse";
 constexpr int kWheelStep = 120; // eighths of a degree, as Qt counts them, for one line
 
 PointerButton ButtonOf(Qt::MouseButton theButton)
@@ -66,50 +65,52 @@ bool IsForManagers(const QWidget& theWidget, const QEvent& theEvent)
 QtInput::QtInput(ObjectId theWindow, QWidget& theContent, QtReports& theReports)
     : mWindow(theWindow),
       mContent(theContent),
-      mReports(theReports)
+      mReports(theReports),
+      mWatchers{Watcher(*this, MouseUse::kManagers), Watcher(*this, MouseUse::kBoth),
+                Watcher(*this, MouseUse::kWidget), Watcher(*this, MouseUse::kNone)}
 {
 }
 
 void QtInput::Watch(QWidget& theWidget, MouseUse theUse)
 {
-    theWidget.setProperty(kMouseUse, static_cast<int>(theUse));
     theWidget.setMouseTracking(true);
     // The managers move the focus; Qt must not.
     theWidget.setFocusPolicy(Qt::NoFocus);
     // Everything is reported once, by the widget under the pointer.
     theWidget.setAttribute(Qt::WA_NoMousePropagation);
-    theWidget.installEventFilter(this);
+    theWidget.installEventFilter(&mWatchers.at(static_cast<size_t>(theUse)));
 }
 
-QtInput::MouseUse QtInput::UseOf(const QWidget& theWidget) const
+void QtInput::Unwatch(QWidget& theWidget)
 {
-    return static_cast<MouseUse>(theWidget.property(kMouseUse).toInt());
+    for (Watcher& theWatcher : mWatchers) {
+        theWidget.removeEventFilter(&theWatcher);
+    }
 }
 
-bool QtInput::eventFilter(QObject* theObject, QEvent* theEvent)
+bool QtInput::Filter(QWidget& theWidget, QEvent& theEvent, MouseUse theUse)
 {
-    auto& theWidget = static_cast<QWidget&>(*theObject);
     if (mIsGivingBack) {
         return false;
     }
-    switch (theEvent->type()) {
+    switch (theEvent.type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseMove:
-        return FilterMouse(theWidget, static_cast<QMouseEvent&>(*theEvent));
+        return FilterMouse(theWidget, static_cast<QMouseEvent&>(theEvent), theUse);
     case QEvent::Wheel:
-        ReportWheel(theWidget, static_cast<QWheelEvent&>(*theEvent));
+        ReportWheel(theWidget, static_cast<QWheelEvent&>(theEvent));
         return true;
     case QEvent::ShortcutOverride:
         // Command keys are looked up by the managers.
-        theEvent->accept();
+        theEvent.accept();
         return true;
     case QEvent::KeyPress:
-        ReportKey(theWidget, static_cast<QKeyEvent&>(*theEvent));
+        ReportKey(theWidget, static_cast<QKeyEvent&>(theEvent));
         return true;
     case QEvent::KeyRelease:
-        ReportKeyRelease(static_cast<QKeyEvent&>(*theEvent));
+        ReportKeyRelease(static_cast<QKeyEvent&>(theEvent));
         return true;
     default:
         return false;
@@ -132,10 +133,9 @@ PointerAction QtInput::ActionAt(PixelPoint thePlace) const
     return theAction;
 }
 
-bool QtInput::FilterMouse(QWidget& theWidget, QMouseEvent& theEvent)
+bool QtInput::FilterMouse(QWidget& theWidget, QMouseEvent& theEvent, MouseUse theUse)
 {
     const bool theIsPrimary = ((theEvent.buttons() | theEvent.button()) & Qt::LeftButton) != 0;
-    const MouseUse theUse = UseOf(theWidget);
     if (theUse == MouseUse::kNone || (theUse == MouseUse::kWidget && theIsPrimary && theWidget.isEnabled())) {
         return false;
     }

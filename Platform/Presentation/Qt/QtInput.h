@@ -11,6 +11,7 @@
 #include <QWheelEvent>
 #include <QWidget>
 
+#include <array>
 #include <functional>
 #include <set>
 #include <utility>
@@ -21,7 +22,7 @@ namespace Host {
 //
 // What the managers do by default (press a button, move on to the next field, type) is theirs alone, so the
 // widgets never see it. A key that nobody wanted is given back to its widget afterwards.
-class QtInput : public QObject
+class QtInput
 {
 public:
     // Who follows the mouse on a widget.
@@ -37,6 +38,7 @@ public:
     QtInput(ObjectId theWindow, QWidget& theContent, QtReports& theReports);
 
     void Watch(QWidget& theWidget, MouseUse theUse);
+    void Unwatch(QWidget& theWidget);
 
     QtReports& Reports() { return mReports; }
     ObjectId WindowId() const { return mWindow; }
@@ -56,10 +58,28 @@ public:
     // Keys that are still down are reported as up: they will be released in another window.
     void ReleaseKeys();
 
-    bool eventFilter(QObject* theObject, QEvent* theEvent) override;
-
 private:
-    bool FilterMouse(QWidget& theWidget, QMouseEvent& theEvent);
+    // Sees what arrives at the widgets of one use.
+    class Watcher : public QObject
+    {
+    public:
+        Watcher(QtInput& theInput, MouseUse theUse)
+            : mInput(theInput),
+              mUse(theUse)
+        {
+        }
+        bool eventFilter(QObject* theObject, QEvent* theEvent) override
+        {
+            return mInput.Filter(static_cast<QWidget&>(*theObject), *theEvent, mUse);
+        }
+
+    private:
+        QtInput& mInput;
+        MouseUse mUse;
+    };
+
+    bool Filter(QWidget& theWidget, QEvent& theEvent, MouseUse theUse);
+    bool FilterMouse(QWidget& theWidget, QMouseEvent& theEvent, MouseUse theUse);
     void ReportMouse(QWidget& theWidget, const QMouseEvent& theEvent);
     void ReportWheel(QWidget& theWidget, const QWheelEvent& theEvent);
     void ReportKey(QWidget& theWidget, const QKeyEvent& theEvent);
@@ -69,11 +89,11 @@ private:
     bool OpensMenu(const QKeyEvent& theEvent);
     void CountClick(const QMouseEvent& theEvent);
     PixelPoint PlaceOf(const QWidget& theWidget, QPointF thePoint) const;
-    MouseUse UseOf(const QWidget& theWidget) const;
 
     ObjectId mWindow;
     QWidget& mContent;
     QtReports& mReports;
+    std::array<Watcher, 4> mWatchers; // by MouseUse
     PixelPoint mContentPlace;
     std::set<std::uint32_t> mKeysDown;
     std::uint32_t mModifiers = kNoModifiers;

@@ -16,8 +16,6 @@ constexpr int kGapAbove = 16;
 // Edges that are drawn side by side may overlap by that much.
 constexpr int kOverlap = 4;
 
-using Controls = std::vector<const ControlLook*>;
-
 bool EndsWithColon(const std::string& theText)
 {
     return !theText.empty() && theText.back() == ':';
@@ -55,51 +53,6 @@ bool IsAbove(const PixelRect& theLabel, const PixelRect& theControl)
            theLabel.theRight > theControl.theLeft;
 }
 
-// Whether a control that could have the label for itself stands between the two.
-bool IsTaken(const PixelRect& theLabel, const ControlLook& theControl, const Controls& theControls)
-{
-    return std::any_of(theControls.begin(), theControls.end(), [&](const ControlLook* theOther) {
-        const PixelRect& theBounds = theOther->theBounds;
-        return theOther != &theControl && theOther->theTakesFocus && theOther->theIsVisible &&
-               IsLevel(theLabel, theBounds) && theBounds.theLeft >= theLabel.theLeft &&
-               theBounds.theRight <= theControl.theBounds.theLeft + kOverlap;
-    });
-}
-
-// The nearest to the left; one that ends with a colon says that it is a label.
-const ControlLook* LabelBeside(const ControlLook& theControl, const Controls& theControls)
-{
-    const ControlLook* theNearest = nullptr;
-    for (const ControlLook* theLabel : theControls) {
-        const PixelRect& theBounds = theLabel->theBounds;
-        const bool theStandsBeside =
-            std::int64_t{theBounds.theRight} <= std::int64_t{theControl.theBounds.theLeft} + kOverlap;
-        if (!CanBeLabel(*theLabel) || !theStandsBeside || !IsLevel(theBounds, theControl.theBounds) ||
-            IsTaken(theBounds, theControl, theControls)) {
-            continue;
-        }
-        const bool theIsSurer =
-            theNearest != nullptr && EndsWithColon(theLabel->theText) != EndsWithColon(theNearest->theText);
-        const bool theIsBetter =
-            theNearest == nullptr || (theIsSurer ? EndsWithColon(theLabel->theText)
-                                                 : theBounds.theRight > theNearest->theBounds.theRight);
-        theNearest = theIsBetter ? theLabel : theNearest;
-    }
-    return theNearest;
-}
-
-const ControlLook* LabelAbove(const ControlLook& theControl, const Controls& theControls)
-{
-    const ControlLook* theNearest = nullptr;
-    for (const ControlLook* theLabel : theControls) {
-        if (CanBeLabel(*theLabel) && IsAbove(theLabel->theBounds, theControl.theBounds) &&
-            (theNearest == nullptr || theLabel->theBounds.theBottom > theNearest->theBounds.theBottom)) {
-            theNearest = theLabel;
-        }
-    }
-    return theNearest;
-}
-
 // A screen reader says where the name ends.
 std::string WithoutColon(std::string theText)
 {
@@ -132,7 +85,64 @@ bool IsAround(const PixelRect& theOuter, const PixelRect& theInner)
 
 } // namespace
 
-std::string SpokenName(const ControlLook& theControl, const Controls& theControls)
+void SpokenNames::Add(const ControlLook& theControl)
+{
+    if (CanBeLabel(theControl)) {
+        mLabels.push_back(&theControl);
+    }
+    if (theControl.theTakesFocus && theControl.theIsVisible) {
+        mOwners.push_back(&theControl);
+    }
+    if (theControl.theShape == ControlShape::kGroupBox && theControl.theIsVisible) {
+        mGroups.push_back(&theControl);
+    }
+}
+
+// Whether a control that could have the label for itself stands between the two.
+bool SpokenNames::IsTaken(const PixelRect& theLabel, const ControlLook& theControl) const
+{
+    return std::any_of(mOwners.begin(), mOwners.end(), [&](const ControlLook* theOther) {
+        const PixelRect& theBounds = theOther->theBounds;
+        return theOther != &theControl && IsLevel(theLabel, theBounds) &&
+               theBounds.theLeft >= theLabel.theLeft &&
+               theBounds.theRight <= theControl.theBounds.theLeft + kOverlap;
+    });
+}
+
+// The nearest to the left; one that ends with a colon says that it is a label.
+const ControlLook* SpokenNames::LabelBeside(const ControlLook& theControl) const
+{
+    const ControlLook* theNearest = nullptr;
+    for (const ControlLook* theLabel : mLabels) {
+        const PixelRect& theBounds = theLabel->theBounds;
+        const bool theStandsBeside =
+            std::int64_t{theBounds.theRight} <= std::int64_t{theControl.theBounds.theLeft} + kOverlap;
+        if (!theStandsBeside || !IsLevel(theBounds, theControl.theBounds) || IsTaken(theBounds, theControl)) {
+            continue;
+        }
+        const bool theIsSurer =
+            theNearest != nullptr && EndsWithColon(theLabel->theText) != EndsWithColon(theNearest->theText);
+        const bool theIsBetter =
+            theNearest == nullptr || (theIsSurer ? EndsWithColon(theLabel->theText)
+                                                 : theBounds.theRight > theNearest->theBounds.theRight);
+        theNearest = theIsBetter ? theLabel : theNearest;
+    }
+    return theNearest;
+}
+
+const ControlLook* SpokenNames::LabelAbove(const ControlLook& theControl) const
+{
+    const ControlLook* theNearest = nullptr;
+    for (const ControlLook* theLabel : mLabels) {
+        if (IsAbove(theLabel->theBounds, theControl.theBounds) &&
+            (theNearest == nullptr || theLabel->theBounds.theBottom > theNearest->theBounds.theBottom)) {
+            theNearest = theLabel;
+        }
+    }
+    return theNearest;
+}
+
+std::string SpokenNames::NameOf(const ControlLook& theControl) const
 {
     if (theControl.theShape == ControlShape::kStaticText) {
         return theControl.theText;
@@ -141,17 +151,16 @@ std::string SpokenName(const ControlLook& theControl, const Controls& theControl
         (!theControl.theTitle.empty() && theControl.theShape != ControlShape::kPopUpButton)) {
         return theControl.theTitle;
     }
-    const ControlLook* theLabel = LabelBeside(theControl, theControls);
-    theLabel = theLabel == nullptr ? LabelAbove(theControl, theControls) : theLabel;
+    const ControlLook* theLabel = LabelBeside(theControl);
+    theLabel = theLabel == nullptr ? LabelAbove(theControl) : theLabel;
     return theLabel == nullptr ? std::string() : WithoutColon(theLabel->theText);
 }
 
-std::string SpokenGroup(const ControlLook& theControl, const Controls& theControls)
+std::string SpokenNames::GroupOf(const ControlLook& theControl) const
 {
     const ControlLook* theSmallest = nullptr;
-    for (const ControlLook* theGroup : theControls) {
-        if (theGroup != &theControl && theGroup->theShape == ControlShape::kGroupBox &&
-            theGroup->theIsVisible && IsAround(theGroup->theBounds, theControl.theBounds) &&
+    for (const ControlLook* theGroup : mGroups) {
+        if (theGroup != &theControl && IsAround(theGroup->theBounds, theControl.theBounds) &&
             (theSmallest == nullptr || IsAround(theSmallest->theBounds, theGroup->theBounds))) {
             theSmallest = theGroup;
         }

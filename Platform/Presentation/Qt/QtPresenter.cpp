@@ -20,6 +20,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <tuple>
 
 namespace Host {
 
@@ -50,6 +51,34 @@ bool IsNamedAnew(const ControlLook& theOld, const ControlLook& theNew)
     return theOld.theShape != theNew.theShape || theOld.theTitle != theNew.theTitle ||
            theOld.theBounds != theNew.theBounds || theOld.theIsVisible != theNew.theIsVisible ||
            theOld.theTakesFocus != theNew.theTakesFocus || (theIsLabel && theOld.theText != theNew.theText);
+}
+
+// Puts the widgets of theParent, and of all that is in it, at the end of theWidgets. theControls are in the
+// order of their parents and of their places there.
+template <class Controls>
+void AddBranch(const Controls& theControls, ObjectId theParent, std::vector<QWidget*>& theWidgets)
+{
+    auto theEntry = std::lower_bound(
+        theControls.begin(), theControls.end(), theParent,
+        [](const auto* theControl, ObjectId theOther) { return theControl->theLook.theParent < theOther; });
+    for (; theEntry != theControls.end() && (*theEntry)->theLook.theParent == theParent; ++theEntry) {
+        if ((*theEntry)->theControl != nullptr) {
+            theWidgets.push_back(&(*theEntry)->theControl->Widget());
+        }
+        AddBranch(theControls, (*theEntry)->theLook.theId, theWidgets);
+    }
+}
+
+template <class Controls>
+std::vector<QWidget*> FromBackToFront(Controls theControls)
+{
+    std::stable_sort(theControls.begin(), theControls.end(), [](const auto* theOne, const auto* theOther) {
+        return std::tie(theOne->theLook.theParent, theOne->theLook.theOrder) <
+               std::tie(theOther->theLook.theParent, theOther->theLook.theOrder);
+    });
+    std::vector<QWidget*> theWidgets;
+    AddBranch(theControls, kNoObject, theWidgets);
+    return theWidgets;
 }
 
 } // namespace
@@ -377,6 +406,11 @@ void QtPresenter::ShowChangedControls()
             ShowControl(theEntry->second);
         }
     }
+    for (const auto& theEntry : mWindows) {
+        if (theEntry.second.theWindow != nullptr) {
+            theEntry.second.theWindow->Content().RepaintChanged();
+        }
+    }
     for (const ObjectId theId : std::exchange(mUnstackedWindows, {})) {
         StackControls(theId);
     }
@@ -399,51 +433,39 @@ void QtPresenter::ShowControl(ControlEntry& theEntry)
     theEntry.theControl->Show(theEntry.theLook, theWindow->Look().theIsActive);
 }
 
-// For screen readers; nobody sees it.
-void QtPresenter::NameControls(ObjectId theWindow)
-{
-    std::vector<const ControlLook*> theLooks;
-    for (const auto& theEntry : mControls) {
-        if (theEntry.second.theLook.theWindow == theWindow) {
-            theLooks.push_back(&theEntry.second.theLook);
-        }
-    }
-    for (const ControlLook* theLook : theLooks) {
-        if (QWidget* const theWidget = FindControlWidget(theLook->theId)) {
-            theWidget->setAccessibleName(QString::fromStdString(SpokenName(*theLook, theLooks)));
-            theWidget->setAccessibleDescription(QString::fromStdString(SpokenGroup(*theLook, theLooks)));
-        }
-    }
-}
-
-void QtPresenter::CollectBranch(ObjectId theWindow, ObjectId theParent,
-                                std::vector<QWidget*>& theWidgets) const
+std::vector<const QtPresenter::ControlEntry*> QtPresenter::ControlsOf(ObjectId theWindow) const
 {
     std::vector<const ControlEntry*> theControls;
     for (const auto& theEntry : mControls) {
-        const ControlLook& theLook = theEntry.second.theLook;
-        if (theLook.theWindow == theWindow && theLook.theParent == theParent) {
+        if (theEntry.second.theLook.theWindow == theWindow) {
             theControls.push_back(&theEntry.second);
         }
     }
-    std::stable_sort(theControls.begin(), theControls.end(), [](const auto* theOne, const auto* theOther) {
-        return theOne->theLook.theOrder < theOther->theLook.theOrder;
-    });
+    return theControls;
+}
+
+// For screen readers; nobody sees it.
+void QtPresenter::NameControls(ObjectId theWindow)
+{
+    const std::vector<const ControlEntry*> theControls = ControlsOf(theWindow);
+    SpokenNames theNames;
+    for (const ControlEntry* theEntry : theControls) {
+        theNames.Add(theEntry->theLook);
+    }
     for (const ControlEntry* theEntry : theControls) {
         if (theEntry->theControl != nullptr) {
-            theWidgets.push_back(&theEntry->theControl->Widget());
+            theEntry->theControl->Name(theNames.NameOf(theEntry->theLook),
+                                       theNames.GroupOf(theEntry->theLook));
         }
-        CollectBranch(theWindow, theEntry->theLook.theId, theWidgets);
     }
 }
 
 // All widgets of a window are neighbours; what is inside another control lies over it.
 void QtPresenter::StackControls(ObjectId theWindow)
 {
-    std::vector<QWidget*> theWidgets;
-    CollectBranch(theWindow, kNoObject, theWidgets);
-    for (QWidget* theWidget : theWidgets) {
-        theWidget->raise();
+    auto* const theWidget = static_cast<QtWindow*>(FindWindowWidget(theWindow));
+    if (theWidget != nullptr) {
+        theWidget->Stack(FromBackToFront(ControlsOf(theWindow)));
     }
 }
 

@@ -92,7 +92,7 @@ private:
     void AddControlsOf(ObjectId theWindow);
     void StackControls(ObjectId theWindow);
     void NameControls(ObjectId theWindow);
-    void CollectBranch(ObjectId theWindow, ObjectId theParent, std::vector<QWidget*>& theWidgets) const;
+    std::vector<const ControlEntry*> ControlsOf(ObjectId theWindow) const;
     void StackWindows();
     void LinkWindows(const std::vector<QtWindow*>& theFrontToBack);
     std::vector<QtWindow*> WindowsFrontToBack() const;

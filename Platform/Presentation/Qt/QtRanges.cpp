@@ -333,11 +333,8 @@ void QtProgressBar::ShowState(const ControlLook& theLook)
     const std::int64_t theStep =
         theSpan <= 0 ? 0 : std::clamp<std::int64_t>(theAmount, 0, theSpan) * kProgressSteps / theSpan;
     mBar.setOrientation(OrientationOf(theLook));
-    // A progress bar paints itself at every change, unless it is kept from it.
-    mBar.setUpdatesEnabled(false);
     mBar.setRange(0, theLook.theIsIndeterminate ? 0 : kProgressSteps);
     mBar.setValue(static_cast<int>(theStep));
-    mBar.setUpdatesEnabled(true);
 }
 
 } // namespace Host

@@ -184,6 +184,16 @@ void QtWindow::SetHasMenuBar(bool theHasMenuBar)
     }
 }
 
+// The first ones that stand in this order already stay: raising a widget paints it and what it covers.
+void QtWindow::Stack(const std::vector<QWidget*>& theWidgets)
+{
+    auto theNext = theWidgets.begin();
+    for (const QObject* theChild : mContent.children()) {
+        theNext += theNext != theWidgets.end() && theChild == *theNext ? 1 : 0;
+    }
+    std::for_each(theNext, theWidgets.end(), [](QWidget* theWidget) { theWidget->raise(); });
+}
+
 void QtWindow::SetKeyWidget(QWidget* theWidget)
 {
     QWidget& theTarget = theWidget == nullptr ? mContent : *theWidget;

@@ -3,11 +3,13 @@
 #ifndef QtWindow_h
 #define QtWindow_h
 
+#include "QtContent.h"
 #include "QtInput.h"
 
 #include <QElapsedTimer>
 #include <QMenuBar>
 #include <QTimer>
+#include <vector>
 
 namespace Host {
 
@@ -28,7 +30,7 @@ public:
 
     ObjectId Id() const { return mLook.theId; }
     const WindowLook& Look() const { return mLook; }
-    QWidget& Content() { return mContent; }
+    QtContent& Content() { return mContent; }
     QMenuBar& MenuBar() { return mMenuBar; }
     QtInput& Input() { return mInput; }
 
@@ -41,6 +43,9 @@ public:
 
     // Makes room for the menu bar above the content, or takes it away. The content stays where it is.
     void SetHasMenuBar(bool theHasMenuBar);
+
+    // Puts widgets of the content into this order, from back to front.
+    void Stack(const std::vector<QWidget*>& theWidgets);
 
     // Gives the keys to a widget of the window, or to none of them.
     void SetKeyWidget(QWidget* theWidget);
@@ -96,7 +101,7 @@ private:
     QtReports& mReports;
     WindowLook mLook;
     QMenuBar mMenuBar;
-    QWidget mContent;
+    QtContent mContent;
     QtInput mInput;
     QRect mKnownPlace;    // of the content, as the managers know it
     QRect mDisputedPlace; // where the desktop put it against the managers' will
