@@ -166,8 +166,10 @@ def main(source, table_path, chart_path):
     figures, peers = read(source)
     lines = list(markdown(figures, peers))
     print("\n".join(lines))
+    with open(table_path, encoding="utf-8") as old:
+        windows = old.read().partition("\n## Windows\n")
     with open(table_path, "w", encoding="utf-8") as output:
-        output.write(PREFACE + "\n".join(lines) + "\n")
+        output.write(PREFACE + "\n".join(lines) + "\n" + "".join(windows[1:]))
     with open(chart_path, "w", encoding="utf-8") as output:
         output.write("\n".join(svg(figures["count"], peers)) + "\n")
 
