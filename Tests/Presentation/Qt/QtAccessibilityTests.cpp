@@ -2,6 +2,12 @@
 
 // What a screen reader learns of the windows, and what it can do to them.
 
+// Before the headers of Carbon, which have macros for some of the names in these.
+#include <QAccessible>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QWidget>
+
 #include "HeadlessPresenter.h"
 #include "QtPresenter.h"
 #include "TestMenus.h"
@@ -9,10 +15,6 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
-#include <QAccessible>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QWidget>
 
 namespace {
 

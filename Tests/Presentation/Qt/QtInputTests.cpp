@@ -2,15 +2,7 @@
 
 // What a person does to the widgets on the screen, and what the program hears of it.
 
-#include "HeadlessPresenter.h"
-#include "PaintCounter.h"
-#include "QtPresenter.h"
-#include "TestMenus.h"
-
-#include <algorithm>
-#include <array>
-#include <gtest/gtest.h>
-#include <memory>
+// Before the headers of Carbon, which have macros for some of the names in these.
 #include <QAbstractButton>
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -25,6 +17,16 @@
 #include <QStyleOptionSlider>
 #include <QTest>
 #include <QWheelEvent>
+
+#include "HeadlessPresenter.h"
+#include "PaintCounter.h"
+#include "QtPresenter.h"
+#include "TestMenus.h"
+
+#include <algorithm>
+#include <array>
+#include <gtest/gtest.h>
+#include <memory>
 
 namespace {
 
