@@ -43,10 +43,11 @@ sliders, check boxes, text fields and progress bars, 250 each. Written by `Bench
 - Everything includes the painting. All three paint in memory, in the style that the toolkit has by default, at the same
   places, on a screen of their own under a window manager; the controls of Qt and of this library are the same
   widgets. Bounds are given; no layout is computed in Qt. GTK's animations are off.
-- Instructions are counted by callgrind, once. Time is the processor's: the median of five runs, in which the three
+- Instructions are counted by callgrind, once. Time is the processor's: the median of the runs, in which the three
   take turns. The figures are multiples of plain Qt's.
 - The slider is dragged by a pointer of the X server. A step is a move of the pointer, until all has been painted.
 - Memory is what 1,000 controls have in use of the heap more than 500, for each of them.
+- A cell is blank, and a row is missing, where nothing was measured.
 - Wakings are the times that the program slept and was woken, with nothing happening on the screen.
 """
 
@@ -65,8 +66,9 @@ def read(path):
 def rows(figures):
     for title, question, window, measures in ROWS:
         for measure in measures:
-            row = figures[(measure, question, window)]
-            yield title + (f": {TITLES[measure]}" if measure in TITLES else ""), measure, row
+            row = figures.get((measure, question, window), {})
+            if BASE in row:
+                yield title + (f": {TITLES[measure]}" if measure in TITLES else ""), measure, row
 
 
 def cell(row, toolkit, measure):
