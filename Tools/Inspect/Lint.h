@@ -89,7 +89,7 @@ private:
     void TakeEqual(const Entry& theEntry);
     void TakeObservation(const Entry& theEntry);
     void CheckKey(const Entry& theEntry);
-    void CheckSource(const Entry& theEntry);
+    void CheckSource(const Entry& theBinding);
     void CheckNeighbours(const Entry& theEntry);
     void CheckRound();
     void CheckTwice(const Entry& theEntry);
