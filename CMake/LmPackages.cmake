@@ -130,7 +130,8 @@ of the interfaces CoreFoundation and Carbon that is used, belongs to it.
 \n")
 lm_debian_package(Libraries liblmbindings1 libs
   "${theCommon}This package contains the shared libraries.")
-lm_debian_libraries(Libraries liblmbindings1 liblmbindings-dev LmBindings LmCarbon LmControllers LmCoreFoundation)
+lm_debian_libraries(Libraries liblmbindings1 liblmbindings-dev
+  LmBindings LmCarbon LmControllers LmCoreFoundation LmInspection)
 lm_debian_package(Development liblmbindings-dev libdevel
   "${theCommon}This package contains the headers, the CMake package and the pkg-config file."
   "liblmbindings1 (= ${LM_DEBIAN_VERSION})")

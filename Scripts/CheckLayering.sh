@@ -8,7 +8,8 @@
 #   Platform/Simulation -> Platform/Carbon -> Platform/CoreServices, Platform/Presentation
 #   Tools -> nothing of these: they read what programs have written
 #
-# Source knows of its host only <CoreFoundation/CoreFoundation.h> and <Carbon/Carbon.h>, asks for no
+# Source knows of its host only <CoreFoundation/CoreFoundation.h> and <Carbon/Carbon.h>; the journal also asks the
+# run time of C++ itself for the callers on the stack and the names of classes. Source asks for no
 # system, uses nothing of the standard library that Mac OS X 10.7 has no run time for, and no name that the
 # platform's headers have only since Mac OS X 10.5. Platform knows nothing of Source. What a presenter is
 # told and reports back is said without Carbon and without Qt.
@@ -127,7 +128,12 @@ report "Source includes only its own headers by bare name, the standard library 
     includes Source |
         without '<CoreFoundation/CoreFoundation\.h>|<Carbon/Carbon\.h>' |
         without "$kStandard" |
-        without_headers_of Source
+        without_headers_of Source |
+        grep -vE '^Source/Inspection/Internal/[A-Za-z]+\.cpp:[0-9]+:<(cxxabi|unwind)\.h>$'
+)
+report "The library does not know who inspects it" < <(
+    includes Source/Core Source/Transforms Source/Bindings |
+        grep -E "\"($(find Source/Inspection -name '*.h' -printf '%f\n' 2>/dev/null | sed 's/\.h$//' | paste -sd '|'))\.h\"" 
 )
 report "Controllers use what every application can use" < <(
     includes Source/Controllers |

@@ -24,6 +24,8 @@ Platform/CoreFoundation/Source/CFContainer.cpp two callbacks of what holds value
 Platform/CoreFoundation/Source/CFUnicodeTables.cpp tables alone: CFUnicodeTests, CFStringCompareTests
 Platform/Presentation/Headless/HeadlessPresenter.cpp nothing but what every presenter owes: PresenterContractTests
 Platform/Presentation/Qt/ Qt's behaviour crosses its files: the contract of presenters, and Tests/Presentation/Qt
+Source/Inspection/Internal/LmEventNames.cpp a table alone: LmPersonWatchTests, LmJournalRecorderTests
+Source/Inspection/Internal/LmJournalObjects.cpp what entries call objects: LmJournalRecorderTests
 Source/Core/Internal/LmKeyMemo.cpp where a store finds its keys again: LmKeyValueStoreTests, LmNestedSetTests
 Source/Core/Internal/LmObserverSnapshot.cpp the observers of one pass, seen by those alone: LmKeyValueStoreTests
 Tools/Inspect/Describe.cpp the words for what others show: LogTests

@@ -11,6 +11,7 @@
 #include "LmDiagnosticHandler.h"
 #include "LmExampleBinding.h"
 #include "LmExport.h"
+#include "LmJournalHook.h"
 #include "LmKeyValueBinding.h"
 #include "LmKeyValueObserver.h"
 #include "LmKeyValueStore.h"

@@ -5,6 +5,7 @@
 #include "LmAdoptedString.h"
 #include "LmCodeText.h"
 #include "LmDiagnostics.h"
+#include "LmEventNote.h"
 #include "LmIsText.h"
 #include "LmNameComparison.h"
 #include "LmUpdateScope.h"
@@ -272,6 +273,7 @@ OSStatus LmControlBinding::EventHandler(EventHandlerCallRef, EventRef theEvent, 
         return eventNotHandledErr;
     }
     LmControlBinding* const theBinding = static_cast<LmControlBinding*>(userData);
+    const LmEventNote theNote(*theBinding, theEvent);
     const UInt32 theKind = GetEventKind(theEvent);
     switch (GetEventClass(theEvent)) {
     case kEventClassControl:

@@ -5,6 +5,7 @@
 #include "LmAdoptedString.h"
 #include "LmCodeText.h"
 #include "LmDiagnostics.h"
+#include "LmEventNote.h"
 #include "LmIsText.h"
 #include "LmNameComparison.h"
 #include "LmUpdateScope.h"
@@ -214,6 +215,7 @@ OSStatus LmMenuBinding::EventHandler(EventHandlerCallRef, EventRef theEvent, voi
         return eventNotHandledErr;
     }
     LmMenuBinding* const theBinding = static_cast<LmMenuBinding*>(userData);
+    const LmEventNote theNote(*theBinding, theEvent);
     const UInt32 theKind = GetEventKind(theEvent);
     switch (GetEventClass(theEvent)) {
     case kEventClassCommand:

@@ -3,6 +3,7 @@
 #include "LmPreferenceBinding.h"
 
 #include "LmDiagnostics.h"
+#include "LmJournal.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -230,6 +231,19 @@ CFTypeRef CreateProperty(const LmValue& theValue)
     return nullptr;
 }
 
+// Writes to the journal that a key was read or set.
+void NoteAccess(LmJournalKind theKind, const LmKeyValueStore& theBinding, const LmString& theKey,
+                const LmValue& theValue)
+{
+    LmNote([&] {
+        LmJournalEntry theEntry{theKind};
+        theEntry.theObject = &theBinding;
+        theEntry.theKey = &theKey;
+        theEntry.theValue = &theValue;
+        return theEntry;
+    });
+}
+
 } // namespace
 
 LmPreferenceBinding::LmPreferenceBinding(CFStringRef theApplicationID)
@@ -260,7 +274,12 @@ LmString LmPreferenceBinding::GetDebugInfo() const
 
 bool LmPreferenceBinding::Flush() const
 {
-    return CFPreferencesAppSynchronize(mApplicationID) != 0;
+    const bool isDone = CFPreferencesAppSynchronize(mApplicationID) != 0;
+    if (LmJournal::IsAnythingOn()) {
+        LmJournal::WriteAbout(kJournalFlush, static_cast<const LmKeyValueStore&>(*this), 0, isDone ? 1 : 0,
+                              nullptr);
+    }
+    return isDone;
 }
 
 LmValue LmPreferenceBinding::GetKeyValue(const LmString& theKey) const
@@ -270,7 +289,9 @@ LmValue LmPreferenceBinding::GetKeyValue(const LmString& theKey) const
         return LmValue();
     }
     const OwnedObject theProperty(CFPreferencesCopyAppValue(theName.GetString(), mApplicationID));
-    return theProperty.Exists() ? ReadProperty(theProperty.Get()) : LmValue();
+    LmValue theValue = theProperty.Exists() ? ReadProperty(theProperty.Get()) : LmValue();
+    NoteAccess(kJournalRead, *this, theKey, theValue);
+    return theValue;
 }
 
 void LmPreferenceBinding::SetKeyValue(const LmString& theKey, const LmValue& theValue)
@@ -279,5 +300,6 @@ void LmPreferenceBinding::SetKeyValue(const LmString& theKey, const LmValue& the
     const OwnedObject theProperty(CreateProperty(theValue));
     if (theName.Exists() && theProperty.Exists()) {
         CFPreferencesSetAppValue(theName.GetString(), theProperty.Get(), mApplicationID);
+        NoteAccess(kJournalWrite, *this, theKey, theValue);
     }
 }

@@ -4,6 +4,7 @@
 
 #include "LmAdoptedString.h"
 #include "LmDiagnostics.h"
+#include "LmEventNote.h"
 #include "LmIsText.h"
 #include "LmNameComparison.h"
 #include "LmNumericConversion.h"
@@ -198,7 +199,9 @@ OSStatus LmWindowBinding::EventHandler(EventHandlerCallRef, EventRef theEvent, v
     if (userData == nullptr || GetEventClass(theEvent) != kEventClassWindow) {
         return eventNotHandledErr;
     }
-    return static_cast<LmWindowBinding*>(userData)->DoEventWindow(theEvent, GetEventKind(theEvent));
+    LmWindowBinding* const theBinding = static_cast<LmWindowBinding*>(userData);
+    const LmEventNote theNote(*theBinding, theEvent);
+    return theBinding->DoEventWindow(theEvent, GetEventKind(theEvent));
 }
 
 OSStatus LmWindowBinding::DoEventWindow(EventRef theEvent, UInt32 theKind)

@@ -49,8 +49,8 @@ public:
     virtual LmString GetDebugInfo() const;
 
     // Whether the trace log is on; cheap enough to ask before every line.
-    static bool IsLogging() { return mDebugLog != 0; }
-    static void SetLogging(bool isOn) { mDebugLog = isOn ? 1 : 0; }
+    static bool IsLogging() { return (mDebugLog & 1) != 0; }
+    static void SetLogging(bool isOn) { mDebugLog = (mDebugLog & ~1U) | (isOn ? 1U : 0U); }
 
     // Go one level deeper, and back. They count whether or not the log is on, so every AddIndent needs its
     // RemoveIndent.
@@ -65,7 +65,9 @@ public:
     void LogString(const char* theFormat, ...) LM_PRINTF_FORMAT(2, 3);
 
 private:
-    static std::uint32_t mDebugLog; // 1 while the trace log is on
+    friend class LmJournal;
+
+    static std::uint32_t mDebugLog; // 1 while the trace log is on; the other bits are the journal's
     static std::uint32_t mIndent;   // the depth; 0 and 1 both stand at the margin
 };
 

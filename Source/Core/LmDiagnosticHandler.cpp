@@ -2,6 +2,8 @@
 
 #include "LmDiagnosticHandler.h"
 
+#include "LmJournal.h"
+
 #include <cstdarg>
 #include <cstddef>
 #include <cstdio>
@@ -41,6 +43,26 @@ void Print(const char* theFile, int theLine, const char* theFormat, va_list theA
     std::fputc('\n', stderr);
 }
 
+// Writes it into the journal, where that is on. A very long message is cut.
+LM_PRINTF_FORMAT(3, 0)
+[[gnu::noinline]] void Note(const char* theFile, int theLine, const char* theFormat, va_list theArguments)
+{
+    char theText[1024];
+    va_list theSameArguments;
+    va_copy(theSameArguments, theArguments);
+    if (std::vsnprintf(theText, sizeof theText, theFormat, theSameArguments) < 0) {
+        theText[0] = '\0';
+    }
+    va_end(theSameArguments);
+    LmNote([&] {
+        LmJournalEntry theEntry{kJournalDiagnostic};
+        theEntry.theFile = theFile;
+        theEntry.theDetail = static_cast<std::uint32_t>(theLine);
+        theEntry.theText = theText;
+        return theEntry;
+    });
+}
+
 LM_PRINTF_FORMAT(3, 0)
 void HandOn(const char* theFile, int theLine, const char* theFormat, va_list theArguments)
 {
@@ -70,8 +92,14 @@ void LmSetDiagnosticHandler(LmDiagnosticHandler theHandler, void* theUserData)
 
 void LmReportDiagnostic(const char* theFile, int theLine, const char* theFormat, ...)
 {
+    if (LmJournal::IsAtWork()) {
+        return;
+    }
     va_list theArguments;
     va_start(theArguments, theFormat);
+    if (LmJournal::IsAnythingOn()) {
+        Note(theFile, theLine, theFormat, theArguments);
+    }
     if (sHandler != nullptr && !sIsHandling) {
         HandOn(theFile, theLine, theFormat, theArguments);
     } else if (!IsQuiet()) {

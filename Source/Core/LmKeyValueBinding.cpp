@@ -4,6 +4,7 @@
 
 #include "LmBindingIndex.h"
 #include "LmDiagnostics.h"
+#include "LmLifeNote.h"
 #include "LmLifeWatch.h"
 #include "LmNameComparison.h"
 #include "LmRollback.h"
@@ -13,6 +14,7 @@
 #include <Carbon/Carbon.h>
 #include <cstddef>
 #include <iterator>
+#include <optional>
 
 // A transform that is bound belongs to the record that names it. The record is the one holder the binding
 // stands for: CreateBinding takes the caller's reference over by storing the record, and RemoveBinding gives
@@ -42,69 +44,198 @@ private:
     LmValueTransform& mTransform;
 };
 
-// The value of a key as the transform, if there is one, hands it on. The store may be gone afterwards.
-LmValue ReadThrough(const LmKeyValueStore& theStore, const LmString& theKey, LmValueTransform* transform)
+// A record that is served: a key of a binding object takes its value from that key of that store.
+struct Service
 {
-    LmValue theValue = theStore.GetKeyPathValue(theKey);
-    if (transform != nullptr) {
-        const TransformHold theHold(*transform);
-        theValue = transform->Apply(theValue);
-    }
-    return theValue;
+    LmKeyValueBinding& theBinding;
+    const LmString& theKey;
+    const LmKeyValueStore* theStore; // null once it is gone
+    const LmString& theStoreKey;
+    const void* theRecord; // stands for the record, which may be gone
+};
+
+LmJournalEntry MakeEntry(LmJournalKind theKind, const Service& theService)
+{
+    LmJournalEntry theEntry{theKind};
+    theEntry.theObject = static_cast<const LmKeyValueStore*>(&theService.theBinding);
+    theEntry.theKey = &theService.theKey;
+    theEntry.theOther = theService.theStore;
+    theEntry.theOtherKey = &theService.theStoreKey;
+    theEntry.theRecord = theService.theRecord;
+    return theEntry;
 }
 
-void TraceUpdate(const LmKeyValueBinding& theBinding, const LmString& theKey)
+// An entry of the journal about a record of theBinding's.
+LmJournalEntry MakeEntry(LmJournalKind theKind, const LmKeyValueBinding& theBinding, const LmString& bindKey,
+                         const BindingInfo& theRecord)
+{
+    LmJournalEntry theEntry{theKind};
+    theEntry.theObject = static_cast<const LmKeyValueStore*>(&theBinding);
+    theEntry.theKey = &bindKey;
+    theEntry.theOther = static_cast<const LmKeyValueStore*>(theRecord.boundTo);
+    theEntry.theOtherKey = &theRecord.boundKey;
+    theEntry.theTransform = theRecord.transform;
+    theEntry.theRecord = &theRecord;
+    return theEntry;
+}
+
+// Writes to the journal what a transform does. What its value leads to while this lives is caused by that.
+class [[nodiscard]] TransformNote
+{
+public:
+    // theStore is the one that the value comes from. The transform may destroy it.
+    explicit TransformNote(const LmKeyValueStore& theStore)
+        : mStore(theStore)
+    {
+        if (LmJournal::IsAnythingOn()) {
+            mWatch.emplace(&theStore);
+        }
+    }
+    ~TransformNote()
+    {
+        if (mWatch) {
+            LmJournal::Close(this);
+        }
+    }
+
+    TransformNote(const TransformNote&) = delete;
+    TransformNote& operator=(const TransformNote&) = delete;
+
+    // theService's object still lives, and so does transform.
+    void Write(const Service& theService, const LmValueTransform& transform, const LmValue& theInput,
+               const LmValue& theOutput) const
+    {
+        if (mWatch) {
+            LmWriteNote(this, [&] {
+                LmJournalEntry theEntry = MakeEntry(kJournalTransform, theService);
+                theEntry.theOther = GetStore();
+                theEntry.theTransform = &transform;
+                theEntry.theInput = &theInput;
+                theEntry.theValue = &theOutput;
+                return theEntry;
+            });
+        }
+    }
+
+    // The store, null once it is gone. That is known only while something is on.
+    const LmKeyValueStore* GetStore() const { return mWatch && mWatch->IsGone() ? nullptr : &mStore; }
+
+private:
+    const LmKeyValueStore& mStore;
+    std::optional<LmLifeWatch> mWatch; // while something is on
+};
+
+// The value of a key as the transform hands it on. The store may be gone afterwards, and the object too,
+// which theWatch is kept on.
+[[gnu::noinline]] LmValue ReadThrough(const Service& theService, LmValueTransform& transform,
+                                      const LmLifeWatch& theWatch, const TransformNote& theNote)
+{
+    const LmValue theInput = theService.theStore->GetKeyPathValue(theService.theStoreKey);
+    const TransformHold theHold(transform);
+    LmValue theOutput = transform.Apply(theInput);
+    if (!theWatch.IsGone()) {
+        theNote.Write(theService, transform, theInput, theOutput);
+    }
+    return theOutput;
+}
+
+void TraceUpdate(LmKeyValueBinding& theBinding, const LmString& theKey, const BindingInfo* /*theRecord*/,
+                 const Service* /*theService*/, const LmValue& /*theValue*/)
 {
     LmDebugObject().LogString("Updating %s.%s", theBinding.GetDebugInfo().GetUTF8(), theKey.GetUTF8());
 }
 
 void TraceUnbinding(const LmKeyValueBinding& theBinding, const LmString& bindKey,
-                    const LmKeyValueBinding* boundTo, const LmString& boundKey)
+                    const LmKeyValueBinding* boundTo, const BindingInfo& theRecord)
 {
     LmDebugObject().LogString("Unbinding %s.%s from %s.%s", theBinding.GetDebugInfo().GetUTF8(),
-                              bindKey.GetUTF8(), boundTo->GetDebugInfo().GetUTF8(), boundKey.GetUTF8());
+                              bindKey.GetUTF8(), boundTo->GetDebugInfo().GetUTF8(),
+                              theRecord.boundKey.GetUTF8());
 }
 
-void SetUpdatedKey(LmKeyValueBinding& theBinding, const LmString& theKey, const LmValue& theValue)
+void NoteUnbinding(const void* theScope, const LmKeyValueBinding& theBinding, const LmString& bindKey,
+                   const LmKeyValueBinding* /*boundTo*/, const BindingInfo& theRecord)
 {
-    const LmTraceIndent theIndent(&TraceUpdate, theBinding, theKey);
+    LmWriteNote(theScope, [&] { return MakeEntry(kJournalUnbind, theBinding, bindKey, theRecord); });
+}
+
+// Either theRecord, or theService where a transform may have removed the record.
+void NoteUpdate(const void* theScope, LmKeyValueBinding& theBinding, const LmString& theKey,
+                const BindingInfo* theRecord, const Service* theService, const LmValue& theValue)
+{
+    LmWriteNote(theScope, [&] {
+        LmJournalEntry theEntry = theService != nullptr
+                                      ? MakeEntry(kJournalUpdate, *theService)
+                                      : MakeEntry(kJournalUpdate, theBinding, theKey, *theRecord);
+        theEntry.theValue = &theValue;
+        return theEntry;
+    });
+}
+
+void SetUpdatedKey(LmKeyValueBinding& theBinding, const LmString& theKey, const BindingInfo* theRecord,
+                   const Service* theService, const LmValue& theValue)
+{
+    const LmTraceIndent theIndent(&TraceUpdate, &NoteUpdate, theBinding, theKey, theRecord, theService,
+                                  theValue);
     // On purpose: a value that is not valid is set like any other.
     theBinding.SetKeyPathValue(theKey, theValue);
 }
 
-// Sets a key of theBinding to what transform, if there is one, makes of a key of theStore.
-void UpdateKey(LmKeyValueBinding& theBinding, const LmString& theKey, const LmKeyValueStore& theStore,
-               const LmString& theStoreKey, LmValueTransform* transform)
+// Sets a key of theBinding to what the record's transform, if there is one, makes of a key of theStore.
+void UpdateKey(LmKeyValueBinding& theBinding, const LmBindingIndex::Hit& theHit,
+               const LmKeyValueStore& theStore, const LmString& theStoreKey)
 {
+    LmValueTransform* const transform = theHit.theRecord->transform;
     if (transform == nullptr) {
-        SetUpdatedKey(theBinding, theKey, theStore.GetKeyPathValue(theStoreKey));
+        SetUpdatedKey(theBinding, *theHit.theKey, theHit.theRecord, nullptr,
+                      theStore.GetKeyPathValue(theStoreKey));
         return;
     }
-    // A copy: the transform may remove the binding, and theKey with it. It may even destroy theBinding.
-    const LmString theTarget = theKey; // NOLINT(performance-unnecessary-copy-initialization)
+    // A copy: the transform may remove the binding, and the key with it. It may even destroy theBinding.
+    const LmString theTarget = *theHit.theKey; // NOLINT(performance-unnecessary-copy-initialization)
     const LmLifeWatch theWatch(&theBinding);
-    const LmValue theValue = ReadThrough(theStore, theStoreKey, transform);
+    const TransformNote theNote(theStore);
+    Service theService = {theBinding, theTarget, &theStore, theStoreKey, theHit.theRecord};
+    const LmValue theValue = ReadThrough(theService, *transform, theWatch, theNote);
     if (!theWatch.IsGone()) {
-        SetUpdatedKey(theBinding, theTarget, theValue);
+        theService.theStore = theNote.GetStore();
+        SetUpdatedKey(theBinding, theTarget, nullptr, &theService, theValue);
     }
 }
 
 // On purpose: the first value runs from the other object to this one, in a two-way binding too.
-void CopyFirstValue(LmKeyValueBinding& theBinding, const LmString& bindKey, const LmKeyValueBinding& boundTo,
-                    const LmString& boundKey, LmValueTransform* transform)
+[[gnu::cold, gnu::noinline]] void CopyFirstValue(const Service& theService, LmValueTransform* transform)
 {
-    const LmLifeWatch theWatch(&theBinding);
-    const LmValue theValue = ReadThrough(boundTo, boundKey, transform);
+    const LmLifeWatch theWatch(&theService.theBinding);
+    const TransformNote theNote(*theService.theStore);
+    const LmValue theValue = transform != nullptr
+                                 ? ReadThrough(theService, *transform, theWatch, theNote)
+                                 : theService.theStore->GetKeyPathValue(theService.theStoreKey);
     if (theValue.IsValid() && !theWatch.IsGone()) {
-        theBinding.SetKeyPathValue(bindKey, theValue);
+        const LmNoteScope theScope([&] {
+            LmJournalEntry theEntry = MakeEntry(kJournalUpdate, theService);
+            theEntry.theOther = theNote.GetStore();
+            theEntry.theValue = &theValue;
+            theEntry.theDetail = 1;
+            return theEntry;
+        });
+        theService.theBinding.SetKeyPathValue(theService.theKey, theValue);
     }
+}
+
+// What stands for the newest record of bindKey.
+const void* NewestRecord(const LmBindingIndex::Map& theMap, const LmString& bindKey)
+{
+    return &theMap.find(bindKey)->second.back();
 }
 
 // Takes back the last record of bindKey, and its entry too where there were only so many keys before. The
 // transform stays the caller's.
-[[gnu::cold]] void Withdraw(LmBindingIndex::Map& theMap, const LmString& bindKey, std::size_t theKeysBefore)
+[[gnu::cold]] void Withdraw(const LmKeyValueBinding& theBinding, LmBindingIndex::Map& theMap,
+                            const LmString& bindKey, std::size_t theKeysBefore)
 {
     const auto theEntry = theMap.find(bindKey);
+    LmNote([&] { return MakeEntry(kJournalUnbind, theBinding, bindKey, theEntry->second.back()); });
     LmBindingIndex::Records theWithdrawn;
     LmBindingIndex::Take(theMap, theEntry, std::prev(theEntry->second.end()), theWithdrawn);
     if (theMap.size() != theKeysBefore) {
@@ -124,10 +255,14 @@ bool ObserveOnce(LmKeyValueStore& theStore, const LmString& theKey, LmKeyValueOb
 
 } // namespace
 
-LmKeyValueBinding::LmKeyValueBinding() = default;
+LmKeyValueBinding::LmKeyValueBinding()
+{
+    LmNoteMade(static_cast<const LmKeyValueStore&>(*this), kJournalBinding);
+}
 
 [[gnu::cold]] LmKeyValueBinding::~LmKeyValueBinding()
 {
+    const LmDestructionNote theNote(static_cast<const LmKeyValueStore&>(*this));
     UnbindAll();
 }
 
@@ -141,7 +276,7 @@ void LmKeyValueBinding::ValueChanged(const LmKeyValueStore* theStore, const LmSt
     // On purpose: only the first record is served.
     const LmBindingIndex::Hit theHit = LmBindingIndex::FindFirst(mBindings, theStore, theKeyName);
     if (theHit.theRecord != nullptr) {
-        UpdateKey(*this, *theHit.theKey, *theStore, theKeyName, theHit.theRecord->transform);
+        UpdateKey(*this, theHit, *theStore, theKeyName);
     }
 }
 
@@ -211,7 +346,7 @@ OSStatus LmKeyValueBinding::CreateBinding(const LmString& bindKey, bool twoWay, 
     // All records and observations are made, or none when memory runs out.
     const std::size_t theKeys = mBindings.size();
     AddBinding(bindKey, {boundTo, boundKey, transform});
-    LmRollback theRecord([&] { Withdraw(mBindings, bindKey, theKeys); });
+    LmRollback theRecord([&] { Withdraw(*this, mBindings, bindKey, theKeys); });
 
     const std::size_t theOtherKeys = boundTo->mBindings.size();
     if (twoWay) {
@@ -219,7 +354,7 @@ OSStatus LmKeyValueBinding::CreateBinding(const LmString& bindKey, bool twoWay, 
     }
     LmRollback theMirrorRecord([&] {
         if (twoWay) {
-            Withdraw(boundTo->mBindings, boundKey, theOtherKeys);
+            Withdraw(*boundTo, boundTo->mBindings, boundKey, theOtherKeys);
         }
     });
 
@@ -234,7 +369,8 @@ OSStatus LmKeyValueBinding::CreateBinding(const LmString& bindKey, bool twoWay, 
     theObservation.Commit();
     theMirrorRecord.Commit();
     theRecord.Commit();
-    CopyFirstValue(*this, bindKey, *boundTo, boundKey, transform);
+    const void* const theNewRecord = LmJournal::IsAnythingOn() ? NewestRecord(mBindings, bindKey) : nullptr;
+    CopyFirstValue({*this, bindKey, boundTo, boundKey, theNewRecord}, transform);
     return noErr;
 }
 
@@ -246,13 +382,14 @@ void LmKeyValueBinding::AddBinding(const LmString& bindKey, const BindingInfo& t
     });
     // On purpose: the same pair may be bound again, which makes a second record.
     LmBindingIndex::Append(mBindings, bindKey, theInfo);
+    LmNote([&] { return MakeEntry(kJournalBind, *this, bindKey, mBindings.find(bindKey)->second.back()); });
 }
 
 void LmKeyValueBinding::RemoveBinding(BindingMap::iterator theEntry, BindingList::iterator theRecord,
                                       const LmString& bindKey, LmKeyValueBinding* boundTo)
 {
     LM_ASSERT(boundTo != NULL);
-    const LmTraceIndent theIndent(&TraceUnbinding, *this, bindKey, boundTo, theRecord->boundKey);
+    const LmTraceIndent theIndent(&TraceUnbinding, &NoteUnbinding, *this, bindKey, boundTo, *theRecord);
     // The record is out of everybody's reach from here on, and dies at the end: its key is still needed.
     BindingList theRemoved;
     LmBindingIndex::Take(mBindings, theEntry, theRecord, theRemoved);

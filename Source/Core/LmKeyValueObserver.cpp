@@ -4,6 +4,7 @@
 
 #include "LmDiagnostics.h"
 #include "LmKeyValueStore.h"
+#include "LmLifeNote.h"
 #include "LmLongList.h"
 #include "LmObserverSnapshot.h"
 
@@ -38,10 +39,14 @@ using ObservedKeys = LmLongList<LmObservedKey, CompareKeys>;
 
 } // namespace
 
-LmKeyValueObserver::LmKeyValueObserver() = default;
+LmKeyValueObserver::LmKeyValueObserver()
+{
+    LmNoteMade(*this, kJournalObserver);
+}
 
 LmKeyValueObserver::~LmKeyValueObserver()
 {
+    const LmDestructionNote theNote(*this);
     LmObserverSnapshot::ObserverIsGone(this);
     StopObserving();
 }

@@ -5,6 +5,7 @@
 #include "LmDiagnostics.h"
 #include "LmKeyMemo.h"
 #include "LmKeyValueObserver.h"
+#include "LmLifeNote.h"
 #include "LmLifeWatch.h"
 #include "LmLongList.h"
 #include "LmNameComparison.h"
@@ -15,9 +16,11 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <list>
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -63,10 +66,24 @@ const LmKeyState* FindAnyState(const KeyStates& theStates)
     return theFirst.first.GetUTF8()[0] > *kKeyAnyValue ? nullptr : LmFind(theStates, kKeyAnyValue);
 }
 
-void Tell(LmKeyValueObserver& theObserver, const LmKeyValueStore& theStore, const LmString& theKeyName,
-          bool hasChanged)
+// Why observers are told: a set is about to store a value, or has stored it; or somebody else wants it.
+enum Telling : unsigned
 {
-    if (hasChanged) {
+    kAboutToSet = 0,
+    kHasSet = 1,
+    kAboutToChange = 2,
+    kHasChanged = 3
+};
+
+bool HasChanged(Telling theTelling)
+{
+    return (theTelling & 1U) != 0;
+}
+
+void Tell(LmKeyValueObserver& theObserver, const LmKeyValueStore& theStore, const LmString& theKeyName,
+          Telling theTelling)
+{
+    if (HasChanged(theTelling)) {
         theObserver.ValueChanged(&theStore, theKeyName);
     } else {
         theObserver.ValueChanging(&theStore, theKeyName);
@@ -76,12 +93,12 @@ void Tell(LmKeyValueObserver& theObserver, const LmKeyValueStore& theStore, cons
 // Tells the observers of a key and, if there are any, those of all keys.
 [[gnu::noinline]] void TellSeveral(const ObserverList& theKeyObservers, const ObserverList* theAnyObservers,
                                    const LmKeyValueStore& theStore, const LmString& theKeyName,
-                                   bool hasChanged)
+                                   Telling theTelling)
 {
     const LmObserverSnapshot theObservers(theStore, theKeyObservers, theAnyObservers);
     for (LmKeyValueObserver* theObserver : theObservers) {
         if (theObserver != nullptr) {
-            Tell(*theObserver, theStore, theKeyName, hasChanged);
+            Tell(*theObserver, theStore, theKeyName, theTelling);
         }
         if (theObservers.IsStoreGone()) {
             return;
@@ -90,43 +107,127 @@ void Tell(LmKeyValueObserver& theObserver, const LmKeyValueStore& theStore, cons
 }
 
 // Writes to the trace that observers are told.
-void TraceChange(LmKeyValueStore& theStore, const LmString& theKeyName, bool hasChanged)
+void TraceChange(LmKeyValueStore& theStore, const LmString& theKeyName, Telling theTelling)
 {
     // Both words are eight characters, so that the lines of the trace line up.
-    theStore.LogString("%s %s.%s", hasChanged ? "changed " : "changing", theStore.GetDebugInfo().GetUTF8(),
-                       theKeyName.GetUTF8());
+    theStore.LogString("%s %s.%s", HasChanged(theTelling) ? "changed " : "changing",
+                       theStore.GetDebugInfo().GetUTF8(), theKeyName.GetUTF8());
+}
+
+// The key whose dependent is about to be told, until it is: for the journal.
+const LmString* sWatchedKey = nullptr;
+
+class [[nodiscard]] WatchedKeyScope
+{
+public:
+    explicit WatchedKeyScope(const LmString& theWatchedKey) { sWatchedKey = &theWatchedKey; }
+    ~WatchedKeyScope() { sWatchedKey = nullptr; }
+
+    WatchedKeyScope(const WatchedKeyScope&) = delete;
+    WatchedKeyScope& operator=(const WatchedKeyScope&) = delete;
+};
+
+LmJournalEntry MakeEntry(LmJournalKind theKind, const LmKeyValueStore& theStore, const LmString& theKeyName)
+{
+    LmJournalEntry theEntry{theKind};
+    theEntry.theObject = &theStore;
+    theEntry.theKey = &theKeyName;
+    return theEntry;
+}
+
+// Writes to the journal that observers are told.
+void NoteTelling(const void* theScope, LmKeyValueStore& theStore, const LmString& theKeyName,
+                 Telling theTelling)
+{
+    LmWriteNote(theScope, [&] {
+        static const LmJournalKind kKinds[] = {kJournalChanging, kJournalChanged, kJournalNotify,
+                                               kJournalNotify};
+        LmJournalEntry theEntry = MakeEntry(kKinds[theTelling], theStore, theKeyName);
+        const LmString* const theWatchedKey = std::exchange(sWatchedKey, nullptr);
+        const LmKeyMemo* const theMemo = LmKeyMemo::Of(&theStore, theKeyName);
+        if (theMemo != nullptr && theTelling <= kHasSet) {
+            theEntry.theChange = theMemo;
+            theEntry.theValue = theTelling == kAboutToSet ? &theMemo->GetNewValue() : nullptr;
+        } else if (theWatchedKey != nullptr) {
+            theEntry.theKind = kJournalTold;
+            theEntry.theOtherKey = theWatchedKey;
+        }
+        theEntry.theDetail = HasChanged(theTelling) ? 1 : 0;
+        return theEntry;
+    });
+}
+
+// Writes to the journal that a set changes nothing.
+void NoteNoChange(LmJournalKind theKind, const LmKeyValueStore& theStore, const LmString& theKeyName,
+                  const LmValue& theValue)
+{
+    LmNote([&] {
+        LmJournalEntry theEntry = MakeEntry(theKind, theStore, theKeyName);
+        theEntry.theValue = &theValue;
+        return theEntry;
+    });
+}
+
+// Writes to the journal that a dependency is made or broken.
+void NoteDependency(LmJournalKind theKind, const LmKeyValueStore& theStore, const LmString& theWatchedKey,
+                    const LmString& theDependentKey)
+{
+    LmNote([&] {
+        LmJournalEntry theEntry = MakeEntry(theKind, theStore, theWatchedKey);
+        theEntry.theOtherKey = &theDependentKey;
+        return theEntry;
+    });
+}
+
+// Writes that an observation begins or ends, to the trace and to the journal.
+void TraceWatching(LmKeyValueStore& theStore, const LmString& theKeyPath,
+                   const LmKeyValueObserver* theObserver, LmJournalKind theKind)
+{
+    LmTrace(
+        [&] {
+            theStore.LogString("Observer %s %s watching Key '%s' in Store %s",
+                               theObserver->GetDebugInfo().GetUTF8(),
+                               theKind == kJournalObserve ? "started" : "stopped", theKeyPath.GetUTF8(),
+                               theStore.GetDebugInfo().GetUTF8());
+        },
+        [&] {
+            LmJournalEntry theEntry = MakeEntry(theKind, theStore, theKeyPath);
+            theEntry.theOther = theObserver;
+            return theEntry;
+        });
 }
 
 // Tells all who observe a key, which has theState among theStates.
 [[gnu::noinline]] void TellAll(const KeyStates& theStates, const LmKeyState& theState,
-                               LmKeyValueStore& theStore, const LmString& theKeyName, bool hasChanged)
+                               LmKeyValueStore& theStore, const LmString& theKeyName, Telling theTelling)
 {
-    const LmTraceIndent theIndent(&TraceChange, theStore, theKeyName, hasChanged);
+    const LmTraceIndent theIndent(&TraceChange, &NoteTelling, theStore, theKeyName, theTelling);
     const LmKeyState* theAnyState = FindAnyState(theStates);
     if (theAnyState == nullptr && theState.theObservers.size() == 1) {
         // The usual case. Nothing is looked at afterwards, so the observer may change the list or destroy
         // anything.
-        Tell(*theState.theObservers.front(), theStore, theKeyName, hasChanged);
+        Tell(*theState.theObservers.front(), theStore, theKeyName, theTelling);
     } else {
         TellSeveral(theState.theObservers, theAnyState != nullptr ? &theAnyState->theObservers : nullptr,
-                    theStore, theKeyName, hasChanged);
+                    theStore, theKeyName, theTelling);
     }
 }
 
 // The same for a key that need not have a state.
 void TellObservers(const KeyStates& theStates, const LmKeyState* theState, LmKeyValueStore& theStore,
-                   const LmString& theKeyName, bool hasChanged)
+                   const LmString& theKeyName, Telling theTelling)
 {
     if (theState != nullptr) {
-        TellAll(theStates, *theState, theStore, theKeyName, hasChanged);
+        TellAll(theStates, *theState, theStore, theKeyName, theTelling);
     } else {
         // On purpose: a key without a key state is silent even to the observers of "*".
-        const LmTraceIndent theIndent(&TraceChange, theStore, theKeyName, hasChanged);
+        const LmTraceIndent theIndent(&TraceChange, &NoteTelling, theStore, theKeyName, theTelling);
     }
 }
 
 // Tells the observers of the keys that depend on a key.
-[[gnu::cold, gnu::noinline]] void TellDependents(const LmKeyState& theState, LmKeyValueStore& theStore)
+[[gnu::cold, gnu::noinline]] void TellDependents(const LmKeyState& theState, LmKeyValueStore& theStore,
+                                                 const LmString& theWatchedKey)
 {
     // A copy: observers may make and break dependencies of this key.
     const std::vector<LmString> theDependents(theState.theDependents.begin(), theState.theDependents.end());
@@ -134,6 +235,7 @@ void TellObservers(const KeyStates& theStates, const LmKeyState* theState, LmKey
     // On purpose: told afterwards only, and one level deep. The dependents of a dependent key are not told,
     // so a cycle ends here.
     for (const LmString& theDependent : theDependents) {
+        const WatchedKeyScope theScope(theWatchedKey);
         theStore.NotifyObservers(theDependent, true);
         if (theWatch.IsGone()) {
             return;
@@ -141,10 +243,10 @@ void TellObservers(const KeyStates& theStates, const LmKeyState* theState, LmKey
     }
 }
 
-void TellDependentsOf(const LmKeyState* theState, LmKeyValueStore& theStore)
+void TellDependentsOf(const LmKeyState* theState, LmKeyValueStore& theStore, const LmString& theWatchedKey)
 {
     if (theState != nullptr && !theState->theDependents.empty()) {
-        TellDependents(*theState, theStore);
+        TellDependents(*theState, theStore, theWatchedKey);
     }
 }
 
@@ -156,10 +258,12 @@ void TellDependentsOf(const LmKeyState* theState, LmKeyValueStore& theStore)
 LmKeyValueStore::LmKeyValueStore()
 {
     LmThreadCheck::Check();
+    LmNoteMade(*this, kJournalStore);
 }
 
 [[gnu::cold]] LmKeyValueStore::~LmKeyValueStore()
 {
+    const LmDestructionNote theNote(*this);
     LmLifeWatch::StoreIsGone(this);
     LmKeyMemo::StoreIsGone(this);
     LmObserverSnapshot::StoreIsGone(this);
@@ -200,25 +304,27 @@ void LmKeyValueStore::SetKeyPathValue(const LmString& theKeyPath, const LmValue&
     // A copy: an observer may be what keeps the caller's string alive, and let go of it.
     const LmString theKeyName = theKeyPath; // NOLINT(performance-unnecessary-copy-initialization)
     LM_ASSERT(theKeyName != kKeyAnyValue);
-    const LmKeyMemo theMemo(this, theKeyName);
+    const LmKeyMemo theMemo(this, theKeyName, theValue);
     if (theValue == GetKeyValue(theKeyName)) {
+        NoteNoChange(kJournalEqual, *this, theKeyName, theValue);
         return;
     }
     const LmChangeDepth theDepth;
     if (theDepth.IsWorthAsking() && theMemo.IsTooDeep()) {
+        NoteNoChange(kJournalRefused, *this, theKeyName, theValue);
         return;
     }
     LmFound<LmKeyState> theState;
-    TellObservers(mKeyStates, theState.In(mKeyStates, theKeyName), *this, theKeyName, false);
+    TellObservers(mKeyStates, theState.In(mKeyStates, theKeyName), *this, theKeyName, kAboutToSet);
     if (!theMemo.IsGone()) {
         SetKeyValue(theKeyName, theValue);
     }
     if (!theMemo.IsGone()) {
-        TellObservers(mKeyStates, theState.In(mKeyStates, theKeyName), *this, theKeyName, true);
+        TellObservers(mKeyStates, theState.In(mKeyStates, theKeyName), *this, theKeyName, kHasSet);
     }
     if (!theMemo.IsGone()) {
         LM_ASSERT(HasKey(theKeyName));
-        TellDependentsOf(theState.In(mKeyStates, theKeyName), *this);
+        TellDependentsOf(theState.In(mKeyStates, theKeyName), *this, theKeyName);
     }
 }
 
@@ -233,10 +339,7 @@ void LmKeyValueStore::ObserveKeyPathValue(const LmString& theKeyPath, LmKeyValue
     LmThreadCheck::Check();
     // On purpose: who registers twice is reported, registered twice and told twice.
     LM_ASSERT(!IsObserving(theKeyPath, theObserver));
-    LmTrace([&] {
-        LogString("Observer %s started watching Key '%s' in Store %s", theObserver->GetDebugInfo().GetUTF8(),
-                  theKeyPath.GetUTF8(), GetDebugInfo().GetUTF8());
-    });
+    TraceWatching(*this, theKeyPath, theObserver, kJournalObserve);
     const auto theInsertion = mKeyStates.try_emplace(theKeyPath);
     ObserverList& theObservers = theInsertion.first->second.theObservers;
     LmRollback theNewState([&] {
@@ -255,10 +358,7 @@ void LmKeyValueStore::IgnoreKeyPathValue(const LmString& theKeyPath, LmKeyValueO
 {
     LmThreadCheck::Check();
     LM_ASSERT(IsObserving(theKeyPath, theObserver));
-    LmTrace([&] {
-        LogString("Observer %s stopped watching Key '%s' in Store %s", theObserver->GetDebugInfo().GetUTF8(),
-                  theKeyPath.GetUTF8(), GetDebugInfo().GetUTF8());
-    });
+    TraceWatching(*this, theKeyPath, theObserver, kJournalUnobserve);
     // On purpose: a key state is made where there was none, and stays where its lists are empty now.
     ObserverList theRemoved;
     Observers::TakeAll(mKeyStates[theKeyPath].theObservers, theObserver, theRemoved);
@@ -285,7 +385,8 @@ bool LmKeyValueStore::IsObserving(const LmString& theKeyPath, LmKeyValueObserver
 
 void LmKeyValueStore::NotifyObservers(const LmString& theKeyName, bool hasChanged)
 {
-    TellObservers(mKeyStates, LmFind(mKeyStates, theKeyName), *this, theKeyName, hasChanged);
+    TellObservers(mKeyStates, LmFind(mKeyStates, theKeyName), *this, theKeyName,
+                  hasChanged ? kHasChanged : kAboutToChange);
 }
 
 [[gnu::cold]] void LmKeyValueStore::MakeDependency(const LmString& watchedKey, const LmString& dependentKey)
@@ -298,6 +399,7 @@ void LmKeyValueStore::NotifyObservers(const LmString& theKeyName, bool hasChange
     std::list<LmString> theNewDependent(1, dependentKey);
     std::list<LmString>& theDependents = mKeyStates.try_emplace(watchedKey).first->second.theDependents;
     theDependents.splice(theDependents.end(), theNewDependent);
+    NoteDependency(kJournalDepend, *this, watchedKey, dependentKey);
 }
 
 [[gnu::cold]] void LmKeyValueStore::BreakDependency(const LmString& watchedKey, const LmString& dependentKey)
@@ -306,6 +408,7 @@ void LmKeyValueStore::NotifyObservers(const LmString& theKeyName, bool hasChange
     LM_ASSERT(dependentKey != kKeyAnyValue);
     LM_ASSERT(IsDependent(watchedKey, dependentKey));
     // On purpose: a key state is made where there was none, and stays where its lists are empty now.
+    NoteDependency(kJournalUndepend, *this, watchedKey, dependentKey);
     mKeyStates[watchedKey].theDependents.remove(dependentKey);
 }
 
@@ -324,5 +427,7 @@ void LmKeyValueStore::NotifyObservers(const LmString& theKeyName, bool hasChange
 void LmKeyValueStore::NotifyDependents(const LmString& theKeyName)
 {
     LM_ASSERT(HasKey(theKeyName));
-    TellDependentsOf(LmFind(mKeyStates, theKeyName), *this);
+    // A copy: an observer may be what keeps the caller's string alive, and let go of it.
+    const LmString theWatchedKey = theKeyName; // NOLINT(performance-unnecessary-copy-initialization)
+    TellDependentsOf(LmFind(mKeyStates, theWatchedKey), *this, theWatchedKey);
 }

@@ -13,7 +13,7 @@ gFailures=0
 fresh_tree()
 {
     rm -rf "${gTree:?}"/*
-    mkdir -p "$gTree"/Source/{Core,Core/Internal,Controllers/Internal} \
+    mkdir -p "$gTree"/Source/{Core,Core/Internal,Controllers/Internal,Inspection/Internal} \
         "$gTree"/Platform/{CoreFoundation,CoreServices,Simulation} \
         "$gTree"/Platform/Carbon/Source/{Base,System,Events,Menus,Windows/ControlKinds,Toolbox,Input} \
         "$gTree/Platform/Common" "$gTree"/Platform/Presentation/{Include/Presentation,Headless,Qt} "$gTree/Examples"
@@ -24,6 +24,8 @@ fresh_tree()
     : >"$gTree/Source/Controllers/Internal/LmInside.h"
     printf '%s\n' '#include "LmThing.h"' '#include "LmInside.h"' '#include <Carbon/Carbon.h>' '#include <map>' \
         >"$gTree/Source/Controllers/LmController.h"
+    printf '%s\n' '#include "LmThing.h"' >"$gTree/Source/Inspection/LmJournalFile.h"
+    printf '%s\n' '#include <unwind.h>' >"$gTree/Source/Inspection/Internal/LmCallers.cpp"
     printf '%s\n' '#include <CoreFoundation/CoreFoundation.h>' '#include <unistd.h>' >"$gTree/Platform/Carbon/Source/Events/Loop.cpp"
     printf '%s\n' '#include "Loop.h"' '#include "Base/Table.h"' >>"$gTree/Platform/Carbon/Source/Events/Loop.cpp"
     printf '%s\n' '#include <vector>' >"$gTree/Platform/Carbon/Source/Events/Loop.h"
@@ -69,6 +71,9 @@ fi
 
 finds Source/Core/LmThing.cpp '#include <Carbon/CarbonEvents.h>'
 finds Source/Core/LmThing.cpp '#include <unistd.h>'
+finds Source/Core/LmThing.cpp '#include <unwind.h>'
+finds Source/Core/LmThing.cpp '#include "LmJournalFile.h"'
+finds Source/Inspection/LmJournalFile.h '#include <unwind.h>'
 finds Source/Core/LmThing.cpp '  #  include "Core/LmThing.h"'
 finds Source/Core/LmThing.cpp '#include "LmElsewhere.h"'
 finds Source/Core/LmThing.cpp '#include <Presentation/Presenter.h>'

@@ -76,9 +76,10 @@ private:
 class [[nodiscard]] LmKeyMemo : private LmStackLink<LmKeyMemo>
 {
 public:
-    LmKeyMemo(const LmKeyValueStore* theStore, const LmString& theKeyName)
+    LmKeyMemo(const LmKeyValueStore* theStore, const LmString& theKeyName, const LmValue& theNewValue)
         : mStore(theStore),
-          mKeyName(&theKeyName)
+          mKeyName(&theKeyName),
+          mNewValue(&theNewValue)
     {
     }
 
@@ -105,6 +106,9 @@ public:
     // Called by the destructor of every store.
     static void StoreIsGone(const LmKeyValueStore* theStore);
 
+    // What the key is being set to; good until it is stored.
+    const LmValue& GetNewValue() const { return *mNewValue; }
+
     LmFound<LmValue> mValue; // the key's value
 
 private:
@@ -117,6 +121,7 @@ private:
 
     const LmKeyValueStore* mStore; // null once the store is gone; not owned
     const LmString* mKeyName;      // the string that the set works with; not owned
+    const LmValue* mNewValue;      // as the caller has it; not owned
 };
 
 #endif

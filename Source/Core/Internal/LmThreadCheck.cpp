@@ -3,6 +3,7 @@
 #include "LmThreadCheck.h"
 
 #include "LmDiagnostics.h"
+#include "LmJournal.h"
 
 #include <atomic>
 #include <cstdint>
@@ -31,7 +32,12 @@ void LmThreadCheck::See()
     sIsSeen = true;
     const std::uintptr_t theThread = GetThisThread();
     std::uintptr_t theFirst = 0;
-    if (sFirst.compare_exchange_strong(theFirst, theThread) || sIsReported.exchange(true)) {
+    if (sFirst.compare_exchange_strong(theFirst, theThread)) {
+        // The library is used for the first time.
+        LmJournal::BeginFromEnvironment();
+        return;
+    }
+    if (sIsReported.exchange(true)) {
         return;
     }
     LM_ERROR("Called from thread 0x%lX; thread 0x%lX has used the library first, and no other may",

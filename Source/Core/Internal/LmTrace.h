@@ -4,20 +4,33 @@
 #define LmTrace_h
 
 #include "LmDebugObject.h"
+#include "LmJournal.h"
 
 #include <new>
 
-// How stores and bindings write to the trace log. Not part of the interface.
+// How stores and bindings write to the trace log, and to the journal where both have something to say. Not
+// part of the interface.
 
-// What LmTrace does while tracing is on; a function of its own, so that what is traced stays short.
+// Writes a line of the trace, while tracing is on.
 template <typename Write>
 [[gnu::cold, gnu::noinline]] void LmWriteTrace(const Write& theWrite)
 {
+    if (!LmDebugObject::IsLogging()) {
+        return;
+    }
     try {
         theWrite();
     } catch (const std::bad_alloc&) {
         return;
     }
+}
+
+// What LmTrace does while something is on; a function of its own, so that what is traced stays short.
+template <typename Write, typename Make>
+[[gnu::cold, gnu::noinline]] void LmWriteTraceAndNote(const Write& theWrite, const Make& theMake)
+{
+    LmWriteTrace(theWrite);
+    LmWriteNote(nullptr, theMake);
 }
 
 // Writes a line of the trace: calls theWrite, which builds the texts and calls LogString, when tracing is on.
@@ -27,12 +40,22 @@ template <typename Write>
 template <typename Write>
 inline void LmTrace(const Write& theWrite)
 {
-    if (LmDebugObject::IsLogging()) {
+    if (LmJournal::IsAnythingOn()) {
         LmWriteTrace(theWrite);
     }
 }
 
+// The same, and the entry of the journal that theMake makes, as LmNote writes it.
+template <typename Write, typename Make>
+inline void LmTrace(const Write& theWrite, const Make& theMake)
+{
+    if (LmJournal::IsAnythingOn()) {
+        LmWriteTraceAndNote(theWrite, theMake);
+    }
+}
+
 // Writes a line of the trace, and indents what is traced after it while the object lives, on every way out.
+// What happens meanwhile is caused by the entry of the journal that is written with it.
 //
 // The depth belongs to the process, so any object may change it. It is one made for that: the store that a
 // pass works for may be destroyed by one of its observers.
@@ -42,20 +65,21 @@ inline void LmTrace(const Write& theWrite)
 class [[nodiscard]] LmTraceIndent
 {
 public:
-    // The line is what theWrite makes of the arguments. They are handed on as they are, so that nothing is
-    // put together while tracing is off.
+    // The line is what theWrite makes of the arguments, the entry what theNote writes for the scope that it
+    // is given. They are handed on as they are, so that nothing is put together while both are off.
     template <typename... Parameters, typename... Arguments>
-    explicit LmTraceIndent(void (*theWrite)(Parameters...), Arguments&&... theArguments)
+    explicit LmTraceIndent(void (*theWrite)(Parameters...), void (*theNote)(const void*, Parameters...),
+                           Arguments&&... theArguments)
     {
-        if (LmDebugObject::IsLogging()) {
-            Begin<Parameters...>(theWrite, theArguments...);
+        if (LmJournal::IsAnythingOn()) {
+            Begin<Parameters...>(theWrite, theNote, this, theArguments...);
         }
     }
 
     ~LmTraceIndent()
     {
-        if (LmDebugObject::IsLogging()) {
-            Change(&LmDebugObject::RemoveIndent);
+        if (LmJournal::IsAnythingOn()) {
+            End(this);
         }
     }
 
@@ -65,15 +89,24 @@ public:
 private:
     template <typename... Parameters>
     [[gnu::cold, gnu::noinline]] static void Begin(void (*theWrite)(Parameters...),
-                                                   Parameters... theArguments)
+                                                   void (*theNote)(const void*, Parameters...),
+                                                   const void* theScope, Parameters... theArguments)
     {
-        Change(&LmDebugObject::AddIndent);
-        LmWriteTrace([&] { theWrite(theArguments...); });
+        if (LmDebugObject::IsLogging()) {
+            LmDebugObject().AddIndent();
+            LmWriteTrace([&] { theWrite(theArguments...); });
+        }
+        if (LmJournal::IsOn()) {
+            theNote(theScope, theArguments...);
+        }
     }
 
-    [[gnu::cold, gnu::noinline]] static void Change(void (LmDebugObject::*theChange)())
+    [[gnu::cold, gnu::noinline]] static void End(const void* theScope)
     {
-        (LmDebugObject().*theChange)();
+        if (LmDebugObject::IsLogging()) {
+            LmDebugObject().RemoveIndent();
+        }
+        LmJournal::Close(theScope);
     }
 };
 

@@ -24,6 +24,7 @@
 #include <unistd.h>
 #include <vector>
 
+// @prose 10 inspection.LmJournalFile does the same, with a program of its own
 // @file 1 Examples/Tutorial/10-FindingOut/FindingOut.cpp
 // @file 2 Examples/Tutorial/10-FindingOut/expected.txt
 // @file 3 Examples/Tutorial/10-FindingOut/FindingOut.cpp
