@@ -96,6 +96,7 @@ Target Survey::Find(const std::string& theName) const
         }
         if (theFound.size() > 1) {
             std::vector<std::string> theNames;
+            theNames.reserve(theFound.size());
             for (const Target& theTarget : theFound) {
                 theNames.push_back("#" + std::to_string(theTarget.theObject.theID) + "." +
                                    Escape(theTarget.theKey));

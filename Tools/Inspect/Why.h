@@ -13,8 +13,8 @@
 
 namespace Inspect {
 
-// theTime is the n-th value of the key, counted from 1; 0 is the last one.
-int RunWhy(Journal& theJournal, const std::string& theTarget, std::uint64_t theTime, std::ostream& theOutput,
+// theName is OBJECT.KEY. theTime is the n-th value of the key, counted from 1; 0 is the last one.
+int RunWhy(Journal& theJournal, const std::string& theName, std::uint64_t theTime, std::ostream& theOutput,
            std::ostream& theErrors);
 
 } // namespace Inspect

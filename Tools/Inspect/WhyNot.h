@@ -12,7 +12,8 @@
 
 namespace Inspect {
 
-int RunWhyNot(Journal& theJournal, const std::string& theTarget, std::ostream& theOutput,
+// theName is OBJECT.KEY.
+int RunWhyNot(Journal& theJournal, const std::string& theName, std::ostream& theOutput,
               std::ostream& theErrors);
 
 } // namespace Inspect
