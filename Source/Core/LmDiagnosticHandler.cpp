@@ -44,8 +44,8 @@ void Print(const char* theFile, int theLine, const char* theFormat, va_list theA
 }
 
 // Writes it into the journal, where that is on. A very long message is cut.
-LM_PRINTF_FORMAT(3, 0)
-[[gnu::noinline]] void Note(const char* theFile, int theLine, const char* theFormat, va_list theArguments)
+[[gnu::noinline]] LM_PRINTF_FORMAT(3, 0) void Note(const char* theFile, int theLine, const char* theFormat,
+                                                   va_list theArguments)
 {
     char theText[1024];
     va_list theSameArguments;

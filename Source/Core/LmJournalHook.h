@@ -17,7 +17,6 @@
 //     {
 //     public:
 //         std::uint64_t Write(const LmJournalEntry&, const void*) noexcept override { return ++mCount; }
-//         void Close(const void*) noexcept override {}
 //
 //     private:
 //         std::uint64_t mCount = 0;
@@ -118,8 +117,8 @@ public:
     virtual std::uint64_t Write(const LmJournalEntry& theEntry, const void* theScope) noexcept = 0;
 
     // What an entry began has ended. The call may come for a scope that was never opened, when the hook was
-    // set in between, and it may be missing.
-    virtual void Close(const void* theScope) noexcept = 0;
+    // set in between, and it may be missing. The default does nothing.
+    virtual void Close(const void* theScope) noexcept;
 
 protected:
     LmJournalHook() = default;

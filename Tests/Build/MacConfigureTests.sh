@@ -85,6 +85,7 @@ EXECUTABLE scenariosTests
 EXECUTABLE transformsTests
 SHARED_LIBRARY LmBindings
 SHARED_LIBRARY LmControllers
+SHARED_LIBRARY LmInspection
 STATIC_LIBRARY LmTestSupport
 STATIC_LIBRARY ThermostatParts" "$(targets i386 | sort)"
 expect "The flags of a source" "-Wno-deprecated-declarations

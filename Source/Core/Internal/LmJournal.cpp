@@ -53,6 +53,8 @@ void Name(const LmDebugObject& theObject, const LmString& theName)
 
 } // namespace
 
+void LmJournalHook::Close(const void*) noexcept {}
+
 std::uint64_t LmJournal::Write(const LmJournalEntry& theEntry, const void* theScope) noexcept
 {
     const Pause thePause(LmDebugObject::mDebugLog, sIsAtWork);
