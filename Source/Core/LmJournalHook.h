@@ -44,6 +44,7 @@ class LmString;
 class LmValue;
 class LmValueTransform;
 
+// What kind of entry it is. Their numbers are part of the interface: new kinds come at the end.
 enum LmJournalKind : std::uint32_t
 {
     kJournalMade = 1,
@@ -75,7 +76,7 @@ enum LmJournalKind : std::uint32_t
 // One entry. What a kind has no use for is null or 0. All of it is good for the time of the call.
 struct LmJournalEntry
 {
-    LmJournalKind theKind;
+    LmJournalKind theKind;                    // what happened
     const LmDebugObject* theObject = nullptr; // whom it is about
     const LmString* theKey = nullptr;         // the key of theObject
     const LmDebugObject* theOther = nullptr;  // the observer, or the object that a value comes from
@@ -123,7 +124,9 @@ public:
 protected:
     LmJournalHook() = default;
     ~LmJournalHook() = default;
+    // A hook has nothing of its own that could not be copied.
     LmJournalHook(const LmJournalHook&) = default;
+    // The same.
     LmJournalHook& operator=(const LmJournalHook&) = default;
 };
 

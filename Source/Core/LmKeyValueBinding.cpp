@@ -181,26 +181,34 @@ void SetUpdatedKey(LmKeyValueBinding& theBinding, const LmString& theKey, const 
     theBinding.SetKeyPathValue(theKey, theValue);
 }
 
-// Sets a key of theBinding to what the record's transform, if there is one, makes of a key of theStore.
-void UpdateKey(LmKeyValueBinding& theBinding, const LmBindingIndex::Hit& theHit,
-               const LmKeyValueStore& theStore, const LmString& theStoreKey)
+// Sets a key of theBinding to what transform, the record's, makes of a key of theStore. A function of its own,
+// so that a long chain without transforms takes less of the stack.
+[[gnu::noinline]] void UpdateKeyThrough(LmValueTransform& transform, LmKeyValueBinding& theBinding,
+                                        const LmBindingIndex::Hit& theHit, const LmKeyValueStore& theStore,
+                                        const LmString& theStoreKey)
 {
-    LmValueTransform* const transform = theHit.theRecord->transform;
-    if (transform == nullptr) {
-        SetUpdatedKey(theBinding, *theHit.theKey, theHit.theRecord, nullptr,
-                      theStore.GetKeyPathValue(theStoreKey));
-        return;
-    }
     // A copy: the transform may remove the binding, and the key with it. It may even destroy theBinding.
     const LmString theTarget = *theHit.theKey; // NOLINT(performance-unnecessary-copy-initialization)
     const LmLifeWatch theWatch(&theBinding);
     const TransformNote theNote(theStore);
     Service theService = {theBinding, theTarget, &theStore, theStoreKey, theHit.theRecord};
-    const LmValue theValue = ReadThrough(theService, *transform, theWatch, theNote);
+    const LmValue theValue = ReadThrough(theService, transform, theWatch, theNote);
     if (!theWatch.IsGone()) {
         theService.theStore = theNote.GetStore();
         SetUpdatedKey(theBinding, theTarget, nullptr, &theService, theValue);
     }
+}
+
+// Sets a key of theBinding to what the record's transform, if there is one, makes of a key of theStore.
+void UpdateKey(LmKeyValueBinding& theBinding, const LmBindingIndex::Hit& theHit,
+               const LmKeyValueStore& theStore, const LmString& theStoreKey)
+{
+    if (LmValueTransform* const transform = theHit.theRecord->transform) {
+        UpdateKeyThrough(*transform, theBinding, theHit, theStore, theStoreKey);
+        return;
+    }
+    SetUpdatedKey(theBinding, *theHit.theKey, theHit.theRecord, nullptr,
+                  theStore.GetKeyPathValue(theStoreKey));
 }
 
 // On purpose: the first value runs from the other object to this one, in a two-way binding too.
