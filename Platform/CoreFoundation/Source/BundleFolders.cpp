@@ -52,18 +52,26 @@ std::string FirstFolder(const std::vector<std::string>& theFolders)
     return theFound == theFolders.end() ? theFolders.back() : *theFound;
 }
 
+std::string PathOf(const std::string& theFolder, const std::string& theName)
+{
+    std::string thePath = theFolder;
+    thePath += '/';
+    thePath += theName;
+    return thePath;
+}
+
 // The path of a name in a folder, in the case that it has there; empty when there is none. The name may lead
 // through folders.
 std::string FindIn(const std::string& theFolder, const std::string& theName)
 {
-    const std::string thePath = theFolder + "/" + theName;
+    std::string thePath = PathOf(theFolder, theName);
     if (StateOfFile(thePath)) {
         return thePath;
     }
     const std::string theParent = FolderOf(thePath);
     for (const std::string& theOther : NamesIn(theParent)) {
         if (InLowerCase(theOther) == InLowerCase(NameOf(thePath))) {
-            return theParent + "/" + theOther;
+            return PathOf(theParent, theOther);
         }
     }
     return "";
@@ -129,7 +137,7 @@ std::string ExecutableIn(const BundleFolders& theFolders, const std::string& the
 std::string FindResource(const BundleFolders& theFolders, const ResourceQuery& theQuery)
 {
     for (const std::string& theFolder : FoldersFor(theFolders, theQuery)) {
-        const std::string thePath = FindIn(theFolder, theQuery.theName);
+        std::string thePath = FindIn(theFolder, theQuery.theName);
         if (!thePath.empty()) {
             return thePath;
         }
@@ -146,7 +154,7 @@ std::vector<std::string> FindResources(const BundleFolders& theFolders, const st
     for (const std::string& theFolder : FoldersFor(theFolders, theQuery)) {
         for (const std::string& theName : NamesIn(theFolder)) {
             if (EndsWith(InLowerCase(theName), theEnd) && theNames.insert(theName).second) {
-                theResult.push_back(theFolder + "/" + theName);
+                theResult.push_back(PathOf(theFolder, theName));
             }
         }
     }

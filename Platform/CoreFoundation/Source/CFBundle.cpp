@@ -254,7 +254,7 @@ UInt32 CodeOf(CFStringRef theText)
 // The name of the code's file, without its folder.
 std::string NameOfCode(const __CFBundle& theBundle)
 {
-    const std::string theName = ToText(TextFor(theBundle.mInfo.Get(), kCFBundleExecutableKey), "");
+    std::string theName = ToText(TextFor(theBundle.mInfo.Get(), kCFBundleExecutableKey), "");
     if (!theName.empty()) {
         return theName;
     }

@@ -11,7 +11,6 @@
 namespace {
 
 using Host::Holder;
-using Host::MalformedPropertyList;
 
 Holder<CFPropertyListRef> ReadList(std::string_view theData)
 {

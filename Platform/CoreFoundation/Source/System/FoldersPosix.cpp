@@ -52,7 +52,7 @@ std::vector<std::string> NamesIn(const std::string& theFolder)
 std::string CurrentFolder()
 {
     char* const theFolder = getcwd(nullptr, 0);
-    const std::string theResult = theFolder == nullptr || theFolder[0] != '/' ? "/" : theFolder;
+    std::string theResult = theFolder == nullptr || theFolder[0] != '/' ? "/" : theFolder;
     std::free(theFolder);
     return theResult;
 }
