@@ -6,6 +6,7 @@
 #include "CFTestSupport.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -22,7 +23,8 @@ inline std::string TakeText(CFStringRef theString)
         CFStringGetMaximumSizeForEncoding(CFStringGetLength(theString), kCFStringEncodingUTF8);
     std::string theText(static_cast<size_t>(theLength) + 1, '\0');
     CFStringGetCString(theString, theText.data(), theLength + 1, kCFStringEncodingUTF8);
-    return theText.c_str();
+    theText.resize(std::strlen(theText.data()));
+    return theText;
 }
 
 // The text of a URL, likewise.

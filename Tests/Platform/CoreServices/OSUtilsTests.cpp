@@ -54,7 +54,7 @@ TEST(OSUtils, TheTimeOfDayIsLocal)
         ExpectNow(0);
     }
     const TimeZone theZone("EAST-3");
-    ExpectNow(3 * 3600);
+    ExpectNow(3L * 3600);
 }
 
 TEST(OSUtils, NothingIsWrittenToNull)
