@@ -642,7 +642,8 @@ void QtPresenter::CollectActivation()
         return;
     }
     mActiveWindow = theId;
-    const bool theIsLate = IsActivationWanted(theId) && !theActive->Look().theIsActive;
+    const bool theIsLate =
+        theActive != nullptr && IsActivationWanted(theId) && !theActive->Look().theIsActive;
     if (theIsLate || (theActive != nullptr && theActive->TakeActivationByShowing())) {
         ActivateWindow();
     } else {
