@@ -181,8 +181,8 @@ void SetUpdatedKey(LmKeyValueBinding& theBinding, const LmString& theKey, const 
     theBinding.SetKeyPathValue(theKey, theValue);
 }
 
-// Sets a key of theBinding to what transform, the record's, makes of a key of theStore. A function of its own,
-// so that a long chain without transforms takes less of the stack.
+// Sets a key of theBinding to what transform, the record's, makes of a key of theStore. A function of its
+// own, so that a long chain without transforms takes less of the stack.
 [[gnu::noinline]] void UpdateKeyThrough(LmValueTransform& transform, LmKeyValueBinding& theBinding,
                                         const LmBindingIndex::Hit& theHit, const LmKeyValueStore& theStore,
                                         const LmString& theStoreKey)
