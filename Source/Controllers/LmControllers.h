@@ -10,6 +10,7 @@
 #include "LmFormatter.h"
 #include "LmMainQueue.h"
 #include "LmObservation.h"
+#include "LmRangeTransform.h"
 #include "LmScopedBinding.h"
 #include "LmSharedTransform.h"
 
