@@ -1,8 +1,8 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-#include "LmKeyValueBinding.h"
 #include "LmKeyValueStore.h"
 #include "LmNumericalTransforms.h"
+#include "NamedBinding.h"
 #include "NamedObserver.h"
 #include "StandardErrorCapture.h"
 
@@ -15,20 +15,6 @@
 // A set that comes back to its own key ends when it is a thousand deep in itself; nothing else limits depth.
 
 namespace {
-
-// A binding object that has a name in the error line.
-class Named : public LmKeyValueBinding
-{
-public:
-    explicit Named(const char* theName)
-        : mName(theName)
-    {
-    }
-    LmString GetDebugInfo() const override { return mName; }
-
-private:
-    LmString mName;
-};
 
 // Counts, and sets the key that it is told of once more until it has done so as often as it shall.
 class Repeating : public LmKeyValueObserver
@@ -86,7 +72,7 @@ long NumberOf(const LmKeyValueStore& theStore, const char* theKey)
 
 TEST(LmNestedSet, AThousandDeepIsMade)
 {
-    Named theStore("Store");
+    NamedBinding theStore("Store");
     Repeating theObserver(theStore, 1001);
     theStore.SetKeyPathValue("a", LmValue(-1L));
     EXPECT_EQ(theObserver.mCount, 1001) << "one set, and a thousand nested in it";
@@ -95,7 +81,7 @@ TEST(LmNestedSet, AThousandDeepIsMade)
 
 TEST(LmNestedSet, DeeperIsReportedAndNotMade)
 {
-    Named theStore("Store");
+    NamedBinding theStore("Store");
     Repeating theObserver(theStore, 5000);
     theStore.SetKeyPathValue("a", LmValue(-1L));
     EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), TooDeep("Store.a"));
@@ -105,7 +91,7 @@ TEST(LmNestedSet, DeeperIsReportedAndNotMade)
 
 TEST(LmNestedSet, AnEqualValueIsNotReportedHoweverDeep)
 {
-    Named theStore("Store");
+    NamedBinding theStore("Store");
     Repeating theObserver(theStore, 1001);
     Lines theLog;
     NamedObserver theEqual("equal", theLog);
@@ -117,8 +103,8 @@ TEST(LmNestedSet, AnEqualValueIsNotReportedHoweverDeep)
 
 TEST(LmNestedSet, TransformsThatDoNotUndoEachOtherEnd)
 {
-    Named theA("A");
-    Named theB("B");
+    NamedBinding theA("A");
+    NamedBinding theB("B");
     BindWithoutEnd(theA, "a", theB, "b");
     theB.SetKeyPathValue("b", LmValue(0L));
     EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), TooDeep("B.b"));
@@ -128,8 +114,8 @@ TEST(LmNestedSet, TransformsThatDoNotUndoEachOtherEnd)
 
 TEST(LmNestedSet, TheProgramGoesOnAndTheNextRoundIsReportedAgain)
 {
-    Named theA("A");
-    Named theB("B");
+    NamedBinding theA("A");
+    NamedBinding theB("B");
     BindWithoutEnd(theA, "a", theB, "b");
     for (int theRound = 0; theRound < 3; ++theRound) {
         theB.SetKeyPathValue("b", LmValue(0L));
@@ -144,9 +130,9 @@ TEST(LmNestedSet, TheProgramGoesOnAndTheNextRoundIsReportedAgain)
 
 TEST(LmNestedSet, ALongRoundEndsToo)
 {
-    std::vector<std::unique_ptr<Named>> theRing;
+    std::vector<std::unique_ptr<NamedBinding>> theRing;
     for (const char* theName : {"A", "B", "C"}) {
-        theRing.push_back(std::make_unique<Named>(theName));
+        theRing.push_back(std::make_unique<NamedBinding>(theName));
     }
     for (std::size_t theIndex = 0; theIndex < theRing.size(); ++theIndex) {
         theRing[theIndex]->BindTo("a", theRing[(theIndex + 1) % theRing.size()].get(), "a", AddOne());
@@ -163,9 +149,9 @@ TEST(LmNestedSet, ALongRoundEndsToo)
 
 TEST(LmNestedSet, WhatComesBackOnSeveralWaysEndsWithOneReport)
 {
-    Named theA("A");
-    Named theB("B");
-    Named theC("C");
+    NamedBinding theA("A");
+    NamedBinding theB("B");
+    NamedBinding theC("C");
     BindWithoutEnd(theB, "b", theA, "a");
     BindWithoutEnd(theC, "c", theA, "a");
     theA.SetKeyPathValue("a", LmValue(0L));
@@ -191,7 +177,7 @@ TEST(LmNestedSet, SeveralObserversThatNeverRestEndWithOneReport)
         LmKeyValueStore& mStore;
         long& mLast;
     };
-    Named theStore("Store");
+    NamedBinding theStore("Store");
     long theLast = 0;
     Restless theOne(theStore, theLast);
     Restless theOther(theStore, theLast);
@@ -206,9 +192,9 @@ TEST(LmNestedSet, SeveralObserversThatNeverRestEndWithOneReport)
 
 TEST(LmNestedSet, TheSameKeyOfAnotherStoreIsAnother)
 {
-    Named theA("A");
+    NamedBinding theA("A");
     Repeating theInner(theA, 700);
-    Named theB("B");
+    NamedBinding theB("B");
     Repeating theOuter(theB, 700);
     Lines theLog;
     NamedObserver theBridge("bridge", theLog);

@@ -8,6 +8,7 @@
 #include "LmStringTransforms.h"
 #include "LmVersion.h"
 #include "LmWindowBinding.h"
+#include "NamedBinding.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -18,19 +19,6 @@
 // One test for each kind of entry, with its exact fields; and what a recorder must survive.
 
 namespace {
-
-class Named : public LmKeyValueBinding
-{
-public:
-    explicit Named(const char* theName)
-        : mName(theName)
-    {
-    }
-    LmString GetDebugInfo() const override { return mName; }
-
-private:
-    LmString mName;
-};
 
 class Follower : public LmKeyValueObserver
 {
@@ -70,7 +58,7 @@ std::string ObjectText(int theNumber, const char* theClass, const char* theName)
 
 std::string NamedText(int theNumber, const char* theName)
 {
-    return ObjectText(theNumber, "(anonymous namespace)::Named", theName);
+    return ObjectText(theNumber, "NamedBinding", theName);
 }
 
 std::string FollowerText(int theNumber)
@@ -146,7 +134,7 @@ TEST(LmJournalRecorder, WritesOfObjectsThatAreMadeAndDestroyed)
     {
         const LmKeyValueStore theStore;
         const Follower theFollower;
-        const Named theBinding("[radio]");
+        const NamedBinding theBinding("[radio]");
     }
     const std::string theStore = StoreText(1);
     const Lines theExpected = {
@@ -167,7 +155,7 @@ TEST(LmJournalRecorder, WritesOfObjectsThatAreMadeAndDestroyed)
 TEST(LmJournalRecorder, KnowsWhatAnObjectBecameAfterItsConstructors)
 {
     TestJournal theJournal;
-    Named theBinding("[radio]");
+    NamedBinding theBinding("[radio]");
     theBinding.MakeDependency("a", "b");
     EXPECT_EQ(theJournal.Take("made"), Lines{Entry(2, "made",
                                                    Field("object", NamedText(1, "[radio]")) +
@@ -320,8 +308,8 @@ TEST(LmJournalRecorder, WritesOfObservations)
 
 TEST(LmJournalRecorder, FollowsATwoWayBinding)
 {
-    Named theRadio("[radio]");
-    Named theSlider("[slider]");
+    NamedBinding theRadio("[radio]");
+    NamedBinding theSlider("[slider]");
     theRadio.SetKeyValue("volume", LmValue(40));
     TestJournal theJournal;
     theSlider.Bind("value", &theRadio, "volume", nullptr, nullptr);
@@ -361,8 +349,8 @@ TEST(LmJournalRecorder, FollowsATwoWayBinding)
 
 TEST(LmJournalRecorder, WritesWhatATransformMakesOfAValue)
 {
-    Named theRadio("[radio]");
-    Named theText("[text]");
+    NamedBinding theRadio("[radio]");
+    NamedBinding theText("[text]");
     theText.BindTo("value", &theRadio, "volume", new LmToStringTransform);
     TestJournal theJournal;
     theRadio.SetKeyPathValue("volume", LmValue(40));
@@ -382,8 +370,8 @@ TEST(LmJournalRecorder, WritesWhatATransformMakesOfAValue)
 
 TEST(LmJournalRecorder, SaysInABindWhichTransformItHas)
 {
-    Named theRadio("[radio]");
-    Named theText("[text]");
+    NamedBinding theRadio("[radio]");
+    NamedBinding theText("[text]");
     TestJournal theJournal;
     theText.BindTo("value", &theRadio, "volume", new LmToStringTransform);
     const Lines theLines = theJournal.Take("bind");
@@ -427,8 +415,8 @@ TEST(LmJournalRecorder, PrintsNoDiagnosticForWhatItReadsItself)
 TEST(LmJournalRecorder, LeavesTheTraceAsItIs)
 {
     const auto theScene = [] {
-        Named theRadio("[radio]");
-        Named theText("[text]");
+        NamedBinding theRadio("[radio]");
+        NamedBinding theText("[text]");
         theText.Bind("value", &theRadio, "volume", nullptr, nullptr);
         theRadio.SetKeyPathValue("volume", LmValue(1));
         theRadio.SetKeyPathValue("volume", LmValue(1.5));
@@ -521,15 +509,14 @@ TEST(LmJournalRecorder, CallsTheKeysOfABindableAsTheBindableIsCalled)
 
 TEST(LmJournalRecorder, LeavesAddressesOutOfNames)
 {
-    Named theControl("[ControlRef 0x0804A1B0, 'volu', 1]");
-    Named theModel("[Model 0x0804A1B0]");
+    NamedBinding theControl("[ControlRef 0x0804A1B0, 'volu', 1]");
+    NamedBinding theModel("[Model 0x0804A1B0]");
     TestJournal theJournal;
     LmNameObject(theModel, "");
     theControl.MakeDependency("a", "b");
     const Lines theLines = theJournal.Take("named");
     ASSERT_EQ(theLines.size(), 2U);
-    EXPECT_NE(theLines[0].find(R"("name":"(anonymous namespace)::Named 1")"), std::string::npos)
-        << theLines[0];
+    EXPECT_NE(theLines[0].find(R"("name":"NamedBinding 1")"), std::string::npos) << theLines[0];
     EXPECT_NE(theLines[1].find(R"("name":"[ControlRef 'volu', 1]")"), std::string::npos) << theLines[1];
     StandardErrorCapture::TakeText();
 }

@@ -2,6 +2,7 @@
 
 #include "Callers.h"
 
+#include "FunctionName.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -48,6 +49,16 @@ std::string Demangle(const char* theName)
     int theStatus = 0;
     const std::unique_ptr<char, FreeText> theText(abi::__cxa_demangle(theName, nullptr, nullptr, &theStatus));
     return theText != nullptr ? theText.get() : theName;
+}
+
+// Whether a module is what the program stands on, and not what somebody wrote who asks.
+bool IsOfTheHost(const std::string& theModule)
+{
+    constexpr std::array<std::string_view, 3> kBeginnings = {"libLmCarbon", "libLmControllers",
+                                                             "libLmCoreFoundation"};
+    return std::any_of(kBeginnings.begin(), kBeginnings.end(), [&](std::string_view theBeginning) {
+        return theModule.compare(0, theBeginning.size(), theBeginning) == 0;
+    });
 }
 
 std::string BuildOf(Dwfl_Module* theModule)
@@ -113,7 +124,7 @@ Callers::Place Callers::Image::Find(std::uint64_t theAddress) const
     // The call itself stands before the address to return to.
     const GElf_Addr theCall = theAddress - 1;
     if (const char* const theName = dwfl_module_addrname(theCode, theCall)) {
-        thePlace.theFunction = WithoutParameters(Demangle(theName));
+        thePlace.theFunction = ReadableName(Demangle(theName));
     }
     if (Dwfl_Line* const theLine = dwfl_module_getsrc(theCode, theCall)) {
         if (const char* const theFile =
@@ -192,34 +203,14 @@ std::string Callers::Show(std::uint64_t theAddress)
 
 std::string Callers::ShowInnermost(const Entry& theEntry)
 {
-    return theEntry.theCallers.empty() ? std::string() : Show(theEntry.theCallers.front());
-}
-
-std::string WithoutParameters(const std::string& theName)
-{
-    int theBrackets = 0;
-    for (std::size_t thePlace = 0; thePlace < theName.size(); ++thePlace) {
-        const std::string_view theRest = std::string_view(theName).substr(thePlace);
-        constexpr std::string_view kAnonymous = "(anonymous namespace)";
-        constexpr std::string_view kCall = "operator()";
-        constexpr std::string_view kOperator = "operator";
-        if (theRest.substr(0, kAnonymous.size()) == kAnonymous) {
-            thePlace += kAnonymous.size() - 1;
-        } else if (theRest.substr(0, kCall.size()) == kCall) {
-            thePlace += kCall.size() - 1;
-        } else if (theRest.substr(0, kOperator.size()) == kOperator) {
-            // operator<, operator-> and the like: their signs are no brackets.
-            const std::size_t theEnd = theName.find('(', thePlace);
-            return theName.substr(0, theEnd);
-        } else if (theRest.front() == '<') {
-            ++theBrackets;
-        } else if (theRest.front() == '>') {
-            --theBrackets;
-        } else if (theRest.front() == '(' && theBrackets == 0 && thePlace > 0) {
-            return theName.substr(0, thePlace);
-        }
+    const std::vector<std::uint64_t>& theCallers = theEntry.theCallers;
+    const auto theFound =
+        std::find_if(theCallers.begin(), theCallers.end(),
+                     [this](std::uint64_t theAddress) { return !IsOfTheHost(Find(theAddress).theModule); });
+    if (theFound != theCallers.end()) {
+        return Show(*theFound);
     }
-    return theName;
+    return theCallers.empty() ? std::string() : Show(theCallers.front());
 }
 
 } // namespace Inspect

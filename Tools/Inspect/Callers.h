@@ -29,7 +29,7 @@ public:
 
     struct Place
     {
-        std::string theFunction; // without its parameters; empty when it is not known
+        std::string theFunction; // as ReadableName has it; empty when it is not known
         std::string theFile;     // without its folders; empty when it is not known
         int theLine = 0;
         std::string theModule; // the file that holds the code, without its folders; empty when there is none
@@ -43,7 +43,8 @@ public:
     // "ThermostatModel::Reset, ThermostatModel.cpp:33"; where less is known, less.
     std::string Show(std::uint64_t theAddress);
 
-    // The innermost caller; empty when none was kept.
+    // The innermost caller that does not belong to the library or its host, or where there is none the
+    // innermost one; empty when none was kept.
     std::string ShowInnermost(const Entry& theEntry);
 
 private:
@@ -54,9 +55,6 @@ private:
     std::vector<std::unique_ptr<Image>> mImages; // the newest last
     std::unordered_map<std::uint64_t, Place> mPlaces;
 };
-
-// A function's name without its parameters and what stands behind them.
-std::string WithoutParameters(const std::string& theName);
 
 } // namespace Inspect
 

@@ -37,6 +37,8 @@ constexpr std::array<RuleText, 11> kRules = {{{"never-set", "Documentation/Tutor
 // A round that settles comes back once, and a model that corrects what it is given needs one hop more.
 constexpr std::size_t kMostHops = 3;
 
+constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
 // The keys of the library's own classes that stand for something on the screen.
 const std::vector<std::string>* KeysOfClass(const std::string& theClass)
 {
@@ -230,6 +232,7 @@ void Lint::TakeDestruction(const Entry& theEntry)
     CheckShown(theObject);
     mEcho.Forget(theObject);
     mObservers.erase(theObject);
+    mStores.erase(theObject);
     mUnwritten.erase(mUnwritten.lower_bound({theObject, {}}), mUnwritten.lower_bound({theObject + 1, {}}));
     for (auto& [theNumber, theRecord] : mRecords) {
         if (theRecord.isOneWay && theRecord.theBinding.theOther.theID == theObject) {
@@ -238,25 +241,39 @@ void Lint::TakeDestruction(const Entry& theEntry)
     }
 }
 
-// The outermost key that the change has come back to, and how many bindings it went through on the way.
+// The outermost step that set the key of the last one. What is inside of a round that is known belongs to it.
+std::size_t Lint::FindRound() const
+{
+    bool isInside = false;
+    for (std::size_t theFirst = 0; theFirst + 1 < mCauses.Count(); ++theFirst) {
+        const Causes::Step& theStep = mCauses.At(theFirst);
+        const bool isKnown = theStep.theEntry.theWhat == What::Changed && theStep.isMarked;
+        if (IsChangeOf(theStep.theEntry, mCauses.Last().theEntry)) {
+            return isInside && !isKnown ? kNone : theFirst;
+        }
+        isInside = isInside || isKnown;
+    }
+    return kNone;
+}
+
+// Whether the change has come back to where it began, and how many bindings it went through on the way.
 void Lint::CheckRound()
 {
-    for (std::size_t theFirst = 0; theFirst + 1 < mCauses.Count(); ++theFirst) {
-        const Entry& theBegin = mCauses.At(theFirst).theEntry;
-        if (!IsChangeOf(theBegin, mCauses.Last().theEntry)) {
-            continue;
-        }
-        std::size_t theHops = 0;
-        for (std::size_t theIndex = theFirst; theIndex < mCauses.Count(); ++theIndex) {
-            theHops += mCauses.At(theIndex).theEntry.theWhat == What::Update ? 1 : 0;
-        }
-        if (theHops > kMostHops) {
-            Add(Rule::LongRound, theBegin, theBegin.theObject, theBegin.theKey,
-                "a change went through " + std::to_string(theHops) +
-                    " bindings and changed it again: what is made of a value on the way there and back is "
-                    "another value");
-        }
+    const std::size_t theFirst = FindRound();
+    if (theFirst == kNone) {
         return;
+    }
+    std::size_t theHops = 0;
+    for (std::size_t theIndex = theFirst; theIndex < mCauses.Count(); ++theIndex) {
+        theHops += mCauses.At(theIndex).theEntry.theWhat == What::Update ? 1 : 0;
+    }
+    if (theHops > kMostHops) {
+        Causes::Step& theBegin = mCauses.At(theFirst);
+        theBegin.isMarked = true;
+        Add(Rule::LongRound, theBegin.theEntry, theBegin.theEntry.theObject, theBegin.theEntry.theKey,
+            "a change went through " + std::to_string(theHops) +
+                " bindings and changed it again: what is made of a value on the way there and back is "
+                "another value");
     }
 }
 
@@ -266,20 +283,45 @@ void Lint::CheckTwice(const Entry& theEntry)
     for (std::size_t theIndex = 0; theIndex + 1 < mCauses.Count(); ++theIndex) {
         isOutermost = isOutermost && mCauses.At(theIndex).theEntry.theWhat != What::Changed;
     }
-    if (isOutermost) {
+    // A set that others were made in before it was through belongs to them.
+    if (isOutermost && (theEntry.theChanging == 0 || theEntry.theChanging > mLastChange)) {
         mRound.clear();
     }
-    std::uint64_t& theLast = mRound[{theEntry.theObject.theID, theEntry.theKey}];
-    bool isWithin = theLast == 0;
-    for (std::size_t theIndex = 0; theIndex < mCauses.Count(); ++theIndex) {
-        isWithin = isWithin || mCauses.At(theIndex).theEntry.theNumber == theLast;
-    }
-    if (!isWithin) {
+    mLastChange = theEntry.theNumber;
+    Setting& theLast = mRound[{theEntry.theObject.theID, theEntry.theKey}];
+    if (theLast.theNumber > theEntry.theChanging && theEntry.theChanging != 0) {
+        CheckNested(theEntry, theLast);
+    } else if (theLast.theNumber != 0 && !IsAmongCauses(theLast.theNumber)) {
         Add(Rule::SetTwice, theEntry, theEntry.theObject, theEntry.theKey,
-            "one change set it twice, on two ways: entries " + std::to_string(theLast) + " and " +
+            "one change set it twice, on two ways: entries " + std::to_string(theLast.theNumber) + " and " +
                 std::to_string(theEntry.theNumber));
     }
-    theLast = theEntry.theNumber;
+    theLast = {theEntry.theNumber, theEntry.theNew};
+}
+
+// The last set was made while this one was going on. That is how an object answers that tells of what it
+// shows: a control sends its event before the set that it comes from has ended. It says the same value then.
+void Lint::CheckNested(const Entry& theEntry, const Setting& theInner)
+{
+    const bool isAnswer = theInner.theValue.IsNumber() && theEntry.theNew.IsNumber()
+                              ? !AreDifferentNumbers(theInner.theValue, theEntry.theNew)
+                              : IsSame(theInner.theValue, theEntry.theNew);
+    if (!isAnswer) {
+        Add(Rule::SetTwice, theEntry, theEntry.theObject, theEntry.theKey,
+            "it was set to " + Show(theInner.theValue) + " while it was being set to " +
+                Show(theEntry.theNew) + ": entries " + std::to_string(theInner.theNumber) + " and " +
+                std::to_string(theEntry.theNumber));
+    }
+}
+
+bool Lint::IsAmongCauses(std::uint64_t theNumber) const
+{
+    for (std::size_t theIndex = 0; theIndex < mCauses.Count(); ++theIndex) {
+        if (mCauses.At(theIndex).theEntry.theNumber == theNumber) {
+            return true;
+        }
+    }
+    return false;
 }
 
 void Lint::TakeChange(const Entry& theEntry)
@@ -301,11 +343,12 @@ void Lint::TakeEqual(const Entry& theEntry)
 
 void Lint::TakeObservation(const Entry& theEntry)
 {
-    const auto theFound = mObservers.find(theEntry.theOther.theID);
-    if (theFound == mObservers.end()) {
+    const std::uint64_t theWatcher = theEntry.theOther.theID;
+    if (mStores.count(theWatcher) > 0) {
         return;
     }
-    Observer& theObserver = theFound->second;
+    // One that is new here was made before the journal began, which it does with the first store.
+    Observer& theObserver = mObservers[theWatcher];
     if (theEntry.theWhat == What::Observe) {
         ++theObserver.theObservations;
         return;
@@ -325,13 +368,12 @@ void Lint::Take(const Entry& theEntry)
     NoteValues(theEntry);
     switch (theEntry.theWhat) {
     case What::Made:
-        if (theEntry.theText == "observer") {
-            mObservers[theEntry.theObject.theID];
-        } else {
-            mObservers.erase(theEntry.theObject.theID);
+        if (theEntry.theText != "observer") {
+            mStores.insert(theEntry.theObject.theID);
         }
         break;
     case What::Bind:
+        mStores.insert(theEntry.theObject.theID);
         TakeBinding(theEntry);
         break;
     case What::Unbind:

@@ -70,6 +70,11 @@ private:
         bool isOneWay = true;
         bool hasDeadSource = false;
     };
+    struct Setting
+    {
+        std::uint64_t theNumber = 0; // of the entry; 0 is none
+        Value theValue;
+    };
     struct Observer
     {
         Entry theLast; // the last observation that ended with its store
@@ -91,8 +96,11 @@ private:
     void CheckKey(const Entry& theEntry);
     void CheckSource(const Entry& theBinding);
     void CheckNeighbours(const Entry& theEntry);
+    std::size_t FindRound() const;
     void CheckRound();
     void CheckTwice(const Entry& theEntry);
+    void CheckNested(const Entry& theEntry, const Setting& theInner);
+    bool IsAmongCauses(std::uint64_t theNumber) const;
     void CheckShown(std::uint64_t theObject);
     std::vector<std::string> KeysOf(std::uint64_t theObject) const;
 
@@ -102,9 +110,11 @@ private:
     std::map<std::uint64_t, Record> mRecords; // those that exist, by their numbers
     std::vector<Entry> mNeverSet;             // bindings that were removed before their source had a value
     std::set<Key> mValues;                    // keys that had a valid value
-    std::map<Key, std::uint64_t> mRound;      // keys that were set since the outermost change, and where last
-    std::map<std::uint64_t, Observer> mObservers;
-    std::map<Key, Entry> mUnwritten; // preferences
+    std::map<Key, Setting> mRound; // keys that were set since the outermost change, as they were last
+    std::uint64_t mLastChange = 0;
+    std::map<std::uint64_t, Observer> mObservers; // those that are nothing else
+    std::set<std::uint64_t> mStores;              // binding objects too, which observe what they are bound to
+    std::map<Key, Entry> mUnwritten;              // preferences
     std::map<std::pair<Rule, Key>, Finding> mFindings;
 };
 

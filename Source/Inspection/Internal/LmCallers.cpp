@@ -4,6 +4,8 @@
 
 #include "LmJournalHook.h"
 
+#include <Carbon/Carbon.h>
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -177,8 +179,16 @@ void LmCallers::Collect(std::size_t theCount)
 bool LmCallers::IsOwn(std::uintptr_t theAddress)
 {
     const LmModule* theModule = FindModule(theAddress);
-    return theModule != nullptr && (theModule->Holds(reinterpret_cast<std::uintptr_t>(&StandInThisLibrary)) ||
-                                    theModule->Holds(reinterpret_cast<std::uintptr_t>(&LmSetJournalHook)));
+    // The library, this one, and what they stand on: by functions whose addresses no program takes, since such
+    // an address may lie in the program.
+    static const std::array<std::uintptr_t, 4> kPlaces = {
+        reinterpret_cast<std::uintptr_t>(&StandInThisLibrary),
+        reinterpret_cast<std::uintptr_t>(&LmSetJournalHook),
+        reinterpret_cast<std::uintptr_t>(&GetEventDispatcherTarget),
+        reinterpret_cast<std::uintptr_t>(&CFBundleGetMainBundle)};
+    return theModule != nullptr && std::any_of(kPlaces.begin(), kPlaces.end(), [=](std::uintptr_t thePlace) {
+               return theModule->Holds(thePlace);
+           });
 }
 
 LmModule* LmCallers::FindKnown(std::uintptr_t theAddress)

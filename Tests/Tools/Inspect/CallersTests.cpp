@@ -107,14 +107,14 @@ TEST(Callers, AreNotLookedUpInAnotherBuild)
               Callers().Show(theAddress) + " in inspectTests, which was built again since");
 }
 
-TEST(Callers, HaveNamesWithoutParameters)
+TEST(Callers, BeginWithTheFirstThatIsNotOfTheHost)
 {
-    using Inspect::WithoutParameters;
-    EXPECT_EQ(WithoutParameters("ThermostatModel::Reset()"), "ThermostatModel::Reset");
-    EXPECT_EQ(WithoutParameters("(anonymous namespace)::Press(int)"), "(anonymous namespace)::Press");
-    EXPECT_EQ(WithoutParameters("Map<int (*)(int)>::Find(int) const"), "Map<int (*)(int)>::Find");
-    EXPECT_EQ(WithoutParameters("main::{lambda()#1}::operator()() const"), "main::{lambda");
-    EXPECT_EQ(WithoutParameters("Thing::operator<(Thing const&)"), "Thing::operator<");
-    EXPECT_EQ(WithoutParameters("main"), "main");
-    EXPECT_EQ(WithoutParameters(""), "");
+    Callers theCallers;
+    theCallers.Take(ModuleEntry("/usr/lib/libLmControllers.so.1", 0x10000));
+    theCallers.Take(ModuleEntry("/usr/bin/radio", 0x100000000));
+    Entry theEntry;
+    theEntry.theCallers = {0x10010, 0x10020, 0x100000030, 0x10040};
+    EXPECT_EQ(theCallers.ShowInnermost(theEntry), "0x100000030 in radio");
+    theEntry.theCallers = {0x10010, 0x10020};
+    EXPECT_EQ(theCallers.ShowInnermost(theEntry), "0x10010 in libLmControllers.so.1");
 }

@@ -208,6 +208,65 @@ TEST(Lint, FindsAKeyThatOneChangeSetTwice)
                                     "and 17 (entry 17)\n1 finding\n");
 }
 
+TEST(Lint, TakesTheAnswerOfAnObjectToASetForNothingElse)
+{
+    const auto theJournalWith = [](const std::string& theInner, const std::string& theOuter) {
+        TestJournal theJournal;
+        const std::string theKey =
+            R"("object":)" + kSlider.Text() + R"(,"key":"value","was":)" + TestUnsigned(7);
+        const std::uint64_t theChanging = theJournal.Add(0, "changing", theKey + R"(,"to":)" + theOuter);
+        theJournal.Changed(theJournal.Event(0, kSlider), kSlider, "value", TestUnsigned(7), theInner);
+        theJournal.Add(0, "changed",
+                       theKey + R"(,"is":)" + theOuter + R"(,"changing":)" + std::to_string(theChanging));
+        return theJournal;
+    };
+    ExpectNothing(theJournalWith(TestUnsigned(1), TestUnsigned(1)));
+    ExpectNothing(theJournalWith(TestUnsigned(1), R"({"kind":"boolean","value":true})"));
+    ExpectNothing(theJournalWith(R"({"kind":"string","value":"a"})", R"({"kind":"string","value":"a"})"));
+    EXPECT_EQ(
+        Findings(theJournalWith(TestUnsigned(100), TestUnsigned(200))),
+        "set-twice: slider.value: it was set to 100 while it was being set to 200: entries 5 and 6 (entry "
+        "6)\n1 finding\n");
+    EXPECT_EQ(Findings(theJournalWith(TestUnsigned(1), R"({"kind":"string","value":"1"})")).substr(0, 9),
+              "set-twice");
+}
+
+TEST(Lint, CountsALongRoundOnceForAllItsKeys)
+{
+    const TestRecord theOther = {3, kText, "value", kModel, "level"};
+    TestJournal theJournal = Bound({kWay, kBack, theOther});
+    std::uint64_t theCause = theJournal.Changed(0, kModel, "level", TestUnsigned(7), TestUnsigned(8));
+    for (unsigned theStep = 0; theStep < 7; ++theStep) {
+        const bool isSlider = theStep % 2 == 0;
+        theCause = theJournal.Changed(
+            theJournal.Updated(theCause, isSlider ? kWay : kBack, TestUnsigned(9 + theStep)),
+            isSlider ? kSlider : kModel, isSlider ? "value" : "level", TestUnsigned(7),
+            TestUnsigned(9 + theStep));
+    }
+    EXPECT_EQ(Findings(theJournal),
+              "long-round: model.level: a change went through 4 bindings and changed it again: what is "
+              "made of a value on the way there and back is another value (entry 8, and 1 time more)\n1 "
+              "finding\n");
+}
+
+TEST(Lint, KnowsAnObserverThatIsOlderThanTheJournal)
+{
+    TestJournal theJournal;
+    theJournal.Observed(0, "observe", kModel, "level", kWatcher);
+    theJournal.Observed(theJournal.Destroyed(kModel), "unobserve", kModel, "level", kWatcher);
+    theJournal.Ended();
+    EXPECT_EQ(Findings(theJournal).substr(0, 28), "observer-left: watcher.level");
+    // What is bound observes as well, and is left to itself.
+    TestJournal theBinding;
+    theBinding.Bound(kWay);
+    theBinding.Observed(0, "observe", kModel, "level", kSlider);
+    const std::uint64_t theEnd = theBinding.Destroyed(kModel);
+    theBinding.Unbound(theEnd, kWay);
+    theBinding.Observed(theEnd, "unobserve", kModel, "level", kSlider);
+    theBinding.Ended();
+    EXPECT_EQ(Findings(theBinding).find("observer-left"), std::string::npos);
+}
+
 TEST(Lint, FindsAnObserverThatIsLeft)
 {
     TestJournal theJournal;

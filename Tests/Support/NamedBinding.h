@@ -5,7 +5,7 @@
 
 #include "LmKeyValueBinding.h"
 
-// A binding object with a name for the trace, such as an application gives its own.
+// A binding object that says what it is called, in the trace, in error lines and in journals.
 class NamedBinding : public LmKeyValueBinding
 {
 public:
