@@ -179,8 +179,8 @@ void LmCallers::Collect(std::size_t theCount)
 bool LmCallers::IsOwn(std::uintptr_t theAddress)
 {
     const LmModule* theModule = FindModule(theAddress);
-    // The library, this one, and what they stand on: by functions whose addresses no program takes, since such
-    // an address may lie in the program.
+    // The library, this one, and what they stand on: by functions whose addresses no program takes, since
+    // such an address may lie in the program.
     static const std::array<std::uintptr_t, 4> kPlaces = {
         reinterpret_cast<std::uintptr_t>(&StandInThisLibrary),
         reinterpret_cast<std::uintptr_t>(&LmSetJournalHook),
