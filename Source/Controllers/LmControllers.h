@@ -12,6 +12,7 @@
 #include "LmObservation.h"
 #include "LmRangeTransform.h"
 #include "LmScopedBinding.h"
+#include "LmSettledControlBinding.h"
 #include "LmSharedTransform.h"
 
 #endif
