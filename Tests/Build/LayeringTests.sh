@@ -49,18 +49,37 @@ fresh_tree()
     : >"$gTree/Examples/Main.h"
 }
 
-# finds <file> <line>: the check names that line when it is added to the file.
-finds()
+# breaks <file> <line>: adds the line, which is to be found, to the file.
+gBroken=()
+breaks()
 {
-    local theOutput theStatus
-    fresh_tree
     echo "$2" >>"$gTree/$1"
+    gBroken+=("$1:$(wc -l <"$gTree/$1"): $2")
+}
+
+# find_what_breaks: the check names each line that was added and no other.
+find_what_breaks()
+{
+    local theOutput theStatus theLine theNamed
     theOutput=$("$kCheck" "$gTree")
     theStatus=$?
-    if [ "$theStatus" -eq 0 ] || ! grep -q "^$1:[0-9]*:.*  -- " <<<"$theOutput"; then
-        echo "Not found: $2 in $1"
+    if [ "$theStatus" -eq 0 ]; then
+        echo "A tree that breaks the rules was accepted."
         gFailures=$((gFailures + 1))
     fi
+    for theLine in "${gBroken[@]}"; do
+        if ! grep -qF "${theLine%%: *}:" <<<"$theOutput"; then
+            echo "Not found: $theLine"
+            gFailures=$((gFailures + 1))
+        fi
+    done
+    while read -r theNamed; do
+        if ! printf '%s\n' "${gBroken[@]%%: *}" | grep -qxF "$theNamed"; then
+            echo "Found, and keeps the rules: $theNamed"
+            gFailures=$((gFailures + 1))
+        fi
+    done < <(sed -nE 's/^([^:]+:[0-9]*):.*  -- .*/\1/p' <<<"$theOutput")
+    gBroken=()
 }
 
 fresh_tree
@@ -69,53 +88,59 @@ if ! "$kCheck" "$gTree"; then
     gFailures=$((gFailures + 1))
 fi
 
-finds Source/Core/LmThing.cpp '#include <Carbon/CarbonEvents.h>'
-finds Source/Core/LmThing.cpp '#include <unistd.h>'
-finds Source/Core/LmThing.cpp '#include <unwind.h>'
-finds Source/Core/LmThing.cpp '#include "LmJournalFile.h"'
-finds Source/Inspection/LmJournalFile.h '#include <unwind.h>'
-finds Source/Core/LmThing.cpp '  #  include "Core/LmThing.h"'
-finds Source/Core/LmThing.cpp '#include "LmElsewhere.h"'
-finds Source/Core/LmThing.cpp '#include <Presentation/Presenter.h>'
-finds Source/Core/LmThing.cpp '#ifdef __APPLE__'
-finds Source/Core/LmThing.cpp '#if defined(__linux__)'
-finds Source/Core/LmThing.cpp '#include <filesystem>'
-finds Source/Core/LmThing.cpp '    return theOptional.value();'
-finds Source/Core/LmThing.cpp '    return std::get<int>(theVariant);'
-finds Source/Core/LmThing.cpp '    const CGFloat theWidth = 1;'
-finds Source/Core/LmThing.cpp '    CFStringGetLongCharacterForSurrogatePair(theHigh, theLow);'
-finds Source/Core/LmThing.cpp '    throw 1;'
-finds Source/Controllers/LmController.h '#include "LmHidden.h"'
-finds Source/Controllers/LmController.h '#include <CoreFoundation/CFString.h>'
-finds Source/Core/LmThing.h '#include "LmController.h"'
-finds Source/Core/LmThing.cpp '#include "LmInside.h"'
-finds Platform/Carbon/Source/Events/Loop.cpp '#include "LmThing.h"'
-finds Platform/Carbon/Source/Events/Loop.cpp '#include <LmBindings/LmThing.h>'
-finds Platform/Carbon/Source/Events/Loop.cpp '#include <QWidget>'
-finds Platform/CoreFoundation/String.cpp '#include <Carbon/Carbon.h>'
-finds Platform/CoreFoundation/String.cpp '#include <CoreServices/CoreServices.h>'
-finds Platform/CoreServices/Memory.cpp '#include <Carbon/Carbon.h>'
-finds Platform/Carbon/Source/Windows/Window.cpp '#include "Toolbox/Cursors.h"'
-finds Platform/Carbon/Source/Toolbox/Cursors.cpp '#include "Input/Gate.h"'
-finds Platform/Presentation/Include/Presentation/Presenter.h '#include <Carbon/Carbon.h>'
-finds Platform/Presentation/Include/Presentation/Presenter.h '#include <QString>'
-finds Platform/Carbon/Source/Base/Table.h '#include "Events/Loop.h"'
-finds Platform/Carbon/Source/Base/Table.h '#include "Loop.h"'
-finds Platform/Common/Kept.h '#include "Base/Table.h"'
-finds Platform/Carbon/Source/Events/Loop.cpp '#include "Menus/Menu.h"'
-finds Platform/Carbon/Source/Events/Loop.cpp '#include "Table.h"'
-finds Platform/Carbon/Source/Events/Loop.cpp '#include <Simulation/Person.h>'
-finds Platform/Carbon/Source/Menus/Menu.cpp '#include "Windows/Window.h"'
-finds Platform/Carbon/Source/Windows/Window.cpp '#include "Kind.h"'
-finds Platform/Carbon/Source/Windows/Window.cpp '#include "Input/Gate.h"'
-finds Platform/Carbon/Source/Windows/ControlKinds/Kind.h '#include "Menus/Menu.h"'
-finds Platform/Carbon/Source/Base/Loop.h ''
-finds Platform/Presentation/Headless/Headless.cpp '#include <Carbon/Carbon.h>'
-finds Platform/Presentation/Headless/Headless.cpp '#include "Input/Gate.h"'
-finds Platform/Presentation/Headless/Headless.cpp '#include "Loop.h"'
-finds Platform/Presentation/Qt/QtWindow.cpp '#include <Carbon/Carbon.h>'
-finds Platform/Presentation/Qt/QtWindow.cpp '#include "Windows/Window.h"'
-finds Examples/Main.cpp '#include "EventQueue.h"'
-finds Examples/Main.cpp '#include <Windows/Windows.h>'
+fresh_tree
+breaks Source/Core/LmThing.cpp '#include <Carbon/CarbonEvents.h>'
+breaks Source/Core/LmThing.cpp '#include <unistd.h>'
+breaks Source/Core/LmThing.cpp '#include <unwind.h>'
+breaks Source/Core/LmThing.cpp '#include "LmJournalFile.h"'
+breaks Source/Inspection/LmJournalFile.h '#include <unwind.h>'
+breaks Source/Core/LmThing.cpp '  #  include "Core/LmThing.h"'
+breaks Source/Core/LmThing.cpp '#include "LmElsewhere.h"'
+breaks Source/Core/LmThing.cpp '#include <Presentation/Presenter.h>'
+breaks Source/Core/LmThing.cpp '#ifdef __APPLE__'
+breaks Source/Core/LmThing.cpp '#if defined(__linux__)'
+breaks Source/Core/LmThing.cpp '#include <filesystem>'
+breaks Source/Core/LmThing.cpp '    return theOptional.value();'
+breaks Source/Core/LmThing.cpp '    return std::get<int>(theVariant);'
+breaks Source/Core/LmThing.cpp '    const CGFloat theWidth = 1;'
+breaks Source/Core/LmThing.cpp '    CFStringGetLongCharacterForSurrogatePair(theHigh, theLow);'
+breaks Source/Core/LmThing.cpp '    throw 1;'
+breaks Source/Controllers/LmController.h '#include "LmHidden.h"'
+breaks Source/Controllers/LmController.h '#include <CoreFoundation/CFString.h>'
+breaks Source/Core/LmThing.h '#include "LmController.h"'
+breaks Source/Core/LmThing.cpp '#include "LmInside.h"'
+breaks Platform/Carbon/Source/Events/Loop.cpp '#include "LmThing.h"'
+breaks Platform/Carbon/Source/Events/Loop.cpp '#include <LmBindings/LmThing.h>'
+breaks Platform/Carbon/Source/Events/Loop.cpp '#include <QWidget>'
+breaks Platform/CoreFoundation/String.cpp '#include <Carbon/Carbon.h>'
+breaks Platform/CoreFoundation/String.cpp '#include <CoreServices/CoreServices.h>'
+breaks Platform/CoreServices/Memory.cpp '#include <Carbon/Carbon.h>'
+breaks Platform/Carbon/Source/Windows/Window.cpp '#include "Toolbox/Cursors.h"'
+breaks Platform/Carbon/Source/Toolbox/Cursors.cpp '#include "Input/Gate.h"'
+breaks Platform/Presentation/Include/Presentation/Presenter.h '#include <Carbon/Carbon.h>'
+breaks Platform/Presentation/Include/Presentation/Presenter.h '#include <QString>'
+breaks Platform/Carbon/Source/Base/Table.h '#include "Events/Loop.h"'
+breaks Platform/Carbon/Source/Base/Table.h '#include "Loop.h"'
+breaks Platform/Common/Kept.h '#include "Base/Table.h"'
+breaks Platform/Carbon/Source/Events/Loop.cpp '#include "Menus/Menu.h"'
+breaks Platform/Carbon/Source/Events/Loop.cpp '#include "Table.h"'
+breaks Platform/Carbon/Source/Events/Loop.cpp '#include <Simulation/Person.h>'
+breaks Platform/Carbon/Source/Menus/Menu.cpp '#include "Windows/Window.h"'
+breaks Platform/Carbon/Source/Windows/Window.cpp '#include "Kind.h"'
+breaks Platform/Carbon/Source/Windows/Window.cpp '#include "Input/Gate.h"'
+breaks Platform/Carbon/Source/Windows/ControlKinds/Kind.h '#include "Menus/Menu.h"'
+breaks Platform/Presentation/Headless/Headless.cpp '#include <Carbon/Carbon.h>'
+breaks Platform/Presentation/Headless/Headless.cpp '#include "Input/Gate.h"'
+breaks Platform/Presentation/Headless/Headless.cpp '#include "Loop.h"'
+breaks Platform/Presentation/Qt/QtWindow.cpp '#include <Carbon/Carbon.h>'
+breaks Platform/Presentation/Qt/QtWindow.cpp '#include "Windows/Window.h"'
+breaks Examples/Main.cpp '#include "EventQueue.h"'
+breaks Examples/Main.cpp '#include <Windows/Windows.h>'
+find_what_breaks
+
+# A name that two rooms give a file makes an include mean either.
+fresh_tree
+breaks Platform/Carbon/Source/Base/Loop.h ''
+find_what_breaks
 
 [ "$gFailures" -eq 0 ]
