@@ -10,27 +10,35 @@ A file that was found good is not read again while it, all that it includes, its
 linter stay the same: Tidy/Good in the build folder holds a mark for each. What a file includes is known from its
 build; one that was not built as it stands is read every time.
 
-Most of the time goes into the standard headers and the test framework. So files that lie side by side and are
-compiled alike are read as one, several at a time. That decides only what is good: where several together give a
-finding, or cannot be read together, each of them is read alone. The static analyzer follows calls, so it reads
-every file alone.
+Most of the time goes into the standard headers and the test framework. So files that are compiled alike are read
+as one, several at a time. That decides only what is good: where several together give a finding, or cannot be read
+together, they are halved until each is alone. The static analyzer follows calls, so it reads every file alone.
 """
 
 import concurrent.futures
+import functools
 import hashlib
+import itertools
 import json
 import os
 import re
+import shlex
 import subprocess
 import sys
-from collections import defaultdict
+from collections import Counter, defaultdict
 from pathlib import Path
 
 kRoot = Path(__file__).resolve().parent.parent
 kPlaces = ("Source/", "Platform/", "Tools/", "Examples/", "Tests/", "Benchmarks/")
 # GCC and clang know different warnings by name; those that clang does not know are no finding.
 kTidy = ["clang-tidy-14", "--quiet", "--extra-arg=-Wno-unknown-warning-option"]
+kMatching = "--checks=-clang-analyzer-*"
 kMostTogether = 8
+# A few functions have more paths than can ever be followed. The analyzer gives up on them after so many steps, a
+# fifth or so of its own limit: it takes less than half of the time, and every other function is read to its end.
+kDepth = [f"--extra-arg={theWord}" for theWord in ("-Xclang", "-analyzer-config", "-Xclang", "max-nodes=50000")]
+# Lines that begin with a word, at the outermost level, and name nothing that another file could name too.
+kDefinesNothing = r"(namespace|using|extern|static_assert|TEST|TYPED_TEST|INSTANTIATE_|LM_EXPORT$)"
 
 
 class Unit:
@@ -54,7 +62,9 @@ class Unit:
         for theLine in self.mPath.read_text().splitlines():
             if re.match(r"(class|struct|enum|union)\b[^;]*$", theLine):
                 theHead = re.split(r"[:{]", theLine)[0]
-            elif re.match(r"[A-Za-z_].*[^:]$|[A-Za-z_].*;$", theLine) and not re.match(r"(using|extern|TEST)", theLine):
+            elif re.match(kDefinesNothing, theLine):
+                continue
+            elif re.match(r"[A-Za-z_].*[^:]$|[A-Za-z_].*;$", theLine):
                 theHead = re.split(r"[(={\[;]", theLine)[0]
             elif theLine.startswith("#define "):
                 theHead = re.split(r"[ (]", theLine[8:])[0]
@@ -66,8 +76,24 @@ class Unit:
         return theNames
 
     def IsAlone(self):
-        """Tests are compiled with the test framework precompiled: that each includes it itself is seen only here."""
-        return self.mFile.startswith("Tests/") and "#include <gtest/gtest.h>" not in self.mPath.read_text()
+        """Tests are compiled with the test framework precompiled: one that uses it and forgets to include it would
+        go unseen beside one that does."""
+        return bool(re.search(r"\b(TEST|EXPECT_|ASSERT_|testing::)", self.mPath.read_text())) \
+            and not self.NamesFramework(self.mPath, set())
+
+    def NamesFramework(self, thePath, theSeen):
+        """Whether the file, or a file of the project that it names, includes the test framework."""
+        theSeen.add(thePath)
+        theText = thePath.read_text()
+        if re.search(r"^#include <g(test|mock)/", theText, re.M):
+            return True
+        theFiles = [self.Find(theName, thePath.parent) for theName in re.findall(r'^#include "([^"]+)"', theText, re.M)]
+        return any(self.NamesFramework(f, theSeen) for f in theFiles if f and f not in theSeen)
+
+    def Find(self, theName, theBeside):
+        """The file that is included in quotes by one in that folder, or None."""
+        theFolders = [theBeside, *(Path(theFolder) for theFolder in re.findall(r"-I ?(\S+)", self.mFlags))]
+        return next((f / theName for f in theFolders if (f / theName).is_file()), None)
 
 
 def ReadUnits(theBuild, thePlaces):
@@ -138,10 +164,13 @@ def ChangedFiles():
 
 
 def MakeGroups(theUnits):
-    """Files of one folder with one command, up to kMostTogether of them, none of which define the same name."""
+    """Files with one command and the same settings, up to kMostTogether of them, none of which define the same name."""
     theGroups = []
     for theUnit in theUnits:
-        theKind = (theUnit.mFlags, theUnit.mPath.parent)
+        # Headers of one name lie in several rooms, so files of two are not mixed. Examples are small, each in a folder
+        # of its own, and tests have few headers.
+        isMixed = theUnit.mFile.startswith(("Examples/", "Tests/"))
+        theKind = (theUnit.mFlags, theUnit.mFile.split("/")[0] if isMixed else theUnit.mPath.parent)
         theNames = theUnit.Names()
         for theGroup in theGroups:
             if theGroup["kind"] == theKind and len(theGroup["units"]) < kMostTogether \
@@ -163,6 +192,10 @@ def WriteTogether(thePath, theUnits):
     with thePath.open("w") as theOutput:
         for theUnit in theUnits:
             for theLine in theUnit.mPath.read_text().splitlines():
+                theQuoted = re.match(r'#include "([^"]+)"', theLine)
+                theFile = theQuoted and theUnit.Find(theQuoted.group(1), theUnit.mPath.parent)
+                if theFile:
+                    theLine = f'#include "{theFile.resolve()}"'
                 if theLine.startswith("#include ") and theFirst.setdefault(theLine, theUnit) is not theUnit:
                     theLine = ""
                 theOutput.write(theLine + "\n")
@@ -182,58 +215,65 @@ class Linter:
     def __init__(self, theWork, theUnits):
         self.mWork = theWork
         self.mGroups = MakeGroups(theUnits)
-        self.mDatabase = []
-        for theNumber, theGroup in enumerate(self.mGroups):
-            for theUnit in theGroup:
-                self.Enter(theUnit, theUnit.mPath)
-            if len(theGroup) > 1:
-                thePath = self.Together(theNumber)
-                WriteTogether(thePath, theGroup)
-                self.Enter(theGroup[0], thePath)
-        (theWork / "compile_commands.json").write_text(json.dumps(self.mDatabase))
+        self.mNumbers = itertools.count()
         for theSettings in [kRoot / ".clang-tidy"] + list(kRoot.glob("*/.clang-tidy")):
             theCopy = theWork / theSettings.relative_to(kRoot)
             theCopy.parent.mkdir(exist_ok=True)
             theCopy.write_bytes(theSettings.read_bytes())
 
-    def Together(self, theNumber):
-        theFolder = self.mGroups[theNumber][0].mFile.split("/")[0]
-        return self.mWork / theFolder / f"Together{theNumber}.cpp"
-
-    def Enter(self, theUnit, thePath):
-        theCommand = f"{theUnit.mFlags} -iquote {theUnit.mPath.parent} -c {thePath}"
-        self.mDatabase.append({"directory": theUnit.mFolder, "command": theCommand, "file": str(thePath)})
-
-    def Run(self, thePath, *theOptions):
-        theRun = subprocess.run(kTidy + ["-p", str(self.mWork), *theOptions, str(thePath)],
-                                capture_output=True, text=True, cwd=kRoot)
+    def Run(self, theUnit, thePath, *theOptions):
+        """Whether clang-tidy finds nothing in that text, compiled as that file is, and what it says."""
+        theCommand = [*kTidy, *kDepth, *theOptions, str(thePath), "--", *shlex.split(theUnit.mFlags)[1:]]
+        theRun = subprocess.run(theCommand, capture_output=True, text=True, cwd=theUnit.mFolder)
         return theRun.returncode == 0, theRun.stdout + theRun.stderr
 
-    def Read(self, theNumber):
-        """Whether the matching checks find nothing in a group, and the file of the group that they do in."""
-        theGroup = self.mGroups[theNumber]
-        if len(theGroup) > 1 and self.Run(self.Together(theNumber), "--checks=-clang-analyzer-*")[0]:
-            return {}
-        return {theUnit: theText for theUnit in theGroup
-                for isGood, theText in [self.Run(theUnit.mPath, "--checks=-clang-analyzer-*")] if not isGood}
-
-    def Analyze(self, theUnit):
-        isGood, theText = self.Run(theUnit.mPath, "--checks=" + AnalyzerChecks())
+    def ReadAlone(self, theUnit, *theOptions):
+        isGood, theText = self.Run(theUnit, theUnit.mPath, *theOptions)
         return {} if isGood else {theUnit: theText}
 
-    def Findings(self):
-        """The files with findings, and those."""
-        theFindings = defaultdict(str)
+    def Read(self, theUnits):
+        """The findings of the matching checks. What is not good together is halved until each is alone."""
+        if len(theUnits) == 1:
+            return self.ReadAlone(theUnits[0], kMatching)
+        thePath = self.mWork / theUnits[0].mFile.split("/")[0] / f"Together{next(self.mNumbers)}.cpp"
+        WriteTogether(thePath, theUnits)
+        if self.Run(theUnits[0], thePath, kMatching)[0]:
+            return {}
+        theMiddle = len(theUnits) // 2
+        return {**self.Read(theUnits[:theMiddle]), **self.Read(theUnits[theMiddle:])}
+
+    def Analyze(self, theUnit):
+        return self.ReadAlone(theUnit, "--checks=" + AnalyzerChecks())
+
+    def Work(self):
+        """What is to be done: a function, and the files that it judges. Each file is in one piece or in two."""
+        theTogether = [theGroup for theGroup in self.mGroups if len(theGroup) > 1]
+        for theGroup in theTogether:
+            yield functools.partial(self.Read, theGroup), theGroup
+        # What takes longest comes first, so that no processor has nothing left to do in the end.
+        theUnits = [theUnit for theGroup in theTogether for theUnit in theGroup if HasAnalyzer(theUnit.mFile)]
+        for theUnit in sorted(theUnits, key=lambda theUnit: -theUnit.mPath.stat().st_size):
+            yield functools.partial(self.Analyze, theUnit), [theUnit]
+        # A file that is alone anyway is read once for everything.
+        for theGroup in self.mGroups:
+            if len(theGroup) == 1:
+                yield functools.partial(self.ReadAlone, theGroup[0]), theGroup
+
+    def Findings(self, theMark):
+        """The files with findings. Each file that has none is given to theMark as soon as that is known."""
+        theWork = list(self.Work())
+        theOpen = Counter(theUnit for _, theUnits in theWork for theUnit in theUnits)
+        theFindings = set()
         with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as thePool:
-            theUnits = [theUnit for theGroup in self.mGroups for theUnit in theGroup if HasAnalyzer(theUnit.mFile)]
-            # What takes longest comes first, so that no processor has nothing left to do in the end.
-            theUnits.sort(key=lambda theUnit: -theUnit.mPath.stat().st_size)
-            theWork = [thePool.submit(self.Read, theNumber) for theNumber in range(len(self.mGroups))]
-            theWork += [thePool.submit(self.Analyze, theUnit) for theUnit in theUnits]
-            for thePart in theWork:
-                for theUnit, theText in thePart.result().items():
-                    theFindings[theUnit] += theText
+            theRuns = {thePool.submit(theRead): theUnits for theRead, theUnits in theWork}
+            for theRun in concurrent.futures.as_completed(theRuns):
+                theFindings |= set(theRun.result())
+                for theText in theRun.result().values():
                     print(theText, flush=True)
+                for theUnit in theRuns[theRun]:
+                    theOpen[theUnit] -= 1
+                    if theOpen[theUnit] == 0 and theUnit not in theFindings:
+                        theMark(theUnit)
         return theFindings
 
 
@@ -251,10 +291,12 @@ def Main(theArguments):
     theMarks = theBuild / "Tidy" / "Good"
     theMarks.mkdir(parents=True, exist_ok=True)
     theUnread = [u for u in theUnits if u.mKey is None or not (theMarks / u.mKey).exists()]
-    theFindings = Linter(theBuild / "Tidy", theUnread).Findings()
-    for theUnit in theUnread:
-        if theUnit.mKey and theUnit not in theFindings:
+
+    def Mark(theUnit):
+        if theUnit.mKey:
             (theMarks / theUnit.mKey).touch()
+
+    theFindings = Linter(theBuild / "Tidy", theUnread).Findings(Mark)
     print(f"{len(theUnits)} files, {len(theUnread)} of them read, {len(theFindings)} with findings")
     return 1 if theFindings else 0
 
