@@ -22,11 +22,6 @@ namespace Inspect {
 class Graph
 {
 public:
-    void Take(const Entry& theEntry);
-    // In Graphviz's language.
-    void Write(std::ostream& theOutput) const;
-
-private:
     struct Box
     {
         Object theObject;
@@ -44,6 +39,17 @@ private:
     using Observation = std::tuple<std::uint64_t, std::string, std::uint64_t>;
     using Dependency = std::tuple<std::uint64_t, std::string, std::string>;
 
+    void Take(const Entry& theEntry);
+    // In Graphviz's language.
+    void Write(std::ostream& theOutput) const;
+
+    // The objects that there are, by their numbers; the bindings, by the numbers of their records.
+    const std::map<std::uint64_t, Box>& GetBoxes() const { return mBoxes; }
+    const std::map<std::uint64_t, Arrow>& GetArrows() const { return mArrows; }
+    const std::set<Observation>& GetObservations() const { return mObservations; }
+    const std::set<Dependency>& GetDependencies() const { return mDependencies; }
+
+private:
     Box* Meet(const Object& theObject);
     void TakeKey(const Entry& theEntry);
     void TakeLink(const Entry& theEntry);

@@ -21,7 +21,7 @@ enum Letter : int
 {
     kHelp = 'h',
     kVersion = 'V',
-    kObject = 'o',
+    kObject = 'O',
     kKey = 'k',
     kKind = 'K',
     kCaller = 'c',
@@ -32,7 +32,8 @@ enum Letter : int
     kCallers = 'C',
     kNth = 'n',
     kAt = 't',
-    kDot = 'd'
+    kDot = 'd',
+    kOutput = 'o'
 };
 
 struct CommandName
@@ -42,13 +43,14 @@ struct CommandName
     std::string_view theLetters; // of the options that it has
 };
 
-constexpr std::array<CommandName, 5> kCommands = {{{"log", Command::Log, "okKcsuawC"},
+constexpr std::array<CommandName, 6> kCommands = {{{"log", Command::Log, "OkKcsuawC"},
                                                    {"why", Command::Why, "n"},
                                                    {"graph", Command::Graph, "td"},
+                                                   {"page", Command::Page, "o"},
                                                    {"lint", Command::Lint, ""},
                                                    {"diff", Command::Diff, ""}}};
 
-const std::array<option, 15> kOptions = {{{"help", no_argument, nullptr, kHelp},
+const std::array<option, 16> kOptions = {{{"help", no_argument, nullptr, kHelp},
                                           {"version", no_argument, nullptr, kVersion},
                                           {"object", required_argument, nullptr, kObject},
                                           {"key", required_argument, nullptr, kKey},
@@ -62,6 +64,7 @@ const std::array<option, 15> kOptions = {{{"help", no_argument, nullptr, kHelp},
                                           {"nth", required_argument, nullptr, kNth},
                                           {"at", required_argument, nullptr, kAt},
                                           {"dot", no_argument, nullptr, kDot},
+                                          {"output", required_argument, nullptr, kOutput},
                                           {nullptr, 0, nullptr, 0}}};
 
 std::vector<std::string> CommandNames()
@@ -146,6 +149,9 @@ std::string TakeOption(int theLetter, const std::string& theText, Options& theOp
     case kDot:
         theOptions.theGraph.isDot = true;
         return {};
+    case kOutput:
+        theOptions.thePage = theText;
+        return theText.empty() ? "--output needs the name of a file" : std::string();
     default:
         return {};
     }
@@ -190,7 +196,7 @@ public:
 
     int Next()
     {
-        return getopt_long(static_cast<int>(mTexts.size()), mPointers.data(), ":hV", kOptions.data(),
+        return getopt_long(static_cast<int>(mTexts.size()), mPointers.data(), ":hVo:", kOptions.data(),
                            nullptr);
     }
 
@@ -336,6 +342,7 @@ std::string GetUsage()
            "       lminspect why [--nth=N] OBJECT.KEY [JOURNAL]\n"
            "       lminspect why not OBJECT.KEY [JOURNAL]\n"
            "       lminspect graph [--at=N] [--dot] [JOURNAL]\n"
+           "       lminspect page [-o FILE] [JOURNAL]\n"
            "       lminspect lint [JOURNAL]\n"
            "       lminspect diff JOURNAL JOURNAL\n"
            "\n"
@@ -362,6 +369,10 @@ std::string GetUsage()
            "graph: a picture (SVG) of the objects, their keys and bindings\n"
            "  --at=N          as it was at entry N\n"
            "  --dot           in Graphviz's language instead\n"
+           "\n"
+           "page: a page for a browser: the graph, to be stepped through, with all causes\n"
+           "  -o, --output=FILE\n"
+           "                  into this file instead of the standard output\n"
            "\n"
            "lint: what is probably wrong in the program\n"
            "\n"

@@ -22,6 +22,7 @@ enum class Command : std::uint8_t
     Why,
     WhyNot,
     Graph,
+    Page,
     Lint,
     Diff
 };
@@ -35,6 +36,7 @@ struct Options
     std::uint64_t theTime = 0;   // which value of it, counted from 1; 0 is the last one
     LogOptions theLog;
     GraphOptions theGraph;
+    std::string thePage;  // the file that page writes; empty for the standard output
     std::string theError; // what is wrong with the command line; empty when nothing is
 };
 

@@ -3,6 +3,7 @@
 #ifndef Picture_h
 #define Picture_h
 
+#include <chrono>
 #include <iosfwd>
 #include <string>
 
@@ -11,6 +12,11 @@ namespace Inspect {
 // Lets Graphviz's program `dot`, which it finds by PATH, draw theGraph, and writes the SVG to theOutput.
 // Returns what went wrong; empty when nothing did.
 std::string DrawPicture(const std::string& theGraph, std::ostream& theOutput);
+
+// Lets `dot` only find places for theGraph's boxes and lines, for no longer than theLimit. theResult is its
+// plain-ext output. Returns what went wrong, as a sentence for a person who looks at something else instead.
+std::string FindPlaces(const std::string& theGraph, std::chrono::milliseconds theLimit,
+                       std::string& theResult);
 
 } // namespace Inspect
 

@@ -8,6 +8,7 @@
 #include "Lint.h"
 #include "Log.h"
 #include "Options.h"
+#include "Page.h"
 #include "Status.h"
 #include "Why.h"
 #include "WhyNot.h"
@@ -29,6 +30,9 @@ int RunCommand(const Options& theOptions, std::ostream& theOutput, std::ostream&
     }
     if (theOptions.theCommand == Command::Graph) {
         return RunGraph(theJournal, theOptions.theGraph, theOutput, theErrors);
+    }
+    if (theOptions.theCommand == Command::Page) {
+        return RunPage(theJournal, theOptions.thePage, theOutput, theErrors);
     }
     if (theOptions.theCommand == Command::Lint) {
         return RunLint(theJournal, theOutput, theErrors);

@@ -48,7 +48,6 @@ private:
     void TellLine(const Entry& theEntry);
     void TellDetail(const std::string& theText) { mOutput << "           " << theText << "\n"; }
     std::string HowSet(std::size_t theIndex);
-    std::string ByWhom(const Entry& theEntry);
     std::string SayBeginning();
 
     const Steps& mSteps;
@@ -58,41 +57,15 @@ private:
     std::ostream& mOutput;
 };
 
-std::string Teller::ByWhom(const Entry& theEntry)
-{
-    const std::string theCaller = mCallers.ShowInnermost(theEntry);
-    return theCaller.empty() ? std::string() : ": " + theCaller;
-}
-
 // Who set the key of a change.
 std::string Teller::HowSet(std::size_t theIndex)
 {
     const Entry& theEntry = mSteps[theIndex].theEntry;
     if (theIndex == 0) {
-        return mIsComplete ? "set by the program's own code" + ByWhom(theEntry) : std::string();
+        return mIsComplete ? SayHowSet(theEntry, nullptr, nullptr, mCallers) : std::string();
     }
-    const Entry& theCause = mSteps[theIndex - 1].theEntry;
-    switch (theCause.theWhat) {
-    case What::Update: {
-        const bool isTransformed = theIndex > 1 && mSteps[theIndex - 2].theEntry.theWhat == What::Transform;
-        return "bound to " + ShowKey(theCause.theOther, theCause.theOtherKey) +
-               (isTransformed ? ", through a transform" : ", as it is");
-    }
-    case What::Event:
-        if (theCause.theObject.theID == theEntry.theObject.theID) {
-            return "copied from its " + WhatItStandsFor(theEntry.theObject) + ", which had changed";
-        }
-        return "set by code that handled the event" + ByWhom(theEntry);
-    case What::Changing:
-    case What::Changed:
-    case What::Told:
-    case What::Notify:
-        return "set by an observer of " + ShowKey(theCause.theObject, theCause.theKey) + ByWhom(theEntry);
-    case What::Action:
-        return "set by code that handled what the person did" + ByWhom(theEntry);
-    default:
-        return "set by the program's own code" + ByWhom(theEntry);
-    }
+    return SayHowSet(theEntry, &mSteps[theIndex - 1].theEntry,
+                     theIndex > 1 ? &mSteps[theIndex - 2].theEntry : nullptr, mCallers);
 }
 
 void Teller::TellLine(const Entry& theEntry)
@@ -176,6 +149,34 @@ Story FindStory(Journal& theJournal, const Target& theTarget, std::uint64_t theT
 }
 
 } // namespace
+
+std::string SayHowSet(const Entry& theEntry, const Entry* theCause, const Entry* theFurtherCause,
+                      Callers& theCallers)
+{
+    const std::string theCaller = theCallers.ShowInnermost(theEntry);
+    const std::string theByWhom = theCaller.empty() ? theCaller : ": " + theCaller;
+    switch (theCause == nullptr ? What::Unknown : theCause->theWhat) {
+    case What::Update: {
+        const bool isTransformed = theFurtherCause != nullptr && theFurtherCause->theWhat == What::Transform;
+        return "bound to " + ShowKey(theCause->theOther, theCause->theOtherKey) +
+               (isTransformed ? ", through a transform" : ", as it is");
+    }
+    case What::Event:
+        if (theCause->theObject.theID == theEntry.theObject.theID) {
+            return "copied from its " + WhatItStandsFor(theEntry.theObject) + ", which had changed";
+        }
+        return "set by code that handled the event" + theByWhom;
+    case What::Changing:
+    case What::Changed:
+    case What::Told:
+    case What::Notify:
+        return "set by an observer of " + ShowKey(theCause->theObject, theCause->theKey) + theByWhom;
+    case What::Action:
+        return "set by code that handled what the person did" + theByWhom;
+    default:
+        return "set by the program's own code" + theByWhom;
+    }
+}
 
 int RunWhy(Journal& theJournal, const std::string& theName, std::uint64_t theTime, std::ostream& theOutput,
            std::ostream& theErrors)

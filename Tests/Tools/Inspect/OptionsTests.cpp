@@ -28,6 +28,20 @@ TEST(Options, MayStandAnywhere)
     EXPECT_EQ(theOptions.theLog.theFilter.theKinds, (std::set<What>{What::Changed, What::Equal}));
 }
 
+TEST(Options, SayWhereAPageGoes)
+{
+    const Options theOptions = ReadOptions({"page", "-o", "a.html", "a.journal"});
+    EXPECT_EQ(theOptions.theError, "");
+    EXPECT_EQ(theOptions.theCommand, Command::Page);
+    EXPECT_EQ(theOptions.thePage, "a.html");
+    EXPECT_EQ(theOptions.theJournal, "a.journal");
+    EXPECT_EQ(ReadOptions({"page", "--output=b.html"}).thePage, "b.html");
+    EXPECT_EQ(ReadOptions({"page"}).thePage, "");
+    EXPECT_EQ(ErrorOf({"page", "--output="}), "--output needs the name of a file");
+    EXPECT_EQ(ErrorOf({"page", "-o"}), "-o needs a value");
+    EXPECT_EQ(ErrorOf({"log", "-o", "a"}), "log has no option --output");
+}
+
 TEST(Options, EndAtTwoDashes)
 {
     const Options theOptions = ReadOptions({"log", "--", "--all"});

@@ -97,6 +97,17 @@ fi
 expect 2 graph --at=0 "$gFolder/journal"
 says err "no number from 1 on"
 
+# The page in a file and on the standard output is the same, and a pipe is as good as a file.
+expect 0 page -o "$gFolder/page" "$gFolder/journal"
+is_silent out
+is_silent err
+expect 0 page "$gFolder/journal"
+cmp -s "$gFolder/out" "$gFolder/page" || fail "a page on the standard output"
+cat "$gFolder/journal" | "$kProgram" page | grep -q '^</html>' || fail "a page, from a pipe"
+PATH=/nowhere "$kProgram" page "$gFolder/journal" | /usr/bin/grep -q 'dot is not installed' || fail "a page without Graphviz"
+expect 2 page -o "$gFolder/no/page" "$gFolder/journal"
+says err "cannot be written: No such file or directory"
+
 expect 0 diff "$gFolder/journal" "$gFolder/journal"
 is_silent out
 expect 1 diff "$gFolder/journal" "$gFolder/misspelt"
@@ -135,5 +146,7 @@ completes "log lint" l
 completes "--object=" log --ob
 completes changing log --kind = changi
 completes "$gFolder/journal" log "$gFolder/jour"
+completes page pa
+completes "$gFolder/page" page -o "$gFolder/pag"
 
 [ "$gFailures" -eq 0 ]

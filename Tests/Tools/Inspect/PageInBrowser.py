@@ -1,0 +1,380 @@
+#!/usr/bin/env python3
+# LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+"""PageInBrowser.py <lminspect> <root of the project> <folder>: a person uses the page of a journal.
+
+The pages, with 10 and with 2,000 objects and of a journal that means harm, are opened in Chromium, clicked and used by
+keyboard, light and dark, narrow and wide. The pictures that it takes stay in the folder. Without Chromium the status is
+77: skipped.
+"""
+
+import importlib.util
+import json
+import os
+import re
+import subprocess
+import sys
+import unittest
+
+from Browser import SHIFT, Browser, find_program
+
+gProgram, gRoot, gFolder = (os.path.abspath(argument) for argument in sys.argv[1:4])
+
+HOSTILE = ["</script><script>document.title = 'taken'</script>", "<img src=x onerror=\"document.title = 'taken'\">",
+           "a\u2028b\u2029c", "\"'`\\${1}&amp;", "bell\u0007\u001b[2J\u0000", "right\u202eleft", "x" * 5000]
+
+# The least contrast of the texts that can be seen, and where: what is large may have less.
+CONTRAST = """(() => {
+    const canvas = document.createElement("canvas").getContext("2d", {willReadFrequently: true});
+    const colour = text => {
+        canvas.clearRect(0, 0, 1, 1); canvas.fillStyle = "#000"; canvas.fillStyle = text; canvas.fillRect(0, 0, 1, 1);
+        const [r, g, b, a] = canvas.getImageData(0, 0, 1, 1).data; return [r, g, b, a / 255];
+    };
+    const over = (top, below) => [0, 1, 2].map(i => top[i] * top[3] + below[i] * (1 - top[3])).concat(1);
+    const light = c => [0.2126, 0.7152, 0.0722].reduce((sum, weight, i) => {
+        const part = c[i] / 255; return sum + weight * (part <= 0.03928 ? part / 12.92 : ((part + 0.055) / 1.055) ** 2.4); }, 0);
+    const ground = element => {
+        const own = colour(getComputedStyle(element).backgroundColor);
+        return own[3] === 1 || !element.parentElement ? own : over(own, ground(element.parentElement));
+    };
+    let worst = [99, ""];
+    const walker = document.createTreeWalker(document.body, NodeFilter.SHOW_TEXT);
+    while (walker.nextNode()) {
+        const element = walker.currentNode.parentElement;
+        const style = getComputedStyle(element);
+        if (!walker.currentNode.textContent.trim() || !element.checkVisibility({visibilityProperty: true}) || element.closest("button:disabled, script, .unseen, .skip")) continue;
+        const isSvg = element instanceof SVGElement;
+        const back = ground(isSvg ? document.getElementById("graph") : element);
+        const [a, b] = [light(over(colour(isSvg ? style.fill : style.color), back)), light(back)].sort((x, y) => y - x);
+        const size = parseFloat(style.fontSize);
+        const isLarge = size >= 24 || (size >= 18.66 && style.fontWeight >= 700);
+        const ratio = (a + 0.05) / (b + 0.05) * (isLarge ? 1.5 : 1);
+        if (ratio < worst[0]) worst = [ratio, element.tagName + "." + element.className.baseVal + "." + element.className + ": " + walker.currentNode.textContent.slice(0, 40)];
+    }
+    return worst;
+})()"""
+
+NAMELESS = """[...document.querySelectorAll("button, input, [role=button], [role=tab], [role=tabpanel], [tabindex='0'], section")].filter(
+    element => element.checkVisibility() && !element.getAttribute("aria-label") && !element.getAttribute("aria-labelledby") &&
+        !element.labels?.length && !element.textContent.trim()).map(element => element.outerHTML)"""
+
+
+def load_maker():
+    path = os.path.join(gRoot, "Tools", "Inspect", "MakeJournal.py")
+    spec = importlib.util.spec_from_file_location("MakeJournal", path)
+    module = importlib.util.module_from_spec(spec)
+    spec.loader.exec_module(module)
+    return module
+
+
+def make_page(name, lines):
+    journal = os.path.join(gFolder, name + ".journal")
+    with open(journal, "w", encoding="utf-8") as file:
+        file.write("\n".join(lines) + "\n")
+    page = os.path.join(gFolder, name + ".html")
+    subprocess.run([gProgram, "page", "-o", page, journal], check=True)
+    return page
+
+
+def make_journal(objects, drags):
+    """A journal of so many objects, of which the last is bound to nothing."""
+    module = load_maker()
+    maker = module.Maker(objects // 3)
+    maker.begin()
+    for number in range(objects // 3 * 3, objects):
+        maker.entry(0, "made", '"object":%s,"role":"store"' % module.thing(number + 1, "Store", "store %d" % number))
+    for drag in range(drags):
+        maker.drag(drag % (objects // 3))
+    maker.entry(0, "end", '"lost":0')
+    return maker.lines
+
+
+def make_hostile():
+    lines = make_journal(3, 1)[:-1]
+    first = len(lines) + 1
+    for number, text in enumerate(HOSTILE):
+        thing = {"id": 50 + number, "class": text, "name": text}
+        lines.append(json.dumps({"n": first + 2 * number, "t": 9000000, "what": "changed", "object": thing, "key": text,
+                                 "was": {"kind": "string", "value": text[::-1]}, "is": {"kind": "string", "value": text}}))
+        lines.append(json.dumps({"n": first + 1 + 2 * number, "t": 9000000, "what": "diagnostic", "file": text, "line": 1,
+                                 "message": text}))
+    return lines
+
+
+def values_at(lines, number):
+    """Each key's value behind the entry with this number: what the page must show, told from the journal itself."""
+    values = {}
+    for line in lines:
+        entry = json.loads(line)
+        if entry["n"] > number:
+            break
+        if entry["what"] == "changed":
+            value = entry["is"]["value"]
+            values[entry["object"]["name"] + "." + entry["key"]] = json.dumps(value)
+    return values
+
+
+class PageTest(unittest.TestCase):
+    def open(self, name, fragment="", **looks):
+        gBrowser.show(**{"width": 1440, "height": 900, **looks})
+        gBrowser.open(gPages[name], fragment)
+
+    def tearDown(self):
+        troubles, gBrowser.troubles = gBrowser.troubles, []
+        self.assertEqual(troubles, [])
+
+    def number(self):
+        return int(re.match(r"Entry (\d+)", gBrowser.text("#when"))[1])
+
+    def press(self, *keys, modifiers=0):
+        for key in keys:
+            gBrowser.press(key, modifiers)
+
+    def lit(self):
+        return gBrowser.js("[...document.querySelectorAll('.card.lit b')].map(element => element.textContent)")
+
+    def shown_values(self):
+        """What the cards show, but for what is about nothing."""
+        return gBrowser.js("""Object.fromEntries([...document.querySelectorAll(".card")].flatMap(card =>
+            [...card.querySelectorAll(".key")].map(row => [card.querySelector("b").textContent + "." + row.querySelector(".name").textContent,
+                row.querySelector(".now").textContent])).filter(([, value]) => value !== "–"))""")
+
+    def test_steps_are_taken_by_buttons_and_keys(self):
+        self.open("ten", "#entry=60")
+        at_first = self.shown_values()
+        first = self.number()
+        gBrowser.click("#forward")
+        second = self.number()
+        self.press("ArrowRight")
+        third = self.number()
+        self.assertLess(first, second)
+        self.assertLess(second, third)
+        self.press("ArrowLeft")
+        self.assertEqual(self.number(), second)
+        gBrowser.click("#back")
+        self.assertEqual(self.number(), first)
+        self.assertEqual(self.shown_values(), at_first)
+        self.press("End")
+        last = self.number()
+        self.press("ArrowRight")
+        self.assertEqual(self.number(), last)
+        self.press("Home")
+        beginning = self.number()
+        gBrowser.click("#last")
+        self.assertEqual(self.number(), last)
+        gBrowser.click("#first")
+        self.assertEqual(self.number(), beginning)
+        self.assertLess(beginning, first)
+
+    def test_every_value_is_what_the_journal_says(self):
+        self.open("ten")
+        numbers = [json.loads(line)["n"] for line in gJournals["ten"]]
+        for place in (len(numbers) - 1, 3, 100, 40, 41, 200, 199, 60, 300):
+            gBrowser.js(f"location.hash = '#entry={numbers[place]}'")
+            gBrowser.js("new Promise(done => setTimeout(done, 0))")
+            self.assertEqual(self.number(), numbers[place])
+            expected = values_at(gJournals["ten"], numbers[place])
+            shown = self.shown_values()
+            self.assertEqual({key: shown.get(key) for key in expected}, expected)
+
+    def test_a_step_lights_up_what_it_is_about(self):
+        self.open("ten")
+        self.assertEqual(gBrowser.text("#what .object"), self.lit()[0])
+        self.assertEqual(len(self.lit()), 1)
+        row = gBrowser.text(".card.lit .key.lit")
+        self.assertIn(gBrowser.text("#what .old"), row)
+        self.assertIn(gBrowser.text("#what .new"), row)
+        self.assertEqual(gBrowser.js("document.querySelectorAll('.wire.lit').length"), 1)
+        self.assertGreater(gBrowser.js("document.querySelectorAll('.card.way').length"), 0)
+        gBrowser.picture(os.path.join(gFolder, "TenLight.png"))
+
+    def test_causes_are_followed(self):
+        self.open("ten")
+        self.assertIn("bound to model", gBrowser.text("#why"))
+        self.assertIn("a person dragged the mouse", gBrowser.text("#why .root"))
+        last = self.number()
+        self.press("c")
+        self.assertIn("Transform", gBrowser.text("#what"))
+        gBrowser.click("#causes .row")
+        self.assertIn("a person dragged the mouse", gBrowser.text("#what"))
+        self.assertEqual(gBrowser.js("document.querySelectorAll('#causes .row.way').length"), 1)
+        self.press("PageDown")
+        self.assertEqual(self.number(), last, "the last row of the tree")
+        self.press("p")
+        self.assertLess(self.number(), last)
+        self.press("n")
+        self.assertEqual(self.number(), last)
+        self.press("ArrowLeft", modifiers=SHIFT)
+        self.assertEqual(gBrowser.js("document.querySelector('#causes .row.active').getAttribute('aria-level')"), "1")
+
+    def test_the_slider_is_a_slider(self):
+        self.open("ten", "#entry=60")
+        gBrowser.js("document.getElementById('slider').focus()")
+        number = self.number()
+        self.press("ArrowRight")
+        self.assertLess(number, self.number())
+        self.assertIn(" of ", gBrowser.js("document.getElementById('slider').getAttribute('aria-valuetext')"))
+        gBrowser.click("#slider")
+        position, count = (int(word) for word in re.findall(r"\d+", gBrowser.text("#position")))
+        self.assertAlmostEqual(position / count, 0.5, delta=0.05)
+
+    def test_the_search_finds_objects_keys_and_entries(self):
+        self.open("ten")
+        self.press("/")
+        gBrowser.write("slider 2")
+        kinds = gBrowser.js("[...document.querySelectorAll('.hit small')].map(element => element.textContent)")
+        self.assertEqual(set(kinds), {"object", "key", "entry"})
+        self.press("ArrowDown", "Enter")
+        self.assertEqual(gBrowser.text(".card.chosen b"), "slider 2")
+        self.assertEqual(gBrowser.js("document.querySelectorAll('#keys .space .row').length"), 1, "only its keys are shown")
+        self.press("Escape")
+        self.assertIsNone(gBrowser.js("document.querySelector('.card.chosen')"))
+        self.press("/")
+        gBrowser.js("document.getElementById('search').select()")
+        gBrowser.write("text 1.value: \"3\"")
+        gBrowser.click(".hit")
+        self.assertIn('text 1.value "3"', gBrowser.text("#what"))
+        self.press("/")
+        gBrowser.js("document.getElementById('search').select()")
+        gBrowser.write("no such thing")
+        self.assertIn("Nothing", gBrowser.text("#hits"))
+        self.press("Escape")
+        self.assertFalse(gBrowser.js("document.getElementById('hits').checkVisibility()"))
+
+    def test_tables_are_read_and_sorted(self):
+        self.open("ten")
+        gBrowser.click("#tabKeys")
+        self.press("ArrowRight")
+        self.assertEqual(gBrowser.js("document.activeElement.id"), "tabObjects")
+        self.assertEqual(gBrowser.js("document.getElementById('objects').getAttribute('aria-rowcount')"), "11")
+        gBrowser.click("#objects .head .object button")
+        gBrowser.click("#objects .head .object button")
+        names = gBrowser.js("[...document.querySelectorAll('#objects .space .object')].map(element => element.textContent)")
+        self.assertEqual(names, sorted(names, reverse=True))
+        gBrowser.click("#objects .space .row")
+        self.assertEqual(gBrowser.text(".card.chosen b"), "text 2")
+        gBrowser.click("#tabKeys")
+        gBrowser.click("#keysNote button")
+        self.assertIsNone(gBrowser.js("document.querySelector('.card.chosen')"))
+        gBrowser.click("#keys .space .row .link")
+        self.assertEqual(str(self.number()), gBrowser.text("#keys .space .row .link"))
+
+    def test_the_graph_is_used_by_keyboard_and_mouse(self):
+        self.open("ten")
+        gBrowser.js("document.getElementById('graph').focus()")
+        self.press("ArrowDown", "ArrowDown", "Enter")
+        chosen = gBrowser.text(".card.chosen b")
+        self.assertEqual(gBrowser.js("document.activeElement.getAttribute('aria-pressed')"), "true")
+        self.assertNotEqual(gBrowser.js("getComputedStyle(document.activeElement).outlineStyle"), "none")
+        self.press("Escape")
+        gBrowser.click(".card .head")
+        self.assertNotEqual(gBrowser.text(".card.chosen b"), chosen)
+        width = gBrowser.js("document.getElementById('canvas').offsetWidth")
+        self.press("+")
+        self.assertGreater(gBrowser.js("document.getElementById('canvas').offsetWidth"), width)
+        gBrowser.click("#fit")
+        self.assertEqual(gBrowser.js("document.getElementById('canvas').offsetWidth"), width)
+        gBrowser.click("#near")
+        self.assertLess(gBrowser.js("document.querySelectorAll('.card').length"), 10)
+
+    def test_every_entry_can_be_seen(self):
+        self.open("ten", "#entry=60")
+        _, few = gBrowser.text("#position").split(" of ")
+        gBrowser.click("#all")
+        _, many = gBrowser.text("#position").split(" of ")
+        self.assertEqual(int(many.replace(",", "")), len(gJournals["ten"]))
+        self.assertLess(int(few.replace(",", "")), int(many.replace(",", "")))
+        self.press("Home")
+        self.assertEqual(self.number(), 1)
+        self.assertEqual(gBrowser.js("document.querySelectorAll('.card:not(.absent)').length"), 0, "nothing is made yet")
+
+    def test_findings_lead_to_their_entries(self):
+        self.open("thousands")
+        gBrowser.click("#tabFindings")
+        number = int(gBrowser.text("#findings li button").split()[1])
+        gBrowser.click("#findings li button")
+        self.assertEqual(self.number(), number)
+        self.assertIn("finding: never-set", gBrowser.text("#mark"))
+
+    def test_the_shortcuts_are_shown(self):
+        self.open("ten")
+        self.press("?")
+        self.assertTrue(gBrowser.js("document.getElementById('keysHelp').open"))
+        number = self.number()
+        self.press("ArrowLeft")
+        self.assertEqual(self.number(), number, "no step behind a dialog")
+        self.press("Escape")
+        self.assertFalse(gBrowser.js("document.getElementById('keysHelp').open"))
+
+    def test_two_thousand_objects_are_few_elements(self):
+        self.open("thousands")
+        self.assertIn("more than 300 objects", gBrowser.text("#graphNote"))
+        gBrowser.click("#tabObjects")
+        self.assertEqual(gBrowser.js("document.getElementById('objects').getAttribute('aria-rowcount')"), "2001")
+        self.assertLess(gBrowser.js("document.querySelectorAll('*').length"), 6000)
+        gBrowser.js("document.getElementById('objects').focus()")
+        self.press("End")
+        self.assertEqual(gBrowser.text("#objects .row.active .object"), "store 1999")
+        self.press("Enter")
+        self.assertIn("store 1999", gBrowser.js("[...document.querySelectorAll('.card b')].map(element => element.textContent)"))
+        self.press("Home", "Escape")
+        gBrowser.click("#first")
+        before = self.lit()
+        times = []
+        for _ in range(40):
+            times.append(gBrowser.js("""(() => { const begin = performance.now();
+                document.body.dispatchEvent(new KeyboardEvent("keydown", {key: "ArrowRight", bubbles: true}));
+                document.body.offsetHeight; return performance.now() - begin; })()"""))
+        self.assertNotEqual(self.lit(), before)
+        print(f"2,000 objects: a step takes {sorted(times)[20]:.1f} ms, the slowest of 40 {max(times):.1f} ms")
+        gBrowser.picture(os.path.join(gFolder, "ThousandsLight.png"))
+
+    def test_what_means_harm_is_text(self):
+        self.open("hostile")
+        self.assertNotEqual(gBrowser.js("document.title"), "taken")
+        self.assertEqual(gBrowser.js("document.querySelectorAll('script').length"), 2)
+        self.assertEqual(gBrowser.js("document.querySelectorAll('img').length"), 0)
+        names = gBrowser.js("[...document.querySelectorAll('.card b')].map(element => element.textContent)")
+        for text in HOSTILE[:4]:
+            self.assertIn(text, names)
+        self.assertIn("bell\\u0007\\u001b[2J\\u0000", names)
+        for _ in range(2 * len(HOSTILE)):
+            self.press("ArrowLeft")
+        self.press("/")
+        gBrowser.write("<script>")
+        gBrowser.click(".hit")
+        self.assertEqual(gBrowser.js("document.querySelectorAll('script').length"), 2)
+        self.assertNotEqual(gBrowser.js("document.title"), "taken")
+
+    def test_it_is_readable_in_every_light_and_width(self):
+        for name, width, height in (("ten", 360, 740), ("ten", 1600, 1000), ("thousands", 1000, 800)):
+            for dark in (False, True):
+                with self.subTest(dark=dark, name=name, width=width):
+                    self.open(name, width=width, height=height, dark=dark)
+                    self.assertLessEqual(gBrowser.js("document.scrollingElement.scrollWidth"), width)
+                    for tab in ("tabKeys", "tabObjects", "tabFindings") if width == 1600 else ("tabCauses",):
+                        gBrowser.click("#" + tab)
+                        ratio, where = gBrowser.js(CONTRAST)
+                        self.assertGreaterEqual(ratio, 4.5, where)
+                        self.assertEqual(gBrowser.js(NAMELESS), [])
+                    gBrowser.click("#tabCauses")
+                    gBrowser.js("scrollTo(0, 0)")
+                    gBrowser.picture(os.path.join(gFolder, f"{name}{width}{'Dark' if dark else 'Light'}.png"))
+
+    def test_nothing_moves_for_who_wants_calm(self):
+        self.open("ten", calm=True)
+        self.assertEqual(gBrowser.js("getComputedStyle(document.querySelector('.wire.lit .line')).animationName"), "none")
+        self.open("ten")
+        self.assertEqual(gBrowser.js("getComputedStyle(document.querySelector('.wire.lit .line')).animationName"), "flow")
+
+
+if __name__ == "__main__":
+    gChromium = find_program()
+    if gChromium is None:
+        print("SKIPPED: there is no Chromium (Debian's package chromium)")
+        sys.exit(77)
+    os.makedirs(gFolder, exist_ok=True)
+    gJournals = {"ten": make_journal(10, 40), "thousands": make_journal(2000, 300), "hostile": make_hostile()}
+    gPages = {name: make_page(name, lines) for name, lines in gJournals.items()}
+    with Browser(gChromium) as gBrowser:
+        gProgram = unittest.main(argv=sys.argv[:1] + sys.argv[4:], exit=False)
+    sys.exit(0 if gProgram.result.wasSuccessful() else 1)
