@@ -14,5 +14,6 @@
 #include "LmScopedBinding.h"
 #include "LmSettledControlBinding.h"
 #include "LmSharedTransform.h"
+#include "LmTextFieldBinding.h"
 
 #endif

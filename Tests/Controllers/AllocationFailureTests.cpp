@@ -2,11 +2,13 @@
 
 #include "AllocationFailures.h"
 #include "CountedTransforms.h"
+#include "CountFormatter.h"
 #include "LmChangeGroup.h"
 #include "LmKeyValueStore.h"
 #include "LmMainQueue.h"
 #include "LmObservation.h"
 #include "LmScopedBinding.h"
+#include "LmTextFieldBinding.h"
 #include "NotificationRecorder.h"
 
 #include <Carbon/Carbon.h>
@@ -232,4 +234,37 @@ TEST(ControllersWithoutMemory, MainQueueIsMadeOrThereIsNone)
         EXPECT_EQ(theStore.GetKeyPathValue("a").GetSInt32(), isPosted ? 1 : 0);
         EXPECT_TRUE(isPosted || theAttempt.HasFailed());
     });
+}
+
+TEST(ControllersWithoutMemory, TextFieldKeepsWhatWasTypedUntilItIsTaken)
+{
+    const Rect theBounds = {50, 50, 250, 450};
+    WindowRef theWindow = nullptr;
+    CreateNewWindow(kDocumentWindowClass, kWindowStandardHandlerAttribute, &theBounds, &theWindow);
+    ControlRef theField = nullptr;
+    CreateEditUnicodeTextControl(theWindow, &theBounds, CFSTR(""), false, nullptr, &theField);
+    LmKeyValueBinding theModel;
+    theModel.SetKeyPathValue(kLongName, LmValue(7));
+    LmTextFieldBinding* theBinding = new LmTextFieldBinding(theField, std::make_shared<CountFormatter>());
+    theBinding->Bind("value", &theModel, kLongName, nullptr, nullptr);
+    const CFStringRef theTyped = CFSTR("1 3");
+    std::size_t theNumber = 0;
+    bool hasFailed = true;
+    while (hasFailed) {
+        theModel.SetKeyPathValue(kLongName, LmValue(7));
+        SetControlData(theField, kControlEntireControl, kControlEditTextCFStringTag, sizeof theTyped,
+                       &theTyped);
+        AllocationFailures theFailures(++theNumber);
+        try {
+            theBinding->Commit();
+        } catch (const std::bad_alloc&) {
+        }
+        theFailures.Stop();
+        hasFailed = theFailures.HasFailed();
+        theBinding->Commit(); // takes what was not taken
+        EXPECT_EQ(theModel.GetKeyPathValue(kLongName).GetSInt32(), 13) << "allocation " << theNumber;
+        EXPECT_EQ(theBinding->GetKeyPathValue("value").GetSInt32(), 13) << "allocation " << theNumber;
+    }
+    EXPECT_GT(theNumber, 5U);
+    DisposeWindow(theWindow);
 }

@@ -2,10 +2,15 @@
 
 #include "LmBindings.h"
 #include "LmControllers.h"
+#include "LmConveniences.h"
+#include "RadioWindow.h"
 
 #include <Carbon/Carbon.h>
 
+#include <cmath>
 #include <cstdio>
+#include <memory>
+#include <Simulation/UserSimulator.h>
 #include <thread>
 
 static void ObserveAKey()
@@ -43,6 +48,68 @@ static void BindForAWhile()
                 theRadio.GetKeyPathValue("volume").GetSInt32());
 }
 
+static void KeepToTheModel()
+{
+    std::printf("A slider that keeps to the model:\n");
+    LmKeyValueBinding theRadio;
+    theRadio.SetKeyPathValue("volume", LmValue(40));
+    const WindowRef theWindow = MakeRadioWindow();
+    {
+        LmSettledControlBinding* theSlider = new LmSettledControlBinding(theWindow, kVolumeSlider);
+        theSlider->Bind("value", &theRadio, "volume", NULL, new LmRangeTransform(0, 60, 5));
+        SetControl32BitValue(FindControl(theWindow, kVolumeSlider), 33);
+    }
+    std::printf("  the slider is at %d, the volume at %ld\n",
+                static_cast<int>(GetControl32BitValue(FindControl(theWindow, kVolumeSlider))),
+                theRadio.GetKeyPathValue("volume").GetSInt32());
+    DisposeWindow(theWindow);
+}
+
+// Frequencies from 87.5 to 108.0 megahertz, in tenths.
+class FrequencyFormatter : public LmFormatter
+{
+public:
+    LmReading Parse(CFStringRef theText) const override
+    {
+        const double theTenths = std::round(CFStringGetDoubleValue(theText) * 10);
+        return theTenths >= 875 && theTenths <= 1080
+                   ? LmReading::Accept(LmValue(static_cast<int>(theTenths)))
+                   : LmReading::Refuse("There are stations from 87.5 to 108.0.");
+    }
+
+    LmValue Format(const LmValue& theValue) const override
+    {
+        char theText[32];
+        std::snprintf(theText, sizeof theText, "%.1f", theValue.GetDouble() / 10);
+        return LmMakeStringValue(theText);
+    }
+};
+
+static void TypeAFrequency()
+{
+    std::printf("A field that is right:\n");
+    LmKeyValueBinding theRadio;
+    theRadio.SetKeyPathValue("frequency", LmValue(985));
+    const WindowRef theWindow = MakeRadioWindow();
+    ShowWindow(theWindow);
+    Host::UserSimulator theUser;
+    {
+        LmTextFieldBinding* theField =
+            new LmTextFieldBinding(theWindow, kStationField, std::make_shared<FrequencyFormatter>());
+        theField->Bind("value", &theRadio, "frequency", NULL, NULL);
+        const LmObservation theMessage(theField, "problem", [](const LmChange& theChange) {
+            std::printf("  the problem is \"%s\"\n", LmGetStdString(theChange.theNewValue).c_str());
+        });
+        theUser.Click(FindControl(theWindow, kStationField));
+        theUser.PressKey(kVK_ANSI_A, cmdKey); // selects what stands there
+        theUser.TypeText("120\n");
+        theUser.TypeText("101.04\n");
+        std::printf("  the frequency is %ld\n", theRadio.GetKeyPathValue("frequency").GetSInt32());
+    }
+    std::printf("  %s\n", theUser.DescribeControl(FindControl(theWindow, kStationField)).c_str());
+    DisposeWindow(theWindow);
+}
+
 static void GroupChanges()
 {
     std::printf("Several changes at once:\n");
@@ -78,6 +145,8 @@ int main()
 {
     ObserveAKey();
     BindForAWhile();
+    KeepToTheModel();
+    TypeAFrequency();
     GroupChanges();
     FindStations();
 }
