@@ -2,6 +2,8 @@
 
 #include "ThermostatModel.h"
 
+#include "LmJournalHook.h"
+
 const char* const kModelTarget = "target";
 const char* const kModelHeating = "heating";
 const char* const kModelRoom = "room";
@@ -13,6 +15,7 @@ const char* const kModelAltered = "altered";
 
 ThermostatModel::ThermostatModel()
 {
+    LmNameObject(*this, "thermostat");
     Set(kModelRoom, LmValue(CFSTR("Living room"), false));
     Set(kModelShown, LmValue(true));
     Reset();

@@ -3,6 +3,7 @@
 #include "ThermostatWindow.h"
 
 #include "LmControlBinding.h"
+#include "LmJournalHook.h"
 #include "LmMetaTransforms.h"
 #include "LmNumericalTransforms.h"
 #include "LmPreferenceBinding.h"
@@ -92,30 +93,36 @@ void AddControls(WindowRef theWindow)
     AddText(theWindow, {126, 262, 142, 320}, kPowerText);
 }
 
-// A control binding deletes itself together with its control, so nobody has to keep it.
-LmControlBinding* NewControlBinding(WindowRef theWindow, ThermostatControl theNumber)
+// A control binding deletes itself together with its control, so nobody has to keep it. Journals call it
+// theName.
+LmControlBinding* NewControlBinding(WindowRef theWindow, ThermostatControl theNumber, const char* theName)
 {
-    return new LmControlBinding(theWindow, ControlID{kThermostatSignature, theNumber});
+    LmControlBinding* theBinding =
+        new LmControlBinding(theWindow, ControlID{kThermostatSignature, theNumber});
+    LmNameObject(*theBinding, theName);
+    return theBinding;
 }
 
 void BindRoom(WindowRef theWindow, LmKeyValueBinding* theModel)
 {
-    NewControlBinding(theWindow, kRoomField)->Bind("value", theModel, kModelRoom, nullptr, nullptr);
+    NewControlBinding(theWindow, kRoomField, "room field")
+        ->Bind("value", theModel, kModelRoom, nullptr, nullptr);
 }
 
 void BindHeating(WindowRef theWindow, LmKeyValueBinding* theModel)
 {
-    NewControlBinding(theWindow, kHeatingBox)->Bind("value", theModel, kModelHeating, nullptr, nullptr);
+    NewControlBinding(theWindow, kHeatingBox, "heating box")
+        ->Bind("value", theModel, kModelHeating, nullptr, nullptr);
 }
 
 void BindTarget(WindowRef theWindow, LmKeyValueBinding* theModel)
 {
-    LmControlBinding* theSlider = NewControlBinding(theWindow, kTargetSlider);
+    LmControlBinding* theSlider = NewControlBinding(theWindow, kTargetSlider, "target slider");
     theSlider->Bind("value", theModel, kModelTarget, nullptr, nullptr);
     theSlider->BindTo("enabled", theModel, kModelHeating, nullptr);
-    NewControlBinding(theWindow, kTargetText)
+    NewControlBinding(theWindow, kTargetText, "target text")
         ->BindTo("value", theModel, kModelShownTarget, new LmToStringTransform);
-    NewControlBinding(theWindow, kUnitText)
+    NewControlBinding(theWindow, kUnitText, "unit text")
         ->BindTo("value", theModel, kModelFahrenheit, new UnitTextTransform);
 }
 
@@ -133,13 +140,15 @@ LmValueTransform* NewPercentTransform()
 
 void BindPower(WindowRef theWindow, LmKeyValueBinding* theModel)
 {
-    NewControlBinding(theWindow, kPowerBar)->BindTo("value", theModel, kModelPower, nullptr);
-    NewControlBinding(theWindow, kPowerText)->BindTo("value", theModel, kModelPower, NewPercentTransform());
+    NewControlBinding(theWindow, kPowerBar, "power bar")->BindTo("value", theModel, kModelPower, nullptr);
+    NewControlBinding(theWindow, kPowerText, "power text")
+        ->BindTo("value", theModel, kModelPower, NewPercentTransform());
 }
 
 void BindWindow(WindowRef theWindow, LmKeyValueBinding* theModel, LmPreferenceBinding* thePreferences)
 {
     LmWindowBinding* theBinding = new LmWindowBinding(theWindow);
+    LmNameObject(*theBinding, "window");
     theBinding->BindTo("title", theModel, kModelRoom,
                        new LmAddTransform(LmValue(CFSTR(" thermostat"), false)));
     theBinding->Bind("bounds", thePreferences, kPreferredPlace, nullptr, nullptr);

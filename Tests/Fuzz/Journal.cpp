@@ -1,7 +1,8 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
 // A journal, whatever it holds: reading it ends, its entries are in order and follow their causes, and
-// nothing that is shown of them holds a control character. Reading it again gives the same.
+// nothing that is shown of them holds a control character. Reading it again gives the same. What a page holds
+// of it cannot end the element that it stands in.
 
 #include "FuzzTarget.h"
 
@@ -9,6 +10,7 @@
 #include "Causes.h"
 #include "Journal.h"
 #include "Log.h"
+#include "Page.h"
 
 #include <algorithm>
 #include <sstream>
@@ -43,6 +45,23 @@ std::string Show(Inspect::Journal& theJournal)
     return theOutput.str();
 }
 
+// Of a page that holds few entries, so that how things stood before them is there as well.
+std::string HoldOnPage(Inspect::Journal& theJournal)
+{
+    Inspect::PageData theData(4, 0);
+    for (Inspect::Entry theEntry; theJournal.Next(theEntry);) {
+        theData.Take(theEntry);
+    }
+    std::ostringstream theOutput;
+    theData.Write(theJournal, theOutput);
+    return theOutput.str();
+}
+
+int CountOf(const std::string& theText, char theLetter)
+{
+    return static_cast<int>(std::count(theText.begin(), theText.end(), theLetter));
+}
+
 } // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* theBytes, std::size_t theSize)
@@ -57,6 +76,13 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* theBytes, std::size_t theSize)
     if (theJournal.GetTrouble().empty()) {
         FUZZ_EXPECT(theJournal.Rewind());
         FUZZ_EXPECT(Show(theJournal) == theText);
+        FUZZ_EXPECT(theJournal.Rewind());
+        const std::string thePage = HoldOnPage(theJournal);
+        FUZZ_EXPECT(CountOf(thePage, '<') == 0 && CountOf(thePage, '>') == 0 &&
+                    CountOf(thePage, '"') % 2 == 0);
+        FUZZ_EXPECT(std::none_of(thePage.begin(), thePage.end(), [](char theByte) {
+            return static_cast<unsigned char>(theByte) < 0x20 || theByte == 0x7f;
+        }));
     }
     return 0;
 }

@@ -89,7 +89,7 @@ public:
     void WriteScene();
     void WriteEntries();
     void WriteFindings(const std::vector<Finding>& theFindings);
-    void WriteLayout();
+    void WriteLayout(std::size_t theMostPlaced);
     // The last, as all others have texts.
     void WriteTexts();
 
@@ -102,7 +102,7 @@ private:
     void WriteEntry(const Entry& theEntry, const Scene::Step& theStep);
     void WriteReason(const Entry& theEntry);
     const Entry* Find(std::uint64_t theNumber) const;
-    Layout MakeLayoutOfScene() const;
+    Layout MakeLayoutOfScene(std::size_t theMostPlaced) const;
     std::size_t RowOf(std::size_t theKey) const;
 
     const std::deque<Entry>& mEntries;
@@ -283,12 +283,15 @@ std::size_t Writer::RowOf(std::size_t theKey) const
     return std::min(static_cast<std::size_t>(theRow), kMostRows);
 }
 
-Layout Writer::MakeLayoutOfScene() const
+Layout Writer::MakeLayoutOfScene(std::size_t theMostPlaced) const
 {
     constexpr std::size_t kLongestLabel = 24;
-    if (mScene.GetThings().size() > kMostPlaced) {
-        Layout theLayout;
-        theLayout.theProblem = "there are more than " + std::to_string(kMostPlaced) + " objects";
+    Layout theLayout;
+    if (mScene.GetThings().empty()) {
+        return theLayout;
+    }
+    if (mScene.GetThings().size() > theMostPlaced) {
+        theLayout.theProblem = "there are more than " + std::to_string(theMostPlaced) + " objects";
         return theLayout;
     }
     std::vector<LayoutBox> theBoxes;
@@ -307,9 +310,9 @@ Layout Writer::MakeLayoutOfScene() const
     return MakeLayout(theBoxes, theLines);
 }
 
-void Writer::WriteLayout()
+void Writer::WriteLayout(std::size_t theMostPlaced)
 {
-    const Layout theLayout = MakeLayoutOfScene();
+    const Layout theLayout = MakeLayoutOfScene(theMostPlaced);
     Member("box");
     mJson.BeginList();
     for (const int theSize : {kBoxWidth, kBoxHead, kBoxRow, static_cast<int>(kMostRows)}) {
@@ -431,7 +434,7 @@ void PageData::Write(const Journal& theJournal, std::ostream& theOutput)
     theWriter.WriteScene();
     theWriter.WriteEntries();
     theWriter.WriteFindings(mLint.GetFindings());
-    theWriter.WriteLayout();
+    theWriter.WriteLayout(mMostPlaced);
     theWriter.WriteTexts();
     theJson.EndObject();
 }

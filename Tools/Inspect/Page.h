@@ -30,8 +30,9 @@ constexpr std::size_t kMostRows = 12;
 class PageData
 {
 public:
-    explicit PageData(std::size_t theMost = kMostOnPage)
-        : mMost(theMost)
+    explicit PageData(std::size_t theMost = kMostOnPage, std::size_t theMostPlaced = kMostPlaced)
+        : mMost(theMost),
+          mMostPlaced(theMostPlaced)
     {
     }
 
@@ -41,6 +42,7 @@ public:
 
 private:
     std::size_t mMost;
+    std::size_t mMostPlaced;
     std::deque<Entry> mEntries;
     std::uint64_t mTaken = 0;
     Graph mBefore; // how things stood before mEntries

@@ -118,7 +118,7 @@ std::string FindPlaces(const std::string& theGraph, std::chrono::milliseconds th
         return NoTemporaryFile();
     }
     if (theOutcome.theError != 0) {
-        return "Graphviz's program dot is not installed";
+        return "the program dot is not installed";
     }
     if (theOutcome.isTooSlow) {
         return "dot took too long";

@@ -4,7 +4,8 @@
 // @run 2 build.Readme.ShowsTheFirstExample
 // @shell 3 ./check is how this is run; the session and the windows that ./demo shows have tests
 // @file 4 Examples/Thermostat/Session/FirstRun.txt
-// @shell 5 installs other libraries, and measures for an hour
-// @run 6 package
-// @shell 7 makes and installs packages; Tests/Package/CheckDebianPackages.sh does that on a system of its own
-// @shell 8 needs the packages to be installed; Tests/Package/CheckDebianPackages.sh does that
+// @run 5 inspect.Readme.ShowsWhatWhyAnswers
+// @shell 6 installs other libraries, and measures for an hour
+// @run 7 package
+// @shell 8 makes and installs packages; Tests/Package/CheckDebianPackages.sh does that on a system of its own
+// @shell 9 needs the packages to be installed; Tests/Package/CheckDebianPackages.sh does that

@@ -66,12 +66,12 @@ def load_maker():
     return module
 
 
-def make_page(name, lines):
+def make_page(name, lines, **options):
     journal = os.path.join(gFolder, name + ".journal")
     with open(journal, "w", encoding="utf-8") as file:
         file.write("\n".join(lines) + "\n")
     page = os.path.join(gFolder, name + ".html")
-    subprocess.run([gProgram, "page", "-o", page, journal], check=True)
+    subprocess.run([gProgram, "page", "-o", page, journal], check=True, **options)
     return page
 
 
@@ -328,6 +328,27 @@ class PageTest(unittest.TestCase):
         print(f"2,000 objects: a step takes {sorted(times)[20]:.1f} ms, the slowest of 40 {max(times):.1f} ms")
         gBrowser.picture(os.path.join(gFolder, "ThousandsLight.png"))
 
+    def test_a_long_journal_begins_with_how_things_stood(self):
+        self.open("long")
+        count = len(gJournals["long"])
+        self.assertIn(f"This page holds the last 20,000; how things stood after the {count - 20000:,} before", gBrowser.text("#notices"))
+        gBrowser.click("#all")
+        self.press("Home")
+        self.assertEqual(self.number(), count - 20000 + 1)
+        expected = values_at(gJournals["long"], count - 20000 + 1)
+        self.assertEqual(self.shown_values(), expected)
+
+    def test_without_graphviz_the_page_places_the_objects(self):
+        self.open("undrawn")
+        self.assertIn("the program dot is not installed", gBrowser.text("#graphNote"))
+        boxes = gBrowser.js("""[...document.querySelectorAll(".card")].map(card => {
+            const box = card.getBoundingClientRect(); return [box.left, box.top, box.right, box.bottom]; })""")
+        self.assertEqual(len(boxes), 10)
+        for index, (left, top, right, bottom) in enumerate(boxes):
+            for other in boxes[index + 1:]:
+                self.assertTrue(right <= other[0] or other[2] <= left or bottom <= other[1] or other[3] <= top)
+        self.assertEqual(gBrowser.js("document.querySelectorAll('.wire').length"), 6)
+
     def test_what_means_harm_is_text(self):
         self.open("hostile")
         self.assertNotEqual(gBrowser.js("document.title"), "taken")
@@ -373,8 +394,10 @@ if __name__ == "__main__":
         print("SKIPPED: there is no Chromium (Debian's package chromium)")
         sys.exit(77)
     os.makedirs(gFolder, exist_ok=True)
-    gJournals = {"ten": make_journal(10, 40), "thousands": make_journal(2000, 300), "hostile": make_hostile()}
+    gJournals = {"ten": make_journal(10, 40), "thousands": make_journal(2000, 300), "hostile": make_hostile(),
+                 "long": make_journal(10, 1600)}
     gPages = {name: make_page(name, lines) for name, lines in gJournals.items()}
+    gPages["undrawn"] = make_page("undrawn", gJournals["ten"], env={"PATH": "/nowhere"})
     with Browser(gChromium) as gBrowser:
         gProgram = unittest.main(argv=sys.argv[:1] + sys.argv[4:], exit=False)
     sys.exit(0 if gProgram.result.wasSuccessful() else 1)

@@ -18,11 +18,12 @@ const TestObject kModel = {1, "LmKeyValueBinding", "model"};
 const TestObject kText = {2, "LmControlBinding", "text"};
 const TestRecord kWay = {1, kText, "value", kModel, "level", 1};
 
-std::string DataOf(const TestJournal& theText, std::size_t theMost = Inspect::kMostOnPage)
+std::string DataOf(const TestJournal& theText, std::size_t theMost = Inspect::kMostOnPage,
+                   std::size_t theMostPlaced = Inspect::kMostPlaced)
 {
     std::ostringstream theOutput;
     Inspect::Journal theJournal = JournalWith(theText.GetText(), theOutput);
-    Inspect::PageData theData(theMost);
+    Inspect::PageData theData(theMost, theMostPlaced);
     for (Inspect::Entry theEntry; theJournal.Next(theEntry);) {
         theData.Take(theEntry);
     }
@@ -119,11 +120,16 @@ TEST(Page, HoldsWhatLintFinds)
 
 TEST(Page, SaysWhyThereIsNoLayoutOfManyObjects)
 {
-    TestJournal theJournal;
-    for (int theID = 1; theID <= 301; ++theID) {
-        theJournal.Made({theID, "Store", "store " + std::to_string(theID)}, "store");
-    }
-    EXPECT_TRUE(Has(DataOf(theJournal), R"("layout":{"problem":"there are more than 300 objects"})"));
+    const std::string theMany = R"("layout":{"problem":"there are more than 1 objects"})";
+    EXPECT_TRUE(Has(DataOf(Moved(), Inspect::kMostOnPage, 1), theMany));
+    EXPECT_TRUE(Has(DataOf(Moved(), Inspect::kMostOnPage, 2), R"("layout":{"problem":"","size":[)"));
+}
+
+TEST(Page, CanHoldNothingAtAll)
+{
+    const std::string theData = DataOf(TestJournal());
+    EXPECT_TRUE(Has(theData, R"("objects":[],"keys":[],"wires":[],"beginning":[])")) << theData;
+    EXPECT_TRUE(Has(theData, R"("layout":{"problem":"","size":[0.0,0.0],"boxes":[],"lines":[]})")) << theData;
 }
 
 TEST(Page, IsOneFileWithAPolicyThatKnowsItsScriptAndItsStyle)

@@ -36,6 +36,7 @@ class Reader {
         this.parts.name.textContent = theData.name.split("/").pop();
         this.parts.name.title = theData.name;
         const theLast = this.journal.entries[this.journal.entries.length - 1];
+        document.documentElement.style.setProperty("--digits", String(theLast.number).length);
         this.parts.summary.textContent = [showCount(theData.count, "entry", "entries"),
             showCount(this.journal.objects.length, "object", "objects"), showTime(theLast.time),
             ...(theData.started ? ["begun " + theData.started.replace("T", " ").replace("Z", " UTC")] : [])].join(" · ");
@@ -310,6 +311,7 @@ class Reader {
             return;
         }
         if (theEvent.key === "Escape" && !isText) {
+            this.closeHits();
             this.chooseObject(-1);
         } else if (!isText && this.onLetter(theEvent)) {
             theEvent.preventDefault();
