@@ -25,6 +25,9 @@ Platform/CoreFoundation/Source/CFUnicodeTables.cpp tables alone: CFUnicodeTests,
 Platform/Presentation/Headless/HeadlessPresenter.cpp nothing but what every presenter owes: PresenterContractTests
 Platform/Presentation/Qt/ Qt's behaviour crosses its files: the contract of presenters, and Tests/Presentation/Qt
 Source/Inspection/Internal/LmEventNames.cpp a table alone: LmPersonWatchTests, LmJournalRecorderTests
+Source/Inspection/Internal/LmJournalKeeper.cpp which journal there is: LmJournalFileTests, LmJournalDoorTests
+Source/Inspection/Internal/LmLocalSocketLinux.cpp what visitors see of it: LmJournalDoorTests, LmSocketStreamTests
+Source/Inspection/Internal/LmLocalSocketNone.cpp nothing, for systems without: it is not built here
 Source/Inspection/Internal/LmJournalObjects.cpp what entries call objects: LmJournalRecorderTests
 Source/Core/Internal/LmKeyMemo.cpp where a store finds its keys again: LmKeyValueStoreTests, LmNestedSetTests
 Source/Core/Internal/LmObserverSnapshot.cpp the observers of one pass, seen by those alone: LmKeyValueStoreTests

@@ -3,8 +3,8 @@
 #include "LmJournalFile.h"
 
 #include "LmDiagnostics.h"
-#include "LmJournalRecorder.h"
-#include "LmPersonWatch.h"
+#include "LmJournalDoor.h"
+#include "LmJournalKeeper.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -12,43 +12,10 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <string>
+#include <utility>
 
 namespace {
-
-constexpr std::size_t kShortestString = 16;
-constexpr std::size_t kMostCallers = 64;
-
-// A journal that is being written: the recorder is the hook as long as it lives.
-class Journal
-{
-public:
-    explicit Journal(const LmJournalRecorder::Settings& theSettings)
-        : mRecorder(theSettings)
-    {
-        LmSetJournalHook(&mRecorder);
-    }
-    ~Journal()
-    {
-        LmWriteJournalEntry(LmJournalEntry{kJournalEnd}, nullptr);
-        LmSetJournalHook(nullptr);
-    }
-
-    Journal(const Journal&) = delete;
-    Journal& operator=(const Journal&) = delete;
-
-    bool IsOpen() const { return mRecorder.IsOpen(); }
-
-private:
-    LmJournalRecorder mRecorder;
-    LmPersonWatch mPersonWatch;
-};
-
-// The program's end ends the journal.
-std::unique_ptr<Journal>& TheJournal()
-{
-    static std::unique_ptr<Journal> sJournal;
-    return sJournal;
-}
 
 // A number, with a letter behind it that makes it larger where theLetters has one.
 bool ReadNumber(const char* theVariable, const char* theLetters, std::uint64_t& theNumber)
@@ -73,43 +40,34 @@ bool ReadNumber(const char* theVariable, const char* theLetters, std::uint64_t& 
     return true;
 }
 
-bool Begin(const LmJournalSettings& theSettings)
+std::unique_ptr<LmJournalDoor>& TheDoor()
 {
-    const std::size_t theLongestString = std::max(theSettings.theLongestString, kShortestString);
-    const std::size_t theCallers = std::min(theSettings.theCallers, kMostCallers);
-    TheJournal() = std::make_unique<Journal>(
-        LmJournalRecorder::Settings{theSettings.theFile, theSettings.theLimit, theLongestString, theCallers});
-    return TheJournal()->IsOpen();
+    static std::unique_ptr<LmJournalDoor> sDoor;
+    return sDoor;
 }
 
-} // namespace
-
-bool LmBeginJournal(const LmJournalSettings& theSettings)
+bool OpenDoor()
 {
-    LmEndJournal();
-    bool isBegun = false;
+    std::string theTrouble;
     try {
-        isBegun = Begin(theSettings);
+        // It goes before the journal does, which who stands in it may read.
+        LmJournalKeeper::Get();
+        TheDoor() = LmJournalDoor::Open(theTrouble);
+        LmJournalKeeper::Get().Remember(TheDoor() != nullptr);
     } catch (const std::bad_alloc&) {
-        isBegun = false;
+        TheDoor() = nullptr;
     }
-    if (!isBegun) {
-        LmEndJournal();
-        LM_ERROR("The journal %s cannot be written", theSettings.theFile);
+    if (TheDoor() == nullptr) {
+        LM_ERROR("No socket for lminspect: %s", theTrouble.c_str());
     }
-    return isBegun;
+    return TheDoor() != nullptr;
 }
 
-void LmEndJournal()
-{
-    TheJournal().reset();
-}
-
-void LmBeginJournalFromEnvironment()
+void BeginFile()
 {
     LmJournalSettings theSettings;
     theSettings.theFile = std::getenv("LM_JOURNAL");
-    if (theSettings.theFile == nullptr || *theSettings.theFile == '\0' || TheJournal() != nullptr) {
+    if (theSettings.theFile == nullptr || *theSettings.theFile == '\0' || LmJournalKeeper::Get().IsOn()) {
         return;
     }
     std::uint64_t theLimit = theSettings.theLimit;
@@ -121,7 +79,50 @@ void LmBeginJournalFromEnvironment()
         theSettings.theLimit = theLimit;
         theSettings.theLongestString =
             static_cast<std::size_t>(std::min<std::uint64_t>(theLongestString, SIZE_MAX));
-        theSettings.theCallers = static_cast<std::size_t>(std::min<std::uint64_t>(theCallers, kMostCallers));
+        theSettings.theCallers = static_cast<std::size_t>(std::min<std::uint64_t>(theCallers, SIZE_MAX));
         LmBeginJournal(theSettings);
     }
+}
+
+} // namespace
+
+bool LmBeginJournal(const LmJournalSettings& theSettings)
+{
+    LmEndJournal();
+    bool isBegun = false;
+    try {
+        isBegun = LmJournalKeeper::Get().BeginFile(theSettings, LmJournalKeeper::Origin::Program);
+    } catch (const std::bad_alloc&) {
+        LmEndJournal();
+    }
+    if (!isBegun) {
+        LM_ERROR("The journal %s cannot be written", theSettings.theFile);
+    }
+    return isBegun;
+}
+
+void LmEndJournal()
+{
+    LmJournalKeeper::Get().End();
+}
+
+bool LmAllowAttaching(bool isAllowed)
+{
+    if (isAllowed) {
+        return TheDoor() != nullptr || OpenDoor();
+    }
+    if (TheDoor() != nullptr) {
+        TheDoor() = nullptr;
+        LmJournalKeeper::Get().Remember(false);
+    }
+    return true;
+}
+
+void LmBeginJournalFromEnvironment()
+{
+    const char* const theSocket = std::getenv("LM_JOURNAL_SOCKET");
+    if (theSocket != nullptr && std::strcmp(theSocket, "1") == 0) {
+        LmAllowAttaching(true);
+    }
+    BeginFile();
 }

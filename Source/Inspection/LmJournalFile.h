@@ -51,6 +51,17 @@ LM_EXPORT bool LmBeginJournal(const LmJournalSettings& theSettings);
 // Ends the journal, if there is one. The end of the program does so too.
 LM_EXPORT void LmEndJournal();
 
+// Whether lminspect may ask for a journal while the program runs: `lminspect attach`. False at first, so that
+// nobody meets it by accident. It comes by a socket in the user's runtime directory, which only this user can
+// open; LM_JOURNAL_SOCKET=1 in the environment does the same as true.
+//
+// It is heard by a timer of the main event loop, ten times a second, so a program that runs none is not
+// reached. From the call on the names that objects are given and the bindings that are made are kept for a
+// journal that begins later. False allows it no longer; a journal that was asked for goes on.
+//
+// Returns whether it is as asked for. Diagnostics: "No socket for lminspect: %s".
+LM_EXPORT bool LmAllowAttaching(bool isAllowed);
+
 // Begins the journal that LM_JOURNAL and its companions in the environment ask for; called by the library
 // when its first store is made. Does nothing when there is a journal already.
 //

@@ -87,6 +87,9 @@ int RunLog(Journal& theJournal, const LogOptions& theOptions, std::ostream& theO
     Entry theEntry;
     while (theOutput.good() && theJournal.Next(theEntry)) {
         theLog.Take(theEntry);
+        if (theOptions.isLive) {
+            theOutput.flush();
+        }
     }
     if (!theOptions.theFilter.theCaller.empty() && theJournal.GetTrouble().empty() &&
         !theJournal.HasCallers()) {

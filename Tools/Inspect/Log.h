@@ -21,6 +21,7 @@ struct LogOptions
     bool isAll = false;      // also what is only of interest to who looks closely
     bool hasCauses = false;  // also what led to the entries that the filter lets through
     bool hasCallers = false; // with who made the call
+    bool isLive = false;     // whether each line is shown at once
 };
 
 class Log

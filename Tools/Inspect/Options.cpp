@@ -10,6 +10,8 @@
 #include <cmath>
 #include <cstdlib>
 #include <getopt.h>
+#include <iterator>
+#include <sstream>
 #include <string_view>
 
 namespace Inspect {
@@ -33,7 +35,8 @@ enum Letter : int
     kNth = 'n',
     kAt = 't',
     kDot = 'd',
-    kOutput = 'o'
+    kOutput = 'o',
+    kQuestion = 'q'
 };
 
 struct CommandName
@@ -43,14 +46,17 @@ struct CommandName
     std::string_view theLetters; // of the options that it has
 };
 
-constexpr std::array<CommandName, 6> kCommands = {{{"log", Command::Log, "OkKcsuawC"},
+constexpr std::array<CommandName, 9> kCommands = {{{"log", Command::Log, "OkKcsuawC"},
                                                    {"why", Command::Why, "n"},
                                                    {"graph", Command::Graph, "td"},
                                                    {"page", Command::Page, "o"},
                                                    {"lint", Command::Lint, ""},
-                                                   {"diff", Command::Diff, ""}}};
+                                                   {"diff", Command::Diff, ""},
+                                                   {"run", Command::Run, "OkKcsuawCoq"},
+                                                   {"attach", Command::Attach, "OkKcsuawCo"},
+                                                   {"detach", Command::Detach, ""}}};
 
-const std::array<option, 16> kOptions = {{{"help", no_argument, nullptr, kHelp},
+const std::array<option, 17> kOptions = {{{"help", no_argument, nullptr, kHelp},
                                           {"version", no_argument, nullptr, kVersion},
                                           {"object", required_argument, nullptr, kObject},
                                           {"key", required_argument, nullptr, kKey},
@@ -65,6 +71,7 @@ const std::array<option, 16> kOptions = {{{"help", no_argument, nullptr, kHelp},
                                           {"at", required_argument, nullptr, kAt},
                                           {"dot", no_argument, nullptr, kDot},
                                           {"output", required_argument, nullptr, kOutput},
+                                          {"command", required_argument, nullptr, kQuestion},
                                           {nullptr, 0, nullptr, 0}}};
 
 std::vector<std::string> CommandNames()
@@ -150,8 +157,11 @@ std::string TakeOption(int theLetter, const std::string& theText, Options& theOp
         theOptions.theGraph.isDot = true;
         return {};
     case kOutput:
-        theOptions.thePage = theText;
+        theOptions.theOutput = theText;
         return theText.empty() ? "--output needs the name of a file" : std::string();
+    case kQuestion:
+        theOptions.theQuestion = {theText};
+        return {};
     default:
         return {};
     }
@@ -183,9 +193,12 @@ class Scanner
 {
 public:
     explicit Scanner(const std::vector<std::string>& theArguments)
-        : mTexts(theArguments)
+        : mTexts(theArguments),
+          mIsRun(!theArguments.empty() && theArguments.front() == "run")
     {
-        mTexts.insert(mTexts.begin(), "lminspect");
+        if (!mIsRun) {
+            mTexts.insert(mTexts.begin(), "lminspect");
+        }
         for (std::string& theText : mTexts) {
             mPointers.push_back(theText.data());
         }
@@ -196,8 +209,9 @@ public:
 
     int Next()
     {
-        return getopt_long(static_cast<int>(mTexts.size()), mPointers.data(), ":hVo:", kOptions.data(),
-                           nullptr);
+        // What stands behind a program that is to be run is its own.
+        return getopt_long(static_cast<int>(mTexts.size()), mPointers.data(),
+                           mIsRun ? "+:hVo:" : ":hVo:", kOptions.data(), nullptr);
     }
 
     // What could not be read as an option.
@@ -215,11 +229,19 @@ public:
     }
 
     // getopt has moved the options to the front.
-    std::vector<std::string> GetRest() const { return {mPointers.begin() + optind, mPointers.end() - 1}; }
+    std::vector<std::string> GetRest() const
+    {
+        std::vector<std::string> theRest(mPointers.begin() + optind, mPointers.end() - 1);
+        if (mIsRun) {
+            theRest.insert(theRest.begin(), mTexts.front());
+        }
+        return theRest;
+    }
 
 private:
     std::vector<std::string> mTexts;
     std::vector<char*> mPointers;
+    bool mIsRun; // it takes the place of this program's name, so that no option stands before it
 };
 
 const CommandName* FindCommand(std::string_view theName)
@@ -247,9 +269,27 @@ void TakeTarget(std::vector<std::string>& theRest, Options& theOptions)
     }
 }
 
+// A program to run with its arguments, or one that runs already. To attach to none of them lists them.
+void TakeProgram(Command theCommand, const std::vector<std::string>& theRest, Options& theOptions)
+{
+    const bool isThere = !theRest.empty() && !theRest.front().empty();
+    if (theCommand == Command::Run && !isThere) {
+        theOptions.theError = "run takes a program and its arguments";
+    } else if (theCommand == Command::Attach && theRest.size() > 1) {
+        theOptions.theError = "attach takes one program";
+    } else if (theCommand == Command::Detach && (!isThere || theRest.size() > 1)) {
+        theOptions.theError = "detach takes a program";
+    }
+    theOptions.theProgram = theRest;
+}
+
 // What stands behind the command.
 void TakeOperands(const CommandName& theCommand, std::vector<std::string> theRest, Options& theOptions)
 {
+    if (theCommand.theCommand >= Command::Run) {
+        TakeProgram(theCommand.theCommand, theRest, theOptions);
+        return;
+    }
     if (theCommand.theCommand == Command::Why) {
         TakeTarget(theRest, theOptions);
     } else if (theCommand.theCommand == Command::Diff) {
@@ -312,7 +352,9 @@ bool ReadCount(const std::string& theText, std::uint64_t& theCount)
     return theCount > 0;
 }
 
-Options ReadOptions(const std::vector<std::string>& theArguments)
+namespace {
+
+Options ReadLine(const std::vector<std::string>& theArguments)
 {
     Options theOptions;
     Scanner theScanner(theArguments);
@@ -336,6 +378,49 @@ Options ReadOptions(const std::vector<std::string>& theArguments)
     return theOptions;
 }
 
+std::vector<std::string> WordsOf(const std::string& theText)
+{
+    std::istringstream theStream(theText);
+    return {std::istream_iterator<std::string>(theStream), std::istream_iterator<std::string>()};
+}
+
+// A command line as it would stand behind lminspect, for a journal that is not there yet. What why is asked
+// of may have blanks in it, so it is the rest of the line.
+std::string ReadQuestion(std::vector<std::string>& theQuestion)
+{
+    theQuestion = WordsOf(theQuestion.front());
+    const std::size_t theTarget = theQuestion.size() > 1 && theQuestion[1] == "not" ? 2 : 1;
+    if (theQuestion.size() > theTarget + 1 && theQuestion.front() == "why" &&
+        theQuestion[theTarget].front() != '-') {
+        for (std::size_t theIndex = theTarget + 1; theIndex < theQuestion.size(); ++theIndex) {
+            theQuestion[theTarget] += " " + theQuestion[theIndex];
+        }
+        theQuestion.resize(theTarget + 1);
+    }
+    const Options theOptions = ReadOptions(theQuestion);
+    if (!theOptions.theError.empty()) {
+        return theOptions.theError;
+    }
+    const bool isOfAJournal =
+        theOptions.theCommand == Command::Log || theOptions.theCommand == Command::Why ||
+        theOptions.theCommand == Command::WhyNot || theOptions.theCommand == Command::Graph ||
+        theOptions.theCommand == Command::Lint || theOptions.theCommand == Command::Page;
+    return isOfAJournal && theOptions.theJournal == "-"
+               ? std::string()
+               : "--command takes a command without a journal, such as lint";
+}
+
+} // namespace
+
+Options ReadOptions(const std::vector<std::string>& theArguments)
+{
+    Options theOptions = ReadLine(theArguments);
+    if (theOptions.theError.empty() && !theOptions.theQuestion.empty()) {
+        theOptions.theError = ReadQuestion(theOptions.theQuestion);
+    }
+    return theOptions;
+}
+
 std::string GetUsage()
 {
     return "usage: lminspect log [OPTION]... [JOURNAL]\n"
@@ -345,6 +430,9 @@ std::string GetUsage()
            "       lminspect page [-o FILE] [JOURNAL]\n"
            "       lminspect lint [JOURNAL]\n"
            "       lminspect diff JOURNAL JOURNAL\n"
+           "       lminspect run [OPTION]... PROGRAM [ARGUMENT]...\n"
+           "       lminspect attach [OPTION]... [PROGRAM]\n"
+           "       lminspect detach PROGRAM\n"
            "\n"
            "Answers why a value moved, or did not, from the journal of a program that uses\n"
            "LmBindings (LM_JOURNAL=FILE ./program). JOURNAL is a file; - or nothing is the\n"
@@ -377,6 +465,21 @@ std::string GetUsage()
            "lint: what is probably wrong in the program\n"
            "\n"
            "diff: the first place where two journals of the same session part\n"
+           "\n"
+           "run: starts a program and shows its log while it runs\n"
+           "  --command=COMMAND\n"
+           "                  the answer to this instead: 'why radio.volume', lint\n"
+           "  -o, --output=FILE\n"
+           "                  keeps the journal in FILE instead of showing it\n"
+           "  and the options of log\n"
+           "\n"
+           "attach: shows the log of a program that runs already and was started with\n"
+           "        LM_JOURNAL_SOCKET=1, until Ctrl+C; without a program, lists those that there are\n"
+           "  -o, --output=FILE\n"
+           "                  lets it write its journal to FILE instead, until detach\n"
+           "  and the options of log\n"
+           "\n"
+           "detach: ends the journal that attach has begun\n"
            "\n"
            "OBJECT is a name, a class, or a number as #3.\n"
            "\n"

@@ -24,7 +24,10 @@ enum class Command : std::uint8_t
     Graph,
     Page,
     Lint,
-    Diff
+    Diff,
+    Run,
+    Attach,
+    Detach
 };
 
 struct Options
@@ -36,7 +39,10 @@ struct Options
     std::uint64_t theTime = 0;   // which value of it, counted from 1; 0 is the last one
     LogOptions theLog;
     GraphOptions theGraph;
-    std::string thePage;  // the file that page writes; empty for the standard output
+    std::vector<std::string> theProgram; // to run, with its arguments; or to attach to
+    std::string theOutput;               // the file that page writes, or that a program's journal is kept in
+    std::vector<std::string>
+        theQuestion;      // a command line without a journal, for when it has run; empty for log
     std::string theError; // what is wrong with the command line; empty when nothing is
 };
 

@@ -4,7 +4,7 @@
 _lminspect()
 {
     local theWord=${COMP_WORDS[COMP_CWORD]} thePrevious=${COMP_WORDS[COMP_CWORD - 1]} theList theCommands
-    theCommands='log why graph page lint diff'
+    theCommands='log why graph page lint diff run attach detach'
     # bash takes --kind=changed apart at the equals sign.
     if [ "$theWord" = = ]; then
         theWord=
@@ -22,12 +22,21 @@ _lminspect()
         mapfile -t COMPREPLY < <(compgen -f -- "$theWord")
         return
         ;;
+    --command)
+        mapfile -t COMPREPLY < <(compgen -W "$theCommands" -- "$theWord")
+        return
+        ;;
+    attach | detach)
+        theList=$(lminspect attach 2>/dev/null | sed 's/^[0-9]*  //')
+        mapfile -t COMPREPLY < <(compgen -W "$theList" -- "$theWord")
+        return
+        ;;
     --object | --key | --caller | --since | --until | --nth | --at)
         return
         ;;
     esac
     if [[ $theWord == -* ]]; then
-        theList='--help --version --all --dot --at= --causes --callers --object= --key= --kind= --caller= --since= --until= --nth= --output='
+        theList='--help --version --all --dot --at= --causes --callers --object= --key= --kind= --caller= --since= --until= --nth= --output= --command='
         mapfile -t COMPREPLY < <(compgen -W "$theList" -- "$theWord")
         if [[ ${#COMPREPLY[@]} -eq 1 && ${COMPREPLY[0]} == *= ]]; then
             compopt -o nospace 2>/dev/null

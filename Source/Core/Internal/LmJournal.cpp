@@ -51,6 +51,12 @@ void Name(const LmDebugObject& theObject, const LmString& theName)
     });
 }
 
+bool IsSet(const char* theVariable)
+{
+    const char* const theText = std::getenv(theVariable);
+    return theText != nullptr && *theText != '\0';
+}
+
 } // namespace
 
 void LmJournalHook::Close(const void*) noexcept {}
@@ -94,8 +100,7 @@ LmJournalHook* LmJournal::SetHook(LmJournalHook* theHook)
 
 void LmJournal::BeginFromEnvironment()
 {
-    const char* const theFile = std::getenv("LM_JOURNAL");
-    if (theFile == nullptr || *theFile == '\0') {
+    if (!IsSet("LM_JOURNAL") && !IsSet("LM_JOURNAL_SOCKET")) {
         return;
     }
     // The recorder is a library of its own, which the program need not know: it is enough that it is loaded.

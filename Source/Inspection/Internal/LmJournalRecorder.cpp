@@ -65,10 +65,10 @@ std::string CodeText(OSType theCode)
 
 } // namespace
 
-LmJournalRecorder::LmJournalRecorder(const Settings& theSettings)
+LmJournalRecorder::LmJournalRecorder(const Settings& theSettings, std::unique_ptr<LmJournalOutput> theOutput)
     : mSettings(theSettings),
       mBeginning(std::chrono::steady_clock::now()),
-      mStream(theSettings.theFile, theSettings.theLimit),
+      mOutput(std::move(theOutput)),
       mLine(theSettings.theLongestString),
       mStarted(TimeOfDay())
 {
@@ -110,6 +110,12 @@ void LmJournalRecorder::Close(const void* theScope) noexcept
             mObjects.End(theGoneBase);
         }
     }
+}
+
+bool LmJournalRecorder::Tend()
+{
+    const std::lock_guard<std::recursive_mutex> theLock(mMutex);
+    return mOutput->Tend();
 }
 
 std::uint64_t LmJournalRecorder::WriteEntry(const LmJournalEntry& theEntry, const void* theScope)
@@ -320,7 +326,7 @@ void LmJournalRecorder::WriteLine()
     mText += mLine.GetText();
     mText += '}';
     mLongestLine = std::max(mLongestLine, mText.size());
-    if (!mStream.Write(mText)) {
+    if (!mOutput->Write(mText)) {
         mLost += 1;
         mAllLost += 1;
     }
@@ -329,11 +335,11 @@ void LmJournalRecorder::WriteLine()
 // Whether the next line still has room is said by the longest one so far: its number comes before its length.
 void LmJournalRecorder::RenewWhenFull()
 {
-    if (mIsRenewing || !mStream.IsFullFor(mLongestLine)) {
+    if (mIsRenewing || !mOutput->IsFullFor(mLongestLine)) {
         return;
     }
     mIsRenewing = true;
-    mStream.Renew();
+    mOutput->Renew();
     mFileNumber += 1;
     mCallers.ForgetWritten();
     WriteBegin();
@@ -365,10 +371,15 @@ std::uint64_t LmJournalRecorder::WriteEnd()
 
 void LmJournalRecorder::WriteLost()
 {
-    if (mLost != 0) {
-        BeginLine("lost", Now(), 0);
-        mLine.AddNumber("count", std::exchange(mLost, std::uint64_t{0}));
-        WriteLine();
+    if (mLost == 0) {
+        return;
+    }
+    const std::uint64_t theLost = mLost;
+    BeginLine("lost", Now(), 0);
+    mLine.AddNumber("count", theLost);
+    WriteLine();
+    if (mLost == theLost) {
+        mLost = 0;
     }
 }
 

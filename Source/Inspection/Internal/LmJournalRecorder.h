@@ -7,13 +7,14 @@
 #include "LmJournalHook.h"
 #include "LmJournalLine.h"
 #include "LmJournalObjects.h"
-#include "LmJournalStream.h"
+#include "LmJournalOutput.h"
 
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -28,19 +29,18 @@ class LmJournalRecorder final : public LmJournalHook
 public:
     struct Settings
     {
-        std::string theFile;
-        std::uint64_t theLimit;
         std::size_t theLongestString;
         std::size_t theCallers;
     };
 
-    explicit LmJournalRecorder(const Settings& theSettings);
+    LmJournalRecorder(const Settings& theSettings, std::unique_ptr<LmJournalOutput> theOutput);
     ~LmJournalRecorder() = default;
 
     LmJournalRecorder(const LmJournalRecorder&) = delete;
     LmJournalRecorder& operator=(const LmJournalRecorder&) = delete;
 
-    bool IsOpen() const { return mStream.IsOpen(); }
+    // See LmJournalOutput; from the main loop now and then.
+    bool Tend();
 
     std::uint64_t Write(const LmJournalEntry& theEntry, const void* theScope) noexcept override;
     void Close(const void* theScope) noexcept override;
@@ -138,7 +138,7 @@ private:
     const Settings mSettings;
     const std::chrono::steady_clock::time_point mBeginning;
     std::recursive_mutex mMutex;
-    LmJournalStream mStream;
+    const std::unique_ptr<LmJournalOutput> mOutput;
     LmJournalLine mLine;
     std::string mText; // of the line with its braces
     LmJournalObjects mObjects;

@@ -3,34 +3,33 @@
 #ifndef LmJournalStream_h
 #define LmJournalStream_h
 
+#include "LmJournalOutput.h"
+
 #include <cstdint>
 #include <cstdio>
 #include <string>
 
 // The file that a journal is written to. Each line is with the system when Write returns, whatever becomes of
 // the program afterwards. Not part of the interface.
-class LmJournalStream
+class LmJournalStream final : public LmJournalOutput
 {
 public:
     // Overwrites the file; "-" is the standard output stream. 0 is no limit.
     LmJournalStream(std::string thePath, std::uint64_t theLimit);
-    ~LmJournalStream();
+    ~LmJournalStream() override;
 
     LmJournalStream(const LmJournalStream&) = delete;
     LmJournalStream& operator=(const LmJournalStream&) = delete;
 
     bool IsOpen() const { return mFile != nullptr; }
 
-    // Whether a line of so many bytes would make the file larger than its limit, so that it is time for
-    // Renew.
-    bool IsFullFor(std::size_t theLength) const;
+    bool IsFullFor(std::size_t theLength) const override;
 
     // Puts the file aside, with ".1" behind its name, and begins a new one.
-    void Renew();
+    void Renew() override;
 
-    // Writes a line and a line feed behind it. False when that was not possible: then the line is lost, and
-    // what may have been written of it is closed with a line feed before the next one.
-    bool Write(std::string& theLine);
+    // What may have been written of a line that was lost is closed with a line feed before the next one.
+    bool Write(std::string& theLine) override;
 
 private:
     void Open();

@@ -1,5 +1,6 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
+// @prose 2 inspect.Attach.IsUsedOnProgramsThatRun attaches in the same way, to a program of its own
 // @prose 1 inspection.LmJournalFile switches a journal on in the same way, for a program of its own
 
 #include "LmJournalFile.h"
@@ -18,7 +19,7 @@
 namespace {
 
 const char kExample[] =
-    // @text 2
+    // @text 3
     ;
 
 std::vector<std::string> LinesWithoutTimes(std::istream&& theStream)

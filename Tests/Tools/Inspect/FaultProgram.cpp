@@ -1,7 +1,8 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// FaultProgram <fault>: makes one mistake that `lminspect lint` knows, called as lint calls it. FaultTests.sh
-// runs it once for each. What is left at the end is meant to be.
+// FaultProgram <fault> [<status>]: makes one mistake that `lminspect lint` knows, called as lint calls it.
+// FaultTests.sh runs it once for each. What is left at the end is meant to be. "none" is a program to attach
+// to.
 
 #include "LmBindings.h"
 
@@ -32,7 +33,7 @@ public:
 template <typename Class>
 Class& Left(const char* theName)
 {
-    static std::vector<Class*> sLeft;
+    static auto& sLeft = *new std::vector<Class*>;
     sLeft.push_back(new Class);
     LmNameObject(*sLeft.back(), theName);
     return *sLeft.back();
@@ -160,6 +161,21 @@ void NotFlushed()
     sPreferences->SetKeyPathValue("volume", LmValue(40));
 }
 
+// ---- A program that goes on until it is told to quit
+
+void NoFault()
+{
+    static LmKeyValueBinding sModel;
+    static EventLoopTimerRef sTimer = nullptr;
+    LmNameObject(sModel, "model");
+    const auto count = [](EventLoopTimerRef, void*) {
+        static int sCount = 0;
+        sModel.SetKeyPathValue("level", LmValue(++sCount));
+    };
+    InstallEventLoopTimer(GetMainEventLoop(), 0, 0.01, NewEventLoopTimerUPP(count), nullptr, &sTimer);
+    RunApplicationEventLoop();
+}
+
 struct Fault
 {
     const char* theName;
@@ -176,16 +192,17 @@ const Fault kFaults[] = {{"never-set", NeverSet},
                          {"long-round", LongRound},
                          {"set-twice", SetTwice},
                          {"observer-left", ObserverLeft},
-                         {"not-flushed", NotFlushed}};
+                         {"not-flushed", NotFlushed},
+                         {"none", NoFault}};
 
 } // namespace
 
 int main(int theCount, char** theArguments)
 {
     for (const Fault& theFault : kFaults) {
-        if (theCount == 2 && std::strcmp(theArguments[1], theFault.theName) == 0) {
+        if (theCount > 1 && std::strcmp(theArguments[1], theFault.theName) == 0) {
             theFault.theCall();
-            return EXIT_SUCCESS;
+            return theCount > 2 ? std::atoi(theArguments[2]) : EXIT_SUCCESS;
         }
     }
     return EXIT_FAILURE;

@@ -33,10 +33,10 @@ TEST(Options, SayWhereAPageGoes)
     const Options theOptions = ReadOptions({"page", "-o", "a.html", "a.journal"});
     EXPECT_EQ(theOptions.theError, "");
     EXPECT_EQ(theOptions.theCommand, Command::Page);
-    EXPECT_EQ(theOptions.thePage, "a.html");
+    EXPECT_EQ(theOptions.theOutput, "a.html");
     EXPECT_EQ(theOptions.theJournal, "a.journal");
-    EXPECT_EQ(ReadOptions({"page", "--output=b.html"}).thePage, "b.html");
-    EXPECT_EQ(ReadOptions({"page"}).thePage, "");
+    EXPECT_EQ(ReadOptions({"page", "--output=b.html"}).theOutput, "b.html");
+    EXPECT_EQ(ReadOptions({"page"}).theOutput, "");
     EXPECT_EQ(ErrorOf({"page", "--output="}), "--output needs the name of a file");
     EXPECT_EQ(ErrorOf({"page", "-o"}), "-o needs a value");
     EXPECT_EQ(ErrorOf({"log", "-o", "a"}), "log has no option --output");
@@ -92,4 +92,45 @@ TEST(Options, AreAllInTheUsage)
                                       "--all", "--causes", "--callers", "--help", "--version"}) {
         EXPECT_NE(theUsage.find(theName), std::string::npos) << theName;
     }
+}
+
+TEST(Options, LeaveTheProgramThatIsRunItsOwn)
+{
+    const Options theOptions =
+        ReadOptions({"run", "--key", "volume", "--command=why not model 1.level", "./Radio", "--all", "-h"});
+    EXPECT_EQ(theOptions.theError, "");
+    EXPECT_EQ(theOptions.theCommand, Command::Run);
+    EXPECT_EQ(theOptions.theLog.theFilter.theKey, "volume");
+    EXPECT_FALSE(theOptions.theLog.isAll);
+    EXPECT_EQ(theOptions.theProgram, (std::vector<std::string>{"./Radio", "--all", "-h"}));
+    EXPECT_EQ(theOptions.theQuestion, (std::vector<std::string>{"why", "not", "model 1.level"}));
+    EXPECT_EQ(ReadOptions({"run", "--", "--all"}).theProgram, std::vector<std::string>{"--all"});
+    EXPECT_EQ(ErrorOf({"run"}), "run takes a program and its arguments");
+}
+
+TEST(Options, TakeAQuestionThatNamesNoJournal)
+{
+    EXPECT_EQ(ErrorOf({"run", "--command=lint", "./Radio"}), "");
+    EXPECT_EQ(ErrorOf({"run", "--command=graph --dot", "./Radio"}), "");
+    EXPECT_EQ(ErrorOf({"run", "--command=lit", "./Radio"}), "there is no command lit; did you mean lint?");
+    EXPECT_EQ(ErrorOf({"run", "--command=why", "./Radio"}), "why takes OBJECT.KEY and a journal");
+    for (const char* theQuestion : {"lint a.journal", "run ./Other", "attach", "--help", "diff a b"}) {
+        EXPECT_EQ(ErrorOf({"run", std::string("--command=") + theQuestion, "./Radio"}),
+                  "--command takes a command without a journal, such as lint")
+            << theQuestion;
+    }
+}
+
+TEST(Options, NameAProgramToAttachTo)
+{
+    const Options theOptions = ReadOptions({"attach", "Radio", "--output=a.journal"});
+    EXPECT_EQ(theOptions.theError, "");
+    EXPECT_EQ(theOptions.theCommand, Command::Attach);
+    EXPECT_EQ(theOptions.theProgram, std::vector<std::string>{"Radio"});
+    EXPECT_EQ(theOptions.theOutput, "a.journal");
+    EXPECT_TRUE(ReadOptions({"attach"}).theProgram.empty());
+    EXPECT_EQ(ErrorOf({"attach", "a", "b"}), "attach takes one program");
+    EXPECT_EQ(ErrorOf({"detach"}), "detach takes a program");
+    EXPECT_EQ(ErrorOf({"detach", "--all", "Radio"}), "detach has no option --all");
+    EXPECT_EQ(ErrorOf({"attach", "--output=", "Radio"}), "--output needs the name of a file");
 }
