@@ -16,6 +16,8 @@ OPTIONS = ("--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--n
            "--disable-background-networking", "--disable-component-update", "--disable-sync", "--disable-extensions",
            "--disable-dev-shm-usage", "--host-resolver-rules=MAP * ~NOTFOUND", "--remote-debugging-pipe")
 SHIFT = 8
+# What a page may ask for.
+OWN = ("file:", "data:", "about:")
 # What a key is called, its code, and its number.
 KEYS = {"ArrowLeft": 37, "ArrowUp": 38, "ArrowRight": 39, "ArrowDown": 40, "Home": 36, "End": 35, "Enter": 13,
         "Escape": 27, "Tab": 9, "PageDown": 34, "PageUp": 33, " ": 32}
@@ -80,7 +82,7 @@ class Browser:
             self.troubles.append(details.get("exception", {}).get("description") or details["text"])
         elif method == "Log.entryAdded" and details["entry"]["level"] in ("error", "warning"):
             self.troubles.append(details["entry"]["text"])
-        elif method == "Network.requestWillBeSent" and not details["request"]["url"].startswith(("file:", "data:", "about:")):
+        elif method == "Network.requestWillBeSent" and not details["request"]["url"].startswith(OWN):
             self.troubles.append("it asked for " + details["request"]["url"])
         elif method == "Page.javascriptDialogOpening":
             self.troubles.append("a dialog: " + details["message"])
@@ -118,7 +120,8 @@ class Browser:
     def js(self, expression):
         result = self.call("Runtime.evaluate", expression=expression, returnByValue=True, awaitPromise=True)
         if "exceptionDetails" in result:
-            raise RuntimeError(expression + ": " + str(result["exceptionDetails"].get("exception", {}).get("description")))
+            exception = result["exceptionDetails"].get("exception", {})
+            raise RuntimeError(f"{expression}: {exception.get('description')}")
         return result["result"].get("value")
 
     def text(self, selector):
@@ -132,7 +135,8 @@ class Browser:
             const theBox = theElement.getBoundingClientRect();
             const [theX, theY] = [theBox.x + theBox.width / 2, theBox.y + theBox.height / 2];
             const theTop = document.elementFromPoint(theX, theY);
-            return [theX, theY, theTop !== null && (theElement.contains(theTop) || theTop.contains(theElement))];
+            const isReached = theTop !== null && (theElement.contains(theTop) || theTop.contains(theElement));
+            return [theX, theY, theBox.width > 0 && theBox.height > 0 && isReached];
         }})()""")
         if not place[2]:
             raise RuntimeError(f"{selector} cannot be clicked: something lies above it, or it cannot be seen")

@@ -18,45 +18,11 @@ import unittest
 from Browser import SHIFT, Browser, find_program
 
 gProgram, gRoot, gFolder = (os.path.abspath(argument) for argument in sys.argv[1:4])
+with open(os.path.join(os.path.dirname(os.path.abspath(__file__)), "PageProbes.js"), encoding="utf-8") as gFile:
+    gProbes = gFile.read()
 
 HOSTILE = ["</script><script>document.title = 'taken'</script>", "<img src=x onerror=\"document.title = 'taken'\">",
            "a\u2028b\u2029c", "\"'`\\${1}&amp;", "bell\u0007\u001b[2J\u0000", "right\u202eleft", "x" * 5000]
-
-# The least contrast of the texts that can be seen, and where: what is large may have less.
-CONTRAST = """(() => {
-    const canvas = document.createElement("canvas").getContext("2d", {willReadFrequently: true});
-    const colour = text => {
-        canvas.clearRect(0, 0, 1, 1); canvas.fillStyle = "#000"; canvas.fillStyle = text; canvas.fillRect(0, 0, 1, 1);
-        const [r, g, b, a] = canvas.getImageData(0, 0, 1, 1).data; return [r, g, b, a / 255];
-    };
-    const over = (top, below) => [0, 1, 2].map(i => top[i] * top[3] + below[i] * (1 - top[3])).concat(1);
-    const light = c => [0.2126, 0.7152, 0.0722].reduce((sum, weight, i) => {
-        const part = c[i] / 255; return sum + weight * (part <= 0.03928 ? part / 12.92 : ((part + 0.055) / 1.055) ** 2.4); }, 0);
-    const ground = element => {
-        const own = colour(getComputedStyle(element).backgroundColor);
-        return own[3] === 1 || !element.parentElement ? own : over(own, ground(element.parentElement));
-    };
-    let worst = [99, ""];
-    const walker = document.createTreeWalker(document.body, NodeFilter.SHOW_TEXT);
-    while (walker.nextNode()) {
-        const element = walker.currentNode.parentElement;
-        const style = getComputedStyle(element);
-        if (!walker.currentNode.textContent.trim() || !element.checkVisibility({visibilityProperty: true}) || element.closest("button:disabled, script, .unseen, .skip")) continue;
-        const isSvg = element instanceof SVGElement;
-        const back = ground(isSvg ? document.getElementById("graph") : element);
-        const [a, b] = [light(over(colour(isSvg ? style.fill : style.color), back)), light(back)].sort((x, y) => y - x);
-        const size = parseFloat(style.fontSize);
-        const isLarge = size >= 24 || (size >= 18.66 && style.fontWeight >= 700);
-        const ratio = (a + 0.05) / (b + 0.05) * (isLarge ? 1.5 : 1);
-        if (ratio < worst[0]) worst = [ratio, element.tagName + "." + element.className.baseVal + "." + element.className + ": " + walker.currentNode.textContent.slice(0, 40)];
-    }
-    return worst;
-})()"""
-
-NAMELESS = """[...document.querySelectorAll("button, input, [role=button], [role=tab], [role=tabpanel], [tabindex='0'], section")].filter(
-    element => element.checkVisibility() && !element.getAttribute("aria-label") && !element.getAttribute("aria-labelledby") &&
-        !element.labels?.length && !element.textContent.trim()).map(element => element.outerHTML)"""
-
 
 def load_maker():
     path = os.path.join(gRoot, "Tools", "Inspect", "MakeJournal.py")
@@ -89,15 +55,15 @@ def make_journal(objects, drags):
 
 
 def make_hostile():
-    lines = make_journal(3, 1)[:-1]
-    first = len(lines) + 1
+    known = make_journal(3, 1)[:-1]
+    lines = []
+    first = len(known) + 1
     for number, text in enumerate(HOSTILE):
         thing = {"id": 50 + number, "class": text, "name": text}
-        lines.append(json.dumps({"n": first + 2 * number, "t": 9000000, "what": "changed", "object": thing, "key": text,
-                                 "was": {"kind": "string", "value": text[::-1]}, "is": {"kind": "string", "value": text}}))
-        lines.append(json.dumps({"n": first + 1 + 2 * number, "t": 9000000, "what": "diagnostic", "file": text, "line": 1,
-                                 "message": text}))
-    return lines
+        lines.append({"n": first + 2 * number, "what": "changed", "object": thing, "key": text,
+                      "was": {"kind": "string", "value": text[::-1]}, "is": {"kind": "string", "value": text}})
+        lines.append({"n": first + 1 + 2 * number, "what": "diagnostic", "file": text, "line": 1, "message": text})
+    return known + [json.dumps(dict(line, t=9000000)) for line in lines]
 
 
 def values_at(lines, number):
@@ -117,6 +83,7 @@ class PageTest(unittest.TestCase):
     def open(self, name, fragment="", **looks):
         gBrowser.show(**{"width": 1440, "height": 900, **looks})
         gBrowser.open(gPages[name], fragment)
+        gBrowser.js(gProbes)
 
     def tearDown(self):
         troubles, gBrowser.troubles = gBrowser.troubles, []
@@ -130,17 +97,20 @@ class PageTest(unittest.TestCase):
             gBrowser.press(key, modifiers)
 
     def lit(self):
-        return gBrowser.js("[...document.querySelectorAll('.card.lit b')].map(element => element.textContent)")
+        return self.texts(".card.lit b")
 
-    def shown_values(self):
-        """What the cards show, but for what is about nothing."""
-        return gBrowser.js("""Object.fromEntries([...document.querySelectorAll(".card")].flatMap(card =>
-            [...card.querySelectorAll(".key")].map(row => [card.querySelector("b").textContent + "." + row.querySelector(".name").textContent,
-                row.querySelector(".now").textContent])).filter(([, value]) => value !== "–"))""")
+    def count(self, selector):
+        return gBrowser.js(f"document.querySelectorAll({json.dumps(selector)}).length")
+
+    def texts(self, selector):
+        return gBrowser.js(f"Array.from(document.querySelectorAll({json.dumps(selector)}), found => found.textContent)")
+
+    def style(self, selector, name):
+        return gBrowser.js(f"getComputedStyle(document.querySelector({json.dumps(selector)})).{name}")
 
     def test_steps_are_taken_by_buttons_and_keys(self):
         self.open("ten", "#entry=60")
-        at_first = self.shown_values()
+        at_first = gBrowser.js("readCards()")
         first = self.number()
         gBrowser.click("#forward")
         second = self.number()
@@ -152,7 +122,7 @@ class PageTest(unittest.TestCase):
         self.assertEqual(self.number(), second)
         gBrowser.click("#back")
         self.assertEqual(self.number(), first)
-        self.assertEqual(self.shown_values(), at_first)
+        self.assertEqual(gBrowser.js("readCards()"), at_first)
         self.press("End")
         last = self.number()
         self.press("ArrowRight")
@@ -173,7 +143,7 @@ class PageTest(unittest.TestCase):
             gBrowser.js("new Promise(done => setTimeout(done, 0))")
             self.assertEqual(self.number(), numbers[place])
             expected = values_at(gJournals["ten"], numbers[place])
-            shown = self.shown_values()
+            shown = gBrowser.js("readCards()")
             self.assertEqual({key: shown.get(key) for key in expected}, expected)
 
     def test_a_step_lights_up_what_it_is_about(self):
@@ -183,8 +153,8 @@ class PageTest(unittest.TestCase):
         row = gBrowser.text(".card.lit .key.lit")
         self.assertIn(gBrowser.text("#what .old"), row)
         self.assertIn(gBrowser.text("#what .new"), row)
-        self.assertEqual(gBrowser.js("document.querySelectorAll('.wire.lit').length"), 1)
-        self.assertGreater(gBrowser.js("document.querySelectorAll('.card.way').length"), 0)
+        self.assertEqual(self.count(".wire.lit"), 1)
+        self.assertGreater(self.count(".card.way"), 0)
         gBrowser.picture(os.path.join(gFolder, "TenLight.png"))
 
     def test_causes_are_followed(self):
@@ -196,7 +166,7 @@ class PageTest(unittest.TestCase):
         self.assertIn("Transform", gBrowser.text("#what"))
         gBrowser.click("#causes .row")
         self.assertIn("a person dragged the mouse", gBrowser.text("#what"))
-        self.assertEqual(gBrowser.js("document.querySelectorAll('#causes .row.way').length"), 1)
+        self.assertEqual(self.count("#causes .row.way"), 1)
         self.press("PageDown")
         self.assertEqual(self.number(), last, "the last row of the tree")
         self.press("p")
@@ -221,11 +191,11 @@ class PageTest(unittest.TestCase):
         self.open("ten")
         self.press("/")
         gBrowser.write("slider 2")
-        kinds = gBrowser.js("[...document.querySelectorAll('.hit small')].map(element => element.textContent)")
+        kinds = self.texts(".hit small")
         self.assertEqual(set(kinds), {"object", "key", "entry"})
         self.press("ArrowDown", "Enter")
         self.assertEqual(gBrowser.text(".card.chosen b"), "slider 2")
-        self.assertEqual(gBrowser.js("document.querySelectorAll('#keys .space .row').length"), 1, "only its keys are shown")
+        self.assertEqual(self.count("#keys .space .row"), 1, "only its keys are shown")
         self.press("Escape")
         self.assertIsNone(gBrowser.js("document.querySelector('.card.chosen')"))
         self.press("/")
@@ -248,7 +218,7 @@ class PageTest(unittest.TestCase):
         self.assertEqual(gBrowser.js("document.getElementById('objects').getAttribute('aria-rowcount')"), "11")
         gBrowser.click("#objects .head .object button")
         gBrowser.click("#objects .head .object button")
-        names = gBrowser.js("[...document.querySelectorAll('#objects .space .object')].map(element => element.textContent)")
+        names = self.texts("#objects .space .object")
         self.assertEqual(names, sorted(names, reverse=True))
         gBrowser.click("#objects .space .row")
         self.assertEqual(gBrowser.text(".card.chosen b"), "text 2")
@@ -274,7 +244,7 @@ class PageTest(unittest.TestCase):
         gBrowser.click("#fit")
         self.assertEqual(gBrowser.js("document.getElementById('canvas').offsetWidth"), width)
         gBrowser.click("#near")
-        self.assertLess(gBrowser.js("document.querySelectorAll('.card').length"), 10)
+        self.assertLess(self.count(".card"), 10)
 
     def test_every_entry_can_be_seen(self):
         self.open("ten", "#entry=60")
@@ -285,7 +255,7 @@ class PageTest(unittest.TestCase):
         self.assertLess(int(few.replace(",", "")), int(many.replace(",", "")))
         self.press("Home")
         self.assertEqual(self.number(), 1)
-        self.assertEqual(gBrowser.js("document.querySelectorAll('.card:not(.absent)').length"), 0, "nothing is made yet")
+        self.assertEqual(self.count(".card:not(.absent)"), 0, "nothing is made yet")
 
     def test_findings_lead_to_their_entries(self):
         self.open("thousands")
@@ -310,33 +280,31 @@ class PageTest(unittest.TestCase):
         self.assertIn("more than 300 objects", gBrowser.text("#graphNote"))
         gBrowser.click("#tabObjects")
         self.assertEqual(gBrowser.js("document.getElementById('objects').getAttribute('aria-rowcount')"), "2001")
-        self.assertLess(gBrowser.js("document.querySelectorAll('*').length"), 6000)
+        self.assertLess(self.count("*"), 6000)
         gBrowser.js("document.getElementById('objects').focus()")
         self.press("End")
         self.assertEqual(gBrowser.text("#objects .row.active .object"), "store 1999")
         self.press("Enter")
-        self.assertIn("store 1999", gBrowser.js("[...document.querySelectorAll('.card b')].map(element => element.textContent)"))
+        self.assertIn("store 1999", self.texts(".card b"))
         self.press("Home", "Escape")
         gBrowser.click("#first")
         before = self.lit()
-        times = []
-        for _ in range(40):
-            times.append(gBrowser.js("""(() => { const begin = performance.now();
-                document.body.dispatchEvent(new KeyboardEvent("keydown", {key: "ArrowRight", bubbles: true}));
-                document.body.offsetHeight; return performance.now() - begin; })()"""))
+        times = sorted(gBrowser.js("timeSteps(40)"))
         self.assertNotEqual(self.lit(), before)
-        print(f"2,000 objects: a step takes {sorted(times)[20]:.1f} ms, the slowest of 40 {max(times):.1f} ms")
+        print(f"2,000 objects: a step takes {times[20]:.1f} ms, the slowest of 40 {times[-1]:.1f} ms")
         gBrowser.picture(os.path.join(gFolder, "ThousandsLight.png"))
 
     def test_a_long_journal_begins_with_how_things_stood(self):
         self.open("long")
         count = len(gJournals["long"])
-        self.assertIn(f"This page holds the last 20,000; how things stood after the {count - 20000:,} before", gBrowser.text("#notices"))
+        notice = f"This page holds the last 20,000; how things stood after the {count - 20000:,} before"
+        self.assertIn(notice, gBrowser.text("#notices"))
         gBrowser.click("#all")
         self.press("Home")
         self.assertEqual(self.number(), count - 20000 + 1)
+        self.assertEqual(self.count(".card:not(.absent)"), 10)
         expected = values_at(gJournals["long"], count - 20000 + 1)
-        self.assertEqual(self.shown_values(), expected)
+        self.assertEqual(gBrowser.js("readCards()"), expected)
 
     def test_without_graphviz_the_page_places_the_objects(self):
         self.open("undrawn")
@@ -347,14 +315,14 @@ class PageTest(unittest.TestCase):
         for index, (left, top, right, bottom) in enumerate(boxes):
             for other in boxes[index + 1:]:
                 self.assertTrue(right <= other[0] or other[2] <= left or bottom <= other[1] or other[3] <= top)
-        self.assertEqual(gBrowser.js("document.querySelectorAll('.wire').length"), 6)
+        self.assertEqual(self.count(".wire"), 6)
 
     def test_what_means_harm_is_text(self):
         self.open("hostile")
         self.assertNotEqual(gBrowser.js("document.title"), "taken")
-        self.assertEqual(gBrowser.js("document.querySelectorAll('script').length"), 2)
-        self.assertEqual(gBrowser.js("document.querySelectorAll('img').length"), 0)
-        names = gBrowser.js("[...document.querySelectorAll('.card b')].map(element => element.textContent)")
+        self.assertEqual(self.count("script"), 2)
+        self.assertEqual(self.count("img"), 0)
+        names = self.texts(".card b")
         for text in HOSTILE[:4]:
             self.assertIn(text, names)
         self.assertIn("bell\\u0007\\u001b[2J\\u0000", names)
@@ -363,7 +331,7 @@ class PageTest(unittest.TestCase):
         self.press("/")
         gBrowser.write("<script>")
         gBrowser.click(".hit")
-        self.assertEqual(gBrowser.js("document.querySelectorAll('script').length"), 2)
+        self.assertEqual(self.count("script"), 2)
         self.assertNotEqual(gBrowser.js("document.title"), "taken")
 
     def test_it_is_readable_in_every_light_and_width(self):
@@ -374,18 +342,18 @@ class PageTest(unittest.TestCase):
                     self.assertLessEqual(gBrowser.js("document.scrollingElement.scrollWidth"), width)
                     for tab in ("tabKeys", "tabObjects", "tabFindings") if width == 1600 else ("tabCauses",):
                         gBrowser.click("#" + tab)
-                        ratio, where = gBrowser.js(CONTRAST)
+                        ratio, where = gBrowser.js("leastContrast()")
                         self.assertGreaterEqual(ratio, 4.5, where)
-                        self.assertEqual(gBrowser.js(NAMELESS), [])
+                        self.assertEqual(gBrowser.js("findNameless()"), [])
                     gBrowser.click("#tabCauses")
                     gBrowser.js("scrollTo(0, 0)")
                     gBrowser.picture(os.path.join(gFolder, f"{name}{width}{'Dark' if dark else 'Light'}.png"))
 
     def test_nothing_moves_for_who_wants_calm(self):
         self.open("ten", calm=True)
-        self.assertEqual(gBrowser.js("getComputedStyle(document.querySelector('.wire.lit .line')).animationName"), "none")
+        self.assertEqual(self.style(".wire.lit .line", "animationName"), "none")
         self.open("ten")
-        self.assertEqual(gBrowser.js("getComputedStyle(document.querySelector('.wire.lit .line')).animationName"), "flow")
+        self.assertEqual(self.style(".wire.lit .line", "animationName"), "flow")
 
 
 if __name__ == "__main__":
@@ -399,5 +367,5 @@ if __name__ == "__main__":
     gPages = {name: make_page(name, lines) for name, lines in gJournals.items()}
     gPages["undrawn"] = make_page("undrawn", gJournals["ten"], env={"PATH": "/nowhere"})
     with Browser(gChromium) as gBrowser:
-        gProgram = unittest.main(argv=sys.argv[:1] + sys.argv[4:], exit=False)
-    sys.exit(0 if gProgram.result.wasSuccessful() else 1)
+        gTests = unittest.main(argv=sys.argv[:1] + sys.argv[4:], exit=False)
+    sys.exit(0 if gTests.result.wasSuccessful() else 1)

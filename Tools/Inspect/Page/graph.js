@@ -52,12 +52,16 @@ class Graph {
             }
         });
         this.view.addEventListener("keydown", theEvent => this.onKey(theEvent));
-        this.view.addEventListener("wheel", theEvent => {
-            if (theEvent.ctrlKey) {
-                theEvent.preventDefault();
-                this.zoom(this.scale * Math.exp(-theEvent.deltaY / 300));
-            }
-        }, { passive: false });
+        this.view.addEventListener(
+            "wheel",
+            theEvent => {
+                if (theEvent.ctrlKey) {
+                    theEvent.preventDefault();
+                    this.zoom(this.scale * Math.exp(-theEvent.deltaY / 300));
+                }
+            },
+            { passive: false }
+        );
         this.view.addEventListener("pointerdown", theEvent => this.drag(theEvent));
     }
 
@@ -108,7 +112,8 @@ class Graph {
 
     // The middle of the row of a key, or of the head.
     heightOfEnd(theKey) {
-        return theKey < 0 ? this.head / 2
+        return theKey < 0
+            ? this.head / 2
             : this.head + this.row * (Math.min(this.journal.keys[theKey].row, this.mostRows) + 0.5);
     }
 
@@ -133,7 +138,10 @@ class Graph {
             for (const theIndex of this.journal.objects[theObject].wires) {
                 const theWire = this.journal.wires[theIndex];
                 const theOther = theWire.from === theObject ? theWire.to : theWire.from;
-                if (!theNear.has(theOther) && (this.journal.isWired(theIndex, false) || this.journal.isWired(theIndex, true))) {
+                if (
+                    !theNear.has(theOther) &&
+                    (this.journal.isWired(theIndex, false) || this.journal.isWired(theIndex, true))
+                ) {
                     if (theNear.size < kMostNear) {
                         theNear.add(theOther);
                     } else {
@@ -191,7 +199,9 @@ class Graph {
 
     // theGroup column by column, from the left; a column that would be too high becomes several.
     splitIntoColumns(theGroup, theColumns) {
-        const theNumbers = [...new Set(theGroup.map(theObject => theColumns.get(theObject)))].sort((theLeft, theRight) => theLeft - theRight);
+        const theNumbers = [...new Set(theGroup.map(theObject => theColumns.get(theObject)))].sort(
+            (theLeft, theRight) => theLeft - theRight
+        );
         return theNumbers.flatMap(theNumber => {
             const theParts = [[]];
             let theHeight = 0;
@@ -212,15 +222,27 @@ class Graph {
         const theLayout = this.journal.data.layout;
         const theBoxes = new Map();
         this.journal.objects.forEach((theObject, theIndex) =>
-            theBoxes.set(theIndex, { x: theLayout.boxes[2 * theIndex] + kMargin, y: theLayout.boxes[2 * theIndex + 1] + kMargin }));
+            theBoxes.set(theIndex, {
+                x: theLayout.boxes[2 * theIndex] + kMargin,
+                y: theLayout.boxes[2 * theIndex + 1] + kMargin
+            })
+        );
         const theLines = new Map();
         let theLine = 0;
         this.journal.wires.forEach((theWire, theIndex) => {
             if (theWire.way >= 0) {
-                theLines.set(theIndex, theLayout.lines[theLine++].map(theNumber => theNumber + kMargin));
+                theLines.set(
+                    theIndex,
+                    theLayout.lines[theLine++].map(theNumber => theNumber + kMargin)
+                );
             }
         });
-        return { width: theLayout.size[0] + 2 * kMargin, height: theLayout.size[1] + 2 * kMargin, boxes: theBoxes, lines: theLines };
+        return {
+            width: theLayout.size[0] + 2 * kMargin,
+            height: theLayout.size[1] + 2 * kMargin,
+            boxes: theBoxes,
+            lines: theLines
+        };
     }
 
     lineBetween(theWire, theBoxes) {
@@ -233,8 +255,16 @@ class Graph {
         const theX1 = theFrom.x + (isLeft ? 0 : this.width);
         const theX2 = theTo.x + (isSame || isLeft ? this.width : 0);
         const theBend = isSame ? 46 : Math.max(40, Math.abs(theX2 - theX1) / 2);
-        return [theX1, theY1, theX1 + (isLeft ? -theBend : theBend), theY1,
-            theX2 + (isSame || isLeft ? theBend : -theBend), theY2, theX2, theY2];
+        return [
+            theX1,
+            theY1,
+            theX1 + (isLeft ? -theBend : theBend),
+            theY1,
+            theX2 + (isSame || isLeft ? theBend : -theBend),
+            theY2,
+            theX2,
+            theY2
+        ];
     }
 
     // Cards and wires for theObjects.
@@ -243,15 +273,22 @@ class Graph {
         this.plan = thePlan;
         this.cards.clear();
         this.wires.clear();
-        this.shown = [...theObjects].sort((theLeft, theRight) =>
-            thePlan.boxes.get(theLeft).x - thePlan.boxes.get(theRight).x || thePlan.boxes.get(theLeft).y - thePlan.boxes.get(theRight).y);
-        this.layer.replaceChildren(...this.shown.map(theObject => this.makeCard(theObject, thePlan.boxes.get(theObject))));
+        this.shown = [...theObjects].sort(
+            (theLeft, theRight) =>
+                thePlan.boxes.get(theLeft).x - thePlan.boxes.get(theRight).x ||
+                thePlan.boxes.get(theLeft).y - thePlan.boxes.get(theRight).y
+        );
+        this.layer.replaceChildren(
+            ...this.shown.map(theObject => this.makeCard(theObject, thePlan.boxes.get(theObject)))
+        );
         const theWires = new Set(theObjects.flatMap(theObject => this.journal.objects[theObject].wires));
         this.svg.replaceChildren();
         for (const theIndex of theWires) {
             const theWire = this.journal.wires[theIndex];
             if (thePlan.boxes.has(theWire.from) && thePlan.boxes.has(theWire.to)) {
-                this.svg.append(this.makeWire(theIndex, thePlan.lines.get(theIndex) ?? this.lineBetween(theWire, thePlan.boxes)));
+                this.svg.append(
+                    this.makeWire(theIndex, thePlan.lines.get(theIndex) ?? this.lineBetween(theWire, thePlan.boxes))
+                );
             }
         }
         this.svg.setAttribute("width", thePlan.width);
@@ -281,7 +318,9 @@ class Graph {
             theCard.append(theRow);
         }
         if (theFacts.keys.length > this.mostRows) {
-            theCard.append(make("div", "key more", showCount(theFacts.keys.length - this.mostRows, "more key", "more keys")));
+            theCard.append(
+                make("div", "key more", showCount(theFacts.keys.length - this.mostRows, "more key", "more keys"))
+            );
         }
         this.cards.set(theObject, { element: theCard, rows: theRows });
         return theCard;
@@ -311,23 +350,38 @@ class Graph {
     static arrow([theX1, theY1], [theX2, theY2]) {
         const theLength = Math.hypot(theX2 - theX1, theY2 - theY1) || 1;
         const [theX, theY] = [(theX2 - theX1) / theLength, (theY2 - theY1) / theLength];
-        const thePoints = [[theX2, theY2], [theX2 - 9 * theX - 4.5 * theY, theY2 - 9 * theY + 4.5 * theX],
-            [theX2 - 9 * theX + 4.5 * theY, theY2 - 9 * theY - 4.5 * theX]];
-        return draw("path", "arrow", { d: "M" + thePoints.map(thePoint => thePoint.map(theNumber => theNumber.toFixed(1)).join(" ")).join("L") + "Z" });
+        const thePoints = [
+            [theX2, theY2],
+            [theX2 - 9 * theX - 4.5 * theY, theY2 - 9 * theY + 4.5 * theX],
+            [theX2 - 9 * theX + 4.5 * theY, theY2 - 9 * theY - 4.5 * theX]
+        ];
+        return draw("path", "arrow", {
+            d:
+                "M" +
+                thePoints.map(thePoint => thePoint.map(theNumber => theNumber.toFixed(1)).join(" ")).join("L") +
+                "Z"
+        });
     }
 
     static middle(thePoints) {
         const theCurve = Math.floor((thePoints.length - 2) / 12) * 6;
-        const at = theAxis => (thePoints[theCurve + theAxis] + 3 * thePoints[theCurve + 2 + theAxis] +
-            3 * thePoints[theCurve + 4 + theAxis] + thePoints[theCurve + 6 + theAxis]) / 8;
+        const at = theAxis =>
+            (thePoints[theCurve + theAxis] +
+                3 * thePoints[theCurve + 2 + theAxis] +
+                3 * thePoints[theCurve + 4 + theAxis] +
+                thePoints[theCurve + 6 + theAxis]) /
+            8;
         return { x: at(0).toFixed(1), y: (at(1) - 5).toFixed(1) };
     }
 
     // How things stand now, with what happened at thePlace lit up.
     show(thePlace, theChosen) {
         const theChain = thePlace < 0 ? [] : this.journal.chainOf(thePlace);
-        const theObjects = this.isNear ? this.near(theChain, theChosen) : this.journal.objects.map((theObject, theIndex) => theIndex);
-        const isAnew = theObjects.length !== this.shown.length || theObjects.some(theObject => !this.cards.has(theObject));
+        const theObjects = this.isNear
+            ? this.near(theChain, theChosen)
+            : this.journal.objects.map((theObject, theIndex) => theIndex);
+        const isAnew =
+            theObjects.length !== this.shown.length || theObjects.some(theObject => !this.cards.has(theObject));
         if (isAnew || !this.plan) {
             this.build(theObjects);
         }
@@ -340,9 +394,12 @@ class Graph {
         const theWay = theChain.slice(0, -1).map(thePlace => this.journal.entries[thePlace]);
         const theObjects = new Set(theWay.map(theEntry => theEntry.object));
         const theKeys = new Set(theWay.map(theEntry => theEntry.key));
-        const theWires = new Map(theWay.filter(theEntry => theEntry.wire >= 0).map(theEntry => [theEntry.wire, theEntry.isBack]));
+        const theWires = new Map(
+            theWay.filter(theEntry => theEntry.wire >= 0).map(theEntry => [theEntry.wire, theEntry.isBack])
+        );
         // What a binding handed on lit its wire; so does what became of it there.
-        const theHop = theLast && theLast.wire < 0 && theLast.parent >= 0 ? this.journal.entries[theLast.parent] : theLast;
+        const theHop =
+            theLast && theLast.wire < 0 && theLast.parent >= 0 ? this.journal.entries[theLast.parent] : theLast;
         const theLitWire = theHop && theHop.wire >= 0 ? theHop.wire : -1;
         for (const [theObject, theCard] of this.cards) {
             this.fillCard(theObject, theCard, theLast);
@@ -397,7 +454,10 @@ class Graph {
             }
         }
         const theFacts = this.journal.objects[theObject];
-        theCard.element.setAttribute("aria-label", `${theFacts.name}, ${theFacts.kind}${isThere ? "" : ", not there at this step"}: ${theValues.join(", ")}`);
+        theCard.element.setAttribute(
+            "aria-label",
+            `${theFacts.name}, ${theFacts.kind}${isThere ? "" : ", not there at this step"}: ${theValues.join(", ")}`
+        );
     }
 
     zoom(theScale) {
@@ -416,7 +476,13 @@ class Graph {
     }
 
     fit() {
-        this.zoom(Math.min(1, (this.view.clientWidth - 2) / this.plan.width, (this.view.clientHeight - 2) / this.plan.height));
+        this.zoom(
+            Math.min(
+                1,
+                (this.view.clientWidth - 2) / this.plan.width,
+                (this.view.clientHeight - 2) / this.plan.height
+            )
+        );
     }
 
     // Brings what is lit, or theObject, into view.

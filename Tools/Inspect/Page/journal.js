@@ -7,8 +7,19 @@
 // What a key shows that has no valid value.
 const kNoValue = "not valid";
 // What moves something, keeps it from moving, or begins it; the other entries are only seen on demand.
-const kTellingKinds = new Set(["lost", "changed", "equal", "refused", "told", "notify", "transform", "action", "event",
-    "write", "diagnostic"]);
+const kTellingKinds = new Set([
+    "lost",
+    "changed",
+    "equal",
+    "refused",
+    "told",
+    "notify",
+    "transform",
+    "action",
+    "event",
+    "write",
+    "diagnostic"
+]);
 const kMovingKinds = new Set(["changed", "told", "notify"]);
 
 class Journal {
@@ -16,15 +27,30 @@ class Journal {
         this.data = theData;
         this.texts = theData.texts;
         this.objects = theData.objects.map(([theID, theName, theClass]) => ({
-            id: theID, name: this.texts[theName], kind: this.texts[theClass], keys: [], wires: [], moves: 0
+            id: theID,
+            name: this.texts[theName],
+            kind: this.texts[theClass],
+            keys: [],
+            wires: [],
+            moves: 0
         }));
         this.keys = theData.keys.map(([theObject, theName], theIndex) => {
             this.objects[theObject].keys.push(theIndex);
-            return { object: theObject, name: this.texts[theName], row: this.objects[theObject].keys.length - 1, places: [] };
+            return {
+                object: theObject,
+                name: this.texts[theName],
+                row: this.objects[theObject].keys.length - 1,
+                places: []
+            };
         });
         this.wires = theData.wires.map(([theWay, theFrom, theFromKey, theTo, theToKey, theTransform, theBack]) => ({
-            way: theWay, from: theFrom, fromKey: theFromKey, to: theTo, toKey: theToKey,
-            transform: this.texts[theTransform], back: this.texts[theBack]
+            way: theWay,
+            from: theFrom,
+            fromKey: theFromKey,
+            to: theTo,
+            toKey: theToKey,
+            transform: this.texts[theTransform],
+            back: this.texts[theBack]
         }));
         this.wires.forEach((theWire, theIndex) => {
             if (theWire.way >= 0) {
@@ -42,16 +68,43 @@ class Journal {
     readEntries() {
         const thePlaces = new Map();
         this.entries = this.data.entries.map((theRow, thePlace) => {
-            const [theNumber, theCause, theTime, theKind, theObject, theKey, theWire, theText, theOld, theNew, theReason, theMoves] = theRow;
-            const theParent = theCause === 0 ? -1 : thePlaces.get(theCause) ?? -1;
+            const [
+                theNumber,
+                theCause,
+                theTime,
+                theKind,
+                theObject,
+                theKey,
+                theWire,
+                theText,
+                theOld,
+                theNew,
+                theReason,
+                theMoves
+            ] = theRow;
+            const theParent = theCause === 0 ? -1 : (thePlaces.get(theCause) ?? -1);
             thePlaces.set(theNumber, thePlace);
             const theKindName = this.data.kinds[theKind];
             const theEntry = {
-                number: theNumber, cause: theCause, parent: theParent, time: theTime, kind: theKindName,
-                object: theObject, key: theKey, wire: theWire >= 0 ? theWire >> 1 : -1, isBack: (theWire & 1) === 1,
-                text: this.texts[theText], old: this.texts[theOld], now: this.texts[theNew],
-                reason: this.texts[theReason], moves: theMoves, before: [], finding: -1,
-                isTelling: kTellingKinds.has(theKindName), isMoving: kMovingKinds.has(theKindName), root: thePlace
+                number: theNumber,
+                cause: theCause,
+                parent: theParent,
+                time: theTime,
+                kind: theKindName,
+                object: theObject,
+                key: theKey,
+                wire: theWire >= 0 ? theWire >> 1 : -1,
+                isBack: (theWire & 1) === 1,
+                text: this.texts[theText],
+                old: this.texts[theOld],
+                now: this.texts[theNew],
+                reason: this.texts[theReason],
+                moves: theMoves,
+                before: [],
+                finding: -1,
+                isTelling: kTellingKinds.has(theKindName),
+                isMoving: kMovingKinds.has(theKindName),
+                root: thePlace
             };
             if (theEntry.isMoving && theKey >= 0) {
                 this.keys[theKey].places.push(thePlace);
@@ -72,10 +125,20 @@ class Journal {
     }
 
     readFindings() {
-        this.findings = this.data.findings.map(([theRule, theNumber, theSubject, theSentence, theCaller, theCount, thePage, theObject, theKey]) => ({
-            rule: theRule, number: theNumber, subject: theSubject, sentence: theSentence, caller: theCaller,
-            count: theCount, page: thePage, object: theObject, key: theKey, place: this.places.get(theNumber) ?? -1
-        }));
+        this.findings = this.data.findings.map(
+            ([theRule, theNumber, theSubject, theSentence, theCaller, theCount, thePage, theObject, theKey]) => ({
+                rule: theRule,
+                number: theNumber,
+                subject: theSubject,
+                sentence: theSentence,
+                caller: theCaller,
+                count: theCount,
+                page: thePage,
+                object: theObject,
+                key: theKey,
+                place: this.places.get(theNumber) ?? -1
+            })
+        );
         this.findings.forEach((theFinding, theIndex) => {
             if (theFinding.place >= 0) {
                 this.entries[theFinding.place].finding = theIndex;
@@ -116,12 +179,18 @@ class Journal {
         }
     }
 
-    valueOf(theKey) { return this.texts[this.state[theKey]]; }
-    isThere(theObject) { return this.state[this.keys.length + theObject] === 1; }
+    valueOf(theKey) {
+        return this.texts[this.state[theKey]];
+    }
+    isThere(theObject) {
+        return this.state[this.keys.length + theObject] === 1;
+    }
     isWired(theWire, isBack) {
         return this.state[this.keys.length + this.objects.length + 2 * theWire + (isBack ? 1 : 0)] === 1;
     }
-    nameOfKey(theKey) { return this.objects[this.keys[theKey].object].name + "." + this.keys[theKey].name; }
+    nameOfKey(theKey) {
+        return this.objects[this.keys[theKey].object].name + "." + this.keys[theKey].name;
+    }
 
     // The places of what led to the entry at thePlace, and its own; the first cause first.
     chainOf(thePlace) {
@@ -170,10 +239,18 @@ class Journal {
             return [];
         }
         return [
-            ...collect("object", this.objects.length, theIndex =>
-                `${this.objects[theIndex].name} ${this.objects[theIndex].kind} #${this.objects[theIndex].id}`),
+            ...collect(
+                "object",
+                this.objects.length,
+                theIndex =>
+                    `${this.objects[theIndex].name} ${this.objects[theIndex].kind} #${this.objects[theIndex].id}`
+            ),
             ...collect("key", this.keys.length, theIndex => this.nameOfKey(theIndex)),
-            ...collect("entry", this.entries.length, theIndex => `${this.entries[theIndex].number} ${this.entries[theIndex].text}`)
+            ...collect(
+                "entry",
+                this.entries.length,
+                theIndex => `${this.entries[theIndex].number} ${this.entries[theIndex].text}`
+            )
         ];
     }
 }
@@ -186,8 +263,12 @@ function showTime(theTime) {
     return theTime < 1e9 ? (theTime / 1e6).toFixed(3) + " ms" : (theTime / 1e9).toFixed(6) + " s";
 }
 
+function showNumber(theNumber) {
+    return theNumber.toLocaleString("en");
+}
+
 function showCount(theCount, theOne, theMany) {
-    return theCount.toLocaleString("en") + " " + (theCount === 1 ? theOne : theMany);
+    return showNumber(theCount) + " " + (theCount === 1 ? theOne : theMany);
 }
 
 // An element; what stands in it is text, never markup.

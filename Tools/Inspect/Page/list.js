@@ -57,7 +57,10 @@ class List {
         if (theHeight === 0) {
             return;
         }
-        const theFirst = Math.max(0, Math.floor((this.element.scrollTop - this.headHeight()) / this.options.height) - 4);
+        const theFirst = Math.max(
+            0,
+            Math.floor((this.element.scrollTop - this.headHeight()) / this.options.height) - 4
+        );
         const theEnd = Math.min(this.count, theFirst + Math.ceil(theHeight / this.options.height) + 9);
         for (const [theIndex, theRow] of this.rows) {
             if (theIndex < theFirst || theIndex >= theEnd) {
@@ -103,7 +106,9 @@ class List {
         }
     }
 
-    headHeight() { return this.options.head ? this.options.head.offsetHeight : 0; }
+    headHeight() {
+        return this.options.head ? this.options.head.offsetHeight : 0;
+    }
 
     setActive(theIndex) {
         this.active = theIndex;
@@ -119,7 +124,14 @@ class List {
 
     onKey(theEvent) {
         const thePage = Math.max(1, Math.floor(this.element.clientHeight / this.options.height) - 1);
-        const theMoves = { ArrowUp: -1, ArrowDown: 1, PageUp: -thePage, PageDown: thePage, Home: -this.count, End: this.count };
+        const theMoves = {
+            ArrowUp: -1,
+            ArrowDown: 1,
+            PageUp: -thePage,
+            PageDown: thePage,
+            Home: -this.count,
+            End: this.count
+        };
         if (theEvent.ctrlKey || theEvent.metaKey || theEvent.altKey || this.count === 0) {
             return;
         }

@@ -10,7 +10,9 @@ class Reader {
         this.journal = theJournal;
         this.chosen = -1;
         this.areAllSeen = false;
-        this.graph = new Graph(theJournal, theObject => this.chooseObject(theObject === this.chosen ? -1 : theObject));
+        this.graph = new Graph(theJournal, theObject =>
+            this.chooseObject(theObject === this.chosen ? -1 : theObject)
+        );
         this.find();
         this.panels = new Panels(theJournal, this);
         this.sayWhatThisIs();
@@ -20,14 +22,19 @@ class Reader {
     }
 
     find() {
-        const theNames = ["name", "summary", "notices", "when", "mark", "what", "why", "ways", "slider", "strip", "all",
-            "position", "graphNote", "near", "nearChoice", "search", "hits", "keysHelp"];
+        // What the reader writes into, by its name in the page.
+        const theNames = [
+            "name", "summary", "notices", "when", "mark", "what", "why", "ways", "slider", "strip", "all",
+            "position", "graphNote", "near", "nearChoice", "search", "hits", "keysHelp"
+        ];
         this.parts = Object.fromEntries(theNames.map(theName => [theName, document.getElementById(theName)]));
         this.seen = [];
         this.position = -1;
     }
 
-    isSeen(theEntry) { return this.areAllSeen || theEntry.isTelling; }
+    isSeen(theEntry) {
+        return this.areAllSeen || theEntry.isTelling;
+    }
 
     // What the page is of, and what it leaves out.
     sayWhatThisIs() {
@@ -37,12 +44,20 @@ class Reader {
         this.parts.name.title = theData.name;
         const theLast = this.journal.entries[this.journal.entries.length - 1];
         document.documentElement.style.setProperty("--digits", String(theLast.number).length);
-        this.parts.summary.textContent = [showCount(theData.count, "entry", "entries"),
-            showCount(this.journal.objects.length, "object", "objects"), showTime(theLast.time),
-            ...(theData.started ? ["begun " + theData.started.replace("T", " ").replace("Z", " UTC")] : [])].join(" · ");
+        this.parts.summary.textContent = [
+            showCount(theData.count, "entry", "entries"),
+            showCount(this.journal.objects.length, "object", "objects"),
+            showTime(theLast.time),
+            ...(theData.started ? ["begun " + theData.started.replace("T", " ").replace("Z", " UTC")] : [])
+        ].join(" · ");
         const theNotices = [];
         if (theData.before > 0) {
-            theNotices.push(`The journal has ${showCount(theData.count, "entry", "entries")}. This page holds the last ${theData.entries.length.toLocaleString("en")}; how things stood after the ${theData.before.toLocaleString("en")} before is where it begins.`);
+            const theCount = showCount(theData.count, "entry", "entries");
+            const theShown = showNumber(theData.entries.length);
+            theNotices.push(
+                `The journal has ${theCount}. This page holds the last ${theShown}; ` +
+                    `how things stood after the ${showNumber(theData.before)} before is where it begins.`
+            );
         }
         if (theData.missing > 0) {
             theNotices.push(`${showCount(theData.missing, "entry is", "entries are")} missing from the journal.`);
@@ -57,8 +72,12 @@ class Reader {
         const theProblem = theData.layout.problem;
         this.parts.near.checked = this.graph.isNear;
         this.parts.nearChoice.hidden = !this.graph.canShowAll;
-        this.graphNote = theProblem === "" ? "" : this.graph.canShowAll ? `Placed without Graphviz: ${theProblem}.`
-            : `Only what the step and the chosen object touch: ${theProblem}.`;
+        this.graphNote =
+            theProblem === ""
+                ? ""
+                : this.graph.canShowAll
+                  ? `Placed without Graphviz: ${theProblem}.`
+                  : `Only what the step and the chosen object touch: ${theProblem}.`;
     }
 
     // Which entries are steps.
@@ -85,7 +104,7 @@ class Reader {
         const theCount = Math.min(kBars, this.seen.length);
         const theBars = Array.from({ length: theCount }, () => ({ moved: 0, person: false, finding: false, all: 0 }));
         this.seen.forEach((thePlace, theIndex) => {
-            const theBar = theBars[Math.min(theCount - 1, Math.floor(theIndex * theCount / this.seen.length))];
+            const theBar = theBars[Math.min(theCount - 1, Math.floor((theIndex * theCount) / this.seen.length))];
             const theEntry = this.journal.entries[thePlace];
             theBar.all += 1;
             theBar.moved += theEntry.isMoving ? 1 : 0;
@@ -97,7 +116,7 @@ class Reader {
         theBars.forEach((theBar, theIndex) => {
             const theX = (theIndex * theWidth).toFixed(2);
             const theSpan = Math.max(0.6, theWidth * 0.8).toFixed(2);
-            const theHeight = theBar.moved === 0 ? 0 : 6 + 18 * theBar.moved / theBar.all;
+            const theHeight = theBar.moved === 0 ? 0 : 6 + (18 * theBar.moved) / theBar.all;
             if (theHeight > 0) {
                 thePaths.moved += `M${theX} 40v${-theHeight.toFixed(1)}h${theSpan}v${theHeight.toFixed(1)}z`;
             }
@@ -108,7 +127,9 @@ class Reader {
                 thePaths.found += `M${theX} 6v-6h${Math.max(3, theSpan)}v6z`;
             }
         });
-        this.parts.strip.replaceChildren(...Object.entries(thePaths).map(([theName, thePath]) => draw("path", theName, { d: thePath })));
+        this.parts.strip.replaceChildren(
+            ...Object.entries(thePaths).map(([theName, thePath]) => draw("path", theName, { d: thePath }))
+        );
         this.needle = draw("path", "needle", { d: "" });
         this.parts.strip.append(this.needle);
     }
@@ -137,9 +158,12 @@ class Reader {
         this.position = this.positionOf(thePlace);
         this.journal.go(thePlace);
         this.parts.slider.value = this.position;
-        this.parts.slider.setAttribute("aria-valuetext", `${this.position + 1} of ${this.seen.length}: ${theEntry.text}`);
-        this.parts.position.textContent = `${(this.position + 1).toLocaleString("en")} of ${this.seen.length.toLocaleString("en")}`;
-        this.needle.setAttribute("d", `M${(1000 * (this.position + 0.5) / this.seen.length).toFixed(2)} 0v40`);
+        this.parts.slider.setAttribute(
+            "aria-valuetext",
+            `${this.position + 1} of ${this.seen.length}: ${theEntry.text}`
+        );
+        this.parts.position.textContent = `${showNumber(this.position + 1)} of ${showNumber(this.seen.length)}`;
+        this.needle.setAttribute("d", `M${((1000 * (this.position + 0.5)) / this.seen.length).toFixed(2)} 0v40`);
         this.tell(theEntry);
         this.showGraph();
         this.graph.reveal(theEntry.object);
@@ -170,8 +194,11 @@ class Reader {
 
     showGraph() {
         const isAnew = this.graph.show(this.place, this.chosen);
-        this.parts.graphNote.textContent = this.graphNote +
-            (this.graph.isNear && this.graph.missing > 0 ? ` ${showCount(this.graph.missing, "neighbour is", "neighbours are")} left out.` : "");
+        this.parts.graphNote.textContent =
+            this.graphNote +
+            (this.graph.isNear && this.graph.missing > 0
+                ? ` ${showCount(this.graph.missing, "neighbour is", "neighbours are")} left out.`
+                : "");
         if (isAnew && this.graph.isNear) {
             this.graph.fitReadably();
         }
@@ -183,8 +210,13 @@ class Reader {
         this.parts.mark.textContent = theFinding ? "finding: " + theFinding.rule : "";
         this.parts.what.replaceChildren();
         if (theEntry.kind === "changed" && theEntry.key >= 0) {
-            this.parts.what.append(make("span", "object", this.journal.objects[theEntry.object].name), make("span", "dot", "."),
-                make("b", "", this.journal.keys[theEntry.key].name), " ", ...showMove(theEntry));
+            this.parts.what.append(
+                make("span", "object", this.journal.objects[theEntry.object].name),
+                make("span", "dot", "."),
+                make("b", "", this.journal.keys[theEntry.key].name),
+                " ",
+                ...showMove(theEntry)
+            );
         } else {
             this.parts.what.append(theEntry.text);
         }
@@ -255,7 +287,11 @@ class Reader {
     // To the next or the last entry that nothing led to.
     stepRound(theSign) {
         let thePosition = this.position + theSign;
-        while (thePosition > 0 && thePosition < this.seen.length - 1 && this.journal.entries[this.seen[thePosition]].parent >= 0) {
+        while (
+            thePosition > 0 &&
+            thePosition < this.seen.length - 1 &&
+            this.journal.entries[this.seen[thePosition]].parent >= 0
+        ) {
             thePosition += theSign;
         }
         this.step(thePosition - this.position);
@@ -269,7 +305,9 @@ class Reader {
         if (theObject >= 0) {
             this.graph.reveal(theObject);
             this.panels.objects.reveal(theObject);
-            const isRead = ["tabKeys", "tabObjects"].some(theID => document.getElementById(theID).getAttribute("aria-selected") === "true");
+            const isRead = ["tabKeys", "tabObjects"].some(
+                theID => document.getElementById(theID).getAttribute("aria-selected") === "true"
+            );
             if (!isRead) {
                 this.panels.showTab("tabKeys");
             }
@@ -326,8 +364,8 @@ class Reader {
             }
         };
         const theDeeds = {
-            ArrowLeft: () => theEvent.shiftKey ? this.stepRound(-1) : this.step(-1),
-            ArrowRight: () => theEvent.shiftKey ? this.stepRound(1) : this.step(1),
+            ArrowLeft: () => (theEvent.shiftKey ? this.stepRound(-1) : this.step(-1)),
+            ArrowRight: () => (theEvent.shiftKey ? this.stepRound(1) : this.step(1)),
             Home: () => this.step(-this.seen.length),
             End: () => this.step(this.seen.length),
             "/": () => this.parts.search.focus(),
@@ -350,10 +388,12 @@ class Reader {
         this.hit = -1;
         theInput.addEventListener("input", () => this.search());
         theInput.addEventListener("focus", () => this.search());
-        theInput.addEventListener("blur", () => setTimeout(() => this.closeHits(), 150));
+        theInput.addEventListener("blur", () => this.closeHits());
         theInput.addEventListener("keydown", theEvent => {
             if (theEvent.key === "ArrowDown" || theEvent.key === "ArrowUp") {
-                this.setHit(Math.min(this.found.length - 1, Math.max(0, this.hit + (theEvent.key === "ArrowDown" ? 1 : -1))));
+                this.setHit(
+                    Math.min(this.found.length - 1, Math.max(0, this.hit + (theEvent.key === "ArrowDown" ? 1 : -1)))
+                );
                 theEvent.preventDefault();
             } else if (theEvent.key === "Enter" && this.found.length > 0) {
                 this.takeHit(Math.max(0, this.hit));
@@ -365,6 +405,7 @@ class Reader {
             }
             theEvent.stopPropagation();
         });
+        // A press on a hit leaves the focus where it is, so that the list is still there when it is released.
         this.parts.hits.addEventListener("mousedown", theEvent => theEvent.preventDefault());
         this.parts.hits.addEventListener("click", theEvent => {
             const theRow = theEvent.target.closest("[role=option]");
@@ -395,18 +436,32 @@ class Reader {
         theRow.setAttribute("aria-selected", "false");
         theRow.append(make("small", "", theHit.kind));
         if (theHit.kind === "object") {
-            theRow.append(make("b", "", this.journal.objects[theHit.index].name), " ", make("span", "", this.journal.objects[theHit.index].kind));
+            theRow.append(
+                make("b", "", this.journal.objects[theHit.index].name),
+                " ",
+                make("span", "", this.journal.objects[theHit.index].kind)
+            );
         } else if (theHit.kind === "key") {
-            theRow.append(make("b", "", this.journal.nameOfKey(theHit.index)), " ", make("span", "", this.journal.valueOf(theHit.index)));
+            theRow.append(
+                make("b", "", this.journal.nameOfKey(theHit.index)),
+                " ",
+                make("span", "", this.journal.valueOf(theHit.index))
+            );
         } else {
-            theRow.append(make("span", "number", this.journal.entries[theHit.index].number), " ", this.journal.entries[theHit.index].text);
+            theRow.append(
+                make("span", "number", this.journal.entries[theHit.index].number),
+                " ",
+                this.journal.entries[theHit.index].text
+            );
         }
         return theRow;
     }
 
     setHit(theIndex) {
         this.hit = theIndex;
-        [...this.parts.hits.children].forEach((theRow, theRowIndex) => theRow.setAttribute("aria-selected", theRowIndex === theIndex ? "true" : "false"));
+        [...this.parts.hits.children].forEach((theRow, theRowIndex) =>
+            theRow.setAttribute("aria-selected", theRowIndex === theIndex ? "true" : "false")
+        );
         if (theIndex >= 0) {
             this.parts.hits.children[theIndex].scrollIntoView({ block: "nearest" });
             this.parts.search.setAttribute("aria-activedescendant", "hit-" + theIndex);

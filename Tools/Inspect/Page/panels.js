@@ -6,7 +6,6 @@
 const kRowHeight = 30;
 const kMostFindings = 500;
 
-
 // What an entry says, in a row: a change as its key with both values, anything else as its sentence.
 function fillEntry(theRow, theJournal, theEntry, theDepth) {
     const theSign = make("span", "sign " + signOf(theEntry));
@@ -31,14 +30,21 @@ function signOf(theEntry) {
     if (theEntry.kind === "action") {
         return "person";
     }
-    return theEntry.isMoving ? "moved" : theEntry.kind === "diagnostic" || theEntry.kind === "lost" ? "trouble"
-        : theEntry.kind === "equal" || theEntry.kind === "refused" ? "kept" : "other";
+    return theEntry.isMoving
+        ? "moved"
+        : theEntry.kind === "diagnostic" || theEntry.kind === "lost"
+          ? "trouble"
+          : theEntry.kind === "equal" || theEntry.kind === "refused"
+            ? "kept"
+            : "other";
 }
 
 // The value before, which a first value has not, and the one after.
 function showMove(theEntry) {
     const theParts = [make("span", "arrow", " → "), make("span", "new", theEntry.now)];
-    return theEntry.old === "" || theEntry.old === kNoValue ? theParts : [make("span", "old", theEntry.old), ...theParts];
+    return theEntry.old === "" || theEntry.old === kNoValue
+        ? theParts
+        : [make("span", "old", theEntry.old), ...theParts];
 }
 
 // A table of a List: columns with a name, a class, what stands in them, and what they are sorted by when their head is
@@ -69,7 +75,9 @@ class Table {
             return theCell;
         });
         this.list = new List(theElement, {
-            height: kRowHeight, role: "row", head: theHead,
+            height: kRowHeight,
+            role: "row",
+            head: theHead,
             fill: (theRow, theIndex) => this.fill(theRow, this.order[theIndex]),
             choose: (theIndex, theEvent) => theOptions.choose(this.order[theIndex], theEvent)
         });
@@ -109,15 +117,28 @@ class Table {
             const valueOf = this.columns[this.sorting].sort;
             const theSign = this.isReverse ? -1 : 1;
             const isNumber = this.order.length > 0 && typeof valueOf(this.order[0]) === "number";
-            this.order.sort((theLeft, theRight) => theSign * (isNumber ? valueOf(theLeft) - valueOf(theRight)
-                : valueOf(theLeft) < valueOf(theRight) ? -1 : valueOf(theLeft) > valueOf(theRight) ? 1 : 0));
+            this.order.sort(
+                (theLeft, theRight) =>
+                    theSign *
+                    (isNumber
+                        ? valueOf(theLeft) - valueOf(theRight)
+                        : valueOf(theLeft) < valueOf(theRight)
+                          ? -1
+                          : valueOf(theLeft) > valueOf(theRight)
+                            ? 1
+                            : 0)
+            );
         }
         this.list.reset(this.order.length);
     }
 
     // Goes to the row of theItem, if it is there.
-    reveal(theItem) { this.list.setActive(this.order.indexOf(theItem)); }
-    refresh() { this.list.refresh(); }
+    reveal(theItem) {
+        this.list.setActive(this.order.indexOf(theItem));
+    }
+    refresh() {
+        this.list.refresh();
+    }
 }
 
 // theReader: go(place), chooseObject(object), isSeen(entry).
@@ -128,12 +149,16 @@ class Panels {
         this.round = [];
         this.roundOf = -1;
         this.steps = new List(document.getElementById("steps"), {
-            height: kRowHeight, role: "option", follows: true,
+            height: kRowHeight,
+            role: "option",
+            follows: true,
             fill: (theRow, theIndex) => this.fillStep(theRow, theReader.seen[theIndex]),
             choose: theIndex => theReader.go(theReader.seen[theIndex])
         });
         this.causes = new List(document.getElementById("causes"), {
-            height: kRowHeight, role: "treeitem", follows: true,
+            height: kRowHeight,
+            role: "treeitem",
+            follows: true,
             fill: (theRow, theIndex) => this.fillCause(theRow, this.round[theIndex]),
             choose: theIndex => theReader.go(this.round[theIndex])
         });
@@ -144,7 +169,11 @@ class Panels {
 
     depthOf(thePlace) {
         let theDepth = 0;
-        for (let theStep = this.journal.entries[thePlace].parent; theStep >= 0; theStep = this.journal.entries[theStep].parent) {
+        for (
+            let theStep = this.journal.entries[thePlace].parent;
+            theStep >= 0;
+            theStep = this.journal.entries[theStep].parent
+        ) {
             theDepth += this.reader.isSeen(this.journal.entries[theStep]) ? 1 : 0;
         }
         return theDepth;
@@ -168,28 +197,79 @@ class Panels {
             theCell.textContent = textOf(theItem);
             theCell.title = theCell.textContent;
         };
-        this.keys = new Table(document.getElementById("keys"), [
-            { name: "Object", class: "object", fill: write(theKey => theJournal.objects[theJournal.keys[theKey].object].name), sort: theKey => theJournal.objects[theJournal.keys[theKey].object].name },
-            { name: "Key", class: "name", fill: write(theKey => theJournal.keys[theKey].name), sort: theKey => theJournal.keys[theKey].name },
-            { name: "Value", class: "value", fill: write(theKey => theJournal.valueOf(theKey) || "–") },
-            { name: "Moved", class: "moved", fill: (theCell, theKey) => this.fillMoved(theCell, theKey), sort: theKey => theJournal.keys[theKey].places.length }
-        ], {
-            choose: (theKey, theEvent) => this.chooseKey(theKey, theEvent),
-            mark: (theRow, theKey) => theRow.classList.toggle("lit", this.place >= 0 && theJournal.entries[this.place].key === theKey)
-        });
-        this.objects = new Table(document.getElementById("objects"), [
-            { name: "Name", class: "object", fill: write(theObject => theJournal.objects[theObject].name), sort: theObject => theJournal.objects[theObject].name },
-            { name: "Class", class: "name", fill: write(theObject => theJournal.objects[theObject].kind), sort: theObject => theJournal.objects[theObject].kind },
-            { name: "Keys", class: "count", fill: write(theObject => theJournal.objects[theObject].keys.length), sort: theObject => theJournal.objects[theObject].keys.length },
-            { name: "Moves", class: "count", fill: write(theObject => theJournal.objects[theObject].moves), sort: theObject => theJournal.objects[theObject].moves },
-            { name: "There", class: "there", fill: write(theObject => theJournal.isThere(theObject) ? "yes" : "no") }
-        ], {
-            choose: theObject => this.reader.chooseObject(theObject),
-            mark: (theRow, theObject) => {
-                theRow.classList.toggle("lit", this.place >= 0 && theJournal.entries[this.place].object === theObject);
-                theRow.classList.toggle("chosen", this.reader.chosen === theObject);
+        this.keys = new Table(
+            document.getElementById("keys"),
+            [
+                {
+                    name: "Object",
+                    class: "object",
+                    fill: write(theKey => theJournal.objects[theJournal.keys[theKey].object].name),
+                    sort: theKey => theJournal.objects[theJournal.keys[theKey].object].name
+                },
+                {
+                    name: "Key",
+                    class: "name",
+                    fill: write(theKey => theJournal.keys[theKey].name),
+                    sort: theKey => theJournal.keys[theKey].name
+                },
+                { name: "Value", class: "value", fill: write(theKey => theJournal.valueOf(theKey) || "–") },
+                {
+                    name: "Moved",
+                    class: "moved",
+                    fill: (theCell, theKey) => this.fillMoved(theCell, theKey),
+                    sort: theKey => theJournal.keys[theKey].places.length
+                }
+            ],
+            {
+                choose: (theKey, theEvent) => this.chooseKey(theKey, theEvent),
+                mark: (theRow, theKey) =>
+                    theRow.classList.toggle("lit", this.place >= 0 && theJournal.entries[this.place].key === theKey)
             }
-        });
+        );
+        this.objects = new Table(
+            document.getElementById("objects"),
+            [
+                {
+                    name: "Name",
+                    class: "object",
+                    fill: write(theObject => theJournal.objects[theObject].name),
+                    sort: theObject => theJournal.objects[theObject].name
+                },
+                {
+                    name: "Class",
+                    class: "name",
+                    fill: write(theObject => theJournal.objects[theObject].kind),
+                    sort: theObject => theJournal.objects[theObject].kind
+                },
+                {
+                    name: "Keys",
+                    class: "count",
+                    fill: write(theObject => theJournal.objects[theObject].keys.length),
+                    sort: theObject => theJournal.objects[theObject].keys.length
+                },
+                {
+                    name: "Moves",
+                    class: "count",
+                    fill: write(theObject => theJournal.objects[theObject].moves),
+                    sort: theObject => theJournal.objects[theObject].moves
+                },
+                {
+                    name: "There",
+                    class: "there",
+                    fill: write(theObject => (theJournal.isThere(theObject) ? "yes" : "no"))
+                }
+            ],
+            {
+                choose: theObject => this.reader.chooseObject(theObject),
+                mark: (theRow, theObject) => {
+                    theRow.classList.toggle(
+                        "lit",
+                        this.place >= 0 && theJournal.entries[this.place].object === theObject
+                    );
+                    theRow.classList.toggle("chosen", this.reader.chosen === theObject);
+                }
+            }
+        );
         this.objects.setItems(theJournal.objects.map((theObject, theIndex) => theIndex));
         this.setKeys();
     }
@@ -218,7 +298,11 @@ class Panels {
 
     setKeys() {
         const theChosen = this.reader.chosen;
-        this.keys.setItems(theChosen >= 0 ? this.journal.objects[theChosen].keys : this.journal.keys.map((theKey, theIndex) => theIndex));
+        this.keys.setItems(
+            theChosen >= 0
+                ? this.journal.objects[theChosen].keys
+                : this.journal.keys.map((theKey, theIndex) => theIndex)
+        );
         const theNote = document.getElementById("keysNote");
         theNote.replaceChildren();
         if (theChosen >= 0) {
@@ -229,20 +313,26 @@ class Panels {
         } else {
             theNote.append(showCount(this.journal.keys.length, "key", "keys") + ", with their values at this step");
         }
-        document.getElementById("objectsNote").textContent = showCount(this.journal.objects.length, "object", "objects") +
+        document.getElementById("objectsNote").textContent =
+            showCount(this.journal.objects.length, "object", "objects") +
             "; choosing one shows its wires and its keys";
     }
 
     makeFindings() {
         const theList = document.getElementById("findings");
         const theFindings = this.journal.findings;
-        document.getElementById("tabFindings").textContent = `Findings ${theFindings.length.toLocaleString("en")}`;
+        document.getElementById("tabFindings").textContent = `Findings ${showNumber(theFindings.length)}`;
         for (const theFinding of theFindings.slice(0, kMostFindings)) {
             const theItem = make("li");
             const theHead = make("p", "head");
             theHead.append(make("b", "", theFinding.rule), " ", make("span", "subject", theFinding.subject));
-            const theText = make("p", "", theFinding.sentence + (theFinding.caller ? "; called by " + theFinding.caller : "") +
-                (theFinding.count > 1 ? `; ${showCount(theFinding.count - 1, "time", "times")} more` : ""));
+            const theText = make(
+                "p",
+                "",
+                theFinding.sentence +
+                    (theFinding.caller ? "; called by " + theFinding.caller : "") +
+                    (theFinding.count > 1 ? `; ${showCount(theFinding.count - 1, "time", "times")} more` : "")
+            );
             const theFoot = make("p", "foot");
             if (theFinding.place >= 0) {
                 const theButton = make("button", "", "Entry " + theFinding.number);
@@ -259,7 +349,8 @@ class Panels {
         if (theFindings.length === 0) {
             theList.append(make("li", "none", "Nothing was found."));
         } else if (theFindings.length > kMostFindings) {
-            theList.append(make("li", "none", `${showCount(theFindings.length - kMostFindings, "finding is", "findings are")} not on this page; lminspect lint lists all.`));
+            const theRest = showCount(theFindings.length - kMostFindings, "finding is", "findings are");
+            theList.append(make("li", "none", `${theRest} not on this page; lminspect lint lists all.`));
         }
     }
 
@@ -268,7 +359,12 @@ class Panels {
         this.tabs.forEach((theTab, theIndex) => {
             theTab.addEventListener("click", () => this.showTab(theTab.id));
             theTab.addEventListener("keydown", theEvent => {
-                const theStep = { ArrowLeft: -1, ArrowRight: 1, Home: -theIndex, End: this.tabs.length - 1 - theIndex }[theEvent.key];
+                const theStep = {
+                    ArrowLeft: -1,
+                    ArrowRight: 1,
+                    Home: -theIndex,
+                    End: this.tabs.length - 1 - theIndex
+                }[theEvent.key];
                 if (theStep !== undefined) {
                     const theNext = this.tabs[(theIndex + theStep + this.tabs.length) % this.tabs.length];
                     this.showTab(theNext.id);
@@ -312,15 +408,29 @@ class Panels {
 
     showRound() {
         const theRoot = this.roundOf;
-        this.round = theRoot < 0 ? [] : this.journal.rounds.get(theRoot).filter(thePlace =>
-            thePlace === theRoot || this.reader.isSeen(this.journal.entries[thePlace]));
+        this.round =
+            theRoot < 0
+                ? []
+                : this.journal.rounds
+                      .get(theRoot)
+                      .filter(thePlace => thePlace === theRoot || this.reader.isSeen(this.journal.entries[thePlace]));
         const theFirst = theRoot < 0 ? null : this.journal.entries[theRoot];
-        document.getElementById("causesNote").textContent = theFirst === null ? "Nothing has happened yet."
-            : theFirst.cause !== 0 ? `What led to entry ${theFirst.number} is not on this page.`
-                : this.round.length === 1 ? "It began here, and led to nothing."
-                    : `It began with entry ${theFirst.number}, which led to ${showCount(this.round.length - 1, "step", "steps")}.`;
+        document.getElementById("causesNote").textContent = this.sayRound(theFirst);
         this.causes.element.scrollTop = 0;
         this.causes.reset(this.round.length);
+    }
+
+    sayRound(theFirst) {
+        if (theFirst === null) {
+            return "Nothing has happened yet.";
+        }
+        if (theFirst.cause !== 0) {
+            return `What led to entry ${theFirst.number} is not on this page.`;
+        }
+        const theCount = this.round.length - 1;
+        return theCount === 0
+            ? "It began here, and led to nothing."
+            : `It began with entry ${theFirst.number}, which led to ${showCount(theCount, "step", "steps")}.`;
     }
 
     // Other steps are seen than before.
