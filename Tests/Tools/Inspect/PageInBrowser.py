@@ -275,6 +275,21 @@ class PageTest(unittest.TestCase):
         self.press("Escape")
         self.assertFalse(gBrowser.js("document.getElementById('keysHelp').open"))
 
+    def test_letters_are_shortcuts_for_who_wants_that(self):
+        self.open("ten")
+        number = self.number()
+        self.press("?")
+        gBrowser.click("#letters")
+        gBrowser.click("#keysHelp button")
+        self.press("c", "p", "/", "?")
+        self.assertEqual(self.number(), number)
+        self.assertFalse(gBrowser.js("document.getElementById('keysHelp').open"))
+        gBrowser.click("#help")
+        gBrowser.click("#letters")
+        gBrowser.click("#keysHelp button")
+        self.press("C")
+        self.assertLess(self.number(), number)
+
     def test_two_thousand_objects_are_few_elements(self):
         self.open("thousands")
         self.assertIn("more than 300 objects", gBrowser.text("#graphNote"))

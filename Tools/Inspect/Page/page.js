@@ -25,7 +25,7 @@ class Reader {
         // What the reader writes into, by its name in the page.
         const theNames = [
             "name", "summary", "notices", "when", "mark", "what", "why", "ways", "slider", "strip", "all",
-            "position", "graphNote", "near", "nearChoice", "search", "hits", "keysHelp"
+            "position", "graphNote", "near", "nearChoice", "search", "hits", "keysHelp", "letters"
         ];
         this.parts = Object.fromEntries(theNames.map(theName => [theName, document.getElementById(theName)]));
         this.seen = [];
@@ -364,10 +364,10 @@ class Reader {
             }
         };
         const theDeeds = {
-            ArrowLeft: () => (theEvent.shiftKey ? this.stepRound(-1) : this.step(-1)),
-            ArrowRight: () => (theEvent.shiftKey ? this.stepRound(1) : this.step(1)),
-            Home: () => this.step(-this.seen.length),
-            End: () => this.step(this.seen.length),
+            arrowleft: () => (theEvent.shiftKey ? this.stepRound(-1) : this.step(-1)),
+            arrowright: () => (theEvent.shiftKey ? this.stepRound(1) : this.step(1)),
+            home: () => this.step(-this.seen.length),
+            end: () => this.step(this.seen.length),
             "/": () => this.parts.search.focus(),
             "?": () => this.parts.keysHelp.showModal(),
             "+": () => this.graph.zoom(this.graph.scale * 1.25),
@@ -377,7 +377,8 @@ class Reader {
             p: () => goIf(this.otherMoves(theEntry)[0]),
             n: () => goIf(this.otherMoves(theEntry)[1])
         };
-        const theDeed = theDeeds[theEvent.key];
+        const isSign = theEvent.key.length === 1;
+        const theDeed = isSign && !this.parts.letters.checked ? undefined : theDeeds[theEvent.key.toLowerCase()];
         theDeed?.();
         return theDeed !== undefined;
     }
