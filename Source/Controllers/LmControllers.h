@@ -7,6 +7,7 @@
 // after itself. LmBindings.h does not include it, for an application can do without.
 
 #include "LmChangeGroup.h"
+#include "LmChoiceBinding.h"
 #include "LmFormatter.h"
 #include "LmMainQueue.h"
 #include "LmObservation.h"

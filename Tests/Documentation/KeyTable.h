@@ -18,6 +18,8 @@ inline std::string TypeOf(const LmValue& theValue)
         return "boolean";
     case kTypeUInt32:
         return "unsigned 32-bit";
+    case kTypeSInt32:
+        return "signed 32-bit";
     case kTypeString:
         return "string";
     case kTypeRect:

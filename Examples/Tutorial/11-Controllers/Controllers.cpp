@@ -110,6 +110,36 @@ static void TypeAFrequency()
     DisposeWindow(theWindow);
 }
 
+static ControlRef AddBandButton(WindowRef theWindow, CFStringRef theTitle, SInt32 theNumber)
+{
+    const short theTop = static_cast<short>(100 + 20 * theNumber);
+    const Rect theBounds = {theTop, 18, static_cast<short>(theTop + 18), 120};
+    const ControlID theID = {'Band', theNumber};
+    ControlRef theButton = NULL;
+    CreateRadioButtonControl(theWindow, &theBounds, theTitle, 0, true, &theButton);
+    SetControlID(theButton, &theID);
+    return theButton;
+}
+
+static void ChooseABand()
+{
+    std::printf("One of several:\n");
+    LmKeyValueBinding theRadio;
+    theRadio.SetKeyPathValue("band", LmValue(1));
+    const WindowRef theWindow = MakeRadioWindow();
+    const ControlRef theMediumWave = AddBandButton(theWindow, CFSTR("Medium wave"), 0);
+    const ControlRef theShortWave = AddBandButton(theWindow, CFSTR("Short wave"), 1);
+    {
+        LmChoiceBinding theBand({theMediumWave, theShortWave});
+        theBand.Bind("tag", &theRadio, "band", NULL, NULL);
+        std::printf("  %s\n", LmGetStdString(theBand.GetKeyPathValue("title")).c_str());
+        HIViewSimulateClick(theMediumWave, kControlRadioButtonPart, 0, NULL);
+        std::printf("  %s, and the band is %ld\n", LmGetStdString(theBand.GetKeyPathValue("title")).c_str(),
+                    theRadio.GetKeyPathValue("band").GetSInt32());
+    }
+    DisposeWindow(theWindow);
+}
+
 static void GroupChanges()
 {
     std::printf("Several changes at once:\n");
@@ -147,6 +177,7 @@ int main()
     BindForAWhile();
     KeepToTheModel();
     TypeAFrequency();
+    ChooseABand();
     GroupChanges();
     FindStations();
 }

@@ -14,3 +14,5 @@
 // @file 12 Examples/Tutorial/11-Controllers/expected.txt
 // @file 13 Examples/Tutorial/11-Controllers/Controllers.cpp
 // @file 14 Examples/Tutorial/11-Controllers/expected.txt
+// @file 15 Examples/Tutorial/11-Controllers/Controllers.cpp
+// @file 16 Examples/Tutorial/11-Controllers/expected.txt
