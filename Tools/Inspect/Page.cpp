@@ -98,6 +98,7 @@ private:
     void Text(const std::string& theText) { mJson.Number(mTexts.Number(theText)); }
     std::size_t Slot(const Scene::Move& theMove) const;
     void WriteMoves(const std::vector<Scene::Move>& theMoves);
+    void WriteNumbers(const std::vector<double>& theNumbers);
     void WriteWires();
     void WriteEntry(const Entry& theEntry, const Scene::Step& theStep);
     void WriteReason(const Entry& theEntry);
@@ -310,6 +311,15 @@ Layout Writer::MakeLayoutOfScene(std::size_t theMostPlaced) const
     return MakeLayout(theBoxes, theLines);
 }
 
+void Writer::WriteNumbers(const std::vector<double>& theNumbers)
+{
+    mJson.BeginList();
+    for (const double theNumber : theNumbers) {
+        mJson.Decimal(theNumber);
+    }
+    mJson.EndList();
+}
+
 void Writer::WriteLayout(std::size_t theMostPlaced)
 {
     const Layout theLayout = MakeLayoutOfScene(theMostPlaced);
@@ -325,24 +335,13 @@ void Writer::WriteLayout(std::size_t theMostPlaced)
     mJson.Text(theLayout.theProblem);
     if (theLayout.theProblem.empty()) {
         Member("size");
-        mJson.BeginList();
-        mJson.Decimal(theLayout.theWidth);
-        mJson.Decimal(theLayout.theHeight);
-        mJson.EndList();
+        WriteNumbers({theLayout.theWidth, theLayout.theHeight});
         Member("boxes");
-        mJson.BeginList();
-        for (const double theNumber : theLayout.theBoxes) {
-            mJson.Decimal(theNumber);
-        }
-        mJson.EndList();
+        WriteNumbers(theLayout.theBoxes);
         Member("lines");
         mJson.BeginList();
         for (const std::vector<double>& theLine : theLayout.theLines) {
-            mJson.BeginList();
-            for (const double theNumber : theLine) {
-                mJson.Decimal(theNumber);
-            }
-            mJson.EndList();
+            WriteNumbers(theLine);
         }
         mJson.EndList();
     }
