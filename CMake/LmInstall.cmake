@@ -45,6 +45,15 @@ if(TARGET LmCarbonDesktop)
   install(EXPORT LmBindingsDesktopTargets
     NAMESPACE Lm:: DESTINATION ${LM_PACKAGE_DIR} COMPONENT DesktopDevelopment)
 endif()
+# What the libraries themselves are linked with; programs need it to be there, and nothing to build with.
+set(LM_PKGCONFIG_PRIVATE_LIBS "")
+set(LM_HAS_LOCALE_DATA TRUE)
+if(NOT APPLE)
+  get_target_property(LM_HAS_LOCALE_DATA LmCoreFoundation LM_HAS_LOCALE_DATA)
+  if(LM_HAS_LOCALE_DATA)
+    set(LM_PKGCONFIG_PRIVATE_LIBS "-licui18n -licuuc")
+  endif()
+endif()
 configure_package_config_file(
   "${CMAKE_CURRENT_LIST_DIR}/LmBindingsConfig.cmake.in"
   "${PROJECT_BINARY_DIR}/LmBindingsConfig.cmake"

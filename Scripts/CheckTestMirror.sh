@@ -21,6 +21,7 @@ exceptions()
     cat <<'END'
 Platform/Carbon/Source/Input/PresentedManagers.cpp the managers as presenters see them: InputGateTests, LookTests
 Platform/CoreFoundation/Source/CFContainer.cpp two callbacks of what holds values: CFArrayTests, CFDictionaryTests
+Platform/CoreFoundation/Source/Formats/ what formatters stand on: CF{NumberFormatter,DateFormatter,Locale,TimeZone}Tests
 Platform/CoreFoundation/Source/CFUnicodeTables.cpp tables alone: CFUnicodeTests, CFStringCompareTests
 Platform/Presentation/Headless/HeadlessPresenter.cpp nothing but what every presenter owes: PresenterContractTests
 Platform/Presentation/Qt/ Qt's behaviour crosses its files: the contract of presenters, and Tests/Presentation/Qt

@@ -1,7 +1,7 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
 #include "CFCalendar.h"
-#include "CFRuntime.h"
+#include "CFTimeZoneObject.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,10 +18,10 @@ constexpr double kSecondsPerDay = 86400;
 constexpr SInt64 kFirstYear = std::numeric_limits<SInt32>::min();
 constexpr SInt64 kLastYear = std::numeric_limits<SInt32>::max();
 
-void RequireGMT(CFTimeZoneRef theTimeZone, const char* theCaller)
+void RequireZone(CFTimeZoneRef theTimeZone, const char* theCaller)
 {
     if (theTimeZone != nullptr) {
-        Host::Stop(theCaller, "the time zone is not NULL");
+        Host::Require(theTimeZone, Host::kTimeZoneType, theCaller);
     }
 }
 
@@ -61,25 +61,30 @@ Host::Day AddMonths(const Host::Day& theDay, SInt64 theMonths)
     return {theYear, theMonth, std::min(theDay.theDay, Host::DaysInMonth(theYear, theMonth))};
 }
 
-// What adding theMonths moves theTime by.
-double SecondsOfMonths(CFAbsoluteTime theTime, SInt64 theMonths)
+// theTime so many months later, at the same hour by the clocks of the zone.
+CFAbsoluteTime TimeAfterMonths(CFAbsoluteTime theTime, CFTimeZoneRef theTimeZone, SInt64 theMonths)
 {
-    const SInt64 theDay = MomentAt(theTime).theDay;
+    if (theMonths == 0) {
+        return theTime;
+    }
+    const CFAbsoluteTime theLocalTime = Host::LocalTimeAt(theTimeZone, theTime);
+    const SInt64 theDay = MomentAt(theLocalTime).theDay;
     const SInt64 theLater = Host::DaysSince2001(AddMonths(Host::DayAt(theDay), theMonths));
-    return static_cast<double>(theLater - theDay) * kSecondsPerDay;
+    return Host::MomentOfLocalTime(theTimeZone,
+                                   theLocalTime + static_cast<double>(theLater - theDay) * kSecondsPerDay);
 }
 
-SInt64 MonthsSinceYear0(CFAbsoluteTime theTime)
+SInt64 MonthsSinceYear0(CFAbsoluteTime theTime, CFTimeZoneRef theTimeZone)
 {
-    const Host::Day theDay = Host::DayAt(MomentAt(theTime).theDay);
+    const Host::Day theDay = Host::DayAt(MomentAt(Host::LocalTimeAt(theTimeZone, theTime)).theDay);
     return theDay.theYear * kMonthsPerYear + theDay.theMonth;
 }
 
 // How many whole months there are from theStart to theEnd, towards theEnd and not past it.
-SInt64 WholeMonthsBetween(CFAbsoluteTime theStart, CFAbsoluteTime theEnd)
+SInt64 WholeMonthsBetween(CFAbsoluteTime theStart, CFAbsoluteTime theEnd, CFTimeZoneRef theTimeZone)
 {
-    const SInt64 theMonths = MonthsSinceYear0(theEnd) - MonthsSinceYear0(theStart);
-    const CFAbsoluteTime theReached = theStart + SecondsOfMonths(theStart, theMonths);
+    const SInt64 theMonths = MonthsSinceYear0(theEnd, theTimeZone) - MonthsSinceYear0(theStart, theTimeZone);
+    const CFAbsoluteTime theReached = TimeAfterMonths(theStart, theTimeZone, theMonths);
     const bool theIsPast = theMonths > 0 ? theReached > theEnd : theReached < theEnd;
     return theMonths == 0 || !theIsPast ? theMonths : theMonths - (theMonths > 0 ? 1 : -1);
 }
@@ -126,16 +131,17 @@ Boolean CFGregorianDateIsValid(CFGregorianDate inDate, CFOptionFlags inUnitFlags
 
 CFAbsoluteTime CFGregorianDateGetAbsoluteTime(CFGregorianDate inDate, CFTimeZoneRef inTimeZone)
 {
-    RequireGMT(inTimeZone, __func__);
+    RequireZone(inTimeZone, __func__);
     const SInt64 theFirstOfMonth = Host::DaysSince2001(AddMonths({inDate.year, 1, 1}, inDate.month - 1));
-    return static_cast<double>(theFirstOfMonth + inDate.day - 1) * kSecondsPerDay +
-           inDate.hour * kSecondsPerHour + inDate.minute * kSecondsPerMinute + inDate.second;
+    return Host::MomentOfLocalTime(
+        inTimeZone, static_cast<double>(theFirstOfMonth + inDate.day - 1) * kSecondsPerDay +
+                        inDate.hour * kSecondsPerHour + inDate.minute * kSecondsPerMinute + inDate.second);
 }
 
 CFGregorianDate CFAbsoluteTimeGetGregorianDate(CFAbsoluteTime inTime, CFTimeZoneRef inTimeZone)
 {
-    RequireGMT(inTimeZone, __func__);
-    const Moment theMoment = MomentAt(inTime);
+    RequireZone(inTimeZone, __func__);
+    const Moment theMoment = MomentAt(Host::LocalTimeAt(inTimeZone, inTime));
     const Host::Day theDay = Host::DayAt(theMoment.theDay);
     return {static_cast<SInt32>(theDay.theYear),
             static_cast<SInt8>(theDay.theMonth),
@@ -148,8 +154,8 @@ CFGregorianDate CFAbsoluteTimeGetGregorianDate(CFAbsoluteTime inTime, CFTimeZone
 CFAbsoluteTime CFAbsoluteTimeAddGregorianUnits(CFAbsoluteTime inTime, CFTimeZoneRef inTimeZone,
                                                CFGregorianUnits inUnits)
 {
-    RequireGMT(inTimeZone, __func__);
-    return inTime + SecondsOfMonths(inTime, inUnits.years * kMonthsPerYear + inUnits.months) +
+    RequireZone(inTimeZone, __func__);
+    return TimeAfterMonths(inTime, inTimeZone, inUnits.years * kMonthsPerYear + inUnits.months) +
            inUnits.days * kSecondsPerDay + inUnits.hours * kSecondsPerHour +
            inUnits.minutes * kSecondsPerMinute + inUnits.seconds;
 }
@@ -158,12 +164,12 @@ CFGregorianUnits CFAbsoluteTimeGetDifferenceAsGregorianUnits(CFAbsoluteTime inTi
                                                              CFTimeZoneRef inTimeZone,
                                                              CFOptionFlags inUnitFlags)
 {
-    RequireGMT(inTimeZone, __func__);
+    RequireZone(inTimeZone, __func__);
     CFGregorianUnits theUnits = {0, 0, 0, 0, 0, 0};
     if (!std::isfinite(inTime - inOther)) {
         return theUnits;
     }
-    const SInt64 theMonths = WholeMonthsBetween(inOther, inTime);
+    const SInt64 theMonths = WholeMonthsBetween(inOther, inTime, inTimeZone);
     if ((inUnitFlags & kCFGregorianUnitsYears) != 0) {
         theUnits.years = Saturate(theMonths / kMonthsPerYear);
     }
@@ -171,7 +177,7 @@ CFGregorianUnits CFAbsoluteTimeGetDifferenceAsGregorianUnits(CFAbsoluteTime inTi
     if ((inUnitFlags & kCFGregorianUnitsMonths) != 0) {
         theUnits.months = Saturate(theMonths - theMonthsOfYears);
     }
-    double theRest = inTime - (inOther + SecondsOfMonths(inOther, theMonthsOfYears + theUnits.months));
+    double theRest = inTime - TimeAfterMonths(inOther, inTimeZone, theMonthsOfYears + theUnits.months);
     if ((inUnitFlags & kCFGregorianUnitsDays) != 0) {
         theUnits.days = TakeUnits(theRest, kSecondsPerDay);
     }
@@ -189,22 +195,26 @@ CFGregorianUnits CFAbsoluteTimeGetDifferenceAsGregorianUnits(CFAbsoluteTime inTi
 
 SInt32 CFAbsoluteTimeGetDayOfWeek(CFAbsoluteTime inTime, CFTimeZoneRef inTimeZone)
 {
-    RequireGMT(inTimeZone, __func__);
-    return static_cast<SInt32>(Host::FloorRemainder(MomentAt(inTime).theDay, kDaysPerWeek)) + 1;
+    RequireZone(inTimeZone, __func__);
+    return static_cast<SInt32>(
+               Host::FloorRemainder(MomentAt(Host::LocalTimeAt(inTimeZone, inTime)).theDay, kDaysPerWeek)) +
+           1;
 }
 
 SInt32 CFAbsoluteTimeGetDayOfYear(CFAbsoluteTime inTime, CFTimeZoneRef inTimeZone)
 {
-    RequireGMT(inTimeZone, __func__);
-    const SInt64 theDay = MomentAt(inTime).theDay;
+    RequireZone(inTimeZone, __func__);
+    const SInt64 theDay = MomentAt(Host::LocalTimeAt(inTimeZone, inTime)).theDay;
     return static_cast<SInt32>(theDay - Host::DaysSince2001({Host::DayAt(theDay).theYear, 1, 1})) + 1;
 }
 
 SInt32 CFAbsoluteTimeGetWeekOfYear(CFAbsoluteTime inTime, CFTimeZoneRef inTimeZone)
 {
-    RequireGMT(inTimeZone, __func__);
+    RequireZone(inTimeZone, __func__);
     // A week belongs to the year of its Thursday.
-    const SInt64 theMonday = Host::FloorQuotient(MomentAt(inTime).theDay, kDaysPerWeek) * kDaysPerWeek;
+    const SInt64 theMonday =
+        Host::FloorQuotient(MomentAt(Host::LocalTimeAt(inTimeZone, inTime)).theDay, kDaysPerWeek) *
+        kDaysPerWeek;
     const SInt64 theThursday = theMonday + 3;
     const SInt64 theNewYear = Host::DaysSince2001({Host::DayAt(theThursday).theYear, 1, 1});
     return static_cast<SInt32>((theThursday - theNewYear) / kDaysPerWeek) + 1;

@@ -13,9 +13,11 @@ namespace {
 
 // In the order of the identifiers.
 const Host::TypeOperations* const kTypes[] = {
-    &Host::kAllocatorType,  &Host::kArrayType, &Host::kBooleanType, &Host::kDataType,   &Host::kDateType,
-    &Host::kDictionaryType, &Host::kErrorType, &Host::kNullType,    &Host::kNumberType, &Host::kSetType,
-    &Host::kStringType,     &Host::kURLType,   &Host::kBundleType,
+    &Host::kAllocatorType, &Host::kArrayType,         &Host::kBooleanType,  &Host::kDataType,
+    &Host::kDateType,      &Host::kDictionaryType,    &Host::kErrorType,    &Host::kNullType,
+    &Host::kNumberType,    &Host::kSetType,           &Host::kStringType,   &Host::kURLType,
+    &Host::kBundleType,    &Host::kDateFormatterType, &Host::kLocaleType,   &Host::kNumberFormatterType,
+    &Host::kRunLoopType,   &Host::kRunLoopTimerType,  &Host::kTimeZoneType,
 };
 
 const Host::Object* RequireObject(CFTypeRef theObject, const char* theCaller)

@@ -50,7 +50,13 @@ enum : CFTypeID
     kSetTypeID,
     kStringTypeID,
     kURLTypeID,
-    kBundleTypeID
+    kBundleTypeID,
+    kDateFormatterTypeID,
+    kLocaleTypeID,
+    kNumberFormatterTypeID,
+    kRunLoopTypeID,
+    kRunLoopTimerTypeID,
+    kTimeZoneTypeID
 };
 
 extern const TypeOperations kAllocatorType;
@@ -59,12 +65,18 @@ extern const TypeOperations kBooleanType;
 extern const TypeOperations kBundleType;
 extern const TypeOperations kDataType;
 extern const TypeOperations kDateType;
+extern const TypeOperations kDateFormatterType;
 extern const TypeOperations kDictionaryType;
 extern const TypeOperations kErrorType;
+extern const TypeOperations kLocaleType;
 extern const TypeOperations kNullType;
 extern const TypeOperations kNumberType;
+extern const TypeOperations kNumberFormatterType;
+extern const TypeOperations kRunLoopType;
+extern const TypeOperations kRunLoopTimerType;
 extern const TypeOperations kSetType;
 extern const TypeOperations kStringType;
+extern const TypeOperations kTimeZoneType;
 extern const TypeOperations kURLType;
 
 // The retain count of an object that is never freed: it shows, and never changes.

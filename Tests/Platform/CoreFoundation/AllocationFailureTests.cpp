@@ -66,6 +66,19 @@ void operator delete[](void* theMemory, size_t) noexcept
 
 namespace {
 
+// A timer that the loop does not keep.
+struct Timer : Owned<CFRunLoopTimerRef>
+{
+    Timer()
+        : Owned(CFRunLoopTimerCreate(
+              nullptr, 5, 0, 0, 0, [](CFRunLoopTimerRef, void*) {}, nullptr))
+    {
+    }
+    ~Timer() { CFRunLoopTimerInvalidate(*this); }
+    Timer(const Timer&) = delete;
+    Timer& operator=(const Timer&) = delete;
+};
+
 // Objects that the calls work on.
 struct Subjects
 {
@@ -74,6 +87,12 @@ struct Subjects
     Owned<CFMutableArrayRef> theArray = ObjectArray({CFSTR("b"), CFSTR("a"), CFSTR("c"), CFSTR("d")});
     Owned<CFMutableDictionaryRef> theDictionary = ObjectDictionary({{CFSTR("key"), kCFNull}});
     Owned<CFMutableSetRef> theSet{CFSetCreateMutable(nullptr, 0, &kCFCopyStringSetCallBacks)};
+    Owned<CFLocaleRef> theLocale{CFLocaleCreate(nullptr, CFSTR("en_US"))};
+    Owned<CFNumberFormatterRef> theNumbers{
+        CFNumberFormatterCreate(nullptr, theLocale, kCFNumberFormatterDecimalStyle)};
+    Owned<CFDateFormatterRef> theDates{
+        CFDateFormatterCreate(nullptr, theLocale, kCFDateFormatterFullStyle, kCFDateFormatterNoStyle)};
+    Timer theTimer;
 };
 
 struct Row
@@ -169,6 +188,75 @@ const Row kRows[] = {
      nullptr},
     {"ErrorCreate", [](const Subjects&) { return CFErrorCreate(nullptr, CFSTR("domain"), 1, nullptr); },
      nullptr},
+    {"LocaleCreate", [](const Subjects&) { return CFLocaleCreate(nullptr, CFSTR("en_US")); }, nullptr},
+    {"LocaleCopyPreferredLanguages", [](const Subjects&) { return CFLocaleCopyPreferredLanguages(); },
+     nullptr},
+    {"LocaleGetValue",
+     [](const Subjects&) {
+         const Owned<CFLocaleRef> theLocale(CFLocaleCreate(nullptr, CFSTR("en_US")));
+         const CFTypeRef theValue =
+             theLocale == nullptr ? nullptr : CFLocaleGetValue(theLocale, kCFLocaleCurrencySymbol);
+         return theValue == nullptr ? nullptr : CFRetain(theValue);
+     },
+     nullptr},
+    {"NumberFormatterCreate",
+     [](const Subjects& the) -> CFTypeRef {
+         return CFNumberFormatterCreate(nullptr, the.theLocale, kCFNumberFormatterCurrencyStyle);
+     },
+     nullptr},
+    {"NumberFormatterCreateString",
+     [](const Subjects& the) {
+         const double theNumber = -1234567.5;
+         return CFNumberFormatterCreateStringWithValue(nullptr, the.theNumbers, kCFNumberDoubleType,
+                                                       &theNumber);
+     },
+     nullptr},
+    {"NumberFormatterCreateNumber",
+     [](const Subjects& the) {
+         return CFNumberFormatterCreateNumberFromString(nullptr, the.theNumbers, CFSTR("-1,234,567.5"),
+                                                        nullptr, 0);
+     },
+     nullptr},
+    {"NumberFormatterCopyProperty",
+     [](const Subjects& the) {
+         return CFNumberFormatterCopyProperty(the.theNumbers, kCFNumberFormatterCurrencySymbol);
+     },
+     nullptr},
+    {"NumberFormatterSetFormat", nullptr,
+     [](const Subjects& the) { CFNumberFormatterSetFormat(the.theNumbers, CFSTR("0.000000000000000000")); }},
+    {"DateFormatterCreate",
+     [](const Subjects& the) -> CFTypeRef { return CFDateFormatterCreate(nullptr, the.theLocale, 4, 4); },
+     nullptr},
+    {"DateFormatterCreateString",
+     [](const Subjects& the) {
+         return CFDateFormatterCreateStringWithAbsoluteTime(nullptr, the.theDates, 5);
+     },
+     nullptr},
+    {"DateFormatterCreateDate",
+     [](const Subjects& the) {
+         return CFDateFormatterCreateDateFromString(nullptr, the.theDates, CFSTR("Monday, January 1, 2001"),
+                                                    nullptr);
+     },
+     nullptr},
+    {"DateFormatterCopyProperty",
+     [](const Subjects& the) {
+         return CFDateFormatterCopyProperty(the.theDates, kCFDateFormatterMonthSymbols);
+     },
+     nullptr},
+    {"DateFormatterSetFormat", nullptr,
+     [](const Subjects& the) { CFDateFormatterSetFormat(the.theDates, CFSTR("yyyy-MM-dd HH:mm:ss")); }},
+    {"TimeZoneCreateWithName",
+     [](const Subjects&) { return CFTimeZoneCreateWithName(nullptr, CFSTR("GMT+0130"), false); }, nullptr},
+    {"RunLoopTimerCreate",
+     [](const Subjects&) -> CFTypeRef {
+         return CFRunLoopTimerCreate(
+             nullptr, 5, 0, 0, 0, [](CFRunLoopTimerRef, void*) {}, nullptr);
+     },
+     nullptr},
+    {"RunLoopAddTimer", nullptr,
+     [](const Subjects& the) {
+         CFRunLoopAddTimer(CFRunLoopGetMain(), the.theTimer, CFSTR("a mode of ours"));
+     }},
     {"Capitalize", nullptr, [](const Subjects& the) { CFStringCapitalize(the.theString, nullptr); }},
     {"SetAddValue", nullptr, [](const Subjects& the) { CFSetAddValue(the.theSet, the.theString); }},
     {"SetValue", nullptr,
@@ -179,7 +267,8 @@ std::string DescriptionsOf(const Subjects& theSubjects)
 {
     return DescriptionOf(theSubjects.theString) + DescriptionOf(theSubjects.theData) +
            DescriptionOf(theSubjects.theArray) + DescriptionOf(theSubjects.theDictionary) +
-           DescriptionOf(theSubjects.theSet);
+           DescriptionOf(theSubjects.theSet) + DescriptionOf(theSubjects.theNumbers) +
+           DescriptionOf(theSubjects.theDates) + std::to_string(CFGetRetainCount(theSubjects.theTimer));
 }
 
 // Runs theCall with its theAllocations-th allocation failing; returns whether there were fewer.

@@ -90,7 +90,7 @@ const Row kRows[] = {
      [] { CFStringGetLength(static_cast<CFStringRef>(static_cast<CFTypeRef>(kCFNull))); }},
     {"CFNumberGetType: the object has another type",
      [] { CFNumberGetType(static_cast<CFNumberRef>(static_cast<CFTypeRef>(kCFBooleanTrue))); }},
-    {"CFAbsoluteTimeGetDayOfWeek: the time zone is not NULL",
+    {"CFAbsoluteTimeGetDayOfWeek: the object has another type",
      [] { CFAbsoluteTimeGetDayOfWeek(0, static_cast<CFTimeZoneRef>(static_cast<CFTypeRef>(kCFNull))); }},
     // Immutable objects
     {"CFStringAppend: the object is immutable",
@@ -130,6 +130,40 @@ const Row kRows[] = {
          CFBundleCopyLocalizedString(CFBundleGetMainBundle(), reinterpret_cast<CFStringRef>(kCFNull), nullptr,
                                      nullptr);
      }},
+    // Locales, formatters, time zones and timers
+    {"CFLocaleCreate: the object is NULL", [] { CFLocaleCreate(nullptr, NoString()); }},
+    {"CFLocaleGetValue: the object is NULL", [] { CFLocaleGetValue(CFLocaleGetSystem(), NoString()); }},
+    {"CFLocaleGetIdentifier: the object has another type",
+     [] { CFLocaleGetIdentifier(reinterpret_cast<CFLocaleRef>(kCFNull)); }},
+    {"CFNumberFormatterCreate: the object has another type",
+     [] { CFNumberFormatterCreate(nullptr, reinterpret_cast<CFLocaleRef>(kCFNull), 0); }},
+    {"CFNumberFormatterGetFormat: the object is NULL", [] { CFNumberFormatterGetFormat(nullptr); }},
+    {"CFNumberFormatterSetFormat: the object is NULL",
+     [] { CFNumberFormatterSetFormat(CFNumberFormatterCreate(nullptr, nullptr, 0), NoString()); }},
+    {"CFNumberFormatterCreateStringWithNumber: the object is NULL",
+     [] {
+         CFNumberFormatterCreateStringWithNumber(nullptr, CFNumberFormatterCreate(nullptr, nullptr, 0),
+                                                 nullptr);
+     }},
+    {"CFNumberFormatterGetDecimalInfoForCurrencyCode: the object is NULL",
+     [] { CFNumberFormatterGetDecimalInfoForCurrencyCode(NoString(), nullptr, nullptr); }},
+    {"CFDateFormatterCreate: the object has another type",
+     [] { CFDateFormatterCreate(nullptr, reinterpret_cast<CFLocaleRef>(kCFNull), 0, 0); }},
+    {"CFDateFormatterGetFormat: the object is NULL", [] { CFDateFormatterGetFormat(nullptr); }},
+    {"CFDateGetAbsoluteTime: the object is NULL",
+     [] {
+         CFDateFormatterCreateStringWithDate(nullptr, CFDateFormatterCreate(nullptr, nullptr, 0, 0), nullptr);
+     }},
+    {"CFTimeZoneCreateWithName: the object is NULL",
+     [] { CFTimeZoneCreateWithName(nullptr, NoString(), 0); }},
+    {"CFTimeZoneGetName: the object is NULL", [] { CFTimeZoneGetName(nullptr); }},
+    {"CFTimeZoneSetDefault: the object has another type",
+     [] { CFTimeZoneSetDefault(reinterpret_cast<CFTimeZoneRef>(kCFNull)); }},
+    {"CFRunLoopTimerInvalidate: the object is NULL", [] { CFRunLoopTimerInvalidate(nullptr); }},
+    {"CFRunLoopAddTimer: the object is NULL",
+     [] { CFRunLoopAddTimer(CFRunLoopGetMain(), nullptr, kCFRunLoopDefaultMode); }},
+    {"CFRunLoopRemoveTimer: the object is NULL",
+     [] { CFRunLoopRemoveTimer(nullptr, nullptr, kCFRunLoopDefaultMode); }},
     // Places outside
     {"CFArrayGetValueAtIndex: the index is not inside the array",
      [] { CFArrayGetValueAtIndex(ObjectArray({}), 0); }},

@@ -12,7 +12,7 @@ typedef double CFAbsoluteTime;
 
 typedef const struct __CFDate* CFDateRef;
 
-// Only NULL is used as a time zone: Greenwich mean time. Another ends the process.
+// See CFTimeZone.h. NULL is Greenwich mean time.
 typedef const struct __CFTimeZone* CFTimeZoneRef;
 
 // A moment as a calendar and a clock show it. The year 0 is the one before the year 1.
@@ -65,13 +65,15 @@ CF_EXPORT CFTimeInterval CFDateGetTimeIntervalSinceDate(CFDateRef inDate, CFDate
 // The context is not used.
 CF_EXPORT CFComparisonResult CFDateCompare(CFDateRef inDate, CFDateRef inOther, void* inContext);
 
-// The Gregorian calendar, also for the time before there was one. Nothing here takes memory or fails.
+// The Gregorian calendar, also for the time before there was one, as the clocks of a time zone show it. Nothing
+// here takes memory or fails.
 
 // Whether each field that inUnitFlags names is one of a calendar and a clock. Years are valid from 1 on. That
 // the month has such a day is looked at when year, month and day are all named.
 CF_EXPORT Boolean CFGregorianDateIsValid(CFGregorianDate inDate, CFOptionFlags inUnitFlags);
 // Fields that are not valid are carried over: the month 13 is the January of the next year, the day 0 the
-// last of the month before.
+// last of the month before. Where clocks are put back, an hour comes twice, and the first is meant; where
+// they are put forward, one is left out, and stands for the hour behind it.
 CF_EXPORT CFAbsoluteTime CFGregorianDateGetAbsoluteTime(CFGregorianDate inDate, CFTimeZoneRef inTimeZone);
 // Always valid, except for its year. A time whose year SInt32 does not hold gives the nearest day that it
 // holds; a time that is no number gives the first day of 2001.

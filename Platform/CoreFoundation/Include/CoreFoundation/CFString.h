@@ -16,7 +16,7 @@
 #include <CoreFoundation/CFDictionary.h>
 #include <stdarg.h>
 
-// Only NULL is used as a locale.
+// See CFLocale.h. The calls here look at no locale: NULL is the one to use.
 typedef const struct __CFLocale* CFLocaleRef;
 
 // How characters become bytes.
