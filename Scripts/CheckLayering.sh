@@ -196,8 +196,8 @@ room Base Common
 room System 'Common|Base'
 room Events 'Common|Base|System'
 room Menus 'Common|Base|System|Events'
-room Windows 'Common|Base|System|Events|Windows/ControlKinds'
-room Windows/ControlKinds 'Common|Base|System|Events|Windows'
+room Windows 'Common|Base|System|Events|Menus|Windows/ControlKinds'
+room Windows/ControlKinds 'Common|Base|System|Events|Menus|Windows'
 room Toolbox 'Common|Base|System|Events|Menus|Windows'
 room Input 'Common|Base|System|Events|Menus|Windows|Toolbox'
 report "Qt stays in its own presenter" < <(

@@ -163,6 +163,12 @@ std::string DrawField(const ControlLook& theLook)
     return "[" + Aligned(theText, theLook.theAlignment, kFieldLength) + "]";
 }
 
+std::string DrawPopUp(const ControlLook& theLook)
+{
+    const std::string theTitle = theLook.theTitle.empty() ? "" : OneLine(theLook.theTitle) + " ";
+    return theTitle + "[ " + OneLine(theLook.theText) + " ▾ ]";
+}
+
 // U+2713 for the check mark, whatever else as it is.
 std::string DrawMark(std::uint32_t theMark)
 {
@@ -237,7 +243,7 @@ std::string DrawControl(const ControlLook& theLook)
     case ControlShape::kEditText:
         return DrawField(theLook);
     case ControlShape::kPopUpButton:
-        return "[ " + OneLine(theLook.theTitle) + " ▾ ]";
+        return DrawPopUp(theLook);
     case ControlShape::kSeparator:
         return Repeated("─", kTrackLength);
     case ControlShape::kGroupBox:

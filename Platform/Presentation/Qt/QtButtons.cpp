@@ -264,19 +264,73 @@ void QtRadioButton::ShowState(const ControlLook& theLook)
 
 // Pop-up buttons ---------------------------------------------------------------------------------------
 
+namespace {
+
+// A combo box that shows what was chosen, with a title before it. Its menu is the managers'.
+class PopUpWidget : public QComboBox
+{
+public:
+    using QComboBox::QComboBox;
+
+    void showPopup() override { mOpen(); }
+
+    std::function<void()> mOpen;
+    QString mTitle;
+    int mTitleWidth = 0;
+    Qt::Alignment mAlignment = Qt::AlignLeft;
+
+protected:
+    void initStyleOption(QStyleOptionComboBox* theOption) const override
+    {
+        QComboBox::initStyleOption(theOption);
+        theOption->rect =
+            QStyle::visualRect(layoutDirection(), rect(), rect().adjusted(mTitleWidth, 0, 0, 0));
+    }
+
+    void paintEvent(QPaintEvent* theEvent) override
+    {
+        if (mTitleWidth > 0) {
+            QPainter thePainter(this);
+            const QRect thePlace(0, 0, mTitleWidth - kTitleGap, height());
+            style()->drawItemText(&thePainter, QStyle::visualRect(layoutDirection(), rect(), thePlace),
+                                  static_cast<int>((mAlignment | Qt::AlignVCenter).toInt()) |
+                                      Qt::TextSingleLine,
+                                  palette(), isEnabled(), mTitle, QPalette::WindowText);
+        }
+        QComboBox::paintEvent(theEvent);
+    }
+
+private:
+    static constexpr int kTitleGap = 8;
+};
+
+Qt::Alignment AlignmentOf(TextAlignment theAlignment)
+{
+    return theAlignment == TextAlignment::kRight    ? Qt::AlignRight
+           : theAlignment == TextAlignment::kCentre ? Qt::AlignHCenter
+                                                    : Qt::AlignLeft;
+}
+
+} // namespace
+
 QtPopUpButton::QtPopUpButton(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
-    : QtControl(theLook, theInput, new QComboBox(&theContent)),
+    : QtControl(theLook, theInput, new PopUpWidget(&theContent)),
       mBox(static_cast<QComboBox&>(Widget()))
 {
+    static_cast<PopUpWidget&>(Widget()).mOpen = [this] { ReportClick(); };
     theInput.Watch(mBox, QtInput::MouseUse::kManagers);
 }
 
 void QtPopUpButton::ShowState(const ControlLook& theLook)
 {
-    const QString theTitle = QString::fromStdString(theLook.theTitle);
-    if (mBox.count() != 1 || mBox.itemText(0) != theTitle) {
+    auto& theWidget = static_cast<PopUpWidget&>(Widget());
+    theWidget.mTitle = QString::fromStdString(theLook.theTitle);
+    theWidget.mTitleWidth = theLook.theTitleWidth;
+    theWidget.mAlignment = AlignmentOf(theLook.theAlignment);
+    const QString theText = QString::fromStdString(theLook.theText);
+    if (mBox.count() != 1 || mBox.itemText(0) != theText) {
         mBox.clear();
-        mBox.addItem(theTitle);
+        mBox.addItem(theText);
     }
 }
 

@@ -26,10 +26,11 @@ bool IsDrawnAlike(const ControlLook& theOne, const ControlLook& theOther)
 {
     const auto theParts = [](const ControlLook& theLook) {
         return std::tie(theLook.theBounds, theLook.theValue, theLook.theMinimum, theLook.theMaximum,
-                        theLook.theViewSize, theLook.theTickMarks, theLook.theTitle, theLook.theText,
-                        theLook.theAlignment, theLook.theSelectionStart, theLook.theSelectionEnd,
-                        theLook.theIsHilited, theLook.theIsPassword, theLook.theIsMultiline,
-                        theLook.theIsLocked, theLook.theIsDefault, theLook.theIsIndeterminate);
+                        theLook.theViewSize, theLook.theTickMarks, theLook.theTitleWidth, theLook.theTitle,
+                        theLook.theText, theLook.theAlignment, theLook.theSelectionStart,
+                        theLook.theSelectionEnd, theLook.theIsHilited, theLook.theIsPassword,
+                        theLook.theIsMultiline, theLook.theIsLocked, theLook.theIsDefault,
+                        theLook.theIsIndeterminate);
     };
     return theParts(theOne) == theParts(theOther);
 }

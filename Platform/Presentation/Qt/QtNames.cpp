@@ -147,8 +147,10 @@ std::string SpokenNames::NameOf(const ControlLook& theControl) const
     if (theControl.theShape == ControlShape::kStaticText) {
         return theControl.theText;
     }
-    if (!NeedsLabel(theControl.theShape) ||
-        (!theControl.theTitle.empty() && theControl.theShape != ControlShape::kPopUpButton)) {
+    if (theControl.theShape == ControlShape::kPopUpButton && !theControl.theTitle.empty()) {
+        return WithoutColon(theControl.theTitle);
+    }
+    if (!NeedsLabel(theControl.theShape) || !theControl.theTitle.empty()) {
         return theControl.theTitle;
     }
     const ControlLook* theLabel = LabelBeside(theControl);

@@ -683,7 +683,21 @@ MenuChoice QtPresenter::RunPopUp(const PopUpLook& theLook)
         ShowNow();
         return theWait;
     };
-    return IsRunning() ? QtMenuBar::Choose(theLook, theTimers) : MenuChoice();
+    const MenuChoice theChoice = IsRunning() ? QtMenuBar::Choose(theLook, theTimers) : MenuChoice();
+    ReportLetGo(theLook.thePlace);
+    return theChoice;
+}
+
+// The menu has kept for itself that the button came up which opened it. Where none is down, nothing comes
+// of it.
+void QtPresenter::ReportLetGo(PixelPoint thePlace)
+{
+    for (const PointerButton theButton : {PointerButton::kPrimary, PointerButton::kSecondary}) {
+        PointerAction theRelease;
+        theRelease.thePlace = thePlace;
+        theRelease.theButton = theButton;
+        mReports.AddNext([theRelease](PresenterEvents& theEvents) { theEvents.PointerReleased(theRelease); });
+    }
 }
 
 // Pictures ---------------------------------------------------------------------------------------------

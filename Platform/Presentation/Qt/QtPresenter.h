@@ -69,6 +69,7 @@ public:
     QWidget* FindControlWidget(ObjectId theControl) const;
 
 private:
+    void ReportLetGo(PixelPoint thePlace);
     struct WindowEntry
     {
         WindowLook theLook;

@@ -23,6 +23,7 @@ struct Registry
     std::string thePreferred = kHeadless;
     std::unique_ptr<Presenter> thePresenter;
     PresentedProgram* theProgram = nullptr; // not owned
+    PopUpAnswer* theAnswer = nullptr;       // not owned; the youngest
 
     // Presenters that were stopped. They stay, since a handler that changes the presenter may run inside a
     // function of the one that it stops.
@@ -147,6 +148,26 @@ bool PresenterRegistry::Use(std::unique_ptr<Presenter> theNext)
 void PresenterRegistry::ReplayLooks(Presenter& thePresenter)
 {
     TheRegistry().theProgram->ReplayLooks(thePresenter);
+}
+
+MenuChoice PresenterRegistry::RunPopUp(const PopUpLook& theLook)
+{
+    const PopUpAnswer* theAnswer = TheRegistry().theAnswer;
+    if (theAnswer == nullptr) {
+        return Current().RunPopUp(theLook);
+    }
+    return theAnswer->mFunction ? theAnswer->mFunction(theLook) : MenuChoice();
+}
+
+PopUpAnswer::PopUpAnswer(Function theFunction)
+    : mFunction(std::move(theFunction)),
+      mOlder(std::exchange(TheRegistry().theAnswer, this))
+{
+}
+
+PopUpAnswer::~PopUpAnswer()
+{
+    TheRegistry().theAnswer = mOlder;
 }
 
 } // namespace Host

@@ -201,6 +201,7 @@ private:
 
 void Strike(UInt32 theKey, UInt32 theModifiers, const std::string& theText)
 {
+    const PopUpAnswer theAnswer;
     const HeldModifiers theHeld(theModifiers);
     const KeyAction theAction = {theKey, theText, theModifiers};
     PresenterRegistry::Events().KeyPressed(theAction);
@@ -289,8 +290,9 @@ UserResult UserSimulator::ClickPart(const ControlAddress& theControl, ControlPar
 }
 
 UserResult UserSimulator::PressAt(const ControlAddress& theAddress, ControlPartCode thePart,
-                                  UInt32 theModifiers)
+                                  UInt32 theModifiers, const Choice& theChoice)
 {
+    const PopUpAnswer theAnswer(theChoice);
     const SharedControl theControl = FindControl(theAddress.Find());
     Point thePoint = {0, 0};
     if (theControl != nullptr && !PlaceOfPart(theControl, thePart, &thePoint)) {

@@ -6,6 +6,7 @@
 
 #include "Glance.h"
 #include "HeadlessDrawing.h"
+#include "Windows/Controls.h"
 
 namespace Host {
 
@@ -237,6 +238,29 @@ UserResult UserSimulator::ChooseItem(const std::string& theMenu, const std::stri
         return Refuse("the menu " + Quoted(theMenu) + " has no item " + Quoted(theText));
     }
     return ChooseAlong(theWay, "the item " + Quoted(theText), theModifiers, theIsMeant);
+}
+
+UserResult UserSimulator::ChooseInPopUp(const ControlAddress& theAddress, const std::string& theText,
+                                        UInt32 theModifiers)
+{
+    std::string theReason = "no menu pops up";
+    const auto theIsMeant = [&theText](const MenuItemLook& theItem) { return theItem.theText == theText; };
+    const auto theChoose = [&](const PopUpLook& theLook) {
+        const int thePlace = PlaceIn(theLook.theMenu, theIsMeant);
+        const bool theIsEnabled = thePlace != 0 && theLook.theMenu.theIsEnabled &&
+                                  theLook.theMenu.theItems[static_cast<size_t>(thePlace) - 1].theIsEnabled;
+        theReason = theIsEnabled ? ""
+                                 : "the item " + Quoted(theText) +
+                                       (thePlace == 0 ? " is not in the menu" : " is disabled");
+        return theIsEnabled ? MenuChoice{theLook.theMenu.theId, thePlace} : MenuChoice();
+    };
+    const SharedControl theControl = FindControl(theAddress.Find());
+    Point thePoint = {0, 0};
+    const bool theHasMenuPart = theControl != nullptr && PointOfPart(theControl, kControlMenuPart, &thePoint);
+    const auto thePart =
+        static_cast<ControlPartCode>(theHasMenuPart ? +kControlMenuPart : +kControlEntireControl);
+    UserResult theResult = PressAt(theAddress, thePart, theModifiers, theChoose);
+    return theResult && !theReason.empty() ? Refuse(theReason) : theResult;
 }
 
 std::string UserSimulator::DescribeMenu(const std::string& theTitle) const

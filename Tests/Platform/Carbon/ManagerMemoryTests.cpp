@@ -4,6 +4,7 @@
 // not, no exception leaves it, and what there was can still be used and disposed of.
 
 #include "AllocationFailures.h"
+#include "ControlKinds.h"
 
 #include <Carbon/Carbon.h>
 #include <gtest/gtest.h>
@@ -320,3 +321,33 @@ TEST_P(ManagerMemory, NoExceptionLeavesTheCall)
 INSTANTIATE_TEST_SUITE_P(Controls, ManagerMemory, testing::ValuesIn(kControlCalls), NameOfCall);
 INSTANTIATE_TEST_SUITE_P(Windows, ManagerMemory, testing::ValuesIn(kWindowCalls), NameOfCall);
 INSTANTIATE_TEST_SUITE_P(Menus, ManagerMemory, testing::ValuesIn(kMenuCalls), NameOfCall);
+
+namespace {
+
+class KindMemory : public testing::TestWithParam<KindRow>
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(Kinds, KindMemory, testing::ValuesIn(EveryKind()),
+                         [](const auto& theInfo) { return std::string(theInfo.param.theName); });
+
+} // namespace
+
+TEST_P(KindMemory, AControlIsMadeOrTheCallSaysThatItIsNot)
+{
+    OSStatus theStatus = memFullErr;
+    for (std::size_t theNumber = 1; theStatus != noErr; ++theNumber) {
+        const Things theThings;
+        ControlRef theControl = theThings.mButton;
+        AllocationFailures theFailures(theNumber);
+        theStatus = GetParam().theMaker(theThings.mWindow, &kBounds, &theControl);
+        theFailures.Stop();
+        EXPECT_EQ(theStatus, IsValidControlHandle(theControl) ? OSStatus{noErr} : OSStatus{memFullErr});
+        EXPECT_EQ(theStatus == noErr, theControl != nullptr);
+        UInt16 theCount = 0;
+        ControlRef theRoot = nullptr;
+        GetRootControl(theThings.mWindow, &theRoot);
+        CountSubControls(theRoot, &theCount);
+        EXPECT_EQ(theCount, theStatus == noErr ? 5 : 4);
+    }
+}

@@ -3,6 +3,7 @@
 #ifndef ManagerTestSupport_h
 #define ManagerTestSupport_h
 
+#include "ControlKinds.h"
 #include "EventTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -109,20 +110,6 @@ protected:
 private:
     std::vector<std::unique_ptr<EventWatch>> mWatches;
 };
-
-// A kind of control that can be made.
-struct KindRow
-{
-    const char* theName;
-    OSType theKind;
-    OSStatus (*theMaker)(WindowRef theWindow, const Rect* theBounds, ControlRef* theControl);
-    SInt32 theMinimum;
-    SInt32 theMaximum;
-    bool theWindowMayBeNull;
-};
-
-// Every one, for parameters of tests.
-const std::vector<KindRow>& EveryKind();
 
 // A control of every kind in turn.
 class EveryControl : public ManagerTest, public testing::WithParamInterface<KindRow>

@@ -14,6 +14,7 @@
 #include <Simulation/VirtualClock.h>
 #include <sstream>
 
+#include "ControlKinds.h"
 #include "HeadlessPresenter.h"
 #include "WatchedObjects.h"
 
@@ -69,36 +70,9 @@ Rect BoundsFrom(unsigned theNumber)
 
 OSStatus MakeControl(unsigned theKind, WindowRef theWindow, const Rect& theBounds, ControlRef* theControl)
 {
-    switch (theKind % 12) {
-    case 0:
-        return CreatePushButtonControl(theWindow, &theBounds, CFSTR("Button"), theControl);
-    case 1:
-        return CreateCheckBoxControl(theWindow, &theBounds, CFSTR("Check"), 0, true, theControl);
-    case 2:
-        return CreateRadioButtonControl(theWindow, &theBounds, CFSTR("Radio"), 0, true, theControl);
-    case 3:
-        return CreateSliderControl(theWindow, &theBounds, 5, 0, 10, kControlSliderDoesNotPoint, 0, true,
-                                   nullptr, theControl);
-    case 4:
-        return CreateScrollBarControl(theWindow, &theBounds, 0, 0, 100, 10, false, nullptr, theControl);
-    case 5:
-        return CreateProgressBarControl(theWindow, &theBounds, 0, 0, 100, false, theControl);
-    case 6:
-        return CreateLittleArrowsControl(theWindow, &theBounds, 0, 0, 9, 1, theControl);
-    case 7:
-        return CreateStaticTextControl(theWindow, &theBounds, CFSTR("Text"), nullptr, theControl);
-    case 8:
-        return CreateEditTextControl(theWindow, &theBounds, CFSTR("Old"), false, false, nullptr, theControl);
-    case 9:
-        return CreateEditUnicodeTextControl(theWindow, &theBounds, CFSTR("New"), false, nullptr, theControl);
-    case 10: {
-        // Large enough for others.
-        const Rect theLarge = {0, 0, 200, 300};
-        return CreateGroupBoxControl(theWindow, &theLarge, CFSTR("Box"), true, theControl);
-    }
-    default:
-        return CreateSeparatorControl(theWindow, &theBounds, theControl);
-    }
+    const KindRow& theRow = EveryKind()[theKind % EveryKind().size()];
+    const Rect theLarge = {0, 0, 200, 300};
+    return theRow.theMaker(theWindow, theRow.theHoldsOthers ? &theLarge : &theBounds, theControl);
 }
 
 // The program, the person, and everything that was ever made.
@@ -353,6 +327,11 @@ const Action kActions[] = {
      [](Session& theSession, const Step& theStep) {
          SetControlCommandID(theSession.ControlAt(theStep.theFirst), CommandFrom(theStep.theSecond));
      }},
+    {"SetPopUpMenu",
+     [](Session& theSession, const Step& theStep) {
+         SetControlPopupMenuHandle(theSession.ControlAt(theStep.theFirst),
+                                   theSession.MenuReferenceAt(theStep.theSecond));
+     }},
     {"SetKeyboardFocus",
      [](Session& theSession, const Step& theStep) {
          const ControlRef theControl = theSession.ControlAt(theStep.theFirst);
@@ -435,6 +414,10 @@ const Action kActions[] = {
      [](Session& theSession, const Step& theStep) {
          theSession.Heed(theSession.Person().Click(theSession.ControlAt(theStep.theFirst)));
      }},
+    {"PersonChoosesInPopUp",
+     [](Session& theSession, const Step& theStep) {
+         theSession.Heed(theSession.Person().ChooseInPopUp(theSession.ControlAt(theStep.theFirst), TextFrom(theStep.theSecond)));
+     }},
     {"PersonDrags",
      [](Session& theSession, const Step& theStep) {
          theSession.Heed(theSession.Person().DragSlider(theSession.ControlAt(theStep.theFirst),
@@ -499,8 +482,8 @@ const Action kActions[] = {
 };
 
 // What a session needs most of, and what would be rare if every action were as likely as any other.
-const char* const kMakers[] = {"NewWindow",  "NewControl", "NewControl",
-                               "NewControl", "NewMenu",    "AppendItem"};
+const char* const kMakers[] = {"NewWindow", "NewControl", "NewControl",  "NewControl",
+                               "NewMenu",   "AppendItem", "SetPopUpMenu"};
 
 // The place of an action; one behind the last when there is none of that name.
 size_t ActionNamed(const std::string& theName)

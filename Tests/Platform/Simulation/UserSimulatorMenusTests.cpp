@@ -1,6 +1,7 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
 #include "TestMenus.h"
+#include "TestProgram.h"
 
 #include <gtest/gtest.h>
 #include <Simulation/UserSimulator.h>
@@ -193,6 +194,59 @@ TEST_F(UserSimulatorMenus, TellsWhatAMenuShows)
 {
     EXPECT_EQ(mUser.DescribeMenu("Units"), "  Celsius\n  Fahrenheit\n");
     EXPECT_EQ(Take(), Log());
+}
+
+// A pop-up button with a menu of three items, of which the second is disabled.
+struct TestPopUp
+{
+    TestPopUp()
+    {
+        CreateNewMenu(150, 0, &mMenu);
+        for (CFStringRef theText : {CFSTR("Low"), CFSTR("Middle"), CFSTR("High")}) {
+            AppendMenuItemTextWithCFString(mMenu, theText, 0, 0, nullptr);
+        }
+        DisableMenuItem(mMenu, 2);
+        const Rect theBounds = MakeRect(120, 100, 300, 120);
+        CreatePopupButtonControl(mProgram.mWindow.Get(), &theBounds, CFSTR("Level:"), -12345, true, -1, 0, 0,
+                                 &mControl);
+        SetControlPopupMenuHandle(mControl, mMenu);
+        TestProgram::Name(mControl, 'lvel');
+    }
+    ~TestPopUp() { DisposeMenu(mMenu); }
+    TestPopUp(const TestPopUp&) = delete;
+    TestPopUp& operator=(const TestPopUp&) = delete;
+
+    TestProgram mProgram;
+    MenuRef mMenu = nullptr;
+    ControlRef mControl = nullptr;
+};
+
+TEST_F(UserSimulatorMenus, ChoosesInAPopUp)
+{
+    const TestPopUp thePopUp;
+    ExpectDone(mUser.ChooseInPopUp(thePopUp.mControl, "High"));
+    EXPECT_EQ(GetControl32BitValue(thePopUp.mControl), 3);
+    EXPECT_EQ(mUser.DescribeControl(thePopUp.mControl),
+              "Level: [ High ▾ ]                         pop-up button 'lvel' 1");
+}
+
+TEST_F(UserSimulatorMenus, RefusesWhatAPopUpDoesNotOffer)
+{
+    const TestPopUp thePopUp;
+    ExpectRefusal(mUser.ChooseInPopUp(thePopUp.mControl, "Middle"), "the item \"Middle\" is disabled");
+    ExpectRefusal(mUser.ChooseInPopUp(thePopUp.mControl, "Highest"),
+                  "the item \"Highest\" is not in the menu");
+    ExpectRefusal(mUser.ChooseInPopUp(thePopUp.mProgram.mCheckBox, "High"), "no menu pops up");
+    DisableControl(thePopUp.mControl);
+    ExpectRefusal(mUser.ChooseInPopUp(thePopUp.mControl, "High"), "the pop-up button 'lvel' 1 is disabled");
+    EXPECT_EQ(GetControl32BitValue(thePopUp.mControl), 1);
+}
+
+TEST_F(UserSimulatorMenus, ClosesAPopUpThatAClickOpens)
+{
+    const TestPopUp thePopUp;
+    ExpectDone(mUser.ClickPart(thePopUp.mControl, kControlMenuPart));
+    EXPECT_EQ(GetControl32BitValue(thePopUp.mControl), 1);
 }
 
 } // namespace

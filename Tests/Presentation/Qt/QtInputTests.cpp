@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QComboBox>
 #include <QImage>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -16,6 +17,7 @@
 #include <QSlider>
 #include <QStyleOptionSlider>
 #include <QTest>
+#include <QTimer>
 #include <QWheelEvent>
 
 #include "HeadlessPresenter.h"
@@ -690,6 +692,78 @@ TEST_F(QtInputTest, AHandlerMayExchangeThePresenterWhoseReportItHandles)
     QTest::keyClick(&Field(), Qt::Key_H);
     Turn();
     EXPECT_EQ(TextOf(mProgram->mField), "h");
+}
+
+// A pop-up button with two items, as the program has it.
+class QtPopUps : public QtInputTest
+{
+protected:
+    QtPopUps()
+    {
+        CreateNewMenu(150, 0, &mMenu);
+        AppendMenuItemTextWithCFString(mMenu, CFSTR("Low"), 0, 0, nullptr);
+        AppendMenuItemTextWithCFString(mMenu, CFSTR("High"), 0, 0, nullptr);
+        const Rect theBounds = MakeRect(120, 100, 300, 124);
+        CreatePopupButtonControl(mProgram->mWindow.Get(), &theBounds, CFSTR("Level:"), -12345, false, -1, 0,
+                                 0, &mPopUp);
+        SetControlPopupMenuHandle(mPopUp, mMenu);
+        TestProgram::Name(mPopUp, 'lvel');
+        Take();
+    }
+    ~QtPopUps() override { DisposeMenu(mMenu); }
+
+    // As soon as a menu is open, clicks on one of its items.
+    static void ChooseLater(int theItem)
+    {
+        QTimer::singleShot(0, [theItem] {
+            auto* const theMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            if (theMenu == nullptr) {
+                ChooseLater(theItem);
+                return;
+            }
+            const QRect thePlace = theMenu->actionGeometry(theMenu->actions().at(theItem - 1));
+            QTest::mouseClick(theMenu, Qt::LeftButton, {}, thePlace.center());
+        });
+    }
+
+    MenuRef mMenu = nullptr;
+    ControlRef mPopUp = nullptr;
+};
+
+TEST_F(QtPopUps, OpenTheirMenuAtAPressAndLetGoOfTheButton)
+{
+    ChooseLater(2);
+    QTest::mousePress(&Widget('lvel'), Qt::LeftButton);
+    Turn();
+    EXPECT_EQ(GetControl32BitValue(mPopUp), 2);
+    EXPECT_EQ(static_cast<QComboBox&>(Widget('lvel')).currentText(), QStringLiteral("High"));
+    EXPECT_EQ(Button(), 0);
+    // The next press is one again.
+    ChooseLater(1);
+    QTest::mousePress(&Widget('lvel'), Qt::LeftButton);
+    Turn();
+    EXPECT_EQ(GetControl32BitValue(mPopUp), 1);
+}
+
+TEST_F(QtPopUps, AreWorkedByKeys)
+{
+    SetKeyboardFocus(mProgram->mWindow.Get(), mPopUp, kControlFocusNextPart);
+    Turn();
+    QTest::keyClick(&Widget('lvel'), Qt::Key_Down);
+    Turn();
+    EXPECT_EQ(GetControl32BitValue(mPopUp), 2);
+    ChooseLater(1);
+    QTest::keyClick(&Widget('lvel'), Qt::Key_Space);
+    Turn();
+    EXPECT_EQ(GetControl32BitValue(mPopUp), 1);
+}
+
+TEST_F(QtPopUps, OpenForAScreenReader)
+{
+    ChooseLater(2);
+    static_cast<QComboBox&>(Widget('lvel')).showPopup();
+    Turn();
+    EXPECT_EQ(GetControl32BitValue(mPopUp), 2);
 }
 
 } // namespace

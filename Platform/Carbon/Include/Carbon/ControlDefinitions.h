@@ -11,15 +11,17 @@
 // identifier, command or reference. The control belongs to its window and goes with it. outControl receives
 // null when the call fails.
 //
-// Push buttons, check boxes, radio buttons, scroll bars, static and edit texts can be made without a window,
-// with null for it: the control is in nothing then and is shown nowhere, until EmbedControl puts it into a
-// container, and it is the caller's to dispose of until that. All other kinds need a window.
+// Push buttons, check boxes, radio buttons, pop-up buttons, scroll bars, static and edit texts can be made
+// without a window, with null for it: the control is in nothing then and is shown nowhere, until
+// EmbedControl puts it into a container, and it is the caller's to dispose of until that. All other kinds
+// need a window.
 //
 // Results: noErr; paramErr when the bounds or outControl is null, the window is null and the kind needs one,
 // the window is not a window (any more), or a range ends before it starts. A title or text may be null, which
 // stands for the empty one. An initial value outside of the range is put at the nearer end of it.
 
 #include <Carbon/Controls.h>
+#include <Carbon/Menus.h>
 
 // Kinds -------------------------------------------------------------------------------------------------
 
@@ -38,6 +40,8 @@ enum
     kControlKindEditText = 'etxt',
     kControlKindEditUnicodeText = 'eutx',
     kControlKindGroupBox = 'grpb',
+    kControlKindRadioGroup = 'rgrp',
+    kControlKindPopupButton = 'popb',
     kControlKindSeparator = 'sepa',
     kControlKindUserPane = 'upan' // the root control of a window is one
 };
@@ -47,6 +51,7 @@ enum
 enum
 {
     kControlLabelPart = 1,
+    kControlMenuPart = 2,
     kControlEditTextPart = 5,
     kControlButtonPart = 10,
     kControlCheckBoxPart = 11,
@@ -55,6 +60,7 @@ enum
     kControlDownButtonPart = 21,
     kControlPageUpPart = 22,
     kControlPageDownPart = 23,
+    kControlRadioGroupPart = 27,
     kControlIndicatorPart = 129 // the thumb of a slider or scroll bar
 };
 
@@ -131,6 +137,20 @@ enum
     kControlEditTextInsertCFStringRefTag = 'incf' // CFStringRef that replaces the selection; write only
 };
 
+// A menu that is set is the application's, and has to live as long as the control shows it; one that is set
+// under the owned tag is taken over with the caller's count, and released when the control goes or gets
+// another menu. One that is read is not retained. With a menu the range becomes that of its items, 1 to
+// their number; after adding items set the maximum anew.
+enum
+{
+    kControlPopupButtonMenuRefTag = 'mhan', // MenuRef
+    kControlPopupButtonMenuHandleTag = kControlPopupButtonMenuRefTag,
+    kControlPopupButtonMenuIDTag = 'mnid',       // MenuID of a menu in the menu list
+    kControlPopupButtonExtraHeightTag = 'exht',  // SInt16; kept, and never used
+    kControlPopupButtonOwnedMenuRefTag = 'omrf', // MenuRef
+    kControlPopupButtonCheckCurrentTag = 'chck'  // Boolean; whether the item that is chosen has a check mark
+};
+
 #pragma pack(push, 2)
 
 // The selected characters of an edit text, counted in UTF-16 units from 0; an insertion point when both are
@@ -162,6 +182,28 @@ CARBON_EXPORT OSStatus CreateCheckBoxControl(WindowRef window, const Rect* bound
 CARBON_EXPORT OSStatus CreateRadioButtonControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
                                                 SInt32 initialValue, Boolean autoToggle,
                                                 ControlRef* outControl);
+
+// A button with a menu, of which it shows the item that is its value. menuID is that of a menu in the menu
+// list, where pop-up menus are inserted with kInsertHierarchicalMenu, or -12345 for a menu that is set
+// later; a menu that is not there is a paramErr. The range is 1 to the number of items, and 0 to 0 as long
+// as there is no menu. The title stands before the button: titleWidth pixels, as wide as it needs to be for
+// -1. With variableWidth the button is only as wide as what it shows. titleStyle is kept and has no effect.
+// The window may be null.
+//
+// A press opens the menu, and so does the space bar; the up and down arrows choose without it. When an item
+// is chosen the value is set, then the menu sends its command, then kEventControlHit is sent with
+// kControlMenuPart, and the control's command.
+CARBON_EXPORT OSStatus CreatePopupButtonControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
+                                                MenuID menuID, Boolean variableWidth, SInt16 titleWidth,
+                                                SInt16 titleJustification, Style titleStyle,
+                                                ControlRef* outControl);
+
+// The menu of a pop-up button, not retained; null when it has none, and for other controls. Set as with
+// kControlPopupButtonMenuRefTag.
+CARBON_EXPORT MenuRef GetControlPopupMenuHandle(ControlRef control);
+CARBON_EXPORT void SetControlPopupMenuHandle(ControlRef control, MenuRef popupMenu);
+#define GetControlPopupMenuRef GetControlPopupMenuHandle
+#define SetControlPopupMenuRef SetControlPopupMenuHandle
 
 // Controls with a range ---------------------------------------------------------------------------------
 
@@ -221,6 +263,15 @@ CARBON_EXPORT OSStatus CreateEditUnicodeTextControl(WindowRef window, const Rect
 // A null window is a paramErr.
 CARBON_EXPORT OSStatus CreateGroupBoxControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
                                              Boolean primary, ControlRef* outControl);
+
+// A group of radio buttons, which are embedded in it. Its value is the place of the button that is on, as
+// GetIndexedSubControl counts, 0 when none is; its maximum follows the number of its controls. Setting the
+// value turns that button on and the others off; a click on a button, or setting its value, changes that of
+// the group. After a click the button is told of its hit, and then the group, with kControlRadioGroupPart.
+// The buttons need no autoToggle. Controls without kControlHasRadioBehavior only have a place in it. A null
+// window is a paramErr.
+CARBON_EXPORT OSStatus CreateRadioGroupControl(WindowRef window, const Rect* boundsRect,
+                                               ControlRef* outControl);
 
 // Separators --------------------------------------------------------------------------------------------
 

@@ -106,7 +106,7 @@ private:
     bool mIsQuit = false;
 };
 
-std::array<LoopChore, 2> gChores = {}; // one of each manager that has any
+std::array<LoopChore, 3> gChores = {}; // the focus, the menus, and the buttons that show menus
 
 // False when there was nothing to do.
 bool DoChoresOnce()

@@ -162,6 +162,24 @@ bool IsChoosable(const SharedMenu& theMenu, MenuItemIndex theItem);
 OSStatus SendMenuCommand(const SharedMenu& theMenu, MenuItemIndex theItem, UInt32 theContext,
                          const UInt32* theModifiers);
 
+// What a person chose from a menu that was shown by itself; no menu when nothing was chosen.
+struct PopUpChoice
+{
+    SharedMenu theMenu; // the one that popped up, or one that it holds
+    MenuItemIndex theItem = 0;
+    UInt32 theContext = 0; // for SendMenuCommand
+
+    explicit operator bool() const { return theMenu != nullptr; }
+};
+
+// Shows a menu by itself, with theItem at a global place, and waits until the person has chosen or closed
+// it. All menus are closed when it returns, and the command is still to be sent. While another menu is
+// open, or where a handler refuses, nothing is shown and nothing chosen.
+PopUpChoice TrackPopUp(const SharedMenu& theMenu, Point thePlace, MenuItemIndex theItem);
+
+// How often the looks of menus have changed; for what shows a menu elsewhere than in the bar.
+std::uint32_t CountMenuChanges();
+
 // Takes a key-down event as a command key of the bar: finds the item and sends its command. False when it is
 // none.
 bool TakeCommandKey(EventRef theEvent);

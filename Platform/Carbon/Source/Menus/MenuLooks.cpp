@@ -14,6 +14,7 @@ namespace Host {
 namespace {
 
 bool gHasChanged = false;
+std::uint32_t gChanges = 0; // runs over in the end, and is only compared
 
 // Menus that hold menus deeper than this are shown without them; no screen has room for them.
 const int kDeepestLook = 20;
@@ -119,6 +120,12 @@ MenuLook LookOfMenu(const SharedMenu& theMenu)
 void MenusHaveChanged()
 {
     gHasChanged = true;
+    ++gChanges;
+}
+
+std::uint32_t CountMenuChanges()
+{
+    return gChanges;
 }
 
 void ShowMenuBar()

@@ -199,26 +199,23 @@ bool CanBeChosen(const SharedMenu& theMenu, MenuItemIndex theItem)
            IsReachable(theMenu);
 }
 
-// Chooses an item: the menus close, then the command is sent. The result is what its handlers answered;
-// eventNotHandledErr too when a handler of the closing has taken the item away.
-OSStatus Choose(const SharedMenu& theMenu, MenuItemIndex theItem, UInt32 theModifiers)
+// The menus close because an item of one of them was chosen. No menu when a handler of the closing has
+// taken the item away.
+PopUpChoice CloseByChoice(const SharedMenu& theMenu, MenuItemIndex theItem)
 {
     TellTarget(theMenu, theItem);
     const UInt32 theContext = ContextOf(theMenu->Reference());
     CloseAll(kHIMenuDismissedBySelection);
-    if (theMenu->Item(theItem) == nullptr) {
-        return eventNotHandledErr;
-    }
-    return SendMenuCommand(theMenu, theItem, theContext, &theModifiers);
+    return theMenu->Item(theItem) == nullptr ? PopUpChoice() : PopUpChoice{theMenu, theItem, theContext};
 }
 
-MenuChoice RunPopUp(const SharedMenu& theMenu, short theTop, short theLeft, MenuItemIndex theItem)
+MenuChoice RunPopUp(const SharedMenu& theMenu, Point thePlace, MenuItemIndex theItem)
 {
     PopUpLook theLook;
     theLook.theMenu = LookOfMenu(theMenu);
-    theLook.thePlace = {theLeft, theTop};
+    theLook.thePlace = {thePlace.h, thePlace.v};
     theLook.theItem = theItem;
-    return PresenterRegistry::Current().RunPopUp(theLook);
+    return PresenterRegistry::RunPopUp(theLook);
 }
 
 SInt32 PackedChoice(const SharedMenu& theMenu, MenuItemIndex theItem)
@@ -256,7 +253,9 @@ bool MenuChosenByPerson(ObjectId theMenu, MenuItemIndex theItem, UInt32 theModif
     if (theFound == nullptr || !CanBeChosen(theFound, theItem)) {
         return false;
     }
-    Choose(theFound, theItem, theModifiers);
+    if (const PopUpChoice theChoice = CloseByChoice(theFound, theItem)) {
+        SendMenuCommand(theChoice.theMenu, theChoice.theItem, theChoice.theContext, &theModifiers);
+    }
     CatchUpWithMenus();
     return true;
 }
@@ -277,6 +276,24 @@ bool MenuClosedByPerson(ObjectId theMenu)
     return true;
 }
 
+PopUpChoice TrackPopUp(const SharedMenu& theMenu, Point thePlace, MenuItemIndex theItem)
+{
+    if (TheSession().theIsOn || !BeginSession(theMenu->Reference(), kMenuContextPopUpTracking)) {
+        return {};
+    }
+    MenuChoice theChoice;
+    if (Open(theMenu)) {
+        theChoice = RunPopUp(theMenu, thePlace, theItem);
+    }
+    const SharedMenu theChosen = FindMenu(theChoice.theMenu);
+    const auto theChosenItem = static_cast<MenuItemIndex>(theChoice.theItem);
+    if (theChosen == nullptr || !CanBeChosen(theChosen, theChosenItem)) {
+        CloseAll(kHIMenuDismissedByUserCancel);
+        return {};
+    }
+    return CloseByChoice(theChosen, theChosenItem);
+}
+
 } // namespace Host
 
 using namespace Host;
@@ -284,21 +301,15 @@ using namespace Host;
 SInt32 PopUpMenuSelect(MenuRef menu, short top, short left, MenuItemIndex popUpItem)
 {
     const SharedMenu theMenu = FindMenu(menu);
-    if (theMenu == nullptr || TheSession().theIsOn || !BeginSession(menu, kMenuContextPopUpTracking)) {
+    const PopUpChoice theChoice =
+        theMenu == nullptr ? PopUpChoice() : TrackPopUp(theMenu, Point{top, left}, popUpItem);
+    if (!theChoice) {
         return 0;
     }
-    MenuChoice theChoice;
-    if (Open(theMenu)) {
-        theChoice = RunPopUp(theMenu, top, left, popUpItem);
-    }
-    const SharedMenu theChosen = FindMenu(theChoice.theMenu);
-    const auto theItem = static_cast<MenuItemIndex>(theChoice.theItem);
-    if (theChosen == nullptr || !CanBeChosen(theChosen, theItem)) {
-        CloseAll(kHIMenuDismissedByUserCancel);
-        return 0;
-    }
-    const SInt32 theResult = PackedChoice(theChosen, theItem);
-    const OSStatus theStatus = Choose(theChosen, theItem, GetCurrentKeyModifiers());
+    const SInt32 theResult = PackedChoice(theChoice.theMenu, theChoice.theItem);
+    const UInt32 theModifiers = GetCurrentKeyModifiers();
+    const OSStatus theStatus =
+        SendMenuCommand(theChoice.theMenu, theChoice.theItem, theChoice.theContext, &theModifiers);
     return theStatus == noErr ? 0 : theResult;
 }
 

@@ -169,9 +169,13 @@ void Control::SetRange(const ControlRange& theRange)
     if (theNew == mRange) {
         return;
     }
+    const SharedControl theKeepAlive = shared_from_this();
     mRange = theNew;
     Show();
-    Tell(kEventClassControl, kEventControlValueFieldChanged);
+    RangeChanged();
+    if (!mIsGone) {
+        Tell(kEventClassControl, kEventControlValueFieldChanged);
+    }
 }
 
 void Control::SetValue(SInt32 theValue)
@@ -332,6 +336,27 @@ SInt32 Control::ValueAt(Point) const
 Point Control::PlaceOfValue(SInt32) const
 {
     return MiddleOf(WindowBounds());
+}
+
+std::optional<ControlPartCode> Control::TrackInLoop(ControlPartCode, UInt32)
+{
+    return std::nullopt;
+}
+
+void Control::RangeChanged()
+{
+    if (const SharedControl theParent = Parent()) {
+        theParent->SubControlChanged(*this);
+    }
+}
+
+void Control::SubControlChanged(const Control&) {}
+
+void Control::SubControlsChanged() {}
+
+bool Control::ChoosesAmong(const Control&) const
+{
+    return false;
 }
 
 bool Control::ToggledValue(SInt32*) const

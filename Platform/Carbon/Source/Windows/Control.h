@@ -7,6 +7,7 @@
 #include "Base/Text.h"
 #include "Controls.h"
 
+#include <optional>
 #include <Presentation/Presenter.h>
 
 namespace Host {
@@ -142,6 +143,10 @@ public:
     virtual SInt32 ValueAt(Point thePoint) const;
     virtual Point PlaceOfValue(SInt32 theValue) const;
 
+    // What follows a press of a part in a loop of its own, as a menu does: gives the part that was hit, no
+    // part when none was. Nothing for a control whose press is followed event by event.
+    virtual std::optional<ControlPartCode> TrackInLoop(ControlPartCode thePart, UInt32 theModifiers);
+
     // What a click turns the value into before it is told of; gives false when it leaves the value alone.
     virtual bool ToggledValue(SInt32* theValue) const;
 
@@ -155,6 +160,16 @@ public:
     // The part that gets the focus; kControlFocusNoPart when the control takes none. theIsFullAccess: full
     // keyboard access is on.
     virtual ControlPartCode FocusPart(bool theIsFullAccess) const;
+
+    // The value or its range is another. Called before the handlers are told; may send events.
+    virtual void RangeChanged();
+
+    // What a container does when one of its controls has another value, and when one has come or gone.
+    virtual void SubControlChanged(const Control& theSubControl);
+    virtual void SubControlsChanged();
+
+    // Whether a click on a control in this one is a choice among them all, of which this one is told too.
+    virtual bool ChoosesAmong(const Control& theSubControl) const;
 
     // The focus came or went. Called after the handlers were asked and before they are told.
     virtual void FocusMoved(bool theHasFocus);

@@ -127,7 +127,8 @@ void Control::Dispose()
     ReleaseFocusInside(*this);
     Ask(kEventClassControl, kEventControlDispose);
     DisposeSubControls();
-    if (const SharedControl theParent = Parent(); theParent != nullptr && !theParent->mIsGoing) {
+    const SharedControl theParent = Parent();
+    if (theParent != nullptr && !theParent->mIsGoing) {
         TellContainer(kEventControlRemovingSubControl, theParent);
     }
     Leave();
@@ -136,6 +137,9 @@ void Control::Dispose()
     Controls().Remove(Reference());
     DisposeEventTarget(mTarget);
     PresenterRegistry::Current().ControlGone(mIdentifier);
+    if (theParent != nullptr && !theParent->mIsGoing) {
+        theParent->SubControlsChanged();
+    }
 }
 
 // The new name is known before the old one goes: there may be no memory for it.
@@ -264,6 +268,11 @@ void Control::Join(const SharedControl& theContainer)
         ReleaseFocusInside(*this);
     }
     ShowAll();
+    for (const SharedControl& theChanged : {theOldParent, theContainer}) {
+        if (theChanged != nullptr && !theChanged->mIsGoing) {
+            theChanged->SubControlsChanged();
+        }
+    }
     if (theIsMove && !mIsGoing && !theContainer->mIsGoing) {
         TellContainer(kEventControlAddedSubControl, theContainer);
     }

@@ -103,6 +103,13 @@ std::optional<TrackingResult> TrackByHandler(const Control& theControl, const Pr
     return theResult;
 }
 
+// Shows the part pressed for as long as the control follows the press by itself.
+std::optional<TrackingResult> TrackInLoop(Control& theControl, ControlPartCode thePart, const Press& thePress)
+{
+    const std::optional<ControlPartCode> thePartHit = theControl.TrackInLoop(thePart, thePress.theModifiers);
+    return thePartHit ? std::optional<TrackingResult>({*thePartHit, thePress.theModifiers}) : std::nullopt;
+}
+
 SInt32 ValueUnder(const Control& theControl, Point thePoint)
 {
     const Point theGrip = Current().theGrip;
@@ -205,20 +212,33 @@ void SendCommand(const Control& theControl, UInt32 theModifiers)
     theEvent.SendTo(theControl.Target());
 }
 
+// The container in which a click on a control chooses that one, or null.
+SharedControl GroupAround(const Control& theControl)
+{
+    SharedControl theParent = theControl.Parent();
+    return theParent != nullptr && theParent->ChoosesAmong(theControl) ? theParent : nullptr;
+}
+
 } // namespace
 
 void Hit(const SharedControl& theControl, ControlPartCode thePart, UInt32 theModifiers, UInt32 theClickCount)
 {
+    const SharedControl theGroup = GroupAround(*theControl);
     const bool theIsTaken = SendHit(*theControl, thePart, theModifiers, theClickCount);
     if (!theIsTaken && !theControl->IsGone() && theControl->mCommand != 0) {
         SendCommand(*theControl, theModifiers);
+    }
+    if (theGroup != nullptr && !theGroup->IsGone()) {
+        Hit(theGroup, kControlRadioGroupPart, theModifiers, theClickCount);
     }
 }
 
 void Toggle(const SharedControl& theControl, ControlPartCode thePart)
 {
     SInt32 theValue = 0;
-    if ((theControl->Features() & kControlAutoToggles) == 0 || !theControl->ToggledValue(&theValue)) {
+    const bool theIsToggled =
+        (theControl->Features() & kControlAutoToggles) != 0 || GroupAround(*theControl) != nullptr;
+    if (!theIsToggled || !theControl->ToggledValue(&theValue)) {
         return;
     }
     OutgoingEvent theEvent(kEventClassControl, kEventControlGetAutoToggleValue);
@@ -234,6 +254,12 @@ void Toggle(const SharedControl& theControl, ControlPartCode thePart)
 
 void PressAndRelease(const SharedControl& theControl, ControlPartCode thePart, UInt32 theModifiers)
 {
+    if (const std::optional<ControlPartCode> theHit = theControl->TrackInLoop(thePart, theModifiers)) {
+        if (*theHit != kControlNoPart && !theControl->IsGone()) {
+            Hit(theControl, *theHit, theModifiers, 1);
+        }
+        return;
+    }
     if (!theControl->IsIndicator(thePart)) {
         CallAction(theControl, thePart);
     }
@@ -266,7 +292,10 @@ void BeginTracking(const SharedControl& theControl, const Press& thePress)
     if (thePart == kControlNoPart) {
         return;
     }
-    const std::optional<TrackingResult> theResult = TrackByHandler(*theControl, thePress);
+    std::optional<TrackingResult> theResult = TrackByHandler(*theControl, thePress);
+    if (!theResult && !theControl->IsGone()) {
+        theResult = TrackInLoop(*theControl, thePart, thePress);
+    }
     if (theControl->IsGone()) {
         return;
     }

@@ -3,6 +3,7 @@
 #ifndef PresenterRegistry_h
 #define PresenterRegistry_h
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -59,7 +60,30 @@ public:
     // PresentedProgram::ReplayLooks of the program.
     static void ReplayLooks(Presenter& thePresenter);
 
+    // Shows a menu by itself: to a simulated person while one acts, else with the presenter in use.
+    static MenuChoice RunPopUp(const PopUpLook& theLook);
+
     PresenterRegistry() = delete;
+};
+
+// As long as one lives, it answers for menus that pop up, whatever presenter is in use: a simulated person
+// has no mouse to go into a menu with. Of several the youngest answers. It chooses nothing where the
+// function is empty.
+class HOST_PUBLIC PopUpAnswer
+{
+public:
+    using Function = std::function<MenuChoice(const PopUpLook&)>;
+
+    explicit PopUpAnswer(Function theFunction = nullptr);
+    ~PopUpAnswer();
+    PopUpAnswer(const PopUpAnswer&) = delete;
+    PopUpAnswer& operator=(const PopUpAnswer&) = delete;
+
+private:
+    friend class PresenterRegistry;
+
+    Function mFunction;
+    PopUpAnswer* mOlder; // not owned
 };
 
 } // namespace Host

@@ -179,14 +179,15 @@ struct ControlLook
     std::uint32_t theSignature = 0; // the two halves of the program's own name for the control
     std::int32_t theNumber = 0;
     std::string theTitle;
-    std::string theText; // what a text control shows; of a password field, the real text
-    TextAlignment theAlignment = TextAlignment::kLeft; // of theText
+    std::string theText; // what a text control or a pop-up button shows; of a password field, the real text
+    TextAlignment theAlignment = TextAlignment::kLeft; // of theText; of a pop-up button, of its title
     PixelRect theBounds;                               // in the window's content, whatever the parent
     std::int32_t theValue = 0;
     std::int32_t theMinimum = 0;
     std::int32_t theMaximum = 0;
     std::int32_t theViewSize = 0; // of a scroll bar: how much of the whole is in view
     int theTickMarks = 0;
+    int theTitleWidth = 0;     // of a pop-up button: the room in its bounds for the title, before the button
     int theSelectionStart = 0; // of an edit text, in UTF-16 units
     int theSelectionEnd = 0;
     bool theIsVisible = true; // by itself and by everything around it, window excepted

@@ -4,6 +4,7 @@
 #define UserSimulator_h
 
 #include <Carbon/Carbon.h>
+#include <functional>
 #include <string>
 
 #include <Presentation/PresenterTypes.h>
@@ -92,6 +93,13 @@ public:
     // the control's range.
     UserResult DragSlider(const ControlAddress& theAddress, SInt32 theValue);
 
+    // Presses a control that opens a menu, a pop-up button for example, and chooses the first item with
+    // this text. In every other action the person closes a menu that pops up without choosing anything.
+    // Refused when no menu pops up; when the item is not in it, or is disabled, the menu was opened and
+    // closed again.
+    UserResult ChooseInPopUp(const ControlAddress& theAddress, const std::string& theText,
+                             UInt32 theModifiers = 0);
+
     // Keys ---------------------------------------------------------------------------------------------
 
     // Presses and releases a key (kVK_Return, kVK_ANSI_K, ...), with theModifiers (shiftKey, cmdKey, ...)
@@ -163,7 +171,11 @@ public:
     std::string DescribeControl(const ControlAddress& theAddress) const;
 
 private:
-    UserResult PressAt(const ControlAddress& theAddress, ControlPartCode thePart, UInt32 theModifiers);
+    // Chooses from a menu that the press pops up.
+    using Choice = std::function<MenuChoice(const PopUpLook&)>;
+
+    UserResult PressAt(const ControlAddress& theAddress, ControlPartCode thePart, UInt32 theModifiers,
+                       const Choice& theChoice = nullptr);
 };
 
 } // namespace Host

@@ -92,7 +92,8 @@ void CheckBox::AddToLook(ControlLook& theLook) const
 }
 
 RadioButton::RadioButton(bool theIsToggle)
-    : Button(kControlKindRadioButton, ToggleFeatures(theIsToggle), kControlRadioButtonPart)
+    : Button(kControlKindRadioButton, ToggleFeatures(theIsToggle) | kControlHasRadioBehavior,
+             kControlRadioButtonPart)
 {
 }
 

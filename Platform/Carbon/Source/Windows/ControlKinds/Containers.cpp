@@ -4,6 +4,8 @@
 
 #include "Creation.h"
 
+#include <algorithm>
+
 namespace Host {
 
 RootControl::RootControl()
@@ -26,10 +28,84 @@ void GroupBox::AddToLook(ControlLook& theLook) const
     theLook.theShape = ControlShape::kGroupBox;
 }
 
+// Radio groups -------------------------------------------------------------------------------------------
+
+namespace {
+
+bool IsChoice(const Control& theControl)
+{
+    return (theControl.Features() & kControlHasRadioBehavior) != 0;
+}
+
+bool IsOn(const Control& theControl)
+{
+    return IsChoice(theControl) && theControl.Range().theValue == kControlRadioButtonCheckedValue;
+}
+
+} // namespace
+
+RadioGroup::RadioGroup()
+    : Control(kControlKindRadioGroup, kControlSupportsEmbedding)
+{
+}
+
+// Handlers hear of each change and may make others, so each step asks anew what there is.
+void RadioGroup::RangeChanged()
+{
+    for (size_t theIndex = 0; theIndex < SubControls().size(); ++theIndex) {
+        const SharedControl theOne = SubControls()[theIndex];
+        const bool theIsChosen = static_cast<SInt32>(theIndex) + 1 == Range().theValue;
+        if (IsChoice(*theOne) && IsOn(*theOne) != theIsChosen) {
+            theOne->SetValue(theIsChosen ? kControlRadioButtonCheckedValue
+                                         : kControlRadioButtonUncheckedValue);
+        }
+    }
+    Control::RangeChanged();
+}
+
+// One that was turned on is the chosen one; when the chosen one was turned off, none is.
+void RadioGroup::SubControlChanged(const Control& theSubControl)
+{
+    const auto thePlace =
+        std::find_if(SubControls().begin(), SubControls().end(),
+                     [&](const SharedControl& theOne) { return theOne.get() == &theSubControl; });
+    const auto theNumber = static_cast<SInt32>(thePlace - SubControls().begin()) + 1;
+    if (IsOn(theSubControl)) {
+        SetValue(theNumber);
+    } else if (IsChoice(theSubControl) && theNumber == Range().theValue) {
+        SetValue(0);
+    }
+}
+
+// Of several that are on, the first stays the chosen one.
+void RadioGroup::SubControlsChanged()
+{
+    const auto theFirst = std::find_if(SubControls().begin(), SubControls().end(),
+                                       [](const auto& theOne) { return IsOn(*theOne); });
+    const auto theCount = static_cast<SInt32>(SubControls().size());
+    const auto theChosen = static_cast<SInt32>(theFirst - SubControls().begin()) + 1;
+    SetRange({theChosen > theCount ? 0 : theChosen, 0, theCount, 0});
+}
+
+bool RadioGroup::ChoosesAmong(const Control& theSubControl) const
+{
+    return IsChoice(theSubControl);
+}
+
+void RadioGroup::AddToLook(ControlLook& theLook) const
+{
+    theLook.theShape = ControlShape::kRadioGroup;
+}
+
 } // namespace Host
 
 OSStatus CreateGroupBoxControl(WindowRef window, const Rect* boundsRect, CFStringRef title, Boolean,
                                ControlRef* outControl)
 {
     return Host::Create<Host::GroupBox>({window, boundsRect, title, outControl});
+}
+
+OSStatus CreateRadioGroupControl(WindowRef window, const Rect* boundsRect, ControlRef* outControl)
+{
+    return Host::Create<Host::RadioGroup>({window, boundsRect, nullptr, outControl});
 }

@@ -22,6 +22,19 @@ public:
     void AddToLook(ControlLook& theLook) const override;
 };
 
+// Of the radio buttons in it, the one whose place among its controls is its value is on, and no other. Its
+// range follows their number.
+class RadioGroup : public Control
+{
+public:
+    RadioGroup();
+    void RangeChanged() override;
+    void SubControlChanged(const Control& theSubControl) override;
+    void SubControlsChanged() override;
+    bool ChoosesAmong(const Control& theSubControl) const override;
+    void AddToLook(ControlLook& theLook) const override;
+};
+
 } // namespace Host
 
 #endif

@@ -52,6 +52,21 @@ ControlDataTag FlagTag(ResType theTag)
     return theEntry;
 }
 
+// A tag whose data is a plain value kept in a member of the same type.
+template <class Kind, class Type, Type Kind::*kMember>
+ControlDataTag NumberTag(ResType theTag)
+{
+    ControlDataTag theEntry = {theTag, sizeof(Type), nullptr, nullptr, nullptr};
+    theEntry.theRead = [](const Control& theControl, void* theBuffer) {
+        Put(theBuffer, static_cast<const Kind&>(theControl).*kMember);
+    };
+    theEntry.theWrite = [](Control& theControl, const void* theData, size_t) {
+        static_cast<Kind&>(theControl).*kMember = Take<Type>(theData);
+        return OSErr{noErr};
+    };
+    return theEntry;
+}
+
 // A tag whose data is a CFStringRef made from or put into a text; the functions' names say which.
 template <class Kind, const Text& (Kind::*kGet)() const, void (Kind::*kSet)(const Text&)>
 ControlDataTag StringTag(ResType theTag)

@@ -379,15 +379,7 @@ OSStatus LittleArrows::PressKey(const KeyPress& theKey)
 const ControlDataTag* LittleArrows::FindTag(ResType theTag) const
 {
     static const ControlDataTag kTags[] = {
-        {kControlLittleArrowsIncrementValueTag, sizeof(SInt32),
-         [](const Control& theControl, void* theBuffer) {
-             Put(theBuffer, static_cast<const LittleArrows&>(theControl).mIncrement);
-         },
-         [](Control& theControl, const void* theData, size_t) {
-             static_cast<LittleArrows&>(theControl).mIncrement = Take<SInt32>(theData);
-             return OSErr{noErr};
-         },
-         nullptr},
+        NumberTag<LittleArrows, SInt32, &LittleArrows::mIncrement>(kControlLittleArrowsIncrementValueTag),
     };
     return FindIn(kTags, theTag, Control::FindTag(theTag));
 }

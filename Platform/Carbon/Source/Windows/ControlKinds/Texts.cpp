@@ -37,17 +37,19 @@ SInt16 Position(size_t thePosition)
     return static_cast<SInt16>(std::min<size_t>(thePosition, INT16_MAX));
 }
 
-TextAlignment AlignmentOf(const ControlFontStyleRec& theStyle)
+TextAlignment AlignmentIn(const ControlFontStyleRec& theStyle)
 {
-    if ((theStyle.flags & kControlUseJustMask) == 0) {
-        return TextAlignment::kLeft;
-    }
-    return theStyle.just == teCenter       ? TextAlignment::kCentre
-           : theStyle.just == teFlushRight ? TextAlignment::kRight
-                                           : TextAlignment::kLeft;
+    return (theStyle.flags & kControlUseJustMask) == 0 ? TextAlignment::kLeft : AlignmentOf(theStyle.just);
 }
 
 } // namespace
+
+TextAlignment AlignmentOf(SInt16 theJustification)
+{
+    return theJustification == teCenter       ? TextAlignment::kCentre
+           : theJustification == teFlushRight ? TextAlignment::kRight
+                                              : TextAlignment::kLeft;
+}
 
 // Static texts -------------------------------------------------------------------------------------------
 
@@ -71,7 +73,7 @@ void StaticText::AddToLook(ControlLook& theLook) const
 {
     theLook.theShape = ControlShape::kStaticText;
     theLook.theText = Utf8Of(mText);
-    theLook.theAlignment = AlignmentOf(mStyle);
+    theLook.theAlignment = AlignmentIn(mStyle);
     theLook.theIsMultiline = mIsMultiline;
 }
 
@@ -414,7 +416,7 @@ void EditText::AddToLook(ControlLook& theLook) const
 {
     theLook.theShape = ControlShape::kEditText;
     theLook.theText = Utf8Of(mText);
-    theLook.theAlignment = AlignmentOf(mStyle);
+    theLook.theAlignment = AlignmentIn(mStyle);
     theLook.theSelectionStart = static_cast<int>(std::min<size_t>(mStart, INT32_MAX));
     theLook.theSelectionEnd = static_cast<int>(std::min<size_t>(mEnd, INT32_MAX));
     theLook.theIsPassword = mIsPassword;

@@ -7,6 +7,9 @@
 
 namespace Host {
 
+// What teFlushRight and the like mean.
+TextAlignment AlignmentOf(SInt16 theJustification);
+
 class StaticText : public Control
 {
 public:

@@ -1,8 +1,10 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// Group boxes, and the pane that holds all controls of a window.
+// Group boxes, radio groups, and the pane that holds all controls of a window.
 
 #include "ManagerTestSupport.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -46,4 +48,159 @@ TEST_F(Containers, AreShownAsPaneAndBox)
     NewGroupBox();
     EXPECT_EQ(Shapes(),
               (std::vector<Host::ControlShape>{Host::ControlShape::kPane, Host::ControlShape::kGroupBox}));
+}
+
+// Radio groups -------------------------------------------------------------------------------------------
+
+namespace {
+
+// A group of three radio buttons that do not toggle by themselves, one below the other.
+class RadioGroups : public ControlKindTest
+{
+protected:
+    RadioGroups()
+    {
+        const Rect theBounds = MakeRect(10, 100, 200, 190);
+        EXPECT_EQ(CreateRadioGroupControl(mWindow, &theBounds, &mGroup), noErr);
+        for (int theIndex = 0; theIndex < 3; ++theIndex) {
+            mButtons.push_back(Add(0));
+        }
+    }
+
+    ControlRef Add(SInt32 theValue)
+    {
+        const int theTop = 105 + 25 * static_cast<int>(mButtons.size());
+        const Rect theBounds = MakeRect(20, theTop, 180, theTop + 20);
+        ControlRef theButton = nullptr;
+        CreateRadioButtonControl(mWindow, &theBounds, CFSTR("Choice"), theValue, false, &theButton);
+        EXPECT_EQ(EmbedControl(theButton, mGroup), noErr);
+        return theButton;
+    }
+
+    // The values of group and buttons, and the group's maximum: "2 of 3: 010".
+    std::string State() const
+    {
+        std::string theText = std::to_string(GetControl32BitValue(mGroup)) + " of " +
+                              std::to_string(GetControl32BitMaximum(mGroup)) + ": ";
+        for (ControlRef theButton : mButtons) {
+            theText +=
+                IsValidControlHandle(theButton) ? std::to_string(GetControl32BitValue(theButton)) : "-";
+        }
+        return theText;
+    }
+
+    void WatchAll()
+    {
+        Watch(mGroup, "group", kWithoutHilite);
+        for (size_t theIndex = 0; theIndex < mButtons.size(); ++theIndex) {
+            Watch(mButtons[theIndex], "button " + std::to_string(theIndex + 1), kWithoutHilite);
+        }
+    }
+
+    ControlRef mGroup = nullptr;
+    std::vector<ControlRef> mButtons;
+};
+
+} // namespace
+
+TEST_F(RadioGroups, StartWithNoneAndCountTheirButtons)
+{
+    EXPECT_EQ(State(), "0 of 3: 000");
+    EXPECT_EQ(GetControl32BitMinimum(mGroup), 0);
+}
+
+TEST_F(RadioGroups, TheValueTurnsOneButtonOnAndTheOthersOff)
+{
+    SetControl32BitValue(mGroup, 2);
+    EXPECT_EQ(State(), "2 of 3: 010");
+    WatchAll();
+    SetControl32BitValue(mGroup, 3);
+    EXPECT_EQ(State(), "3 of 3: 001");
+    EXPECT_EQ(TakeLog(),
+              (Log{"button 2: ValueFieldChanged", "group: ValueFieldChanged", "button 3: ValueFieldChanged",
+                   "group: ValueFieldChanged", "group: ValueFieldChanged"}))
+        << "the group hears of its buttons first";
+    SetControl32BitValue(mGroup, 0);
+    EXPECT_EQ(State(), "0 of 3: 000");
+}
+
+TEST_F(RadioGroups, AButtonThatTheProgramTurnsOnIsTheChosenOne)
+{
+    SetControl32BitValue(mButtons[0], 1);
+    EXPECT_EQ(State(), "1 of 3: 100");
+    SetControl32BitValue(mButtons[2], 1);
+    EXPECT_EQ(State(), "3 of 3: 001");
+    SetControl32BitValue(mButtons[2], 0);
+    EXPECT_EQ(State(), "0 of 3: 000");
+}
+
+TEST_F(RadioGroups, AClickChoosesAndTellsTheButtonAndThenTheGroup)
+{
+    SetControl32BitValue(mGroup, 1);
+    SetControlCommandID(mGroup, 'grup');
+    WatchAll();
+    Click(30, 140);
+    EXPECT_EQ(State(), "2 of 3: 010");
+    const Log theLog = TakeLog();
+    ASSERT_GE(theLog.size(), 3u);
+    EXPECT_EQ(theLog[theLog.size() - 2], "group: Hit");
+    EXPECT_EQ(theLog.back(), "group: CommandProcess");
+    EXPECT_EQ(std::count(theLog.begin(), theLog.end(), "button 2: Hit"), 1);
+    EXPECT_EQ(std::count(theLog.begin(), theLog.end(), "group: ValueFieldChanged"), 3)
+        << "those of two buttons come by";
+}
+
+TEST_F(RadioGroups, TheArrowKeysChoose)
+{
+    SetControl32BitValue(mGroup, 1);
+    SetKeyboardFocus(mWindow, mButtons[0], kControlFocusNextPart);
+    Key(kVK_DownArrow);
+    EXPECT_EQ(State(), "2 of 3: 010");
+    Key(kVK_UpArrow);
+    EXPECT_EQ(State(), "1 of 3: 100");
+}
+
+TEST_F(RadioGroups, TheFirstThatIsOnStaysChosenWhenAnotherComes)
+{
+    SetControl32BitValue(mGroup, 2);
+    mButtons.push_back(Add(1));
+    EXPECT_EQ(State(), "2 of 4: 0100");
+    SetControl32BitValue(mGroup, 0);
+    mButtons.push_back(Add(1));
+    EXPECT_EQ(State(), "5 of 5: 00001");
+}
+
+TEST_F(RadioGroups, FollowTheirButtonsWhenOneGoes)
+{
+    SetControl32BitValue(mGroup, 3);
+    DisposeControl(mButtons[0]);
+    EXPECT_EQ(State(), "2 of 2: -01");
+    ControlRef theRoot = nullptr;
+    GetRootControl(mWindow, &theRoot);
+    EmbedControl(mButtons[2], theRoot);
+    EXPECT_EQ(State(), "0 of 1: -01");
+}
+
+TEST_F(RadioGroups, OtherControlsHaveOnlyAPlace)
+{
+    ControlRef theText = NewStaticText();
+    EmbedControl(theText, mGroup);
+    SetControl32BitValue(mGroup, 4);
+    EXPECT_EQ(State(), "4 of 4: 000");
+    EXPECT_EQ(GetControl32BitValue(theText), 0);
+    ControlRef theBox = NewCheckBox();
+    EmbedControl(theBox, mGroup);
+    SetControl32BitValue(theBox, 1);
+    EXPECT_EQ(State(), "0 of 5: 000") << "none of them is on";
+}
+
+TEST_F(RadioGroups, AHandlerMayDisposeTheGroupWhileItChanges)
+{
+    Watch(mButtons[1], "button", kWithoutHilite, [this](EventRef) {
+        DisposeControl(mGroup);
+        return OSStatus{eventNotHandledErr};
+    });
+    SetControl32BitValue(mGroup, 2);
+    EXPECT_FALSE(IsValidControlHandle(mGroup));
+    EXPECT_FALSE(IsValidControlHandle(mButtons[2]));
 }

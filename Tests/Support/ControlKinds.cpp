@@ -1,0 +1,76 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "ControlKinds.h"
+
+const std::vector<KindRow>& EveryKind()
+{
+    static const std::vector<KindRow> kKinds = {
+        {"PushButton", kControlKindPushButton,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreatePushButtonControl(theWindow, theBounds, CFSTR("Title"), theControl);
+         },
+         0, 1, true, false},
+        {"CheckBox", kControlKindCheckBox,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateCheckBoxControl(theWindow, theBounds, CFSTR("Title"), 0, true, theControl);
+         },
+         0, 2, true, false},
+        {"RadioButton", kControlKindRadioButton,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateRadioButtonControl(theWindow, theBounds, CFSTR("Title"), 0, true, theControl);
+         },
+         0, 2, true, false},
+        {"Slider", kControlKindSlider,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateSliderControl(theWindow, theBounds, 0, 0, 10, kControlSliderDoesNotPoint, 0, true,
+                                        nullptr, theControl);
+         },
+         0, 10, false, false},
+        {"ScrollBar", kControlKindScrollBar,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateScrollBarControl(theWindow, theBounds, 0, 0, 100, 10, false, nullptr, theControl);
+         },
+         0, 100, true, false},
+        {"ProgressBar", kControlKindProgressBar,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateProgressBarControl(theWindow, theBounds, 0, 0, 100, false, theControl);
+         },
+         0, 100, false, false},
+        {"LittleArrows", kControlKindLittleArrows,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateLittleArrowsControl(theWindow, theBounds, 0, 0, 9, 3, theControl);
+         },
+         0, 9, false, false},
+        {"StaticText", kControlKindStaticText,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateStaticTextControl(theWindow, theBounds, CFSTR("Text"), nullptr, theControl);
+         },
+         0, 0, true, false},
+        {"EditText", kControlKindEditText,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateEditTextControl(theWindow, theBounds, CFSTR("Text"), false, false, nullptr,
+                                          theControl);
+         },
+         0, 0, true, false},
+        {"EditUnicodeText", kControlKindEditUnicodeText,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateEditUnicodeTextControl(theWindow, theBounds, CFSTR("Text"), false, nullptr,
+                                                 theControl);
+         },
+         0, 0, true, false},
+        {"GroupBox", kControlKindGroupBox,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateGroupBoxControl(theWindow, theBounds, CFSTR("Title"), true, theControl);
+         },
+         0, 0, false, true},
+        {"RadioGroup", kControlKindRadioGroup, CreateRadioGroupControl, 0, 0, false, true},
+        {"PopupButton", kControlKindPopupButton,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreatePopupButtonControl(theWindow, theBounds, CFSTR("Title"), -12345, false, -1,
+                                             teFlushDefault, normal, theControl);
+         },
+         0, 0, true, false},
+        {"Separator", kControlKindSeparator, CreateSeparatorControl, 0, 0, false, false},
+    };
+    return kKinds;
+}
