@@ -231,17 +231,30 @@ CFTypeRef CreateProperty(const LmValue& theValue)
     return nullptr;
 }
 
-// Writes to the journal that a key was read or set.
-void NoteAccess(LmJournalKind theKind, const LmKeyValueStore& theBinding, const LmString& theKey,
-                const LmValue& theValue)
+// Writes to the journal that a key was read or set. For those who know that something is on: out of the way
+// of the others.
+[[gnu::cold, gnu::noinline]] void NoteAccess(LmJournalKind theKind, const LmKeyValueStore& theBinding,
+                                             const LmString& theKey, const LmValue& theValue)
 {
-    LmNote([&] {
+    LmWriteNote(nullptr, [&] {
         LmJournalEntry theEntry{theKind};
         theEntry.theObject = &theBinding;
         theEntry.theKey = &theKey;
         theEntry.theValue = &theValue;
         return theEntry;
     });
+}
+
+// What the application's preferences hold under theName, which stands for theKey.
+LmValue ReadPreference(const LmKeyValueStore& theBinding, const LmString& theKey, const OwnedObject& theName,
+                       CFStringRef theApplicationID)
+{
+    const OwnedObject theProperty(CFPreferencesCopyAppValue(theName.GetString(), theApplicationID));
+    LmValue theValue = theProperty.Exists() ? ReadProperty(theProperty.Get()) : LmValue();
+    if (LmJournal::IsAnythingOn()) {
+        NoteAccess(kJournalRead, theBinding, theKey, theValue);
+    }
+    return theValue;
 }
 
 } // namespace
@@ -285,13 +298,7 @@ bool LmPreferenceBinding::Flush() const
 LmValue LmPreferenceBinding::GetKeyValue(const LmString& theKey) const
 {
     const OwnedObject theName(CreateKey(theKey));
-    if (!theName.Exists()) {
-        return LmValue();
-    }
-    const OwnedObject theProperty(CFPreferencesCopyAppValue(theName.GetString(), mApplicationID));
-    LmValue theValue = theProperty.Exists() ? ReadProperty(theProperty.Get()) : LmValue();
-    NoteAccess(kJournalRead, *this, theKey, theValue);
-    return theValue;
+    return theName.Exists() ? ReadPreference(*this, theKey, theName, mApplicationID) : LmValue();
 }
 
 void LmPreferenceBinding::SetKeyValue(const LmString& theKey, const LmValue& theValue)
@@ -300,6 +307,8 @@ void LmPreferenceBinding::SetKeyValue(const LmString& theKey, const LmValue& the
     const OwnedObject theProperty(CreateProperty(theValue));
     if (theName.Exists() && theProperty.Exists()) {
         CFPreferencesSetAppValue(theName.GetString(), theProperty.Get(), mApplicationID);
-        NoteAccess(kJournalWrite, *this, theKey, theValue);
+        if (LmJournal::IsAnythingOn()) {
+            NoteAccess(kJournalWrite, *this, theKey, theValue);
+        }
     }
 }

@@ -179,11 +179,12 @@ void NoteDependency(LmJournalKind theKind, const LmKeyValueStore& theStore, cons
     });
 }
 
-// Writes that an observation begins or ends, to the trace and to the journal.
-void TraceWatching(LmKeyValueStore& theStore, const LmString& theKeyPath,
-                   const LmKeyValueObserver* theObserver, LmJournalKind theKind)
+// Writes that an observation begins or ends, to the trace and to the journal. For those who know that
+// something is on.
+[[gnu::cold, gnu::noinline]] void WriteWatching(LmKeyValueStore& theStore, const LmString& theKeyPath,
+                                                const LmKeyValueObserver* theObserver, LmJournalKind theKind)
 {
-    LmTrace(
+    LmWriteTraceAndNote(
         [&] {
             theStore.LogString("Observer %s %s watching Key '%s' in Store %s",
                                theObserver->GetDebugInfo().GetUTF8(),
@@ -195,6 +196,14 @@ void TraceWatching(LmKeyValueStore& theStore, const LmString& theKeyPath,
             theEntry.theOther = theObserver;
             return theEntry;
         });
+}
+
+void TraceWatching(LmKeyValueStore& theStore, const LmString& theKeyPath,
+                   const LmKeyValueObserver* theObserver, LmJournalKind theKind)
+{
+    if (LmJournal::IsAnythingOn()) {
+        WriteWatching(theStore, theKeyPath, theObserver, theKind);
+    }
 }
 
 // Tells all who observe a key, which has theState among theStates.
