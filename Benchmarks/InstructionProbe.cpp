@@ -1,12 +1,14 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// InstructionProbe <scenario> <steps> [<size> [<observers>]]: runs one scenario that many times.
+// InstructionProbe <scenario> <steps> [<size> [<observers>]]: runs one scenario that many times; with "traced-" in
+// front of its name while the trace log is on.
 //
 // CountInstructions.sh runs this under callgrind twice, with different numbers of steps: the difference is
 // what the steps cost, without the program's start and the scenario's preparation.
 
 #include "BindingScenarios.h"
 #include "ControllerScenarios.h"
+#include "LmDebugObject.h"
 #include "Scenarios.h"
 
 #include <cstdio>
@@ -42,6 +44,11 @@ int main(int theCount, char** theArguments)
         return EXIT_FAILURE;
     }
     const char* theName = theArguments[1];
+    constexpr char kTraced[] = "traced-";
+    if (std::strncmp(theName, kTraced, sizeof kTraced - 1) == 0) {
+        theName += sizeof kTraced - 1;
+        LmDebugObject::SetLogging(true);
+    }
     const long theSteps = std::strtol(theArguments[2], nullptr, 10);
     const std::size_t theSize = NumberArgument(theCount, theArguments, 3);
     if (std::strcmp(theName, "set") == 0) {

@@ -4,9 +4,12 @@
 
 #include "LmKeyValueStore.h"
 
+#include <cstdint>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -109,6 +112,45 @@ private:
 bool HasKind(const std::string& theLine, const char* theKind)
 {
     return theLine.find(std::string("\"what\":\"") + theKind + "\"") != std::string::npos;
+}
+
+// Files cannot grow beyond that while this lives.
+class FileSizeLimit
+{
+public:
+    explicit FileSizeLimit(rlim_t theSize)
+        : mHandler(::signal(SIGXFSZ, SIG_IGN))
+    {
+        ::getrlimit(RLIMIT_FSIZE, &mSaved);
+        const rlimit theLimit = {theSize, mSaved.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &theLimit);
+    }
+    ~FileSizeLimit()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &mSaved);
+        ::signal(SIGXFSZ, mHandler);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+private:
+    void (*mHandler)(int);
+    rlimit mSaved = {};
+};
+
+rlim_t SizeOf(const std::string& thePath)
+{
+    struct stat theStatus = {};
+    return ::stat(thePath.c_str(), &theStatus) == 0 ? static_cast<rlim_t>(theStatus.st_size) : 0;
+}
+
+// The number behind theField.
+std::uint64_t NumberIn(const std::string& theLine, const std::string& theField)
+{
+    const std::size_t thePlace = theLine.find(theField);
+    return thePlace == std::string::npos
+               ? 0
+               : std::strtoull(theLine.c_str() + thePlace + theField.size(), nullptr, 10);
 }
 
 } // namespace
@@ -227,6 +269,31 @@ TEST(LmJournalFile, SaysWhenItCannotBeWritten)
         Lines{"Source/Inspection/LmJournalFile.cpp, line #: The journal /nowhere/at/all cannot be written"});
     LmKeyValueStore theStore;
     theStore.SetKeyPathValue("volume", LmValue(1));
+}
+
+TEST(LmJournalFile, SaysHowManyEntriesWereLostWhileTheDiskHadNoRoom)
+{
+    TestJournal theJournal;
+    LmKeyValueStore theStore;
+    theStore.NotifyObservers("volume", true);
+    theJournal.Take();
+    {
+        // There is room for one entry and a part of the next one.
+        const FileSizeLimit theLimit(SizeOf(theJournal.GetPath()) + 200);
+        for (int theCount = 0; theCount < 10; ++theCount) {
+            theStore.NotifyObservers("volume", true);
+        }
+    }
+    theStore.NotifyObservers("volume", true);
+    LmEndJournal();
+    const Lines theLines = theJournal.Take();
+    // The last one before, what was begun of the next one, what was lost, one more, and the end.
+    ASSERT_EQ(theLines.size(), 5U);
+    const std::uint64_t theLost = NumberIn(theLines[2], R"("count":)");
+    EXPECT_GE(theLost, 9U);
+    EXPECT_EQ(NumberIn(theLines[2], R"("n":)"), NumberIn(theLines[0], R"("n":)") + theLost + 1);
+    EXPECT_NE(theLines[3].find(R"("what":"notify")"), std::string::npos) << theLines[3];
+    EXPECT_EQ(NumberIn(theLines[4], R"("lost":)"), theLost);
 }
 
 TEST(LmJournalFile, LetsTheProgramGoOnWhenTheDiskHasNoRoom)

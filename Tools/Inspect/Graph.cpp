@@ -205,14 +205,47 @@ void Graph::Write(std::ostream& theOutput) const
     theOutput << "}\n";
 }
 
+namespace {
+
+// What a program does as long as it goes on.
+bool IsActivity(const Entry& theEntry)
+{
+    return theEntry.theWhat == What::Made || theEntry.theWhat == What::Bind ||
+           theEntry.theWhat == What::Observe || theEntry.theWhat == What::Action ||
+           theEntry.theWhat == What::Changing;
+}
+
+// Takes the entries up to theLast, all of them when that is 0. Returns the first entry with which objects
+// went that nothing came after but their end; 0 when there is none.
+std::uint64_t TakeUpTo(std::uint64_t theLast, Journal& theJournal, Graph& theGraph)
+{
+    std::uint64_t theEnd = 0;
+    Entry theEntry;
+    while (theJournal.Next(theEntry) && (theLast == 0 || theEntry.theNumber <= theLast)) {
+        theGraph.Take(theEntry);
+        if (IsActivity(theEntry)) {
+            theEnd = 0;
+        } else if (theEnd == 0 && theEntry.theWhat == What::Destroyed) {
+            theEnd = theEntry.theNumber;
+        }
+    }
+    return theEnd;
+}
+
+} // namespace
+
 int RunGraph(Journal& theJournal, const GraphOptions& theOptions, std::ostream& theOutput,
              std::ostream& theErrors)
 {
     Graph theGraph;
-    Entry theEntry;
-    while (theJournal.Next(theEntry) &&
-           (theOptions.theEntry == 0 || theEntry.theNumber <= theOptions.theEntry)) {
-        theGraph.Take(theEntry);
+    theJournal.KeepForRewind();
+    const std::uint64_t theEnd = TakeUpTo(theOptions.theEntry, theJournal, theGraph);
+    // A program that tidies up leaves nothing to see.
+    if (theOptions.theEntry == 0 && theEnd > 1 && theGraph.GetBoxes().empty() && theJournal.Rewind()) {
+        theGraph = Graph();
+        TakeUpTo(theEnd - 1, theJournal, theGraph);
+        theErrors << "lminspect: at the end every object is gone; this is how things stood at entry "
+                  << theEnd - 1 << "\n";
     }
     if (Finish(theJournal, theErrors) != kFine) {
         return kTrouble;

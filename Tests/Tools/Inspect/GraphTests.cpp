@@ -68,6 +68,26 @@ TEST(Graph, ShowsHowThingsStoodAtAnEntry)
     EXPECT_FALSE(Has(GraphOf(theJournal, 3), "->")) << "nothing was bound yet";
 }
 
+TEST(Graph, ShowsHowThingsStoodBeforeAllWasTidiedUp)
+{
+    TestJournal theJournal = Bound();
+    theJournal.Destroyed(kWatcher);
+    theJournal.Changed(0, kModel, "level", TestUnsigned(7), TestUnsigned(9));
+    const std::uint64_t theFirst = theJournal.Destroyed(kModel);
+    theJournal.Unbound(theFirst, kWay);
+    theJournal.Destroyed(kText);
+    theJournal.Ended();
+    std::ostringstream theOutput;
+    std::ostringstream theErrors;
+    Inspect::Journal theRead = JournalWith(theJournal.GetText(), theErrors);
+    EXPECT_EQ(Inspect::RunGraph(theRead, {0, true}, theOutput, theErrors), 0);
+    EXPECT_TRUE(Has(theOutput.str(), "level = 9")) << theOutput.str();
+    EXPECT_FALSE(Has(theOutput.str(), "watcher")) << "it went while the program went on";
+    EXPECT_EQ(theErrors.str(),
+              "lminspect: at the end every object is gone; this is how things stood at entry " +
+                  std::to_string(theFirst - 1) + "\n");
+}
+
 TEST(Graph, ShowsNothingThatIsGone)
 {
     TestJournal theUnbound = Bound();
