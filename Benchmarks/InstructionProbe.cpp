@@ -1,7 +1,7 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// InstructionProbe <scenario> <steps> [<size> [<observers>]]: runs one scenario that many times; with "traced-" in
-// front of its name while the trace log is on.
+// InstructionProbe <scenario> <steps> [<size> [<observers>]]: runs one scenario that many times; with
+// "traced-" in front of its name while the trace log is on.
 //
 // CountInstructions.sh runs this under callgrind twice, with different numbers of steps: the difference is
 // what the steps cost, without the program's start and the scenario's preparation.
