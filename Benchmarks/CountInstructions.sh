@@ -56,6 +56,8 @@ row 'a change told to a function' observation 1000
 row 'one hop through a scoped binding, one way' scoped-one-way 1000
 row 'one hop through a scoped binding, two ways' scoped-two-way 1000
 row 'make and undo a scoped binding' scoped-pair 1000
+row 'ten sets of five keys in a change group' group 500
+row 'a set posted to the main loop' post 500
 # The transforms that work hardest, each on the kind that it is for.
 row 'scale a double' transform 1000 8 5
 row 'add to a signed 32-bit integer' transform 1000 7 2
