@@ -34,12 +34,21 @@
 class LM_EXPORT LmSettledControlBinding : public LmControlBinding
 {
 public:
-    // ---- Life, as of the base class
+    // ---- Life
 
+    // Binds to the control of theWindow that carries theID, as the base class does.
     LmSettledControlBinding(WindowRef theWindow, const ControlID& theID);
+
+    // The same for the control whose signature is theSignature and whose number is 0.
     LmSettledControlBinding(WindowRef theWindow, UInt32 theSignature);
+
+    // Binds to theControl, which may be null.
     explicit LmSettledControlBinding(ControlRef theControl);
+
+    // A binding without a control: its keys are only stored.
     LmSettledControlBinding();
+
+    // As the base class; the control is left as it is.
     ~LmSettledControlBinding() override;
 
     LmSettledControlBinding(const LmSettledControlBinding&) = delete;
