@@ -3,7 +3,7 @@
 # makes of them; without a component named, all is installed.
 include(CMakePackageConfigHelpers)
 
-set(LM_INSTALLED_LIBRARIES LmBindings LmControllers LmInspection)
+set(LM_INSTALLED_LIBRARIES LmBindings LmControllers LmInspection LmInspector)
 if(NOT APPLE)
   list(APPEND LM_INSTALLED_LIBRARIES LmCarbon LmCoreFoundation)
 else()
@@ -12,7 +12,7 @@ endif()
 
 # Installed libraries stand side by side and find one another there, wherever the folder is moved.
 if(APPLE)
-  set_target_properties(LmBindings LmControllers LmInspection PROPERTIES INSTALL_RPATH "@loader_path")
+  set_target_properties(LmBindings LmControllers LmInspection LmInspector PROPERTIES INSTALL_RPATH "@loader_path")
 else()
   set_target_properties(${LM_INSTALLED_LIBRARIES} PROPERTIES INSTALL_RPATH "$ORIGIN")
 endif()
@@ -28,6 +28,10 @@ if(TARGET LmCarbonDesktop)
   install(TARGETS LmCarbonDesktop
     EXPORT LmBindingsDesktopTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Desktop NAMELINK_COMPONENT DesktopDevelopment)
+  # Nobody is linked to it: that library loads it from beside itself.
+  set_target_properties(LmInspectorWindow PROPERTIES INSTALL_RPATH "$ORIGIN")
+  install(TARGETS LmInspectorWindow
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Desktop NAMELINK_SKIP)
 endif()
 
 if(NOT APPLE)

@@ -131,7 +131,7 @@ of the interfaces CoreFoundation and Carbon that is used, belongs to it.
 lm_debian_package(Libraries liblmbindings1 libs
   "${theCommon}This package contains the shared libraries.")
 lm_debian_libraries(Libraries liblmbindings1 liblmbindings-dev
-  LmBindings LmCarbon LmControllers LmCoreFoundation LmInspection)
+  LmBindings LmCarbon LmControllers LmCoreFoundation LmInspection LmInspector)
 lm_debian_package(Development liblmbindings-dev libdevel
   "${theCommon}This package contains the headers, the CMake package and the pkg-config file."
   "liblmbindings1 (= ${LM_DEBIAN_VERSION})")
@@ -145,13 +145,13 @@ if(TARGET LmCarbonDesktop)
   lm_debian_package(Desktop liblmbindings-desktop1 libs
     "${theCommon}This package contains the library that shows the windows of a program on\nthe screen, with the widgets of Qt 6."
     "liblmbindings1 (= ${LM_DEBIAN_VERSION})")
-  lm_debian_libraries(Desktop liblmbindings-desktop1 liblmbindings-desktop-dev LmCarbonDesktop)
+  lm_debian_libraries(Desktop liblmbindings-desktop1 liblmbindings-desktop-dev LmCarbonDesktop LmInspectorWindow)
   lm_debian_package(DesktopDevelopment liblmbindings-desktop-dev libdevel
     "${theCommon}This package contains what a program is linked with to be shown on the screen."
     "liblmbindings-dev (= ${LM_DEBIAN_VERSION})" "liblmbindings-desktop1 (= ${LM_DEBIAN_VERSION})")
   # The other libraries are found where they were built, and depended on by name.
   set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
-    "${PROJECT_BINARY_DIR}/Source" "${PROJECT_BINARY_DIR}/Source/Controllers"
+    "${PROJECT_BINARY_DIR}/Source" "${PROJECT_BINARY_DIR}/Source/Controllers" "${PROJECT_BINARY_DIR}/Source/Inspector"
     "${PROJECT_BINARY_DIR}/Platform/Carbon" "${PROJECT_BINARY_DIR}/Platform/CoreFoundation")
 endif()
 include(CPack)

@@ -6,7 +6,8 @@
 #
 #   Examples -> Source/Controllers -> Source -> Platform/Carbon -> Platform/CoreFoundation
 #   Platform/Simulation -> Platform/Carbon -> Platform/CoreServices, Platform/Presentation
-#   Tools -> nothing of these: they read what programs have written
+#   Tools/Inspect -> nothing of these: it reads what programs have written
+#   Tools/Inspector -> Source, Platform/Carbon, Qt: a window that looks at a program while it runs
 #
 # Source knows of its host only <CoreFoundation/CoreFoundation.h> and <Carbon/Carbon.h>; the journal also asks the
 # run time of C++ itself for the callers on the stack and the names of classes, and in one file for each system for
@@ -135,7 +136,7 @@ report "Source includes only its own headers by bare name, the standard library 
 )
 report "The library does not know who inspects it" < <(
     includes Source/Core Source/Transforms Source/Bindings |
-        grep -E "\"($(find Source/Inspection -name '*.h' -printf '%f\n' 2>/dev/null | sed 's/\.h$//' | paste -sd '|'))\.h\"" 
+        grep -E "\"($(find Source/Inspection Source/Inspector -name '*.h' -printf '%f\n' 2>/dev/null | sed 's/\.h$//' | paste -sd '|'))\.h\"" 
 )
 report "Controllers use what every application can use" < <(
     includes Source/Controllers |
@@ -200,11 +201,20 @@ room Windows 'Common|Base|System|Events|Menus|Windows/ControlKinds'
 room Windows/ControlKinds 'Common|Base|System|Events|Menus|Windows'
 room Toolbox 'Common|Base|System|Events|Menus|Windows'
 room Input 'Common|Base|System|Events|Menus|Windows|Toolbox'
-report "Qt stays in its own presenter" < <(
-    includes Source Platform Examples | grep -E '[<"]Q[A-Za-z]' | grep -v '^Platform/Presentation/Qt/'
+report "Qt stays in its own presenter and in the inspector's window" < <(
+    includes Source Platform Examples Tools | grep -E '[<"]Q[A-Za-z]' |
+        grep -vE '^(Platform/Presentation/Qt|Tools/Inspector)/'
+)
+report "The inspector's window uses what every application can use, and Qt" < <(
+    includes Tools/Inspector |
+        without "$kStandard" |
+        without '<Carbon/Carbon\.h>|<Q[A-Za-z]+>' |
+        without_headers_of Tools/Inspector |
+        without_headers_of_interface
 )
 report "Tools know what the library writes, and nothing of the library" < <(
     includes Tools |
+        grep -v '^Tools/Inspector/' |
         without "$kStandard" |
         without '<(simdjson|cxxabi|dirent|fcntl|getopt|poll|unistd|spawn|elfutils/libdwfl|sys/[a-z]+)\.h>' |
         without_headers_of Tools

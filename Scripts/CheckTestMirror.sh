@@ -32,10 +32,12 @@ Source/Inspection/Internal/LmLocalSocketNone.cpp nothing, for systems without: i
 Source/Inspection/Internal/LmJournalObjects.cpp what entries call objects: LmJournalRecorderTests
 Source/Core/Internal/LmKeyMemo.cpp where a store finds its keys again: LmKeyValueStoreTests, LmNestedSetTests
 Source/Core/Internal/LmObserverSnapshot.cpp the observers of one pass, seen by those alone: LmKeyValueStoreTests
+Source/Inspector/Internal/LmLiveRecord.cpp what LmLiveSurvey asks, and nobody else: LmLiveSurveyTests
 Tools/Inspect/Describe.cpp the words for what others show: LogTests
 Tools/Inspect/Entry.cpp a record and the names of its kinds: EntryParserTests, OptionsTests
 Tools/Inspect/Main.cpp the program: ProgramTests
 Tools/Inspect/Status.cpp what is said at the end: ProgramTests
+Tools/Inspector/ a window, which a person uses on a screen: Tests/Desktop/UseInspector.sh
 END
 }
 

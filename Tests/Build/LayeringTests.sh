@@ -13,10 +13,11 @@ gFailures=0
 fresh_tree()
 {
     rm -rf "${gTree:?}"/*
-    mkdir -p "$gTree"/Source/{Core,Core/Internal,Controllers/Internal,Inspection/Internal} \
+    mkdir -p "$gTree"/Source/{Core,Core/Internal,Controllers/Internal,Inspection/Internal,Inspector/Internal} \
         "$gTree"/Platform/{CoreFoundation,CoreServices,Simulation} \
         "$gTree"/Platform/Carbon/Source/{Base,System,Events,Menus,Windows/ControlKinds,Toolbox,Input} \
-        "$gTree/Platform/Common" "$gTree"/Platform/Presentation/{Include/Presentation,Headless,Qt} "$gTree/Examples"
+        "$gTree/Platform/Common" "$gTree"/Platform/Presentation/{Include/Presentation,Headless,Qt} "$gTree/Examples" \
+        "$gTree"/Tools/{Inspect,Inspector}
     printf '%s\n' '#ifndef LmThing_h' '#include <Carbon/Carbon.h>' '#include <vector>' '#endif' \
         >"$gTree/Source/Core/LmThing.h"
     printf '%s\n' '#include "LmThing.h"' '// throw #include <Nothing.h>' >"$gTree/Source/Core/LmThing.cpp"
@@ -47,6 +48,10 @@ fresh_tree()
     printf '%s\n' '#include <QWidget>' >"$gTree/Platform/Presentation/Qt/QtWindow.cpp"
     printf '%s\n' '#include "LmThing.h"' '#include "Main.h"' '#include <Carbon/Carbon.h>' >"$gTree/Examples/Main.cpp"
     : >"$gTree/Examples/Main.h"
+    printf '%s\n' '#include "LmThing.h"' >"$gTree/Source/Inspector/LmInspector.h"
+    printf '%s\n' '#include "LmInspector.h"' '#include <Carbon/Carbon.h>' '#include <QWidget>' \
+        >"$gTree/Tools/Inspector/Window.cpp"
+    printf '%s\n' '#include <map>' >"$gTree/Tools/Inspect/Main.cpp"
 }
 
 # breaks <file> <line>: adds the line, which is to be found, to the file.
@@ -134,6 +139,12 @@ breaks Platform/Presentation/Headless/Headless.cpp '#include "Input/Gate.h"'
 breaks Platform/Presentation/Headless/Headless.cpp '#include "Loop.h"'
 breaks Platform/Presentation/Qt/QtWindow.cpp '#include <Carbon/Carbon.h>'
 breaks Platform/Presentation/Qt/QtWindow.cpp '#include "Windows/Window.h"'
+breaks Source/Core/LmThing.cpp '#include "LmInspector.h"'
+breaks Source/Inspector/LmInspector.h '#include <QWidget>'
+breaks Tools/Inspector/Window.cpp '#include "LmHidden.h"'
+breaks Tools/Inspector/Window.cpp '#include <Presentation/Presenter.h>'
+breaks Tools/Inspect/Main.cpp '#include "LmThing.h"'
+breaks Tools/Inspect/Main.cpp '#include <QWidget>'
 breaks Examples/Main.cpp '#include "EventQueue.h"'
 breaks Examples/Main.cpp '#include <Windows/Windows.h>'
 find_what_breaks

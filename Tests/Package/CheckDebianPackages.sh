@@ -100,9 +100,9 @@ make_packages()
         "$(find "$thePackages" -name '*.deb' -printf '%f\n' | sed 's/_.*//' | sort)"
     quietly lintian lintian --allow-root --fail-on error,warning --info "$thePackages"/*.deb
     ok "lintian is content"
-    expect "the symbols of the libraries are listed" "libLmBindings.so.1 libLmCarbon.so.1 libLmControllers.so.1 libLmCoreFoundation.so.1 libLmInspection.so.1" \
+    expect "the symbols of the libraries are listed" "libLmBindings.so.1 libLmCarbon.so.1 libLmControllers.so.1 libLmCoreFoundation.so.1 libLmInspection.so.1 libLmInspector.so.1" \
         "$(listed_libraries liblmbindings1)"
-    expect "those of the desktop's library too" "libLmCarbonDesktop.so.1" \
+    expect "those of the desktop's library too" "libLmCarbonDesktop.so.1 libLmInspectorWindow.so.1" \
         "$(listed_libraries liblmbindings-desktop1)"
     for theName in "${kNames[@]}"; do
         case $(dpkg-deb -f "$thePackages/${theName}"_*.deb Depends) in

@@ -1,0 +1,265 @@
+#!/usr/bin/env bash
+# LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+#
+# UseInspector.sh <Thermostat> <folder> [--update]: opens the inspector over the application on an X server of its own,
+# and uses it with mouse and keyboard. The pictures that it takes on the way stay in the folder; with --update, those
+# of Documentation/Inspector.md are replaced by them.
+set -u
+kProgram=$1
+kFolder=$2
+kUpdate=${3:-}
+kPictures=$(cd "$(dirname "$0")/../.." && pwd)/Documentation/Pictures/Inspector
+kScreen=1920x1280
+# shellcheck source=Tests/Desktop/Screen.sh
+. "$(dirname "$0")/Screen.sh"
+gThermostat=
+gMark=0
+# Of the menu bar of the application, which stands over the content.
+gMenuHeight=0
+kContentHeight=180
+
+has_inspector()
+{
+    xdotool search --onlyvisible --name '^Inspector$'
+}
+
+has_no_inspector()
+{
+    ! has_inspector
+}
+
+# choose_window <thermostat | Inspector>: it becomes the active one.
+choose_window()
+{
+    until_true "the window $1 is there" find_window "$1"
+    xdotool windowactivate "$gWindow"
+    until_true "the window $1 is active" is_active
+}
+
+# windows: how many the program has on the screen, and off it.
+windows()
+{
+    xdotool search --pid "$gProgram" 2>/dev/null | wc -l
+}
+
+# has_windows <number>
+has_windows()
+{
+    [ "$(windows)" -eq "$1" ]
+}
+
+# content <x> <y>: moves the pointer to a place in the content of the application's window.
+content()
+{
+    xdotool mousemove --window "$gThermostat" "$1" "$(($2 + gMenuHeight))"
+}
+
+# traced <key>: whether the model has got another value for it since the mark.
+traced()
+{
+    tail -n "+$((gMark + 1))" "$kTrace" | grep -q "changed  \\[LmKeyValueBinding .*\\]\\.$1\$"
+}
+
+mark()
+{
+    gMark=$(wc -l <"$kTrace")
+}
+
+# shoot <name>: the inspector's window.
+shoot()
+{
+    import -window "$gWindow" "$kFolder/$1.png"
+}
+
+# stands_still <name>
+stands_still()
+{
+    [ -e "$kFolder/$1.png" ] && mv "$kFolder/$1.png" "$kFolder/$1-before.png"
+    shoot "$1"
+    [ -e "$kFolder/$1-before.png" ] &&
+        [ "$(compare -metric AE "$kFolder/$1-before.png" "$kFolder/$1.png" null: 2>&1)" -lt 500 ] &&
+        rm "$kFolder/$1-before.png"
+}
+
+# take <name>: a picture that shows something.
+take()
+{
+    command -v import >/dev/null && command -v compare >/dev/null || return
+    until_true "$1: the window stands still" stands_still "$1"
+    [ "$(identify -format %k "$kFolder/$1.png")" -ge 16 ] || give_up "$1: there is something in the picture"
+    if [ "$kUpdate" = --update ] && [[ $1 == [1-4]-* ]]; then
+        mkdir -p "$kPictures"
+        convert "$kFolder/$1.png" -bordercolor '#808080' -border 1 -strip +dither -colors 128 -define png:exclude-chunks=date,time "png8:$kPictures/$1.png"
+    fi
+}
+
+# The colours of a dark desktop, as one of the common desktops stores them.
+make_dark()
+{
+    cat >"$HOME/kdeglobals" <<'COLOURS'
+[Colors:Window]
+BackgroundNormal=42,46,50
+ForegroundNormal=252,252,252
+[Colors:View]
+BackgroundNormal=27,30,32
+BackgroundAlternate=35,38,41
+ForegroundNormal=252,252,252
+ForegroundInactive=161,169,177
+[Colors:Button]
+BackgroundNormal=49,54,59
+ForegroundNormal=252,252,252
+[Colors:Selection]
+BackgroundNormal=61,174,233
+ForegroundNormal=252,252,252
+COLOURS
+    export XDG_CURRENT_DESKTOP=KDE KDE_SESSION_VERSION=5
+}
+
+open_thermostat()
+{
+    start_program "$kProgram" --trace
+    open_window thermostat
+    gThermostat=$gWindow
+    gMenuHeight=$(($(geometry Height) - kContentHeight * ${QT_SCALE_FACTOR:-1}))
+}
+
+end_thermostat()
+{
+    choose_window thermostat
+    close_window
+}
+
+open_inspector()
+{
+    xdotool key ctrl+shift+i
+    choose_window '^Inspector$'
+}
+
+# Nobody who did not ask for it meets it.
+use_keys_in_vain()
+{
+    unset LM_INSPECTOR
+    open_thermostat
+    xdotool key ctrl+shift+i
+    # The keys have arrived when what is typed behind them has.
+    mark
+    xdotool key ctrl+a type Attic
+    xdotool key Return
+    until_true "what is typed later arrives" traced room
+    until_true "and there is no inspector" has_no_inspector
+    grep -q libLmInspector "/proc/$gProgram/maps" && give_up "nothing of the inspector is loaded"
+    close_window
+}
+
+# find_object <name>: the first that is called so becomes the chosen one, and all are shown again.
+find_object()
+{
+    xdotool key ctrl+f
+    xdotool type "$1"
+    xdotool key ctrl+a BackSpace
+}
+
+# The keyboard alone: from the list of objects into the keys, and a value edited.
+edit_room()
+{
+    find_object thermostat
+    # From the field over the list of objects to the keys.
+    xdotool key Tab Tab ctrl+Home
+    # altered, fahrenheit, heating, power, room
+    mark
+    xdotool key Down Down Down Down Return ctrl+a
+    xdotool type Kitchen
+    xdotool key Return
+    until_true "what is typed in the inspector reaches the model" traced room
+    until_true "and the window" find_window 'Kitchen thermostat'
+}
+
+# Picking a control shows its binding; the program hears nothing of the click.
+pick_heating()
+{
+    choose_window '^Inspector$'
+    xdotool key ctrl+shift+c
+    mark
+    content 109 61
+    sleep 0.3
+    content 112 61
+    picture picking
+    xdotool click 1
+    until_true "the inspector comes back" is_active
+    take 2-picked
+    traced heating && give_up "the click that picks does not reach the program"
+    find_object thermostat
+    xdotool key alt+g
+    xdotool windowsize "$gWindow" 1250 760
+    take 3-graph
+    xdotool windowsize "$gWindow" 860 560
+    find_object 'heating box'
+}
+
+# Something happens in the program, and stands among the last changes.
+click_heating()
+{
+    choose_window thermostat
+    mark
+    content 109 61
+    xdotool click 1
+    until_true "a click reaches the program while the inspector is open" traced heating
+    choose_window '^Inspector$'
+    xdotool key alt+w
+    take 4-why
+    xdotool key alt+l
+    take 1-opened
+}
+
+close_and_look()
+{
+    choose_window '^Inspector$'
+    xdotool key Escape
+    until_true "Escape closes the inspector" has_no_inspector
+    until_true "and nothing is left of it" has_windows "$1"
+    choose_window thermostat
+    xdotool key ctrl+shift+i
+    until_true "it opens again" has_inspector
+    choose_window '^Inspector$'
+    xdotool key ctrl+shift+i
+    until_true "and the same keys close it" has_no_inspector
+    until_true "again nothing is left" has_windows "$1"
+}
+
+use_inspector()
+{
+    local theCount
+    export LM_INSPECTOR=1
+    open_thermostat
+    xdotool windowmove "$gThermostat" 20 40
+    theCount=$(windows)
+    open_inspector
+    xdotool windowmove "$gWindow" 390 40
+    edit_room
+    pick_heating
+    click_heating
+    close_and_look "$theCount"
+    end_thermostat
+}
+
+look_at_it()
+{
+    export LM_INSPECTOR=1
+    make_dark
+    open_thermostat
+    open_inspector
+    xdotool key alt+g
+    take dark
+    end_thermostat
+    export QT_SCALE_FACTOR=2
+    open_thermostat
+    open_inspector
+    xdotool key alt+g
+    take scaled
+    end_thermostat
+}
+
+start_server
+use_keys_in_vain
+use_inspector
+look_at_it

@@ -1,0 +1,306 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "LmControlBinding.h"
+#include "LmConveniences.h"
+#include "LmInspector.h"
+#include "LmJournalHook.h"
+#include "LmKeyValueBinding.h"
+#include "LmNumericalTransforms.h"
+#include "LmWindowBinding.h"
+#include "StandardErrorCapture.h"
+
+#include <gtest/gtest.h>
+#include <Simulation/UserSimulator.h>
+
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+// Counts what another hook is told.
+class Counter final : public LmJournalHook
+{
+public:
+    std::uint64_t Write(const LmJournalEntry&, const void*) noexcept override { return ++mCount; }
+    std::uint64_t mCount = 0;
+};
+
+class LmLiveSurveyTest : public testing::Test
+{
+public:
+    LmLiveSurveyTest() { LmAllowInspector(); }
+    ~LmLiveSurveyTest() override { LmEndInspector(); }
+
+protected:
+    static LmLiveSurvey& Survey() { return *LmGetLiveSurvey(); }
+
+    static Texts KeysOf(const char* theName)
+    {
+        Texts theTexts;
+        for (const LmSurveyedKey& theKey : Survey().FindKeys(Survey().FindByName(theName))) {
+            theTexts.push_back(theKey.theKey + "=" + theKey.theValue);
+        }
+        return theTexts;
+    }
+};
+
+// Of a binding that goes one way.
+void Unbind(LmKeyValueBinding& theBinding)
+{
+    theBinding.UnbindAll();
+    EXPECT_EQ(StandardErrorCapture::TakeLines().size(), 1U);
+}
+
+WindowRef MakeWindow()
+{
+    const Rect thePlace = {100, 100, 300, 400};
+    WindowRef theWindow = nullptr;
+    CreateNewWindow(kDocumentWindowClass, kWindowStandardDocumentAttributes | kWindowStandardHandlerAttribute,
+                    &thePlace, &theWindow);
+    ControlRef theRoot = nullptr;
+    CreateRootControl(theWindow, &theRoot);
+    SetWindowTitleWithCFString(theWindow, CFSTR("Radio"));
+    ShowWindow(theWindow);
+    return theWindow;
+}
+
+ControlRef MakeSlider(WindowRef theWindow)
+{
+    const Rect thePlace = {10, 10, 30, 210};
+    ControlRef theControl = nullptr;
+    CreateSliderControl(theWindow, &thePlace, 10, 0, 100, kControlSliderDoesNotPoint, 0, true, nullptr,
+                        &theControl);
+    return theControl;
+}
+
+} // namespace
+
+TEST_F(LmLiveSurveyTest, KnowsKeysWithTheValuesOfTheMoment)
+{
+    LmKeyValueStore theStore;
+    LmNameObject(theStore, "radio");
+    theStore.SetKeyPathValue("volume", LmValue(40UL));
+    theStore.SetKeyPathValue("station", LmValue(CFSTR("News"), false));
+    EXPECT_EQ(KeysOf("radio"), (Texts{"station=\"News\"", "volume=40"}));
+    // Behind the back of everybody.
+    theStore.SetKeyValue("volume", LmValue(41UL));
+    EXPECT_EQ(KeysOf("radio"), (Texts{"station=\"News\"", "volume=41"}));
+}
+
+TEST_F(LmLiveSurveyTest, ForgetsAnObjectThatIsGone)
+{
+    auto theStore = std::make_unique<LmKeyValueStore>();
+    LmNameObject(*theStore, "radio");
+    const std::uint64_t theNumber = Survey().FindByName("radio");
+    EXPECT_NE(theNumber, 0U);
+    theStore.reset();
+    EXPECT_EQ(Survey().FindByName("radio"), 0U);
+    EXPECT_EQ(Survey().FindObject(theNumber).theNumber, 0U);
+    EXPECT_TRUE(Survey().FindKeys(theNumber).empty());
+    EXPECT_FALSE(Survey().SetValue(theNumber, "volume", "1"));
+}
+
+TEST_F(LmLiveSurveyTest, SetsAKeyAsAPersonTypesItAndTellsTheObservers)
+{
+    LmKeyValueBinding theRadio;
+    LmKeyValueBinding theMeter;
+    LmNameObject(theRadio, "radio");
+    LmNameObject(theMeter, "meter");
+    theRadio.SetKeyPathValue("volume", LmValue(40UL));
+    theMeter.BindTo("value", &theRadio, "volume", nullptr);
+    const std::uint64_t theNumber = Survey().FindByName("radio");
+    EXPECT_TRUE(Survey().SetValue(theNumber, "volume", "55"));
+    EXPECT_EQ(theMeter.GetKeyPathValue("value").GetUInt32(), 55U);
+    EXPECT_EQ(theRadio.GetKeyPathValue("volume").GetType(), kTypeUInt32);
+    EXPECT_FALSE(Survey().SetValue(theNumber, "volume", "loud"));
+    EXPECT_FALSE(Survey().SetValue(theNumber, "no such key", "1"));
+    EXPECT_EQ(theRadio.GetKeyPathValue("volume").GetUInt32(), 55U);
+    const Texts theReasons = Survey().FindReasons(Survey().FindByName("meter"), "value");
+    EXPECT_EQ(theReasons, (Texts{"meter.value: 40 -> 55", "meter.value gets 55 from radio.volume",
+                                 "radio.volume: 40 -> 55", "a person set volume in the inspector"}));
+    Unbind(theMeter);
+}
+
+TEST_F(LmLiveSurveyTest, KnowsBindingsUntilTheyEnd)
+{
+    LmKeyValueBinding theRadio;
+    LmKeyValueBinding theMeter;
+    LmNameObject(theRadio, "radio");
+    LmNameObject(theMeter, "meter");
+    theRadio.SetKeyPathValue("volume", LmValue(40UL));
+    theMeter.BindTo("value", &theRadio, "volume", new LmScaleTransform(2));
+    const std::uint64_t theNumber = Survey().FindByName("meter");
+    const std::vector<LmSurveyedLink> theLinks = Survey().FindLinks(theNumber);
+    ASSERT_EQ(theLinks.size(), 1U);
+    EXPECT_EQ(theLinks[0].theKind, LmLinkKind::kBinding);
+    EXPECT_EQ(theLinks[0].theObject, theNumber);
+    EXPECT_EQ(theLinks[0].theKey, "value");
+    EXPECT_EQ(theLinks[0].theOther, Survey().FindByName("radio"));
+    EXPECT_EQ(theLinks[0].theOtherKey, "volume");
+    EXPECT_EQ(theLinks[0].theTransform, "LmScaleTransform");
+    EXPECT_EQ(Survey().FindKeys(theNumber)[0].theBindings,
+              Texts{"bound to radio.volume through LmScaleTransform"});
+    Unbind(theMeter);
+    EXPECT_TRUE(Survey().FindLinks(0).empty());
+}
+
+TEST_F(LmLiveSurveyTest, KnowsDependenciesAndObserversUntilTheyEnd)
+{
+    LmKeyValueStore theRadio;
+    LmKeyValueObserver theMeter;
+    theRadio.SetKeyPathValue("volume", LmValue(40UL));
+    theRadio.SetKeyPathValue("loud", LmValue(false));
+    theRadio.MakeDependency("volume", "loud");
+    theRadio.ObserveKeyPathValue("loud", &theMeter);
+    std::vector<LmSurveyedLink> theLinks = Survey().FindLinks(0);
+    ASSERT_EQ(theLinks.size(), 2U);
+    EXPECT_EQ(theLinks[0].theKind, LmLinkKind::kDependency);
+    EXPECT_EQ(theLinks[0].theKey, "loud");
+    EXPECT_EQ(theLinks[0].theOtherKey, "volume");
+    EXPECT_EQ(theLinks[1].theKind, LmLinkKind::kObserver);
+    EXPECT_EQ(theLinks[1].theOtherKey, "loud");
+    theRadio.BreakDependency("volume", "loud");
+    theRadio.IgnoreKeyPathValue("loud", &theMeter);
+    EXPECT_TRUE(Survey().FindLinks(0).empty());
+}
+
+TEST_F(LmLiveSurveyTest, GroupsObjectsByTheirWindows)
+{
+    LmKeyValueStore theModel;
+    LmKeyValueObserver theObserver;
+    const WindowRef theWindow = MakeWindow();
+    const ControlRef theSlider = MakeSlider(theWindow);
+    new LmWindowBinding(theWindow); // these delete themselves
+    new LmControlBinding(theSlider);
+    const std::vector<LmSurveyedGroup> theGroups = Survey().FindGroups();
+    ASSERT_EQ(theGroups.size(), 3U);
+    EXPECT_EQ(theGroups[0].theTitle, "Window Radio");
+    ASSERT_EQ(theGroups[0].theObjects.size(), 2U);
+    EXPECT_EQ(theGroups[0].theObjects[0].theClass, "LmWindowBinding");
+    EXPECT_EQ(theGroups[0].theObjects[1].theClass, "LmControlBinding");
+    EXPECT_EQ(theGroups[1].theTitle, "Models");
+    EXPECT_EQ(theGroups[2].theTitle, "Observers");
+    const std::uint64_t theBinding = Survey().FindByControl(theSlider);
+    EXPECT_EQ(theBinding, theGroups[0].theObjects[1].theNumber);
+    EXPECT_EQ(Survey().FindControl(theBinding), theSlider);
+    EXPECT_EQ(Survey().FindByWindow(theWindow), theGroups[0].theObjects[0].theNumber);
+    EXPECT_EQ(Survey().FindByControl(nullptr), 0U);
+    // Nobody has set or bound anything.
+    EXPECT_EQ(KeysOf("LmControlBinding").size(), 6U);
+    DisposeWindow(theWindow);
+    EXPECT_EQ(Survey().FindGroups().size(), 2U);
+}
+
+TEST_F(LmLiveSurveyTest, NamesThePersonAsTheFirstCause)
+{
+    const WindowRef theWindow = MakeWindow();
+    const ControlRef theSlider = MakeSlider(theWindow);
+    new LmControlBinding(theSlider);
+    Host::UserSimulator theUser;
+    ASSERT_TRUE(theUser.DragSlider(theSlider, 60));
+    const Texts theReasons = Survey().FindReasons(Survey().FindByControl(theSlider), "value");
+    ASSERT_GE(theReasons.size(), 3U);
+    EXPECT_NE(theReasons[0].find("-> 60"), std::string::npos) << theReasons[0];
+    EXPECT_EQ(theReasons.back().compare(0, 9, "a person "), 0);
+    DisposeWindow(theWindow);
+}
+
+TEST_F(LmLiveSurveyTest, TellsWhyAKeyStayed)
+{
+    LmKeyValueStore theStore;
+    LmNameObject(theStore, "radio");
+    theStore.SetKeyPathValue("volume", LmValue(40.5));
+    theStore.SetKeyPathValue("volume", LmValue(40.25));
+    const std::vector<LmSurveyedChange> theChanges = Survey().FindChanges(1);
+    ASSERT_EQ(theChanges.size(), 1U);
+    EXPECT_EQ(theChanges[0].theText,
+              "radio.volume stays: 40.25 equals 40.5, since numbers are compared as integers");
+    EXPECT_FALSE(theChanges[0].isMove);
+}
+
+TEST_F(LmLiveSurveyTest, KeepsTheLastThousandChanges)
+{
+    LmKeyValueStore theStore;
+    LmNameObject(theStore, "radio");
+    for (unsigned long theVolume = 1; theVolume <= 1100; ++theVolume) {
+        theStore.SetKeyPathValue("volume", LmValue(theVolume));
+    }
+    const std::vector<LmSurveyedChange> theChanges = Survey().FindChanges(5000);
+    ASSERT_EQ(theChanges.size(), 1000U);
+    EXPECT_EQ(theChanges.back().theText, "radio.volume: 1099 -> 1100");
+}
+
+TEST_F(LmLiveSurveyTest, AsksWithoutAWordToAnybody)
+{
+    LmKeyValueBinding theRadio;
+    theRadio.SetKeyPathValue("volume", LmValue(40UL));
+    Counter theOther;
+    LmSetJournalHook(&theOther);
+    Survey().FindGroups();
+    Survey().FindKeys(1);
+    Survey().FindLinks(0);
+    LmDebugObject::SetLogging(true);
+    Survey().FindGroups();
+    LmDebugObject::SetLogging(false);
+    EXPECT_EQ(theOther.mCount, 0U);
+    LmSetJournalHook(nullptr);
+}
+
+namespace {
+
+// What a program does, and what the trace says of it.
+Lines TracePlay()
+{
+    LmKeyValueBinding theRadio;
+    LmKeyValueBinding theMeter;
+    theRadio.SetKeyPathValue("volume", LmValue(40UL));
+    LmDebugObject::SetLogging(true);
+    theMeter.Bind("value", &theRadio, "volume", new LmScaleTransform(2), new LmScaleTransform(0.5));
+    theRadio.SetKeyPathValue("volume", LmValue(50UL));
+    theMeter.SetKeyPathValue("value", LmValue(20UL));
+    theRadio.SetKeyPathValue("volume", LmValue(10UL));
+    LmDebugObject::SetLogging(false);
+    theMeter.UnbindAll();
+    return StandardErrorCapture::TakeLines();
+}
+
+} // namespace
+
+TEST_F(LmLiveSurveyTest, ChangesNothingThatTheTraceTells)
+{
+    // Both play on the same stack, so that the addresses are the same too.
+    Lines thePlays[2];
+    for (Lines& thePlay : thePlays) {
+        thePlay = TracePlay();
+        LmEndInspector();
+    }
+    EXPECT_GE(thePlays[0].size(), 10U);
+    EXPECT_EQ(thePlays[0], thePlays[1]);
+}
+
+TEST_F(LmLiveSurveyTest, HandsEverythingOnToTheHookThatWasThere)
+{
+    Counter theOther;
+    LmSetJournalHook(&theOther);
+    Survey().CountEntries(); // from here on both hear
+    LmKeyValueStore theStore;
+    theStore.SetKeyPathValue("volume", LmValue(40UL));
+    EXPECT_GE(theOther.mCount, 3U);
+    EXPECT_EQ(Survey().FindChanges(1).size(), 1U);
+    LmEndInspector();
+    const std::uint64_t theCount = theOther.mCount;
+    theStore.SetKeyPathValue("volume", LmValue(41UL));
+    EXPECT_GT(theOther.mCount, theCount);
+    EXPECT_EQ(LmSetJournalHook(nullptr), &theOther);
+}
+
+TEST_F(LmLiveSurveyTest, LeavesAloneWhatOtherThreadsDo)
+{
+    const std::uint64_t theCount = Survey().CountEntries();
+    std::thread([] { LmWriteJournalEntry(LmJournalEntry{kJournalDiagnostic}, nullptr); }).join();
+    EXPECT_EQ(Survey().CountEntries(), theCount);
+}
