@@ -65,6 +65,24 @@ def Mutants(figures):
     return Table(["room", "mutants", "killed", "survivors", "of these judged", "killed, %"], rows)
 
 
+def Coverage(figures):
+    rows = [[f"`{row['room']}`", Number(row["lines"]), f"{row['linesPercent']} %", Number(row["branches"]),
+             f"{row['branchesPercent']} %"] for row in figures["rooms"]]
+    return (Table(["room", "lines", "executed", "branches", "taken"], rows) +
+            f"\n\n{Number(figures['hostPlaces'])} lines of the host are not executed whole; "
+            f"{Number(figures['hostPlacesJudged'])} of them were looked at, with the reason in "
+            "[Judged.txt](../Tests/Coverage/Judged.txt).")
+
+
+def Soak(figures):
+    rows = [[what] + [Number(number) for number in figures[key]] for what, key in (
+        ("bytes of the heap", "heap"), ("bytes resident", "resident"), ("open files", "files"),
+        ("instructions of a window: of the 51st to 450th, of those up to the 850th", "instructions"))]
+    return (f"One application, {Number(figures['windows'])} windows opened and closed, {Number(figures['changes'])} changes "
+            "through controls, menus, windows and\npreferences; no line was printed that was not expected.\n\n" +
+            Table(["", "after the first tenth", "at the end"], rows))
+
+
 def Fuzzing(figures):
     rows = [[f"`{name}`", f"{target['processorSeconds'] / 60:.1f}", Number(target["executions"]),
              f"{Number(target['edgesReached'])} of {Number(target['edges'])}", Number(target["inputsKept"])]
@@ -102,7 +120,9 @@ def Page():
     chapters = [
         ("Tests", Read("Tests"), Tests),
         ("Mutation testing", Read("Mutants"), Mutants),
+        ("Coverage", Read("Coverage"), Coverage),
         ("Fuzzing", Read("Fuzzing"), Fuzzing),
+        ("Under load", Read("Soak"), Soak),
         ("Faults between threads", Read("ThreadSanitizer"), Findings),
         ("Leaks and memory errors", Read("Valgrind"), Findings),
         ("Instructions", Read("Instructions"), Instructions),
