@@ -70,6 +70,25 @@ const std::vector<KindRow>& EveryKind()
                                              teFlushDefault, normal, theControl);
          },
          0, 0, true, false},
+        {"DisclosureTriangle", kControlKindDisclosureTriangle,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateDisclosureTriangleControl(theWindow, theBounds,
+                                                    kControlDisclosureTrianglePointDefault, CFSTR("Title"), 0,
+                                                    true, true, theControl);
+         },
+         0, 1, false, false},
+        {"DisclosureButton", kControlKindDisclosureButton,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateDisclosureButtonControl(theWindow, theBounds, 0, true, theControl);
+         },
+         0, 1, false, false},
+        {"RelevanceBar", kControlKindRelevanceBar,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateRelevanceBarControl(theWindow, theBounds, 0, 0, 100, theControl);
+         },
+         0, 100, false, false},
+        {"ChasingArrows", kControlKindChasingArrows, CreateChasingArrowsControl, 0, 0, false, false},
+        {"Placard", kControlKindPlacard, CreatePlacardControl, 0, 0, true, true},
         {"Separator", kControlKindSeparator, CreateSeparatorControl, 0, 0, false, false},
     };
     return kKinds;

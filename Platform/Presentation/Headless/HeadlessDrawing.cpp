@@ -34,6 +34,11 @@ constexpr ShapeName kControlNames[] = {
     {ControlShape::kGroupBox, "group box"},
     {ControlShape::kPopUpButton, "pop-up button"},
     {ControlShape::kSeparator, "separator"},
+    {ControlShape::kPlacard, "placard"},
+    {ControlShape::kDisclosureTriangle, "disclosure triangle"},
+    {ControlShape::kDisclosureButton, "disclosure button"},
+    {ControlShape::kChasingArrows, "chasing arrows"},
+    {ControlShape::kRelevanceBar, "relevance bar"},
     {ControlShape::kPane, "pane"},
 };
 
@@ -163,6 +168,18 @@ std::string DrawField(const ControlLook& theLook)
     return "[" + Aligned(theText, theLook.theAlignment, kFieldLength) + "]";
 }
 
+std::string DrawTriangle(const ControlLook& theLook)
+{
+    const char* theTriangle = theLook.theValue != 0 ? "▾" : theLook.thePointsLeft ? "◂" : "▸";
+    return theTriangle + (theLook.theHidesTitle ? std::string() : " " + OneLine(theLook.theTitle));
+}
+
+std::string DrawRelevance(const ControlLook& theLook)
+{
+    const auto theFull = static_cast<size_t>(CellsBefore(theLook, kTrackLength));
+    return Repeated("|", theFull) + Repeated("·", kTrackLength - theFull) + " " + Range(theLook);
+}
+
 std::string DrawPopUp(const ControlLook& theLook)
 {
     const std::string theTitle = theLook.theTitle.empty() ? "" : OneLine(theLook.theTitle) + " ";
@@ -244,9 +261,18 @@ std::string DrawControl(const ControlLook& theLook)
         return DrawField(theLook);
     case ControlShape::kPopUpButton:
         return DrawPopUp(theLook);
+    case ControlShape::kDisclosureTriangle:
+        return DrawTriangle(theLook);
+    case ControlShape::kDisclosureButton:
+        return theLook.theValue == 0 ? "[▾]" : "[▴]";
+    case ControlShape::kChasingArrows:
+        return theLook.theIsAnimated ? "↻" : "○";
+    case ControlShape::kRelevanceBar:
+        return DrawRelevance(theLook);
     case ControlShape::kSeparator:
         return Repeated("─", kTrackLength);
     case ControlShape::kGroupBox:
+    case ControlShape::kPlacard:
     case ControlShape::kRadioGroup:
     case ControlShape::kPane:
         break;

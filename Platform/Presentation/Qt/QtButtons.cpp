@@ -182,10 +182,55 @@ private:
     QRadioButton& Button() const { return static_cast<QRadioButton&>(*widget()); }
 };
 
+// A button that opens and closes something. It is not a checkable one, which would look pressed while open.
+class DisclosureWidget : public QToolButton
+{
+public:
+    using QToolButton::QToolButton;
+
+    bool mIsOpen = false;
+};
+
+class DisclosureInterface : public QAccessibleWidget
+{
+public:
+    explicit DisclosureInterface(DisclosureWidget& theButton)
+        : QAccessibleWidget(&theButton, QAccessible::Button)
+    {
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State theState = QAccessibleWidget::state();
+        theState.expandable = true;
+        theState.expanded = Button().mIsOpen;
+        theState.collapsed = !Button().mIsOpen;
+        return theState;
+    }
+
+    QStringList actionNames() const override
+    {
+        return Button().isEnabled() ? QStringList{pressAction()} : QStringList();
+    }
+
+    void doAction(const QString& theAction) override
+    {
+        if (actionNames().contains(theAction)) {
+            Button().click();
+        }
+    }
+
+private:
+    DisclosureWidget& Button() const { return static_cast<DisclosureWidget&>(*widget()); }
+};
+
 QAccessibleInterface* MakeInterface(const QString&, QObject* theObject)
 {
     if (auto* const theArrows = dynamic_cast<ArrowsWidget*>(theObject)) {
         return new ArrowsInterface(*theArrows);
+    }
+    if (auto* const theDisclosure = dynamic_cast<DisclosureWidget*>(theObject)) {
+        return new DisclosureInterface(*theDisclosure);
     }
     auto* const theRadioButton = qobject_cast<QRadioButton*>(theObject);
     const bool theIsOurs = theRadioButton != nullptr && !theRadioButton->autoExclusive();
@@ -337,6 +382,43 @@ void QtPopUpButton::ShowState(const ControlLook& theLook)
 QRect QtPopUpButton::PlaceFor(const QRect& theBounds) const
 {
     return AtLeastAsHigh(theBounds);
+}
+
+// Disclosures ------------------------------------------------------------------------------------------
+
+namespace {
+
+// The triangle points at its title until it is open; the button points at what it opens below it.
+Qt::ArrowType ArrowOf(const ControlLook& theLook)
+{
+    const bool theIsOpen = theLook.theValue != 0;
+    if (theLook.theShape == ControlShape::kDisclosureButton) {
+        return theIsOpen ? Qt::UpArrow : Qt::DownArrow;
+    }
+    return theIsOpen ? Qt::DownArrow : theLook.thePointsLeft ? Qt::LeftArrow : Qt::RightArrow;
+}
+
+} // namespace
+
+QtDisclosure::QtDisclosure(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
+    : QtControl(theLook, theInput, new DisclosureWidget(&theContent)),
+      mButton(static_cast<QToolButton&>(Widget()))
+{
+    MakeButtonsKnown();
+    mButton.setAutoRaise(theLook.theShape == ControlShape::kDisclosureTriangle);
+    connect(&mButton, &QToolButton::clicked, this, &QtDisclosure::ReportClick);
+    theInput.Watch(mButton, QtInput::MouseUse::kManagers);
+}
+
+void QtDisclosure::ShowState(const ControlLook& theLook)
+{
+    const bool theShowsTitle = theLook.theShape == ControlShape::kDisclosureTriangle &&
+                               !theLook.theHidesTitle && !theLook.theTitle.empty();
+    mButton.setToolButtonStyle(theShowsTitle ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
+    mButton.setText(theShowsTitle ? WithoutMnemonics(theLook.theTitle) : QString());
+    mButton.setArrowType(ArrowOf(theLook));
+    static_cast<DisclosureWidget&>(mButton).mIsOpen = theLook.theValue != 0;
+    mButton.setDown(theLook.theIsHilited);
 }
 
 // Little arrows ----------------------------------------------------------------------------------------

@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QToolButton>
 
 namespace Host {
 
@@ -62,6 +63,19 @@ protected:
 
 private:
     QComboBox& mBox;
+};
+
+// A tool button whose arrow says whether it is open: a disclosure triangle or button.
+class QtDisclosure : public QtControl
+{
+public:
+    QtDisclosure(const ControlLook& theLook, QtInput& theInput, QWidget& theContent);
+
+protected:
+    void ShowState(const ControlLook& theLook) override;
+
+private:
+    QToolButton& mButton;
 };
 
 // The up and down arrows of a spin box, without its field.

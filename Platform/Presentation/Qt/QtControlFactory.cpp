@@ -45,6 +45,22 @@ protected:
     }
 };
 
+class QtPlacard : public QtControl
+{
+public:
+    QtPlacard(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
+        : QtControl(theLook, theInput, new QFrame(&theContent))
+    {
+        theInput.Watch(Widget(), QtInput::MouseUse::kManagers);
+    }
+
+protected:
+    void ShowState(const ControlLook&) override
+    {
+        static_cast<QFrame&>(Widget()).setFrameStyle(static_cast<int>(QFrame::StyledPanel) | QFrame::Raised);
+    }
+};
+
 // Holds other controls and shows nothing itself.
 class QtPane : public QtControl
 {
@@ -81,6 +97,7 @@ std::unique_ptr<QtControl> QtControl::Make(const ControlLook& theLook, QtInput& 
     case ControlShape::kScrollBar:
         return MakeKind<QtScrollBar>(theLook, theInput, theContent);
     case ControlShape::kProgressBar:
+    case ControlShape::kRelevanceBar:
         return MakeKind<QtProgressBar>(theLook, theInput, theContent);
     case ControlShape::kLittleArrows:
         return MakeKind<QtLittleArrows>(theLook, theInput, theContent);
@@ -93,6 +110,13 @@ std::unique_ptr<QtControl> QtControl::Make(const ControlLook& theLook, QtInput& 
         return MakeKind<QtGroupBox>(theLook, theInput, theContent);
     case ControlShape::kPopUpButton:
         return MakeKind<QtPopUpButton>(theLook, theInput, theContent);
+    case ControlShape::kPlacard:
+        return MakeKind<QtPlacard>(theLook, theInput, theContent);
+    case ControlShape::kDisclosureTriangle:
+    case ControlShape::kDisclosureButton:
+        return MakeKind<QtDisclosure>(theLook, theInput, theContent);
+    case ControlShape::kChasingArrows:
+        return MakeKind<QtChasingArrows>(theLook, theInput, theContent);
     case ControlShape::kSeparator:
         return MakeKind<QtSeparator>(theLook, theInput, theContent);
     case ControlShape::kRadioGroup:

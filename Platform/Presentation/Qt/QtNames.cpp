@@ -71,6 +71,9 @@ bool NeedsLabel(ControlShape theShape)
     case ControlShape::kLittleArrows:
     case ControlShape::kEditText:
     case ControlShape::kPopUpButton:
+    case ControlShape::kRelevanceBar:
+    case ControlShape::kChasingArrows:
+    case ControlShape::kDisclosureButton:
         return true;
     default:
         return false;

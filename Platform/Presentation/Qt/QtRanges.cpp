@@ -4,16 +4,19 @@
 
 #include "QtKeys.h"
 
+#include <QAccessibleWidget>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QScrollBar>
 #include <QSlider>
 #include <QStyleOptionSlider>
+#include <QTimer>
 
 #include <algorithm>
 #include <limits>
 #include <optional>
+#include <utility>
 
 namespace Host {
 
@@ -335,6 +338,95 @@ void QtProgressBar::ShowState(const ControlLook& theLook)
     mBar.setOrientation(OrientationOf(theLook));
     mBar.setRange(0, theLook.theIsIndeterminate ? 0 : kProgressSteps);
     mBar.setValue(static_cast<int>(theStep));
+}
+
+// Chasing arrows ---------------------------------------------------------------------------------------
+
+namespace {
+
+// Strokes in a circle, one after the other the darkest.
+class SpinnerWidget : public QWidget
+{
+public:
+    explicit SpinnerWidget(QWidget* theParent)
+        : QWidget(theParent),
+          mTimer(this)
+    {
+        mTimer.setInterval(kInterval);
+        connect(&mTimer, &QTimer::timeout, this, [this] {
+            mStep = (mStep + 1) % kStrokes;
+            update();
+        });
+    }
+
+    void SetAnimated(bool theIsAnimated)
+    {
+        mIsAnimated = theIsAnimated;
+        Follow();
+    }
+
+protected:
+    // Nobody sees it turn while it is hidden.
+    void showEvent(QShowEvent*) override { Follow(); }
+    void hideEvent(QHideEvent*) override { mTimer.stop(); }
+
+    void paintEvent(QPaintEvent*) override
+    {
+        const double theSize = std::min(width(), height());
+        QPainter thePainter(this);
+        thePainter.setRenderHint(QPainter::Antialiasing);
+        thePainter.translate(QRectF(rect()).center());
+        for (int theStroke = 0; theStroke < kStrokes; ++theStroke) {
+            QColor theColour = palette().color(QPalette::WindowText);
+            const int theAge = (mStep - theStroke + kStrokes) % kStrokes;
+            theColour.setAlphaF(mIsAnimated ? 1.0F - static_cast<float>(theAge) / kStrokes : kStill);
+            thePainter.setPen(QPen(theColour, theSize / kStrokes, Qt::SolidLine, Qt::RoundCap));
+            thePainter.drawLine(QPointF(0, -theSize * kInner), QPointF(0, -theSize * kOuter));
+            thePainter.rotate(360.0 / kStrokes);
+        }
+    }
+
+private:
+    static constexpr int kStrokes = 12;
+    static constexpr int kInterval = 80; // milliseconds
+    static constexpr float kStill = 0.3F;
+    static constexpr double kInner = 0.22; // ends of a stroke, as shares of the size
+    static constexpr double kOuter = 0.4;
+
+    void Follow() { mIsAnimated&& isVisible() ? mTimer.start() : mTimer.stop(); }
+
+    QTimer mTimer;
+    int mStep = 0;
+    bool mIsAnimated = false;
+};
+
+QAccessibleInterface* MakeSpinnerInterface(const QString&, QObject* theObject)
+{
+    auto* const theSpinner = dynamic_cast<SpinnerWidget*>(theObject);
+    return theSpinner == nullptr ? nullptr : new QAccessibleWidget(theSpinner, QAccessible::Animation);
+}
+
+// Qt keeps what makes interfaces as long as the program runs.
+void MakeSpinnersKnown()
+{
+    static bool sIsKnown = false;
+    if (!std::exchange(sIsKnown, true)) {
+        QAccessible::installFactory(MakeSpinnerInterface);
+    }
+}
+
+} // namespace
+
+QtChasingArrows::QtChasingArrows(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
+    : QtControl(theLook, theInput, new SpinnerWidget(&theContent))
+{
+    MakeSpinnersKnown();
+    theInput.Watch(Widget(), QtInput::MouseUse::kManagers);
+}
+
+void QtChasingArrows::ShowState(const ControlLook& theLook)
+{
+    static_cast<SpinnerWidget&>(Widget()).SetAnimated(theLook.theIsAnimated);
 }
 
 } // namespace Host

@@ -67,6 +67,16 @@ private:
     QProgressBar& mBar;
 };
 
+// A sign that something is going on. Desktops have none of their own for it, so it is drawn here.
+class QtChasingArrows : public QtControl
+{
+public:
+    QtChasingArrows(const ControlLook& theLook, QtInput& theInput, QWidget& theContent);
+
+protected:
+    void ShowState(const ControlLook& theLook) override;
+};
+
 } // namespace Host
 
 #endif

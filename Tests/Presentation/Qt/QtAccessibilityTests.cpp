@@ -409,4 +409,40 @@ TEST_F(QtAccessibility, AScreenReaderWritesIntoAField)
     EXPECT_EQ(TextOf(mProgram->mField), "Attic");
 }
 
+TEST_F(QtAccessibility, ADisclosureSaysWhetherItIsOpenAndCanBePressed)
+{
+    const Rect theBounds = MakeRect(220, 40, 300, 60);
+    ControlRef theControl = nullptr;
+    CreateDisclosureTriangleControl(Window(), &theBounds, 0, CFSTR("Details"), 0, false, true, &theControl);
+    Named(theControl);
+    QAccessibleInterface& theSpoken = Spoken('made');
+    EXPECT_EQ(theSpoken.role(), QAccessible::Button);
+    EXPECT_EQ(NameOf('made'), "Details");
+    EXPECT_TRUE(theSpoken.state().expandable);
+    EXPECT_TRUE(theSpoken.state().collapsed);
+    theSpoken.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    Turn();
+    EXPECT_EQ(GetControl32BitValue(theControl), 1);
+    EXPECT_TRUE(theSpoken.state().expanded);
+    EXPECT_FALSE(theSpoken.state().collapsed);
+}
+
+TEST_F(QtAccessibility, WhatOnlyShowsHasItsRole)
+{
+    const Rect theBounds = MakeRect(220, 40, 300, 60);
+    ControlRef theControl = nullptr;
+    CreateChasingArrowsControl(Window(), &theBounds, &theControl);
+    Named(theControl);
+    EXPECT_EQ(Spoken('made').role(), QAccessible::Animation);
+    DisposeControl(theControl);
+    CreateRelevanceBarControl(Window(), &theBounds, 5, 0, 10, &theControl);
+    Named(theControl);
+    EXPECT_EQ(Spoken('made').role(), QAccessible::ProgressBar);
+    DisposeControl(theControl);
+    CreatePopupButtonControl(Window(), &theBounds, CFSTR("Unit:"), -12345, false, -1, 0, 0, &theControl);
+    Named(theControl);
+    EXPECT_EQ(Spoken('made').role(), QAccessible::ComboBox);
+    EXPECT_EQ(NameOf('made'), "Unit");
+}
+
 } // namespace

@@ -27,6 +27,7 @@
 #include <QSlider>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 #include <utility>
 
 namespace {
@@ -118,6 +119,34 @@ TEST_F(QtLooks, ShowsTheThreeStatesOfACheckBox)
     EXPECT_TRUE(Shown<QCheckBox>(Control(ControlShape::kCheckBox, 1)).isEnabled());
 }
 
+TEST_F(QtLooks, ShowsWithAnArrowWhetherADisclosureIsOpen)
+{
+    ControlLook theLook = Control(ControlShape::kDisclosureTriangle, 0);
+    EXPECT_EQ(Shown<QToolButton>(theLook).arrowType(), Qt::RightArrow);
+    EXPECT_EQ(Shown<QToolButton>(theLook).text(), QStringLiteral("Salt && Pepper"));
+    theLook.thePointsLeft = true;
+    EXPECT_EQ(Shown<QToolButton>(theLook).arrowType(), Qt::LeftArrow);
+    theLook.theValue = 1;
+    theLook.theHidesTitle = true;
+    EXPECT_EQ(Shown<QToolButton>(theLook).arrowType(), Qt::DownArrow);
+    EXPECT_EQ(Shown<QToolButton>(theLook).text(), QString());
+    EXPECT_EQ(Shown<QToolButton>(Control(ControlShape::kDisclosureButton, 0)).arrowType(), Qt::DownArrow);
+    EXPECT_EQ(Shown<QToolButton>(Control(ControlShape::kDisclosureButton, 1)).arrowType(), Qt::UpArrow);
+}
+
+TEST_F(QtLooks, TurnsArrowsOnlyWhileTheyAreAnimated)
+{
+    ControlLook theLook = Control(ControlShape::kChasingArrows);
+    const QTimer& theTimer = *Shown<QWidget>(theLook).findChild<QTimer*>();
+    EXPECT_FALSE(theTimer.isActive());
+    theLook.theIsAnimated = true;
+    Shown<QWidget>(theLook);
+    EXPECT_TRUE(theTimer.isActive());
+    theLook.theIsVisible = false;
+    Shown<QWidget>(theLook);
+    EXPECT_FALSE(theTimer.isActive());
+}
+
 TEST_F(QtLooks, MakesAControlOfAnotherShapeAnew)
 {
     EXPECT_TRUE(Shown<QRadioButton>(Control(ControlShape::kRadioButton, 1)).isChecked());
@@ -182,14 +211,15 @@ TEST_P(QtLooksOfEveryShape, AreShownInAnyBoundsAndRange)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Shapes, QtLooksOfEveryShape,
-                         testing::Values(ControlShape::kPushButton, ControlShape::kCheckBox,
-                                         ControlShape::kRadioButton, ControlShape::kRadioGroup,
-                                         ControlShape::kSlider, ControlShape::kScrollBar,
-                                         ControlShape::kProgressBar, ControlShape::kLittleArrows,
-                                         ControlShape::kStaticText, ControlShape::kEditText,
-                                         ControlShape::kGroupBox, ControlShape::kPopUpButton,
-                                         ControlShape::kSeparator, ControlShape::kPane));
+INSTANTIATE_TEST_SUITE_P(
+    Shapes, QtLooksOfEveryShape,
+    testing::Values(ControlShape::kPushButton, ControlShape::kCheckBox, ControlShape::kRadioButton,
+                    ControlShape::kRadioGroup, ControlShape::kSlider, ControlShape::kScrollBar,
+                    ControlShape::kProgressBar, ControlShape::kLittleArrows, ControlShape::kStaticText,
+                    ControlShape::kEditText, ControlShape::kGroupBox, ControlShape::kPopUpButton,
+                    ControlShape::kSeparator, ControlShape::kPlacard, ControlShape::kDisclosureTriangle,
+                    ControlShape::kDisclosureButton, ControlShape::kChasingArrows,
+                    ControlShape::kRelevanceBar, ControlShape::kPane));
 
 class QtFocusLooks : public QtLooks, public testing::WithParamInterface<ControlShape>
 {
@@ -216,7 +246,8 @@ INSTANTIATE_TEST_SUITE_P(Shapes, QtFocusLooks,
                          testing::Values(ControlShape::kPushButton, ControlShape::kCheckBox,
                                          ControlShape::kRadioButton, ControlShape::kSlider,
                                          ControlShape::kScrollBar, ControlShape::kLittleArrows,
-                                         ControlShape::kEditText, ControlShape::kPopUpButton));
+                                         ControlShape::kEditText, ControlShape::kPopUpButton,
+                                         ControlShape::kDisclosureTriangle, ControlShape::kDisclosureButton));
 
 TEST_F(QtLooks, ShowsWindowsOfAnyPlaceAndLimits)
 {

@@ -11,8 +11,8 @@
 // identifier, command or reference. The control belongs to its window and goes with it. outControl receives
 // null when the call fails.
 //
-// Push buttons, check boxes, radio buttons, pop-up buttons, scroll bars, static and edit texts can be made
-// without a window, with null for it: the control is in nothing then and is shown nowhere, until
+// Push buttons, check boxes, radio buttons, pop-up buttons, scroll bars, placards, static and edit texts can
+// be made without a window, with null for it: the control is in nothing then and is shown nowhere, until
 // EmbedControl puts it into a container, and it is the caller's to dispose of until that. All other kinds
 // need a window.
 //
@@ -43,6 +43,11 @@ enum
     kControlKindRadioGroup = 'rgrp',
     kControlKindPopupButton = 'popb',
     kControlKindSeparator = 'sepa',
+    kControlKindPlacard = 'plac',
+    kControlKindDisclosureTriangle = 'dist',
+    kControlKindDisclosureButton = 'disb',
+    kControlKindChasingArrows = 'carr',
+    kControlKindRelevanceBar = 'relb',
     kControlKindUserPane = 'upan' // the root control of a window is one
 };
 
@@ -52,6 +57,7 @@ enum
 {
     kControlLabelPart = 1,
     kControlMenuPart = 2,
+    kControlTrianglePart = 4,
     kControlEditTextPart = 5,
     kControlButtonPart = 10,
     kControlCheckBoxPart = 11,
@@ -79,6 +85,21 @@ enum
     kControlRadioButtonMixedValue = 2
 };
 
+enum
+{
+    kControlDisclosureButtonClosed = 0,
+    kControlDisclosureButtonDisclosed = 1
+};
+
+// Which way a disclosure triangle points while it is closed.
+typedef UInt16 ControlDisclosureTriangleOrientation;
+enum
+{
+    kControlDisclosureTrianglePointDefault = 0, // right
+    kControlDisclosureTrianglePointRight = 1,
+    kControlDisclosureTrianglePointLeft = 2
+};
+
 // Which way the indicator of a slider points; the first two can show tick marks.
 typedef UInt16 ControlSliderOrientation;
 enum
@@ -104,6 +125,16 @@ enum
 {
     kControlProgressBarIndeterminateTag = 'inde', // Boolean
     kControlProgressBarAnimatingTag = 'anim'      // Boolean
+};
+
+enum
+{
+    kControlChasingArrowsAnimatingTag = 'anim' // Boolean; true at first
+};
+
+enum
+{
+    kControlTriangleLastValueTag = 'last' // SInt16; kept, and never used: a triangle turns at once
 };
 
 enum
@@ -205,6 +236,25 @@ CARBON_EXPORT void SetControlPopupMenuHandle(ControlRef control, MenuRef popupMe
 #define GetControlPopupMenuRef GetControlPopupMenuHandle
 #define SetControlPopupMenuRef SetControlPopupMenuHandle
 
+// A triangle that opens and closes what stands below it, which is up to the application: 0 is closed, 1
+// open. With inAutoToggles a click turns it. The title is drawn with inDrawTitle, and known to screen
+// readers in any case. The right arrow opens it and the left one closes it, as the space bar does either. An
+// orientation that is none is a paramErr, and so is a null window.
+CARBON_EXPORT OSStatus CreateDisclosureTriangleControl(WindowRef inWindow, const Rect* inBoundsRect,
+                                                       ControlDisclosureTriangleOrientation inOrientation,
+                                                       CFStringRef inTitle, SInt32 inInitialValue,
+                                                       Boolean inDrawTitle, Boolean inAutoToggles,
+                                                       ControlRef* outControl);
+
+// Sets kControlTriangleLastValueTag; errDataNotSupported for other controls.
+CARBON_EXPORT OSErr SetDisclosureTriangleLastValue(HIViewRef inDisclosureTriangle, SInt16 inValue);
+
+// A button that shows more of a window: 0 is closed, 1 disclosed. With inAutoToggles a click turns it. A
+// null window is a paramErr.
+CARBON_EXPORT OSStatus CreateDisclosureButtonControl(WindowRef inWindow, const Rect* inBoundsRect,
+                                                     SInt32 inValue, Boolean inAutoToggles,
+                                                     ControlRef* outControl);
+
 // Controls with a range ---------------------------------------------------------------------------------
 
 // A slider; upright when it is higher than wide, with the minimum at the bottom. A person's drag sets the
@@ -231,6 +281,14 @@ CARBON_EXPORT OSStatus CreateScrollBarControl(WindowRef window, const Rect* boun
 CARBON_EXPORT OSStatus CreateProgressBarControl(WindowRef window, const Rect* boundsRect, SInt32 value,
                                                 SInt32 minimum, SInt32 maximum, Boolean indeterminate,
                                                 ControlRef* outControl);
+
+// A bar that shows how well something fits. A person can do nothing with it. A null window is a paramErr.
+CARBON_EXPORT OSStatus CreateRelevanceBarControl(WindowRef window, const Rect* boundsRect, SInt32 value,
+                                                 SInt32 minimum, SInt32 maximum, ControlRef* outControl);
+
+// A sign that something is going on, which turns by itself. It has no value. A null window is a paramErr.
+CARBON_EXPORT OSStatus CreateChasingArrowsControl(WindowRef window, const Rect* boundsRect,
+                                                  ControlRef* outControl);
 
 // A pair of arrows, up above down. A null window is a paramErr.
 //
@@ -272,6 +330,9 @@ CARBON_EXPORT OSStatus CreateGroupBoxControl(WindowRef window, const Rect* bound
 // window is a paramErr.
 CARBON_EXPORT OSStatus CreateRadioGroupControl(WindowRef window, const Rect* boundsRect,
                                                ControlRef* outControl);
+
+// A flat plate behind other controls, which can be embedded in it. The window may be null.
+CARBON_EXPORT OSStatus CreatePlacardControl(WindowRef window, const Rect* boundsRect, ControlRef* outControl);
 
 // Separators --------------------------------------------------------------------------------------------
 

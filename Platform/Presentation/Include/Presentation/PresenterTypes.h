@@ -159,6 +159,11 @@ enum class ControlShape
     kGroupBox,
     kPopUpButton,
     kSeparator,
+    kPlacard,
+    kDisclosureTriangle,
+    kDisclosureButton,
+    kChasingArrows,
+    kRelevanceBar,
     kPane, // the root of a window, and panes that a program fills itself
 };
 
@@ -201,6 +206,9 @@ struct ControlLook
     bool theIsDefault = false;       // Return and Enter press it
     bool theIsCancel = false;        // Escape presses it
     bool theIsIndeterminate = false; // of a progress bar
+    bool theIsAnimated = false;      // of chasing arrows: they turn
+    bool theHidesTitle = false;      // of a disclosure triangle: the title is only spoken
+    bool thePointsLeft = false;      // of a disclosure triangle that is closed
 };
 
 // Menus ------------------------------------------------------------------------------------------------

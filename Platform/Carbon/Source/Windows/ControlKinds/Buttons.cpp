@@ -150,6 +150,73 @@ void RadioButton::AddToLook(ControlLook& theLook) const
     theLook.theShape = ControlShape::kRadioButton;
 }
 
+// Disclosures --------------------------------------------------------------------------------------------
+
+namespace {
+
+SInt32 OtherDisclosure(SInt32 theValue)
+{
+    return theValue == kControlDisclosureButtonClosed ? kControlDisclosureButtonDisclosed
+                                                      : kControlDisclosureButtonClosed;
+}
+
+} // namespace
+
+DisclosureTriangle::DisclosureTriangle(bool thePointsLeft, bool theShowsTitle, bool theIsToggle)
+    : Button(kControlKindDisclosureTriangle, ToggleFeatures(theIsToggle) | kControlSupportsDataAccess,
+             kControlTrianglePart),
+      mPointsLeft(thePointsLeft),
+      mShowsTitle(theShowsTitle)
+{
+}
+
+OSStatus DisclosureTriangle::PressKey(const KeyPress& theKey)
+{
+    const bool theIsOpen = Range().theValue != kControlDisclosureButtonClosed;
+    if (theKey.theCode != (theIsOpen ? kVK_LeftArrow : kVK_RightArrow) || !CanBePressed()) {
+        return Button::PressKey(theKey);
+    }
+    PressAndRelease(shared_from_this(), kControlTrianglePart, theKey.theModifiers);
+    return noErr;
+}
+
+bool DisclosureTriangle::ToggledValue(SInt32* theValue) const
+{
+    *theValue = OtherDisclosure(Range().theValue);
+    return true;
+}
+
+const ControlDataTag* DisclosureTriangle::FindTag(ResType theTag) const
+{
+    static const ControlDataTag kTags[] = {
+        NumberTag<DisclosureTriangle, SInt16, &DisclosureTriangle::mLastValue>(kControlTriangleLastValueTag),
+    };
+    return FindIn(kTags, theTag, Button::FindTag(theTag));
+}
+
+void DisclosureTriangle::AddToLook(ControlLook& theLook) const
+{
+    theLook.theShape = ControlShape::kDisclosureTriangle;
+    theLook.thePointsLeft = mPointsLeft;
+    theLook.theHidesTitle = !mShowsTitle;
+}
+
+DisclosureButton::DisclosureButton(bool theIsToggle)
+    : Button(kControlKindDisclosureButton, ToggleFeatures(theIsToggle), kControlButtonPart)
+{
+}
+
+bool DisclosureButton::ToggledValue(SInt32* theValue) const
+{
+    *theValue = OtherDisclosure(Range().theValue);
+    return true;
+}
+
+void DisclosureButton::AddToLook(ControlLook& theLook) const
+{
+    theLook.theShape = ControlShape::kDisclosureButton;
+}
+
 } // namespace Host
 
 // The interface ------------------------------------------------------------------------------------------
@@ -176,4 +243,33 @@ OSStatus CreateRadioButtonControl(WindowRef window, const Rect* boundsRect, CFSt
     theRange.theValue = initialValue;
     return Host::Create<Host::RadioButton>({window, boundsRect, title, outControl, true, theRange},
                                            autoToggle != 0);
+}
+
+OSStatus CreateDisclosureTriangleControl(WindowRef inWindow, const Rect* inBoundsRect,
+                                         ControlDisclosureTriangleOrientation inOrientation,
+                                         CFStringRef inTitle, SInt32 inInitialValue, Boolean inDrawTitle,
+                                         Boolean inAutoToggles, ControlRef* outControl)
+{
+    if (inOrientation > kControlDisclosureTrianglePointLeft) {
+        if (outControl != nullptr) {
+            *outControl = nullptr;
+        }
+        return paramErr;
+    }
+    return Host::Create<Host::DisclosureTriangle>(
+        {inWindow, inBoundsRect, inTitle, outControl, false, {inInitialValue, 0, 1, 0}},
+        inOrientation == kControlDisclosureTrianglePointLeft, inDrawTitle != 0, inAutoToggles != 0);
+}
+
+OSErr SetDisclosureTriangleLastValue(HIViewRef inDisclosureTriangle, SInt16 inValue)
+{
+    return SetControlData(inDisclosureTriangle, kControlEntireControl, kControlTriangleLastValueTag,
+                          sizeof inValue, &inValue);
+}
+
+OSStatus CreateDisclosureButtonControl(WindowRef inWindow, const Rect* inBoundsRect, SInt32 inValue,
+                                       Boolean inAutoToggles, ControlRef* outControl)
+{
+    return Host::Create<Host::DisclosureButton>(
+        {inWindow, inBoundsRect, nullptr, outControl, false, {inValue, 0, 1, 0}}, inAutoToggles != 0);
 }

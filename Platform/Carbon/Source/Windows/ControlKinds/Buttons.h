@@ -50,6 +50,30 @@ public:
     void AddToLook(ControlLook& theLook) const override;
 };
 
+class DisclosureTriangle : public Button
+{
+public:
+    DisclosureTriangle(bool thePointsLeft, bool theShowsTitle, bool theIsToggle);
+    OSStatus PressKey(const KeyPress& theKey) override;
+    bool ToggledValue(SInt32* theValue) const override;
+    const ControlDataTag* FindTag(ResType theTag) const override;
+    void AddToLook(ControlLook& theLook) const override;
+
+    SInt16 mLastValue = 0;
+
+private:
+    bool mPointsLeft;
+    bool mShowsTitle;
+};
+
+class DisclosureButton : public Button
+{
+public:
+    explicit DisclosureButton(bool theIsToggle);
+    bool ToggledValue(SInt32* theValue) const override;
+    void AddToLook(ControlLook& theLook) const override;
+};
+
 } // namespace Host
 
 #endif

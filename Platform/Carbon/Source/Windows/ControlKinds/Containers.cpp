@@ -28,6 +28,16 @@ void GroupBox::AddToLook(ControlLook& theLook) const
     theLook.theShape = ControlShape::kGroupBox;
 }
 
+Placard::Placard()
+    : Control(kControlKindPlacard, kControlSupportsEmbedding)
+{
+}
+
+void Placard::AddToLook(ControlLook& theLook) const
+{
+    theLook.theShape = ControlShape::kPlacard;
+}
+
 // Radio groups -------------------------------------------------------------------------------------------
 
 namespace {
@@ -108,4 +118,9 @@ OSStatus CreateGroupBoxControl(WindowRef window, const Rect* boundsRect, CFStrin
 OSStatus CreateRadioGroupControl(WindowRef window, const Rect* boundsRect, ControlRef* outControl)
 {
     return Host::Create<Host::RadioGroup>({window, boundsRect, nullptr, outControl});
+}
+
+OSStatus CreatePlacardControl(WindowRef window, const Rect* boundsRect, ControlRef* outControl)
+{
+    return Host::Create<Host::Placard>({window, boundsRect, nullptr, outControl, true});
 }

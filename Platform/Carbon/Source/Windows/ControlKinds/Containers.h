@@ -22,6 +22,13 @@ public:
     void AddToLook(ControlLook& theLook) const override;
 };
 
+class Placard : public Control
+{
+public:
+    Placard();
+    void AddToLook(ControlLook& theLook) const override;
+};
+
 // Of the radio buttons in it, the one whose place among its controls is its value is on, and no other. Its
 // range follows their number.
 class RadioGroup : public Control

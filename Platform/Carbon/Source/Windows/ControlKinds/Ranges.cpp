@@ -333,6 +333,37 @@ void ProgressBar::AddToLook(ControlLook& theLook) const
     theLook.theIsIndeterminate = mIsIndeterminate;
 }
 
+// Relevance bars and chasing arrows ----------------------------------------------------------------------
+
+RelevanceBar::RelevanceBar()
+    : Control(kControlKindRelevanceBar, 0)
+{
+}
+
+void RelevanceBar::AddToLook(ControlLook& theLook) const
+{
+    theLook.theShape = ControlShape::kRelevanceBar;
+}
+
+ChasingArrows::ChasingArrows()
+    : Control(kControlKindChasingArrows, kControlSupportsDataAccess)
+{
+}
+
+const ControlDataTag* ChasingArrows::FindTag(ResType theTag) const
+{
+    static const ControlDataTag kTags[] = {
+        FlagTag<ChasingArrows, &ChasingArrows::mIsAnimating>(kControlChasingArrowsAnimatingTag),
+    };
+    return FindIn(kTags, theTag, Control::FindTag(theTag));
+}
+
+void ChasingArrows::AddToLook(ControlLook& theLook) const
+{
+    theLook.theShape = ControlShape::kChasingArrows;
+    theLook.theIsAnimated = mIsAnimating;
+}
+
 // Little arrows ------------------------------------------------------------------------------------------
 
 LittleArrows::LittleArrows(SInt32 theIncrement)
@@ -430,4 +461,16 @@ OSStatus CreateLittleArrowsControl(WindowRef window, const Rect* boundsRect, SIn
 {
     return Host::Create<Host::LittleArrows>(
         {window, boundsRect, nullptr, outControl, false, {value, minimum, maximum, 0}}, increment);
+}
+
+OSStatus CreateRelevanceBarControl(WindowRef window, const Rect* boundsRect, SInt32 value, SInt32 minimum,
+                                   SInt32 maximum, ControlRef* outControl)
+{
+    return Host::Create<Host::RelevanceBar>(
+        {window, boundsRect, nullptr, outControl, false, {value, minimum, maximum, 0}});
+}
+
+OSStatus CreateChasingArrowsControl(WindowRef window, const Rect* boundsRect, ControlRef* outControl)
+{
+    return Host::Create<Host::ChasingArrows>({window, boundsRect, nullptr, outControl});
 }

@@ -84,6 +84,23 @@ public:
     bool mIsAnimating = true;
 };
 
+class RelevanceBar : public Control
+{
+public:
+    RelevanceBar();
+    void AddToLook(ControlLook& theLook) const override;
+};
+
+class ChasingArrows : public Control
+{
+public:
+    ChasingArrows();
+    const ControlDataTag* FindTag(ResType theTag) const override;
+    void AddToLook(ControlLook& theLook) const override;
+
+    bool mIsAnimating = true;
+};
+
 class LittleArrows : public Control
 {
 public:

@@ -50,6 +50,19 @@ TEST_F(Containers, AreShownAsPaneAndBox)
               (std::vector<Host::ControlShape>{Host::ControlShape::kPane, Host::ControlShape::kGroupBox}));
 }
 
+TEST_F(Containers, APlacardHoldsControlsWithOrWithoutAWindow)
+{
+    const Rect theBounds = MakeRect(20, 200, 220, 240);
+    ControlRef thePlacard = nullptr;
+    EXPECT_EQ(CreatePlacardControl(nullptr, &theBounds, &thePlacard), noErr);
+    ControlRef theButton = NewPushButton();
+    ControlRef theRoot = nullptr;
+    EXPECT_EQ(GetRootControl(mWindow, &theRoot), noErr);
+    EXPECT_EQ(EmbedControl(thePlacard, theRoot), noErr);
+    EXPECT_EQ(EmbedControl(theButton, thePlacard), noErr);
+    EXPECT_EQ(TestControl(thePlacard, Point{230, 210}), kControlNoPart);
+}
+
 // Radio groups -------------------------------------------------------------------------------------------
 
 namespace {

@@ -237,3 +237,27 @@ TEST_F(Ranges, LittleArrowsOnlyKeepTheIncrement)
     EXPECT_EQ(GetControlData(theArrows, 0, kControlLittleArrowsIncrementValueTag, 2, &theIncrement, nullptr),
               errDataSizeMismatch);
 }
+
+// Relevance bars and chasing arrows ----------------------------------------------------------------------
+
+TEST_F(Ranges, ARelevanceBarKeepsItsValueWithinItsRangeAndTakesNoPress)
+{
+    const Rect theBounds = MakeRect(20, 200, 120, 216);
+    ControlRef theBar = nullptr;
+    EXPECT_EQ(CreateRelevanceBarControl(mWindow, &theBounds, 90, 10, 50, &theBar), noErr);
+    EXPECT_EQ(GetControl32BitValue(theBar), 50);
+    EXPECT_EQ(TestControl(theBar, Point{208, 60}), kControlNoPart);
+    EXPECT_EQ(SetKeyboardFocus(mWindow, theBar, kControlFocusNextPart), errCouldntSetFocus);
+    ControlRef theOther = InventedReference<ControlRef>();
+    EXPECT_EQ(CreateRelevanceBarControl(mWindow, &theBounds, 0, 50, 10, &theOther), paramErr);
+    EXPECT_EQ(theOther, nullptr);
+}
+
+TEST_F(Ranges, ChasingArrowsTurnUntilTheyAreToldNotTo)
+{
+    const Rect theBounds = MakeRect(20, 200, 36, 216);
+    ControlRef theArrows = nullptr;
+    EXPECT_EQ(CreateChasingArrowsControl(mWindow, &theBounds, &theArrows), noErr);
+    CheckFlag(theArrows, kControlChasingArrowsAnimatingTag, true);
+    EXPECT_EQ(TestControl(theArrows, Point{208, 28}), kControlNoPart);
+}
