@@ -34,6 +34,12 @@ choose_window()
     until_true "the window $1 is there" find_window "$1"
     xdotool windowactivate "$gWindow"
     until_true "the window $1 is active" is_active
+    until_true "and has the keys" has_keys
+}
+
+has_keys()
+{
+    [ "$(xdotool getwindowfocus)" = "$gWindow" ]
 }
 
 # windows: how many the program has on the screen, and off it.
@@ -129,9 +135,22 @@ end_thermostat()
     close_window
 }
 
+# opens: a window that has just become active may not hear its first keys yet, so they are pressed again when
+# nothing came of them for a while.
+opens()
+{
+    local theCount
+    xdotool key ctrl+shift+i
+    for ((theCount = 0; theCount < 50; ++theCount)); do
+        has_inspector && return
+        sleep 0.1
+    done
+    return 1
+}
+
 open_inspector()
 {
-    xdotool key ctrl+shift+i
+    until_true "the inspector opens" opens
     choose_window '^Inspector$'
 }
 
@@ -218,8 +237,7 @@ close_and_look()
     until_true "Escape closes the inspector" has_no_inspector
     until_true "and nothing is left of it" has_windows "$1"
     choose_window thermostat
-    xdotool key ctrl+shift+i
-    until_true "it opens again" has_inspector
+    until_true "it opens again" opens
     choose_window '^Inspector$'
     xdotool key ctrl+shift+i
     until_true "and the same keys close it" has_no_inspector
