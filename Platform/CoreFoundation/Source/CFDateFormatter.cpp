@@ -100,8 +100,8 @@ Characters EnglishPattern(CFDateFormatterStyle theDateStyle, CFDateFormatterStyl
     return theDate + (theDate.empty() || theTime.empty() ? u"" : u" ") + theTime;
 }
 
-// The pattern of a locale and its styles, given what the data of locales say, which may be nothing. Newer data
-// have narrow blanks before the halves of the day, where programs know blanks.
+// The pattern of a locale and its styles, given what the data of locales say, which may be nothing. Newer
+// data have narrow blanks before the halves of the day, where programs know blanks.
 Characters PatternOf(const std::string& theLocale, CFDateFormatterStyle theDateStyle,
                      CFDateFormatterStyle theTimeStyle, Characters thePattern)
 {

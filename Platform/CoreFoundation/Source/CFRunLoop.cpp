@@ -68,8 +68,8 @@ struct Entry
     Holder<CFStringRef> theMode;
 };
 
-// The one loop. Any thread may change it while the main thread fires its timers; the lock is never held while a
-// function of the program runs.
+// The one loop. Any thread may change it while the main thread fires its timers; the lock is never held while
+// a function of the program runs.
 struct Loop
 {
     std::mutex theMutex;

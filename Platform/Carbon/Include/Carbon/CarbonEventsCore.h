@@ -300,7 +300,8 @@ CARBON_EXPORT EventRef AcquireFirstMatchingEventInQueue(EventQueueRef inQueue, I
 CARBON_EXPORT EventLoopRef GetMainEventLoop(void);
 CARBON_EXPORT EventLoopRef GetCurrentEventLoop(void);
 
-// The run loop (a CFRunLoopRef) that the event loop is; NULL for what is no event loop. The caller does not own it.
+// The run loop (a CFRunLoopRef) that the event loop is; NULL for what is no event loop. The caller does not
+// own it.
 CARBON_EXPORT CFTypeRef GetCFRunLoopFromEventLoop(EventLoopRef inEventLoop);
 
 // Waits for an event of the listed types (of any, with no list) for up to inTimeout seconds, or for ever;

@@ -65,8 +65,8 @@ CF_EXPORT CFTimeInterval CFDateGetTimeIntervalSinceDate(CFDateRef inDate, CFDate
 // The context is not used.
 CF_EXPORT CFComparisonResult CFDateCompare(CFDateRef inDate, CFDateRef inOther, void* inContext);
 
-// The Gregorian calendar, also for the time before there was one, as the clocks of a time zone show it. Nothing
-// here takes memory or fails.
+// The Gregorian calendar, also for the time before there was one, as the clocks of a time zone show it.
+// Nothing here takes memory or fails.
 
 // Whether each field that inUnitFlags names is one of a calendar and a clock. Years are valid from 1 on. That
 // the month has such a day is looked at when year, month and day are all named.

@@ -6,8 +6,9 @@
 // Locales: how numbers, dates and currencies are written in a language and a country.
 //
 // A locale is named by an identifier, "en_US" or "de_AT": a language, a script of four letters where that is
-// needed, a country. It knows what the host's own data of locales know; CFLocaleCopyAvailableLocaleIdentifiers
-// lists them. A locale that they do not know is written as English of the United States.
+// needed, a country. It knows what the host's own data of locales know;
+// CFLocaleCopyAvailableLocaleIdentifiers lists them. A locale that they do not know is written as English of
+// the United States.
 //
 // Reading is safe from any thread.
 

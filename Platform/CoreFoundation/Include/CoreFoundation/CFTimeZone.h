@@ -45,7 +45,8 @@ CF_EXPORT CFStringRef CFTimeZoneGetName(CFTimeZoneRef inTimeZone);
 // What is added to Greenwich mean time at that moment, in seconds; positive in the east.
 CF_EXPORT CFTimeInterval CFTimeZoneGetSecondsFromGMT(CFTimeZoneRef inTimeZone, CFAbsoluteTime inTime);
 CF_EXPORT Boolean CFTimeZoneIsDaylightSavingTime(CFTimeZoneRef inTimeZone, CFAbsoluteTime inTime);
-// A short name for it at that moment: "PDT", or "GMT+2" where there is no shorter one. The caller releases it.
+// A short name for it at that moment: "PDT", or "GMT+2" where there is no shorter one. The caller releases
+// it.
 CF_EXPORT CFStringRef CFTimeZoneCopyAbbreviation(CFTimeZoneRef inTimeZone, CFAbsoluteTime inTime);
 
 #endif

@@ -3,8 +3,8 @@
 #ifndef Formats_DateFormat_h
 #define Formats_DateFormat_h
 
-// What a date formatter stands on: with ICU (ICU/ICUDateFormat.cpp) or without (Plain/PlainDateFormat.cpp). Everything
-// here throws std::bad_alloc when there is no memory.
+// What a date formatter stands on: with ICU (ICU/ICUDateFormat.cpp) or without (Plain/PlainDateFormat.cpp).
+// Everything here throws std::bad_alloc when there is no memory.
 
 #include "CFTimeZoneObject.h"
 #include "Characters.h"

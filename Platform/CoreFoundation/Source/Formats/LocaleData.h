@@ -3,8 +3,8 @@
 #ifndef Formats_LocaleData_h
 #define Formats_LocaleData_h
 
-// What is known of locales: with ICU (ICU/ICULocaleData.cpp) or without (Plain/PlainLocaleData.cpp). Locales go by
-// their canonical identifiers. Throws std::bad_alloc.
+// What is known of locales: with ICU (ICU/ICULocaleData.cpp) or without (Plain/PlainLocaleData.cpp). Locales
+// go by their canonical identifiers. Throws std::bad_alloc.
 
 #include "Characters.h"
 
