@@ -22,6 +22,7 @@ kStandard='<[a-z_0-9]+>'
 # What the platform's headers gained with Mac OS X 10.5 and later.
 kNewNames='CGFloat|[PSU]RefCon|typeRefCon|kVK_[A-Za-z_0-9]+|RemoveEventParameter|kEventControlFocusPartChanged|'
 kNewNames+='kCFNumber(NSInteger|CGFloat)Type|CFError[A-Za-z]+|kCFError[A-Za-z]+|CFPropertyListCreate(With)?Data|'
+kNewNames+='kCFNumberFormatter(IsLenient|CurrencyGroupingSeparator)|CFLocaleCopyPreferredLanguages|'
 kNewNames+='CFStringIsSurrogate[A-Za-z]+|CFStringGet[A-Za-z]*Surrogate[A-Za-z]*'
 gViolations=0
 

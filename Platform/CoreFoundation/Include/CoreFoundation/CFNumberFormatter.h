@@ -92,7 +92,7 @@ CF_EXPORT const CFStringRef kCFNumberFormatterNegativePrefix;
 CF_EXPORT const CFStringRef kCFNumberFormatterNegativeSuffix;
 CF_EXPORT const CFStringRef kCFNumberFormatterPerMillSymbol;
 CF_EXPORT const CFStringRef kCFNumberFormatterInternationalCurrencySymbol; // a string: "USD"
-CF_EXPORT const CFStringRef kCFNumberFormatterCurrencyGroupingSeparator;   // a string
+CF_EXPORT const CFStringRef kCFNumberFormatterCurrencyGroupingSeparator;   // a string; since Mac OS X 10.5
 CF_EXPORT const CFStringRef kCFNumberFormatterIsLenient; // a boolean, at first false; since Mac OS X 10.5
 
 CF_EXPORT CFTypeID CFNumberFormatterGetTypeID(void);
