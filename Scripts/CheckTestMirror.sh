@@ -25,6 +25,8 @@ Platform/CoreFoundation/Source/Formats/ what formatters stand on: CF{NumberForma
 Platform/CoreFoundation/Source/CFUnicodeTables.cpp tables alone: CFUnicodeTests, CFStringCompareTests
 Platform/Presentation/Headless/HeadlessPresenter.cpp nothing but what every presenter owes: PresenterContractTests
 Platform/Presentation/Qt/ Qt's behaviour crosses its files: the contract of presenters, and Tests/Presentation/Qt
+Source/Controllers/Internal/LmCharacters.cpp text as formatters work on it: Lm{Number,Word}FormattersTests
+Source/Controllers/Internal/LmNumberShape.cpp how numbers look in a locale: LmNumberFormattersTests
 Source/Inspection/Internal/LmEventNames.cpp a table alone: LmPersonWatchTests, LmJournalRecorderTests
 Source/Inspection/Internal/LmJournalKeeper.cpp which journal there is: LmJournalFileTests, LmJournalDoorTests
 Source/Inspection/Internal/LmLocalSocketLinux.cpp what visitors see of it: LmJournalDoorTests, LmSocketStreamTests

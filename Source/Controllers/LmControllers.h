@@ -8,13 +8,17 @@
 
 #include "LmChangeGroup.h"
 #include "LmChoiceBinding.h"
+#include "LmDateFormatter.h"
 #include "LmFormatter.h"
+#include "LmFormatterTransforms.h"
 #include "LmMainQueue.h"
+#include "LmNumberFormatters.h"
 #include "LmObservation.h"
 #include "LmRangeTransform.h"
 #include "LmScopedBinding.h"
 #include "LmSettledControlBinding.h"
 #include "LmSharedTransform.h"
 #include "LmTextFieldBinding.h"
+#include "LmWordFormatters.h"
 
 #endif

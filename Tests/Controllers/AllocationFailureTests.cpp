@@ -6,6 +6,7 @@
 #include "LmChangeGroup.h"
 #include "LmKeyValueStore.h"
 #include "LmMainQueue.h"
+#include "LmNumberFormatters.h"
 #include "LmObservation.h"
 #include "LmScopedBinding.h"
 #include "LmTextFieldBinding.h"
@@ -47,6 +48,24 @@ TEST(ControllersWithoutMemory, ObservationIsMadeWholeOrNotAtAll)
             EXPECT_NE(theObservation.IsObserving(), hasThrown);
         }
         EXPECT_EQ(theCaptured.use_count(), 1);
+    });
+    EXPECT_GT(theFailures, 5U);
+}
+
+TEST(ControllersWithoutMemory, FormattersReadWhatTheyWriteOrNothing)
+{
+    constexpr long long kAmount = -123456789012345678LL;
+    const LmCurrencyFormatter theFormatter;
+    const std::size_t theFailures = FailEachAllocation([&](AllocationFailures& theAttempt) {
+        LmValue theBack;
+        try {
+            const LmValue theText = theFormatter.Format(LmValue(kAmount));
+            theBack = theText.IsString() ? theFormatter.Parse(theText.GetString()).theValue : LmValue();
+        } catch (const std::bad_alloc&) {
+            theBack.SetBoolean(false);
+        }
+        theAttempt.Stop();
+        EXPECT_TRUE(!theBack.IsValid() || theBack.IsBoolean() || theBack.GetSInt64() == kAmount);
     });
     EXPECT_GT(theFailures, 5U);
 }

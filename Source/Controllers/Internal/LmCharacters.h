@@ -1,0 +1,29 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef LmCharacters_h
+#define LmCharacters_h
+
+// Text as formatters work on it.
+
+#include "LmFormatter.h"
+#include "LmScopedReference.h"
+
+#include <string>
+
+using LmCharacters = std::u16string;
+
+LmCharacters LmCharactersOf(CFStringRef theString);
+
+// A string value; invalid when there is no memory.
+LmValue LmTextValue(const LmCharacters& theCharacters);
+
+// Without blanks at its ends and without the invisible signs for directions; blanks of each kind are plain
+// ones, the different minus signs and apostrophes one of them.
+LmCharacters LmPlainCharacters(const LmCharacters& theText);
+
+// A refusal with a sentence, translated where the application's "LmFormatters.strings" does. The sentence may
+// hold %@ for each of the two texts, which may be left out.
+LmReading LmRefusal(CFStringRef theSentence, const LmCharacters& theFirst = LmCharacters(),
+                    const LmCharacters& theSecond = LmCharacters());
+
+#endif
