@@ -85,31 +85,10 @@ TEST(LmIntegerFormatter, GuessesNothing)
 {
     const TestLocale theEnglish("en_US");
     const LmIntegerFormatter theFormatter(-5000000, 5000000, theEnglish);
-    for (const char* const theText : {"",
-                                      " ",
-                                      "-",
-                                      "+",
-                                      ".",
-                                      ",",
-                                      "x",
-                                      "12x",
-                                      "x12",
-                                      "1 2",
-                                      "1,5",
-                                      "12,34",
-                                      "1,2345",
-                                      ",123",
-                                      "123,",
-                                      "1,,234",
-                                      "1,234,",
-                                      "0,123,45",
-                                      "--1",
-                                      "1-",
-                                      "1e3",
-                                      "0x10",
-                                      "1.2.3",
-                                      "\xD9\xA1"
-                                      "x"}) {
+    for (const char* const theText :
+         {"",       " ",        "-",   "+",     ".",      ",",    "x",    "12x",
+          "x12",    "1 2",      "1,5", "12,34", "1,2345", ",123", "123,", "1,,234",
+          "1,234,", "0,123,45", "--1", "1-",    "1e3",    "0x10", "1.2.3"}) {
         EXPECT_EQ(Parsed(theFormatter, theText), kNoNumber) << theText;
     }
     EXPECT_EQ(Parsed(theFormatter, "1.5"), kTooManyPlaces);
@@ -215,9 +194,7 @@ TEST(LmCurrencyFormatter, CountsTheSmallestUnits)
     for (const char* const theText : {"($42.50)", "-42.50", "-$42.50"}) {
         EXPECT_EQ(Parsed(theFormatter, theText), "SInt32 -4250") << theText;
     }
-    for (const char* const theText : {"$", "($5", "$5)", "$$5",
-                                      "\xE2\x82\xAC"
-                                      "5"}) {
+    for (const char* const theText : {"$", "($5", "$5)", "$$5", u8"\u20AC5"}) {
         EXPECT_EQ(Parsed(theFormatter, theText), kNoNumber) << theText;
     }
     EXPECT_EQ(Formatted(theFormatter, LmValue(100000)), "$1,000.00");

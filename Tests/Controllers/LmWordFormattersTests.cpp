@@ -44,9 +44,8 @@ TEST(LmPatternFormatter, BringsTextsIntoItsForm)
     for (const char* const theText : {"AB-1234", "ab-1234", "AB1234", " ab - 1234 ", "a b 1 2 3 4"}) {
         EXPECT_EQ(UTF8Of(theFormatter.Parse(TextValue(theText).GetString()).theValue), "AB-1234") << theText;
     }
-    for (const char* const theText : {"", "AB", "AB-123", "AB-12345", "1B-1234", "AB-123x", "AB--1234",
-                                      "\xC3\x84"
-                                      "B-1234"}) {
+    for (const char* const theText :
+         {"", "AB", "AB-123", "AB-12345", "1B-1234", "AB-123x", "AB--1234", u8"\u00C4B-1234"}) {
         EXPECT_EQ(Parsed(theFormatter, theText), "The text must look like AA-0000.") << theText;
     }
     EXPECT_EQ(Formatted(theFormatter, TextValue("ab1234")), "AB-1234");
