@@ -148,6 +148,18 @@ opens()
     return 1
 }
 
+# closes <keys>: presses them in the inspector, in the same way.
+closes()
+{
+    local theCount
+    xdotool key "$1"
+    for ((theCount = 0; theCount < 50; ++theCount)); do
+        has_inspector || return 0
+        sleep 0.1
+    done
+    return 1
+}
+
 open_inspector()
 {
     until_true "the inspector opens" opens
@@ -178,18 +190,30 @@ find_object()
     xdotool key ctrl+a BackSpace
 }
 
-# The keyboard alone: from the list of objects into the keys, and a value edited.
-edit_room()
+# edits_room: from the list of objects into the keys, and a value edited; with the keyboard alone. Keys that a window
+# which has just become active did not hear are pressed again, as above.
+edits_room()
 {
+    local theCount
+    xdotool windowactivate "$gWindow"
     find_object thermostat
     # From the field over the list of objects to the keys.
     xdotool key Tab Tab ctrl+Home
     # altered, fahrenheit, heating, power, room
-    mark
     xdotool key Down Down Down Down Return ctrl+a
     xdotool type Kitchen
     xdotool key Return
-    until_true "what is typed in the inspector reaches the model" traced room
+    for ((theCount = 0; theCount < 50; ++theCount)); do
+        traced room && return
+        sleep 0.1
+    done
+    return 1
+}
+
+edit_room()
+{
+    mark
+    until_true "what is typed in the inspector reaches the model" edits_room
     until_true "and the window" find_window 'Kitchen thermostat'
 }
 
@@ -233,14 +257,12 @@ click_heating()
 close_and_look()
 {
     choose_window '^Inspector$'
-    xdotool key Escape
-    until_true "Escape closes the inspector" has_no_inspector
+    until_true "Escape closes the inspector" closes Escape
     until_true "and nothing is left of it" has_windows "$1"
     choose_window thermostat
     until_true "it opens again" opens
     choose_window '^Inspector$'
-    xdotool key ctrl+shift+i
-    until_true "and the same keys close it" has_no_inspector
+    until_true "and the same keys close it" closes ctrl+shift+i
     until_true "again nothing is left" has_windows "$1"
 }
 

@@ -79,6 +79,12 @@ bool IsChangeOf(const Entry& theEntry, const Entry& theOther)
            theEntry.theKey == theOther.theKey;
 }
 
+// Whether the object writes its keys' last values into its control when a change has gone round. No journal says so.
+bool SettlesItself(const Object& theObject)
+{
+    return theObject.theClass == "LmSettledControlBinding" || theObject.theClass == "LmTextFieldBinding";
+}
+
 } // namespace
 
 std::string_view NameOf(Rule theRule)
@@ -216,8 +222,9 @@ void Lint::CheckSource(const Entry& theBinding)
 void Lint::CheckShown(std::uint64_t theObject)
 {
     for (const auto& [theKey, theDifference] : mEcho.GetAll()) {
-        if (theDifference.isIt && (theObject == 0 || theKey.first == theObject)) {
-            const Entry& theChange = theDifference.theChange;
+        const Entry& theChange = theDifference.theChange;
+        if (theDifference.isIt && (theObject == 0 || theKey.first == theObject) &&
+            !SettlesItself(theChange.theObject)) {
             Add(Rule::ShownOtherwise, theChange, theChange.theObject, theChange.theKey,
                 "it is " + Show(theChange.theNew) + ", and the " + WhatItStandsFor(theChange.theObject) +
                     " shows " + Show(theDifference.theShown) + ": it was set while the " +

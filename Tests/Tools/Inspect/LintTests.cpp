@@ -50,6 +50,22 @@ TestJournal Bound(const std::vector<TestRecord>& theRecords)
     return theJournal;
 }
 
+// A person drags the slider to 30; the model makes 25 of it while the 30 is copied.
+TestJournal Clamped(const TestObject& theSlider)
+{
+    const TestRecord theWay = {1, theSlider, "value", kModel, "level"};
+    const TestRecord theBack = {2, kModel, "level", theSlider, "value"};
+    TestJournal theJournal = Bound({theWay, theBack});
+    const std::uint64_t theEvent = theJournal.Event(theJournal.Action(), theSlider);
+    const std::uint64_t theMove =
+        theJournal.Changed(theEvent, theSlider, "value", TestUnsigned(7), TestUnsigned(30));
+    const std::uint64_t theModel = theJournal.Changed(theJournal.Updated(theMove, theBack, TestUnsigned(30)),
+                                                      kModel, "level", TestUnsigned(7), TestUnsigned(25));
+    theJournal.Changed(theJournal.Updated(theModel, theWay, TestUnsigned(25)), theSlider, "value",
+                       TestUnsigned(30), TestUnsigned(25));
+    return theJournal;
+}
+
 } // namespace
 
 TEST(Lint, FindsNothingInAnOrdinarySession)
@@ -120,14 +136,7 @@ TEST(Lint, FindsAFractionThatWasDropped)
 
 TEST(Lint, FindsAControlThatShowsSomethingElse)
 {
-    TestJournal theJournal = Bound({kWay, kBack});
-    const std::uint64_t theEvent = theJournal.Event(theJournal.Action(), kSlider);
-    const std::uint64_t theSlider =
-        theJournal.Changed(theEvent, kSlider, "value", TestUnsigned(7), TestUnsigned(30));
-    const std::uint64_t theModel = theJournal.Changed(theJournal.Updated(theSlider, kBack, TestUnsigned(30)),
-                                                      kModel, "level", TestUnsigned(7), TestUnsigned(25));
-    theJournal.Changed(theJournal.Updated(theModel, kWay, TestUnsigned(25)), kSlider, "value",
-                       TestUnsigned(30), TestUnsigned(25));
+    TestJournal theJournal = Clamped(kSlider);
     EXPECT_EQ(Findings(theJournal),
               "shown-otherwise: slider.value: it is 25, and the control shows 30: it was set while the "
               "control's own change was copied (entry 15)\n1 finding\n");
@@ -136,6 +145,12 @@ TEST(Lint, FindsAControlThatShowsSomethingElse)
     EXPECT_EQ(Findings(theGone).substr(0, 15), "shown-otherwise") << "it was shown until the end";
     theJournal.Changed(0, kSlider, "value", TestUnsigned(25), TestUnsigned(26));
     ExpectNothing(theJournal);
+}
+
+TEST(Lint, LeavesAControlAloneThatAgreesInTheEnd)
+{
+    ExpectNothing(Clamped({2, "LmSettledControlBinding", "slider"}));
+    ExpectNothing(Clamped({2, "LmTextFieldBinding", "field"}));
 }
 
 TEST(Lint, FindsAOneWayBindingOfADeadObject)
