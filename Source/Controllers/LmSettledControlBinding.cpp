@@ -7,6 +7,13 @@
 #include <algorithm>
 #include <utility>
 
+// A key of another store, followed by one of this object as long as that observes it.
+struct LmSettledControlBinding::Source
+{
+    const LmKeyValueStore* theStore; // not owned, and perhaps gone: compared only
+    LmString theKey;
+};
+
 // While it lives, what changes in the control is not settled: this object changes it.
 class [[nodiscard]] LmSettledControlBinding::Occupied
 {

@@ -79,13 +79,8 @@ protected:
     bool FollowSources();
 
 private:
-    // A key of another store, followed by one of this object as long as that observes it.
-    struct Source
-    {
-        const LmKeyValueStore* theStore; // not owned, and perhaps gone: compared only
-        LmString theKey;
-    };
     class LM_HIDDEN Occupied;
+    struct LM_HIDDEN Source;
 
     LM_HIDDEN static OSStatus HandleControlEvent(EventHandlerCallRef theCall, EventRef theEvent,
                                                  void* userData);
