@@ -79,7 +79,8 @@ bool IsChangeOf(const Entry& theEntry, const Entry& theOther)
            theEntry.theKey == theOther.theKey;
 }
 
-// Whether the object writes its keys' last values into its control when a change has gone round. No journal says so.
+// Whether the object writes its keys' last values into its control when a change has gone round. No journal
+// says so.
 bool SettlesItself(const Object& theObject)
 {
     return theObject.theClass == "LmSettledControlBinding" || theObject.theClass == "LmTextFieldBinding";
