@@ -178,7 +178,7 @@ LmCharacters LmNumberShape::Write(const Number& theNumber, unsigned thePlaces) c
     LmCharacters theDigits;
     for (std::uint64_t theRest = theNumber.theMagnitude; theRest > 0 || theDigits.size() <= thePlaces;
          theRest /= 10) {
-        theDigits.insert(theDigits.begin(), mDigits[theRest % 10]);
+        theDigits.insert(theDigits.begin(), mDigits[static_cast<std::size_t>(theRest % 10)]);
     }
     const Affixes& theAffixes = theNumber.isNegative ? mNegative : mPositive;
     const std::size_t thePoint = theDigits.size() - thePlaces;
