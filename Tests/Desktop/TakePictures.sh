@@ -72,31 +72,6 @@ brightness()
     convert "$kFolder/$gName-$1.png" -colorspace gray -format '%[fx:int(100*mean)]' info:
 }
 
-# The colours of a dark desktop, as one of the common desktops stores them.
-make_dark()
-{
-    cat >"$HOME/kdeglobals" <<'COLOURS'
-[Colors:Window]
-BackgroundNormal=42,46,50
-ForegroundNormal=252,252,252
-[Colors:View]
-BackgroundNormal=27,30,32
-BackgroundAlternate=35,38,41
-ForegroundNormal=252,252,252
-ForegroundInactive=161,169,177
-[Colors:Button]
-BackgroundNormal=49,54,59
-ForegroundNormal=252,252,252
-[Colors:Selection]
-BackgroundNormal=61,174,233
-ForegroundNormal=252,252,252
-[Colors:Tooltip]
-BackgroundNormal=49,54,59
-ForegroundNormal=252,252,252
-COLOURS
-    export XDG_CURRENT_DESKTOP=KDE KDE_SESSION_VERSION=5
-}
-
 make_light()
 {
     rm -f "$HOME/kdeglobals"
