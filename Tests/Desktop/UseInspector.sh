@@ -34,12 +34,18 @@ choose_window()
     until_true "the window $1 is there" find_window "$1"
     xdotool windowactivate "$gWindow"
     until_true "the window $1 is active" is_active
-    until_true "and has the keys" has_keys
+    until_true "and has the keys" keeps_keys
 }
 
 has_keys()
 {
     [ "$(xdotool getwindowfocus)" = "$gWindow" ]
+}
+
+# keeps_keys: whether it has them, and not only on the way to another window, as while windows open on a busy machine.
+keeps_keys()
+{
+    has_keys && sleep 0.3 && has_keys
 }
 
 # windows: how many the program has on the screen, and off it.
@@ -173,7 +179,8 @@ find_object()
 edits_room()
 {
     local theCount
-    xdotool windowactivate "$gWindow"
+    has_keys || xdotool windowactivate --sync "$gWindow"
+    keeps_keys || return 1
     find_object thermostat
     # From the field over the list of objects to the keys.
     xdotool key Tab Tab ctrl+Home
@@ -182,7 +189,7 @@ edits_room()
     xdotool type Kitchen
     xdotool key Return
     for ((theCount = 0; theCount < 50; ++theCount)); do
-        traced room && return
+        xdotool search --onlyvisible --name '^Kitchen thermostat$' && return
         sleep 0.1
     done
     return 1
@@ -191,8 +198,8 @@ edits_room()
 edit_room()
 {
     mark
-    until_true "what is typed in the inspector reaches the model" edits_room
-    until_true "and the window" find_window 'Kitchen thermostat'
+    until_true "what is typed in the inspector reaches the window" edits_room
+    until_true "and has reached the model" traced room
 }
 
 # Picking a control shows its binding; the program hears nothing of the click.
