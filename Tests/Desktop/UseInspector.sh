@@ -28,24 +28,23 @@ has_no_inspector()
     ! has_inspector
 }
 
-# choose_window <thermostat | Inspector>: it becomes the active one.
+# choose_window <thermostat | Inspector>: it becomes the active one. While windows open on a busy machine, another one may
+# take that back, so it is chosen until it stays so.
 choose_window()
 {
     until_true "the window $1 is there" find_window "$1"
-    xdotool windowactivate "$gWindow"
-    until_true "the window $1 is active" is_active
-    until_true "and has the keys" keeps_keys
+    until_true "the window $1 is active, and has the keys" stays_chosen
+}
+
+stays_chosen()
+{
+    has_keys || xdotool windowactivate --sync "$gWindow"
+    has_keys && sleep 0.3 && has_keys && is_active
 }
 
 has_keys()
 {
     [ "$(xdotool getwindowfocus)" = "$gWindow" ]
-}
-
-# keeps_keys: whether it has them, and not only on the way to another window, as while windows open on a busy machine.
-keeps_keys()
-{
-    has_keys && sleep 0.3 && has_keys
 }
 
 # windows: how many the program has on the screen, and off it.
@@ -179,8 +178,7 @@ find_object()
 edits_room()
 {
     local theCount
-    has_keys || xdotool windowactivate --sync "$gWindow"
-    keeps_keys || return 1
+    stays_chosen || return
     find_object thermostat
     # From the field over the list of objects to the keys.
     xdotool key Tab Tab ctrl+Home
