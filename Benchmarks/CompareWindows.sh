@@ -28,7 +28,7 @@ cmake --build --preset windows >"$kResults/build" || { cat "$kResults/build"; ex
 # The screen holds the whole window, the largest part of which is painted, and windows are managed as on a desktop.
 start_screen()
 {
-    Xvfb -displayfd 3 -screen 0 2640x2340x24 -nolisten tcp 3>"$kResults/display" >"$kResults/server" 2>&1 &
+    Xvfb -displayfd 3 -screen 0 2640x2340x24 -nolisten tcp -noreset 3>"$kResults/display" >"$kResults/server" 2>&1 &
     gServer=$!
     until [ -s "$kResults/display" ]; do sleep 0.1; done
     kDisplay=:$(cat "$kResults/display")

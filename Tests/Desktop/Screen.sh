@@ -30,6 +30,7 @@ give_up()
     echo "FAILED: $1"
     picture failed
     [ -f "$kTrace" ] && cat "$kTrace"
+    [ -f "$kServerLog" ] && cat "$kServerLog"
     exit 1
 }
 
@@ -56,17 +57,18 @@ picture()
     fi
 }
 
+# Without -noreset, the server begins anew when a client that asked it something leaves as its only one: the window
+# manager that came meanwhile would be thrown out.
 start_server()
 {
     rm -rf "${kFolder:?}/home" "${kFolder:?}/display"
     mkdir -p "$kFolder/home"
-    Xvfb -displayfd 3 -screen 0 "${kScreen:-1024x768}x24" -nolisten tcp 3>"$kFolder/display" >"$kServerLog" 2>&1 &
+    Xvfb -displayfd 3 -screen 0 "${kScreen:-1024x768}x24" -nolisten tcp -noreset 3>"$kFolder/display" >"$kServerLog" 2>&1 &
     gServer=$!
     until_true "the screen is there" test -s "$kFolder/display"
     DISPLAY=:$(cat "$kFolder/display")
     export DISPLAY
-    HOME=$kFolder/home openbox >>"$kServerLog" 2>&1 &
-    gManager=$!
+    start_manager
     until_true "windows are managed" has_manager
     export HOME=$kFolder/home XDG_CONFIG_HOME=$kFolder/home XDG_RUNTIME_DIR=$kFolder/home
     chmod 700 "$HOME"
@@ -74,8 +76,15 @@ start_server()
     unset LM_PRESENTER LM_SCREENSHOT LM_PREFERENCES XAUTHORITY
 }
 
+start_manager()
+{
+    HOME=$kFolder/home openbox >>"$kServerLog" 2>&1 &
+    gManager=$!
+}
+
 has_manager()
 {
+    kill -0 "$gManager" || start_manager
     xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'
 }
 
