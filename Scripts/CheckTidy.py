@@ -2,9 +2,9 @@
 # LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 """CheckTidy.py [--changed] <build folder> [<beginning of a path>...]
 
-Runs clang-tidy over the files of the project that the build compiles, or over those of them in the named places;
-with --changed, over those that differ from the last commit or include something that does. The build must have
-been configured with CMAKE_EXPORT_COMPILE_COMMANDS.
+Runs clang-tidy over the files of the project that the build compiles and the few that only other builds do
+(kInOtherBuilds), or over those of them in the named places; with --changed, over those that differ from the last commit
+or include something that does. The build must have been configured with CMAKE_EXPORT_COMPILE_COMMANDS.
 
 A file that was found good is not read again while it, all that it includes, its command, the settings and the
 linter stay the same: Tidy/Good in the build folder holds a mark for each. What a file includes is known from its
@@ -16,6 +16,7 @@ together, they are halved until each is alone. The static analyzer follows calls
 """
 
 import concurrent.futures
+import copy
 import functools
 import hashlib
 import itertools
@@ -34,6 +35,12 @@ kPlaces = ("Source/", "Platform/", "Tools/", "Examples/", "Tests/", "Benchmarks/
 kTidy = ["clang-tidy-14", "--quiet", "--extra-arg=-Wno-unknown-warning-option"]
 kMatching = "--checks=-clang-analyzer-*"
 kMostTogether = 8
+# What only builds without ICU compile, and a file that is compiled here as it is there.
+kInOtherBuilds = {
+    "Platform/CoreFoundation/Source/Formats/Plain/*.cpp": "Platform/CoreFoundation/Source/Formats/Decimal.cpp",
+    "Tests/Platform/CoreFoundation/EnglishAloneTests.cpp": "Tests/Platform/CoreFoundation/CFLocaleTests.cpp",
+    "Tests/Controllers/EnglishAloneTests.cpp": "Tests/Controllers/LmNumberFormattersTests.cpp",
+}
 # A few functions have more paths than can ever be followed. The analyzer gives up on them after so many steps, a
 # fifth or so of its own limit: it takes less than half of the time, and every other function is read to its end.
 kDepth = [f"--extra-arg={theWord}" for theWord in ("-Xclang", "-analyzer-config", "-Xclang", "max-nodes=50000")]
@@ -55,6 +62,21 @@ class Unit:
         self.mFlags = re.sub(r" -Winvalid-pch -include \S+cmake_pch\.hxx", "", theFlags)
         self.mKey = None
         self.mIncluded = set()
+
+    def For(self, thePath):
+        """The same for a file that this build does not compile."""
+        theOther = copy.copy(self)
+        theOther.mPath = thePath
+        theOther.mFile = str(thePath.relative_to(kRoot))
+        theOther.mObject = None
+        return theOther
+
+    def Includes(self):
+        """What the compiler says that the file includes."""
+        theCommand = [*shlex.split(self.mFlags), "-M", str(self.mPath)]
+        theRun = subprocess.run(theCommand, capture_output=True, text=True, cwd=self.mFolder)
+        theFiles = theRun.stdout.replace("\\\n", " ").split()[1:]
+        return {os.path.normpath(os.path.join(self.mFolder, theFile)) for theFile in theFiles}
 
     def Names(self):
         """What the file defines outside of functions, roughly: files that share such a name are not read as one."""
@@ -101,9 +123,22 @@ def ReadUnits(theBuild, thePlaces):
     for theEntry in json.loads((theBuild / "compile_commands.json").read_text()):
         theFile = os.path.relpath(theEntry["file"], kRoot)
         # Only the project's own files: the build also compiles the test framework.
-        if theFile.endswith(".cpp") and theFile.startswith(tuple(kPlaces)) and theFile.startswith(thePlaces):
+        if theFile.endswith(".cpp") and theFile.startswith(tuple(kPlaces)):
             theUnits.setdefault(theFile, Unit(theEntry))
-    return list(theUnits.values())
+    theUnits.update(OtherUnits(theUnits))
+    return [theUnit for theFile, theUnit in theUnits.items() if theFile.startswith(thePlaces)]
+
+
+def OtherUnits(theUnits):
+    """The files that only other builds compile, as this build would."""
+    theOthers = {}
+    for thePattern, theModel in kInOtherBuilds.items():
+        if theModel in theUnits:
+            for thePath in sorted(kRoot.glob(thePattern)):
+                theFile = str(thePath.relative_to(kRoot))
+                if theFile not in theUnits:
+                    theOthers[theFile] = theUnits[theModel].For(thePath)
+    return theOthers
 
 
 def ReadIncludes(theBuild):
@@ -137,14 +172,17 @@ def FindKeys(theUnits, theBuild):
     # A new header may come before another of its name.
     theCommon += sorted(str(theFile) for thePlace in kPlaces for theFile in (kRoot / thePlace).glob("**/*.h"))
     for theUnit in theUnits:
-        theUnit.mIncluded = theIncludes.get(theUnit.mObject, set())
+        theUnit.mIncluded = theIncludes.get(theUnit.mObject, set()) if theUnit.mObject else theUnit.Includes()
         if str(theUnit.mPath) in theUnit.mIncluded and IsBuilt(theBuild, theUnit):
             theParts = theCommon + [theUnit.mFlags] + [f + Digest(f) for f in sorted(theUnit.mIncluded)]
             theUnit.mKey = hashlib.sha256("\n".join(theParts).encode()).hexdigest()
 
 
 def IsBuilt(theBuild, theUnit):
-    """Whether the object is newer than all that went into it: what it includes is known only then."""
+    """Whether the object is newer than all that went into it: what it includes is known only then. What this build
+    does not compile was asked for just now."""
+    if theUnit.mObject is None:
+        return True
     try:
         theTime = os.stat(theBuild / theUnit.mObject).st_mtime_ns
         return all(os.stat(theFile).st_mtime_ns <= theTime for theFile in theUnit.mIncluded)

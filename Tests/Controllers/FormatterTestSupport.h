@@ -34,22 +34,6 @@ private:
 constexpr const char* kTestLocales[] = {"en_US", "de_DE", "fr_FR", "de_CH", "es_ES", "ru_RU", "ja_JP",
                                         "hi_IN", "ar_EG", "fa_IR", "sv_SE", "pt_BR", "pl_PL", "he_IL"};
 
-inline bool KnowsLocale(const char* theIdentifier)
-{
-    const CFArrayRef theKnown = CFLocaleCopyAvailableLocaleIdentifiers();
-    const LmValue theText(CFStringCreateWithCString(nullptr, theIdentifier, kCFStringEncodingUTF8), true);
-    const bool isKnown =
-        CFArrayContainsValue(theKnown, CFRangeMake(0, CFArrayGetCount(theKnown)), theText.GetString()) != 0;
-    CFRelease(theKnown);
-    return isKnown;
-}
-
-// Ends a test that is about other languages where the platform knows English alone.
-#define NEED_DATA_OF_LOCALES()                                                                               \
-    if (!KnowsLocale("de_DE")) {                                                                             \
-        GTEST_SKIP() << "needs the data of all locales, which this platform does not have";                  \
-    }
-
 inline LmValue TextValue(const std::string& theText)
 {
     return LmValue(CFStringCreateWithBytes(nullptr, reinterpret_cast<const UInt8*>(theText.data()),

@@ -8,13 +8,6 @@
 
 namespace {
 
-const CFAbsoluteTime kLanding = -992490140; // 20:17:40 on the 20th of July 1969, a Sunday
-
-std::string Written(CFDateFormatterRef theFormatter, CFAbsoluteTime theTime)
-{
-    return TextOf(Owned(CFDateFormatterCreateStringWithAbsoluteTime(nullptr, theFormatter, theTime)));
-}
-
 Owned<CFDateFormatterRef> FormatterWith(const std::string& theFormat, const std::string& theZone = "GMT")
 {
     auto theFormatter = DateFormatter(kCFDateFormatterShortStyle, kCFDateFormatterNoStyle, "en_US", theZone);
@@ -300,36 +293,6 @@ TEST(CFDateFormatter, WhatIsNoPropertyChangesNothing)
     EXPECT_EQ(CFDateFormatterCopyProperty(theFormatter, kCFDateFormatterIsLenient), kCFBooleanTrue);
     SetStrict(theFormatter);
     EXPECT_EQ(CFDateFormatterCopyProperty(theFormatter, kCFDateFormatterIsLenient), kCFBooleanFalse);
-}
-
-TEST(CFDateFormatter, WritesAsOthersDo)
-{
-    NEED_DATA_OF_LOCALES();
-    const auto theText = [](CFDateFormatterStyle theDate, CFDateFormatterStyle theTime, const char* theLocale,
-                            const char* theZone = "GMT") {
-        return Written(DateFormatter(theDate, theTime, theLocale, theZone), kLanding);
-    };
-    EXPECT_EQ(theText(kCFDateFormatterShortStyle, kCFDateFormatterNoStyle, "de_DE"), "20.07.69");
-    EXPECT_EQ(theText(kCFDateFormatterFullStyle, kCFDateFormatterNoStyle, "de_DE"), "Sonntag, 20. Juli 1969");
-    EXPECT_EQ(theText(kCFDateFormatterNoStyle, kCFDateFormatterShortStyle, "de_DE", "Europe/Berlin"),
-              "21:17");
-    EXPECT_EQ(theText(kCFDateFormatterShortStyle, kCFDateFormatterNoStyle, "fr_FR"), "20/07/1969");
-    EXPECT_EQ(theText(kCFDateFormatterNoStyle, kCFDateFormatterShortStyle, "en_AU"), "8:17 pm");
-    // The Gregorian calendar everywhere.
-    EXPECT_EQ(theText(kCFDateFormatterShortStyle, kCFDateFormatterNoStyle, "th_TH").substr(0, 5), "20/7/");
-    const auto thePacific =
-        DateFormatter(kCFDateFormatterNoStyle, kCFDateFormatterFullStyle, "en_US", "America/Los_Angeles");
-    EXPECT_EQ(Written(thePacific, 143e6), "7:13:20 PM Pacific Daylight Time");
-}
-
-TEST(CFDateFormatter, WithoutTheDataEverythingIsAmerican)
-{
-    if (KnowsLocale("de_DE")) {
-        GTEST_SKIP() << "this host has the data of all locales";
-    }
-    EXPECT_EQ(
-        Written(DateFormatter(kCFDateFormatterShortStyle, kCFDateFormatterShortStyle, "de_DE"), kLanding),
-        "7/20/69 8:17 PM");
 }
 
 TEST(CFDateFormatter, ReadsWhatItWritesInEachLocale)

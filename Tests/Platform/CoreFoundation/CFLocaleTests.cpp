@@ -11,12 +11,6 @@ std::string CanonicalOf(const std::string& theIdentifier)
     return TextOf(Owned(CFLocaleCreateCanonicalLocaleIdentifierFromString(nullptr, String(theIdentifier))));
 }
 
-std::string ValueOf(const std::string& theLocale, CFStringRef theKey)
-{
-    const auto theOwned = Locale(theLocale);
-    return TextOf(static_cast<CFStringRef>(CFLocaleGetValue(theOwned, theKey)));
-}
-
 // The environment of the process, which is as it was at the end of the scope.
 class Environment
 {
@@ -128,16 +122,6 @@ TEST(CFLocale, TellsHowAmericansWrite)
     EXPECT_EQ(CFLocaleGetValue(Locale("en_CA"), kCFLocaleUsesMetricSystem), kCFBooleanTrue);
     EXPECT_EQ(ValueOf("en", kCFLocaleCurrencyCode), "(NULL)");
     EXPECT_EQ(ValueOf("en", kCFLocaleCurrencySymbol), "(NULL)");
-}
-
-TEST(CFLocale, TellsHowOthersWrite)
-{
-    NEED_DATA_OF_LOCALES();
-    EXPECT_EQ(ValueOf("de_DE", kCFLocaleDecimalSeparator), ",");
-    EXPECT_EQ(ValueOf("de_DE", kCFLocaleGroupingSeparator), ".");
-    EXPECT_EQ(ValueOf("de_DE", kCFLocaleCurrencySymbol), "\xE2\x82\xAC");
-    EXPECT_EQ(ValueOf("de_CH", kCFLocaleCurrencyCode), "CHF");
-    EXPECT_EQ(ValueOf("ja_JP", kCFLocaleMeasurementSystem), "Metric");
 }
 
 TEST(CFLocale, ItsValuesLiveAsLongAsItDoes)

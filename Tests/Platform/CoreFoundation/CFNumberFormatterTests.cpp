@@ -12,29 +12,9 @@ const double kInfinity = std::numeric_limits<double>::infinity();
 const SInt64 kLargest = std::numeric_limits<SInt64>::max();
 const SInt64 kSmallest = std::numeric_limits<SInt64>::min();
 
-std::string Written(CFNumberFormatterRef theFormatter, double theNumber)
-{
-    return TextOf(Owned(
-        CFNumberFormatterCreateStringWithValue(nullptr, theFormatter, kCFNumberDoubleType, &theNumber)));
-}
-
 std::string WrittenInteger(CFNumberFormatterRef theFormatter, SInt64 theNumber)
 {
     return TextOf(Owned(CFNumberFormatterCreateStringWithNumber(nullptr, theFormatter, Integer(theNumber))));
-}
-
-// The number that was read, and how much of the text; "-" for none.
-std::string Read(CFNumberFormatterRef theFormatter, const std::string& theText)
-{
-    CFRange theRange = WholeOf(String(theText));
-    double theNumber = 0;
-    if (!CFNumberFormatterGetValueFromString(theFormatter, String(theText), &theRange, kCFNumberDoubleType,
-                                             &theNumber)) {
-        return "-";
-    }
-    char theResult[64];
-    std::snprintf(theResult, sizeof theResult, "%.17g:%ld", theNumber, theRange.length);
-    return theResult;
 }
 
 Owned<CFNumberFormatterRef> FormatterWith(const std::string& theFormat)
@@ -461,34 +441,6 @@ TEST(CFNumberFormatter, CurrenciesHaveTheirDigits)
         EXPECT_FALSE(CFNumberFormatterGetDecimalInfoForCurrencyCode(String(theCode), &theDigits, nullptr))
             << theCode;
     }
-}
-
-TEST(CFNumberFormatter, WritesAsOthersDo)
-{
-    NEED_DATA_OF_LOCALES();
-    EXPECT_EQ(Written(NumberFormatter(kCFNumberFormatterDecimalStyle, "de_DE"), -1234.5), "-1.234,5");
-    EXPECT_EQ(Written(NumberFormatter(kCFNumberFormatterDecimalStyle, "fr_FR"), 1234.5), "1\xE2\x80\xAF"
-                                                                                         "234,5");
-    EXPECT_EQ(Written(NumberFormatter(kCFNumberFormatterDecimalStyle, "de_CH"), 1234.5), "1\xE2\x80\x99"
-                                                                                         "234.5");
-    EXPECT_EQ(Written(NumberFormatter(kCFNumberFormatterDecimalStyle, "hi_IN"), 12345678), "1,23,45,678");
-    EXPECT_EQ(Written(NumberFormatter(kCFNumberFormatterCurrencyStyle, "de_DE"), 5),
-              "5,00\xC2\xA0\xE2\x82\xAC");
-    EXPECT_EQ(Written(NumberFormatter(kCFNumberFormatterCurrencyStyle, "ja_JP"), 5), "\xEF\xBF\xA5"
-                                                                                     "5");
-    EXPECT_EQ(Written(NumberFormatter(kCFNumberFormatterNoStyle, "de_DE"), 1234.5), "1234");
-    const auto theWords = NumberFormatter(kCFNumberFormatterSpellOutStyle);
-    EXPECT_EQ(Written(theWords, 42), "forty-two");
-    EXPECT_EQ(Read(theWords, "forty-two"), "42:9");
-}
-
-TEST(CFNumberFormatter, WithoutTheDataEverythingIsAmerican)
-{
-    if (KnowsLocale("de_DE")) {
-        GTEST_SKIP() << "this host has the data of all locales";
-    }
-    EXPECT_EQ(Written(NumberFormatter(kCFNumberFormatterDecimalStyle, "de_DE"), -1234.5), "-1,234.5");
-    EXPECT_EQ(CFNumberFormatterCreate(nullptr, nullptr, kCFNumberFormatterSpellOutStyle), nullptr);
 }
 
 TEST(CFNumberFormatter, ReadsTheIntegersThatItWritesInEachLocale)

@@ -246,7 +246,7 @@ Characters PlainDateFormat::FormatPiece(const Piece& thePiece, const CFGregorian
         return Padded(static_cast<int>(theDate.second), theCount);
     case u'S': {
         const int theMilliseconds =
-            static_cast<int>((theDate.second - std::floor(theDate.second)) * 1000 + 0.5);
+            static_cast<int>(std::lround((theDate.second - std::floor(theDate.second)) * 1000));
         Characters theText = Padded(std::min(theMilliseconds, 999), 3);
         theText.resize(theCount, u'0');
         return theText;
@@ -428,8 +428,9 @@ CFAbsoluteTime PlainDateFormat::TimeOf(const Fields& theFields) const
     const SInt64 theDays = theFields.theDayOfYear > 0
                                ? DaysSince2001({theYear, 1, 1}) + theFields.theDayOfYear - 1
                                : theFirst + theFields.theDay - 1;
-    const SInt64 theHour =
-        theFields.theHour12 < 0 ? theFields.theHour : theFields.theHour12 % 12 + theFields.theHalf * 12;
+    const SInt64 theHour = theFields.theHour12 < 0
+                               ? theFields.theHour
+                               : theFields.theHour12 % 12 + SInt64{theFields.theHalf} * 12;
     const double theLocalTime =
         static_cast<double>(theDays) * kSecondsPerDay +
         static_cast<double>(theHour * 3600 + theFields.theMinute * 60 + theFields.theSecond) +
