@@ -12,7 +12,8 @@ build; one that was not built as it stands is read every time.
 
 Most of the time goes into the standard headers and the test framework. So files that are compiled alike are read
 as one, several at a time. That decides only what is good: where several together give a finding, or cannot be read
-together, they are halved until each is alone. The static analyzer follows calls, so it reads every file alone.
+together, those at fault are read apart from the others, until each is alone. The static analyzer follows calls, so it
+reads every file alone.
 """
 
 import concurrent.futures
@@ -34,7 +35,9 @@ kPlaces = ("Source/", "Platform/", "Tools/", "Examples/", "Tests/", "Benchmarks/
 # GCC and clang know different warnings by name; those that clang does not know are no finding.
 kTidy = ["clang-tidy-14", "--quiet", "--extra-arg=-Wno-unknown-warning-option"]
 kMatching = "--checks=-clang-analyzer-*"
-kMostTogether = 8
+# A name of one file may hide one of another where they are read as one; GCC has warned of what is hidden within one.
+kTogether = "--extra-arg=-Wno-shadow"
+kMostTogether = 24
 # What only builds without ICU compile, and a file that is compiled here as it is there.
 kInOtherBuilds = {
     "Platform/CoreFoundation/Source/Formats/Plain/*.cpp": "Platform/CoreFoundation/Source/Formats/Decimal.cpp",
@@ -223,13 +226,15 @@ def MakeGroups(theUnits):
 
 
 def WriteTogether(thePath, theUnits):
-    """One file with the text of all. What an earlier one has included is not included again, so that only what one
-    file includes twice is a finding."""
+    """One file with the text of all; gives the file that each of its lines is from. What an earlier one has included is
+    not included again, so that only what one file includes twice is a finding."""
     theFirst = {}
+    theOrigins = []
     thePath.parent.mkdir(parents=True, exist_ok=True)
     with thePath.open("w") as theOutput:
         for theUnit in theUnits:
             for theLine in theUnit.mPath.read_text().splitlines():
+                theOrigins.append(theUnit)
                 theQuoted = re.match(r'#include "([^"]+)"', theLine)
                 theFile = theQuoted and theUnit.Find(theQuoted.group(1), theUnit.mPath.parent)
                 if theFile:
@@ -237,6 +242,7 @@ def WriteTogether(thePath, theUnits):
                 if theLine.startswith("#include ") and theFirst.setdefault(theLine, theUnit) is not theUnit:
                     theLine = ""
                 theOutput.write(theLine + "\n")
+    return theOrigins
 
 
 def HasAnalyzer(theFile):
@@ -270,15 +276,21 @@ class Linter:
         return {} if isGood else {theUnit: theText}
 
     def Read(self, theUnits):
-        """The findings of the matching checks. What is not good together is halved until each is alone."""
+        """The findings of the matching checks. Of what is not good together, the files with errors are read apart from
+        the others; where that tells nothing, half of them."""
         if len(theUnits) == 1:
             return self.ReadAlone(theUnits[0], kMatching)
         thePath = self.mWork / theUnits[0].mFile.split("/")[0] / f"Together{next(self.mNumbers)}.cpp"
-        WriteTogether(thePath, theUnits)
-        if self.Run(theUnits[0], thePath, kMatching)[0]:
+        theOrigins = WriteTogether(thePath, theUnits)
+        isGood, theText = self.Run(theUnits[0], thePath, kMatching, kTogether)
+        if isGood:
             return {}
-        theMiddle = len(theUnits) // 2
-        return {**self.Read(theUnits[:theMiddle]), **self.Read(theUnits[theMiddle:])}
+        theLines = re.findall(rf"^{re.escape(str(thePath))}:(\d+):\d+: error:", theText, re.M)
+        theBlamed = {theOrigins[int(theLine) - 1] for theLine in theLines}
+        if len(theBlamed) in (0, len(theUnits)):
+            theBlamed = set(theUnits[:len(theUnits) // 2])
+        return {**self.Read([u for u in theUnits if u in theBlamed]),
+                **self.Read([u for u in theUnits if u not in theBlamed])}
 
     def Analyze(self, theUnit):
         return self.ReadAlone(theUnit, "--checks=" + AnalyzerChecks())
