@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <string>
 #include <utility>
 
@@ -30,14 +31,43 @@ LmValue EmptyText()
     return LmValue(CFSTR(""), false);
 }
 
+// theText is given to the value; null is an empty text.
+LmValue TextOf(CFStringRef theText)
+{
+    return theText != nullptr ? LmValue(theText, true) : EmptyText();
+}
+
 bool HasText(const LmValue& theValue)
 {
     return theValue.IsString() && theValue.GetString() != nullptr;
 }
 
+LmValue TitleOf(ControlRef theButton)
+{
+    CFStringRef theTitle = nullptr;
+    CopyControlTitleAsCFString(theButton, &theTitle);
+    return TextOf(theTitle);
+}
+
+SInt32 TagOf(ControlRef theButton, SInt32 thePlace)
+{
+    ControlID theID = {0, 0};
+    const bool hasID = GetControlID(theButton, &theID) == noErr && (theID.signature != 0 || theID.id != 0);
+    return hasID ? theID.id : thePlace;
+}
+
+ControlRef ControlOf(EventRef theEvent)
+{
+    ControlRef theControl = nullptr;
+    GetEventParameter(theEvent, kEventParamDirectObject, typeControlRef, nullptr, sizeof theControl, nullptr,
+                      &theControl);
+    return theControl;
+}
+
 } // namespace
 
-// What shows the choices, whatever controls that are. It tells the binding what happens to them.
+// What shows the choices, whatever controls that are. It tells the binding what happens to them. Whoever is
+// told may have this object replaced, so nothing of it is touched after calling out.
 class LM_HIDDEN LmChoiceBinding::Controls
 {
 public:
@@ -51,6 +81,9 @@ public:
     [[nodiscard]] virtual LmValue TitleAt(SInt32 thePlace) const = 0;
     [[nodiscard]] virtual SInt32 Chosen() const = 0; // the place of the choice that is on, or -1
 
+    // Sees what nobody has told of; false where all is as it was.
+    virtual bool LookAgain() { return false; }
+
     // Either may set off anything, the end of this object included.
     virtual void SetTitleAt(SInt32 thePlace, CFStringRef theTitle) = 0;
     virtual void Choose(SInt32 thePlace) = 0;
@@ -60,21 +93,21 @@ public:
 class LM_HIDDEN LmChoiceBinding::RadioButtons : public Controls
 {
 public:
-    explicit RadioButtons(LmChoiceBinding& theBinding)
+    RadioButtons(LmChoiceBinding& theBinding, const std::vector<ControlRef>& theButtons)
         : mBinding(theBinding)
     {
-    }
-    ~RadioButtons() override { LetGo(); }
-
-    void Take(const std::vector<ControlRef>& theButtons)
-    {
-        std::vector<Button> theRoom;
-        theRoom.reserve(theButtons.size());
-        LetGo();
-        mButtons.swap(theRoom);
+        mButtons.reserve(theButtons.size());
         for (const ControlRef theControl : theButtons) {
             if (theControl != nullptr && Find(theControl) == kNone) {
                 Add(theControl);
+            }
+        }
+    }
+    ~RadioButtons() override
+    {
+        for (const Button& theButton : mButtons) {
+            if (theButton.theHandler != nullptr) {
+                RemoveEventHandler(theButton.theHandler);
             }
         }
     }
@@ -82,12 +115,7 @@ public:
     SInt32 Count() const override { return static_cast<SInt32>(mButtons.size()); }
     SInt32 TagAt(SInt32 thePlace) const override { return At(thePlace).theTag; }
 
-    LmValue TitleAt(SInt32 thePlace) const override
-    {
-        CFStringRef theTitle = nullptr;
-        CopyControlTitleAsCFString(At(thePlace).theControl, &theTitle);
-        return theTitle != nullptr ? LmValue(theTitle, true) : EmptyText();
-    }
+    LmValue TitleAt(SInt32 thePlace) const override { return TitleOf(At(thePlace).theControl); }
 
     SInt32 Chosen() const override
     {
@@ -104,8 +132,9 @@ public:
 
     void Choose(SInt32 thePlace) override
     {
-        const LmLifeWatch theWatch(&mBinding);
-        const unsigned theTurn = mBinding.mTurn;
+        const LmChoiceBinding& theBinding = mBinding;
+        const LmLifeWatch theWatch(&theBinding);
+        const unsigned theTurn = theBinding.mTurn;
         // Handlers may let buttons go meanwhile.
         for (SInt32 theOne = 0; theOne < Count(); ++theOne) {
             const SInt32 theValue =
@@ -113,7 +142,7 @@ public:
             if (GetControl32BitValue(At(theOne).theControl) != theValue) {
                 SetControl32BitValue(At(theOne).theControl, theValue);
             }
-            if (theWatch.IsGone() || mBinding.mTurn != theTurn) {
+            if (theWatch.IsGone() || theBinding.mTurn != theTurn) {
                 return;
             }
         }
@@ -152,31 +181,15 @@ private:
             {kEventClassControl, kEventControlTitleChanged},
             {kEventClassControl, kEventControlDispose},
         };
-        ControlID theID = {0, 0};
-        const bool hasID =
-            GetControlID(theControl, &theID) == noErr && (theID.signature != 0 || theID.id != 0);
-        mButtons.push_back({theControl, hasID ? theID.id : Count(), nullptr});
+        mButtons.push_back({theControl, TagOf(theControl, Count()), nullptr});
         InstallEventHandler(GetControlEventTarget(theControl), kHandler, GetEventTypeCount(kEvents), kEvents,
                             this, &mButtons.back().theHandler);
     }
 
-    void LetGo()
-    {
-        for (const Button& theButton : mButtons) {
-            if (theButton.theHandler != nullptr) {
-                RemoveEventHandler(theButton.theHandler);
-            }
-        }
-        mButtons.clear();
-    }
-
     static OSStatus HandleEvent(EventHandlerCallRef, EventRef theEvent, void* userData)
     {
-        ControlRef theControl = nullptr;
-        GetEventParameter(theEvent, kEventParamDirectObject, typeControlRef, nullptr, sizeof theControl,
-                          nullptr, &theControl);
         RadioButtons& theButtons = *static_cast<RadioButtons*>(userData);
-        const SInt32 thePlace = theButtons.Find(theControl);
+        const SInt32 thePlace = theButtons.Find(ControlOf(theEvent));
         if (thePlace != kNone) {
             theButtons.Follow(thePlace, GetEventKind(theEvent));
         }
@@ -224,26 +237,310 @@ private:
     std::vector<Button> mButtons;
 };
 
+// ---- One control whose value says which choice it is
+
+namespace {
+
+// One of them.
+struct Choice
+{
+    SInt32 theValue; // which the control has when it is chosen
+    SInt32 theTag;
+    LmValue theTitle;
+    ControlRef theButton; // in a group; else null
+
+    bool operator==(const Choice& theOther) const
+    {
+        return theValue == theOther.theValue && theTag == theOther.theTag && theTitle == theOther.theTitle &&
+               theButton == theOther.theButton;
+    }
+};
+
+using Choices = std::vector<Choice>;
+
+// What such controls differ in.
+struct Kind
+{
+    OSType theKind;
+    Choices (*theReader)(ControlRef theControl, const Choices& theOld);
+    void (*theTitleSetter)(ControlRef theControl, const Choice& theChoice, CFStringRef theTitle);
+};
+
+Choices ReadItems(ControlRef theControl, const Choices&)
+{
+    Choices theChoices;
+    const MenuRef theMenu = GetControlPopupMenuHandle(theControl);
+    const MenuItemIndex theCount = theMenu != nullptr ? CountMenuItems(theMenu) : MenuItemIndex(0);
+    for (MenuItemIndex theItem = 1; theItem <= theCount; ++theItem) { // items end before 65535
+        MenuItemAttributes theAttributes = 0;
+        GetMenuItemAttributes(theMenu, theItem, &theAttributes);
+        if ((theAttributes & (kMenuItemAttrSeparator | kMenuItemAttrHidden)) != 0) {
+            continue;
+        }
+        MenuCommand theCommand = 0;
+        GetMenuItemCommandID(theMenu, theItem, &theCommand);
+        CFStringRef theText = nullptr;
+        CopyMenuItemTextAsCFString(theMenu, theItem, &theText);
+        const SInt32 theTag = theCommand == 0 ? kNone : static_cast<SInt32>(theCommand);
+        theChoices.push_back({theItem, theTag, TextOf(theText), nullptr});
+    }
+    return theChoices;
+}
+
+void SetItemTitle(ControlRef theControl, const Choice& theChoice, CFStringRef theTitle)
+{
+    SetMenuItemTextWithCFString(GetControlPopupMenuHandle(theControl),
+                                static_cast<MenuItemIndex>(theChoice.theValue), theTitle);
+}
+
+// A button that was there before keeps its tag.
+Choices ReadButtons(ControlRef theControl, const Choices& theOld)
+{
+    Choices theChoices;
+    UInt16 theCount = 0;
+    CountSubControls(theControl, &theCount);
+    for (SInt32 theIndex = 1; theIndex <= theCount; ++theIndex) {
+        ControlRef theButton = nullptr;
+        UInt32 theFeatures = 0;
+        GetIndexedSubControl(theControl, static_cast<UInt16>(theIndex), &theButton);
+        GetControlFeatures(theButton, &theFeatures);
+        if ((theFeatures & kControlHasRadioBehavior) == 0) {
+            continue;
+        }
+        const auto isThis = [&](const Choice& theChoice) { return theChoice.theButton == theButton; };
+        const auto theSame = std::find_if(theOld.begin(), theOld.end(), isThis);
+        const SInt32 theTag = theSame != theOld.end()
+                                  ? theSame->theTag
+                                  : TagOf(theButton, static_cast<SInt32>(theChoices.size()));
+        theChoices.push_back({theIndex, theTag, TitleOf(theButton), theButton});
+    }
+    return theChoices;
+}
+
+void SetButtonTitle(ControlRef, const Choice& theChoice, CFStringRef theTitle)
+{
+    SetControlTitleWithCFString(theChoice.theButton, theTitle);
+}
+
+const Kind kKinds[] = {
+    {kControlKindPopupButton, ReadItems, SetItemTitle},
+    {kControlKindRadioGroup, ReadButtons, SetButtonTitle},
+};
+
+// Null for a control whose value says something else.
+const Kind* KindOf(ControlRef theControl)
+{
+    ControlKind theControlKind = {0, 0};
+    GetControlKind(theControl, &theControlKind);
+    const auto isThis = [&](const Kind& theKind) {
+        return theControlKind.signature == kControlKindSignatureApple &&
+               theControlKind.kind == theKind.theKind;
+    };
+    const auto theKind = std::find_if(std::begin(kKinds), std::end(kKinds), isThis);
+    return theKind == std::end(kKinds) ? nullptr : theKind;
+}
+
+} // namespace
+
+class LM_HIDDEN LmChoiceBinding::OneControl : public Controls
+{
+public:
+    OneControl(LmChoiceBinding& theBinding, ControlRef theControl, const Kind& theKind)
+        : mBinding(theBinding),
+          mKind(theKind),
+          mControl(theControl),
+          mRange(ReadRange()),
+          mChoices(mKind.theReader(mControl, Choices()))
+    {
+        static const EventHandlerUPP kHandler = NewEventHandlerUPP(HandleEvent);
+        static const EventTypeSpec kEvents[] = {
+            {kEventClassControl, kEventControlHit},
+            {kEventClassControl, kEventControlValueFieldChanged},
+            {kEventClassControl, kEventControlTitleChanged},
+            {kEventClassControl, kEventControlDispose},
+        };
+        InstallEventHandler(GetControlEventTarget(theControl), kHandler, GetEventTypeCount(kEvents), kEvents,
+                            this, &mHandler);
+    }
+    ~OneControl() override
+    {
+        if (mHandler != nullptr) {
+            RemoveEventHandler(mHandler);
+        }
+    }
+
+    SInt32 Count() const override { return static_cast<SInt32>(mChoices.size()); }
+    SInt32 TagAt(SInt32 thePlace) const override { return At(thePlace).theTag; }
+    LmValue TitleAt(SInt32 thePlace) const override { return At(thePlace).theTitle; }
+
+    SInt32 Chosen() const override
+    {
+        const auto isShown = [this](const Choice& theChoice) {
+            return theChoice.theValue == mRange.theValue;
+        };
+        const auto theChoice = std::find_if(mChoices.begin(), mChoices.end(), isShown);
+        return theChoice == mChoices.end() ? kNone : static_cast<SInt32>(theChoice - mChoices.begin());
+    }
+
+    bool LookAgain() override
+    {
+        Choices theChoices = mControl != nullptr ? mKind.theReader(mControl, mChoices) : Choices();
+        mChoices.swap(theChoices);
+        return mChoices != theChoices;
+    }
+
+    void SetTitleAt(SInt32 thePlace, CFStringRef theTitle) override
+    {
+        Choice& theChoice = mChoices[static_cast<std::size_t>(thePlace)];
+        theChoice.theTitle = LmValue(theTitle, false);
+        mKind.theTitleSetter(mControl, theChoice, theTitle);
+    }
+
+    void Choose(SInt32 thePlace) override
+    {
+        if (mControl == nullptr) {
+            return;
+        }
+        const LmChoiceBinding& theBinding = mBinding;
+        const LmLifeWatch theWatch(&theBinding);
+        const unsigned theTurn = theBinding.mTurn;
+        const auto isOvertaken = [&] { return theWatch.IsGone() || theBinding.mTurn != theTurn; };
+        const ControlRef theControl = mControl;
+        const SInt32 theValue = thePlace == kNone ? 0 : At(thePlace).theValue;
+        const SInt32 theLast = mChoices.empty() ? theValue : mChoices.back().theValue;
+        if (GetControl32BitMaximum(theControl) < theLast) {
+            SetControl32BitMaximum(theControl, theLast);
+        }
+        if (!isOvertaken() && GetControl32BitMinimum(theControl) > theValue) {
+            SetControl32BitMinimum(theControl, theValue);
+        }
+        if (!isOvertaken() && GetControl32BitValue(theControl) != theValue) {
+            SetControl32BitValue(theControl, theValue);
+        }
+    }
+
+private:
+    struct Range
+    {
+        SInt32 theValue;
+        SInt32 theMinimum;
+        SInt32 theMaximum;
+    };
+
+    [[nodiscard]] Range ReadRange() const
+    {
+        return {GetControl32BitValue(mControl), GetControl32BitMinimum(mControl),
+                GetControl32BitMaximum(mControl)};
+    }
+
+    [[nodiscard]] const Choice& At(SInt32 thePlace) const
+    {
+        return mChoices[static_cast<std::size_t>(thePlace)];
+    }
+
+    // A group also hears what its buttons tell.
+    static OSStatus HandleEvent(EventHandlerCallRef, EventRef theEvent, void* userData)
+    {
+        OneControl& theControl = *static_cast<OneControl*>(userData);
+        const UInt32 theKind = GetEventKind(theEvent);
+        if (ControlOf(theEvent) == theControl.mControl) {
+            theControl.Follow(theKind);
+        } else if (theKind == kEventControlTitleChanged && theControl.LookAgain()) {
+            theControl.mBinding.ChoicesAreOthers();
+        }
+        return eventNotHandledErr;
+    }
+
+    void Follow(UInt32 theKind)
+    {
+        if (theKind == kEventControlDispose) {
+            mControl = nullptr;
+            mHandler = nullptr;
+            mRange = {0, 0, 0};
+            mChoices.clear();
+            mBinding.ChoicesAreOthers();
+        } else {
+            FollowValue(theKind == kEventControlHit);
+        }
+    }
+
+    // Whether the value is another one because the range is: the choices have become fewer or more. A choice
+    // may itself raise the maximum, where items came that nobody told of.
+    [[nodiscard]] bool IsPushed(const Range& theOld) const
+    {
+        return mRange.theMinimum != theOld.theMinimum ||
+               (mRange.theMaximum != theOld.theMaximum && mRange.theValue <= theOld.theMaximum);
+    }
+
+    // A hit also tells of the same item that is another one now.
+    void FollowValue(bool isHit)
+    {
+        LmChoiceBinding& theBinding = mBinding;
+        const LmLifeWatch theWatch(&theBinding);
+        const bool areOthers = LookAgain();
+        const Range theOld = std::exchange(mRange, ReadRange());
+        const bool isOther = mRange.theValue != theOld.theValue;
+        const SInt32 theChosen = Chosen();
+        if (isOther ? IsPushed(theOld) : !isHit) {
+            if (isOther || areOthers) {
+                theBinding.ChoicesAreOthers();
+            }
+            return;
+        }
+        if (areOthers || theChosen != theBinding.mSelected) {
+            theBinding.ChoiceWasMade(theChosen);
+        }
+        if (areOthers && !theWatch.IsGone()) {
+            theBinding.TellChoices();
+        }
+    }
+
+    LmChoiceBinding& mBinding; // whose this is
+    const Kind& mKind;
+    ControlRef mControl;                // null once it was disposed of
+    Range mRange;                       // as it was seen last
+    Choices mChoices;                   // the same
+    EventHandlerRef mHandler = nullptr; // owned; goes with the control
+};
+
 LmChoiceBinding::LmChoiceBinding()
     : LmChoiceBinding(std::vector<ControlRef>())
 {
 }
 
 LmChoiceBinding::LmChoiceBinding(const std::vector<ControlRef>& theButtons)
-    : mControls(std::make_unique<RadioButtons>(*this))
 {
     SetButtons(theButtons);
+}
+
+LmChoiceBinding::LmChoiceBinding(ControlRef theControl)
+{
+    SetControl(theControl);
 }
 
 LmChoiceBinding::~LmChoiceBinding() = default;
 
 void LmChoiceBinding::SetButtons(const std::vector<ControlRef>& theButtons)
 {
-    static_cast<RadioButtons&>(*mControls).Take(theButtons);
-    const LmLifeWatch theWatch(this);
-    SelectWanted();
-    if (!theWatch.IsGone()) {
-        TellChoices();
+    mControls = std::make_unique<RadioButtons>(*this, theButtons);
+    ChoicesAreOthers();
+}
+
+void LmChoiceBinding::SetControl(ControlRef theControl)
+{
+    const Kind* const theKind = KindOf(theControl);
+    if (theKind == nullptr) {
+        SetButtons({theControl});
+        return;
+    }
+    mControls = std::make_unique<OneControl>(*this, theControl, *theKind);
+    ChoicesAreOthers();
+}
+
+void LmChoiceBinding::UpdateChoices()
+{
+    if (mControls->LookAgain()) {
+        ChoicesAreOthers();
     }
 }
 
@@ -271,9 +568,9 @@ SInt32 LmChoiceBinding::FindChoice(const LmString& theKey, const LmValue& theVal
         return thePlace >= 0 && thePlace < theCount ? thePlace : kNone;
     }
     for (SInt32 thePlace = 0; thePlace < theCount; ++thePlace) {
-        const bool isThis = theKey == kKeyTag
-                                ? theValue.IsNumber() && theValue.GetSInt32() == mControls->TagAt(thePlace)
-                                : HasText(theValue) && theValue == mControls->TitleAt(thePlace);
+        const bool isThis = theKey == kKeyTag ? theValue.IsNumber() && theValue.GetSInt32() != kNone &&
+                                                    theValue.GetSInt32() == mControls->TagAt(thePlace)
+                                              : HasText(theValue) && theValue == mControls->TitleAt(thePlace);
         if (isThis) {
             return thePlace;
         }
@@ -318,21 +615,53 @@ void LmChoiceBinding::ChoiceHasGone(SInt32 thePlace)
     }
 }
 
+void LmChoiceBinding::ChoicesAreOthers()
+{
+    const LmLifeWatch theWatch(this);
+    SelectWanted();
+    if (!theWatch.IsGone()) {
+        TellChoices();
+    }
+}
+
 // ---- Keys
+
+// While it lives, this object sets theValue itself.
+class [[nodiscard]] LmChoiceBinding::Telling
+{
+public:
+    Telling(LmChoiceBinding& theBinding, const LmValue& theValue)
+        : mBinding(theBinding),
+          mWatch(&theBinding),
+          mOuter(std::exchange(theBinding.mToldValue, &theValue)),
+          mOuterTurn(std::exchange(theBinding.mToldTurn, theBinding.mTurn))
+    {
+    }
+    ~Telling()
+    {
+        if (!mWatch.IsGone()) {
+            mBinding.mToldValue = mOuter;
+            mBinding.mToldTurn = mOuterTurn;
+        }
+    }
+    Telling(const Telling&) = delete;
+    Telling& operator=(const Telling&) = delete;
+
+    [[nodiscard]] bool BindingIsGone() const { return mWatch.IsGone(); }
+
+private:
+    LmChoiceBinding& mBinding;
+    LmLifeWatch mWatch;
+    const LmValue* const mOuter;
+    const unsigned mOuterTurn;
+};
 
 bool LmChoiceBinding::Tell(const LmString& theKey, const LmValue& theValue)
 {
-    const LmLifeWatch theWatch(this);
     const unsigned theTurn = mTurn;
-    const unsigned theOuterTurn = std::exchange(mToldTurn, mTurn);
-    const LmValue* const theOuter = std::exchange(mToldValue, &theValue);
+    const Telling theTime(*this, theValue);
     SetKeyPathValue(theKey, theValue);
-    if (theWatch.IsGone()) {
-        return false;
-    }
-    mToldValue = theOuter;
-    mToldTurn = theOuterTurn;
-    return mTurn == theTurn;
+    return !theTime.BindingIsGone() && mTurn == theTurn;
 }
 
 bool LmChoiceBinding::TellUnless(const LmString& theWantedKey, const char* theKey, const LmValue& theValue)
@@ -355,10 +684,22 @@ void LmChoiceBinding::TellChoices()
     if (!Tell(kKeyCount, LmValue(static_cast<int>(mToldCount)))) {
         return;
     }
-    if (mSelected == kNone) {
+    if (mSelected == kNone || mSelected >= mControls->Count()) {
         SelectWanted(); // it may have come
     } else {
         Tell(kKeyTitle, mControls->TitleAt(mSelected));
+    }
+}
+
+void LmChoiceBinding::SetTitle(SInt32 thePlace, CFStringRef theTitle)
+{
+    const LmLifeWatch theWatch(this);
+    mControls->SetTitleAt(thePlace, theTitle);
+    if (!theWatch.IsGone()) {
+        TellChoices();
+    }
+    if (!theWatch.IsGone()) {
+        UpdateChoices();
     }
 }
 
@@ -380,7 +721,7 @@ void LmChoiceBinding::SetKeyValue(const LmString& theKey, const LmValue& theValu
     }
     for (SInt32 thePlace = 0; thePlace < mControls->Count(); ++thePlace) {
         if (theKey == KeyOfChoice(thePlace) && HasText(theValue)) {
-            mControls->SetTitleAt(thePlace, theValue.GetString());
+            SetTitle(thePlace, theValue.GetString());
             return;
         }
     }

@@ -11,11 +11,14 @@
 #include <memory>
 #include <vector>
 
-// A choice binding makes one object of several controls of which a person chooses one: today, the radio
-// buttons of a window.
+// A choice binding makes one object of the choices that a person has: of the items of a pop-up button, of the
+// buttons in a radio group, or of several radio buttons of a window.
 //
 //     LmChoiceBinding theDelivery({thePostButton, theCourierButton, thePickUpButton});
 //     theDelivery.Bind("tag", &theModel, "delivery", NULL, NULL);
+//
+//     LmChoiceBinding theCurrency(thePopUpButton);
+//     theCurrency.Bind("title", &theModel, "currency", NULL, NULL);
 //
 // The keys, of which the first three are three ways to say which choice is selected:
 //
@@ -26,21 +29,24 @@
 //     "choices.0"   string: the title of the first choice; "choices.1" that of the second, and so on
 //
 // The tag of a button is the number of its ControlID; of one whose ControlID is not set, its place when it
-// was added.
+// was added. The tag of a menu item is its command. An item without a command has none, which reads as -1; so
+// has a button whose number is -1. Separators and hidden items are no choices, nor is what else stands in a
+// radio group.
 //
-// Setting one of the first three selects the first choice of which it is true, sets the others, turns the
-// button on and all others off. Where there is no such choice, none is selected. A tag or title that was set
-// so stays in its key: when such a choice comes, it is selected. In the same way the selection is kept when
-// buttons come, go or change places: it goes with the tag. When its own button is disposed of, none is
-// selected until one with this tag comes.
+// Setting one of the first three selects the first choice of which it is true, sets the others, and shows
+// that choice in the controls alone. Where there is no such choice, none is selected: buttons are off, and a
+// pop-up button is empty, with the value and the minimum 0. A tag or title that was set so stays in its key:
+// when such a choice comes, it is selected. In the same way the selection is kept when choices come, go or
+// change places: it goes with the tag, or with the title where there is no tag. When the selected choice
+// goes, none is selected until one with its tag or title comes.
 //
-// Setting "choices.0" changes the title of the button, as setting "title" does not. Setting "count" changes
-// nothing. Values that are of another kind select nothing, and change no title.
+// Setting "choices.0" changes the title of the button or item, as setting "title" does not. Setting "count"
+// changes nothing. Values that are of another kind select nothing, and change no title.
 //
-// The buttons are not owned, and the object is the application's: it outlives them, or goes first. Whether
-// they turn themselves on when they are clicked makes no difference; two that are on at first are one that is
-// selected, the first, and one that is turned off. Main thread only. Cost: a handler on each button; what a
-// selection costs grows with their number.
+// The controls are not owned, and the object is the application's: it outlives them, or goes first. Whether
+// buttons turn themselves on when they are clicked makes no difference; two that are on at first are one that
+// is selected, the first, and one that is turned off. Main thread only. Cost: a handler on each button, or on
+// the one control; what a selection costs grows with the number of choices.
 class LM_EXPORT LmChoiceBinding : public LmKeyValueBinding
 {
 public:
@@ -52,7 +58,10 @@ public:
     // The choices that theButtons are, in this order. Selects the first one that is on.
     explicit LmChoiceBinding(const std::vector<ControlRef>& theButtons);
 
-    // Leaves the buttons as they are.
+    // The choices that theControl offers, as SetControl says. Selects the one that it shows.
+    explicit LmChoiceBinding(ControlRef theControl);
+
+    // Leaves the controls as they are.
     ~LmChoiceBinding() override;
 
     LmChoiceBinding(const LmChoiceBinding&) = delete;
@@ -64,6 +73,16 @@ public:
     // that is there twice the first counts. Keeps the selection, as said above.
     void SetButtons(const std::vector<ControlRef>& theButtons);
 
+    // From now on the choices are those of theControl, a pop-up button or a radio group; any other control is
+    // one button, and null has no choices. Keeps the selection.
+    void SetControl(ControlRef theControl);
+
+    // Looks at the choices anew. To be called when items of a pop-up button's menu came, went, changed places
+    // or got another text, for Carbon tells nobody; it is noticed without that when the program then sets the
+    // maximum of the button to another number of items. What happens to buttons is noticed always, but for a
+    // new order in a radio group. Keeps the selection, and gives a pop-up button the maximum that it needs.
+    void UpdateChoices();
+
     // ---- Called by others
 
     // Keeps the value, and does what it says.
@@ -72,6 +91,8 @@ public:
 private:
     class LM_HIDDEN Controls;
     class LM_HIDDEN RadioButtons;
+    class LM_HIDDEN OneControl;
+    class LM_HIDDEN Telling;
 
     // Each of these is false when this object has been destroyed meanwhile, or something else was selected.
     LM_HIDDEN bool Tell(const LmString& theKey, const LmValue& theValue);
@@ -80,11 +101,13 @@ private:
     LM_HIDDEN void Select(SInt32 thePlace, const LmString& theWantedKey);
     LM_HIDDEN void SelectWanted();
     LM_HIDDEN void TellChoices();
+    LM_HIDDEN void SetTitle(SInt32 thePlace, CFStringRef theTitle);
     LM_HIDDEN SInt32 FindChoice(const LmString& theKey, const LmValue& theValue) const;
 
     // What the controls tell.
     LM_HIDDEN void ChoiceWasMade(SInt32 thePlace);
     LM_HIDDEN void ChoiceHasGone(SInt32 thePlace);
+    LM_HIDDEN void ChoicesAreOthers();
 
     std::unique_ptr<Controls> mControls; // what shows the choices; never null
     SInt32 mSelected = -1;               // the place of the selected choice, or -1

@@ -1,6 +1,7 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
 #include "AllocationFailures.h"
+#include "ChoiceTestSupport.h"
 #include "CountedTransforms.h"
 #include "CountFormatter.h"
 #include "LmChangeGroup.h"
@@ -14,6 +15,7 @@
 
 #include <Carbon/Carbon.h>
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <new>
@@ -285,5 +287,96 @@ TEST(ControllersWithoutMemory, TextFieldKeepsWhatWasTypedUntilItIsTaken)
         EXPECT_EQ(theBinding->GetKeyPathValue("value").GetSInt32(), 13) << "allocation " << theNumber;
     }
     EXPECT_GT(theNumber, 5U);
+    DisposeWindow(theWindow);
+}
+
+namespace {
+
+// Each of these controls has choices of these tags, all of which fit into no key without memory.
+const MenuEntry kWithoutMemory[] = {
+    {CFSTR("a title of more than fifteen bytes"), 10},
+    {CFSTR("another title of more than fifteen bytes"), 20},
+    {CFSTR("a third title of more than fifteen bytes"), 30},
+};
+
+ControlRef MakeGroup(WindowRef theWindow)
+{
+    const Rect theBounds = {100, 20, 240, 390};
+    ControlRef theGroup = nullptr;
+    CreateRadioGroupControl(theWindow, &theBounds, &theGroup);
+    for (const MenuEntry& theEntry : kWithoutMemory) {
+        const ControlID theID = {'Choi', static_cast<SInt32>(theEntry.theCommand)};
+        ControlRef theButton = nullptr;
+        CreateRadioButtonControl(theWindow, &theBounds, theEntry.theText, 0, false, &theButton);
+        SetControlID(theButton, &theID);
+        EmbedControl(theButton, theGroup);
+    }
+    return theGroup;
+}
+
+// All keys, and the value of the control that shows the choice.
+std::string DescribeChoice(const LmChoiceBinding& theChoice, ControlRef theControl)
+{
+    return Selected(theChoice) + " of " + Titles(theChoice) + ", shown " +
+           std::to_string(GetControl32BitValue(theControl));
+}
+
+} // namespace
+
+TEST(ControllersWithoutMemory, ChoiceIsMadeOrThereIsNone)
+{
+    const WindowRef theWindow = MakeChoiceWindow();
+    MenuRef theMenu = nullptr;
+    CreateNewMenu(200, 0, &theMenu);
+    FillMenu(theMenu, kWithoutMemory);
+    for (const ControlRef theControl : {MakePopUp(theWindow, theMenu), MakeGroup(theWindow)}) {
+        SetControl32BitValue(theControl, 2);
+        std::size_t theFailures = FailEachAllocation([&](AllocationFailures& theAttempt) {
+            std::unique_ptr<LmChoiceBinding> theChoice;
+            try {
+                theChoice = std::make_unique<LmChoiceBinding>(theControl);
+            } catch (const std::bad_alloc&) {
+            }
+            theAttempt.Stop();
+            EXPECT_TRUE(theChoice != nullptr || theAttempt.HasFailed());
+            SetControl32BitValue(theControl, 3); // nobody is told who is not there
+            SetControl32BitValue(theControl, 2);
+        });
+        EXPECT_GT(theFailures, 5U);
+    }
+    DisposeWindow(theWindow);
+}
+
+TEST(ControllersWithoutMemory, ChoiceAgreesAgainWithTheNextSelection)
+{
+    const WindowRef theWindow = MakeChoiceWindow();
+    MenuRef theMenu = nullptr;
+    CreateNewMenu(200, 0, &theMenu);
+    FillMenu(theMenu, kWithoutMemory);
+    for (const ControlRef theControl : {MakePopUp(theWindow, theMenu), MakeGroup(theWindow)}) {
+        LmChoiceBinding theChoice(theControl);
+        theChoice.SetKeyPathValue("index", LmValue(2));
+        const std::string theLast = DescribeChoice(theChoice, theControl);
+        const std::function<void()> kChanges[] = {
+            [&] { theChoice.SetKeyPathValue("index", LmValue(1)); },
+            [&] { theChoice.SetKeyPathValue("tag", LmValue(10)); },
+            [&] { SetControl32BitValue(theControl, 1); },
+            [&] { theChoice.SetControl(theControl); },
+            [&] { theChoice.UpdateChoices(); },
+        };
+        for (const std::function<void()>& theChange : kChanges) {
+            FailEachAllocation([&](AllocationFailures& theAttempt) {
+                try {
+                    theChange();
+                } catch (const std::bad_alloc&) {
+                }
+                theAttempt.Stop();
+                theChoice.SetKeyPathValue("index", LmValue(0));
+                theChoice.SetControl(theControl);
+                theChoice.SetKeyPathValue("index", LmValue(2));
+                EXPECT_EQ(DescribeChoice(theChoice, theControl), theLast);
+            });
+        }
+    }
     DisposeWindow(theWindow);
 }

@@ -2,6 +2,7 @@
 
 #include "LmChoiceBinding.h"
 
+#include "ChoiceTestSupport.h"
 #include "ControllersTestSupport.h"
 #include "LmObservation.h"
 #include "NotificationRecorder.h"
@@ -21,13 +22,7 @@ class LmChoiceBindingTest : public testing::Test
 protected:
     void SetUp() override
     {
-        const Rect theBounds = {50, 50, 450, 450};
-        ASSERT_EQ(
-            CreateNewWindow(kDocumentWindowClass, kWindowStandardHandlerAttribute, &theBounds, &mWindow),
-            noErr);
-        ControlRef theRoot = nullptr;
-        CreateRootControl(mWindow, &theRoot);
-        ShowWindow(mWindow);
+        mWindow = MakeChoiceWindow();
         mPost = MakeButton(CFSTR("Post"), 10);
         mCourier = MakeButton(CFSTR("Courier"), 20);
         mPickUp = MakeButton(CFSTR("Pick up"), 30);
@@ -52,14 +47,6 @@ protected:
     static void Click(ControlRef theButton)
     {
         HIViewSimulateClick(theButton, kControlRadioButtonPart, 0, nullptr);
-    }
-
-    // "1 20 Courier", the three keys that say what is selected.
-    static std::string Selected(const LmChoiceBinding& theChoice)
-    {
-        return std::to_string(theChoice.GetKeyPathValue("index").GetSInt32()) + " " +
-               std::to_string(theChoice.GetKeyPathValue("tag").GetSInt32()) + " " +
-               LmGetStdString(theChoice.GetKeyPathValue("title"));
     }
 
     // "010", which buttons are on.

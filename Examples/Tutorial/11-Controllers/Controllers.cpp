@@ -140,6 +140,34 @@ static void ChooseABand()
     DisposeWindow(theWindow);
 }
 
+static void ChooseAStation()
+{
+    std::printf("Choices that change:\n");
+    LmKeyValueBinding theRadio;
+    theRadio.SetKeyPathValue("station", LmValue(CFSTR("Harbour"), false));
+    const WindowRef theWindow = MakeRadioWindow();
+    MenuRef theStations = NULL;
+    CreateNewMenu(200, 0, &theStations);
+    AppendMenuItemTextWithCFString(theStations, CFSTR("City"), 0, 0, NULL);
+    AppendMenuItemTextWithCFString(theStations, CFSTR("Harbour"), 0, 0, NULL);
+    const Rect theBounds = {100, 18, 120, 178};
+    ControlRef thePopUpButton = NULL;
+    CreatePopupButtonControl(theWindow, &theBounds, NULL, -12345, false, 0, teFlushDefault, normal,
+                             &thePopUpButton);
+    SetControlData(thePopUpButton, kControlEntireControl, kControlPopupButtonOwnedMenuRefTag,
+                   sizeof theStations, &theStations);
+    {
+        LmChoiceBinding theStation(thePopUpButton);
+        theStation.Bind("title", &theRadio, "station", NULL, NULL);
+        InsertMenuItemTextWithCFString(theStations, CFSTR("Coast"), 0, 0, 0); // before the others
+        theStation.UpdateChoices();
+        std::printf("  %s is item %d of %ld\n", LmGetStdString(theStation.GetKeyPathValue("title")).c_str(),
+                    static_cast<int>(GetControl32BitValue(thePopUpButton)),
+                    theStation.GetKeyPathValue("count").GetSInt32());
+    }
+    DisposeWindow(theWindow);
+}
+
 static void GroupChanges()
 {
     std::printf("Several changes at once:\n");
@@ -178,6 +206,7 @@ int main()
     KeepToTheModel();
     TypeAFrequency();
     ChooseABand();
+    ChooseAStation();
     GroupChanges();
     FindStations();
 }

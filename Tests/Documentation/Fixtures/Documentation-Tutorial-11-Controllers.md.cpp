@@ -16,3 +16,5 @@
 // @file 14 Examples/Tutorial/11-Controllers/expected.txt
 // @file 15 Examples/Tutorial/11-Controllers/Controllers.cpp
 // @file 16 Examples/Tutorial/11-Controllers/expected.txt
+// @file 17 Examples/Tutorial/11-Controllers/Controllers.cpp
+// @file 18 Examples/Tutorial/11-Controllers/expected.txt
