@@ -2,7 +2,9 @@
 
 #include "JournalReader.h"
 #include "LmControlBinding.h"
+#include "LmWindowBinding.h"
 
+#include <algorithm>
 #include <Carbon/Carbon.h>
 #include <gtest/gtest.h>
 #include <Simulation/UserSimulator.h>
@@ -37,6 +39,21 @@ ControlRef MakeSlider(WindowRef theWindow)
 bool Has(const std::string& theLine, const char* theText)
 {
     return theLine.find(theText) != std::string::npos;
+}
+
+// The first line with a text in it; an empty one when there is none.
+const std::string& LineOf(const Lines& theLines, const char* theText)
+{
+    static const std::string kNone;
+    const auto theFound = std::find_if(theLines.begin(), theLines.end(),
+                                       [=](const std::string& theLine) { return Has(theLine, theText); });
+    return theFound == theLines.end() ? kNone : *theFound;
+}
+
+// What an entry has that a line led to.
+std::string CauseOf(const std::string& theLine)
+{
+    return R"("cause":)" + theLine.substr(5, theLine.find(',') - 5) + ",";
 }
 
 } // namespace
@@ -80,6 +97,67 @@ TEST(LmPersonWatch, WritesTheKeysThatArePressed)
         R"({"n":2,"what":"action","event":"kEventRawKeyDown","class":"keyb","kind":1,"code":36})",
         R"({"n":3,"what":"action","event":"kEventRawKeyUp","class":"keyb","kind":3,"code":36})"};
     EXPECT_EQ(theJournal.Take(), theExpected);
+}
+
+TEST(LmPersonWatch, MakesThePersonTheCauseOfWhatAWindowSets)
+{
+    const WindowRef theWindow = MakeWindow();
+    SetWindowTitleWithCFString(theWindow, CFSTR("Kitchen"));
+    new LmWindowBinding(theWindow); // deletes itself with the window
+    Host::UserSimulator theUser;
+    TestJournal theJournal;
+    ASSERT_TRUE(theUser.MoveWindow(theWindow, 20, 10));
+    const Lines theMoves = theJournal.Take();
+    const std::string& theMove = LineOf(theMoves, R"("event":"kEventWindowDragStarted")");
+    EXPECT_TRUE(Has(theMove, R"("class":"wind","kind":30,"title":"Kitchen"})")) << theMove;
+    const std::string& theEvent = LineOf(theMoves, R"("what":"event")");
+    EXPECT_TRUE(Has(theEvent, CauseOf(theMove).c_str())) << theEvent;
+    const std::string& theChange = LineOf(theMoves, R"("what":"changed")");
+    EXPECT_TRUE(Has(theChange, R"("key":"bounds")")) << theChange;
+    EXPECT_TRUE(Has(theChange, CauseOf(theEvent).c_str())) << theChange;
+    ASSERT_TRUE(theUser.CloseWindow(theWindow));
+    const Lines theEnd = theJournal.Take();
+    const std::string& theClosing = LineOf(theEnd, R"("event":"kEventWindowClose")");
+    EXPECT_TRUE(Has(theClosing, R"("title":"Kitchen")")) << theClosing;
+    EXPECT_TRUE(Has(LineOf(theEnd, R"("what":"event")"), CauseOf(theClosing).c_str()));
+}
+
+TEST(LmPersonWatch, MakesThePersonTheCauseOfWhatACommandSets)
+{
+    static LmKeyValueStore theStore;
+    theStore.SetKeyPathValue("mode", LmValue(1));
+    MenuRef theMenu = nullptr;
+    CreateNewMenu(1, 0, &theMenu);
+    SetMenuTitleWithCFString(theMenu, CFSTR("Mode"));
+    AppendMenuItemTextWithCFString(theMenu, CFSTR("Night"), 0, 'nigh', nullptr);
+    SetMenuItemCommandKey(theMenu, 1, false, 'N');
+    InsertMenu(theMenu, 0);
+    static const EventTypeSpec kCommand = {kEventClassCommand, kEventCommandProcess};
+    static const EventHandlerUPP kObey =
+        NewEventHandlerUPP([](EventHandlerCallRef, EventRef, void*) -> OSStatus {
+            theStore.SetKeyPathValue("mode", LmValue(theStore.GetKeyPathValue("mode").GetSInt32() + 1));
+            return noErr;
+        });
+    EventHandlerRef theHandler = nullptr;
+    InstallEventHandler(GetApplicationEventTarget(), kObey, 1, &kCommand, nullptr, &theHandler);
+    Host::UserSimulator theUser;
+    TestJournal theJournal;
+    const std::string theChoice =
+        R"("what":"action","event":"kEventCommandProcess","class":"cmds","kind":1,"title":"Night"})";
+    ASSERT_TRUE(theUser.ChooseCommand('nigh'));
+    const Lines theLines = theJournal.Take();
+    EXPECT_NE(LineOf(theLines, "kEventMenuOpening"), "");
+    const std::string& theAction = LineOf(theLines, "kEventCommandProcess");
+    EXPECT_TRUE(Has(theAction, theChoice.c_str())) << theAction;
+    EXPECT_TRUE(Has(LineOf(theLines, R"("what":"changed")"), CauseOf(theAction).c_str()));
+    // By its key: the key is the person's action, and the choice follows from it.
+    theUser.PressKey(45, cmdKey);
+    const Lines theKeys = theJournal.Take("action");
+    EXPECT_TRUE(Has(theKeys.at(0), R"("event":"kEventRawKeyDown")")) << theKeys.at(0);
+    EXPECT_TRUE(Has(theKeys.at(1), theChoice.c_str())) << theKeys.at(1);
+    RemoveEventHandler(theHandler);
+    ClearMenuBar();
+    DisposeMenu(theMenu);
 }
 
 TEST(LmPersonWatch, LetsTheJournalEndWhileAnEventIsOnItsWay)

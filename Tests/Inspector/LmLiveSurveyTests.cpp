@@ -298,6 +298,46 @@ TEST_F(LmLiveSurveyTest, HandsEverythingOnToTheHookThatWasThere)
     EXPECT_EQ(LmSetJournalHook(nullptr), &theOther);
 }
 
+TEST_F(LmLiveSurveyTest, SaysWhatAPersonDidToAWindow)
+{
+    const WindowRef theWindow = MakeWindow();
+    SetWindowTitleWithCFString(theWindow, CFSTR("Kitchen"));
+    auto* const theBinding = new LmWindowBinding(theWindow); // deletes itself with the window
+    Host::UserSimulator theUser;
+    ASSERT_TRUE(theUser.MoveWindow(theWindow, 20, 10));
+    const std::uint64_t theObject = Survey().FindByName("Kitchen");
+    ASSERT_NE(theObject, 0U) << theBinding->GetDebugInfo().GetUTF8();
+    EXPECT_EQ(Survey().FindReasons(theObject, "bounds").back(), "a person moved a window, \"Kitchen\"");
+    DisposeWindow(theWindow);
+}
+
+TEST_F(LmLiveSurveyTest, TellsAJournalOnceOfWhatAPersonDoes)
+{
+    LmEndInspector();
+    Counter theOther;
+    LmSetJournalHook(&theOther);
+    LmAllowInspector();
+    // A journal watches the person too.
+    static const EventTypeSpec kKey = {kEventClassKeyboard, kEventRawKeyDown};
+    static const EventHandlerUPP kWatch =
+        NewEventHandlerUPP([](EventHandlerCallRef theNext, EventRef theEvent, void*) -> OSStatus {
+            LmJournalEntry theEntry{kJournalAction};
+            theEntry.theEvent = theEvent;
+            LmWriteJournalEntry(theEntry, &theEntry);
+            const OSStatus theStatus = CallNextEventHandler(theNext, theEvent);
+            LmCloseJournalEntry(&theEntry);
+            return theStatus;
+        });
+    EventHandlerRef theHandler = nullptr;
+    InstallEventHandler(GetEventDispatcherTarget(), kWatch, 1, &kKey, nullptr, &theHandler);
+    Host::UserSimulator theUser;
+    theUser.PressKey(36);
+    EXPECT_EQ(theOther.mCount, 2U) << "the key went down and up";
+    RemoveEventHandler(theHandler);
+    LmEndInspector();
+    EXPECT_EQ(LmSetJournalHook(nullptr), &theOther);
+}
+
 TEST_F(LmLiveSurveyTest, LeavesAloneWhatOtherThreadsDo)
 {
     const std::uint64_t theCount = Survey().CountEntries();

@@ -17,7 +17,7 @@ struct ActionName
     std::string_view theDeed;
 };
 
-constexpr std::array<ActionName, 9> kActions = {
+constexpr std::array<ActionName, 21> kActions = {
     {{"kEventMouseDown", "pressed the mouse"},
      {"kEventMouseUp", "released the mouse"},
      {"kEventMouseDragged", "dragged the mouse"},
@@ -26,7 +26,19 @@ constexpr std::array<ActionName, 9> kActions = {
      {"kEventRawKeyDown", "pressed a key"},
      {"kEventRawKeyRepeat", "held a key down"},
      {"kEventRawKeyUp", "released a key"},
-     {"kEventRawKeyModifiersChanged", "pressed or released a modifier key"}}};
+     {"kEventRawKeyModifiersChanged", "pressed or released a modifier key"},
+     {"kEventCommandProcess", "chose a menu item"},
+     {"kEventMenuOpening", "opened a menu"},
+     {"kEventMenuClosed", "closed a menu"},
+     {"kEventWindowDragStarted", "moved a window"},
+     {"kEventWindowResizeStarted", "resized a window"},
+     {"kEventWindowActivated", "brought a window to the front"},
+     {"kEventWindowClose", "asked a window to close"},
+     {"kEventWindowZoom", "zoomed a window"},
+     {"kEventWindowCollapse", "collapsed a window"},
+     {"kEventWindowExpand", "expanded a window"},
+     {"kEventTextInputUnicodeForKeyEvent", "edited a text"},
+     {"kEventAppQuit", "asked the program to quit"}}};
 
 // Its name, or its class and number: kEventMouseDown, event 1 of the class 'mous'.
 std::string ShowEvent(const Entry& theEntry)
@@ -95,7 +107,9 @@ std::string DescribeAction(const Entry& theEntry)
     }
     const std::string theKey =
         theEntry.theKeyCode ? ", key code " + std::to_string(*theEntry.theKeyCode) : std::string();
-    return "a person " + theDeed + ShowPlace(theEntry) + theKey + " (" + ShowEvent(theEntry) + ")";
+    const std::string theTitle =
+        theEntry.theTitle.empty() ? std::string() : ", \"" + Escape(theEntry.theTitle) + "\"";
+    return "a person " + theDeed + theTitle + ShowPlace(theEntry) + theKey + " (" + ShowEvent(theEntry) + ")";
 }
 
 std::string DescribeEquality(const Entry& theEntry)

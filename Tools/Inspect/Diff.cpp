@@ -89,7 +89,7 @@ private:
         const bool isSameDetail = theLeft.theWhat == What::Named || theLeft.theDetail == theRight.theDetail;
         return isSameDetail && theLeft.theText == theRight.theText && theLeft.theCode == theRight.theCode &&
                theLeft.thePlace == theRight.thePlace && theLeft.theKeyCode == theRight.theKeyCode &&
-               theLeft.isDone == theRight.isDone;
+               theLeft.theTitle == theRight.theTitle && theLeft.isDone == theRight.isDone;
     }
 
     Pairs mObjects;

@@ -60,6 +60,7 @@ void Entry::Clear()
     theDetail.clear();
     thePlace.reset();
     theKeyCode.reset();
+    theTitle.clear();
     isDone = false;
     theModule.thePath.clear();
     theModule.theBuild.clear();

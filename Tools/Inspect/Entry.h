@@ -104,6 +104,7 @@ struct Entry
     std::uint64_t theCode = 0; // "kind" of an event; "line"; "count"; "version"; "lost"
     std::optional<std::pair<double, double>> thePlace;
     std::optional<std::uint64_t> theKeyCode;
+    std::string theTitle;      // "title" of an action
     bool isDone = false;       // "done"; the phase "changed"
     std::uint64_t theFile = 0; // "file" of begin
     Module theModule;

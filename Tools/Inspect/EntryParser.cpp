@@ -480,6 +480,7 @@ void EntryParser::Fields::TakeOutside(Entry& theEntry)
     Take("code", false, [&](const element& theElement) {
         return theElement.get(theEntry.theKeyCode.emplace()) == simdjson::SUCCESS;
     });
+    Text("title", false, theEntry.theTitle);
 }
 
 // What the kinds have of their own.

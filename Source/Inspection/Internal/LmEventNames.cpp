@@ -29,6 +29,13 @@ const EventName kNames[] = {
     LM_EVENT(kEventClassControl, kEventControlEnabledStateChanged),
     LM_EVENT(kEventClassControl, kEventControlVisibilityChanged),
     LM_EVENT(kEventClassControl, kEventControlTitleChanged),
+    LM_EVENT(kEventClassWindow, kEventWindowActivated),
+    LM_EVENT(kEventClassWindow, kEventWindowDragStarted),
+    LM_EVENT(kEventClassWindow, kEventWindowResizeStarted),
+    LM_EVENT(kEventClassWindow, kEventWindowZoom),
+    LM_EVENT(kEventClassWindow, kEventWindowCollapse),
+    LM_EVENT(kEventClassWindow, kEventWindowExpand),
+    LM_EVENT(kEventClassWindow, kEventWindowClose),
     LM_EVENT(kEventClassWindow, kEventWindowClosed),
     LM_EVENT(kEventClassWindow, kEventWindowShown),
     LM_EVENT(kEventClassWindow, kEventWindowHidden),
@@ -36,8 +43,13 @@ const EventName kNames[] = {
     LM_EVENT(kEventClassWindow, kEventWindowExpanded),
     LM_EVENT(kEventClassWindow, kEventWindowBoundsChanged),
     LM_EVENT(kEventClassWindow, kEventWindowTitleChanged),
+    LM_EVENT(kEventClassMenu, kEventMenuOpening),
+    LM_EVENT(kEventClassMenu, kEventMenuClosed),
     LM_EVENT(kEventClassMenu, kEventMenuDispose),
+    LM_EVENT(kEventClassCommand, kEventCommandProcess),
     LM_EVENT(kEventClassCommand, kEventCommandUpdateStatus),
+    LM_EVENT(kEventClassTextInput, kEventTextInputUnicodeForKeyEvent),
+    LM_EVENT(kEventClassApplication, kEventAppQuit),
 };
 
 #undef LM_EVENT

@@ -5,6 +5,7 @@
 #include "LmBindable.h"
 #include "LmEventNames.h"
 #include "LmKeyValueBinding.h"
+#include "LmPersonWatch.h"
 #include "LmValueTransform.h"
 #include "LmVersion.h"
 
@@ -610,6 +611,10 @@ void LmJournalRecorder::AddAction(const LmJournalEntry& theEntry)
     if (GetEventParameter(theEvent, kEventParamKeyCode, typeUInt32, nullptr, sizeof theKeyCode, nullptr,
                           &theKeyCode) == noErr) {
         mLine.AddNumber("code", std::uint64_t{theKeyCode});
+    }
+    const std::string theTitle = LmTitleOfAction(theEvent);
+    if (!theTitle.empty()) {
+        mLine.AddString("title", theTitle.c_str());
     }
 }
 

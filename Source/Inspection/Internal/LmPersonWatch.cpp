@@ -2,6 +2,7 @@
 
 #include "LmPersonWatch.h"
 
+#include "LmConveniences.h"
 #include "LmJournalHook.h"
 
 namespace {
@@ -12,6 +13,41 @@ const EventTypeSpec kActions[] = {
     {kEventClassKeyboard, kEventRawKeyDown}, {kEventClassKeyboard, kEventRawKeyRepeat},
     {kEventClassKeyboard, kEventRawKeyUp},
 };
+
+// A choice, and what is done by the frames of windows, reach a program of the host as no event of mouse or
+// keyboard.
+const EventTypeSpec kOtherActions[] = {
+    {kEventClassCommand, kEventCommandProcess},
+    {kEventClassMenu, kEventMenuOpening},
+    {kEventClassMenu, kEventMenuClosed},
+    {kEventClassWindow, kEventWindowDragStarted},
+    {kEventClassWindow, kEventWindowResizeStarted},
+    {kEventClassWindow, kEventWindowActivated},
+    {kEventClassWindow, kEventWindowClose},
+    {kEventClassWindow, kEventWindowZoom},
+    {kEventClassWindow, kEventWindowCollapse},
+    {kEventClassWindow, kEventWindowExpand},
+    {kEventClassTextInput, kEventTextInputUnicodeForKeyEvent},
+    {kEventClassApplication, kEventAppQuit},
+};
+
+// Where the host tells of these; null on a system that has no need to.
+EventTargetRef FindOtherActions()
+{
+    const CFBundleRef theProgram = CFBundleGetMainBundle();
+    void* const theFunction =
+        theProgram != nullptr
+            ? CFBundleGetFunctionPointerForName(theProgram, CFSTR("HostGetPersonActionTarget"))
+            : nullptr;
+    return theFunction != nullptr ? reinterpret_cast<EventTargetRef (*)()>(theFunction)() : nullptr;
+}
+
+template <typename Object>
+bool ReadDirectObject(EventRef theEvent, EventParamType theType, Object& theObject)
+{
+    return GetEventParameter(theEvent, kEventParamDirectObject, theType, nullptr, sizeof theObject, nullptr,
+                             &theObject) == noErr;
+}
 
 OSStatus NoteAction(EventHandlerCallRef theNext, EventRef theEvent, void* /*userData*/)
 {
@@ -33,11 +69,39 @@ LmPersonWatch::LmPersonWatch()
     // Where that fails, there are no entries of this kind.
     InstallEventHandler(GetEventDispatcherTarget(), kHandler, GetEventTypeCount(kActions), kActions, nullptr,
                         &mHandler);
+    const EventTargetRef theOthers = FindOtherActions();
+    if (theOthers != nullptr) {
+        InstallEventHandler(theOthers, kHandler, GetEventTypeCount(kOtherActions), kOtherActions, nullptr,
+                            &mOtherHandler);
+    }
 }
 
 LmPersonWatch::~LmPersonWatch()
 {
-    if (mHandler != nullptr) {
-        RemoveEventHandler(mHandler);
+    for (const EventHandlerRef theHandler : {mHandler, mOtherHandler}) {
+        if (theHandler != nullptr) {
+            RemoveEventHandler(theHandler);
+        }
     }
+}
+
+std::string LmTitleOfAction(EventRef theAction)
+{
+    CFStringRef theTitle = nullptr;
+    HICommand theCommand{};
+    WindowRef theWindow = nullptr;
+    MenuRef theMenu = nullptr;
+    if (ReadDirectObject(theAction, typeHICommand, theCommand)) {
+        CopyMenuItemTextAsCFString(theCommand.menu.menuRef, theCommand.menu.menuItemIndex, &theTitle);
+    } else if (ReadDirectObject(theAction, typeWindowRef, theWindow)) {
+        CopyWindowTitleAsCFString(theWindow, &theTitle);
+    } else if (ReadDirectObject(theAction, typeMenuRef, theMenu)) {
+        CopyMenuTitleAsCFString(theMenu, &theTitle);
+    }
+    if (theTitle == nullptr) {
+        return {};
+    }
+    LmValue theValue;
+    theValue.SetString(theTitle, true);
+    return LmGetStdString(theValue);
 }

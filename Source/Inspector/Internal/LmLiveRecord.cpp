@@ -68,21 +68,45 @@ std::string SayEvent(const LmJournalEntry& theEntry)
     return theName != nullptr ? theName : "event " + std::to_string(theEntry.theDetail);
 }
 
+struct Deed
+{
+    OSType theClass;
+    UInt32 theKind;
+    const char* theWords;
+};
+
+const Deed kDeeds[] = {
+    {kEventClassMouse, kEventMouseDown, "pressed the mouse"},
+    {kEventClassMouse, kEventMouseUp, "released the mouse"},
+    {kEventClassMouse, kEventMouseDragged, "dragged the mouse"},
+    {kEventClassMouse, kEventMouseWheelMoved, "turned the wheel"},
+    {kEventClassKeyboard, kEventRawKeyDown, "pressed a key"},
+    {kEventClassKeyboard, kEventRawKeyRepeat, "held a key down"},
+    {kEventClassKeyboard, kEventRawKeyUp, "released a key"},
+    {kEventClassCommand, kEventCommandProcess, "chose a menu item"},
+    {kEventClassMenu, kEventMenuOpening, "opened a menu"},
+    {kEventClassMenu, kEventMenuClosed, "closed a menu"},
+    {kEventClassWindow, kEventWindowDragStarted, "moved a window"},
+    {kEventClassWindow, kEventWindowResizeStarted, "resized a window"},
+    {kEventClassWindow, kEventWindowActivated, "brought a window to the front"},
+    {kEventClassWindow, kEventWindowClose, "asked a window to close"},
+    {kEventClassWindow, kEventWindowZoom, "zoomed a window"},
+    {kEventClassWindow, kEventWindowCollapse, "collapsed a window"},
+    {kEventClassWindow, kEventWindowExpand, "expanded a window"},
+    {kEventClassTextInput, kEventTextInputUnicodeForKeyEvent, "edited a text"},
+    {kEventClassApplication, kEventAppQuit, "asked the program to quit"},
+};
+
 std::string SayAction(const LmJournalEntry& theEntry)
 {
-    if (theEntry.theCode == kEventClassKeyboard) {
-        return theEntry.theDetail == kEventRawKeyUp ? "a person released a key" : "a person pressed a key";
+    std::string theText = "a person did something";
+    for (const Deed& theDeed : kDeeds) {
+        if (theDeed.theClass == theEntry.theCode && theDeed.theKind == theEntry.theDetail) {
+            theText = std::string("a person ") + theDeed.theWords;
+        }
     }
-    switch (theEntry.theDetail) {
-    case kEventMouseDown:
-        return "a person pressed the mouse";
-    case kEventMouseUp:
-        return "a person released the mouse";
-    case kEventMouseDragged:
-        return "a person dragged the mouse";
-    default:
-        return "a person turned the wheel";
-    }
+    const std::string theTitle = LmTitleOfAction(static_cast<EventRef>(const_cast<void*>(theEntry.theEvent)));
+    return theTitle.empty() ? theText : theText + ", \"" + theTitle + "\"";
 }
 
 std::string SayDiagnostic(const LmJournalEntry& theEntry)
@@ -197,6 +221,12 @@ void LmLiveRecord::KeepLine(LinePointer theLine)
 std::uint64_t LmLiveRecord::Write(const LmJournalEntry& theEntry, const void* theScope) noexcept
 {
     if (std::this_thread::get_id() == mThread) {
+        // A journal has somebody of its own who watches the person.
+        const bool isTwice =
+            theEntry.theEvent != nullptr && !mFrames.empty() && mFrames.back().theEvent == theEntry.theEvent;
+        if (isTwice) {
+            return 0;
+        }
         try {
             Take(theEntry, theScope);
         } catch (const std::bad_alloc&) {
@@ -233,12 +263,6 @@ void LmLiveRecord::Take(const LmJournalEntry& theEntry, const void* theScope)
         return;
     }
     if (theEntry.theKind == kJournalEnd) {
-        return;
-    }
-    // A journal has somebody of its own who watches the person.
-    const bool isTwice =
-        theEntry.theEvent != nullptr && !mFrames.empty() && mFrames.back().theEvent == theEntry.theEvent;
-    if (isTwice) {
         return;
     }
     MeetNewObjects();

@@ -199,10 +199,17 @@ TEST(EntryParser, ReadsActionsEventsAndModules)
               theEntry),
         "");
     EXPECT_EQ(theEntry.theKeyCode, std::optional<std::uint64_t>(36));
+    EXPECT_EQ(
+        Parse(
+            R"({"n":1,"t":0,"what":"action","event":"kEventCommandProcess","class":"cmds","kind":1,"title":"Night"})",
+            theEntry),
+        "");
+    EXPECT_EQ(theEntry.theTitle, "Night");
     EXPECT_EQ(Parse(R"({"n":1,"t":0,"what":"action","event":null,"class":"mous","kind":9,"place":[1.5,2]})",
                     theEntry),
               "");
     EXPECT_EQ(theEntry.theText, "");
+    EXPECT_EQ(theEntry.theTitle, "");
     EXPECT_EQ(theEntry.thePlace, (std::optional<std::pair<double, double>>({1.5, 2})));
     EXPECT_EQ(
         Parse(

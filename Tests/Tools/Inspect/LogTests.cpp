@@ -62,6 +62,21 @@ TEST(Log, IsATreeOfTheChanges)
               "     15     0.000015 s            [ControlRef 'volu', 2].value: \"40\" -> \"55\"\n");
 }
 
+TEST(Log, NamesWhatAPersonChoseOrMoved)
+{
+    TestJournal theText;
+    theText.Add(0, "action",
+                R"("event":"kEventCommandProcess","class":"cmds","kind":1,"title":"Night\u0007")");
+    theText.Add(0, "action", R"("event":"kEventWindowDragStarted","class":"wind","kind":30,"title":"Radio")");
+    std::ostringstream theOutput;
+    std::ostringstream theErrors;
+    Inspect::Journal theJournal = JournalWith(theText.GetText(), theErrors);
+    EXPECT_EQ(Inspect::RunLog(theJournal, {}, theOutput, theErrors), 0);
+    EXPECT_EQ(theOutput.str(),
+              "      2     0.000002 s  a person chose a menu item, \"Night\\u0007\" (kEventCommandProcess)\n"
+              "      3     0.000003 s  a person moved a window, \"Radio\" (kEventWindowDragStarted)\n");
+}
+
 TEST(Log, ShowsWhatAFilterLetsThrough)
 {
     LogOptions theOptions;

@@ -6,6 +6,7 @@
 #include "Events/EventLoopTimers.h"
 #include "Events/EventTargets.h"
 #include "Events/OutgoingEvent.h"
+#include "Events/PersonActions.h"
 #include "KeyText.h"
 #include "Menus/Menus.h"
 #include "Toolbox/Held.h"
@@ -477,7 +478,14 @@ bool InputGate::WindowResized(ObjectId theWindow, PixelSize theContentSize)
 bool InputGate::WindowActivated(ObjectId theWindow)
 {
     const SharedWindow theFound = FindOpenWindow(theWindow);
-    return theFound != nullptr && !theFound->IsActive() && ActivatedByPerson(theFound);
+    if (theFound == nullptr || theFound->IsActive()) {
+        return false;
+    }
+    PersonAction theAction(kEventClassWindow, kEventWindowActivated);
+    theAction.Set(kEventParamDirectObject, typeWindowRef, theFound->Reference());
+    bool isDelivered = false;
+    theAction.Do([&] { isDelivered = ActivatedByPerson(theFound); });
+    return isDelivered;
 }
 
 // Menus ------------------------------------------------------------------------------------------------
@@ -502,7 +510,8 @@ bool InputGate::MenuClosed(ObjectId theMenu)
 
 bool InputGate::QuitAsked()
 {
-    AskToQuit();
+    PersonAction theAction(kEventClassApplication, kEventAppQuit);
+    theAction.Do([] { AskToQuit(); });
     return true;
 }
 

@@ -158,6 +158,9 @@ void UpdateMenuItem(const SharedMenu& theMenu, MenuItemIndex theItem, UInt32 the
 // Whether a person could choose an item, not regarding what holds its menu.
 bool IsChoosable(const SharedMenu& theMenu, MenuItemIndex theItem);
 
+// The command of an item, as events tell of it.
+HICommand CommandOf(const SharedMenu& theMenu, MenuItemIndex theItem);
+
 // Sends the command of an item that was chosen; result as of sending.
 OSStatus SendMenuCommand(const SharedMenu& theMenu, MenuItemIndex theItem, UInt32 theContext,
                          const UInt32* theModifiers);

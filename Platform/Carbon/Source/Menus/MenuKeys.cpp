@@ -6,6 +6,7 @@
 
 #include "Base/Guarded.h"
 #include "Events/OutgoingEvent.h"
+#include "Events/PersonActions.h"
 
 #include <algorithm>
 
@@ -238,8 +239,12 @@ bool TakeCommandKey(EventRef theEvent)
     }
     UInt32 theModifiers = 0;
     ReadParameter(theEvent, kEventParamKeyModifiers, typeUInt32, &theModifiers);
-    SendMenuCommand(theFound.theMenu, theFound.theIndex, kMenuContextMenuBar | kMenuContextKeyMatching,
-                    &theModifiers);
+    PersonAction theAction(kEventClassCommand, kEventCommandProcess);
+    theAction.Set(kEventParamDirectObject, typeHICommand, CommandOf(theFound.theMenu, theFound.theIndex));
+    theAction.Do([&] {
+        SendMenuCommand(theFound.theMenu, theFound.theIndex, kMenuContextMenuBar | kMenuContextKeyMatching,
+                        &theModifiers);
+    });
     return true;
 }
 

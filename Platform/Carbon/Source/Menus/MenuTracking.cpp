@@ -6,6 +6,7 @@
 
 #include "Common/NeverDestroyed.h"
 #include "Events/OutgoingEvent.h"
+#include "Events/PersonActions.h"
 #include "Menus.h"
 
 #include <algorithm>
@@ -224,6 +225,45 @@ SInt32 PackedChoice(const SharedMenu& theMenu, MenuItemIndex theItem)
     return static_cast<SInt32>((theID << 16) | theItem);
 }
 
+// Opens a menu of the bar, or one that an item of an open menu holds. False when a handler refused.
+bool PullDown(const SharedMenu& theMenu, const SharedMenu& theRoot)
+{
+    if (!TheSession().theIsOn &&
+        !BeginSession(theRoot->Reference(), kMenuContextMenuBar | kMenuContextMenuBarTracking)) {
+        return false;
+    }
+    CloseUpTo(theMenu);
+    if (!Open(theMenu)) {
+        if (TheSession().theOpen.empty() && TheSession().theIsOn) {
+            EndSession(kHIMenuDismissedByUserCancel);
+        }
+        return false;
+    }
+    return true;
+}
+
+bool CloseWithoutChoice(MenuRef theMenu)
+{
+    while (IsIn(TheSession().theOpen, theMenu)) {
+        CloseInnermost();
+    }
+    if (TheSession().theIsOn && TheSession().theOpen.empty()) {
+        EndSession(kHIMenuDismissedByUserCancel);
+    }
+    return true;
+}
+
+// Does to a menu what a person wants, and answers what theWork does.
+template <class Work>
+bool DoToMenu(const SharedMenu& theMenu, UInt32 theKind, const Work& theWork)
+{
+    PersonAction theAction(kEventClassMenu, theKind);
+    theAction.Set(kEventParamDirectObject, typeMenuRef, theMenu->Reference());
+    bool isDelivered = false;
+    theAction.Do([&] { isDelivered = theWork(); });
+    return isDelivered;
+}
+
 } // namespace
 
 bool MenuOpenedByPerson(ObjectId theMenu)
@@ -233,18 +273,7 @@ bool MenuOpenedByPerson(ObjectId theMenu)
     if (theFound == nullptr || theRoot == nullptr || IsIn(TheSession().theOpen, theFound->Reference())) {
         return false;
     }
-    if (!TheSession().theIsOn &&
-        !BeginSession(theRoot->Reference(), kMenuContextMenuBar | kMenuContextMenuBarTracking)) {
-        return false;
-    }
-    CloseUpTo(theFound);
-    if (!Open(theFound)) {
-        if (TheSession().theOpen.empty() && TheSession().theIsOn) {
-            EndSession(kHIMenuDismissedByUserCancel);
-        }
-        return false;
-    }
-    return true;
+    return DoToMenu(theFound, kEventMenuOpening, [&] { return PullDown(theFound, theRoot); });
 }
 
 bool MenuChosenByPerson(ObjectId theMenu, MenuItemIndex theItem, UInt32 theModifiers)
@@ -253,10 +282,14 @@ bool MenuChosenByPerson(ObjectId theMenu, MenuItemIndex theItem, UInt32 theModif
     if (theFound == nullptr || !CanBeChosen(theFound, theItem)) {
         return false;
     }
-    if (const PopUpChoice theChoice = CloseByChoice(theFound, theItem)) {
-        SendMenuCommand(theChoice.theMenu, theChoice.theItem, theChoice.theContext, &theModifiers);
-    }
-    CatchUpWithMenus();
+    PersonAction theAction(kEventClassCommand, kEventCommandProcess);
+    theAction.Set(kEventParamDirectObject, typeHICommand, CommandOf(theFound, theItem));
+    theAction.Do([&] {
+        if (const PopUpChoice theChoice = CloseByChoice(theFound, theItem)) {
+            SendMenuCommand(theChoice.theMenu, theChoice.theItem, theChoice.theContext, &theModifiers);
+        }
+        CatchUpWithMenus();
+    });
     return true;
 }
 
@@ -266,14 +299,7 @@ bool MenuClosedByPerson(ObjectId theMenu)
     if (theFound == nullptr || !IsIn(TheSession().theOpen, theFound->Reference())) {
         return false;
     }
-    const MenuRef theReference = theFound->Reference();
-    while (IsIn(TheSession().theOpen, theReference)) {
-        CloseInnermost();
-    }
-    if (TheSession().theIsOn && TheSession().theOpen.empty()) {
-        EndSession(kHIMenuDismissedByUserCancel);
-    }
-    return true;
+    return DoToMenu(theFound, kEventMenuClosed, [&] { return CloseWithoutChoice(theFound->Reference()); });
 }
 
 PopUpChoice TrackPopUp(const SharedMenu& theMenu, Point thePlace, MenuItemIndex theItem)

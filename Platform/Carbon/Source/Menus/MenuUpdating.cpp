@@ -14,16 +14,6 @@ namespace Host {
 
 namespace {
 
-HICommand CommandOf(const SharedMenu& theMenu, MenuItemIndex theItem)
-{
-    HICommand theCommand{};
-    theCommand.attributes = kHICommandFromMenu;
-    theCommand.commandID = theMenu->Item(theItem)->theCommand;
-    theCommand.menu.menuRef = theMenu->Reference();
-    theCommand.menu.menuItemIndex = theItem;
-    return theCommand;
-}
-
 // The items of a menu that somebody asked to have brought up to date.
 void RunPendingEnabling(const SharedMenu& theMenu)
 {
@@ -98,6 +88,16 @@ bool IsChoosable(const SharedMenu& theMenu, MenuItemIndex theItem)
     return theFound != nullptr && theMenu->mIsEnabled && theFound->IsEnabled() &&
            !theFound->Is(kMenuItemAttrSeparator) && !theFound->Is(kMenuItemAttrSectionHeader) &&
            (theMenu->Submenu(theItem) == nullptr || theFound->Is(kMenuItemAttrSubmenuParentChoosable));
+}
+
+HICommand CommandOf(const SharedMenu& theMenu, MenuItemIndex theItem)
+{
+    HICommand theCommand{};
+    theCommand.attributes = kHICommandFromMenu;
+    theCommand.commandID = theMenu->Item(theItem)->theCommand;
+    theCommand.menu.menuRef = theMenu->Reference();
+    theCommand.menu.menuItemIndex = theItem;
+    return theCommand;
 }
 
 OSStatus SendMenuCommand(const SharedMenu& theMenu, MenuItemIndex theItem, UInt32 theContext,

@@ -7,6 +7,7 @@
 #include "Base/Geometry.h"
 #include "ControlTracking.h"
 #include "Events/OutgoingEvent.h"
+#include "Events/PersonActions.h"
 #include "KeyboardFocus.h"
 
 #include <algorithm>
@@ -145,7 +146,9 @@ bool Ask(const SharedWindow& theWindow, WindowAttributes theNeeded, UInt32 theKi
     if (theWindow->IsClosing() || !theWindow->Has(theNeeded)) {
         return false;
     }
-    theWindow->Ask(theKind);
+    PersonAction theAction(kEventClassWindow, theKind);
+    theAction.Set(kEventParamDirectObject, typeWindowRef, theWindow->Reference());
+    theAction.Do([&] { theWindow->Ask(theKind); });
     return true;
 }
 
@@ -212,15 +215,19 @@ bool ChangeByHand(const SharedWindow& theWindow, const Rect& theContent, UInt32 
     if (theWindow->IsClosing() || IsEmpty(theContent) || Agree(theContent, theWindow->Content())) {
         return false;
     }
-    const Rect theOriginal = theWindow->Content();
-    theWindow->Tell(theStart);
-    if (!theWindow->IsGone()) {
-        theWindow->SetContent(theContent, theCause, &theOriginal);
-    }
-    if (!theWindow->IsGone()) {
-        theWindow->Tell(theEnd);
-        theWindow->Show(); // handlers may have wanted it elsewhere than the desktop has it
-    }
+    PersonAction theAction(kEventClassWindow, theStart);
+    theAction.Set(kEventParamDirectObject, typeWindowRef, theWindow->Reference());
+    theAction.Do([&] {
+        const Rect theOriginal = theWindow->Content();
+        theWindow->Tell(theStart);
+        if (!theWindow->IsGone()) {
+            theWindow->SetContent(theContent, theCause, &theOriginal);
+        }
+        if (!theWindow->IsGone()) {
+            theWindow->Tell(theEnd);
+            theWindow->Show(); // handlers may have wanted it elsewhere than the desktop has it
+        }
+    });
     return true;
 }
 

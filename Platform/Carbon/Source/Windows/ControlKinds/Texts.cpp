@@ -5,6 +5,7 @@
 #include "Creation.h"
 #include "DataTags.h"
 #include "Events/OutgoingEvent.h"
+#include "Events/PersonActions.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -440,7 +441,12 @@ bool TextEditedByPerson(const SharedControl& theControl, const Text& theText, si
                                            theText.rend() - theHead);
         const auto theTail = theLast.first - theOld.rbegin();
         const size_t theEnd = theOld.size() - static_cast<size_t>(theTail);
-        theField->Edit(static_cast<size_t>(theHead), theEnd, Text(theFirst.second, theText.end() - theTail));
+        PersonAction theAction(kEventClassTextInput, kEventTextInputUnicodeForKeyEvent);
+        theAction.Set(kEventParamDirectObject, typeControlRef, theField->Reference());
+        theAction.Do([&] {
+            theField->Edit(static_cast<size_t>(theHead), theEnd,
+                           Text(theFirst.second, theText.end() - theTail));
+        });
     } else if (theField->SelectionStart() == theSelectionStart &&
                theField->SelectionEnd() == theSelectionEnd) {
         return false;
