@@ -76,6 +76,24 @@ TEST(EnglishAlone, KnowsSevenCurrencies)
     EXPECT_FALSE(CFNumberFormatterGetDecimalInfoForCurrencyCode(CFSTR("SEK"), &theDigits, nullptr));
 }
 
+TEST(EnglishAlone, WritesAndReadsTheSignsOfItsCurrencies)
+{
+    const char* const kAmounts[][2] = {
+        {"AUD", "A$5.00"},     {"CAD", "CA$5.00"}, {"EUR", "\u20AC5.00"}, {"GBP", "\u00A35.00"},
+        {"JPY", "\u00A55.00"}, {"USD", "$5.00"},   {"SEK", "SEK5.00"},
+    };
+    for (const auto& [theCode, theAmount] : kAmounts) {
+        const auto theFormatter = NumberFormatter(kCFNumberFormatterCurrencyStyle, "en_US");
+        CFNumberFormatterSetProperty(theFormatter, kCFNumberFormatterCurrencyCode, String(theCode));
+        EXPECT_EQ(Written(theFormatter, 5), theAmount);
+        double theNumber = 0;
+        EXPECT_TRUE(CFNumberFormatterGetValueFromString(theFormatter, String(theAmount), nullptr,
+                                                        kCFNumberDoubleType, &theNumber))
+            << theCode;
+        EXPECT_EQ(theNumber, 5);
+    }
+}
+
 TEST(EnglishAlone, IsWhatDatesAreWrittenIn)
 {
     const auto theText = [](CFDateFormatterStyle theDate, CFDateFormatterStyle theTime, const char* theLocale,

@@ -21,6 +21,27 @@ size_t IndexOf(NumberSymbol theText)
     return static_cast<size_t>(theText);
 }
 
+struct Currency
+{
+    const char16_t* theCode;
+    const char16_t* theSign;
+    int theFractionDigits;
+};
+
+const Currency kCurrencies[] = {
+    {u"AUD", u"A$", 2},     {u"CAD", u"CA$", 2},    {u"CHF", u"CHF", 2}, {u"EUR", u"\u20AC", 2},
+    {u"GBP", u"\u00A3", 2}, {u"JPY", u"\u00A5", 0}, {u"USD", u"$", 2},
+};
+
+// Null for one that is not known.
+const Currency* FindCurrency(const Characters& theCode)
+{
+    const auto theFound =
+        std::find_if(std::begin(kCurrencies), std::end(kCurrencies),
+                     [&theCode](const Currency& theCurrency) { return theCode == theCurrency.theCode; });
+    return theFound != std::end(kCurrencies) ? &*theFound : nullptr;
+}
+
 Characters Quoted(const Characters& theText)
 {
     Characters theQuoted;
@@ -427,8 +448,9 @@ void PlainNumberFormat::SetText(NumberSymbol theText, const Characters& theChara
     }
     mTexts[IndexOf(theText)] = theCharacters;
     if (theText == NumberSymbol::kCurrencyCode) {
+        const Currency* const theCurrency = FindCurrency(theCharacters);
         mTexts[IndexOf(NumberSymbol::kCurrencySymbol)] =
-            theCharacters == u"USD" ? Characters(u"$") : theCharacters;
+            theCurrency != nullptr ? Characters(theCurrency->theSign) : theCharacters;
         mTexts[IndexOf(NumberSymbol::kInternationalCurrencySymbol)] = theCharacters;
     }
 }
@@ -446,21 +468,13 @@ std::unique_ptr<NumberFormat> MakeNumberFormat(const std::string&, CFNumberForma
 
 bool CurrencyInfo(const Characters& theCode, int& outFractionDigits, double& outRoundingIncrement)
 {
-    struct Currency
-    {
-        const char16_t* theCode;
-        int theFractionDigits;
-    };
-    static const Currency kCurrencies[] = {{u"AUD", 2}, {u"CAD", 2}, {u"CHF", 2}, {u"EUR", 2},
-                                           {u"GBP", 2}, {u"JPY", 0}, {u"USD", 2}};
-    for (const Currency& theCurrency : kCurrencies) {
-        if (theCode == theCurrency.theCode) {
-            outFractionDigits = theCurrency.theFractionDigits;
-            outRoundingIncrement = 0;
-            return true;
-        }
+    const Currency* const theCurrency = FindCurrency(theCode);
+    if (theCurrency == nullptr) {
+        return false;
     }
-    return false;
+    outFractionDigits = theCurrency->theFractionDigits;
+    outRoundingIncrement = 0;
+    return true;
 }
 
 } // namespace Host
