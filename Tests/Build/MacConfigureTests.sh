@@ -76,6 +76,7 @@ if ! configure i386 "$kClang" i386 i386; then
 fi
 expect "What is built" "EXECUTABLE FirstStore
 EXECUTABLE Gallery
+EXECUTABLE OrderForm
 EXECUTABLE OwnModel
 EXECUTABLE Thermostat
 EXECUTABLE bindingsTests
@@ -95,7 +96,7 @@ expect "The flags of a source" "-Wno-deprecated-declarations
 -fmacro-prefix-map
 -std=c++17" "$(flags i386 Source/Core/LmString.cpp)"
 expect "The flags of tests in which memory runs out" "" "$(flags i386 Tests/Core/AllocationFailureTests.cpp)"
-for theApplication in Gallery Thermostat; do
+for theApplication in Gallery OrderForm Thermostat; do
     expect "The bundle $theApplication" "$theApplication
 org.lmbindings.$theApplication
 APPL" "$(plist i386 $theApplication)"

@@ -1,0 +1,107 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#ifndef OrderModel_h
+#define OrderModel_h
+
+#include "LmBindable.h"
+#include "LmControllers.h"
+#include "LmConveniences.h"
+#include "LmJournalHook.h"
+
+// The state of an order, apart from any window. Its keys are those of GetBindings():
+//
+//     "name"       what is ordered; empty in a new order
+//     "quantity"   how many, 1 to 999
+//     "currency"   its code: "EUR", "USD" or "JPY"
+//     "price"      of one, up to kHighestPrice; an empty string while nobody knows it
+//     "discount"   in tenths of a percent, 0 to 1000
+//     "delivery"   the day, in seconds since 2001; one before today becomes today
+//     "status"     a sentence for the person
+//     "net"        price times quantity, less the discount
+//     "tax"        19% of "net"
+//     "total"      "net" and "tax" together
+//
+// Amounts are whole numbers of the smallest unit of the currency, cents or yen. So sums are exact; and
+// stores, which compare numbers as integers, notice every difference. "net" and "tax" are rounded to the
+// nearest unit, halves up; "total" is the sum of the rounded ones, as a person adds up what he sees.
+class OrderModel : public LmBindable
+{
+public:
+    static constexpr SInt64 kHighestPrice = 99999999;
+
+    // A new order, to be delivered at once.
+    explicit OrderModel(SInt64 theToday)
+        : mToday(theToday)
+    {
+        LmNameObject(*this, "order"); // so that journals and the inspector call it that
+        Set("currency", LmMakeStringValue("EUR"));
+        Set("status", LmMakeStringValue(""));
+        BeginOrder();
+        DeriveAmounts();
+        for (const char* theKey : {"price", "quantity", "discount"}) {
+            for (const char* theAmount : {"net", "tax", "total"}) {
+                GetBindings()->MakeDependency(theKey, theAmount);
+            }
+        }
+    }
+
+    // Says what was ordered, and begins a new order.
+    void PlaceOrder()
+    {
+        const std::string theQuantity = std::to_string(Get("quantity").GetSInt32());
+        Set("status", LmMakeStringValue("Ordered: " + theQuantity + " × " + LmGetStdString(Get("name"))));
+        BeginOrder();
+    }
+
+    LmValue Get(const char* theKey) { return GetBindings()->GetKeyPathValue(theKey); }
+    void Set(const char* theKey, const LmValue& theValue)
+    {
+        GetBindings()->SetKeyPathValue(theKey, theValue);
+    }
+    bool HasPrice() { return !Get("price").IsString(); }
+
+private:
+    void BeginOrder()
+    {
+        LmChangeGroup theGroup; // sets all of this at the end of the block
+        theGroup.Set(GetBindings(), "name", LmMakeStringValue(""));
+        theGroup.Set(GetBindings(), "quantity", LmValue(1));
+        theGroup.Set(GetBindings(), "price", LmMakeStringValue(""));
+        theGroup.Set(GetBindings(), "discount", LmValue(0));
+        theGroup.Set(GetBindings(), "delivery", LmValue(mToday));
+    }
+
+    void ValueChanged(const LmKeyValueStore*, const LmString& theKey) override
+    {
+        if (theKey == "price" && HasPrice()) {
+            Set("status", LmMakeStringValue("")); // which was about the price
+        }
+        if (theKey == "price" || theKey == "quantity" || theKey == "discount") {
+            DeriveAmounts();
+        } else if (theKey == "delivery" && Get("delivery").GetSInt64() < mToday) {
+            Set("delivery", LmValue(mToday));
+        }
+    }
+
+    void DeriveAmounts()
+    {
+        const SInt64 thePrice = HasPrice() ? Get("price").GetSInt64() * Get("quantity").GetSInt64() : 0;
+        const SInt64 theNet = Divide(thePrice * (1000 - Get("discount").GetSInt64()), 1000);
+        const SInt64 theTax = Divide(theNet * 19, 100);
+        // Into the store past SetKeyPathValue: the dependencies tell the observers, when all three are there.
+        const LmValue theUnknown = LmMakeStringValue("");
+        GetBindings()->SetKeyValue("net", HasPrice() ? LmValue(theNet) : theUnknown);
+        GetBindings()->SetKeyValue("tax", HasPrice() ? LmValue(theTax) : theUnknown);
+        GetBindings()->SetKeyValue("total", HasPrice() ? LmValue(theNet + theTax) : theUnknown);
+    }
+
+    // To the nearest whole number, halves up. Nothing is below zero here.
+    static SInt64 Divide(SInt64 theNumber, SInt64 theDivisor)
+    {
+        return (theNumber + theDivisor / 2) / theDivisor;
+    }
+
+    const SInt64 mToday;
+};
+
+#endif
