@@ -40,6 +40,13 @@ struct Move
     Value theValue;
 };
 
+// A key was told because another one changed that it depends on.
+struct Telling
+{
+    std::uint64_t theNumber = 0;
+    std::string theReason; // the other key
+};
+
 // What the journal says about the keys of one object, and about what they follow.
 class Evidence
 {
@@ -66,6 +73,7 @@ private:
     void TellFollowers(std::ostream& theOutput);
     void TellSilence(std::ostream& theOutput);
     std::string SayMove(const Record& theRecord);
+    std::string SayDependency(const Record& theRecord) const;
     std::string SayReason(const Record& theRecord);
     std::string SayNoMove(const Record& theRecord);
     std::string SayOutcome(const Record& theRecord);
@@ -76,10 +84,12 @@ private:
     Causes mCauses;
     Callers mCallers;
     Echo mEcho;
-    std::vector<Record> mRecords;  // of all keys of the object
-    std::vector<Entry> mFollowers; // bindings of other objects to the key
-    std::map<Key, Move> mMoves;    // the last one of each key
-    std::set<Key> mValues;         // keys that had a valid value
+    std::vector<Record> mRecords;                       // of all keys of the object
+    std::vector<Entry> mFollowers;                      // bindings of other objects to the key
+    std::map<Key, Move> mMoves;                         // the last one of each key
+    std::map<Key, Telling> mTellings;                   // the last one of each key
+    std::map<Key, std::set<std::string>> mDependencies; // of each key: those of its object that it depends on
+    std::set<Key> mValues;                              // keys that had a valid value
     std::set<std::uint64_t> mDestroyed;
     std::map<Key, std::uint64_t> mObservationEnds; // by store and key: when the object ceased to observe it
     std::set<std::string> mKeyStates; // keys of the object that someone observes or that others depend on
@@ -179,7 +189,12 @@ void Evidence::Take(const Entry& theEntry)
     mCallers.Take(theEntry);
     mCauses.Take(theEntry);
     mEcho.Take(mCauses);
-    if (theEntry.theNew.IsValid() && !theEntry.theKey.empty()) {
+    const bool isFromSource = (theEntry.theWhat == What::Transform && theEntry.theOld.IsValid()) ||
+                              (theEntry.theWhat == What::Update && theEntry.theGoal.IsValid());
+    if (isFromSource) {
+        // A store that makes its values of others has them without a change.
+        mValues.insert({theEntry.theOther.theID, theEntry.theOtherKey});
+    } else if (theEntry.theNew.IsValid() && !theEntry.theKey.empty() && theEntry.theWhat != What::Transform) {
         mValues.insert({theEntry.theObject.theID, theEntry.theKey});
     }
     switch (theEntry.theWhat) {
@@ -196,9 +211,16 @@ void Evidence::Take(const Entry& theEntry)
         TakeObservation(theEntry);
         break;
     case What::Depend:
+        mDependencies[{theEntry.theObject.theID, theEntry.theOtherKey}].insert(theEntry.theKey);
         if (IsTarget(theEntry.theObject)) {
             mKeyStates.insert(theEntry.theKey);
         }
+        break;
+    case What::Undepend:
+        mDependencies[{theEntry.theObject.theID, theEntry.theOtherKey}].erase(theEntry.theKey);
+        break;
+    case What::Told:
+        mTellings[{theEntry.theObject.theID, theEntry.theKey}] = {theEntry.theNumber, theEntry.theOtherKey};
         break;
     case What::Destroyed:
         mDestroyed.insert(theEntry.theObject.theID);
@@ -231,6 +253,27 @@ std::string Evidence::SayMove(const Record& theRecord)
            ".";
 }
 
+// The source depends on a key that was told after it; only those that depend on what changed are told.
+std::string Evidence::SayDependency(const Record& theRecord) const
+{
+    const Key theSource = {theRecord.theBinding.theOther.theID, theRecord.theBinding.theOtherKey};
+    const auto theWatched = mDependencies.find(theSource);
+    if (theWatched == mDependencies.end()) {
+        return {};
+    }
+    const auto theMove = mMoves.find(theSource);
+    const std::uint64_t theLast = theMove == mMoves.end() ? 0 : theMove->second.theNumber;
+    for (const std::string& theKey : theWatched->second) {
+        const auto theTelling = mTellings.find({theSource.first, theKey});
+        if (theTelling != mTellings.end() && theTelling->second.theNumber > theLast) {
+            return "It depends on \"" + Escape(theKey) + "\", which only depends on \"" +
+                   Escape(theTelling->second.theReason) + "\" itself, and was told (entry " +
+                   std::to_string(theTelling->second.theNumber) + "): dependents of dependents are not told.";
+        }
+    }
+    return {};
+}
+
 // The record that took the value of the same source, since only the first one is served.
 const Record* Evidence::FindServedInstead(const Record& theRecord, std::uint64_t theMove) const
 {
@@ -261,9 +304,10 @@ std::string Evidence::SayNoMove(const Record& theRecord)
                Escape(theBinding.theOtherKey) + "\"" +
                (theNearest.empty() ? "." : "; it has " + Escape(JoinWithOr(theNearest)) + ".");
     }
-    return theRecord.theService.theNumber != 0 ? SayOutcome(theRecord)
-                                               : "Its value when the two were bound was not valid, so "
-                                                 "nothing was copied, and nothing has come since.";
+    return theRecord.theService.theNumber != 0
+               ? "Its value was copied when the two were bound. " + SayOutcome(theRecord)
+               : "Its value when the two were bound was not valid, so "
+                 "nothing was copied, and nothing has come since.";
 }
 
 std::string Evidence::SayOutcome(const Record& theRecord)
@@ -343,8 +387,9 @@ void Evidence::TellRecord(const Record& theRecord, std::ostream& theOutput)
     if (theBinding.theTransform.theID != 0) {
         theOutput << ", through " << Escape(theBinding.theTransform.theClass);
     }
+    const std::string theDependency = SayDependency(theRecord);
     theOutput << " (entry " << theBinding.theNumber << ").\n  " << SayMove(theRecord) << "\n  "
-              << SayReason(theRecord) << "\n";
+              << (theDependency.empty() ? "" : theDependency + "\n  ") << SayReason(theRecord) << "\n";
 }
 
 void Evidence::TellState(std::ostream& theOutput)

@@ -207,6 +207,34 @@ TEST(WhyNot, OneWayIsNotTheOther)
               "slider.value follows it one way (entry 2): what happens there does not come here.\n");
 }
 
+TEST(WhyNot, TheSourceDependsOnAKeyThatItselfDependsOnAnotherOne)
+{
+    TestJournal theJournal;
+    theJournal.Add(0, "depend", R"("object":)" + kModel.Text() + R"(,"key":"width","dependent":"area")");
+    theJournal.Add(0, "depend", R"("object":)" + kModel.Text() + R"(,"key":"area","dependent":"level")");
+    theJournal.Bound(kWay);
+    const std::uint64_t theFirst = theJournal.Updated(0, kWay, TestUnsigned(7));
+    theJournal.Changed(theFirst, kSlider, "value", TestInvalid(), TestUnsigned(7));
+    const std::uint64_t theWidth = theJournal.Changed(0, kModel, "width", TestUnsigned(3), TestUnsigned(5));
+    theJournal.Told(theWidth, kModel, "area", TestUnsigned(20), "width");
+    const std::string theSilence =
+        "It depends on \"area\", which only depends on \"width\" itself, and was told (entry 10): dependents "
+        "of dependents are not told.\n";
+    ExpectSaid(theJournal, "slider.value",
+               "  model.level has not moved.\n"
+               "  " +
+                   theSilence +
+                   "  Its value was copied when the two were bound. That reached the key, which became 7 "
+                   "(entry 7).\n");
+    // Its own change comes later.
+    theJournal.Changed(0, kModel, "level", TestUnsigned(7), TestUnsigned(8));
+    EXPECT_EQ(WhyNot(theJournal, "slider.value").find(theSilence), std::string::npos);
+    theJournal.Told(theWidth, kModel, "area", TestUnsigned(20), "width");
+    ExpectSaid(theJournal, "slider.value", "It depends on \"area\"");
+    theJournal.Add(0, "undepend", R"("object":)" + kModel.Text() + R"(,"key":"area","dependent":"level")");
+    EXPECT_EQ(WhyNot(theJournal, "slider.value").find("It depends on"), std::string::npos);
+}
+
 TEST(WhyNot, NamesTheNearestWhereThereIsNoSuchKey)
 {
     TestJournal theJournal;
