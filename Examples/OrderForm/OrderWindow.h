@@ -29,6 +29,7 @@ public:
     explicit OrderWindow(OrderModel& theModel)
         : mModel(theModel)
     {
+        LmNameObject(mState, "form");
         MakeWindow();
         MakeMenu();
         AddField(CFSTR("Name:"), "name", std::make_shared<NameFormatter>());

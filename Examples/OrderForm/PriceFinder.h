@@ -13,8 +13,8 @@
 class PriceFinder
 {
 public:
-    // The price in the smallest unit of the currency, or 0 where there is none. It is called on other threads,
-    // also on several at once, and may take its time.
+    // The price in the smallest unit of the currency, or 0 where there is none. It is called on other
+    // threads, also on several at once, and may take its time.
     using PriceList = std::function<SInt64(const std::string& theName, const std::string& theCurrency)>;
 
     // theModel must live longer.

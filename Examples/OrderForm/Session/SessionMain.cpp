@@ -158,7 +158,8 @@ void Session::WriteSecondOrder()
     Person("He types a price himself.", [this] { return TypeOver(kPrice, "1299\n"); });
     Person("He chooses another currency. It has another price, and other places behind the point.",
            [this] { return mUser.ChooseInPopUp(Control(kCurrency), "JPY"); });
-    Person("Before the answer arrives, he types the price.", [this] { return TypeOver(kPrice, "190000\n"); });
+    Person("Before the answer arrives, he types the price. Of the tax, 36,109.5 yen, a half is rounded up.",
+           [this] { return TypeOver(kPrice, "190050\n"); });
     PriceListAnswers("It comes too late to change that.");
     Person("He types a quantity that is none, and presses the button: nothing is ordered.", [this] {
         TypeOver(kQuantity, "1000");

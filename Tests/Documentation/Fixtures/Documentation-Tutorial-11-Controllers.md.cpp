@@ -18,3 +18,5 @@
 // @file 16 Examples/Tutorial/11-Controllers/expected.txt
 // @file 17 Examples/Tutorial/11-Controllers/Controllers.cpp
 // @file 18 Examples/Tutorial/11-Controllers/expected.txt
+// @file 19 Examples/OrderForm/OrderWindow.h
+// @file 20 Examples/OrderForm/Session/expected.txt
