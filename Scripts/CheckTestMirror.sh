@@ -29,7 +29,6 @@ Source/Controllers/Internal/LmCharacters.cpp text as formatters work on it: Lm{N
 Source/Controllers/Internal/LmNumberShape.cpp how numbers look in a locale: LmNumberFormattersTests
 Source/Inspection/Internal/LmEventNames.cpp a table alone: LmPersonWatchTests, LmJournalRecorderTests
 Source/Inspection/Internal/LmJournalKeeper.cpp which journal there is: LmJournalFileTests, LmJournalDoorTests
-Source/Inspection/Internal/LmLocalSocketLinux.cpp what visitors see of it: LmJournalDoorTests, LmSocketStreamTests
 Source/Inspection/Internal/LmLocalSocketNone.cpp nothing, for systems without: it is not built here
 Source/Inspection/Internal/LmJournalObjects.cpp what entries call objects: LmJournalRecorderTests
 Source/Core/Internal/LmKeyMemo.cpp where a store finds its keys again: LmKeyValueStoreTests, LmNestedSetTests

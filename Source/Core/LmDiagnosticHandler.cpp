@@ -71,6 +71,9 @@ void HandOn(const char* theFile, int theLine, const char* theFormat, va_list the
     va_copy(theSameArguments, theArguments);
     const int theLength = std::vsnprintf(theStart, sizeof theStart, theFormat, theSameArguments);
     va_end(theSameArguments);
+    if (theLength < 0) {
+        theStart[0] = '\0';
+    }
     const std::size_t theSize = theLength < 0 ? 0 : static_cast<std::size_t>(theLength) + 1;
     char* const theWhole = theSize > sizeof theStart ? static_cast<char*>(std::malloc(theSize)) : nullptr;
     if (theWhole != nullptr) {

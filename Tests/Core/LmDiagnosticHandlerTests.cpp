@@ -3,11 +3,17 @@
 #include "LmDiagnosticHandler.h"
 
 #include "LmDiagnostics.h"
+#include "LmJournalHook.h"
+#include "LmKeyValueStore.h"
 #include "LmValue.h"
 #include "StandardErrorCapture.h"
 
+#include <csignal>
+#include <cstdlib>
+#include <cwchar>
 #include <gtest/gtest.h>
 #include <string>
+#include <unistd.h>
 
 namespace {
 
@@ -99,4 +105,90 @@ TEST(LmDiagnosticHandler, MayTakeItselfAway)
     LmReportDiagnostic("Mine.cpp", 7, "handed on");
     LmReportDiagnostic("Mine.cpp", 8, "printed");
     EXPECT_EQ(StandardErrorCapture::TakeLines(), Lines{"Mine.cpp, line 8: printed"});
+}
+
+namespace {
+
+// Keeps the texts of the diagnostics that a journal is told of.
+class Journal : public LmJournalHook
+{
+public:
+    Journal() { LmSetJournalHook(this); }
+    ~Journal() { LmSetJournalHook(nullptr); }
+
+    Journal(const Journal&) = delete;
+    Journal& operator=(const Journal&) = delete;
+
+    std::uint64_t Write(const LmJournalEntry& theEntry, const void*) noexcept override
+    {
+        mLines.emplace_back(theEntry.theText);
+        return 0;
+    }
+
+    Lines mLines;
+};
+
+// Ends this process well where it would end badly. Another program takes it over, since what was counted of
+// it is kept then.
+void EndWell(int /*theSignal*/)
+{
+    ::execlp("true", "true", nullptr);
+    ::_exit(1);
+}
+
+// What a process does in which nobody has had a diagnostic yet.
+void ReportOneThatIsFatal()
+{
+    std::signal(SIGABRT, EndWell);
+    ::setenv("LM_FATAL", "1", 1);
+    LM_ERROR("Too warm");
+    std::_Exit(1);
+}
+
+void ReportOneQuietly()
+{
+    ::setenv("LM_QUIET", "1", 1);
+    LM_ERROR("Too warm");
+    std::exit(0);
+}
+
+// The journal is begun with the first store.
+void MakeTheFirstStore()
+{
+    const LmKeyValueStore theStore;
+    std::exit(0);
+}
+
+} // namespace
+
+TEST(LmDiagnosticHandler, ReceivesNoTextWhereThereIsNone)
+{
+    Log theLog;
+    const Journal theJournal;
+    // No character in any encoding.
+    LmReportDiagnostic("Mine.cpp", 7, "%lc", static_cast<std::wint_t>(0x7FFFFFFF));
+    EXPECT_EQ(theLog.mLines, Lines{"Mine.cpp|7|"});
+    EXPECT_EQ(theJournal.mLines, Lines{""});
+}
+
+// Each of these is a process of its own: the environment is read at the first diagnostic.
+TEST(LmDiagnosticHandlerDeathTest, AFatalOneEndsTheProgramAfterItsLine)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(ReportOneThatIsFatal(), testing::ExitedWithCode(0), "line [0-9]+: Too warm\n$");
+}
+
+TEST(LmDiagnosticHandlerDeathTest, AQuietOnePrintsNothing)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(ReportOneQuietly(), testing::ExitedWithCode(0), "^$");
+}
+
+TEST(LmDiagnosticHandlerDeathTest, AJournalThatNobodyCanWriteIsSaidToBeNone)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    ::setenv("LM_JOURNAL", "journal", 1);
+    EXPECT_EXIT(MakeTheFirstStore(), testing::ExitedWithCode(0),
+                "LM_JOURNAL: the library LmInspection is not loaded");
+    ::unsetenv("LM_JOURNAL");
 }

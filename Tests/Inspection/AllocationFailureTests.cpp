@@ -5,6 +5,7 @@
 
 #include "LmKeyValueBinding.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 // Memory that runs out while something is written costs entries, and nothing else.
@@ -65,4 +66,20 @@ TEST(JournalWithoutMemory, IsNotBegun)
         StandardErrorCapture::TakeText();
     }
     EXPECT_GT(theRefused, 0);
+}
+
+TEST(JournalWithoutMemory, HasNoDoor)
+{
+    const JournalFolder theFolder;
+    ::setenv("XDG_RUNTIME_DIR", theFolder.GetPath(".").c_str(), 1);
+    int theRefused = 0;
+    FailEachAllocation([&](AllocationFailures& theFailures) {
+        const bool isAllowed = LmAllowAttaching(true);
+        theFailures.Stop();
+        EXPECT_EQ(StandardErrorCapture::TakeLines().size(), isAllowed ? 0U : 1U);
+        theRefused += isAllowed ? 0 : 1;
+        LmAllowAttaching(false);
+    });
+    EXPECT_GT(theRefused, 0);
+    ::unsetenv("XDG_RUNTIME_DIR");
 }

@@ -39,6 +39,8 @@ public:
     ~RuntimeFolder()
     {
         LmAllowAttaching(false);
+        // A reader that has gone is noticed only by the next line.
+        LmEndJournal();
         ::unsetenv("XDG_RUNTIME_DIR");
     }
     RuntimeFolder(const RuntimeFolder&) = delete;
@@ -315,4 +317,18 @@ TEST(LmJournalDoor, StaysWithTheProgramThatForks)
     const std::string theText = theVisitor.WaitFor("of the parent");
     EXPECT_FALSE(Has(theText, "of the child"));
     EXPECT_TRUE(Visitor(theRuntime.GetSocket()).IsConnected()) << "its name is still there";
+}
+
+TEST(LmJournalDoor, IsOpenedByTheEnvironmentAlone)
+{
+    const RuntimeFolder theRuntime;
+    for (const char* theText : {"0", "", "yes"}) {
+        ::setenv("LM_JOURNAL_SOCKET", theText, 1);
+        LmBeginJournalFromEnvironment();
+        EXPECT_NE(::access(theRuntime.GetSocket().c_str(), F_OK), 0) << theText;
+    }
+    ::setenv("LM_JOURNAL_SOCKET", "1", 1);
+    LmBeginJournalFromEnvironment();
+    EXPECT_EQ(::access(theRuntime.GetSocket().c_str(), F_OK), 0);
+    ::unsetenv("LM_JOURNAL_SOCKET");
 }

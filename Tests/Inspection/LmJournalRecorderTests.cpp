@@ -704,3 +704,55 @@ TEST(LmJournalRecorder, KeepsCallersAndWhatTheyLieIn)
     EXPECT_NE(theLines.back().find(R"("what":"notify","callers":["@","@"],"object":)"), std::string::npos)
         << theLines.back();
 }
+
+TEST(LmJournalRecorder, WritesOfEventsThatHaveNoName)
+{
+    TestJournal theJournal;
+    const LmKeyValueStore theStore;
+    LmJournalEntry theEntry = {kJournalEvent};
+    theEntry.theObject = &theStore;
+    theEntry.theCode = 'none';
+    theEntry.theDetail = 99;
+    LmWriteJournalEntry(theEntry, nullptr);
+    const Lines theLines = theJournal.Take("event");
+    ASSERT_EQ(theLines.size(), 1U);
+    EXPECT_NE(theLines[0].find(R"("event":null,"class":"none","kind":99)"), std::string::npos) << theLines[0];
+}
+
+TEST(LmJournalRecorder, TakesTheOldestSetsForThoseThatNeverEnd)
+{
+    TestJournal theJournal;
+    LmKeyValueStore theStore;
+    theStore.SetKeyValue("volume", LmValue(40));
+    const LmString theKey = "volume";
+    const LmValue theValue(41);
+    LmJournalEntry theEntry = {kJournalChanging};
+    theEntry.theObject = &theStore;
+    theEntry.theKey = &theKey;
+    theEntry.theValue = &theValue;
+    const std::vector<char> theSets(4097);
+    for (const char& theSet : theSets) {
+        theEntry.theChange = &theSet;
+        LmWriteJournalEntry(theEntry, nullptr);
+    }
+    theEntry.theKind = kJournalChanged;
+    theEntry.theChange = &theSets.back();
+    LmWriteJournalEntry(theEntry, nullptr);
+    theEntry.theChange = &theSets.front();
+    LmWriteJournalEntry(theEntry, nullptr);
+    const Lines theLines = theJournal.Take("changed");
+    ASSERT_EQ(theLines.size(), 2U);
+    EXPECT_NE(theLines[0].find(R"("was":)"), std::string::npos) << theLines[0];
+    EXPECT_EQ(theLines[1].find(R"("was":)"), std::string::npos) << theLines[1];
+}
+
+TEST(LmJournalRecorder, CutsALongNameWhereACharacterEnds)
+{
+    TestJournal theJournal;
+    const LmKeyValueStore theStore;
+    // The two bytes of the letter are the last of the limit and the one behind it.
+    LmNameObject(theStore, (std::string(199, 'x') + "\xC3\xA9yyy").c_str());
+    const Lines theLines = theJournal.Take("named");
+    ASSERT_EQ(theLines.size(), 1U);
+    EXPECT_NE(theLines[0].find("\"" + std::string(199, 'x') + "\""), std::string::npos) << theLines[0];
+}

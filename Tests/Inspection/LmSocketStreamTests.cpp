@@ -118,3 +118,13 @@ TEST(LmSocketStream, FindsOutThatTheReaderHasGone)
     theIdle.Leave();
     EXPECT_FALSE(theIdle.Stream().Tend()) << "without a line";
 }
+
+TEST(LmSocketStream, HasNothingToBeginAnew)
+{
+    Ends theEnds;
+    EXPECT_TRUE(Write(theEnds, "one"));
+    EXPECT_FALSE(theEnds.Stream().IsFullFor(1U << 30U));
+    theEnds.Stream().Renew();
+    EXPECT_TRUE(Write(theEnds, "two"));
+    EXPECT_EQ(theEnds.Read(), "one\ntwo\n");
+}

@@ -4,6 +4,7 @@
 #include "LmInspector.h"
 #include "LmJournalHook.h"
 #include "LmKeyValueBinding.h"
+#include "LmNumericalTransforms.h"
 #include "StandardErrorCapture.h"
 
 #include <gtest/gtest.h>
@@ -87,6 +88,31 @@ TEST_F(LmInspectorTest, ListsLinksFromBothEnds)
     EXPECT_EQ(Ask("bound meter"), "meter is bound to nothing.\n");
 }
 
+TEST_F(LmInspectorTest, ListsTransformsDependenciesAndObservers)
+{
+    LmKeyValueObserver theObserver;
+    LmNameObject(theObserver, "observer");
+    mMeter->UnbindAll();
+    StandardErrorCapture::TakeLines();
+    mMeter->BindTo("value", mRadio.get(), "volume", new LmScaleTransform(2));
+    mRadio->SetKeyPathValue("loud", LmValue(true));
+    mRadio->MakeDependency("volume", "loud");
+    mRadio->ObserveKeyPathValue("loud", &theObserver);
+    EXPECT_EQ(Ask("bound my radio"), "meter.value is bound to my radio.volume through LmScaleTransform\n"
+                                     "my radio.loud depends on my radio.volume\n"
+                                     "observer observes my radio.loud\n");
+    EXPECT_EQ(Ask("keys observer"), "observer has no keys.\n");
+    mRadio->IgnoreKeyPathValue("loud", &theObserver);
+}
+
+TEST_F(LmInspectorTest, SaysThatAKeyHasNotChanged)
+{
+    LmKeyValueObserver theObserver;
+    mRadio->ObserveKeyPathValue("height", &theObserver);
+    EXPECT_EQ(Ask("why my radio.height"), "my radio.height has not changed.\n");
+    mRadio->IgnoreKeyPathValue("height", &theObserver);
+}
+
 TEST_F(LmInspectorTest, SetsAndSaysWhy)
 {
     EXPECT_EQ(Ask("set my radio.volume 55"), "my radio.volume is set.\n");
@@ -119,6 +145,8 @@ TEST_F(LmInspectorTest, SaysWhatItDoesNotKnow)
               "There is no LmKeyValueBinding, or more than one; \"objects\" lists them.\n");
     EXPECT_EQ(Ask("why meter.height"),
               "There is no meter.height, or more than one; \"objects\" lists them.\n");
+    EXPECT_EQ(Ask("set tv.volume 4"), "There is no tv.volume 4, or more than one; \"objects\" lists them.\n");
+    EXPECT_EQ(Ask("set meter"), "There is no meter, or more than one; \"objects\" lists them.\n");
     EXPECT_EQ(Ask("what"), Ask("help"));
     EXPECT_EQ(Ask("keys"), Ask("help"));
 }

@@ -1,17 +1,22 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
+#include "LmBindable.h"
 #include "LmControlBinding.h"
 #include "LmConveniences.h"
 #include "LmInspector.h"
+#include "LmJournalFile.h"
 #include "LmJournalHook.h"
 #include "LmKeyValueBinding.h"
+#include "LmMenuBinding.h"
 #include "LmNumericalTransforms.h"
+#include "LmPreferenceBinding.h"
 #include "LmWindowBinding.h"
 #include "StandardErrorCapture.h"
 
 #include <gtest/gtest.h>
 #include <Simulation/UserSimulator.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <thread>
@@ -46,6 +51,46 @@ protected:
         }
         return theTexts;
     }
+};
+
+// An entry of that kind about that object, as the library writes them.
+LmJournalEntry MakeEntry(LmJournalKind theKind, const LmKeyValueStore& theStore, const LmString& theKey,
+                         const void* theChange = nullptr)
+{
+    LmJournalEntry theEntry = {};
+    theEntry.theKind = theKind;
+    theEntry.theObject = &theStore;
+    theEntry.theKey = &theKey;
+    theEntry.theChange = theChange;
+    return theEntry;
+}
+
+// What the person did last.
+std::string LastAction()
+{
+    for (const LmSurveyedChange& theChange : LmGetLiveSurvey()->FindChanges(1)) {
+        return theChange.theText;
+    }
+    return "nothing";
+}
+
+// Sets the key that it is told of once more, until that is refused.
+class Restless : public LmKeyValueObserver
+{
+public:
+    explicit Restless(LmKeyValueStore& theStore)
+        : mStore(theStore)
+    {
+        theStore.ObserveKeyPathValue("volume", this);
+    }
+    void ValueChanged(const LmKeyValueStore*, const LmString& theKeyName) override
+    {
+        mStore.SetKeyPathValue(theKeyName, LmValue(++mCount));
+    }
+
+private:
+    LmKeyValueStore& mStore;
+    long mCount = 0;
 };
 
 // Of a binding that goes one way.
@@ -152,6 +197,9 @@ TEST_F(LmLiveSurveyTest, KnowsDependenciesAndObserversUntilTheyEnd)
 {
     LmKeyValueStore theRadio;
     LmKeyValueObserver theMeter;
+    LmKeyValueObserver theOther;
+    theRadio.ObserveKeyPathValue("volume", &theOther);
+    theRadio.IgnoreKeyPathValue("volume", &theOther);
     theRadio.SetKeyPathValue("volume", LmValue(40UL));
     theRadio.SetKeyPathValue("loud", LmValue(false));
     theRadio.MakeDependency("volume", "loud");
@@ -195,6 +243,82 @@ TEST_F(LmLiveSurveyTest, GroupsObjectsByTheirWindows)
     EXPECT_EQ(Survey().FindGroups().size(), 2U);
 }
 
+TEST_F(LmLiveSurveyTest, GroupsMenusAndPreferencesWithTheirKeys)
+{
+    MenuRef theMenu = nullptr;
+    CreateNewMenu(77, 0, &theMenu);
+    AppendMenuItemTextWithCFString(theMenu, CFSTR("Louder"), 0, 'loud', nullptr);
+    InsertMenu(theMenu, 0);
+    new LmMenuBinding('loud'); // these delete themselves
+    LmPreferenceBinding thePreferences(CFSTR("com.example.survey"));
+    const WindowRef theWindow = MakeWindow();
+    new LmWindowBinding(theWindow);
+    const std::vector<LmSurveyedGroup> theGroups = Survey().FindGroups();
+    ASSERT_EQ(theGroups.size(), 3U);
+    EXPECT_EQ(theGroups[0].theTitle, "Window Radio");
+    EXPECT_EQ(theGroups[1].theTitle, "Menus");
+    EXPECT_EQ(theGroups[1].theObjects[0].theClass, "LmMenuBinding");
+    EXPECT_EQ(theGroups[2].theTitle, "Preferences");
+    EXPECT_EQ(theGroups[2].theObjects[0].theClass, "LmPreferenceBinding");
+    Texts theKeys;
+    for (const LmSurveyedKey& theKey : Survey().FindKeys(Survey().FindByWindow(theWindow))) {
+        theKeys.push_back(theKey.theKey);
+    }
+    EXPECT_EQ(theKeys, (Texts{"bounds", "collapsed", "title", "visible"}));
+    EXPECT_EQ(KeysOf("LmMenuBinding"), (Texts{"enabled=true", "mark=false", "title=\"Louder\""}));
+    EXPECT_EQ(Survey().FindControl(Survey().FindByWindow(theWindow)), nullptr);
+    EXPECT_EQ(Survey().FindControl(0), nullptr);
+    EXPECT_EQ(Survey().FindByWindow(nullptr), 0U);
+    EXPECT_EQ(Survey().FindByControl(MakeSlider(theWindow)), 0U);
+    DisposeWindow(theWindow);
+    DeleteMenu(77);
+    DisposeMenu(theMenu);
+}
+
+TEST_F(LmLiveSurveyTest, ListsWindowsInTheOrderInWhichItMetThem)
+{
+    const WindowRef theWindows[] = {MakeWindow(), MakeWindow(), MakeWindow()};
+    const char* const kTitles[] = {"First", "Second", "Third"};
+    // Neither in the order in which they were made nor the other way round.
+    const std::size_t kOrder[] = {1, 2, 0};
+    for (std::size_t theIndex = 0; theIndex < 3; ++theIndex) {
+        const WindowRef theWindow = theWindows[kOrder[theIndex]];
+        SetWindowTitleWithCFString(
+            theWindow,
+            LmValue(CFStringCreateWithCString(nullptr, kTitles[theIndex], kCFStringEncodingUTF8), true)
+                .GetString());
+        new LmWindowBinding(theWindow); // these delete themselves
+    }
+    LmKeyValueStore theModel;
+    theModel.SetKeyPathValue("volume", LmValue(40UL));
+    Texts theTitles;
+    for (const LmSurveyedGroup& theGroup : Survey().FindGroups()) {
+        theTitles.push_back(theGroup.theTitle);
+    }
+    EXPECT_EQ(theTitles, (Texts{"Window First", "Window Second", "Window Third", "Models"}));
+    for (const WindowRef theWindow : theWindows) {
+        DisposeWindow(theWindow);
+    }
+}
+
+TEST_F(LmLiveSurveyTest, ShowsWhatIsBindableAsOneObject)
+{
+    class Radio : public LmBindable
+    {
+    };
+    Radio theRadio;
+    LmNameObject(theRadio, "radio");
+    theRadio.GetBindings()->SetKeyPathValue("volume", LmValue(40UL));
+    const std::vector<LmSurveyedGroup> theGroups = Survey().FindGroups();
+    ASSERT_EQ(theGroups.size(), 1U);
+    EXPECT_EQ(theGroups[0].theTitle, "Models");
+    ASSERT_EQ(theGroups[0].theObjects.size(), 1U);
+    EXPECT_EQ(theGroups[0].theObjects[0].theName, "radio");
+    EXPECT_EQ(KeysOf("radio"), Texts{"volume=40"});
+    // That the one observes the other is nobody's business.
+    EXPECT_TRUE(Survey().FindLinks(0).empty());
+}
+
 TEST_F(LmLiveSurveyTest, NamesThePersonAsTheFirstCause)
 {
     const WindowRef theWindow = MakeWindow();
@@ -220,6 +344,141 @@ TEST_F(LmLiveSurveyTest, TellsWhyAKeyStayed)
     EXPECT_EQ(theChanges[0].theText,
               "radio.volume stays: 40.25 equals 40.5, since numbers are compared as integers");
     EXPECT_FALSE(theChanges[0].isMove);
+}
+
+TEST_F(LmLiveSurveyTest, TellsOfKeysThatDependAndOfNotifications)
+{
+    LmKeyValueStore theStore;
+    LmKeyValueObserver theObserver;
+    LmNameObject(theStore, "radio");
+    theStore.SetKeyPathValue("volume", LmValue(40UL));
+    theStore.SetKeyPathValue("loud", LmValue(false));
+    theStore.MakeDependency("volume", "loud");
+    theStore.ObserveKeyPathValue("loud", &theObserver);
+    theStore.SetKeyPathValue("volume", LmValue(41UL));
+    std::vector<LmSurveyedChange> theChanges = Survey().FindChanges(2);
+    EXPECT_EQ(theChanges[0].theText, "radio.volume: 40 -> 41");
+    EXPECT_EQ(theChanges[1].theText, "radio.loud is false: it depends on \"volume\"");
+    EXPECT_TRUE(theChanges[1].isMove);
+    theStore.NotifyObservers("loud", false);
+    EXPECT_EQ(Survey().FindChanges(1)[0].theText, "radio.loud is false: it depends on \"volume\"")
+        << "nothing has moved";
+    theStore.NotifyObservers("loud", true);
+    EXPECT_EQ(Survey().FindChanges(1)[0].theText, "radio.loud has changed to false");
+    EXPECT_EQ(Survey().FindReasons(Survey().FindByName("radio"), "loud"),
+              (Texts{"radio.loud has changed to false", "it began in the program's own code"}));
+}
+
+TEST_F(LmLiveSurveyTest, TellsOfASetThatWasRefusedAndForgetsCausesThatAreFarAway)
+{
+    LmKeyValueStore theStore;
+    LmNameObject(theStore, "radio");
+    const Restless theObserver(theStore);
+    theStore.SetKeyPathValue("volume", LmValue(-1));
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics().size(), 1U);
+    bool isRefused = false;
+    for (const LmSurveyedChange& theChange : Survey().FindChanges(5000)) {
+        isRefused =
+            isRefused || theChange.theText == "radio.volume stays: a set is nested in itself too deep";
+    }
+    EXPECT_TRUE(isRefused);
+    const Texts theReasons = Survey().FindReasons(Survey().FindByName("radio"), "volume");
+    EXPECT_LE(theReasons.size(), 202U);
+    EXPECT_EQ(theReasons.back(), "what led to this is no longer known");
+}
+
+TEST_F(LmLiveSurveyTest, TellsOfPreferencesThatAreWritten)
+{
+    LmPreferenceBinding thePreferences(CFSTR("com.example.survey"));
+    LmNameObject(thePreferences, "settings");
+    thePreferences.SetKeyPathValue("volume", LmValue(40));
+    const std::vector<LmSurveyedChange> theChanges = Survey().FindChanges(5000);
+    const bool isTold =
+        std::any_of(theChanges.begin(), theChanges.end(), [](const LmSurveyedChange& theChange) {
+            return theChange.theText == "preference settings.volume is set: 40";
+        });
+    EXPECT_TRUE(isTold);
+}
+
+TEST_F(LmLiveSurveyTest, SaysWhatThePersonDid)
+{
+    const WindowRef theWindow = MakeWindow();
+    Host::UserSimulator theUser;
+    theUser.PressKey(kVK_ANSI_X);
+    EXPECT_EQ(LastAction(), "a person released a key");
+    EventRef theWheel = nullptr;
+    CreateEvent(nullptr, kEventClassMouse, kEventMouseWheelMoved, 0, kEventAttributeNone, &theWheel);
+    SendEventToEventTarget(theWheel, GetEventDispatcherTarget());
+    ReleaseEvent(theWheel);
+    EXPECT_EQ(LastAction(), "a person turned the wheel");
+    DisposeWindow(theWindow);
+}
+
+TEST_F(LmLiveSurveyTest, HearsOfAnActionOnceWhenAJournalWatchesThePersonToo)
+{
+    const WindowRef theWindow = MakeWindow();
+    LmJournalSettings theSettings;
+    theSettings.theFile = "/dev/null";
+    ASSERT_TRUE(LmBeginJournal(theSettings));
+    Survey().CountEntries(); // from here on both hear
+    Host::UserSimulator theUser;
+    theUser.PressKey(kVK_ANSI_X);
+    std::size_t theCount = 0;
+    for (const LmSurveyedChange& theChange : Survey().FindChanges(5000)) {
+        theCount += theChange.theText == "a person released a key" ? 1 : 0;
+    }
+    EXPECT_EQ(theCount, 1U);
+    LmEndInspector();
+    LmEndJournal();
+    DisposeWindow(theWindow);
+}
+
+TEST_F(LmLiveSurveyTest, TellsOfADiagnosticOnce)
+{
+    LmWriteJournalEntry(LmJournalEntry{kJournalDiagnostic}, nullptr);
+    EXPECT_EQ(LastAction(), "diagnostic: ");
+    LmJournalEntry theEntry = {kJournalDiagnostic};
+    theEntry.theText = "too warm";
+    LmWriteJournalEntry(theEntry, nullptr);
+    EXPECT_EQ(LastAction(), "diagnostic: too warm");
+    const std::uint64_t theCount = Survey().FindChanges(1)[0].theNumber;
+    LmWriteJournalEntry(LmJournalEntry{kJournalEnd}, nullptr);
+    EXPECT_EQ(Survey().FindChanges(1)[0].theNumber, theCount);
+}
+
+TEST_F(LmLiveSurveyTest, TakesTheOldestSetsForThoseThatNeverEnd)
+{
+    LmKeyValueStore theStore;
+    LmNameObject(theStore, "radio");
+    theStore.SetKeyValue("volume", LmValue(40UL));
+    const LmString theKey = "volume";
+    const LmValue theValue(41UL);
+    std::vector<char> theSets(4097);
+    for (const char& theSet : theSets) {
+        LmJournalEntry theEntry = MakeEntry(kJournalChanging, theStore, theKey, &theSet);
+        theEntry.theValue = &theValue;
+        LmWriteJournalEntry(theEntry, nullptr);
+    }
+    theStore.SetKeyValue("volume", theValue);
+    LmWriteJournalEntry(MakeEntry(kJournalChanged, theStore, theKey, &theSets.back()), nullptr);
+    EXPECT_EQ(LastAction(), "radio.volume: 40 -> 41");
+    LmWriteJournalEntry(MakeEntry(kJournalChanged, theStore, theKey, theSets.data()), nullptr);
+    EXPECT_EQ(LastAction(), "radio.volume is 41");
+}
+
+TEST_F(LmLiveSurveyTest, KnowsNothingOfWhatIsNotThere)
+{
+    LmKeyValueStore theStore;
+    LmKeyValueObserver theObserver;
+    theStore.SetKeyPathValue("volume", LmValue(40UL));
+    const std::uint64_t theNumber = Survey().FindByName("LmKeyValueStore");
+    EXPECT_NE(theNumber, 0U);
+    EXPECT_TRUE(Survey().FindReasons(77, "volume").empty());
+    EXPECT_TRUE(Survey().FindReasons(theNumber, "height").empty());
+    EXPECT_FALSE(Survey().SetValue(theNumber, "", "1"));
+    EXPECT_FALSE(Survey().SetValue(Survey().FindByName("LmKeyValueObserver"), "volume", "1"));
+    EXPECT_TRUE(Survey().FindKeys(Survey().FindByName("LmKeyValueObserver")).empty());
+    EXPECT_EQ(theStore.GetKeyPathValue("volume").GetUInt32(), 40U);
 }
 
 TEST_F(LmLiveSurveyTest, KeepsTheLastThousandChanges)

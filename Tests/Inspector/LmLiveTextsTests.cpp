@@ -59,6 +59,11 @@ TEST(LmLiveTexts, ShowWhatCannotBeTyped)
 {
     EXPECT_EQ(LmShowValue(LmValue()), "not valid");
     EXPECT_EQ(LmShowValue(LmValue(nullptr)), "null pointer");
+    int theNumber = 0;
+    EXPECT_EQ(LmShowValue(LmValue(static_cast<void*>(&theNumber))), "a pointer");
+    EXPECT_EQ(LmShowValue(LmValue(std::numeric_limits<double>::infinity())), "inf");
+    EXPECT_EQ(LmShowValue(LmValue(false)), "false");
+    EXPECT_FALSE(LmIsEditable(static_cast<ValueType>(99)));
     EXPECT_EQ(LmShowValue(LmValue(static_cast<CFStringRef>(nullptr), false)), "null");
     EXPECT_FALSE(LmIsEditable(kTypeInvalid));
     EXPECT_FALSE(LmIsEditable(kTypePointer));
@@ -70,16 +75,42 @@ TEST(LmLiveTexts, ShowWhatCannotBeTyped)
 TEST(LmLiveTexts, RefuseWhatIsNoValueOfTheType)
 {
     const std::pair<ValueType, const char*> kRefused[] = {
-        {kTypeBoolean, "maybe"},    {kTypeUInt32, "-1"},         {kTypeUInt32, "4294967296"},
-        {kTypeUInt32, ""},          {kTypeSInt32, "2147483648"}, {kTypeSInt32, "1x"},
-        {kTypeUInt64, "-1"},        {kTypeDouble, "warm"},       {kTypeSInt64, "99999999999999999999"},
-        {kTypePoint, "(1)"},        {kTypeSize, "(1, 2, 3)"},    {kTypeRect, "(1, 2, 3, x)"},
-        {kTypePoint, "(1e300, 0)"}, {kTypeDouble, "1 2"},
+        {kTypeBoolean, "maybe"},
+        {kTypeUInt32, "-1"},
+        {kTypeUInt32, "4294967296"},
+        {kTypeUInt32, ""},
+        {kTypeSInt32, "2147483648"},
+        {kTypeSInt32, "1x"},
+        {kTypeUInt64, "-1"},
+        {kTypeDouble, "warm"},
+        {kTypeSInt64, "99999999999999999999"},
+        {kTypePoint, "(1)"},
+        {kTypeSize, "(1, 2, 3)"},
+        {kTypeRect, "(1, 2, 3, x)"},
+        {kTypePoint, "(1e300, 0)"},
+        {kTypeDouble, "1 2"},
+        {kTypeSize, "(0, -1e300)"},
+        {kTypeUInt64, "99999999999999999999"},
+        {kTypeUInt32, "1x"},
+        {kTypeSInt32, "-2147483649"},
+        {kTypeSInt32, ""},
+        {kTypeString, "\xFF"},
     };
     for (const auto& [theType, theText] : kRefused) {
         LmValue theValue(77UL);
         EXPECT_FALSE(LmReadValue(theText, theType, theValue)) << theText;
         EXPECT_EQ(theValue.GetUInt32(), 77U);
+    }
+}
+
+TEST(LmLiveTexts, ReadBooleansAsNumbersToo)
+{
+    const std::pair<const char*, bool> kRead[] = {
+        {"true", true}, {"1", true}, {"false", false}, {"0", false}};
+    for (const auto& [theText, isTrue] : kRead) {
+        LmValue theValue;
+        EXPECT_TRUE(LmReadValue(theText, kTypeBoolean, theValue)) << theText;
+        EXPECT_EQ(theValue.GetBoolean(), isTrue) << theText;
     }
 }
 

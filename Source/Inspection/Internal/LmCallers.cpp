@@ -128,9 +128,6 @@ bool ReadMapping(const std::string& theLine, LmModule& theMapping, std::uintptr_
            ReadHexadecimal(theOffsetText, theOffset);
 }
 
-// A place in this library.
-void StandInThisLibrary() {}
-
 } // namespace
 
 void LmReadModuleFile(LmModule& theModule)
@@ -182,8 +179,7 @@ bool LmCallers::IsOwn(std::uintptr_t theAddress)
     // The library, this one, and what they stand on: by functions whose addresses no program takes, since
     // such an address may lie in the program.
     static const std::array<std::uintptr_t, 4> kPlaces = {
-        reinterpret_cast<std::uintptr_t>(&StandInThisLibrary),
-        reinterpret_cast<std::uintptr_t>(&LmSetJournalHook),
+        reinterpret_cast<std::uintptr_t>(&AddFrame), reinterpret_cast<std::uintptr_t>(&LmSetJournalHook),
         reinterpret_cast<std::uintptr_t>(&GetEventDispatcherTarget),
         reinterpret_cast<std::uintptr_t>(&CFBundleGetMainBundle)};
     return theModule != nullptr && std::any_of(kPlaces.begin(), kPlaces.end(), [=](std::uintptr_t thePlace) {

@@ -197,12 +197,6 @@ void LmJournalLine::AddNumber(const char* theField, std::uint64_t theNumber)
     AppendNumber(mText, theNumber);
 }
 
-void LmJournalLine::AddNumber(const char* theField, std::int64_t theNumber)
-{
-    BeginField(theField);
-    AppendNumber(mText, theNumber);
-}
-
 void LmJournalLine::AddBoolean(const char* theField, bool isTrue)
 {
     BeginField(theField);

@@ -31,7 +31,6 @@ public:
     // ---- Fields
 
     void AddNumber(const char* theField, std::uint64_t theNumber);
-    void AddNumber(const char* theField, std::int64_t theNumber);
     void AddBoolean(const char* theField, bool isTrue);
     void AddNull(const char* theField);
     void AddString(const char* theField, const char* theBytes);

@@ -89,10 +89,9 @@ std::string CutName(const std::string& theName)
 std::string LmClassName(const std::type_info& theType)
 {
     int theStatus = 0;
-    char* const theName = abi::__cxa_demangle(theType.name(), nullptr, nullptr, &theStatus);
-    std::string theResult = theName != nullptr ? theName : theType.name();
-    std::free(theName);
-    return theResult;
+    const std::unique_ptr<char, decltype(&std::free)> theName(
+        abi::__cxa_demangle(theType.name(), nullptr, nullptr, &theStatus), &std::free);
+    return theName != nullptr ? theName.get() : theType.name();
 }
 
 LmJournalObject& LmJournalObjects::Find(const LmDebugObject& theObject)
