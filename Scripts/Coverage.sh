@@ -16,7 +16,7 @@ ctest --test-dir "$theBuild" -j "$(nproc)" --no-tests=error --output-on-failure 
     echo "Not all tests passed." >&2
     exit 1
 }
-gcovr --root . --object-directory "$theBuild" --filter 'Source/' --filter 'Platform/' --exclude-throw-branches \
+gcovr --root . --object-directory "$theBuild" --filter 'Source/' --filter 'Platform/' \
     --exclude-unreachable-branches --exclude-branches-by-pattern '.*CFSTR\(.*' -j "$(nproc)" \
     --json "$theBuild/coverage.json" "$theBuild"
 Scripts/CoverageRooms.py "$theBuild/coverage.json" "$@"
