@@ -68,6 +68,7 @@ PROGRAMS = {
     "bindingsTests": "Source/",
     "scenariosTests": "Source/|Platform/Carbon/",
     "inspectionTests": "Source/",
+    "inspectorTests": "Source/",
     "controllersTests": "Source/",
     "platform.corefoundationTests": "Platform/CoreFoundation/",
     "platform.carbonTests": "Platform/Carbon/",
