@@ -3,6 +3,7 @@
 #include "LmInspector.h"
 
 #include "LmConveniences.h"
+#include "LmInspectorDoor.h"
 
 #include <CoreFoundation/CoreFoundation.h>
 
@@ -32,6 +33,38 @@ std::unique_ptr<LmLiveSurvey>& TheSurvey()
     static std::unique_ptr<LmLiveSurvey> sSurvey;
     return sSurvey;
 }
+
+std::shared_ptr<LmInspectorDoor>& TheDoor()
+{
+    static std::shared_ptr<LmInspectorDoor> sDoor;
+    return sDoor;
+}
+
+// A question that is being answered. What it sets may want to end the inspector, which waits for the answer.
+class [[nodiscard]] Asking
+{
+public:
+    Asking() { ++sDepth; }
+    ~Asking()
+    {
+        if (--sDepth == 0 && std::exchange(sHasToEnd, false)) {
+            LmEndInspector();
+        }
+    }
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+
+    // Whether the end has to wait.
+    static bool Defer()
+    {
+        sHasToEnd = sHasToEnd || sDepth > 0;
+        return sDepth > 0;
+    }
+
+private:
+    static inline int sDepth = 0;
+    static inline bool sHasToEnd = false;
+};
 
 // The window belongs to the library of the desktop; where that is not loaded, there is none.
 void TellDesktop(CFStringRef theFunction)
@@ -197,6 +230,7 @@ struct FromEnvironment
         const char* const theText = std::getenv("LM_INSPECTOR");
         if (theText != nullptr && std::strcmp(theText, "1") == 0) {
             LmAllowInspector();
+            TheDoor() = LmInspectorDoor::Open();
         }
     }
 };
@@ -220,7 +254,8 @@ void LmAllowInspector()
 
 void LmEndInspector()
 {
-    if (TheSurvey() != nullptr) {
+    if (TheSurvey() != nullptr && !Asking::Defer()) {
+        TheDoor().reset();
         TellDesktop(CFSTR("HostEndInspector"));
         TheSurvey().reset();
     }
@@ -236,6 +271,7 @@ LmString LmAskInspector(const LmString& theQuestion)
     if (TheSurvey() == nullptr) {
         return "The inspector is not allowed.\n";
     }
+    const Asking theAsking;
     try {
         return LmMakeString(Answer(*TheSurvey(), LmGetStdString(theQuestion)));
     } catch (const std::bad_alloc&) {

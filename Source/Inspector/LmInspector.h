@@ -8,7 +8,8 @@
 // same questions are answered as text.
 //
 // Nobody meets it by accident. It is there when the environment says LM_INSPECTOR=1, or when the program
-// calls LmAllowInspector, best before it makes anything.
+// calls LmAllowInspector, best before it makes anything. With LM_INSPECTOR=1 the user who runs the program
+// can ask it from a terminal as well, by "lminspect ask".
 //
 // It listens as a journal does, changes no order and no result, and leaves nothing behind when it ends. What
 // it costs is what a journal costs, and memory for the objects and the last 1,000 changes.
@@ -26,7 +27,8 @@
 // nothing when it is allowed already.
 LM_EXPORT void LmAllowInspector();
 
-// Ends it: the window closes, and nothing is followed any more.
+// Ends it: the window closes, and nothing is followed any more. Called while a question is answered, it waits
+// for the answer.
 LM_EXPORT void LmEndInspector();
 
 // What is there now; null while the inspector is not allowed. Good until LmEndInspector.

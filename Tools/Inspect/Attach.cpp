@@ -29,6 +29,24 @@ namespace {
 constexpr int kPatience = 5000;
 constexpr std::size_t kLongestAnswer = 8192;
 
+// How the sockets for a wish are called, and what is said where there is none.
+struct WishText
+{
+    const char* theSuffix;
+    const char* theDeed;
+    const char* thePermission;
+};
+
+const WishText& TextOf(Wish theWish)
+{
+    static const WishText kJournal = {"", "be attached to",
+                                      "LM_JOURNAL_SOCKET=1 in its environment allows it"};
+    static const WishText kAnswer = {
+        ".inspector", "be asked",
+        "LM_INSPECTOR=1 in the environment of a program with the inspector allows it"};
+    return theWish == Wish::Journal ? kJournal : kAnswer;
+}
+
 // Whether it is a folder that nobody but this user can look into or change.
 bool IsPrivate(const std::string& thePath)
 {
@@ -162,10 +180,10 @@ bool IsThere(const Running& theProgram)
     return false;
 }
 
-std::vector<Running> FindAll()
+std::vector<Running> FindAll(Wish theWish)
 {
     const std::string theFolder = FindFolder();
-    return theFolder.empty() ? std::vector<Running>() : FindRunning(theFolder);
+    return theFolder.empty() ? std::vector<Running>() : FindRunning(theFolder, theWish);
 }
 
 int Complain(const std::string& theProblem, std::ostream& theErrors)
@@ -174,9 +192,9 @@ int Complain(const std::string& theProblem, std::ostream& theErrors)
     return kTrouble;
 }
 
-int List(std::ostream& theOutput, std::ostream& theErrors)
+int List(Wish theWish, std::ostream& theOutput, std::ostream& theErrors)
 {
-    std::vector<Running> thePrograms = FindAll();
+    std::vector<Running> thePrograms = FindAll(theWish);
     thePrograms.erase(std::remove_if(thePrograms.begin(), thePrograms.end(),
                                      [](const Running& theProgram) { return !IsThere(theProgram); }),
                       thePrograms.end());
@@ -184,7 +202,7 @@ int List(std::ostream& theOutput, std::ostream& theErrors)
         theOutput << theProgram.theProcess << "  " << Escape(theProgram.theProgram) << "\n";
     }
     std::string theProblem;
-    ChooseRunning(thePrograms, "", theProblem);
+    ChooseRunning(thePrograms, "", theProblem, theWish);
     return thePrograms.empty() ? Complain(theProblem, theErrors) : kFine;
 }
 
@@ -198,6 +216,37 @@ std::string WholePath(const std::string& thePath)
     return std::string(theFolder.data()) + "/" + thePath;
 }
 
+// One line, whatever is in it.
+std::string QuestionOf(const std::vector<std::string>& theWords)
+{
+    std::string theQuestion;
+    for (std::size_t theIndex = 1; theIndex < theWords.size(); ++theIndex) {
+        theQuestion += (theIndex > 1 ? " " : "") + theWords[theIndex];
+    }
+    std::replace(theQuestion.begin(), theQuestion.end(), '\n', ' ');
+    return theQuestion;
+}
+
+// The lines up to the end, with their control characters written out: names are the program's.
+void WriteRest(const Descriptor& theSocket, std::ostream& theOutput)
+{
+    std::string theText;
+    std::array<char, 4096> theBytes = {};
+    pollfd theWait = {theSocket.Get(), POLLIN, 0};
+    while (::poll(&theWait, 1, kPatience) > 0) {
+        const ssize_t theCount = ::recv(theSocket.Get(), theBytes.data(), theBytes.size(), 0);
+        if (theCount <= 0) {
+            break;
+        }
+        theText.append(theBytes.data(), static_cast<std::size_t>(theCount));
+        for (std::size_t theEnd = theText.find('\n'); theEnd != std::string::npos;
+             theEnd = theText.find('\n')) {
+            theOutput << Escape(theText.substr(0, theEnd)) << "\n";
+            theText.erase(0, theEnd + 1);
+        }
+    }
+}
+
 // How many callers are to be kept: as the environment says it for programs that are started.
 std::string CountCallers(bool hasCallers)
 {
@@ -209,8 +258,9 @@ std::string CountCallers(bool hasCallers)
 
 } // namespace
 
-std::vector<Running> FindRunning(const std::string& theFolder)
+std::vector<Running> FindRunning(const std::string& theFolder, Wish theWish)
 {
+    const std::string theSuffix = TextOf(theWish).theSuffix;
     struct CloseFolder
     {
         void operator()(DIR* theEntries) const { ::closedir(theEntries); }
@@ -218,13 +268,15 @@ std::vector<Running> FindRunning(const std::string& theFolder)
     const std::unique_ptr<DIR, CloseFolder> theEntries(::opendir(theFolder.c_str()));
     std::vector<Running> thePrograms;
     while (const dirent* const theEntry = theEntries != nullptr ? ::readdir(theEntries.get()) : nullptr) {
-        const std::string theName = theEntry->d_name;
+        const std::string theFile = theEntry->d_name;
+        const std::size_t theEnd = theFile.size() - std::min(theSuffix.size(), theFile.size());
+        const std::string theName = theFile.substr(theEnd) == theSuffix ? theFile.substr(0, theEnd) : "";
         const std::size_t theDot = theName.rfind('.');
         const std::string theProcess = theDot == std::string::npos ? "" : theName.substr(theDot + 1);
         if (theDot != 0 && !theProcess.empty() &&
             theProcess.find_first_not_of("0123456789") == std::string::npos) {
             thePrograms.push_back(
-                {theName.substr(0, theDot), theProcess, std::string(theFolder).append("/").append(theName)});
+                {theName.substr(0, theDot), theProcess, std::string(theFolder).append("/").append(theFile)});
         }
     }
     std::sort(thePrograms.begin(), thePrograms.end(), [](const Running& theLeft, const Running& theRight) {
@@ -235,10 +287,11 @@ std::vector<Running> FindRunning(const std::string& theFolder)
 }
 
 Running ChooseRunning(const std::vector<Running>& thePrograms, const std::string& theName,
-                      std::string& theProblem)
+                      std::string& theProblem, Wish theWish)
 {
+    const WishText& theText = TextOf(theWish);
     if (thePrograms.empty()) {
-        theProblem = "no program can be attached to; LM_JOURNAL_SOCKET=1 in its environment allows it";
+        theProblem = std::string("no program can ") + theText.theDeed + "; " + theText.thePermission;
         return {};
     }
     std::vector<Running> theFound;
@@ -256,7 +309,7 @@ Running ChooseRunning(const std::vector<Running>& thePrograms, const std::string
     }
     if (theFound.empty()) {
         const std::vector<std::string> theNearest = NearestNames(theName, theNames);
-        theProblem = "no program that can be attached to is called " + theName +
+        theProblem = std::string("no program that can ") + theText.theDeed + " is called " + theName +
                      (theNearest.empty() ? "" : "; did you mean " + JoinWithOr(theNearest) + "?");
     } else {
         theProblem =
@@ -269,10 +322,10 @@ int RunAttach(const AttachOptions& theOptions, const Question& ask, std::ostream
               std::ostream& theErrors)
 {
     if (theOptions.theProgram.empty()) {
-        return List(theOutput, theErrors);
+        return List(Wish::Journal, theOutput, theErrors);
     }
     std::string theProblem;
-    const Running theProgram = ChooseRunning(FindAll(), theOptions.theProgram, theProblem);
+    const Running theProgram = ChooseRunning(FindAll(Wish::Journal), theOptions.theProgram, theProblem);
     if (!theProblem.empty()) {
         return Complain(theProblem, theErrors);
     }
@@ -295,11 +348,31 @@ int RunAttach(const AttachOptions& theOptions, const Question& ask, std::ostream
 int RunDetach(const std::string& theName, std::ostream& theErrors)
 {
     std::string theProblem;
-    const Running theProgram = ChooseRunning(FindAll(), theName, theProblem);
+    const Running theProgram = ChooseRunning(FindAll(Wish::Journal), theName, theProblem);
     if (theProblem.empty()) {
         theProblem = Ask(MakeSocket(), theProgram, "detach");
     }
     return theProblem.empty() ? kFine : Complain(theProblem, theErrors);
+}
+
+int RunAsk(const std::vector<std::string>& theWords, std::ostream& theOutput, std::ostream& theErrors)
+{
+    if (theWords.empty()) {
+        return List(Wish::Answer, theOutput, theErrors);
+    }
+    std::string theProblem;
+    const Running theProgram =
+        ChooseRunning(FindAll(Wish::Answer), theWords.front(), theProblem, Wish::Answer);
+    if (!theProblem.empty()) {
+        return Complain(theProblem, theErrors);
+    }
+    Descriptor theSocket = MakeSocket();
+    theProblem = Ask(theSocket, theProgram, QuestionOf(theWords));
+    if (!theProblem.empty()) {
+        return Complain(theProblem, theErrors);
+    }
+    WriteRest(theSocket, theOutput);
+    return kFine;
 }
 
 } // namespace Inspect

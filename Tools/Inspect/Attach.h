@@ -3,11 +3,13 @@
 #ifndef Attach_h
 #define Attach_h
 
-// `lminspect attach` and `lminspect detach`: journals of programs that run already, and allow it. Each has a
-// socket in the user's runtime directory, which is called after the program and its process.
+// `lminspect attach`, `detach` and `ask`: journals of programs that run already, and questions to them, where
+// they allow it. Each has a socket for that in the user's runtime directory, called after the program and its
+// process.
 
 #include "Run.h"
 
+#include <cstdint>
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -29,16 +31,27 @@ struct Running
     std::string theSocket;
 };
 
-// What theFolder holds, by name and process; what is no such socket is left out.
-std::vector<Running> FindRunning(const std::string& theFolder);
+// What is wanted of a program.
+enum class Wish : std::uint8_t
+{
+    Journal,
+    Answer // to a question
+};
+
+// What theFolder holds for this, by name and process; what is no such socket is left out.
+std::vector<Running> FindRunning(const std::string& theFolder, Wish theWish = Wish::Journal);
 
 // The one that theName stands for. When there is none, or more than one, theProblem says so.
 Running ChooseRunning(const std::vector<Running>& thePrograms, const std::string& theName,
-                      std::string& theProblem);
+                      std::string& theProblem, Wish theWish = Wish::Journal);
 
 int RunAttach(const AttachOptions& theOptions, const Question& ask, std::ostream& theOutput,
               std::ostream& theErrors);
 int RunDetach(const std::string& theName, std::ostream& theErrors);
+
+// theWords: the program, and the words of the question, or none for "help". Without a program
+// those that can be asked are listed.
+int RunAsk(const std::vector<std::string>& theWords, std::ostream& theOutput, std::ostream& theErrors);
 
 } // namespace Inspect
 

@@ -46,15 +46,16 @@ struct CommandName
     std::string_view theLetters; // of the options that it has
 };
 
-constexpr std::array<CommandName, 9> kCommands = {{{"log", Command::Log, "OkKcsuawC"},
-                                                   {"why", Command::Why, "n"},
-                                                   {"graph", Command::Graph, "td"},
-                                                   {"page", Command::Page, "o"},
-                                                   {"lint", Command::Lint, ""},
-                                                   {"diff", Command::Diff, ""},
-                                                   {"run", Command::Run, "OkKcsuawCoq"},
-                                                   {"attach", Command::Attach, "OkKcsuawCo"},
-                                                   {"detach", Command::Detach, ""}}};
+constexpr std::array<CommandName, 10> kCommands = {{{"log", Command::Log, "OkKcsuawC"},
+                                                    {"why", Command::Why, "n"},
+                                                    {"graph", Command::Graph, "td"},
+                                                    {"page", Command::Page, "o"},
+                                                    {"lint", Command::Lint, ""},
+                                                    {"diff", Command::Diff, ""},
+                                                    {"run", Command::Run, "OkKcsuawCoq"},
+                                                    {"attach", Command::Attach, "OkKcsuawCo"},
+                                                    {"detach", Command::Detach, ""},
+                                                    {"ask", Command::Ask, ""}}};
 
 const std::array<option, 17> kOptions = {{{"help", no_argument, nullptr, kHelp},
                                           {"version", no_argument, nullptr, kVersion},
@@ -194,9 +195,10 @@ class Scanner
 public:
     explicit Scanner(const std::vector<std::string>& theArguments)
         : mTexts(theArguments),
-          mIsRun(!theArguments.empty() && theArguments.front() == "run")
+          mIsForProgram(!theArguments.empty() &&
+                        (theArguments.front() == "run" || theArguments.front() == "ask"))
     {
-        if (!mIsRun) {
+        if (!mIsForProgram) {
             mTexts.insert(mTexts.begin(), "lminspect");
         }
         for (std::string& theText : mTexts) {
@@ -209,9 +211,9 @@ public:
 
     int Next()
     {
-        // What stands behind a program that is to be run is its own.
+        // What stands behind a program that is to be run, or asked, is its own.
         return getopt_long(static_cast<int>(mTexts.size()), mPointers.data(),
-                           mIsRun ? "+:hVo:" : ":hVo:", kOptions.data(), nullptr);
+                           mIsForProgram ? "+:hVo:" : ":hVo:", kOptions.data(), nullptr);
     }
 
     // What could not be read as an option.
@@ -232,7 +234,7 @@ public:
     std::vector<std::string> GetRest() const
     {
         std::vector<std::string> theRest(mPointers.begin() + optind, mPointers.end() - 1);
-        if (mIsRun) {
+        if (mIsForProgram) {
             theRest.insert(theRest.begin(), mTexts.front());
         }
         return theRest;
@@ -241,7 +243,8 @@ public:
 private:
     std::vector<std::string> mTexts;
     std::vector<char*> mPointers;
-    bool mIsRun; // it takes the place of this program's name, so that no option stands before it
+    // Run or ask, which takes the place of this program's name, so that no option stands before it.
+    bool mIsForProgram;
 };
 
 const CommandName* FindCommand(std::string_view theName)
@@ -269,7 +272,8 @@ void TakeTarget(std::vector<std::string>& theRest, Options& theOptions)
     }
 }
 
-// A program to run with its arguments, or one that runs already. To attach to none of them lists them.
+// A program to run with its arguments, or one that runs already. To attach to none of them, or to ask none,
+// lists them.
 void TakeProgram(Command theCommand, const std::vector<std::string>& theRest, Options& theOptions)
 {
     const bool isThere = !theRest.empty() && !theRest.front().empty();
@@ -433,6 +437,7 @@ std::string GetUsage()
            "       lminspect run [OPTION]... PROGRAM [ARGUMENT]...\n"
            "       lminspect attach [OPTION]... [PROGRAM]\n"
            "       lminspect detach PROGRAM\n"
+           "       lminspect ask [PROGRAM [QUESTION]...]\n"
            "\n"
            "Answers why a value moved, or did not, from the journal of a program that uses\n"
            "LmBindings (LM_JOURNAL=FILE ./program). JOURNAL is a file; - or nothing is the\n"
@@ -480,6 +485,9 @@ std::string GetUsage()
            "  and the options of log\n"
            "\n"
            "detach: ends the journal that attach has begun\n"
+           "\n"
+           "ask: asks a program that runs and was started with LM_INSPECTOR=1: objects,\n"
+           "     keys OBJECT, bound OBJECT, why OBJECT.KEY, changes, set OBJECT.KEY VALUE, help\n"
            "\n"
            "OBJECT is a name, a class, or a number as #3.\n"
            "\n"

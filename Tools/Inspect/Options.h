@@ -27,7 +27,8 @@ enum class Command : std::uint8_t
     Diff,
     Run,
     Attach,
-    Detach
+    Detach,
+    Ask
 };
 
 struct Options
@@ -39,8 +40,9 @@ struct Options
     std::uint64_t theTime = 0;   // which value of it, counted from 1; 0 is the last one
     LogOptions theLog;
     GraphOptions theGraph;
-    std::vector<std::string> theProgram; // to run, with its arguments; or to attach to
-    std::string theOutput;               // the file that page writes, or that a program's journal is kept in
+    std::vector<std::string>
+        theProgram;        // to run, with its arguments; to attach to; to ask, with the question
+    std::string theOutput; // the file that page writes, or that a program's journal is kept in
     std::vector<std::string>
         theQuestion;      // a command line without a journal, for when it has run; empty for log
     std::string theError; // what is wrong with the command line; empty when nothing is

@@ -71,6 +71,9 @@ int RunCommand(const Options& theOptions, std::ostream& theOutput, std::ostream&
     if (theOptions.theCommand == Command::Detach) {
         return RunDetach(theProgram, theErrors);
     }
+    if (theOptions.theCommand == Command::Ask) {
+        return RunAsk(theOptions.theProgram, theOutput, theErrors);
+    }
     Journal theJournal(theOptions.theJournal, theErrors);
     if (theOptions.theCommand == Command::Diff) {
         Journal theOther(theOptions.theOtherJournal, theErrors);

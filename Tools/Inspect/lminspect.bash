@@ -4,7 +4,7 @@
 _lminspect()
 {
     local theWord=${COMP_WORDS[COMP_CWORD]} thePrevious=${COMP_WORDS[COMP_CWORD - 1]} theList theCommands
-    theCommands='log why graph page lint diff run attach detach'
+    theCommands='log why graph page lint diff run attach detach ask'
     # bash takes --kind=changed apart at the equals sign.
     if [ "$theWord" = = ]; then
         theWord=
@@ -31,10 +31,19 @@ _lminspect()
         mapfile -t COMPREPLY < <(compgen -W "$theList" -- "$theWord")
         return
         ;;
+    ask)
+        theList=$(lminspect ask 2>/dev/null | sed 's/^[0-9]*  //')
+        mapfile -t COMPREPLY < <(compgen -W "$theList" -- "$theWord")
+        return
+        ;;
     --object | --key | --caller | --since | --until | --nth | --at)
         return
         ;;
     esac
+    if [ "$COMP_CWORD" -eq 3 ] && [ "${COMP_WORDS[1]}" = ask ]; then
+        mapfile -t COMPREPLY < <(compgen -W 'objects keys bound why changes set help' -- "$theWord")
+        return
+    fi
     if [[ $theWord == -* ]]; then
         theList='--help --version --all --dot --at= --causes --callers --object= --key= --kind= --caller= --since= --until= --nth= --output= --command='
         mapfile -t COMPREPLY < <(compgen -W "$theList" -- "$theWord")

@@ -40,9 +40,9 @@ private:
 class LmLocalSocket
 {
 public:
-    // A socket that is called after the program and its process. Null, and what is wrong in theTrouble, when
-    // there can be none.
-    static std::unique_ptr<LmLocalSocket> Make(std::string& theTrouble);
+    // A socket that is called after the program and its process, with theSuffix behind. Null, and what is
+    // wrong in theTrouble, when there can be none.
+    static std::unique_ptr<LmLocalSocket> Make(std::string& theTrouble, const std::string& theSuffix = {});
 
     // The socket's name goes with it.
     ~LmLocalSocket();

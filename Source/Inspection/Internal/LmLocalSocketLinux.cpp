@@ -144,7 +144,7 @@ LmLocalSocket::~LmLocalSocket()
     }
 }
 
-std::unique_ptr<LmLocalSocket> LmLocalSocket::Make(std::string& theTrouble)
+std::unique_ptr<LmLocalSocket> LmLocalSocket::Make(std::string& theTrouble, const std::string& theSuffix)
 {
     // A program that has more rights than whoever started it shows nobody its insides.
     if (::getuid() != ::geteuid() || ::getgid() != ::getegid()) {
@@ -156,7 +156,8 @@ std::unique_ptr<LmLocalSocket> LmLocalSocket::Make(std::string& theTrouble)
         theTrouble = "there is no folder that only this user can open";
         return nullptr;
     }
-    const std::string thePath = theFolder + "/" + ProgramName() + "." + std::to_string(::getpid());
+    const std::string thePath =
+        theFolder + "/" + ProgramName() + "." + std::to_string(::getpid()) + theSuffix;
     sockaddr_un theAddress = {};
     theAddress.sun_family = AF_UNIX;
     if (thePath.size() >= sizeof theAddress.sun_path) {

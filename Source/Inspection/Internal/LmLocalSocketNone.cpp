@@ -34,7 +34,7 @@ LmLocalSocket::LmLocalSocket(int theDescriptor, std::string thePath)
 
 LmLocalSocket::~LmLocalSocket() = default;
 
-std::unique_ptr<LmLocalSocket> LmLocalSocket::Make(std::string& theTrouble)
+std::unique_ptr<LmLocalSocket> LmLocalSocket::Make(std::string& theTrouble, const std::string&)
 {
     theTrouble = "this system has none";
     return nullptr;

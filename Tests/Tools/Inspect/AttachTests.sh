@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
 # LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 #
-# AttachTests.sh <lminspect> <FaultProgram>: programs that lminspect starts, and one that runs already.
+# AttachTests.sh <lminspect> <FaultProgram> <libLmInspector>: programs that lminspect starts, and one that runs already.
 set -u
 kInspect=$1
 kProgram=$2
+kInspector=$3
 export LM_PRESENTER=headless LM_PREFERENCES=memory
 gFolder=$(mktemp -d)
 export XDG_RUNTIME_DIR=$gFolder
@@ -104,7 +105,38 @@ gProcess=
 expect 2 attach
 [ -z "$(ls "$gFolder/lminspect")" ] || fail "a socket is left"
 
+# ---- ask
+expect 2 ask
+says err "no program can be asked; LM_INSPECTOR=1 in the environment"
+LM_INSPECTOR=1 LD_PRELOAD=$kInspector "$kProgram" none 2>"$gFolder/program" &
+gProcess=$!
+for _ in $(seq 100); do
+    [ -S "$gFolder/lminspect/FaultProgram.$gProcess.inspector" ] && break
+    sleep 0.05
+done
+expect 0 ask
+says out "$gProcess  FaultProgram"
+expect 0 ask FaultProgram objects
+says out "#1 model (LmKeyValueBinding)"
+expect 0 ask "$gProcess" keys model
+says out "level = "
+expect 0 ask FaultProgram set model.level -5
+says out "model.level is set."
+expect 0 ask FaultProgram why model.level
+expect 0 ask FaultProgram "keys "$'\e'"[1m"
+says out '\u001b[1m'
+expect 2 ask FaultProgrm objects
+says err "no program that can be asked is called FaultProgrm; did you mean FaultProgram?"
+expect 2 attach FaultProgram
+says err "no program can be attached to"
+kill -9 "$gProcess"
+wait "$gProcess" 2>/dev/null
+gProcess=
+expect 2 ask
+[ -z "$(ls "$gFolder/lminspect")" ] || fail "a socket is left of who was asked"
+
 # Without being allowed, nobody is met.
+LD_PRELOAD=$kInspector "$kProgram" fraction-dropped
 LM_JOURNAL=$gFolder/journal "$kProgram" fraction-dropped
 [ -z "$(ls "$gFolder/lminspect")" ] || fail "there is a socket that nobody asked for"
 

@@ -121,6 +121,17 @@ TEST(Options, TakeAQuestionThatNamesNoJournal)
     }
 }
 
+TEST(Options, LeaveTheQuestionToAProgramAsItIs)
+{
+    const Options theOptions = ReadOptions({"ask", "Radio", "set", "radio.volume", "-5", "--all"});
+    EXPECT_EQ(theOptions.theError, "");
+    EXPECT_EQ(theOptions.theCommand, Command::Ask);
+    EXPECT_EQ(theOptions.theProgram,
+              (std::vector<std::string>{"Radio", "set", "radio.volume", "-5", "--all"}));
+    EXPECT_EQ(ReadOptions({"ask"}).theError, "");
+    EXPECT_EQ(ErrorOf({"ask", "--all", "Radio"}), "ask has no option --all");
+}
+
 TEST(Options, NameAProgramToAttachTo)
 {
     const Options theOptions = ReadOptions({"attach", "Radio", "--output=a.journal"});
