@@ -46,7 +46,8 @@ COLOURS = {
 PREFACE = """# Side by side
 
 The same work, done by LmBindings and by what else could be used for it, in one run of one program. Written by
-`Benchmarks/ComparePeers.sh`; `Scripts/InstallPeers.sh` installs the other libraries.
+`Benchmarks/ComparePeers.sh`; `Scripts/InstallPeers.sh` installs the other libraries. What each of such libraries has
+and has not stands in [Feature by feature](Features.md).
 
 ![Instructions for one operation, as multiples of the floor](Pictures/Comparison.svg)
 
