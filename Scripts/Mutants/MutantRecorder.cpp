@@ -115,6 +115,9 @@ void Prepare(unsigned theMutant, unsigned theSeconds, const std::string& theFilt
         _exit(3);
     }
     dup2(STDOUT_FILENO, STDERR_FILENO);
+    // Programs that a case starts have the fault as well, and serve nobody.
+    setenv("LM_MUTANT", std::to_string(theMutant).c_str(), 1);
+    unsetenv("LM_MUTANTS_SERVED");
 }
 
 // Returns in each of the processes that run tests.
@@ -150,6 +153,7 @@ bool Listen()
     const char* thePath = getenv("LM_MUTANTS_CASES");
     if (thePath != nullptr) {
         testing::UnitTest::GetInstance()->listeners().Append(new Recorder(thePath));
+        unsetenv("LM_MUTANTS_CASES");
     }
     return true;
 }

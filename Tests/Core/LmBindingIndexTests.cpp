@@ -424,3 +424,33 @@ TEST_P(InnerSteps, AddARecordWithoutAnObjectThatDisturbsNobody)
 
 INSTANTIATE_TEST_SUITE_P(Around, InnerSteps, testing::Values(2, 13, 14, 15, 16, 17, 18, 30),
                          testing::PrintToStringParamName());
+
+TEST(ManyRecords, OfOneKeyAreNotTakenForThoseOfAnother)
+{
+    LmKeyValueBinding theObject;
+    LmKeyValueBinding theOther;
+    std::vector<std::unique_ptr<LmKeyValueBinding>> theModels;
+    for (int theCount = 0; theCount < 20; ++theCount) {
+        theModels.push_back(std::make_unique<LmKeyValueBinding>());
+        theObject.Bind("a", theModels.back().get(), "value", nullptr, nullptr);
+    }
+    theObject.Bind("b", &theOther, "value", nullptr, nullptr);
+    EXPECT_EQ(theObject.Unbind("a", &theOther), noErr);
+    theOther.SetKeyPathValue("value", LmValue(7));
+    EXPECT_EQ(theObject.GetKeyPathValue("b").GetSInt32(), 7);
+}
+
+TEST(ManyRecords, OfOneObjectAreFoundWhenAnotherHasNoneAnyMore)
+{
+    LmKeyValueBinding theModel;
+    LmKeyValueBinding theObject;
+    auto theOther = std::make_unique<LmKeyValueBinding>();
+    for (int theCount = 0; theCount < 20; ++theCount) {
+        const LmString theKey = ("k" + std::to_string(theCount)).c_str();
+        theObject.Bind(theKey, &theModel, theKey, nullptr, nullptr);
+        theOther->Bind(theKey, &theModel, theKey, nullptr, nullptr);
+    }
+    theOther.reset();
+    theModel.SetKeyPathValue("k19", LmValue(7));
+    EXPECT_EQ(theObject.GetKeyPathValue("k19").GetSInt32(), 7);
+}

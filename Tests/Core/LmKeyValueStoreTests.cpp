@@ -587,3 +587,18 @@ TEST(LmKeyValueStore, TheDepthOfTheTraceIsRestoredWhenAStoreDiesInItsPass)
     LmDebugObject::SetLogging(false);
     EXPECT_EQ(StandardErrorCapture::TakeText(), "Lm:     here\n");
 }
+
+TEST(LmKeyValueStore, TellsWhoObservesAllKeysWhateverNameSortsFirst)
+{
+    // Before "*", and with a second letter behind it.
+    for (const char* const theName : {"!x", "*x", " ", "a"}) {
+        Lines theLog;
+        NamedObserver theObserver("one", theLog);
+        NamedObserver theWatcher("all", theLog);
+        LmKeyValueStore theStore;
+        theStore.ObserveKeyPathValue(theName, &theObserver);
+        theStore.ObserveKeyPathValue(kKeyAnyValue, &theWatcher);
+        theStore.SetKeyPathValue(theName, LmValue(1));
+        EXPECT_EQ(theLog.size(), 4U) << theName;
+    }
+}

@@ -227,3 +227,66 @@ TEST(LmNestedSet, AChainOfThousandsOfObjectsIsNoConcern)
     theChain.front()->SetKeyPathValue("a", LmValue(7L));
     EXPECT_EQ(NumberOf(*theChain.back(), "a"), 7);
 }
+
+namespace {
+
+// Sets the key behind the one that it is told of, up to a last one.
+class Passing : public LmKeyValueObserver
+{
+public:
+    Passing(LmKeyValueStore& theStore, long theLast)
+        : mStore(theStore)
+    {
+        for (long theKey = 0; theKey < theLast; ++theKey) {
+            theStore.ObserveKeyPathValue(KeyOf(theKey), this);
+        }
+    }
+    void ValueChanged(const LmKeyValueStore* theStore, const LmString& theKeyName) override
+    {
+        const long theNext = theStore->GetKeyPathValue(theKeyName).GetSInt32() + 1;
+        mStore.SetKeyPathValue(KeyOf(theNext), LmValue(theNext));
+    }
+    static LmString KeyOf(long theKey) { return ("k" + std::to_string(theKey)).c_str(); }
+
+private:
+    LmKeyValueStore& mStore;
+};
+
+// Like Repeating without end, and sets another key as soon as it is refused.
+class Giving : public LmKeyValueObserver
+{
+public:
+    explicit Giving(LmKeyValueStore& theStore)
+        : mStore(theStore)
+    {
+        theStore.ObserveKeyPathValue("a", this);
+    }
+    void ValueChanged(const LmKeyValueStore*, const LmString& theKeyName) override
+    {
+        mStore.SetKeyPathValue(theKeyName, LmValue(++mCount));
+        mStore.SetKeyPathValue("b", LmValue(1L));
+    }
+
+private:
+    LmKeyValueStore& mStore;
+    long mCount = 0;
+};
+
+} // namespace
+
+TEST(LmNestedSet, AChainOfKeysOfOneStoreIsNoConcern)
+{
+    NamedBinding theStore("Store");
+    const Passing theObserver(theStore, 1500);
+    theStore.SetKeyPathValue("k0", LmValue(0L));
+    EXPECT_EQ(NumberOf(theStore, "k1500"), 1500);
+}
+
+TEST(LmNestedSet, AnotherKeyIsSetAfterOneWasRefused)
+{
+    NamedBinding theStore("Store");
+    const Giving theObserver(theStore);
+    theStore.SetKeyPathValue("a", LmValue(-1L));
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), TooDeep("Store.a"));
+    EXPECT_EQ(NumberOf(theStore, "b"), 1);
+}

@@ -25,7 +25,8 @@ template <typename Write>
     }
 }
 
-// What LmTrace does while something is on; a function of its own, so that what is traced stays short.
+// Writes a line of the trace, while tracing is on, and the entry of the journal that theMake makes, as LmNote
+// writes it. For those who know that something is on.
 template <typename Write, typename Make>
 [[gnu::cold, gnu::noinline]] void LmWriteTraceAndNote(const Write& theWrite, const Make& theMake)
 {
@@ -42,15 +43,6 @@ inline void LmTrace(const Write& theWrite)
 {
     if (LmJournal::IsAnythingOn()) {
         LmWriteTrace(theWrite);
-    }
-}
-
-// The same, and the entry of the journal that theMake makes, as LmNote writes it.
-template <typename Write, typename Make>
-inline void LmTrace(const Write& theWrite, const Make& theMake)
-{
-    if (LmJournal::IsAnythingOn()) {
-        LmWriteTraceAndNote(theWrite, theMake);
     }
 }
 
