@@ -2,6 +2,8 @@
 
 #include "Echo.h"
 
+#include <iterator>
+
 namespace Inspect {
 
 namespace {
@@ -29,6 +31,8 @@ void Echo::Take(Causes& theCauses)
     if (theEntry.theWhat == What::Event && theEvent > 0) {
         // When the inner event ends, the binding writes again, although the outer one has not ended.
         theCauses.At(theEvent - 1).isMarked = true;
+    } else if (theEntry.theWhat == What::Event) {
+        Settle(theEntry);
     }
     if (theEntry.theWhat != What::Changed) {
         return;
@@ -44,11 +48,26 @@ void Echo::Take(Causes& theCauses)
         return;
     }
     Difference& theDifference = mKeys[theKey];
+    theDifference.theEvent = theCauses.At(theEvent - 1).theEntry;
     if (!theDifference.theShown.IsThere()) {
         theDifference.theShown = theEntry.theOld;
     }
-    theDifference.isIt = !IsSame(theDifference.theShown, theEntry.theNew);
+    // A key that had no value is none of the control's own, and is not shown.
+    theDifference.isIt = theDifference.theShown.IsValid() && !IsSame(theDifference.theShown, theEntry.theNew);
     theDifference.theChange = theEntry;
+}
+
+// The control has changed again in the same way. Either that is copied into its key now; or the key has that
+// value already, and the binding itself had it written after its control's change had been copied.
+void Echo::Settle(const Entry& theEvent)
+{
+    const auto theEnd = mKeys.lower_bound({theEvent.theObject.theID + 1, {}});
+    for (auto theKey = mKeys.lower_bound({theEvent.theObject.theID, {}}); theKey != theEnd;) {
+        const Entry& theOlder = theKey->second.theEvent;
+        const bool isSameKind =
+            theOlder.theDetail == theEvent.theDetail && theOlder.theCode == theEvent.theCode;
+        theKey = theKey->second.isIt && isSameKind ? mKeys.erase(theKey) : std::next(theKey);
+    }
 }
 
 const Echo::Difference* Echo::Find(std::uint64_t theObject, const std::string& theKey) const

@@ -5,7 +5,7 @@
 
 // Where a key and what it stands for say different things. While the binding of a control, a window or a menu
 // command copies what has changed there into its keys, nothing is written back. A key that is set anew in
-// that time has its new value, and the control still shows its own.
+// that time has its new value, and the control still shows its own, until it changes again.
 
 #include "Causes.h"
 
@@ -23,6 +23,7 @@ public:
     {
         Entry theChange; // that was not written
         Value theShown;  // what the control shows
+        Entry theEvent;  // that was being copied
         bool isIt = false;
     };
 
@@ -35,6 +36,8 @@ public:
     void Forget(std::uint64_t theObject);
 
 private:
+    void Settle(const Entry& theEvent);
+
     std::map<std::pair<std::uint64_t, std::string>, Difference> mKeys;
 };
 

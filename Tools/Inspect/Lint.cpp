@@ -79,13 +79,6 @@ bool IsChangeOf(const Entry& theEntry, const Entry& theOther)
            theEntry.theKey == theOther.theKey;
 }
 
-// Whether the object writes its keys' last values into its control when a change has gone round. No journal
-// says so.
-bool SettlesItself(const Object& theObject)
-{
-    return theObject.theClass == "LmSettledControlBinding" || theObject.theClass == "LmTextFieldBinding";
-}
-
 } // namespace
 
 std::string_view NameOf(Rule theRule)
@@ -224,8 +217,7 @@ void Lint::CheckShown(std::uint64_t theObject)
 {
     for (const auto& [theKey, theDifference] : mEcho.GetAll()) {
         const Entry& theChange = theDifference.theChange;
-        if (theDifference.isIt && (theObject == 0 || theKey.first == theObject) &&
-            !SettlesItself(theChange.theObject)) {
+        if (theDifference.isIt && (theObject == 0 || theKey.first == theObject)) {
             Add(Rule::ShownOtherwise, theChange, theChange.theObject, theChange.theKey,
                 "it is " + Show(theChange.theNew) + ", and the " + WhatItStandsFor(theChange.theObject) +
                     " shows " + Show(theDifference.theShown) + ": it was set while the " +

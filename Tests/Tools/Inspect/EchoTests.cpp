@@ -23,9 +23,27 @@ public:
         theEntry.theOld.theKind = theEntry.theNew.theKind = Value::Kind::UInt32;
         theEntry.theOld.theInteger = theOld;
         theEntry.theNew.theInteger = theNew;
+        if (theWhat == What::Event) {
+            theEntry.theDetail = "cntl";
+            theEntry.theCode = theOld;
+        }
         mCauses.Take(theEntry);
         mEcho.Take(mCauses);
         return mNumber;
+    }
+    // The first value of a key.
+    void AddFirst(std::uint64_t theCause, const char* theKey)
+    {
+        Entry theEntry;
+        theEntry.theNumber = ++mNumber;
+        theEntry.theCause = theCause;
+        theEntry.theWhat = What::Changed;
+        theEntry.theObject = {9, "LmControlBinding", "slider"};
+        theEntry.theKey = theKey;
+        theEntry.theOld.theKind = Value::Kind::Invalid;
+        theEntry.theNew.theKind = Value::Kind::UInt32;
+        mCauses.Take(theEntry);
+        mEcho.Take(mCauses);
     }
     const Echo::Difference* Find() { return mEcho.Find(9, "value"); }
     Echo& GetEcho() { return mEcho; }
@@ -59,6 +77,32 @@ TEST(Echo, IsNothingWhenTheKeyComesBackToWhatIsShown)
     const std::uint64_t theCopy = theCourse.Add(What::Changed, theEvent, 1, 30);
     theCourse.Add(What::Changed, theCourse.Add(What::Update, theCopy), 30, 25);
     theCourse.Add(What::Changed, theCourse.Add(What::Update, theCopy), 25, 30);
+    EXPECT_EQ(theCourse.Find(), nullptr);
+}
+
+TEST(Echo, EndsWhenTheControlChangesOnceMoreInTheSameWay)
+{
+    constexpr unsigned kValueEvent = 151;
+    constexpr unsigned kTitleEvent = 159;
+    Course theCourse;
+    const std::uint64_t theAction = theCourse.Add(What::Action, 0);
+    const std::uint64_t theEvent = theCourse.Add(What::Event, theAction, kValueEvent);
+    const std::uint64_t theCopy = theCourse.Add(What::Changed, theEvent, 1, 30);
+    theCourse.Add(What::Changed, theCourse.Add(What::Update, theCopy), 30, 25);
+    theCourse.Add(What::Event, theAction, kTitleEvent);
+    EXPECT_NE(theCourse.Find(), nullptr) << "its title says nothing of its value";
+    // A binding that settles its control writes the key into it when the change has been copied.
+    theCourse.Add(What::Event, theAction, kValueEvent);
+    EXPECT_EQ(theCourse.Find(), nullptr);
+}
+
+TEST(Echo, IsNotThereForAKeyThatIsNoneOfTheControls)
+{
+    Course theCourse;
+    const std::uint64_t theCopy = theCourse.Add(What::Changed, theCourse.Add(What::Event, 0), 1, 30);
+    theCourse.AddFirst(theCopy, "noticed");
+    EXPECT_EQ(theCourse.GetEcho().Find(9, "noticed"), nullptr);
+    // The control's own keys have values from the beginning.
     EXPECT_EQ(theCourse.Find(), nullptr);
 }
 

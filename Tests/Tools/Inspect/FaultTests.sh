@@ -5,6 +5,9 @@
 # FaultTests.sh none <lminspect> <libLmInspection> <what is expected> <program>...: what lint finds in the journal of
 # a program. The first runs it once for each fault; for the number of a line its text is shown. The others are
 # programs that have none, but for what they make to be looked at.
+# FaultTests.sh scenarios <lminspect> <libLmInspection> <what is expected> <test program>: the same for each case of a
+# test program, of which those are listed in which something is found. What is expected says why it is meant, in a line
+# that begins with # before each finding.
 set -u
 export LM_PRESENTER=headless LM_PREFERENCES=memory
 gFolder=$(mktemp -d)
@@ -52,10 +55,35 @@ look_at_programs()
     done
 }
 
+look_at_cases()
+{
+    local theCase theCount=0
+    while read -r theCase; do
+        ASAN_OPTIONS="${ASAN_OPTIONS:+$ASAN_OPTIONS:}verify_asan_link_order=0" \
+            LM_JOURNAL=$gFolder/journal LD_PRELOAD=$kLibrary "$1" --gtest_filter="$theCase" >/dev/null 2>&1
+        lint "$gFolder/journal" | grep -v '^  see ' >"$gFolder/found"
+        [ "$(cat "$gFolder/found")" = "0 findings" ] || { echo "=== $theCase"; cat "$gFolder/found"; }
+        rm -f "$gFolder/journal"
+        theCount=$((theCount + 1))
+    done < <("$1" --gtest_list_tests | awk '/^[^ ]/ { theSuite = $1 } /^ / { print theSuite $1 }')
+    [ $theCount -ge 20 ] || echo "$theCount cases"
+}
+
+# without_reasons <file>: a finding without one is marked.
+without_reasons()
+{
+    awk '/^#/ { hasReason = 1; next }
+        /^[a-z-]+: / && !hasReason { print "no reason is given for:" }
+        { hasReason = 0; print }' "$1"
+}
+
 kInspect=$2
 if [ "$1" = faults ]; then
     kProgram=$3 kSource=$4 kExpected=$5
     diff -u --label expected "$kExpected" --label found <(plant_faults)
+elif [ "$1" = scenarios ]; then
+    kLibrary=$3 kExpected=$4
+    diff -u --label expected <(without_reasons "$kExpected") --label found <(look_at_cases "$5")
 else
     kLibrary=$3 kExpected=$4
     shift 4

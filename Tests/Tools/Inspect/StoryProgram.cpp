@@ -1,9 +1,10 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-// StoryProgram slider|area: what Documentation/WhyItMoved.md explains. StoryTests.sh compares what lminspect
-// says of it with that page.
+// StoryProgram slider|settled|area: what Documentation/WhyItMoved.md explains. StoryTests.sh compares what
+// lminspect says of it with that page.
 
 #include "LmBindings.h"
+#include "LmSettledControlBinding.h"
 
 #include <Carbon/Carbon.h>
 #include <Simulation/UserSimulator.h>
@@ -41,13 +42,14 @@ ControlRef MakeSlider()
     return theSlider;
 }
 
+template <typename Binding>
 bool PlaySlider()
 {
     static auto& sHeating = *new Heating;
     LmNameObject(sHeating, "heating");
     sHeating.SetKeyPathValue("degrees", LmValue(10));
     const ControlRef theControl = MakeSlider();
-    auto* const theSlider = new LmControlBinding(theControl);
+    auto* const theSlider = new Binding(theControl);
     LmNameObject(*theSlider, "slider");
     theSlider->Bind("value", &sHeating, "degrees", new LmScaleTransform(2), new LmScaleTransform(0.5));
     return static_cast<bool>(Host::UserSimulator().DragSlider(theControl, 80));
@@ -111,6 +113,13 @@ bool PlayArea()
 int main(int theCount, char** theArguments)
 {
     const std::string theStory = theCount > 1 ? theArguments[1] : "";
-    const bool isPlayed = theStory == "slider" ? PlaySlider() : theStory == "area" && PlayArea();
+    bool isPlayed = false;
+    if (theStory == "slider") {
+        isPlayed = PlaySlider<LmControlBinding>();
+    } else if (theStory == "settled") {
+        isPlayed = PlaySlider<LmSettledControlBinding>();
+    } else if (theStory == "area") {
+        isPlayed = PlayArea();
+    }
     return isPlayed ? EXIT_SUCCESS : EXIT_FAILURE;
 }

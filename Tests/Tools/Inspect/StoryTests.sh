@@ -2,14 +2,14 @@
 # LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 #
 # StoryTests.sh <lminspect> <StoryProgram> <page>: what the page shows below each "$ lminspect ..." is what that prints,
-# but for times. It asks about slider.journal and area.journal, which StoryProgram writes.
+# but for times. It asks about the journals that StoryProgram writes.
 set -u
 kInspect=$1 kProgram=$2 kPage=$3
 gFolder=$(mktemp -d)
 trap 'rm -rf "$gFolder"' EXIT
 export LM_PRESENTER=headless LM_PREFERENCES=memory
 
-for theStory in slider area; do
+for theStory in slider settled area; do
     LM_JOURNAL_CALLERS=8 LM_JOURNAL=$gFolder/$theStory.journal "$kProgram" $theStory || exit 1
 done
 
