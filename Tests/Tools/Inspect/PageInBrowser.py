@@ -309,6 +309,26 @@ class PageTest(unittest.TestCase):
         print(f"2,000 objects: a step takes {times[20]:.1f} ms, the slowest of 40 {times[-1]:.1f} ms")
         gBrowser.picture(os.path.join(gFolder, "ThousandsLight.png"))
 
+    def test_an_overview_of_classes_leads_to_their_objects(self):
+        self.open("thousands")
+        gBrowser.click("#tabObjects")
+        self.assertEqual(self.texts("#classes option"), ["3 classes", "LmControlBinding (1,332)",
+                                                         "LmKeyValueBinding (666)", "Store (2)"])
+        gBrowser.js("document.getElementById('classes').focus()")
+        self.press("End")
+        self.assertEqual(self.texts("#objects .space .object"), ["store 1998", "store 1999"])
+        self.assertIn("2 objects", gBrowser.text("#objectsNote"))
+        gBrowser.click("#objects .space .row")
+        self.assertEqual(gBrowser.text(".card.chosen b"), "store 1998")
+        gBrowser.picture(os.path.join(gFolder, "ThousandsClasses.png"))
+        # What is searched for is of any class.
+        self.press("/")
+        gBrowser.write("slider 77")
+        self.press("ArrowDown", "Enter")
+        self.assertEqual(gBrowser.text(".card.chosen b"), "slider 77")
+        self.assertEqual(gBrowser.text("#objects .row.active .object"), "slider 77")
+        self.assertEqual(gBrowser.js("document.getElementById('classes').value"), "")
+
     def test_a_long_journal_begins_with_how_things_stood(self):
         self.open("long")
         count = len(gJournals["long"])

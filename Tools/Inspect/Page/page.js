@@ -304,7 +304,7 @@ class Reader {
         this.panels.objects.refresh();
         if (theObject >= 0) {
             this.graph.reveal(theObject);
-            this.panels.objects.reveal(theObject);
+            this.panels.revealObject(theObject);
             const isRead = ["tabKeys", "tabObjects"].some(
                 theID => document.getElementById(theID).getAttribute("aria-selected") === "true"
             );
@@ -344,7 +344,8 @@ class Reader {
 
     onKey(theEvent) {
         const theTarget = theEvent.target;
-        const isText = theTarget.matches("input[type=search]");
+        // These have uses of their own for the keys.
+        const isText = theTarget.matches("input[type=search], select");
         if (theEvent.ctrlKey || theEvent.metaKey || theEvent.altKey || this.parts.keysHelp.open) {
             return;
         }

@@ -270,7 +270,8 @@ class Panels {
                 }
             }
         );
-        this.objects.setItems(theJournal.objects.map((theObject, theIndex) => theIndex));
+        this.makeClasses();
+        this.showClass("");
         this.setKeys();
     }
 
@@ -313,9 +314,43 @@ class Panels {
         } else {
             theNote.append(showCount(this.journal.keys.length, "key", "keys") + ", with their values at this step");
         }
+    }
+
+    // How many objects there are of each class, the most first; choosing one leaves only these in the table.
+    makeClasses() {
+        const theCounts = new Map();
+        for (const theObject of this.journal.objects) {
+            theCounts.set(theObject.kind, (theCounts.get(theObject.kind) ?? 0) + 1);
+        }
+        this.classes = document.getElementById("classes");
+        const theOptions = [...theCounts].sort(
+            ([theLeft, theLeftCount], [theRight, theRightCount]) =>
+                theRightCount - theLeftCount || (theLeft < theRight ? -1 : 1)
+        );
+        this.classes.append(new Option(showCount(theOptions.length, "class", "classes"), ""));
+        for (const [theClass, theCount] of theOptions) {
+            this.classes.append(new Option(`${theClass} (${showNumber(theCount)})`, theClass));
+        }
+        this.classes.addEventListener("change", () => this.showClass(this.classes.value));
+    }
+
+    showClass(theClass) {
+        this.classes.value = theClass;
+        this.objects.setItems(
+            [...this.journal.objects.keys()].filter(
+                theIndex => theClass === "" || this.journal.objects[theIndex].kind === theClass
+            )
+        );
         document.getElementById("objectsNote").textContent =
-            showCount(this.journal.objects.length, "object", "objects") +
-            "; choosing one shows its wires and its keys";
+            showCount(this.objects.all.length, "object", "objects") + "; choosing one shows its wires and its keys";
+    }
+
+    // Goes to the row of theObject, which may be of another class than those that are shown.
+    revealObject(theObject) {
+        if (!this.objects.all.includes(theObject)) {
+            this.showClass("");
+        }
+        this.objects.reveal(theObject);
     }
 
     makeFindings() {
