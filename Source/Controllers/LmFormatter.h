@@ -11,22 +11,20 @@
 // A formatter turns the text that a person has typed into a value, or says what is wrong with it; and a value
 // into the text that a person reads.
 //
-//     class DozenFormatter : public LmFormatter
+//     class DozenFormatter : public LmIntegerFormatter
 //     {
 //     public:
 //         LmReading Parse(CFStringRef theText) const override
 //         {
-//             const SInt32 theNumber = CFStringGetIntValue(theText);
-//             return theNumber % 12 == 0 ? LmReading::Accept(LmValue(theNumber))
-//                                        : LmReading::Refuse("Only whole dozens are sold.");
-//         }
-//         LmValue Format(const LmValue& theValue) const override
-//         {
-//             return LmValue(
-//                 CFStringCreateWithFormat(NULL, NULL, CFSTR("%d"), static_cast<int>(theValue.GetSInt32())),
-//                 true);
+//             const LmReading theReading = LmIntegerFormatter::Parse(theText);
+//             return theReading.IsAccepted() && theReading.theValue.GetSInt32() % 12 != 0
+//                        ? LmReading::Refuse("Only whole dozens are sold.")
+//                        : theReading;
 //         }
 //     };
+//
+// This one reads and writes as the formatter that it is derived from, and refuses more. Where there is none
+// that does nearly the same, an application derives its own from LmFormatter, with both functions.
 //
 // A text field that has one hands it what was typed, and shows what was accepted as the formatter writes it:
 // the normal form, "1,200" for "1200 ".

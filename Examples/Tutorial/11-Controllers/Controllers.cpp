@@ -7,7 +7,6 @@
 
 #include <Carbon/Carbon.h>
 
-#include <cmath>
 #include <cstdio>
 #include <memory>
 #include <Simulation/UserSimulator.h>
@@ -66,22 +65,19 @@ static void KeepToTheModel()
 }
 
 // Frequencies from 87.5 to 108.0 megahertz, in tenths.
-class FrequencyFormatter : public LmFormatter
+class FrequencyFormatter : public LmDecimalFormatter
 {
 public:
-    LmReading Parse(CFStringRef theText) const override
+    FrequencyFormatter()
+        : LmDecimalFormatter(1, 875, 1080)
     {
-        const double theTenths = std::round(CFStringGetDoubleValue(theText) * 10);
-        return theTenths >= 875 && theTenths <= 1080
-                   ? LmReading::Accept(LmValue(static_cast<int>(theTenths)))
-                   : LmReading::Refuse("There are stations from 87.5 to 108.0.");
     }
 
-    LmValue Format(const LmValue& theValue) const override
+    LmReading Parse(CFStringRef theText) const override
     {
-        char theText[32];
-        std::snprintf(theText, sizeof theText, "%.1f", theValue.GetDouble() / 10);
-        return LmMakeStringValue(theText);
+        const LmReading theReading = LmDecimalFormatter::Parse(theText);
+        return theReading.IsAccepted() ? theReading
+                                       : LmReading::Refuse("There are stations from 87.5 to 108.0.");
     }
 };
 
@@ -103,7 +99,7 @@ static void TypeAFrequency()
         theUser.Click(FindControl(theWindow, kStationField));
         theUser.PressKey(kVK_ANSI_A, cmdKey); // selects what stands there
         theUser.TypeText("120\n");
-        theUser.TypeText("101.04\n");
+        theUser.TypeText("101\n");
         std::printf("  the frequency is %ld\n", theRadio.GetKeyPathValue("frequency").GetSInt32());
     }
     std::printf("  %s\n", theUser.DescribeControl(FindControl(theWindow, kStationField)).c_str());
