@@ -15,7 +15,7 @@ fresh_tree()
     rm -rf "${gTree:?}"/*
     mkdir -p "$gTree"/Source/{Core,Core/Internal,Controllers/Internal,Inspection/Internal,Inspector/Internal} \
         "$gTree"/Platform/{CoreFoundation,CoreServices,Simulation} \
-        "$gTree"/Platform/Carbon/Source/{Base,System,Events,Menus,Windows/ControlKinds,Toolbox,Input} \
+        "$gTree"/Platform/Carbon/Source/{Base,System,Events,Menus,Windows/ControlKinds,Views,Toolbox,Input} \
         "$gTree/Platform/Common" "$gTree"/Platform/Presentation/{Include/Presentation,Headless,Qt} "$gTree/Examples" \
         "$gTree"/Tools/{Inspect,Inspector}
     printf '%s\n' '#ifndef LmThing_h' '#include <Carbon/Carbon.h>' '#include <vector>' '#endif' \
@@ -121,6 +121,7 @@ breaks Platform/CoreFoundation/String.cpp '#include <Carbon/Carbon.h>'
 breaks Platform/CoreFoundation/String.cpp '#include <CoreServices/CoreServices.h>'
 breaks Platform/CoreServices/Memory.cpp '#include <Carbon/Carbon.h>'
 breaks Platform/Carbon/Source/Windows/Window.cpp '#include "Toolbox/Cursors.h"'
+breaks Platform/Carbon/Source/Windows/Window.cpp '#include "Views/Views.h"'
 breaks Platform/Carbon/Source/Toolbox/Cursors.cpp '#include "Input/Gate.h"'
 breaks Platform/Presentation/Include/Presentation/Presenter.h '#include <Carbon/Carbon.h>'
 breaks Platform/Presentation/Include/Presentation/Presenter.h '#include <QString>'

@@ -96,6 +96,30 @@ const Call kControlCalls[] = {
     {"EmbedControl", [](const Things& theThings) { EmbedControl(theThings.mSlider, theThings.mGroup); }},
     {"AutoEmbedControl",
      [](const Things& theThings) { AutoEmbedControl(theThings.mSlider, theThings.mWindow); }},
+    {"HIViewGetRoot", [](const Things& theThings) { HIViewGetRoot(theThings.mOtherWindow); }},
+    {"HIViewFindByID",
+     [](const Things& theThings) {
+         HIViewRef theView = nullptr;
+         HIViewFindByID(HIViewGetRoot(theThings.mWindow), HIViewID{'none', 1}, &theView);
+     }},
+    {"HIViewRemoveFromSuperview",
+     [](const Things& theThings) { HIViewRemoveFromSuperview(theThings.mButton); }},
+    {"HIViewSetZOrder",
+     [](const Things& theThings) { HIViewSetZOrder(theThings.mGroup, kHIViewZOrderAbove, nullptr); }},
+    {"HIViewSetLayoutInfo",
+     [](const Things& theThings) {
+         HILayoutInfo theRules = {};
+         theRules.binding.left.kind = kHILayoutBindRight;
+         HIViewSetLayoutInfo(theThings.mButton, &theRules);
+         SizeWindow(theThings.mWindow, 300, 200, true);
+     }},
+    {"HIViewSetText", [](const Things& theThings) { HIViewSetText(theThings.mField, CFSTR("Other")); }},
+    {"HIViewCopyText",
+     [](const Things& theThings) {
+         if (CFStringRef theText = HIViewCopyText(theThings.mField)) {
+             CFRelease(theText);
+         }
+     }},
     {"DisposeControl", [](const Things& theThings) { DisposeControl(theThings.mGroup); }},
     {"KillControls", [](const Things& theThings) { KillControls(theThings.mWindow); }},
     {"SetControl32BitValue", [](const Things& theThings) { SetControl32BitValue(theThings.mSlider, 7); }},

@@ -7,6 +7,7 @@
 #include "Events/EventTargets.h"
 #include "Events/OutgoingEvent.h"
 #include "KeyboardFocus.h"
+#include "Layout.h"
 #include "Window.h"
 
 #include <algorithm>
@@ -199,6 +200,9 @@ void Control::SetBounds(const Rect& theBounds)
     }
     if (!mIsGone) {
         SendBoundsChange(*this, kEventControlBoundsChanged, theOld);
+    }
+    if (!mIsGone) {
+        LayOutFollowers(theKeepAlive, theOld);
     }
 }
 

@@ -103,6 +103,12 @@ public:
     void Dispose();
     void DisposeSubControls();
 
+    // The steps of HIViewRemoveFromSuperview and HIViewSetZOrder: out of its container and its window, and to
+    // another place in its container, counted from the back.
+    void Withdraw();
+    void PutAt(size_t theOrder);
+    size_t Order() const { return mOrder; }
+
     // State. The setters tell the presenter and the handlers, if there is something to tell.
     bool Is(ControlState theState) const; // with everything around it
     OSStatus Set(ControlState theState, bool theIsOn);
@@ -195,13 +201,18 @@ public:
     ControlFontStyleRec mStyle = {};
     ControlSize mSize = kControlSizeNormal;
     Properties mProperties;
+    bool mIsLayoutSuspended = false;
+    bool mIsLeading = false; // others are following it right now
+
+    // A state of its own, whatever is around it.
+    bool OwnState(ControlState theState) const;
 
 private:
-    bool OwnState(ControlState theState) const;
     void SetOwnState(ControlState theState, bool theIsOn);
     void AddPlaceToLook(ControlLook& theLook) const;
     void Leave();
     void MoveTo(const SharedWindow& theOwner);
+    void DisappearFrom(Presenter& thePresenter) const;
     void TellContainer(UInt32 theKind, const SharedControl& theContainer);
     SharedControl LastSubControl(ObjectId theNewest) const;
     void MakeRoom();

@@ -9,6 +9,7 @@
 #include "Events/EventTargets.h"
 #include "Events/OutgoingEvent.h"
 #include "KeyboardFocus.h"
+#include "Layout.h"
 #include "Window.h"
 
 #include <algorithm>
@@ -56,6 +57,19 @@ std::set<std::pair<std::uint64_t, ObjectId>>& Names()
 {
     static NeverDestroyed<std::set<std::pair<std::uint64_t, ObjectId>>> sNames;
     return sNames.Get();
+}
+
+// A window's default and cancel button are in it.
+void ForgetButtons(const SharedWindow& theWindow, const Control& theControl)
+{
+    if (theWindow == nullptr) {
+        return;
+    }
+    for (auto theButton : {&Window::mDefaultButton, &Window::mCancelButton}) {
+        if ((*theWindow.*theButton).lock().get() == &theControl) {
+            (*theWindow.*theButton).reset();
+        }
+    }
 }
 
 } // namespace
@@ -134,6 +148,7 @@ void Control::Dispose()
     Leave();
     mIsGone = true;
     Names().erase({KeyOf(mID), mIdentifier});
+    RemoveLayout(*this);
     Controls().Remove(Reference());
     DisposeEventTarget(mTarget);
     PresenterRegistry::Current().ControlGone(mIdentifier);
@@ -285,22 +300,72 @@ void Control::MakeRoom()
     }
 }
 
-// Between the old parent and the new one, as the two events about them have it.
+void Control::Withdraw()
+{
+    const SharedControl theKeepAlive = shared_from_this();
+    const SharedControl theParent = Parent();
+    if (theParent == nullptr) {
+        return;
+    }
+    ReleaseFocusInside(*this);
+    TellContainer(kEventControlRemovingSubControl, theParent);
+    if (mIsGoing || Parent() != theParent) {
+        return; // a handler has seen to it
+    }
+    Leave();
+    DisappearFrom(PresenterRegistry::Current());
+    MoveTo(nullptr);
+    if (!theParent->mIsGoing) {
+        theParent->SubControlsChanged();
+    }
+}
+
+void Control::DisappearFrom(Presenter& thePresenter) const
+{
+    for (const SharedControl& theSubControl : mSubControls) {
+        theSubControl->DisappearFrom(thePresenter);
+    }
+    thePresenter.ControlGone(mIdentifier);
+}
+
+void Control::PutAt(size_t theOrder)
+{
+    auto& theControls = Parent()->mSubControls;
+    const auto theStart = theControls.begin();
+    const auto theOld = static_cast<std::ptrdiff_t>(mOrder);
+    const auto theNew = static_cast<std::ptrdiff_t>(theOrder);
+    if (theNew < theOld) {
+        std::rotate(theStart + theNew, theStart + theOld, theStart + theOld + 1);
+    } else {
+        std::rotate(theStart + theOld, theStart + theOld + 1, theStart + theNew + 1);
+    }
+    const size_t theFirst = std::min(mOrder, theOrder);
+    const size_t theLast = std::max(mOrder, theOrder);
+    for (size_t theIndex = theFirst; theIndex <= theLast; ++theIndex) {
+        theControls[theIndex]->mOrder = theIndex;
+        theControls[theIndex]->Show();
+    }
+}
+
+// Between the old parent and the new one, as the two events about them have it; null for one that leaves for
+// nowhere.
 void Control::MoveTo(const SharedWindow& theOwner)
 {
     const SharedWindow theOldOwner = Owner();
-    if (theOldOwner == theOwner || theOwner == nullptr) {
+    if (theOldOwner == theOwner) {
         return;
     }
     ReleaseFocusInside(*this);
     mOwner = theOwner;
     ReleaseFocusInside(theOldOwner, *this); // a handler may have given it back
+    ForgetButtons(theOldOwner, *this);
     OutgoingEvent theEvent(kEventClassControl, kEventControlOwningWindowChanged);
     theEvent.Set(kEventParamDirectObject, typeControlRef, Reference());
     theEvent.Set(kEventParamAttributes, typeUInt32, UInt32{0});
     const WindowRef theOldReference = theOldOwner == nullptr ? nullptr : theOldOwner->Reference();
     theEvent.Set(kEventParamControlOriginalOwningWindow, typeWindowRef, theOldReference);
-    theEvent.Set(kEventParamControlCurrentOwningWindow, typeWindowRef, theOwner->Reference());
+    const WindowRef theNewReference = theOwner == nullptr ? nullptr : theOwner->Reference();
+    theEvent.Set(kEventParamControlCurrentOwningWindow, typeWindowRef, theNewReference);
     theEvent.SendTo(mTarget);
     // A handler may move controls, this one too, which then belong elsewhere.
     while (Owner() == theOwner) {
@@ -350,21 +415,6 @@ SharedControl FindAt(const SharedControl& theContainer, Point thePoint)
     return nullptr;
 }
 
-// The first in theRoot, which is before what is inside it.
-SharedControl FindNamed(const Control& theRoot, const ControlID& theID)
-{
-    SharedControl theFirst;
-    const std::uint64_t theKey = KeyOf(theID);
-    for (auto theName = Names().lower_bound({theKey, kNoObject});
-         theName != Names().end() && theName->first == theKey; ++theName) {
-        const SharedControl theControl = FindControl(theName->second);
-        if (theControl->IsInside(theRoot) && (theFirst == nullptr || theControl->Path() < theFirst->Path())) {
-            theFirst = theControl;
-        }
-    }
-    return theFirst;
-}
-
 SharedControl DeepestAround(const SharedControl& theContainer, const SharedControl& theInner)
 {
     const auto& theControls = theContainer->SubControls();
@@ -396,6 +446,20 @@ OSErr Embed(const SharedControl& theControl, const SharedControl& theContainer)
 }
 
 } // namespace
+
+SharedControl FindNamed(const Control& theRoot, const ControlID& theID)
+{
+    SharedControl theFirst;
+    const std::uint64_t theKey = KeyOf(theID);
+    for (auto theName = Names().lower_bound({theKey, kNoObject});
+         theName != Names().end() && theName->first == theKey; ++theName) {
+        const SharedControl theControl = FindControl(theName->second);
+        if (theControl->IsInside(theRoot) && (theFirst == nullptr || theControl->Path() < theFirst->Path())) {
+            theFirst = theControl;
+        }
+    }
+    return theFirst;
+}
 
 SharedControl ControlAt(const SharedWindow& theWindow, Point theContentPoint)
 {

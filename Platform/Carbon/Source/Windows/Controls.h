@@ -40,6 +40,10 @@ bool PointOfPart(const SharedControl& theControl, ControlPartCode thePart, Point
 // Where the indicator of a slider or scroll bar would stand for a value. False for other controls.
 bool PointOfValue(const SharedControl& theControl, SInt32 theValue, Point* thePoint);
 
+// The first control of an identifier in theRoot, which is itself before what is inside it; null for none.
+// Needs memory for the way to it.
+SharedControl FindNamed(const Control& theRoot, const ControlID& theID);
+
 // The control being tracked, or null.
 SharedControl TrackedControl();
 
