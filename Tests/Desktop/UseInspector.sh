@@ -98,10 +98,29 @@ take()
     command -v import >/dev/null && command -v compare >/dev/null || return
     until_true "$1: the window stands still" stands_still "$1"
     [ "$(identify -format %k "$kFolder/$1.png")" -ge 16 ] || give_up "$1: there is something in the picture"
-    if [ "$kUpdate" = --update ] && [[ $1 == [1-4]-* ]]; then
+    keep "$1"
+}
+
+# keep <name>: makes it the one of the page, when that is wanted.
+keep()
+{
+    if [ "$kUpdate" = --update ] && [[ $1 == [1-5]-* ]]; then
         mkdir -p "$kPictures"
         convert "$kFolder/$1.png" -bordercolor '#808080' -border 1 -strip +dither -colors 128 -define png:exclude-chunks=date,time "png8:$kPictures/$1.png"
     fi
+}
+
+# take_picking <name>: the application's window with the frame about the control under the pointer, which is a window
+# of its own; so it is cut out of the screen.
+take_picking()
+{
+    command -v import >/dev/null && command -v compare >/dev/null || return
+    local gWindow=$gThermostat
+    picture picking
+    convert "$kFolder/picking.png" \
+        -crop "$(geometry Width)x$(geometry Height)+$(geometry X)+$(geometry Y)" +repage "$kFolder/$1.png"
+    [ "$(identify -format %k "$kFolder/$1.png")" -ge 16 ] || give_up "$1: there is something in the picture"
+    keep "$1"
 }
 
 open_thermostat()
@@ -209,7 +228,7 @@ pick_heating()
     content 109 61
     sleep 0.3
     content 112 61
-    picture picking
+    take_picking 5-picking
     xdotool click 1
     until_true "the inspector comes back" is_active
     take 2-picked
