@@ -15,7 +15,8 @@ has the sanitizers, so a leak and a wrong access count as well.
   --only PATH  tries only what is in these files
   --jobs N     so many at the same time (2)
   --build DIR  works there (Build/mutants)
-  --write      writes the figures to Documentation/Quality/Mutants.json, and the table of Documentation/Testing.md
+  --write      writes the figures of the rooms that were tried whole to Documentation/Quality/Mutants.json, and the
+               table of Documentation/Testing.md
 
 Survivors that were looked at stand in Tests/Mutants/Judged.txt with the reason why they may stay; the result is 1 when
 there is another one, or when something there is no survivor any more. Results.json in the build folder has each mutant
@@ -85,6 +86,8 @@ LIBRARIES = ("LmCoreFoundation", "LmCarbon", "LmBindings")
 ARGUMENTS = {"randomScripts": ["--scripts", "60"]}
 ARGUMENTS |= {p: [f"{{root}}/Tests/Fuzz/Corpus/{p[5:]}"] for p in PROGRAMS if p.startswith("fuzz.")}
 
+# What is counted of a room.
+COUNTS = ("mutants", "killed", "survived", "judged")
 # What is different in the copy: a difference need not be shrunk and shown.
 CHANGES = {"Tests/Model/RandomScripts.cpp": ("    PrintDifference(theProgress.theSeed);\n", "    (void)&PrintDifference;\n")}
 # What has faults is no pleasure to a compiler. Where ccache is used, files are called by their way from the build.
@@ -579,8 +582,12 @@ class Trial:
 
 
 def figures(mutants, results, judged):
-    rooms = defaultdict(Counter)
+    """The counts of each room all of whose mutants were tried."""
+    rooms, open_rooms = defaultdict(Counter), set()
     for mutant in mutants:
+        if mutant.key() not in results:
+            open_rooms.add(room_of(mutant.path))
+            continue
         counts = rooms[room_of(mutant.path)]
         counts["mutants"] += 1
         if results[mutant.key()]["end"] == "killed":
@@ -588,26 +595,39 @@ def figures(mutants, results, judged):
         else:
             counts["survived"] += 1
             counts["judged"] += mutant.key() in judged
-    names = ("mutants", "killed", "survived", "judged")
-    rows = [{"room": room, **{n: rooms[room][n] for n in names}} for room in sorted(rooms)]
-    rows.append({"room": "all", **{n: sum(row[n] for row in rows) for n in names}})
+    return [{"room": room, **{n: rooms[room][n] for n in COUNTS}} for room in sorted(set(rooms) - open_rooms)]
+
+
+def with_all(rows):
+    """The same with the sum of all, and how much of a hundred was killed."""
+    rows = sorted(rows, key=lambda row: row["room"])
+    rows = [*rows, {"room": "all", **{n: sum(row[n] for row in rows) for n in COUNTS}, "commit": ""}]
     for row in rows:
-        row["percent"] = round(100 * row["killed"] / row["mutants"], 1)
+        row["percent"] = round(100 * row["killed"] / row["mutants"], 1) if row["mutants"] else 100.0
     return rows
 
 
 def table(rows):
-    lines = ["| room | mutants | killed | survivors | of these judged | killed, % |", "|---|---:|---:|---:|---:|---:|"]
+    lines = [
+        "| room | mutants | killed | survivors | of these judged | killed, % | commit |",
+        "|---|---:|---:|---:|---:|---:|---|",
+    ]
     for row in rows:
         name = row["room"] if row["room"] == "all" else f"`{row['room']}`" if "/" in row["room"] else row["room"]
-        lines.append(f"| {name} | {row['mutants']} | {row['killed']} | {row['survived']} | {row['judged']} | {row['percent']} |")
+        numbers = " | ".join(str(row[n]) for n in (*COUNTS, "percent"))
+        lines.append(f"| {name} | {numbers} | {row.get('commit', '')} |")
     return "\n".join(lines)
 
 
 def write_figures(rows, command):
+    """Rooms that were not tried now keep the figures that they have."""
     commit = run(["git", "-C", str(ROOT), "rev-parse", "--short", "HEAD"]).stdout.strip()
     path = ROOT / FIGURES
     path.parent.mkdir(parents=True, exist_ok=True)
+    kept = json.loads(path.read_text()) if path.exists() else {"rooms": [], "commit": ""}
+    rooms = {row["room"]: {"commit": kept["commit"], **row} for row in kept["rooms"] if row["room"] != "all"}
+    rooms |= {row["room"]: {**row, "commit": commit} for row in rows}
+    rows = with_all(rooms.values())
     summary = {
         "what": "mutants", "date": datetime.date.today().isoformat(), "commit": commit, "command": command, "rooms": rows,
     }  # fmt: skip
@@ -623,7 +643,8 @@ def report(mutants, results, judged):
     survivors = [m for m in mutants if results[m.key()]["end"] == "survived"]
     new = [m for m in survivors if m.key() not in judged]
     alive = {m.key() for m in survivors}
-    stale = [key for key in judged if key not in alive]
+    tried = {m.path for m in mutants}
+    stale = [key for key in judged if key not in alive and key[0] in tried]
     for m in new:
         place = f"@{m.occurrence} " if m.occurrence > 1 else ""
         reached = "" if results[m.key()]["how"] == "reached" else "  (no test reaches it)"
@@ -669,11 +690,9 @@ def main():
             trial.save()
     results = trial.results
     judged = Judgements(ROOT / JUDGED).reasons
-    mutants = [m for m in copy.mutants if m.key() in results]
-    new, stale = report(mutants, results, judged)
-    rows = figures(mutants, results, judged)
-    (build / "Figures.json").write_text(json.dumps(rows, indent=2))
-    say(table(rows))
+    new, stale = report([m for m in copy.mutants if m.key() in results], results, judged)
+    rows = figures(copy.mutants, results, judged)
+    say(table(with_all(rows)))
     if options.write:
         write_figures(rows, " ".join(["Scripts/Mutants.py", *sys.argv[1:]]))
     say(f"{len(new)} survivors that nobody looked at, {len(stale)} judgements that are not needed")

@@ -61,8 +61,9 @@ def Tests(figures):
 
 def Mutants(figures):
     rows = [[f"`{row['room']}`" if row["room"] != "all" else "all", Number(row["mutants"]), Number(row["killed"]),
-             Number(row["survived"]), Number(row["judged"]), f"{row['percent']} %"] for row in figures["rooms"]]
-    return Table(["room", "mutants", "killed", "survivors", "of these judged", "killed, %"], rows)
+             Number(row["survived"]), Number(row["judged"]), f"{row['percent']} %", row["commit"]]
+            for row in figures["rooms"]]
+    return Table(["room", "mutants", "killed", "survivors", "of these judged", "killed, %", "commit"], rows)
 
 
 def Coverage(figures):

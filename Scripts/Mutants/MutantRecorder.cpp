@@ -73,6 +73,8 @@ private:
             }
         }
         fputc('\n', mFile);
+        // A process that is forked off must not write it once more at its end.
+        fflush(mFile);
     }
 
     FILE* mFile;

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <memory>
 #include <string>
 
@@ -149,4 +150,16 @@ TEST_F(LmInspectorTest, SaysWhatItDoesNotKnow)
     EXPECT_EQ(Ask("set meter"), "There is no meter, or more than one; \"objects\" lists them.\n");
     EXPECT_EQ(Ask("what"), Ask("help"));
     EXPECT_EQ(Ask("keys"), Ask("help"));
+}
+
+// A process of its own: the environment is read when the library is loaded.
+TEST(LmInspectorDeathTest, IsAllowedByTheEnvironmentAlone)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    for (const char* theText : {"0", "1"}) {
+        ::setenv("LM_INSPECTOR", theText, 1);
+        EXPECT_EXIT(std::exit(LmGetLiveSurvey() != nullptr ? 1 : 0), testing::ExitedWithCode(*theText - '0'),
+                    "");
+    }
+    ::unsetenv("LM_INSPECTOR");
 }
