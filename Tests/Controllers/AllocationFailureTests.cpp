@@ -21,6 +21,7 @@
 #include <new>
 #include <optional>
 #include <string>
+#include <vector>
 
 // What controllers do when memory runs out: the first, the second, the third... allocation of a call fails,
 // until the call needs no more.
@@ -343,6 +344,33 @@ TEST(ControllersWithoutMemory, ChoiceIsMadeOrThereIsNone)
             SetControl32BitValue(theControl, 2);
         });
         EXPECT_GT(theFailures, 5U);
+    }
+    DisposeWindow(theWindow);
+}
+
+TEST(ControllersWithoutMemory, ChoiceMayGetFewerButtonsThanWereThereForTheSelection)
+{
+    const WindowRef theWindow = MakeChoiceWindow();
+    const ControlRef theGroup = MakeGroup(theWindow);
+    ControlRef theButton = nullptr;
+    GetIndexedSubControl(theGroup, 1, &theButton);
+    LmChoiceBinding theChoice(theGroup);
+    const std::vector<ControlRef> theButtons = {theButton};
+    bool hasFailed = true;
+    for (std::size_t theNumber = 1; hasFailed; ++theNumber) {
+        theChoice.SetControl(theGroup);
+        theChoice.SetKeyPathValue("tag", LmValue(30));
+        AllocationFailures theFailures(theNumber);
+        try {
+            theChoice.SetButtons(theButtons);
+        } catch (const std::bad_alloc&) {
+        }
+        theFailures.Stop();
+        hasFailed = theFailures.HasFailed();
+        const std::string theTitle = "title " + std::to_string(theNumber);
+        SetControlTitleWithCFString(theButton,
+                                    LmMakeStringValue(theTitle).GetString()); // sees to all choices
+        EXPECT_EQ(theChoice.GetKeyPathValue("tag").GetSInt32(), 30) << "allocation " << theNumber;
     }
     DisposeWindow(theWindow);
 }

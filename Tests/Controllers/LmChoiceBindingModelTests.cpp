@@ -1,5 +1,6 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
+#include "ChoiceTestSupport.h"
 #include "ControllersTestSupport.h"
 #include "LmChoiceBinding.h"
 #include "LmKeyValueBinding.h"
@@ -9,10 +10,12 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <memory>
 #include <string>
 #include <vector>
 
-// A person and a program do anything to the buttons of a choice, which is bound to a model by its tag.
+// A person and a program do anything to the controls of a choice, which is bound to a model by its tag: to radio
+// buttons, to a radio group, and to a pop-up button.
 
 namespace {
 
@@ -21,10 +24,10 @@ constexpr int kNone = -1;
 
 enum Kind
 {
-    kClick,   // a person clicks a button
-    kTurnOn,  // a program turns one on
+    kClick,   // a person clicks a button, or chooses an item
+    kTurnOn,  // a program turns one on, or gives the control its value
     kTurnOff, // and so on
-    kDispose,
+    kDispose, // the program has another one then, which is no choice yet
     kSetIndex,
     kSetTag,
     kSetTitle,
@@ -40,7 +43,7 @@ struct Step
     int theNumber;
 };
 
-// The titles and tags of the buttons.
+// The titles and tags of the buttons or items.
 std::string TitleOf(int theButton)
 {
     return std::string(1, static_cast<char>('A' + theButton));
@@ -93,24 +96,206 @@ std::string DescribeState(int theIndex, int theTag, const std::string& theTitle,
 
 // ---- The program played with the library
 
+// The controls of a choice, and what can be done to them.
+class Stage
+{
+public:
+    Stage()
+        : mWindow(MakeChoiceWindow())
+    {
+    }
+    virtual ~Stage() { DisposeWindow(mWindow); }
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+
+    // Makes the choice; all are there, and none is on.
+    virtual void Begin(LmChoiceBinding& theChoice) = 0;
+    virtual void Click(int theButton) = 0;
+    virtual void Turn(int theButton, bool isOn) = 0;
+    virtual void Dispose(int theButton) = 0;
+    virtual void Arrange(LmChoiceBinding& theChoice, const std::vector<int>& theButtons) = 0;
+    [[nodiscard]] virtual bool IsOn(int theButton) const = 0;
+
+protected:
+    [[nodiscard]] WindowRef Window() const { return mWindow; }
+
+private:
+    WindowRef mWindow;
+};
+
+// Radio buttons of a window.
+class LooseButtons : public Stage
+{
+public:
+    void Begin(LmChoiceBinding& theChoice) override
+    {
+        for (int theButton = 0; theButton < kButtons; ++theButton) {
+            mButtons.push_back(Make(theButton, true));
+        }
+        theChoice.SetButtons(mButtons);
+    }
+    void Click(int theButton) override
+    {
+        HIViewSimulateClick(At(theButton), kControlRadioButtonPart, 0, nullptr);
+    }
+    void Turn(int theButton, bool isOn) override { SetControl32BitValue(At(theButton), isOn ? 1 : 0); }
+    void Dispose(int theButton) override
+    {
+        DisposeControl(At(theButton));
+        mButtons[static_cast<std::size_t>(theButton)] = Make(theButton, true);
+    }
+    void Arrange(LmChoiceBinding& theChoice, const std::vector<int>& theButtons) override
+    {
+        std::vector<ControlRef> theControls;
+        for (const int theButton : theButtons) {
+            theControls.push_back(At(theButton));
+        }
+        theChoice.SetButtons(theControls);
+    }
+    bool IsOn(int theButton) const override { return GetControl32BitValue(At(theButton)) != 0; }
+
+protected:
+    [[nodiscard]] ControlRef At(int theButton) const { return mButtons[static_cast<std::size_t>(theButton)]; }
+
+    [[nodiscard]] ControlRef Make(int theButton, bool isToggle) const
+    {
+        const short theTop = static_cast<short>(10 + 30 * theButton);
+        const Rect theBounds = {theTop, 10, static_cast<short>(theTop + 20), 200};
+        const ControlID theID = {'Choi', TagOf(theButton)};
+        ControlRef theControl = nullptr;
+        CreateRadioButtonControl(Window(), &theBounds, LmMakeStringValue(TitleOf(theButton)).GetString(), 0,
+                                 isToggle, &theControl);
+        SetControlID(theControl, &theID);
+        return theControl;
+    }
+
+    std::vector<ControlRef> mButtons;
+};
+
+// Radio buttons of a group; those that are not in it now are off, and nobody touches them.
+class GroupedButtons : public LooseButtons
+{
+public:
+    void Begin(LmChoiceBinding& theChoice) override
+    {
+        const Rect theBounds = {0, 0, 390, 390};
+        CreateRadioGroupControl(Window(), &theBounds, &mGroup);
+        for (int theButton = 0; theButton < kButtons; ++theButton) {
+            mButtons.push_back(Make(theButton, false));
+            EmbedControl(mButtons.back(), mGroup);
+        }
+        theChoice.SetControl(mGroup);
+    }
+    void Click(int theButton) override
+    {
+        if (IsInGroup(theButton)) {
+            LooseButtons::Click(theButton);
+        }
+    }
+    void Turn(int theButton, bool isOn) override
+    {
+        if (IsInGroup(theButton)) {
+            LooseButtons::Turn(theButton, isOn);
+        }
+    }
+    void Dispose(int theButton) override
+    {
+        DisposeControl(At(theButton));
+        mButtons[static_cast<std::size_t>(theButton)] = Make(theButton, false);
+    }
+    void Arrange(LmChoiceBinding&, const std::vector<int>& theButtons) override
+    {
+        ControlRef theRoot = nullptr;
+        GetRootControl(Window(), &theRoot);
+        for (const ControlRef theControl : mButtons) {
+            EmbedControl(theControl, theRoot);
+            SetControl32BitValue(theControl, 0);
+        }
+        for (const int theButton : theButtons) {
+            EmbedControl(At(theButton), mGroup);
+        }
+    }
+
+private:
+    [[nodiscard]] bool IsInGroup(int theButton) const
+    {
+        ControlRef theContainer = nullptr;
+        GetSuperControl(At(theButton), &theContainer);
+        return theContainer == mGroup;
+    }
+
+    ControlRef mGroup = nullptr;
+};
+
+// Items of a pop-up button.
+class Items : public Stage
+{
+public:
+    void Begin(LmChoiceBinding& theChoice) override
+    {
+        CreateNewMenu(200, 0, &mMenu);
+        mPopUp = MakePopUp(Window(), mMenu);
+        SetControl32BitMinimum(mPopUp, 0);
+        theChoice.SetControl(mPopUp);
+        Fill({0, 1, 2, 3});
+        SetControl32BitMaximum(mPopUp, kButtons);
+    }
+    void Click(int theButton) override { Turn(theButton, true); }
+    void Turn(int theButton, bool isOn) override
+    {
+        const auto thePlace = std::find(mItems.begin(), mItems.end(), theButton);
+        if (thePlace != mItems.end() && (isOn || IsOn(theButton))) {
+            SetControl32BitMinimum(mPopUp, 0);
+            SetControl32BitValue(mPopUp, isOn ? static_cast<SInt32>(thePlace - mItems.begin()) + 1 : 0);
+        }
+    }
+    void Dispose(int theButton) override
+    {
+        std::vector<int> theRest = mItems;
+        theRest.erase(std::remove(theRest.begin(), theRest.end(), theButton), theRest.end());
+        Fill(theRest);
+        SetControl32BitMaximum(mPopUp,
+                               static_cast<SInt32>(theRest.size())); // where it is another one, this tells
+    }
+    void Arrange(LmChoiceBinding& theChoice, const std::vector<int>& theButtons) override
+    {
+        Fill(theButtons);
+        theChoice.UpdateChoices();
+        SetControl32BitMaximum(mPopUp, static_cast<SInt32>(theButtons.size()));
+    }
+    bool IsOn(int theButton) const override
+    {
+        const SInt32 theItem = GetControl32BitValue(mPopUp);
+        return theItem > 0 && theItem <= static_cast<SInt32>(mItems.size()) &&
+               mItems[static_cast<std::size_t>(theItem) - 1] == theButton;
+    }
+
+private:
+    void Fill(const std::vector<int>& theButtons)
+    {
+        mItems = theButtons;
+        FillMenu(mMenu, std::vector<MenuEntry>());
+        for (const int theButton : theButtons) {
+            AppendMenuItemTextWithCFString(mMenu, LmMakeStringValue(TitleOf(theButton)).GetString(), 0,
+                                           static_cast<MenuCommand>(TagOf(theButton)), nullptr);
+        }
+    }
+
+    MenuRef mMenu = nullptr;
+    ControlRef mPopUp = nullptr;
+    std::vector<int> mItems;
+};
+
+template <typename Controls>
 class RealRun
 {
 public:
     RealRun()
     {
-        const Rect theBounds = {50, 50, 250, 450};
-        CreateNewWindow(kDocumentWindowClass, kWindowStandardHandlerAttribute, &theBounds, &mWindow);
-        for (int theButton = 0; theButton < kButtons; ++theButton) {
-            mButtons.push_back(MakeButton(theButton));
-        }
-        ShowWindow(mWindow);
-        mChoice.SetButtons(mButtons);
+        mStage.Begin(mChoice);
         mModel.SetKeyPathValue("tag", LmValue(TagOf(0)));
         mChoice.Bind("tag", &mModel, "tag", nullptr, nullptr);
     }
-    ~RealRun() { DisposeWindow(mWindow); }
-    RealRun(const RealRun&) = delete;
-    RealRun& operator=(const RealRun&) = delete;
 
     Lines Play(const std::vector<Step>& theProgram)
     {
@@ -123,32 +308,18 @@ public:
     }
 
 private:
-    ControlRef MakeButton(int theButton) const
-    {
-        const short theTop = static_cast<short>(10 + 30 * theButton);
-        const Rect theBounds = {theTop, 10, static_cast<short>(theTop + 20), 200};
-        const ControlID theID = {'Choi', TagOf(theButton)};
-        ControlRef theControl = nullptr;
-        CreateRadioButtonControl(mWindow, &theBounds, LmMakeStringValue(TitleOf(theButton)).GetString(), 0,
-                                 true, &theControl);
-        SetControlID(theControl, &theID);
-        return theControl;
-    }
-
     void PlayStep(const Step& theStep)
     {
-        ControlRef& theButton = mButtons[static_cast<std::size_t>(theStep.theButton)];
         switch (theStep.theKind) {
         case kClick:
-            HIViewSimulateClick(theButton, kControlRadioButtonPart, 0, nullptr);
+            mStage.Click(theStep.theButton);
             break;
         case kTurnOn:
         case kTurnOff:
-            SetControl32BitValue(theButton, theStep.theKind == kTurnOn ? 1 : 0);
+            mStage.Turn(theStep.theButton, theStep.theKind == kTurnOn);
             break;
         case kDispose:
-            DisposeControl(theButton);
-            theButton = MakeButton(theStep.theButton); // no choice yet
+            mStage.Dispose(theStep.theButton);
             break;
         case kSetIndex:
             mChoice.SetKeyPathValue("index", LmValue(theStep.theNumber - 3));
@@ -163,30 +334,21 @@ private:
             mModel.SetKeyPathValue("tag", LmValue(TagOf(theStep.theButton)));
             break;
         default:
-            SetButtons(theStep);
+            mStage.Arrange(mChoice, ButtonsOf(theStep));
         }
-    }
-
-    void SetButtons(const Step& theStep)
-    {
-        std::vector<ControlRef> theButtons;
-        for (const int theButton : ButtonsOf(theStep)) {
-            theButtons.push_back(mButtons[static_cast<std::size_t>(theButton)]);
-        }
-        mChoice.SetButtons(theButtons);
     }
 
     std::string DescribeNow() const
     {
-        const int theCount = static_cast<int>(mChoice.GetKeyPathValue("count").GetSInt32());
         std::string theTitles;
+        const int theCount = static_cast<int>(mChoice.GetKeyPathValue("count").GetSInt32());
         for (int thePlace = 0; thePlace < theCount; ++thePlace) {
             theTitles +=
                 LmGetStdString(mChoice.GetKeyPathValue(LmMakeString("choices." + std::to_string(thePlace))));
         }
         std::string theOnes;
-        for (const ControlRef theButton : mButtons) {
-            theOnes += std::to_string(GetControl32BitValue(theButton));
+        for (int theButton = 0; theButton < kButtons; ++theButton) {
+            theOnes += mStage.IsOn(theButton) ? "1" : "0";
         }
         return DescribeState(static_cast<int>(mChoice.GetKeyPathValue("index").GetSInt32()),
                              static_cast<int>(mChoice.GetKeyPathValue("tag").GetSInt32()),
@@ -195,8 +357,7 @@ private:
                              theOnes);
     }
 
-    WindowRef mWindow = nullptr;
-    std::vector<ControlRef> mButtons;
+    Controls mStage;
     LmKeyValueBinding mModel;
     LmChoiceBinding mChoice;
 };
@@ -206,6 +367,12 @@ private:
 class ModelRun
 {
 public:
+    // hasLoose: what is no choice is still there, and can be turned on.
+    explicit ModelRun(bool hasLoose)
+        : mHasLoose(hasLoose)
+    {
+    }
+
     Lines Play(const std::vector<Step>& theProgram)
     {
         Select(0);
@@ -269,6 +436,9 @@ private:
 
     void Turn(int theButton, bool isOn)
     {
+        if (!mHasLoose && PlaceOf(theButton) == kNone) {
+            return;
+        }
         const bool isChange = mIsOn[theButton] != isOn;
         mIsOn[theButton] = isOn;
         if (isChange && PlaceOf(theButton) != kNone) {
@@ -309,9 +479,17 @@ private:
             }
             break;
         default:
-            mChoices = ButtonsOf(theStep);
-            WantAgain();
+            Arrange(ButtonsOf(theStep));
         }
+    }
+
+    void Arrange(const std::vector<int>& theButtons)
+    {
+        if (!mHasLoose) {
+            TurnOff();
+        }
+        mChoices = theButtons;
+        WantAgain();
     }
 
     void Dispose(int theButton)
@@ -340,6 +518,7 @@ private:
                              theOnes);
     }
 
+    const bool mHasLoose;
     std::vector<int> mChoices = {0, 1, 2, 3};
     bool mIsOn[kButtons] = {false, false, false, false};
     int mIndex = kNone;
@@ -347,14 +526,34 @@ private:
     std::string mTitle;
 };
 
+template <typename Controls>
+void PlayWith(bool hasLoose)
+{
+    RandomPrograms<Step> thePrograms;
+    thePrograms.theMaker = MakeStep;
+    thePrograms.theLibrary = [](const std::vector<Step>& theProgram) {
+        return RealRun<Controls>().Play(theProgram);
+    };
+    thePrograms.theModel = [hasLoose](const std::vector<Step>& theProgram) {
+        return ModelRun(hasLoose).Play(theProgram);
+    };
+    thePrograms.theDescription = DescribeStep;
+    thePrograms.Play(100, 20);
+}
+
 } // namespace
 
 TEST(LmChoiceBindingModel, RandomPersonsAndProgramsMeetWhatTheRulesSay)
 {
-    RandomPrograms<Step> thePrograms;
-    thePrograms.theMaker = MakeStep;
-    thePrograms.theLibrary = [](const std::vector<Step>& theProgram) { return RealRun().Play(theProgram); };
-    thePrograms.theModel = [](const std::vector<Step>& theProgram) { return ModelRun().Play(theProgram); };
-    thePrograms.theDescription = DescribeStep;
-    thePrograms.Play(100, 20);
+    PlayWith<LooseButtons>(true);
+}
+
+TEST(LmChoiceBindingModel, RandomPersonsAndProgramsMeetInARadioGroup)
+{
+    PlayWith<GroupedButtons>(false);
+}
+
+TEST(LmChoiceBindingModel, RandomPersonsAndProgramsMeetInAPopUpButton)
+{
+    PlayWith<Items>(false);
 }

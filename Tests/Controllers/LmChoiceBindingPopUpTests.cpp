@@ -45,7 +45,9 @@ protected:
     // Calls theFunction when the value of the pop-up button, or its range, has changed.
     void OnChange(std::function<void()> theFunction)
     {
-        mFunction = std::move(theFunction);
+        if (std::exchange(mFunction, std::move(theFunction)) != nullptr) {
+            return; // there is a handler
+        }
         const EventTypeSpec theType = {kEventClassControl, kEventControlValueFieldChanged};
         InstallEventHandler(
             GetControlEventTarget(mPopUp),
@@ -191,6 +193,9 @@ TEST_F(LmChoiceBindingPopUpTest, TheTitleStandsForItemsWithoutACommand)
     Fill({kOther, kEuro, {CFSTR("None"), 0}});
     LmChoiceBinding theChoice(mPopUp);
     EXPECT_EQ(Selected(theChoice), "0 -1 Other");
+    theChoice.SetKeyPathValue("tag", LmValue('eur '));
+    theChoice.SetKeyPathValue("tag", LmValue(-1));
+    EXPECT_EQ(Selected(theChoice), "-1 -1 ") << "it says that none is selected";
     theChoice.SetKeyPathValue("index", LmValue(2));
     EXPECT_EQ(Selected(theChoice), "2 -1 None");
     Fill({kEuro, {CFSTR("None"), 0}, kOther});
@@ -360,11 +365,11 @@ TEST_F(LmChoiceBindingPopUpTest, AHandlerMaySelectSomethingElseAtEachStep)
     // What is wanted has no place, so that the maximum, the minimum and the value are changed in turn.
     for (int theStep = 1; theStep <= 3; ++theStep) {
         LmChoiceBinding theChoice(mPopUp);
-        theChoice.SetKeyPathValue("index", LmValue(1));
+        theChoice.SetKeyPathValue("index", LmValue(0));
         SetControl32BitMinimum(mPopUp, 1);
         Fill({kEuro, kPound, kYen, kOther});
+        theChoice.UpdateChoices();
         SetControl32BitMaximum(mPopUp, 3);
-        Fill({kEuro, kPound, kYen, kOther, kFranc});
         int theChanges = 0;
         OnChange([&] {
             if (++theChanges == theStep) {
@@ -376,6 +381,7 @@ TEST_F(LmChoiceBindingPopUpTest, AHandlerMaySelectSomethingElseAtEachStep)
         EXPECT_GE(theChanges, theStep);
         EXPECT_EQ(Selected(theChoice), "1 " + kTagPound + " Pound") << "step " << theStep;
         EXPECT_EQ(Value(), 2) << "step " << theStep;
+        EXPECT_EQ(GetControl32BitMinimum(mPopUp), theStep == 1 ? 1 : 0) << "step " << theStep;
         Fill({kEuro, kFranc, kPound});
         SetControl32BitMaximum(mPopUp, 3);
     }
@@ -411,6 +417,20 @@ TEST_F(LmChoiceBindingPopUpTest, MayBeDestroyedOrGetOtherControlsByAnythingThatI
                 EXPECT_EQ(Titles(*theChoice), "Dollar") << theKey;
             }
         }
+    }
+}
+
+TEST_F(LmChoiceBindingPopUpTest, MayBeDestroyedByAChoiceOfItemsThatNobodyToldOf)
+{
+    for (const char* theKey : {"index", "tag", "title", "count", "choices.0"}) {
+        Fill({kEuro, kFranc, kPound});
+        SetControl32BitValue(mPopUp, 1);
+        auto theChoice = std::make_unique<LmChoiceBinding>(mPopUp);
+        const LmObservation theObservation(theChoice.get(), theKey,
+                                           [&](const LmChange&) { theChoice.reset(); });
+        Fill({kYen, kPound});
+        SetControl32BitValue(mPopUp, 2);
+        EXPECT_EQ(theChoice, nullptr) << theKey;
     }
 }
 
