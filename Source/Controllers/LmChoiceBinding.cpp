@@ -322,9 +322,32 @@ void SetButtonTitle(ControlRef, const Choice& theChoice, CFStringRef theTitle)
     SetControlTitleWithCFString(theChoice.theButton, theTitle);
 }
 
+Choices ReadTabs(ControlRef theControl, const Choices&)
+{
+    Choices theChoices;
+    const SInt32 theCount = GetControl32BitMaximum(theControl);
+    for (SInt32 theTab = 1; theTab <= theCount; ++theTab) {
+        ControlTabInfoRecV1 theInfo = {kControlTabInfoVersionOne, 0, nullptr};
+        if (GetControlData(theControl, static_cast<ControlPartCode>(theTab), kControlTabInfoTag,
+                           sizeof theInfo, &theInfo, nullptr) != noErr) {
+            break; // there are no more, whatever the maximum says
+        }
+        theChoices.push_back({theTab, kNone, TextOf(theInfo.name), nullptr});
+    }
+    return theChoices;
+}
+
+void SetTabTitle(ControlRef theControl, const Choice& theChoice, CFStringRef theTitle)
+{
+    const ControlTabInfoRecV1 theInfo = {kControlTabInfoVersionOne, 0, theTitle};
+    SetControlData(theControl, static_cast<ControlPartCode>(theChoice.theValue), kControlTabInfoTag,
+                   sizeof theInfo, &theInfo);
+}
+
 const Kind kKinds[] = {
     {kControlKindPopupButton, ReadItems, SetItemTitle},
     {kControlKindRadioGroup, ReadButtons, SetButtonTitle},
+    {kControlKindTabs, ReadTabs, SetTabTitle},
 };
 
 // Null for a control whose value says something else.

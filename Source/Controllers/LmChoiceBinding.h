@@ -11,8 +11,8 @@
 #include <memory>
 #include <vector>
 
-// A choice binding makes one object of the choices that a person has: of the items of a pop-up button, of the
-// buttons in a radio group, or of several radio buttons of a window.
+// A choice binding makes one object of the choices that a person has: of the items of a pop-up button, of
+// tabs, of the buttons in a radio group, or of several radio buttons of a window.
 //
 //     LmChoiceBinding theDelivery({thePostButton, theCourierButton, thePickUpButton});
 //     theDelivery.Bind("tag", &theModel, "delivery", NULL, NULL);
@@ -29,19 +29,19 @@
 //     "choices.0"   string: the title of the first choice; "choices.1" that of the second, and so on
 //
 // The tag of a button is the number of its ControlID; of one whose ControlID is not set, its place when it
-// was added. The tag of a menu item is its command. An item without a command has none, which reads as -1; so
-// has a button whose number is -1. Separators and hidden items are no choices, nor is what else stands in a
-// radio group.
+// was added. The tag of a menu item is its command. An item without a command has none, which reads as -1;
+// nor has a tab, or a button whose number is -1. Separators and hidden items are no choices, nor is what else
+// stands in a radio group.
 //
 // Setting one of the first three selects the first choice of which it is true, sets the others, and shows
-// that choice in the controls alone. Where there is no such choice, none is selected: buttons are off, and a
-// pop-up button is empty, with the value and the minimum 0. A tag or title that was set so stays in its key:
-// when such a choice comes, it is selected. In the same way the selection is kept when choices come, go or
-// change places: it goes with the tag, or with the title where there is no tag. When the selected choice
-// goes, none is selected until one with its tag or title comes.
+// that choice in the controls alone. Where there is no such choice, none is selected: buttons are off, a
+// pop-up button is empty and no tab is in front, with the value and the minimum 0. A tag or title that was
+// set so stays in its key: when such a choice comes, it is selected. In the same way the selection is kept
+// when choices come, go or change places: it goes with the tag, or with the title where there is no tag. When
+// the selected choice goes, none is selected until one with its tag or title comes.
 //
-// Setting "choices.0" changes the title of the button or item, as setting "title" does not. Setting "count"
-// changes nothing. Values that are of another kind select nothing, and change no title.
+// Setting "choices.0" changes the title of the button, item or tab, as setting "title" does not. Setting
+// "count" changes nothing. Values that are of another kind select nothing, and change no title.
 //
 // The controls are not owned, and the object is the application's: it outlives them, or goes first. Whether
 // buttons turn themselves on when they are clicked makes no difference; two that are on at first are one that
@@ -73,14 +73,15 @@ public:
     // that is there twice the first counts. Keeps the selection, as said above.
     void SetButtons(const std::vector<ControlRef>& theButtons);
 
-    // From now on the choices are those of theControl, a pop-up button or a radio group; any other control is
-    // one button, and null has no choices. Keeps the selection.
+    // From now on the choices are those of theControl, a pop-up button, tabs or a radio group; any other
+    // control is one button, and null has no choices. Keeps the selection.
     void SetControl(ControlRef theControl);
 
     // Looks at the choices anew. To be called when items of a pop-up button's menu came, went, changed places
-    // or got another text, for Carbon tells nobody; it is noticed without that when the program then sets the
-    // maximum of the button to another number of items. What happens to buttons is noticed always, but for a
-    // new order in a radio group. Keeps the selection, and gives a pop-up button the maximum that it needs.
+    // or got another text, or tabs another name, for Carbon tells nobody; it is noticed without that when the
+    // program then sets the maximum of the control to another number. What happens to buttons is noticed
+    // always, but for a new order in a radio group. Keeps the selection, and gives a pop-up button the
+    // maximum that it needs.
     void UpdateChoices();
 
     // ---- Called by others

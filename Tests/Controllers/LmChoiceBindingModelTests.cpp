@@ -14,8 +14,8 @@
 #include <string>
 #include <vector>
 
-// A person and a program do anything to the controls of a choice, which is bound to a model by its tag: to radio
-// buttons, to a radio group, and to a pop-up button.
+// A person and a program do anything to the controls of a choice, which is bound to a model by its tag: to
+// radio buttons, to a radio group, and to a pop-up button.
 
 namespace {
 
@@ -147,6 +147,7 @@ public:
     void Arrange(LmChoiceBinding& theChoice, const std::vector<int>& theButtons) override
     {
         std::vector<ControlRef> theControls;
+        theControls.reserve(theButtons.size());
         for (const int theButton : theButtons) {
             theControls.push_back(At(theButton));
         }

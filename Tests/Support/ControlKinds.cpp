@@ -70,6 +70,18 @@ const std::vector<KindRow>& EveryKind()
                                              teFlushDefault, normal, theControl);
          },
          0, 0, true, false},
+        {"Tabs", kControlKindTabs,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             const ControlTabEntry theTabs[] = {{nullptr, CFSTR("One"), true}, {nullptr, CFSTR("Two"), true}};
+             return CreateTabsControl(theWindow, theBounds, kControlTabSizeLarge, kControlTabDirectionNorth,
+                                      2, theTabs, theControl);
+         },
+         1, 2, false, true},
+        {"UserPane", kControlKindUserPane,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateUserPaneControl(theWindow, theBounds, kControlSupportsEmbedding, theControl);
+         },
+         0, 0, false, true},
         {"DisclosureTriangle", kControlKindDisclosureTriangle,
          [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
              return CreateDisclosureTriangleControl(theWindow, theBounds,

@@ -13,7 +13,7 @@ struct KindRow
     const char* theName;
     OSType theKind;
     OSStatus (*theMaker)(WindowRef theWindow, const Rect* theBounds, ControlRef* theControl);
-    SInt32 theMinimum; // of a new one, whose value is 0
+    SInt32 theMinimum; // of a new one, whose value is the same
     SInt32 theMaximum;
     bool theWindowMayBeNull;
     bool theHoldsOthers;

@@ -33,6 +33,7 @@ constexpr ShapeName kControlNames[] = {
     {ControlShape::kEditText, "edit text"},
     {ControlShape::kGroupBox, "group box"},
     {ControlShape::kPopUpButton, "pop-up button"},
+    {ControlShape::kTabs, "tabs"},
     {ControlShape::kSeparator, "separator"},
     {ControlShape::kPlacard, "placard"},
     {ControlShape::kDisclosureTriangle, "disclosure triangle"},
@@ -186,6 +187,21 @@ std::string DrawPopUp(const ControlLook& theLook)
     return theTitle + "[ " + OneLine(theLook.theText) + " ▾ ]";
 }
 
+// "[ Sound ]  Picture  (Disc)": the one in front, one behind it, and one that is disabled.
+std::string DrawTabs(const ControlLook& theLook)
+{
+    std::string theText;
+    for (size_t theIndex = 0; theIndex < theLook.theTabs.size(); ++theIndex) {
+        const TabLook& theTab = theLook.theTabs[theIndex];
+        const std::string theTitle =
+            theTab.theIsEnabled ? OneLine(theTab.theTitle) : "(" + OneLine(theTab.theTitle) + ")";
+        const bool theIsInFront = theLook.theValue == static_cast<std::int64_t>(theIndex) + 1;
+        theText += theIndex == 0 ? "" : "  ";
+        theText += theIsInFront ? "[ " + theTitle + " ]" : theTitle;
+    }
+    return theText;
+}
+
 // U+2713 for the check mark, whatever else as it is.
 std::string DrawMark(std::uint32_t theMark)
 {
@@ -261,6 +277,8 @@ std::string DrawControl(const ControlLook& theLook)
         return DrawField(theLook);
     case ControlShape::kPopUpButton:
         return DrawPopUp(theLook);
+    case ControlShape::kTabs:
+        return DrawTabs(theLook);
     case ControlShape::kDisclosureTriangle:
         return DrawTriangle(theLook);
     case ControlShape::kDisclosureButton:

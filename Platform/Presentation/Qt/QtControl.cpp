@@ -25,12 +25,13 @@ constexpr QRect kRoom(-1024, -1024, 9216, 9216);
 bool IsDrawnAlike(const ControlLook& theOne, const ControlLook& theOther)
 {
     const auto theParts = [](const ControlLook& theLook) {
-        return std::tie(
-            theLook.theBounds, theLook.theValue, theLook.theMinimum, theLook.theMaximum, theLook.theViewSize,
-            theLook.theTickMarks, theLook.theTitleWidth, theLook.theTitle, theLook.theText,
-            theLook.theAlignment, theLook.theSelectionStart, theLook.theSelectionEnd, theLook.theIsHilited,
-            theLook.theIsPassword, theLook.theIsMultiline, theLook.theIsLocked, theLook.theIsDefault,
-            theLook.theIsIndeterminate, theLook.theIsAnimated, theLook.theHidesTitle, theLook.thePointsLeft);
+        return std::tie(theLook.theBounds, theLook.theValue, theLook.theMinimum, theLook.theMaximum,
+                        theLook.theViewSize, theLook.theTickMarks, theLook.theTitleWidth, theLook.theTitle,
+                        theLook.theText, theLook.theAlignment, theLook.theSelectionStart,
+                        theLook.theSelectionEnd, theLook.theIsHilited, theLook.theIsPassword,
+                        theLook.theIsMultiline, theLook.theIsLocked, theLook.theIsDefault,
+                        theLook.theIsIndeterminate, theLook.theIsAnimated, theLook.theHidesTitle,
+                        theLook.thePointsLeft, theLook.theTabs, theLook.theTabEdge);
     };
     return theParts(theOne) == theParts(theOther);
 }
@@ -161,9 +162,9 @@ void QtControl::GiveUpKeys()
     }
 }
 
-void QtControl::ReportClick()
+void QtControl::ReportClickAt(PixelPoint thePlace)
 {
-    const PointerAction theClick = mInput.ActionAt(CentreOf(mLook.theBounds));
+    const PointerAction theClick = mInput.ActionAt(thePlace);
     const QPointer<QtControl> theControl(this);
     Reports().Add([theClick, theControl](PresenterEvents& theEvents) {
         theEvents.PointerPressed(theClick);

@@ -51,7 +51,10 @@ protected:
 
     // Reports a click on the middle of the control: somebody has operated the widget without mouse or keys,
     // which a screen reader does. The widget then shows what the managers made of it.
-    void ReportClick();
+    void ReportClick() { ReportClickAt(CentreOf(mLook.theBounds)); }
+
+    // The same at a place in the content.
+    void ReportClickAt(PixelPoint thePlace);
 
     // Takes the keys from the widget, which is about to be of no use for them: Qt would give them to another
     // widget, but that is the managers' to say.

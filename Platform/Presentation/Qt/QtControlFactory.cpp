@@ -2,6 +2,7 @@
 
 #include "QtButtons.h"
 #include "QtRanges.h"
+#include "QtTabs.h"
 #include "QtTexts.h"
 
 #include <QFrame>
@@ -110,6 +111,8 @@ std::unique_ptr<QtControl> QtControl::Make(const ControlLook& theLook, QtInput& 
         return MakeKind<QtGroupBox>(theLook, theInput, theContent);
     case ControlShape::kPopUpButton:
         return MakeKind<QtPopUpButton>(theLook, theInput, theContent);
+    case ControlShape::kTabs:
+        return MakeKind<QtTabs>(theLook, theInput, theContent);
     case ControlShape::kPlacard:
         return MakeKind<QtPlacard>(theLook, theInput, theContent);
     case ControlShape::kDisclosureTriangle:

@@ -27,6 +27,14 @@ ControlLook Aligned(ControlShape theShape, const char* theText, Host::TextAlignm
     return theLook;
 }
 
+ControlLook Tabs(std::int32_t theValue)
+{
+    ControlLook theLook = Control(3, ControlShape::kTabs);
+    theLook.theTabs = {{"Sound", true, {}}, {"Two\nwords", true, {}}, {"Disc", false, {}}};
+    theLook.theValue = theValue;
+    return theLook;
+}
+
 ControlLook LeftTriangle()
 {
     ControlLook theLook = Titled(ControlShape::kDisclosureTriangle, "Details");
@@ -111,6 +119,8 @@ INSTANTIATE_TEST_SUITE_P(
                    "[ Celsius ▾ ]                             pop-up button"},
         PictureRow{Titled(ControlShape::kPopUpButton, "Unit:"),
                    "Unit: [  ▾ ]                              pop-up button"},
+        PictureRow{Tabs(2), "Sound  [ Two words ]  (Disc)              tabs"},
+        PictureRow{Tabs(0), "Sound  Two words  (Disc)                  tabs"},
         PictureRow{Control(3, ControlShape::kSeparator),
                    "────────────────────                      separator"},
         PictureRow{Titled(ControlShape::kDisclosureTriangle, "Details"),

@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QTabBar>
 #include <QWidget>
 
 #include "HeadlessPresenter.h"
@@ -425,6 +426,25 @@ TEST_F(QtAccessibility, ADisclosureSaysWhetherItIsOpenAndCanBePressed)
     EXPECT_EQ(GetControl32BitValue(theControl), 1);
     EXPECT_TRUE(theSpoken.state().expanded);
     EXPECT_FALSE(theSpoken.state().collapsed);
+}
+
+TEST_F(QtAccessibility, AScreenReaderKnowsTabsAndPressesThem)
+{
+    const Rect theBounds = {20, 10, 150, 210};
+    const ControlTabEntry theEntries[] = {{nullptr, CFSTR("Salt"), true}, {nullptr, CFSTR("Pepper"), true}};
+    ControlRef theTabs = nullptr;
+    CreateTabsControl(Window(), &theBounds, kControlTabSizeLarge, kControlTabDirectionNorth, 2, theEntries,
+                      &theTabs);
+    Named(theTabs);
+    auto* const theBar = Spoken('made').object()->findChild<QTabBar*>();
+    ASSERT_NE(theBar, nullptr);
+    QAccessibleInterface& theTab = *QAccessible::queryAccessibleInterface(theBar)->child(1);
+    EXPECT_EQ(theTab.role(), QAccessible::PageTab);
+    EXPECT_EQ(theTab.text(QAccessible::Name).toStdString(), "Pepper");
+    theTab.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    Turn();
+    EXPECT_EQ(GetControl32BitValue(theTabs), 2);
+    EXPECT_EQ(theBar->currentIndex(), 1);
 }
 
 TEST_F(QtAccessibility, WhatOnlyShowsHasItsRole)

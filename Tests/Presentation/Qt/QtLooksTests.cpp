@@ -25,6 +25,8 @@
 #include <QScrollBar>
 #include <QSessionManager>
 #include <QSlider>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -67,6 +69,9 @@ ControlLook Control(ControlShape theShape, std::int32_t theValue = 0)
     theLook.theTitle = "Salt & Pepper";
     theLook.theMaximum = 100;
     theLook.theValue = theValue;
+    if (theShape == ControlShape::kTabs) {
+        theLook.theTabs = {{"Salt", true, {10, 10, 80, 36}}, {"& Pepper", true, {80, 10, 170, 36}}};
+    }
     return theLook;
 }
 
@@ -217,9 +222,9 @@ INSTANTIATE_TEST_SUITE_P(
                     ControlShape::kRadioGroup, ControlShape::kSlider, ControlShape::kScrollBar,
                     ControlShape::kProgressBar, ControlShape::kLittleArrows, ControlShape::kStaticText,
                     ControlShape::kEditText, ControlShape::kGroupBox, ControlShape::kPopUpButton,
-                    ControlShape::kSeparator, ControlShape::kPlacard, ControlShape::kDisclosureTriangle,
-                    ControlShape::kDisclosureButton, ControlShape::kChasingArrows,
-                    ControlShape::kRelevanceBar, ControlShape::kPane));
+                    ControlShape::kTabs, ControlShape::kSeparator, ControlShape::kPlacard,
+                    ControlShape::kDisclosureTriangle, ControlShape::kDisclosureButton,
+                    ControlShape::kChasingArrows, ControlShape::kRelevanceBar, ControlShape::kPane));
 
 class QtFocusLooks : public QtLooks, public testing::WithParamInterface<ControlShape>
 {
@@ -247,7 +252,46 @@ INSTANTIATE_TEST_SUITE_P(Shapes, QtFocusLooks,
                                          ControlShape::kRadioButton, ControlShape::kSlider,
                                          ControlShape::kScrollBar, ControlShape::kLittleArrows,
                                          ControlShape::kEditText, ControlShape::kPopUpButton,
-                                         ControlShape::kDisclosureTriangle, ControlShape::kDisclosureButton));
+                                         ControlShape::kTabs, ControlShape::kDisclosureTriangle,
+                                         ControlShape::kDisclosureButton));
+
+TEST_F(QtLooks, TabsStandWhereTheManagersThinkTheyDo)
+{
+    ControlLook theLook = Control(ControlShape::kTabs, 2);
+    theLook.theBounds = {10, 10, 310, 150};
+    theLook.theTabs.push_back({"Oil", false, {170, 10, 240, 36}});
+    auto& theTabs = Shown<QTabWidget>(theLook);
+    QTabBar& theBar = *theTabs.tabBar();
+    ASSERT_EQ(theTabs.count(), 3);
+    for (int theIndex = 0; theIndex < 3; ++theIndex) {
+        const Host::PixelRect& thePlace = theLook.theTabs[static_cast<size_t>(theIndex)].theBounds;
+        EXPECT_EQ(theBar.pos() + theBar.tabRect(theIndex).topLeft(),
+                  QPoint(thePlace.theLeft - 10, thePlace.theTop - 10));
+        EXPECT_EQ(theBar.tabRect(theIndex).width(), thePlace.theRight - thePlace.theLeft);
+    }
+    EXPECT_EQ(theTabs.currentIndex(), 1);
+    EXPECT_EQ(theTabs.tabText(1), "&& Pepper");
+    EXPECT_FALSE(theTabs.isTabEnabled(2));
+    theLook.theTabs.erase(theLook.theTabs.begin() + 1, theLook.theTabs.end());
+    theLook.theTabs[0].theBounds.theRight = 110;
+    theLook.theValue = 1;
+    theLook.theTabEdge = Host::TabEdge::kBottom;
+    Shown<QTabWidget>(theLook);
+    EXPECT_EQ(theTabs.count(), 1);
+    EXPECT_EQ(theBar.tabRect(0).width(), 100);
+    EXPECT_EQ(theTabs.tabPosition(), QTabWidget::South);
+    EXPECT_TRUE(mGate.Take().empty()) << "the person did nothing";
+}
+
+TEST_F(QtLooks, ATabThatIsPressedByAScreenReaderIsReported)
+{
+    ControlLook theLook = Control(ControlShape::kTabs, 1);
+    auto& theTabs = Shown<QTabWidget>(theLook);
+    theTabs.setCurrentIndex(1);
+    Turn();
+    EXPECT_EQ(mGate.Take(), (Reports{"pressed 1", "released 1"}));
+    EXPECT_EQ(theTabs.currentIndex(), 0) << "the managers did not follow";
+}
 
 TEST_F(QtLooks, ShowsWindowsOfAnyPlaceAndLimits)
 {

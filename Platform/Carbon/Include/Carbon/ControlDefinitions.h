@@ -42,13 +42,14 @@ enum
     kControlKindGroupBox = 'grpb',
     kControlKindRadioGroup = 'rgrp',
     kControlKindPopupButton = 'popb',
+    kControlKindTabs = 'tabs',
     kControlKindSeparator = 'sepa',
     kControlKindPlacard = 'plac',
     kControlKindDisclosureTriangle = 'dist',
     kControlKindDisclosureButton = 'disb',
     kControlKindChasingArrows = 'carr',
     kControlKindRelevanceBar = 'relb',
-    kControlKindUserPane = 'upan' // the root control of a window is one
+    kControlKindUserPane = 'upan' // the root control of a window is one, too
 };
 
 // Parts -------------------------------------------------------------------------------------------------
@@ -107,6 +108,24 @@ enum
     kControlSliderPointsDownOrRight = 0,
     kControlSliderPointsUpOrLeft = 1,
     kControlSliderDoesNotPoint = 2
+};
+
+typedef UInt16 ControlTabSize;
+enum
+{
+    kControlTabSizeLarge = 0,
+    kControlTabSizeSmall = 1,
+    kControlTabSizeMini = 3
+};
+
+// The edge that tabs stand at.
+typedef UInt16 ControlTabDirection;
+enum
+{
+    kControlTabDirectionNorth = 0,
+    kControlTabDirectionSouth = 1,
+    kControlTabDirectionEast = 2,
+    kControlTabDirectionWest = 3
 };
 
 // Data tags ---------------------------------------------------------------------------------------------
@@ -182,7 +201,48 @@ enum
     kControlPopupButtonCheckCurrentTag = 'chck'  // Boolean; whether the item that is chosen has a check mark
 };
 
+// The part of all but the first is the number of a tab, from 1; paramErr where there is no such tab.
+enum
+{
+    kControlTabContentRectTag = 'rect', // Rect, as the control's bounds are; read only
+    kControlTabEnabledFlagTag = 'enab', // Boolean
+    kControlTabInfoTag = 'tabi'         // ControlTabInfoRec or ControlTabInfoRecV1, as its version says
+};
+
+enum
+{
+    kControlTabInfoVersionZero = 0,
+    kControlTabInfoVersionOne = 1
+};
+
 #pragma pack(push, 2)
+
+// What a tab of a new control is like; the icon is never shown.
+struct ControlTabEntry
+{
+    struct ControlButtonContentInfo* icon;
+    CFStringRef name;
+    Boolean enabled;
+};
+typedef struct ControlTabEntry ControlTabEntry;
+
+// The name of a tab. The icon suite is kept by nobody, and reads as 0.
+struct ControlTabInfoRec
+{
+    SInt16 version; // kControlTabInfoVersionZero
+    SInt16 iconSuiteID;
+    Str255 name;
+};
+typedef struct ControlTabInfoRec ControlTabInfoRec;
+
+// The same with a string: one that is set is copied, one that is read belongs to the caller.
+struct ControlTabInfoRecV1
+{
+    SInt16 version; // kControlTabInfoVersionOne
+    SInt16 iconSuiteID;
+    CFStringRef name;
+};
+typedef struct ControlTabInfoRecV1 ControlTabInfoRecV1;
 
 // The selected characters of an edit text, counted in UTF-16 units from 0; an insertion point when both are
 // equal. Positions past 32767 read as that.
@@ -330,6 +390,26 @@ CARBON_EXPORT OSStatus CreateGroupBoxControl(WindowRef window, const Rect* bound
 // window is a paramErr.
 CARBON_EXPORT OSStatus CreateRadioGroupControl(WindowRef window, const Rect* boundsRect,
                                                ControlRef* outControl);
+
+// Tabs along an edge of a box. The value is the number of the tab in front, from 1; the maximum is the number
+// of tabs, and setting it adds tabs without a name or takes the last ones away. There are 128 at most. A
+// click on a tab that is enabled brings it to the front, and so do the arrow keys: the value is set, then
+// kEventControlHit is sent with the number of the tab as its part. Other controls can be embedded; which of
+// them are shown with which tab is up to the application, which mostly has a user pane for each. size is how
+// high the tabs are. A size, direction or number that is none is a paramErr, and so are a null window and a
+// null tabArray for tabs.
+CARBON_EXPORT OSStatus CreateTabsControl(WindowRef window, const Rect* boundsRect, ControlTabSize size,
+                                         ControlTabDirection direction, UInt16 numTabs,
+                                         const ControlTabEntry* tabArray, ControlRef* outControl);
+
+// Sets kControlTabEnabledFlagTag of the tab of this number.
+CARBON_EXPORT OSErr SetTabEnabled(ControlRef inTabControl, SInt16 inTabToHilite, Boolean inEnabled);
+
+// A pane that shows nothing itself. features are those that GetControlFeatures gives: with
+// kControlSupportsEmbedding, other controls can be embedded, and are hidden and shown with it. The procedures
+// that a program can give it to draw and to follow the mouse are not there. A null window is a paramErr.
+CARBON_EXPORT OSStatus CreateUserPaneControl(WindowRef window, const Rect* boundsRect, UInt32 features,
+                                             ControlRef* outControl);
 
 // A flat plate behind other controls, which can be embedded in it. The window may be null.
 CARBON_EXPORT OSStatus CreatePlacardControl(WindowRef window, const Rect* boundsRect, ControlRef* outControl);

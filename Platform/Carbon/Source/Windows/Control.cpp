@@ -363,7 +363,7 @@ bool Control::ChoosesAmong(const Control&) const
     return false;
 }
 
-bool Control::ToggledValue(SInt32*) const
+bool Control::ToggledValue(ControlPartCode, SInt32*) const
 {
     return false;
 }

@@ -48,6 +48,14 @@ struct ControlDataTag
     void (*theRead)(const Control& theControl, void* theBuffer);
     OSErr (*theWrite)(Control& theControl, const void* theData, size_t theSize);
     std::string (*theReadBytes)(const Control& theControl);
+
+    // The same for data that each part has its own of; whichever sizes there are is up to them. theReadPart
+    // is given the size of the buffer and sets it to that of the data; the buffer is null when only that is
+    // asked for.
+    OSErr (*theReadPart)(const Control& theControl, ControlPartCode thePart, void* theBuffer,
+                         Size* theSize) = nullptr;
+    OSErr (*theWritePart)(Control& theControl, ControlPartCode thePart, const void* theData,
+                          size_t theSize) = nullptr;
 };
 
 // A key that no handler wanted, on its way through the default handling of the focused control and its
@@ -153,8 +161,9 @@ public:
     // part when none was. Nothing for a control whose press is followed event by event.
     virtual std::optional<ControlPartCode> TrackInLoop(ControlPartCode thePart, UInt32 theModifiers);
 
-    // What a click turns the value into before it is told of; gives false when it leaves the value alone.
-    virtual bool ToggledValue(SInt32* theValue) const;
+    // What a click on a part turns the value into before it is told of; gives false when it leaves the value
+    // alone.
+    virtual bool ToggledValue(ControlPartCode thePart, SInt32* theValue) const;
 
     // A key that arrived at this control while it had the focus; eventNotHandledErr lets the window have it.
     virtual OSStatus PressKey(const KeyPress& theKey);

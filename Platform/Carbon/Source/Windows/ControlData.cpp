@@ -77,6 +77,12 @@ OSStatus AskHandlers(const DataCall& theCall, UInt32 theKind, Size* theSize)
 OSErr Write(const DataCall& theCall)
 {
     const ControlDataTag* theEntry = theCall.theControl->FindTag(theCall.theTag);
+    if (theEntry != nullptr && theEntry->theWritePart != nullptr) {
+        const OSErr theStatus = theEntry->theWritePart(
+            *theCall.theControl, theCall.thePart, theCall.theBuffer, static_cast<size_t>(theCall.theSize));
+        theCall.theControl->Show();
+        return theStatus;
+    }
     if (theEntry == nullptr || theEntry->theWrite == nullptr) {
         return errDataNotSupported;
     }
@@ -105,6 +111,10 @@ OSErr Read(const DataCall& theCall, Size* theActualSize)
     const ControlDataTag* theEntry = theCall.theControl->FindTag(theCall.theTag);
     if (theEntry != nullptr && theEntry->theReadBytes != nullptr) {
         return ReadBytes(theCall, *theEntry, theActualSize);
+    }
+    if (theEntry != nullptr && theEntry->theReadPart != nullptr) {
+        *theActualSize = theCall.theSize;
+        return theEntry->theReadPart(*theCall.theControl, theCall.thePart, theCall.theBuffer, theActualSize);
     }
     if (theEntry == nullptr || theEntry->theRead == nullptr) {
         return errDataNotSupported;

@@ -238,7 +238,7 @@ void Toggle(const SharedControl& theControl, ControlPartCode thePart)
     SInt32 theValue = 0;
     const bool theIsToggled =
         (theControl->Features() & kControlAutoToggles) != 0 || GroupAround(*theControl) != nullptr;
-    if (!theIsToggled || !theControl->ToggledValue(&theValue)) {
+    if (!theIsToggled || !theControl->ToggledValue(thePart, &theValue)) {
         return;
     }
     OutgoingEvent theEvent(kEventClassControl, kEventControlGetAutoToggleValue);

@@ -158,6 +158,7 @@ enum class ControlShape
     kEditText,
     kGroupBox,
     kPopUpButton,
+    kTabs,
     kSeparator,
     kPlacard,
     kDisclosureTriangle,
@@ -172,6 +173,28 @@ enum class TextAlignment
     kLeft,
     kCentre,
     kRight,
+};
+
+enum class TabEdge
+{
+    kTop,
+    kBottom,
+    kLeft,
+    kRight,
+};
+
+// One of a row of tabs.
+struct TabLook
+{
+    std::string theTitle;
+    bool theIsEnabled = true;
+    PixelRect theBounds; // in the window's content
+
+    bool operator==(const TabLook& theOther) const
+    {
+        return theTitle == theOther.theTitle && theIsEnabled == theOther.theIsEnabled &&
+               theBounds == theOther.theBounds;
+    }
 };
 
 struct ControlLook
@@ -209,6 +232,8 @@ struct ControlLook
     bool theIsAnimated = false;      // of chasing arrows: they turn
     bool theHidesTitle = false;      // of a disclosure triangle: the title is only spoken
     bool thePointsLeft = false;      // of a disclosure triangle that is closed
+    std::vector<TabLook> theTabs;    // of tabs; the value is the number of the one in front, from 1
+    TabEdge theTabEdge = TabEdge::kTop;
 };
 
 // Menus ------------------------------------------------------------------------------------------------

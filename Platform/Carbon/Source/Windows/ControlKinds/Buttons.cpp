@@ -79,7 +79,7 @@ CheckBox::CheckBox(bool theIsToggle)
 {
 }
 
-bool CheckBox::ToggledValue(SInt32* theValue) const
+bool CheckBox::ToggledValue(ControlPartCode, SInt32* theValue) const
 {
     const bool theIsOn = Range().theValue == kControlCheckBoxCheckedValue;
     *theValue = theIsOn ? kControlCheckBoxUncheckedValue : kControlCheckBoxCheckedValue;
@@ -139,7 +139,7 @@ OSStatus RadioButton::PressKey(const KeyPress& theKey)
     return noErr;
 }
 
-bool RadioButton::ToggledValue(SInt32* theValue) const
+bool RadioButton::ToggledValue(ControlPartCode, SInt32* theValue) const
 {
     *theValue = kControlRadioButtonCheckedValue;
     return true;
@@ -180,7 +180,7 @@ OSStatus DisclosureTriangle::PressKey(const KeyPress& theKey)
     return noErr;
 }
 
-bool DisclosureTriangle::ToggledValue(SInt32* theValue) const
+bool DisclosureTriangle::ToggledValue(ControlPartCode, SInt32* theValue) const
 {
     *theValue = OtherDisclosure(Range().theValue);
     return true;
@@ -206,7 +206,7 @@ DisclosureButton::DisclosureButton(bool theIsToggle)
 {
 }
 
-bool DisclosureButton::ToggledValue(SInt32* theValue) const
+bool DisclosureButton::ToggledValue(ControlPartCode, SInt32* theValue) const
 {
     *theValue = OtherDisclosure(Range().theValue);
     return true;

@@ -37,7 +37,7 @@ class CheckBox : public Button
 {
 public:
     explicit CheckBox(bool theIsToggle);
-    bool ToggledValue(SInt32* theValue) const override;
+    bool ToggledValue(ControlPartCode thePart, SInt32* theValue) const override;
     void AddToLook(ControlLook& theLook) const override;
 };
 
@@ -46,7 +46,7 @@ class RadioButton : public Button
 public:
     explicit RadioButton(bool theIsToggle);
     OSStatus PressKey(const KeyPress& theKey) override;
-    bool ToggledValue(SInt32* theValue) const override;
+    bool ToggledValue(ControlPartCode thePart, SInt32* theValue) const override;
     void AddToLook(ControlLook& theLook) const override;
 };
 
@@ -55,7 +55,7 @@ class DisclosureTriangle : public Button
 public:
     DisclosureTriangle(bool thePointsLeft, bool theShowsTitle, bool theIsToggle);
     OSStatus PressKey(const KeyPress& theKey) override;
-    bool ToggledValue(SInt32* theValue) const override;
+    bool ToggledValue(ControlPartCode thePart, SInt32* theValue) const override;
     const ControlDataTag* FindTag(ResType theTag) const override;
     void AddToLook(ControlLook& theLook) const override;
 
@@ -70,7 +70,7 @@ class DisclosureButton : public Button
 {
 public:
     explicit DisclosureButton(bool theIsToggle);
-    bool ToggledValue(SInt32* theValue) const override;
+    bool ToggledValue(ControlPartCode thePart, SInt32* theValue) const override;
     void AddToLook(ControlLook& theLook) const override;
 };
 

@@ -18,6 +18,16 @@ void RootControl::AddToLook(ControlLook& theLook) const
     theLook.theShape = ControlShape::kPane;
 }
 
+UserPane::UserPane(UInt32 theFeatures)
+    : Control(kControlKindUserPane, theFeatures)
+{
+}
+
+void UserPane::AddToLook(ControlLook& theLook) const
+{
+    theLook.theShape = ControlShape::kPane;
+}
+
 GroupBox::GroupBox()
     : Control(kControlKindGroupBox, kControlSupportsEmbedding)
 {
@@ -118,6 +128,12 @@ OSStatus CreateGroupBoxControl(WindowRef window, const Rect* boundsRect, CFStrin
 OSStatus CreateRadioGroupControl(WindowRef window, const Rect* boundsRect, ControlRef* outControl)
 {
     return Host::Create<Host::RadioGroup>({window, boundsRect, nullptr, outControl});
+}
+
+OSStatus CreateUserPaneControl(WindowRef window, const Rect* boundsRect, UInt32 features,
+                               ControlRef* outControl)
+{
+    return Host::Create<Host::UserPane>({window, boundsRect, nullptr, outControl}, features);
 }
 
 OSStatus CreatePlacardControl(WindowRef window, const Rect* boundsRect, ControlRef* outControl)

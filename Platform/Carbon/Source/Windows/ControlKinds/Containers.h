@@ -15,6 +15,14 @@ public:
     void AddToLook(ControlLook& theLook) const override;
 };
 
+// Holds what the program puts into it.
+class UserPane : public Control
+{
+public:
+    explicit UserPane(UInt32 theFeatures);
+    void AddToLook(ControlLook& theLook) const override;
+};
+
 class GroupBox : public Control
 {
 public:

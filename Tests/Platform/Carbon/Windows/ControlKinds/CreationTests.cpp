@@ -29,7 +29,7 @@ TEST_P(Creation, StartsVisibleEnabledAndActiveInItsWindow)
 TEST_P(Creation, StartsWithItsRange)
 {
     ControlRef theControl = Make();
-    EXPECT_EQ(GetControl32BitValue(theControl), 0);
+    EXPECT_EQ(GetControl32BitValue(theControl), GetParam().theMinimum);
     EXPECT_EQ(GetControl32BitMinimum(theControl), GetParam().theMinimum);
     EXPECT_EQ(GetControl32BitMaximum(theControl), GetParam().theMaximum);
 }
