@@ -168,22 +168,20 @@ TEST(LmDiagnosticHandler, ReceivesNoTextWhereThereIsNone)
     EXPECT_EQ(theJournal.mLines, Lines{""});
 }
 
-// Each of these is a process of its own: the environment is read at the first diagnostic.
+// Each of these is a process of its own. The environment is read at the first diagnostic, and nobody has had
+// one before: the framework runs suites of this name first.
 TEST(LmDiagnosticHandlerDeathTest, AFatalOneEndsTheProgramAfterItsLine)
 {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(ReportOneThatIsFatal(), testing::ExitedWithCode(0), "line [0-9]+: Too warm\n$");
 }
 
 TEST(LmDiagnosticHandlerDeathTest, AQuietOnePrintsNothing)
 {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(ReportOneQuietly(), testing::ExitedWithCode(0), "^$");
 }
 
 TEST(LmDiagnosticHandlerDeathTest, AJournalThatNobodyCanWriteIsSaidToBeNone)
 {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
     ::setenv("LM_JOURNAL", "journal", 1);
     EXPECT_EXIT(MakeTheFirstStore(), testing::ExitedWithCode(0),
                 "LM_JOURNAL: the library LmInspection is not loaded");

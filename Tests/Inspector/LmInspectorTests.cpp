@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <sys/wait.h>
 
 namespace {
 
@@ -152,14 +153,13 @@ TEST_F(LmInspectorTest, SaysWhatItDoesNotKnow)
     EXPECT_EQ(Ask("keys"), Ask("help"));
 }
 
-// A process of its own: the environment is read when the library is loaded.
-TEST(LmInspectorDeathTest, IsAllowedByTheEnvironmentAlone)
+// The environment is read when the library is loaded, so this program is started once more.
+TEST(LmInspector, IsAllowedByTheEnvironmentAlone)
 {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    for (const char* theText : {"0", "1"}) {
-        ::setenv("LM_INSPECTOR", theText, 1);
-        EXPECT_EXIT(std::exit(LmGetLiveSurvey() != nullptr ? 1 : 0), testing::ExitedWithCode(*theText - '0'),
-                    "");
-    }
-    ::unsetenv("LM_INSPECTOR");
+    const std::string theProgram = LM_THIS_PROGRAM;
+    const std::string theCase = " --gtest_filter=LmInspector.IsNotThereUntilItIsAllowed >/dev/null 2>&1";
+    EXPECT_EQ(std::system(("LM_INSPECTOR=0 " + theProgram + theCase).c_str()), 0);
+    const int theStatus = std::system(("LM_INSPECTOR=1 " + theProgram + theCase).c_str());
+    EXPECT_TRUE(WIFEXITED(theStatus));
+    EXPECT_EQ(WEXITSTATUS(theStatus), 1) << "it is there already";
 }
