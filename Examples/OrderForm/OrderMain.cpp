@@ -18,17 +18,11 @@ static SInt64 AskPriceList(const std::string& theName, const std::string& theCur
     return theArticle != kPrices.end() ? theArticle->second.at(theCurrency) : 0;
 }
 
-// The first instant of the day, as fields read it.
-static SInt64 GetToday()
-{
-    const LmDateFormatter theDays(kCFDateFormatterMediumStyle);
-    const LmValue theText = theDays.Format(LmValue(static_cast<SInt64>(CFAbsoluteTimeGetCurrent())));
-    return theDays.Parse(theText.GetString()).theValue.GetSInt64();
-}
-
 int main()
 {
-    OrderModel theModel(GetToday());
+    const LmDateFormatter theDays(kCFDateFormatterMediumStyle);
+    const LmValue theDate = theDays.Format(LmValue(static_cast<SInt64>(CFAbsoluteTimeGetCurrent())));
+    OrderModel theModel(theDays.Parse(theDate.GetString()).theValue.GetSInt64()); // the day's first instant
     const OrderWindow theWindow(theModel);
     const PriceFinder thePrices(theModel, AskPriceList);
     RunApplicationEventLoop();

@@ -86,19 +86,13 @@ private:
     void DeriveAmounts()
     {
         const SInt64 thePrice = HasPrice() ? Get("price").GetSInt64() * Get("quantity").GetSInt64() : 0;
-        const SInt64 theNet = Divide(thePrice * (1000 - Get("discount").GetSInt64()), 1000);
-        const SInt64 theTax = Divide(theNet * 19, 100);
+        const SInt64 theNet = (thePrice * (1000 - Get("discount").GetSInt64()) + 500) / 1000;
+        const SInt64 theTax = (theNet * 19 + 50) / 100;
         // Into the store past SetKeyPathValue: the dependencies tell the observers, when all three are there.
         const LmValue theUnknown = LmMakeStringValue("");
         GetBindings()->SetKeyValue("net", HasPrice() ? LmValue(theNet) : theUnknown);
         GetBindings()->SetKeyValue("tax", HasPrice() ? LmValue(theTax) : theUnknown);
         GetBindings()->SetKeyValue("total", HasPrice() ? LmValue(theNet + theTax) : theUnknown);
-    }
-
-    // To the nearest whole number, halves up. Nothing is below zero here.
-    static SInt64 Divide(SInt64 theNumber, SInt64 theDivisor)
-    {
-        return (theNumber + theDivisor / 2) / theDivisor;
     }
 
     const SInt64 mToday;

@@ -95,29 +95,24 @@ private:
     }
     void Number(ControlRef theControl, OSType theSignature) const
     {
-        const ControlID theID = {theSignature, mRow};
-        SetControlID(theControl, &theID);
+        HIViewSetID(theControl, {theSignature, mRow});
     }
 
     // theSide is teFlushLeft or teFlushRight.
-    ControlRef AddText(short theLeft, short theRight, SInt16 theSide, CFStringRef theText) const
+    ControlRef AddText(short theLeft, short theRight, SInt16 theSide, OSType theSignature,
+                       CFStringRef theText = nullptr) const
     {
         const Rect thePlace = PlaceFrom(theLeft, theRight);
         const ControlFontStyleRec theStyle = {kControlUseJustMask, 0, 0, 0, 0, theSide, {}, {}};
         ControlRef theControl = nullptr;
         CreateStaticTextControl(mWindow, &thePlace, theText, &theStyle, &theControl);
+        Number(theControl, theSignature);
         return theControl;
     }
     void BeginRow(CFStringRef theLabel)
     {
         ++mRow;
-        AddText(20, 100, teFlushRight, theLabel);
-    }
-    ControlRef AddNote(short theLeft, short theRight) const
-    {
-        ControlRef theText = AddText(theLeft, theRight, teFlushLeft, nullptr);
-        Number(theText, 'Note');
-        return theText;
+        AddText(20, 100, teFlushRight, 'Labl', theLabel);
     }
 
     LmTextFieldBinding* AddField(CFStringRef theLabel, const char* theKey,
@@ -138,15 +133,14 @@ private:
             mState.SetKeyPathValue("complete", LmValue(mInvalidFields == 0));
         });
         theField->Bind("value", mModel.GetBindings(), theKey, nullptr, nullptr);
-        Follow(new LmControlBinding(AddNote(262, 500)), "value", theField, "problem");
+        Follow(new LmControlBinding(AddText(262, 500, teFlushLeft, 'Note')), "value", theField, "problem");
         return theField;
     }
 
     void AddAmount(CFStringRef theLabel, const char* theKey)
     {
         BeginRow(theLabel);
-        ControlRef theText = AddText(110, 250, teFlushRight, nullptr);
-        Number(theText, 'Ordr');
+        ControlRef theText = AddText(110, 250, teFlushRight, 'Ordr');
         mAmounts.push_back(new LmTextFieldBinding(theText, NewAmountFormatter()));
         Follow(mAmounts.back(), "value", mModel.GetBindings(), theKey);
     }
@@ -191,7 +185,8 @@ private:
         SetWindowDefaultButton(mWindow, theButton);
         Follow(new LmControlBinding(theButton), "enabled", &mState, "complete");
         Follow(new LmMenuBinding(kPlaceOrder), "enabled", &mState, "complete");
-        Follow(new LmControlBinding(AddNote(20, 410)), "value", mModel.GetBindings(), "status");
+        Follow(new LmControlBinding(AddText(20, 410, teFlushLeft, 'Note')), "value", mModel.GetBindings(),
+               "status");
     }
 
     void Follow(LmKeyValueStore* theObject, const char* theKey, LmKeyValueStore* theSource,

@@ -67,7 +67,7 @@ expect()
 
 # As the headers of Mac OS X 10.4 have it: without CGFloat, and with enumerations where there are integers now.
 made_of_our_own
-sed -i -e '/^typedef float CGFloat;/d' -e 's/CGFloat\b/float/g' "$kHeaders"/CoreGraphics.framework/Headers/*.h
+sed -i -e '/^typedef float CGFloat;/d' -e 's/CGFloat\b/float/g' "$kHeaders"/{CoreGraphics,Carbon}.framework/Headers/*.h
 for theHeader in CFBase.h CFNumber.h; do
     sed -z -i -E 's/typedef CFIndex (CFNumberType|CFComparisonResult);\nenum CF_OF_TYPE\(CFIndex\)\n(\{[^}]*\});/typedef enum \2 \1;/' \
         "$kHeaders/CoreFoundation.framework/Headers/$theHeader"

@@ -7,6 +7,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+#include <algorithm>
 #include <vector>
 
 namespace Host {
@@ -130,7 +131,7 @@ void QtTabs::ShowState(const ControlLook& theLook)
 {
     mTabs.setTabPosition(PositionOf(theLook.theTabEdge));
     mTabs.ShowTabs(theLook.theTabs);
-    mTabs.setCurrentIndex(theLook.theValue - 1);
+    mTabs.setCurrentIndex(std::max(theLook.theValue, 0) - 1); // none in front for what is no tab
 }
 
 } // namespace Host

@@ -278,6 +278,9 @@ void Control::Join(const SharedControl& theContainer)
     mOrder = theContainer->mSubControls.size();
     theContainer->mSubControls.push_back(theKeepAlive);
     mParent = theContainer;
+    if (theContainer->Owner() == nullptr) {
+        DisappearFrom(PresenterRegistry::Current());
+    }
     MoveTo(theContainer->Owner());
     if (!CanBePressed()) {
         ReleaseFocusInside(*this);

@@ -2,8 +2,6 @@
 
 #include "ViewTestSupport.h"
 
-#include <Presentation/PresenterRegistry.h>
-
 namespace {
 
 class ViewTree : public ViewTest
@@ -122,6 +120,16 @@ TEST_F(ViewTree, ARemovedViewIsNowhereAndCanComeBack)
     EXPECT_EQ(HIViewGetWindow(theInner), mWindow);
     EXPECT_EQ(HIViewRemoveFromSuperview(Root()), errCantEmbedRoot);
     EXPECT_EQ(HIViewRemoveFromSuperview(nullptr), errUnknownControl);
+}
+
+TEST_F(ViewTree, AViewThatIsPutIntoOneThatIsNowhereLeavesItsWindow)
+{
+    ASSERT_EQ(HIViewRemoveFromSuperview(mFront), noErr);
+    EXPECT_EQ(HIViewAddSubview(mFront, mMiddle), noErr);
+    EXPECT_EQ(HIViewGetWindow(mMiddle), nullptr);
+    EXPECT_EQ(HIViewGetSuperview(mMiddle), mFront);
+    EXPECT_EQ(FrontToBack(Root()), Views{mBack});
+    DisposeControl(mFront);
 }
 
 TEST_F(ViewTree, ARemovedViewGivesUpTheFocusAndIsNoDefaultButton)
