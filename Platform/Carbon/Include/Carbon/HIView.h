@@ -20,6 +20,7 @@
 #define HIView_h
 
 #include <Carbon/Controls.h>
+#include <Carbon/Events.h>
 #include <Carbon/HIGeometry.h>
 
 typedef ControlID HIViewID;
