@@ -280,7 +280,7 @@ TEST_F(LmChoiceBindingTest, KeepsTheSelectionWhenButtonsAreDisposedOf)
 
 TEST_F(LmChoiceBindingTest, WaitsForTheChoiceThatIsWanted)
 {
-    LmChoiceBinding theChoice({mPost});
+    LmChoiceBinding theChoice(std::vector<ControlRef>{mPost});
     theChoice.Bind("tag", &mModel, "delivery", nullptr, nullptr);
     EXPECT_EQ(Selected(theChoice), "-1 20 ");
     EXPECT_EQ(Read(mModel, "delivery"), "SInt32 20");
