@@ -191,8 +191,9 @@ std::string DrawPopUp(const ControlLook& theLook)
 std::string DrawTabs(const ControlLook& theLook)
 {
     std::string theText;
-    for (size_t theIndex = 0; theIndex < theLook.theTabs.size(); ++theIndex) {
-        const TabLook& theTab = theLook.theTabs[theIndex];
+    const std::vector<TabLook>& theTabs = theLook.Rare().theTabs;
+    for (size_t theIndex = 0; theIndex < theTabs.size(); ++theIndex) {
+        const TabLook& theTab = theTabs[theIndex];
         const std::string theTitle =
             theTab.theIsEnabled ? OneLine(theTab.theTitle) : "(" + OneLine(theTab.theTitle) + ")";
         const bool theIsInFront = theLook.theValue == static_cast<std::int64_t>(theIndex) + 1;

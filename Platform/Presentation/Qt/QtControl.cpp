@@ -25,15 +25,15 @@ constexpr QRect kRoom(-1024, -1024, 9216, 9216);
 bool IsDrawnAlike(const ControlLook& theOne, const ControlLook& theOther)
 {
     const auto theParts = [](const ControlLook& theLook) {
-        return std::tie(theLook.theBounds, theLook.theValue, theLook.theMinimum, theLook.theMaximum,
-                        theLook.theViewSize, theLook.theTickMarks, theLook.theTitleWidth, theLook.theTitle,
-                        theLook.theText, theLook.theAlignment, theLook.theSelectionStart,
-                        theLook.theSelectionEnd, theLook.theIsHilited, theLook.theIsPassword,
-                        theLook.theIsMultiline, theLook.theIsLocked, theLook.theIsDefault,
-                        theLook.theIsIndeterminate, theLook.theIsAnimated, theLook.theHidesTitle,
-                        theLook.thePointsLeft, theLook.theTabs, theLook.theTabEdge);
+        return std::tie(
+            theLook.theBounds, theLook.theValue, theLook.theMinimum, theLook.theMaximum, theLook.theViewSize,
+            theLook.theTickMarks, theLook.theTitleWidth, theLook.theTitle, theLook.theText,
+            theLook.theAlignment, theLook.theSelectionStart, theLook.theSelectionEnd, theLook.theIsHilited,
+            theLook.theIsPassword, theLook.theIsMultiline, theLook.theIsLocked, theLook.theIsDefault,
+            theLook.theIsIndeterminate, theLook.theIsAnimated, theLook.theHidesTitle, theLook.thePointsLeft);
     };
-    return theParts(theOne) == theParts(theOther);
+    return theParts(theOne) == theParts(theOther) &&
+           (theOne.theRareLook == theOther.theRareLook || theOne.Rare() == theOther.Rare());
 }
 
 // Whether the widget has its place already. What it wants to be high depends on no more than this.

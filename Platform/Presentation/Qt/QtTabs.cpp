@@ -120,8 +120,9 @@ QtTabs::QtTabs(const ControlLook& theLook, QtInput& theInput, QWidget& theConten
 {
     connect(&mTabs, &QTabWidget::currentChanged, this, [this](int theIndex) {
         const auto thePlace = static_cast<size_t>(theIndex);
-        if (thePlace < Look().theTabs.size()) {
-            ReportClickAt(CentreOf(Look().theTabs[thePlace].theBounds));
+        const std::vector<TabLook>& theTabs = Look().Rare().theTabs;
+        if (thePlace < theTabs.size()) {
+            ReportClickAt(CentreOf(theTabs[thePlace].theBounds));
         }
     });
     theInput.Watch(mTabs, QtInput::MouseUse::kManagers);
@@ -129,8 +130,9 @@ QtTabs::QtTabs(const ControlLook& theLook, QtInput& theInput, QWidget& theConten
 
 void QtTabs::ShowState(const ControlLook& theLook)
 {
-    mTabs.setTabPosition(PositionOf(theLook.theTabEdge));
-    mTabs.ShowTabs(theLook.theTabs);
+    const RareLook& theRare = theLook.Rare();
+    mTabs.setTabPosition(PositionOf(theRare.theTabEdge));
+    mTabs.ShowTabs(theRare.theTabs);
     mTabs.setCurrentIndex(std::max(theLook.theValue, 0) - 1); // none in front for what is no tab
 }
 

@@ -30,7 +30,9 @@ ControlLook Aligned(ControlShape theShape, const char* theText, Host::TextAlignm
 ControlLook Tabs(std::int32_t theValue)
 {
     ControlLook theLook = Control(3, ControlShape::kTabs);
-    theLook.theTabs = {{"Sound", true, {}}, {"Two\nwords", true, {}}, {"Disc", false, {}}};
+    Host::RareLook theRare;
+    theRare.theTabs = {{"Sound", true, {}}, {"Two\nwords", true, {}}, {"Disc", false, {}}};
+    theLook.theRareLook = std::make_shared<Host::RareLook>(theRare);
     theLook.theValue = theValue;
     return theLook;
 }

@@ -59,6 +59,15 @@ WindowLook Window()
     return theLook;
 }
 
+std::shared_ptr<const Host::RareLook> Tabs(std::vector<Host::TabLook> theTabs,
+                                           Host::TabEdge theEdge = Host::TabEdge::kTop)
+{
+    Host::RareLook theLook;
+    theLook.theTabs = std::move(theTabs);
+    theLook.theTabEdge = theEdge;
+    return std::make_shared<Host::RareLook>(theLook);
+}
+
 ControlLook Control(ControlShape theShape, std::int32_t theValue = 0)
 {
     ControlLook theLook;
@@ -70,7 +79,7 @@ ControlLook Control(ControlShape theShape, std::int32_t theValue = 0)
     theLook.theMaximum = 100;
     theLook.theValue = theValue;
     if (theShape == ControlShape::kTabs) {
-        theLook.theTabs = {{"Salt", true, {10, 10, 80, 36}}, {"& Pepper", true, {80, 10, 170, 36}}};
+        theLook.theRareLook = Tabs({{"Salt", true, {10, 10, 80, 36}}, {"& Pepper", true, {80, 10, 170, 36}}});
     }
     return theLook;
 }
@@ -259,12 +268,14 @@ TEST_F(QtLooks, TabsStandWhereTheManagersThinkTheyDo)
 {
     ControlLook theLook = Control(ControlShape::kTabs, 2);
     theLook.theBounds = {10, 10, 310, 150};
-    theLook.theTabs.push_back({"Oil", false, {170, 10, 240, 36}});
+    std::vector<Host::TabLook> theThree = theLook.Rare().theTabs;
+    theThree.push_back({"Oil", false, {170, 10, 240, 36}});
+    theLook.theRareLook = Tabs(theThree);
     auto& theTabs = Shown<QTabWidget>(theLook);
     QTabBar& theBar = *theTabs.tabBar();
     ASSERT_EQ(theTabs.count(), 3);
     for (int theIndex = 0; theIndex < 3; ++theIndex) {
-        const Host::PixelRect& thePlace = theLook.theTabs[static_cast<size_t>(theIndex)].theBounds;
+        const Host::PixelRect& thePlace = theThree[static_cast<size_t>(theIndex)].theBounds;
         EXPECT_EQ(theBar.pos() + theBar.tabRect(theIndex).topLeft(),
                   QPoint(thePlace.theLeft - 10, thePlace.theTop - 10));
         EXPECT_EQ(theBar.tabRect(theIndex).width(), thePlace.theRight - thePlace.theLeft);
@@ -272,10 +283,8 @@ TEST_F(QtLooks, TabsStandWhereTheManagersThinkTheyDo)
     EXPECT_EQ(theTabs.currentIndex(), 1);
     EXPECT_EQ(theTabs.tabText(1), "&& Pepper");
     EXPECT_FALSE(theTabs.isTabEnabled(2));
-    theLook.theTabs.erase(theLook.theTabs.begin() + 1, theLook.theTabs.end());
-    theLook.theTabs[0].theBounds.theRight = 110;
     theLook.theValue = 1;
-    theLook.theTabEdge = Host::TabEdge::kBottom;
+    theLook.theRareLook = Tabs({{"Salt", true, {10, 10, 110, 36}}}, Host::TabEdge::kBottom);
     Shown<QTabWidget>(theLook);
     EXPECT_EQ(theTabs.count(), 1);
     EXPECT_EQ(theBar.tabRect(0).width(), 100);

@@ -70,41 +70,28 @@ bool operator==(const ControlRange& theOne, const ControlRange& theOther)
 
 // State --------------------------------------------------------------------------------------------------
 
-bool Control::OwnState(ControlState theState) const
+void ControlStates::Set(ControlState theState, bool theIsOn)
 {
-    switch (theState) {
-    case ControlState::kVisible:
-        return mIsVisible;
-    case ControlState::kEnabled:
-        return mIsEnabled;
-    case ControlState::kActive:
-        break;
-    }
-    return mIsActive;
+    const auto theBit = static_cast<unsigned>(theState);
+    mBits = theIsOn ? mBits | theBit : mBits & ~theBit;
 }
 
-void Control::SetOwnState(ControlState theState, bool theIsOn)
+ControlStates ControlStates::operator&(ControlStates theOther) const
 {
-    switch (theState) {
-    case ControlState::kVisible:
-        mIsVisible = theIsOn;
-        break;
-    case ControlState::kEnabled:
-        mIsEnabled = theIsOn;
-        break;
-    case ControlState::kActive:
-        mIsActive = theIsOn;
-        break;
-    }
+    theOther.mBits &= mBits;
+    return theOther;
 }
 
-bool Control::Is(ControlState theState) const
+ControlStates Control::States() const
 {
-    if (!OwnState(theState)) {
-        return false;
-    }
     const SharedControl theParent = Parent();
-    return theParent == nullptr || theParent->Is(theState);
+    return theParent == nullptr ? mStates : mStates & theParent->States();
+}
+
+bool Control::CanBePressed() const
+{
+    const ControlStates theStates = States();
+    return theStates.Has(ControlState::kVisible) && theStates.Has(ControlState::kEnabled);
 }
 
 void Control::CollectInState(ControlState theState, std::vector<SharedControl>* theControls)
@@ -130,7 +117,7 @@ OSStatus Control::Set(ControlState theState, bool theIsOn)
             return noErr;
         }
     }
-    SetOwnState(theState, true);
+    mStates.Set(theState, true);
     std::vector<SharedControl> theChanged;
     const OSStatus theStatus = Guarded([&] {
         if (Is(theState)) {
@@ -138,7 +125,7 @@ OSStatus Control::Set(ControlState theState, bool theIsOn)
         }
         return OSStatus{noErr};
     });
-    SetOwnState(theState, theStatus == noErr ? theIsOn : !theIsOn);
+    mStates.Set(theState, theStatus == noErr ? theIsOn : !theIsOn);
     if (theStatus != noErr) {
         return theStatus;
     }
@@ -291,9 +278,10 @@ ControlLook Control::Look() const
     theLook.theMinimum = static_cast<std::int32_t>(mRange.theMinimum);
     theLook.theMaximum = static_cast<std::int32_t>(mRange.theMaximum);
     theLook.theViewSize = static_cast<std::int32_t>(mRange.theViewSize);
-    theLook.theIsVisible = Is(ControlState::kVisible);
-    theLook.theIsEnabled = Is(ControlState::kEnabled);
-    theLook.theIsActive = Is(ControlState::kActive);
+    const ControlStates theStates = States();
+    theLook.theIsVisible = theStates.Has(ControlState::kVisible);
+    theLook.theIsEnabled = theStates.Has(ControlState::kEnabled);
+    theLook.theIsActive = theStates.Has(ControlState::kActive);
     theLook.theIsHilited = mHilite != kControlNoPart;
     theLook.theTakesFocus = FocusPart(IsFullKeyboardAccessOn()) != kControlFocusNoPart;
     AddPlaceToLook(theLook);

@@ -27,11 +27,25 @@ struct ControlRange
 bool operator==(const ControlRange& theOne, const ControlRange& theOther);
 
 // The three states that a control shares with everything around it.
-enum class ControlState
+enum class ControlState : unsigned
 {
-    kVisible,
-    kEnabled,
-    kActive,
+    kVisible = 1,
+    kEnabled = 2,
+    kActive = 4,
+};
+
+// Those of them that are on.
+class ControlStates
+{
+public:
+    bool Has(ControlState theState) const { return (mBits & static_cast<unsigned>(theState)) != 0; }
+    void Set(ControlState theState, bool theIsOn);
+    ControlStates operator&(ControlStates theOther) const;
+
+private:
+    static constexpr unsigned kAll = 7;
+
+    unsigned mBits = kAll;
 };
 
 // One tag of Get/SetControlData.
@@ -97,6 +111,7 @@ public:
     SharedWindow Owner() const;
     bool IsRoot() const { return mIsRoot; }
     bool IsInside(const Control& theContainer) const; // or is it
+    bool IsInCompositingWindow() const;               // so its bounds count from the one around it
     bool CanEmbed() const;
 
     // The way to it from the root, as places in what holds it: containers come before what they hold.
@@ -118,9 +133,10 @@ public:
     size_t Order() const { return mOrder; }
 
     // State. The setters tell the presenter and the handlers, if there is something to tell.
-    bool Is(ControlState theState) const; // with everything around it
+    bool Is(ControlState theState) const { return States().Has(theState); } // with everything around it
+    ControlStates States() const;
     OSStatus Set(ControlState theState, bool theIsOn);
-    bool CanBePressed() const { return Is(ControlState::kVisible) && Is(ControlState::kEnabled); }
+    bool CanBePressed() const;
     const ControlRange& Range() const { return mRange; }
     void SetRange(const ControlRange& theRange);
     void SetValue(SInt32 theValue);
@@ -214,10 +230,9 @@ public:
     bool mIsLeading = false; // others are following it right now
 
     // A state of its own, whatever is around it.
-    bool OwnState(ControlState theState) const;
+    bool OwnState(ControlState theState) const { return mStates.Has(theState); }
 
 private:
-    void SetOwnState(ControlState theState, bool theIsOn);
     void AddPlaceToLook(ControlLook& theLook) const;
     void Leave();
     void MoveTo(const SharedWindow& theOwner);
@@ -239,9 +254,7 @@ private:
     bool mIsGone = false;
     bool mIsGoing = false; // being disposed; handlers are hearing of it
     bool mIsRoot = false;
-    bool mIsVisible = true;
-    bool mIsEnabled = true;
-    bool mIsActive = true;
+    ControlStates mStates;
     ControlRange mRange;
     Rect mBounds = {0, 0, 0, 0};
     Text mTitle;

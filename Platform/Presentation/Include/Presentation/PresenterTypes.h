@@ -4,6 +4,7 @@
 #define PresenterTypes_h
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -197,6 +198,18 @@ struct TabLook
     }
 };
 
+// What few controls have.
+struct RareLook
+{
+    std::vector<TabLook> theTabs; // of tabs; the value is the number of the one in front, from 1
+    TabEdge theTabEdge = TabEdge::kTop;
+
+    bool operator==(const RareLook& theOther) const
+    {
+        return theTabs == theOther.theTabs && theTabEdge == theOther.theTabEdge;
+    }
+};
+
 struct ControlLook
 {
     ObjectId theId = kNoObject;
@@ -232,8 +245,16 @@ struct ControlLook
     bool theIsAnimated = false;      // of chasing arrows: they turn
     bool theHidesTitle = false;      // of a disclosure triangle: the title is only spoken
     bool thePointsLeft = false;      // of a disclosure triangle that is closed
-    std::vector<TabLook> theTabs;    // of tabs; the value is the number of the one in front, from 1
-    TabEdge theTabEdge = TabEdge::kTop;
+
+    // Null when it has nothing of that. Copies share it, so that the looks of all others, which are copied
+    // with each change, stay small.
+    std::shared_ptr<const RareLook> theRareLook;
+
+    const RareLook& Rare() const
+    {
+        static const RareLook kNothing;
+        return theRareLook == nullptr ? kNothing : *theRareLook;
+    }
 };
 
 // Menus ------------------------------------------------------------------------------------------------

@@ -209,12 +209,14 @@ OSStatus Tabs::PressKey(const KeyPress& theKey)
 void Tabs::AddToLook(ControlLook& theLook) const
 {
     theLook.theShape = ControlShape::kTabs;
-    theLook.theTabEdge = EdgeOf(mDirection);
+    const auto theRareLook = std::make_shared<RareLook>();
+    theRareLook->theTabEdge = EdgeOf(mDirection);
     for (size_t theIndex = 0; theIndex < mTabs.size(); ++theIndex) {
         const Rect thePlace = PlaceOfTab(theIndex);
-        theLook.theTabs.push_back(
+        theRareLook->theTabs.push_back(
             {Utf8Of(mTabs[theIndex].theName), mTabs[theIndex].theIsEnabled, PixelsOf(thePlace)});
     }
+    theLook.theRareLook = theRareLook;
 }
 
 // Data ---------------------------------------------------------------------------------------------------
