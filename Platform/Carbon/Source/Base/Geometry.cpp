@@ -22,6 +22,11 @@ short Narrow(double theCoordinate)
     return static_cast<short>(std::floor(theInside));
 }
 
+short NearestCoordinate(double theCoordinate)
+{
+    return Narrow(theCoordinate + 0.5);
+}
+
 int WidthOf(const Rect& theRect)
 {
     return theRect.right - theRect.left;

@@ -12,6 +12,9 @@ namespace Host {
 short Narrow(double theCoordinate);
 short Narrow(int theCoordinate);
 
+// The same of the nearest whole coordinate, halves to the right and down.
+short NearestCoordinate(double theCoordinate);
+
 int WidthOf(const Rect& theRect);
 int HeightOf(const Rect& theRect);
 bool IsEmpty(const Rect& theRect);

@@ -5,7 +5,6 @@
 #include "Base/Geometry.h"
 #include "Windows/Window.h"
 
-#include <cmath>
 #include <optional>
 
 using namespace Host;
@@ -67,20 +66,15 @@ HIRect FrameOf(const Control& theView)
     return theFrame;
 }
 
-short Nearest(double theCoordinate)
-{
-    return Narrow(std::floor(theCoordinate + 0.5));
-}
-
 void SetFrame(Control& theView, const HIRect& theFrame)
 {
     // Bounds count from the view around in a compositing window, and from the content in others.
     const Origin theShift = TopLeftOf(theView.Bounds()) - (OriginOf(theView) - OriginAround(theView));
     const double theLeft = double{theFrame.origin.x} + theShift.theAcross;
     const double theTop = double{theFrame.origin.y} + theShift.theDown;
-    theView.SetBounds(Host::MakeRect(Nearest(theLeft), Nearest(theTop),
-                                     Nearest(theLeft + double{theFrame.size.width}),
-                                     Nearest(theTop + double{theFrame.size.height})));
+    theView.SetBounds(Host::MakeRect(NearestCoordinate(theLeft), NearestCoordinate(theTop),
+                                     NearestCoordinate(theLeft + double{theFrame.size.width}),
+                                     NearestCoordinate(theTop + double{theFrame.size.height})));
 }
 
 // What a call that changes the place of a view begins and ends with.
@@ -159,19 +153,6 @@ std::optional<Origin> OriginOfSpace(HICoordinateSpace theSpace, void* theObject)
     default:
         return std::nullopt;
     }
-}
-
-SharedControl SubviewAt(const Control& theView, Point theContentPoint, bool theIsDeep)
-{
-    const auto& theViews = theView.SubControls();
-    for (auto theEntry = theViews.rbegin(); theEntry != theViews.rend(); ++theEntry) {
-        const SharedControl& theFound = *theEntry;
-        if (theFound->Is(ControlState::kVisible) && Contains(theFound->WindowBounds(), theContentPoint)) {
-            const SharedControl theDeeper = theIsDeep ? SubviewAt(*theFound, theContentPoint, true) : nullptr;
-            return theDeeper == nullptr ? theFound : theDeeper;
-        }
-    }
-    return nullptr;
 }
 
 Point ContentPoint(const Control& theView, const HIPoint& thePoint)
@@ -285,7 +266,7 @@ OSStatus HIViewGetSubviewHit(HIViewRef inView, const HIPoint* inPoint, Boolean i
     if (inPoint == nullptr) {
         return paramErr;
     }
-    const SharedControl theFound = SubviewAt(*theView, ContentPoint(*theView, *inPoint), inDeep);
+    const SharedControl theFound = SubControlAt(*theView, ContentPoint(*theView, *inPoint), inDeep);
     *outView = theFound == nullptr ? nullptr : theFound->Reference();
     return noErr;
 }

@@ -194,8 +194,7 @@ OSStatus HIViewSetHilite(HIViewRef inView, HIViewPartCode inHilitePart)
 Boolean HIViewIsCompositingEnabled(HIViewRef inView)
 {
     const SharedControl theView = Host::FindControl(inView);
-    const SharedWindow theWindow = theView == nullptr ? nullptr : theView->Owner();
-    return theWindow != nullptr && theWindow->Has(kWindowCompositingAttribute);
+    return theView != nullptr && theView->IsInCompositingWindow();
 }
 
 OSStatus HIViewGetFocusPart(HIViewRef inView, HIViewPartCode* outFocusPart)

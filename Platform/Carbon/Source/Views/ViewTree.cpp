@@ -21,15 +21,9 @@ bool IsContentID(const HIViewID& theID)
     return theID.signature == kHIViewWindowContentID.signature && theID.id == kHIViewWindowContentID.id;
 }
 
-bool IsInCompositingWindow(const Control& theView)
-{
-    const SharedWindow theOwner = theView.Owner();
-    return theOwner != nullptr && theOwner->Has(kWindowCompositingAttribute);
-}
-
 SharedControl FindView(const SharedControl& theStart, const HIViewID& theID)
 {
-    if (IsContentID(theID) && theStart->IsRoot() && IsInCompositingWindow(*theStart)) {
+    if (IsContentID(theID) && theStart->IsRoot() && theStart->IsInCompositingWindow()) {
         return theStart;
     }
     return Host::FindNamed(*theStart, theID);
@@ -94,7 +88,7 @@ OSStatus HIViewFindByID(HIViewRef inStartView, HIViewID inID, HIViewRef* outView
 OSStatus HIViewAddSubview(HIViewRef inParent, HIViewRef inNewChild)
 {
     const SharedControl theParent = Host::FindControl(inParent);
-    if (theParent != nullptr && theParent->Owner() != nullptr && !IsInCompositingWindow(*theParent)) {
+    if (theParent != nullptr && theParent->Owner() != nullptr && !theParent->IsInCompositingWindow()) {
         return errNeedsCompositedWindow;
     }
     return EmbedControl(inNewChild, inParent);

@@ -232,6 +232,12 @@ bool Control::IsInside(const Control& theContainer) const
     return true;
 }
 
+bool Control::IsInCompositingWindow() const
+{
+    const SharedWindow theOwner = Owner();
+    return theOwner != nullptr && theOwner->Has(kWindowCompositingAttribute);
+}
+
 bool Control::CanEmbed() const
 {
     return (mFeatures & kControlSupportsEmbedding) != 0 && !mIsGoing;
@@ -385,8 +391,7 @@ void Control::MoveTo(const SharedWindow& theOwner)
 Rect Control::WindowBounds() const
 {
     Rect theBounds = mBounds;
-    const SharedWindow theOwner = Owner();
-    if (theOwner == nullptr || !theOwner->Has(kWindowCompositingAttribute)) {
+    if (!IsInCompositingWindow()) {
         return theBounds;
     }
     for (SharedControl theParent = Parent(); theParent != nullptr && !theParent->mIsRoot;
@@ -403,20 +408,21 @@ Rect BoundsInWindow(const SharedControl& theControl)
 
 // Finding ------------------------------------------------------------------------------------------------
 
-namespace {
-
-SharedControl FindAt(const SharedControl& theContainer, Point thePoint)
+SharedControl SubControlAt(const Control& theContainer, Point theContentPoint, bool theIsDeep)
 {
-    const auto& theControls = theContainer->SubControls();
+    const auto& theControls = theContainer.SubControls();
     for (auto theEntry = theControls.rbegin(); theEntry != theControls.rend(); ++theEntry) {
         const SharedControl& theControl = *theEntry;
-        if (theControl->Is(ControlState::kVisible) && Contains(theControl->WindowBounds(), thePoint)) {
-            const SharedControl theDeeper = FindAt(theControl, thePoint);
+        if (theControl->Is(ControlState::kVisible) && Contains(theControl->WindowBounds(), theContentPoint)) {
+            const SharedControl theDeeper =
+                theIsDeep ? SubControlAt(*theControl, theContentPoint, true) : nullptr;
             return theDeeper == nullptr ? theControl : theDeeper;
         }
     }
     return nullptr;
 }
+
+namespace {
 
 SharedControl DeepestAround(const SharedControl& theContainer, const SharedControl& theInner)
 {
@@ -466,8 +472,9 @@ SharedControl FindNamed(const Control& theRoot, const ControlID& theID)
 
 SharedControl ControlAt(const SharedWindow& theWindow, Point theContentPoint)
 {
-    return theWindow == nullptr || theWindow->Root() == nullptr ? nullptr
-                                                                : FindAt(theWindow->Root(), theContentPoint);
+    return theWindow == nullptr || theWindow->Root() == nullptr
+               ? nullptr
+               : SubControlAt(*theWindow->Root(), theContentPoint, true);
 }
 
 } // namespace Host

@@ -41,8 +41,7 @@ void CallAction(const SharedControl& theControl, ControlPartCode thePart)
 // the control's own.
 Point OriginOf(const Control& theControl)
 {
-    const SharedWindow theOwner = theControl.Owner();
-    if (theOwner == nullptr || !theOwner->Has(kWindowCompositingAttribute)) {
+    if (!theControl.IsInCompositingWindow()) {
         return MakePoint(0, 0);
     }
     const Rect theBounds = theControl.WindowBounds();

@@ -33,6 +33,9 @@ Rect BoundsInWindow(const SharedControl& theControl);
 // Disabled ones are found too, since they cover what is behind them. Null when there is none.
 SharedControl ControlAt(const SharedWindow& theWindow, Point theContentPoint);
 
+// The same of the controls in theContainer; the deepest one or the one that is in theContainer itself.
+SharedControl SubControlAt(const Control& theContainer, Point theContentPoint, bool theIsDeep);
+
 // A point of the window's content where a press starts to track thePart (an indicator stands where its value
 // puts it). False when the control has no such part.
 bool PointOfPart(const SharedControl& theControl, ControlPartCode thePart, Point* thePoint);

@@ -5,7 +5,7 @@
 #include "Base/Geometry.h"
 #include "Base/Guarded.h"
 #include "Common/NeverDestroyed.h"
-#include "Window.h"
+#include "Control.h"
 
 #include <algorithm>
 #include <map>
@@ -46,28 +46,16 @@ Span DownOf(const Rect& theRect)
     return {static_cast<double>(theRect.top), static_cast<double>(theRect.bottom)};
 }
 
-short Nearest(double theCoordinate)
-{
-    return Narrow(theCoordinate + 0.5);
-}
-
 Rect RectOf(const Span& theAcross, const Span& theDown)
 {
-    return MakeRect(Nearest(theAcross.theStart), Nearest(theDown.theStart), Nearest(theAcross.theEnd),
-                    Nearest(theDown.theEnd));
-}
-
-// Whether a control's bounds count from the top left of the one around it.
-bool CountsFromParent(const Control& theControl)
-{
-    const SharedWindow theOwner = theControl.Owner();
-    return theOwner != nullptr && theOwner->Has(kWindowCompositingAttribute);
+    return MakeRect(NearestCoordinate(theAcross.theStart), NearestCoordinate(theDown.theStart),
+                    NearestCoordinate(theAcross.theEnd), NearestCoordinate(theDown.theEnd));
 }
 
 // The bounds of a leader in the coordinates that the follower's bounds are in.
 Rect Beside(const Control& theFollower, const Control& theLeader, const Rect& theLeaderBounds)
 {
-    if (theFollower.Parent().get() == &theLeader && CountsFromParent(theFollower)) {
+    if (theFollower.Parent().get() == &theLeader && theFollower.IsInCompositingWindow()) {
         return MakeRect(0, 0, WidthOf(theLeaderBounds), HeightOf(theLeaderBounds));
     }
     return theLeaderBounds;
