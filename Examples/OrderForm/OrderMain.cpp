@@ -5,7 +5,6 @@
 
 #include <thread>
 
-// As if it were somewhere in the network.
 static SInt64 AskPriceList(const std::string& theName, const std::string& theCurrency)
 {
     static const std::map<std::string, std::map<std::string, SInt64>> kPrices = {
@@ -13,7 +12,7 @@ static SInt64 AskPriceList(const std::string& theName, const std::string& theCur
         {"Desk", {{"EUR", 34900}, {"USD", 37950}, {"JPY", 56000}}},
         {"Lamp", {{"EUR", 4725}, {"USD", 5199}, {"JPY", 7600}}},
     };
-    std::this_thread::sleep_for(std::chrono::milliseconds(700));
+    std::this_thread::sleep_for(std::chrono::milliseconds(700)); // as if it were somewhere in the network
     const auto theArticle = kPrices.find(theName);
     return theArticle != kPrices.end() ? theArticle->second.at(theCurrency) : 0;
 }

@@ -17,20 +17,16 @@
 //     "discount"   in tenths of a percent, 0 to 1000
 //     "delivery"   the day, in seconds since 2001; one before today becomes today
 //     "status"     a sentence for the person
-//     "net"        price times quantity, less the discount
-//     "tax"        19% of "net"
-//     "total"      "net" and "tax" together
+//     "net"        price times quantity, less the discount; "tax" is 19% of it, "total" is both together
 //
-// Amounts are whole numbers of the smallest unit of the currency, cents or yen. So sums are exact; and
-// stores, which compare numbers as integers, notice every difference. "net" and "tax" are rounded to the
-// nearest unit, halves up; "total" is the sum of the rounded ones, as a person adds up what he sees.
+// Amounts are whole numbers of the currency's smallest unit, cents or yen. So stores, which compare numbers
+// as integers, notice every difference. "net" and "tax" are rounded to the nearest unit, halves up.
 class OrderModel : public LmBindable
 {
 public:
     static constexpr SInt64 kHighestPrice = 99999999;
 
-    // A new order, to be delivered at once.
-    explicit OrderModel(SInt64 theToday)
+    explicit OrderModel(SInt64 theToday) // a new order, to be delivered at once
         : mToday(theToday)
     {
         LmNameObject(*this, "order"); // so that journals and the inspector call it that
@@ -38,11 +34,6 @@ public:
         Set("status", LmMakeStringValue(""));
         BeginOrder();
         DeriveAmounts();
-        for (const char* theKey : {"price", "quantity", "discount"}) {
-            for (const char* theAmount : {"net", "tax", "total"}) {
-                GetBindings()->MakeDependency(theKey, theAmount);
-            }
-        }
     }
 
     // Says what was ordered, and begins a new order.
@@ -54,10 +45,7 @@ public:
     }
 
     LmValue Get(const char* theKey) { return GetBindings()->GetKeyPathValue(theKey); }
-    void Set(const char* theKey, const LmValue& theValue)
-    {
-        GetBindings()->SetKeyPathValue(theKey, theValue);
-    }
+    void Set(const char* theKey, const LmValue& theNew) { GetBindings()->SetKeyPathValue(theKey, theNew); }
     bool HasPrice() { return !Get("price").IsString(); }
 
 private:
@@ -88,11 +76,10 @@ private:
         const SInt64 thePrice = HasPrice() ? Get("price").GetSInt64() * Get("quantity").GetSInt64() : 0;
         const SInt64 theNet = (thePrice * (1000 - Get("discount").GetSInt64()) + 500) / 1000;
         const SInt64 theTax = (theNet * 19 + 50) / 100;
-        // Into the store past SetKeyPathValue: the dependencies tell the observers, when all three are there.
         const LmValue theUnknown = LmMakeStringValue("");
-        GetBindings()->SetKeyValue("net", HasPrice() ? LmValue(theNet) : theUnknown);
-        GetBindings()->SetKeyValue("tax", HasPrice() ? LmValue(theTax) : theUnknown);
-        GetBindings()->SetKeyValue("total", HasPrice() ? LmValue(theNet + theTax) : theUnknown);
+        Set("net", HasPrice() ? LmValue(theNet) : theUnknown);
+        Set("tax", HasPrice() ? LmValue(theTax) : theUnknown);
+        Set("total", HasPrice() ? LmValue(theNet + theTax) : theUnknown);
     }
 
     const SInt64 mToday;

@@ -6,8 +6,6 @@
 #include "LmMenuBinding.h"
 #include "OrderModel.h"
 
-#include <Carbon/Carbon.h>
-
 // Any text but none.
 class NameFormatter : public LmFormatter
 {
@@ -21,11 +19,10 @@ class NameFormatter : public LmFormatter
 
 // The window of an order form, with its menu. A person who closes it ends the event loop; the window goes
 // with this object. Controls are numbered by their rows, from 1 on: what holds something has the signature
-// 'Ordr', and what is wrong with it stands beside it, with 'Note'.
+// 'Ordr', and what is wrong with it stands beside it, with 'Note'. The model must live longer.
 class OrderWindow
 {
 public:
-    // theModel must live longer.
     explicit OrderWindow(OrderModel& theModel)
         : mModel(theModel)
     {
@@ -93,12 +90,7 @@ private:
         const short theTop = static_cast<short>(32 * mRow - 14);
         return {theTop, theLeft, static_cast<short>(theTop + 18), theRight};
     }
-    void Number(ControlRef theControl, OSType theSignature) const
-    {
-        HIViewSetID(theControl, {theSignature, mRow});
-    }
 
-    // theSide is teFlushLeft or teFlushRight.
     ControlRef AddText(short theLeft, short theRight, SInt16 theSide, OSType theSignature,
                        CFStringRef theText = nullptr) const
     {
@@ -106,7 +98,7 @@ private:
         const ControlFontStyleRec theStyle = {kControlUseJustMask, 0, 0, 0, 0, theSide, {}, {}};
         ControlRef theControl = nullptr;
         CreateStaticTextControl(mWindow, &thePlace, theText, &theStyle, &theControl);
-        Number(theControl, theSignature);
+        HIViewSetID(theControl, {theSignature, mRow});
         return theControl;
     }
     void BeginRow(CFStringRef theLabel)
@@ -122,11 +114,10 @@ private:
         const Rect thePlace = PlaceFrom(110, 250);
         ControlRef theControl = nullptr;
         CreateEditUnicodeTextControl(mWindow, &thePlace, nullptr, false, nullptr, &theControl);
-        Number(theControl, 'Ordr');
+        HIViewSetID(theControl, {'Ordr', mRow});
         LmTextFieldBinding* theField = new LmTextFieldBinding(theControl, theFormatter, theOptions);
         LmNameObject(*theField, theKey);
-        // Nothing is in it, which no formatter takes; it becomes valid with its value. An observation tells
-        // each change once, so it is enough to count.
+        // Without a value it is not valid. An observation tells each change once, so it is enough to count.
         mInvalidFields += 1;
         mObservations.emplace_back(theField, "valid", [this](const LmChange& theChange) {
             mInvalidFields += theChange.theNewValue.GetBoolean() ? -1 : 1;
@@ -162,9 +153,8 @@ private:
         }
         ControlRef theButton = nullptr;
         CreatePopupButtonControl(mWindow, &thePlace, nullptr, -12345, false, 0, 0, normal, &theButton);
-        SetControlData(theButton, kControlEntireControl, kControlPopupButtonOwnedMenuRefTag, sizeof theMenu,
-                       &theMenu); // the button's now
-        Number(theButton, 'Ordr');
+        SetControlData(theButton, 0, kControlPopupButtonOwnedMenuRefTag, sizeof theMenu, &theMenu);
+        HIViewSetID(theButton, {'Ordr', mRow});
         mCurrency.SetControl(theButton);
         mCurrency.Bind("title", mModel.GetBindings(), "currency", nullptr, nullptr);
         mObservations.emplace_back(mModel.GetBindings(), "currency", [this](const LmChange&) {
@@ -180,7 +170,7 @@ private:
         const Rect thePlace = PlaceFrom(420, 500);
         ControlRef theButton = nullptr;
         CreatePushButtonControl(mWindow, &thePlace, CFSTR("Order"), &theButton);
-        Number(theButton, 'Ordr');
+        HIViewSetID(theButton, {'Ordr', mRow});
         SetControlCommandID(theButton, kPlaceOrder);
         SetWindowDefaultButton(mWindow, theButton);
         Follow(new LmControlBinding(theButton), "enabled", &mState, "complete");

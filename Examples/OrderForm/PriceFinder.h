@@ -8,8 +8,8 @@
 #include <future>
 #include <map>
 
-// Finds the price of what an order names, anew whenever the name or the currency changes. Threads wait for
-// the answers, so the person can go on. A price that he has typed meanwhile is left alone.
+// Finds the price of what an order names, anew when name or currency change. Threads wait for the answers, so
+// the person can go on; a price that he has typed meanwhile is left alone. The model must live longer.
 class PriceFinder
 {
 public:
@@ -17,7 +17,6 @@ public:
     // threads, also on several at once, and may take its time.
     using PriceList = std::function<SInt64(const std::string& theName, const std::string& theCurrency)>;
 
-    // theModel must live longer.
     PriceFinder(OrderModel& theModel, PriceList thePriceList)
         : mModel(theModel),
           mPriceList(std::move(thePriceList)),
@@ -26,8 +25,7 @@ public:
     {
     }
 
-    // Whether a question has no answer yet.
-    bool IsAsking() const { return !mThreads.empty(); }
+    bool IsAsking() const { return !mThreads.empty(); } // whether a question has no answer yet
 
 private:
     void Ask()
@@ -50,12 +48,10 @@ private:
     void TakeAnswer(int theQuestion, SInt64 thePrice)
     {
         mThreads.erase(theQuestion); // its thread has nothing else to do
-        if (theQuestion != mLastQuestion || mModel.HasPrice()) {
-            return; // the answer comes too late
-        }
-        if (thePrice != 0) {
+        const bool theIsLate = theQuestion != mLastQuestion || mModel.HasPrice();
+        if (thePrice != 0 && !theIsLate) {
             mModel.Set("price", LmValue(thePrice));
-        } else {
+        } else if (!theIsLate) {
             mModel.Set("status", LmMakeStringValue("No price is known; please type one."));
         }
     }
