@@ -4,6 +4,7 @@
 
 #include "LmConveniences.h"
 #include "LmLifeWatch.h"
+#include "LmReportedErrors.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -182,8 +183,9 @@ private:
             {kEventClassControl, kEventControlDispose},
         };
         mButtons.push_back({theControl, TagOf(theControl, Count()), nullptr});
-        InstallEventHandler(GetControlEventTarget(theControl), kHandler, GetEventTypeCount(kEvents), kEvents,
-                            this, &mButtons.back().theHandler);
+        LM_REPORT_ERROR(InstallEventHandler(GetControlEventTarget(theControl), kHandler,
+                                            GetEventTypeCount(kEvents), kEvents, this,
+                                            &mButtons.back().theHandler));
     }
 
     static OSStatus HandleEvent(EventHandlerCallRef, EventRef theEvent, void* userData)
@@ -382,8 +384,8 @@ public:
             {kEventClassControl, kEventControlTitleChanged},
             {kEventClassControl, kEventControlDispose},
         };
-        InstallEventHandler(GetControlEventTarget(theControl), kHandler, GetEventTypeCount(kEvents), kEvents,
-                            this, &mHandler);
+        LM_REPORT_ERROR(InstallEventHandler(GetControlEventTarget(theControl), kHandler,
+                                            GetEventTypeCount(kEvents), kEvents, this, &mHandler));
     }
     ~OneControl() override
     {

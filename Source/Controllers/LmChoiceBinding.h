@@ -45,8 +45,10 @@
 //
 // The controls are not owned, and the object is the application's: it outlives them, or goes first. Whether
 // buttons turn themselves on when they are clicked makes no difference; two that are on at first are one that
-// is selected, the first, and one that is turned off. Main thread only. Cost: a handler on each button, or on
-// the one control; what a selection costs grows with the number of choices.
+// is selected, the first, and one that is turned off. Where there is no memory for the handler of a control,
+// that is said in one line on the standard error stream ("file, line n: Error -108"), and what a person does
+// there is not heard of. Main thread only. Cost: a handler on each button, or on the one control; what a
+// selection costs grows with the number of choices.
 class LM_EXPORT LmChoiceBinding : public LmKeyValueBinding
 {
 public:

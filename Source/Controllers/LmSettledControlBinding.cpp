@@ -3,6 +3,7 @@
 #include "LmSettledControlBinding.h"
 
 #include "LmLifeWatch.h"
+#include "LmReportedErrors.h"
 
 #include <algorithm>
 #include <utility>
@@ -146,8 +147,9 @@ void LmSettledControlBinding::SetControl(ControlRef theControl)
         return;
     }
     // Installed after the base's handler, it is called before that, and waits for it.
-    InstallEventHandler(GetControlEventTarget(theControl), kHandler, GetEventTypeCount(kSettledEvents),
-                        kSettledEvents, this, &mSettlingHandler);
+    LM_REPORT_ERROR(InstallEventHandler(GetControlEventTarget(theControl), kHandler,
+                                        GetEventTypeCount(kSettledEvents), kSettledEvents, this,
+                                        &mSettlingHandler));
 }
 
 OSStatus LmSettledControlBinding::Bind(const LmString& bindKey, LmKeyValueBinding* boundTo,

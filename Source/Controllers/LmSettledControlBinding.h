@@ -28,6 +28,9 @@
 // was made by the other side, or through a pointer to a base class, is settled from the first change that
 // comes back from there.
 //
+// Where there is no memory for that step's handler, that is said in one line on the standard error stream
+// ("file, line n: Error -108"), and the object is as an LmControlBinding would be.
+//
 // Text fields have a class of their own, LmTextFieldBinding. Everything else is as LmControlBinding says; a
 // binding of either class is made with new, and deletes itself with its control. Cost: a second handler, and
 // after each change of the control what reading each source once takes.

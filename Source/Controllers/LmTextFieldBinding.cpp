@@ -2,7 +2,7 @@
 
 #include "LmTextFieldBinding.h"
 
-#include "LmDiagnosticHandler.h"
+#include "LmReportedErrors.h"
 #include "LmUpdateScope.h"
 
 #include <cstdint>
@@ -46,10 +46,7 @@ const int kReadsOfNumbers = 2;
 ControlRef FindControl(WindowRef theWindow, const ControlID& theID)
 {
     ControlRef theControl = nullptr;
-    const OSStatus theStatus = GetControlByID(theWindow, &theID, &theControl);
-    if (theStatus != noErr) {
-        LmReportDiagnostic(__FILE__, __LINE__, "Error %ld", static_cast<long>(theStatus));
-    }
+    LM_REPORT_ERROR(GetControlByID(theWindow, &theID, &theControl));
     return theControl;
 }
 
@@ -438,13 +435,16 @@ void LmTextFieldBinding::InstallHandlers()
     static const EventHandlerUPP kSurroundingsHandler = NewEventHandlerUPP(HandleSurroundings);
 
     // Installed after the handlers of the base classes, they are called before them.
-    InstallEventHandler(GetControlEventTarget(GetControl()), kFieldHandler, GetEventTypeCount(kFieldEvents),
-                        kFieldEvents, this, &mFieldHandler);
-    InstallEventHandler(GetWindowEventTarget(GetControlOwner(GetControl())), kSurroundingsHandler,
-                        GetEventTypeCount(kWindowEvents), kWindowEvents, this, &mWindowHandler);
-    InstallEventHandler(GetApplicationEventTarget(), kSurroundingsHandler,
-                        GetEventTypeCount(kApplicationEvents), kApplicationEvents, this,
-                        &mApplicationHandler);
+    LM_REPORT_ERROR(InstallEventHandler(GetControlEventTarget(GetControl()), kFieldHandler,
+                                        GetEventTypeCount(kFieldEvents), kFieldEvents, this, &mFieldHandler));
+    if (const WindowRef theWindow = GetControlOwner(GetControl())) {
+        LM_REPORT_ERROR(InstallEventHandler(GetWindowEventTarget(theWindow), kSurroundingsHandler,
+                                            GetEventTypeCount(kWindowEvents), kWindowEvents, this,
+                                            &mWindowHandler));
+    }
+    LM_REPORT_ERROR(InstallEventHandler(GetApplicationEventTarget(), kSurroundingsHandler,
+                                        GetEventTypeCount(kApplicationEvents), kApplicationEvents, this,
+                                        &mApplicationHandler));
 }
 
 void LmTextFieldBinding::RemoveHandlers()

@@ -47,8 +47,9 @@
 // Setting one of the other three keys changes nothing in the field.
 //
 // A static text may be given as well; then it shows values through the formatter. Everything else is as
-// LmSettledControlBinding says: it is made with new, and deletes itself with its control. Cost: handlers on
-// the control, its window and the application; one comparison of the text for each key.
+// LmSettledControlBinding says: it is made with new, and deletes itself with its control. Where there is no
+// memory for a handler, the line "Error -108" is printed, and what it would have heard of goes by. Cost:
+// handlers on the control, its window and the application; one comparison of the text for each key.
 
 // What a text field does besides, added up.
 enum LmTextFieldOption : unsigned

@@ -10,17 +10,21 @@
 #include "LmNumberFormatters.h"
 #include "LmObservation.h"
 #include "LmScopedBinding.h"
+#include "LmSettledControlBinding.h"
 #include "LmTextFieldBinding.h"
 #include "NotificationRecorder.h"
+#include "StandardErrorCapture.h"
 
 #include <Carbon/Carbon.h>
 
 #include <functional>
 #include <gtest/gtest.h>
+#include <map>
 #include <memory>
 #include <new>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 // What controllers do when memory runs out: the first, the second, the third... allocation of a call fails,
@@ -340,10 +344,51 @@ TEST(ControllersWithoutMemory, ChoiceIsMadeOrThereIsNone)
             }
             theAttempt.Stop();
             EXPECT_TRUE(theChoice != nullptr || theAttempt.HasFailed());
+            const bool isDeaf = !StandardErrorCapture::TakeText().empty();
             SetControl32BitValue(theControl, 3); // nobody is told who is not there
+            if (theChoice != nullptr) {
+                EXPECT_EQ(theChoice->GetKeyPathValue("index").GetSInt32(), isDeaf ? 1 : 2);
+            }
             SetControl32BitValue(theControl, 2);
         });
         EXPECT_GT(theFailures, 5U);
+    }
+    DisposeWindow(theWindow);
+}
+
+TEST(ControllersWithoutMemory, WhoCannotListenToAControlSaysSo)
+{
+    using Maker = std::function<std::unique_ptr<LmKeyValueStore>()>;
+    const Rect theBounds = {50, 50, 250, 450};
+    const WindowRef theWindow = MakeChoiceWindow();
+    MenuRef theMenu = nullptr;
+    CreateNewMenu(200, 0, &theMenu);
+    FillMenu(theMenu, kWithoutMemory);
+    const ControlRef thePopUp = MakePopUp(theWindow, theMenu);
+    const ControlRef theButton = MakeGroup(theWindow);
+    ControlRef theField = nullptr;
+    CreateEditUnicodeTextControl(theWindow, &theBounds, CFSTR(""), false, nullptr, &theField);
+    const std::pair<Maker, const char*> kRows[] = {
+        {[&] { return std::make_unique<LmChoiceBinding>(thePopUp); }, "LmChoiceBinding.cpp"},
+        {[&] { return std::make_unique<LmChoiceBinding>(std::vector<ControlRef>{theButton}); },
+         "LmChoiceBinding.cpp"},
+        {[&] { return std::make_unique<LmSettledControlBinding>(theButton); }, "LmSettledControlBinding.cpp"},
+        {[&] { return std::make_unique<LmTextFieldBinding>(theField); }, "LmTextFieldBinding.cpp"},
+    };
+    for (const auto& [theMaker, theFile] : kRows) {
+        std::map<std::string, int> theLines;
+        FailEachAllocation([&, &theMake = theMaker](AllocationFailures& theAttempt) {
+            std::unique_ptr<LmKeyValueStore> theObject;
+            try {
+                theObject = theMake();
+            } catch (const std::bad_alloc&) {
+            }
+            theAttempt.Stop();
+            for (const std::string& theLine : StandardErrorCapture::TakeDiagnostics()) {
+                theLines[theLine] += 1;
+            }
+        });
+        EXPECT_GT(theLines[std::string("Source/Controllers/") + theFile + ", line #: Error -108"], 0);
     }
     DisposeWindow(theWindow);
 }
@@ -366,6 +411,7 @@ TEST(ControllersWithoutMemory, ChoiceMayGetFewerButtonsThanWereThereForTheSelect
         } catch (const std::bad_alloc&) {
         }
         theFailures.Stop();
+        StandardErrorCapture::TakeText(); // it may not hear of the button now, and has said so
         hasFailed = theFailures.HasFailed();
         const std::string theTitle = "title " + std::to_string(theNumber);
         SetControlTitleWithCFString(theButton,
@@ -399,6 +445,7 @@ TEST(ControllersWithoutMemory, ChoiceAgreesAgainWithTheNextSelection)
                 } catch (const std::bad_alloc&) {
                 }
                 theAttempt.Stop();
+                StandardErrorCapture::TakeText(); // it may not hear of the control now, and has said so
                 theChoice.SetKeyPathValue("index", LmValue(0));
                 theChoice.SetControl(theControl);
                 theChoice.SetKeyPathValue("index", LmValue(2));
