@@ -709,6 +709,7 @@ void LmChoiceBinding::TellChoices()
     if (!Tell(kKeyCount, LmValue(static_cast<int>(mToldCount)))) {
         return;
     }
+    // Where strings need memory for a short text, it may have run out before the place was looked up anew.
     if (mSelected == kNone || mSelected >= mControls->Count()) {
         SelectWanted(); // it may have come
     } else {

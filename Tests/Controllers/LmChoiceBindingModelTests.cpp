@@ -15,7 +15,7 @@
 #include <vector>
 
 // A person and a program do anything to the controls of a choice, which is bound to a model by its tag: to
-// radio buttons, to a radio group, and to a pop-up button.
+// radio buttons, to a radio group, and to a pop-up button; and to tabs, which have no tags, by its title.
 
 namespace {
 
@@ -84,12 +84,12 @@ std::vector<int> ButtonsOf(const Step& theStep)
     return theButtons;
 }
 
-std::string DescribeState(int theIndex, int theTag, const std::string& theTitle, int theModel, int theCount,
-                          const std::string& theTitles, const std::string& theOnes)
+std::string DescribeState(int theIndex, int theTag, const std::string& theTitle, const std::string& theModel,
+                          int theCount, const std::string& theTitles, const std::string& theOnes)
 {
     std::string theState = "index " + std::to_string(theIndex);
     theState.append(" tag ").append(std::to_string(theTag)).append(" title ").append(theTitle);
-    theState.append(" model ").append(std::to_string(theModel)).append(" of ");
+    theState.append(" model ").append(theModel).append(" of ");
     theState.append(std::to_string(theCount)).append(" ").append(theTitles);
     return theState.append(" on ").append(theOnes);
 }
@@ -100,6 +100,8 @@ std::string DescribeState(int theIndex, int theTag, const std::string& theTitle,
 class Stage
 {
 public:
+    static constexpr bool kHasTags = true;
+
     Stage()
         : mWindow(MakeChoiceWindow())
     {
@@ -287,6 +289,77 @@ private:
     std::vector<int> mItems;
 };
 
+// Tabs of a window.
+class Pages : public Stage
+{
+public:
+    static constexpr bool kHasTags = false;
+
+    void Begin(LmChoiceBinding& theChoice) override
+    {
+        const Rect theBounds = {10, 10, 200, 390};
+        CreateTabsControl(Window(), &theBounds, kControlTabSizeLarge, kControlTabDirectionNorth, 0, nullptr,
+                          &mTabs);
+        SetControl32BitMinimum(mTabs, 0);
+        Arrange(theChoice, {0, 1, 2, 3});
+    }
+    void Click(int theButton) override
+    {
+        const auto thePart = static_cast<ControlPartCode>(PlaceOf(theButton));
+        if (thePart > 0) {
+            HIViewSimulateClick(mTabs, thePart, 0, nullptr);
+        }
+    }
+    void Turn(int theButton, bool isOn) override
+    {
+        if (PlaceOf(theButton) > 0 && (isOn || IsOn(theButton))) {
+            SetControl32BitMinimum(mTabs, 0);
+            SetControl32BitValue(mTabs, isOn ? PlaceOf(theButton) : 0);
+        }
+    }
+    void Dispose(int theButton) override
+    {
+        std::vector<int> theRest = mPages;
+        theRest.erase(std::remove(theRest.begin(), theRest.end(), theButton), theRest.end());
+        Name(theRest);
+        SetControl32BitMaximum(mTabs, static_cast<SInt32>(theRest.size())); // this tells
+    }
+    void Arrange(LmChoiceBinding& theChoice, const std::vector<int>& theButtons) override
+    {
+        SetControl32BitMinimum(mTabs, 0);
+        SetControl32BitMaximum(mTabs, 0);
+        SetControl32BitMaximum(mTabs, static_cast<SInt32>(theButtons.size()));
+        Name(theButtons);
+        theChoice.SetControl(mTabs);
+    }
+    bool IsOn(int theButton) const override
+    {
+        return PlaceOf(theButton) > 0 && GetControl32BitValue(mTabs) == PlaceOf(theButton);
+    }
+
+private:
+    // From 1, or 0 when there is no such tab.
+    [[nodiscard]] SInt32 PlaceOf(int theButton) const
+    {
+        const auto theFound = std::find(mPages.begin(), mPages.end(), theButton);
+        return theFound == mPages.end() ? 0 : static_cast<SInt32>(theFound - mPages.begin()) + 1;
+    }
+
+    void Name(const std::vector<int>& theButtons)
+    {
+        mPages = theButtons;
+        for (std::size_t theIndex = 0; theIndex < theButtons.size(); ++theIndex) {
+            const LmValue theName = LmMakeStringValue(TitleOf(theButtons[theIndex]));
+            const ControlTabInfoRecV1 theInfo = {kControlTabInfoVersionOne, 0, theName.GetString()};
+            SetControlData(mTabs, static_cast<ControlPartCode>(theIndex + 1), kControlTabInfoTag,
+                           sizeof theInfo, &theInfo);
+        }
+    }
+
+    ControlRef mTabs = nullptr;
+    std::vector<int> mPages;
+};
+
 template <typename Controls>
 class RealRun
 {
@@ -294,8 +367,8 @@ public:
     RealRun()
     {
         mStage.Begin(mChoice);
-        mModel.SetKeyPathValue("tag", LmValue(TagOf(0)));
-        mChoice.Bind("tag", &mModel, "tag", nullptr, nullptr);
+        SetModel(0);
+        mChoice.Bind(kKey, &mModel, kKey, nullptr, nullptr);
     }
 
     Lines Play(const std::vector<Step>& theProgram)
@@ -309,6 +382,14 @@ public:
     }
 
 private:
+    static constexpr const char* kKey = Controls::kHasTags ? "tag" : "title";
+
+    void SetModel(int theButton)
+    {
+        mModel.SetKeyPathValue(kKey, Controls::kHasTags ? LmValue(TagOf(theButton))
+                                                        : LmMakeStringValue(TitleOf(theButton)));
+    }
+
     void PlayStep(const Step& theStep)
     {
         switch (theStep.theKind) {
@@ -332,7 +413,7 @@ private:
             mChoice.SetKeyPathValue("title", LmMakeStringValue(TitleOf(theStep.theButton)));
             break;
         case kSetModel:
-            mModel.SetKeyPathValue("tag", LmValue(TagOf(theStep.theButton)));
+            SetModel(theStep.theButton);
             break;
         default:
             mStage.Arrange(mChoice, ButtonsOf(theStep));
@@ -351,11 +432,13 @@ private:
         for (int theButton = 0; theButton < kButtons; ++theButton) {
             theOnes += mStage.IsOn(theButton) ? "1" : "0";
         }
+        const LmValue theModel = mModel.GetKeyPathValue(kKey);
         return DescribeState(static_cast<int>(mChoice.GetKeyPathValue("index").GetSInt32()),
                              static_cast<int>(mChoice.GetKeyPathValue("tag").GetSInt32()),
                              LmGetStdString(mChoice.GetKeyPathValue("title")),
-                             static_cast<int>(mModel.GetKeyPathValue("tag").GetSInt32()), theCount, theTitles,
-                             theOnes);
+                             Controls::kHasTags ? std::to_string(theModel.GetSInt32())
+                                                : LmGetStdString(theModel),
+                             theCount, theTitles, theOnes);
     }
 
     Controls mStage;
@@ -369,8 +452,9 @@ class ModelRun
 {
 public:
     // hasLoose: what is no choice is still there, and can be turned on.
-    explicit ModelRun(bool hasLoose)
-        : mHasLoose(hasLoose)
+    ModelRun(bool hasLoose, bool hasTags)
+        : mHasLoose(hasLoose),
+          mHasTags(hasTags)
     {
     }
 
@@ -405,7 +489,7 @@ private:
         TurnOff();
         mIndex = thePlace;
         const int theButton = thePlace == kNone ? kNone : mChoices[static_cast<std::size_t>(thePlace)];
-        mTag = thePlace == kNone ? kNone : TagOf(theButton);
+        mTag = thePlace == kNone || !mHasTags ? kNone : TagOf(theButton);
         mTitle = thePlace == kNone ? "" : TitleOf(theButton);
         if (thePlace != kNone) {
             mIsOn[theButton] = true;
@@ -415,7 +499,7 @@ private:
     // A button by its tag or its title, there or not.
     void Want(int theButton, bool isByTag)
     {
-        Select(PlaceOf(theButton));
+        Select(isByTag && !mHasTags ? kNone : PlaceOf(theButton));
         if (mIndex == kNone) {
             mTag = isByTag ? TagOf(theButton) : kNone;
             mTitle = isByTag ? "" : TitleOf(theButton);
@@ -469,18 +553,30 @@ private:
             break;
         }
         case kSetTag:
-        case kSetModel:
-            if (mTag != TagOf(theButton)) {
-                Want(theButton, true);
-            }
+            SetTag(theButton);
             break;
         case kSetTitle:
-            if (mTitle != TitleOf(theButton)) {
-                Want(theButton, false);
-            }
+            SetTitle(theButton);
+            break;
+        case kSetModel:
+            mHasTags ? SetTag(theButton) : SetTitle(theButton);
             break;
         default:
             Arrange(ButtonsOf(theStep));
+        }
+    }
+
+    void SetTag(int theButton)
+    {
+        if (mTag != TagOf(theButton)) {
+            Want(theButton, true);
+        }
+    }
+
+    void SetTitle(int theButton)
+    {
+        if (mTitle != TitleOf(theButton)) {
+            Want(theButton, false);
         }
     }
 
@@ -514,12 +610,13 @@ private:
         for (const bool isOn : mIsOn) {
             theOnes += isOn ? "1" : "0";
         }
-        // The model holds the tag, always.
-        return DescribeState(mIndex, mTag, mTitle, mTag, static_cast<int>(mChoices.size()), theTitles,
-                             theOnes);
+        // The model holds the tag, always, or the title.
+        return DescribeState(mIndex, mTag, mTitle, mHasTags ? std::to_string(mTag) : mTitle,
+                             static_cast<int>(mChoices.size()), theTitles, theOnes);
     }
 
     const bool mHasLoose;
+    const bool mHasTags;
     std::vector<int> mChoices = {0, 1, 2, 3};
     bool mIsOn[kButtons] = {false, false, false, false};
     int mIndex = kNone;
@@ -536,7 +633,7 @@ void PlayWith(bool hasLoose)
         return RealRun<Controls>().Play(theProgram);
     };
     thePrograms.theModel = [hasLoose](const std::vector<Step>& theProgram) {
-        return ModelRun(hasLoose).Play(theProgram);
+        return ModelRun(hasLoose, Controls::kHasTags).Play(theProgram);
     };
     thePrograms.theDescription = DescribeStep;
     thePrograms.Play(100, 20);
@@ -557,4 +654,9 @@ TEST(LmChoiceBindingModel, RandomPersonsAndProgramsMeetInARadioGroup)
 TEST(LmChoiceBindingModel, RandomPersonsAndProgramsMeetInAPopUpButton)
 {
     PlayWith<Items>(false);
+}
+
+TEST(LmChoiceBindingModel, RandomPersonsAndProgramsMeetInTabs)
+{
+    PlayWith<Pages>(false);
 }
