@@ -386,18 +386,17 @@ CFPropertyListRef CFPreferencesCopyAppValue(CFStringRef inKey, CFStringRef inApp
 {
     RequireString(inKey, __func__);
     RequireString(inApplication, __func__);
-    return WithDomains([=](Domains& theDomains) {
-        CFPropertyListRef theValue = nullptr;
+    return WithDomains([=](Domains& theDomains) -> CFPropertyListRef {
         for (const CFStringRef theUser : {kCFPreferencesCurrentUser, kCFPreferencesAnyUser}) {
             for (const CFStringRef theOwner : {inApplication, kCFPreferencesAnyApplication}) {
                 for (const CFStringRef theHost : {kCFPreferencesCurrentHost, kCFPreferencesAnyHost}) {
-                    if (theValue == nullptr) {
-                        theValue = CopyFrom(theDomains.Find(theOwner, theUser, theHost), inKey);
+                    if (const auto theValue = CopyFrom(theDomains.Find(theOwner, theUser, theHost), inKey)) {
+                        return theValue;
                     }
                 }
             }
         }
-        return theValue;
+        return nullptr;
     });
 }
 
