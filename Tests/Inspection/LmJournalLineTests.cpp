@@ -129,6 +129,13 @@ TEST(LmJournalLine, CutsALongNameBetweenTwoCharacters)
     EXPECT_EQ(StringText(std::string(19, 'x') + "\u00E9"), "\"" + std::string(19, 'x') + "\"");
 }
 
+TEST(LmJournalLine, KeepsWhatAReaderNeedsWhole)
+{
+    LmJournalLine theLine(kLongest);
+    theLine.AddWhole("path", (std::string(kLongest, '/') + "App\n").c_str());
+    EXPECT_EQ(theLine.GetText(), R"("path":")" + std::string(kLongest, '/') + R"(App\n")");
+}
+
 TEST(LmJournalLine, CutsALongStringAndSaysHowLongItWas)
 {
     EXPECT_EQ(ValueText(UnitsValue(std::vector<UniChar>(20, 'x'))),

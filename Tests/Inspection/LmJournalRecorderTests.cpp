@@ -3,6 +3,7 @@
 #include "JournalReader.h"
 
 #include "LmBindable.h"
+#include "LmDiagnosticHandler.h"
 #include "LmJournalHook.h"
 #include "LmPreferenceBinding.h"
 #include "LmStringTransforms.h"
@@ -10,6 +11,7 @@
 #include "LmWindowBinding.h"
 #include "NamedBinding.h"
 
+#include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
@@ -703,6 +705,32 @@ TEST(LmJournalRecorder, KeepsCallersAndWhatTheyLieIn)
     EXPECT_NE(theLines[0].find(R"(inspectionTests","base":)"), std::string::npos) << theLines[0];
     EXPECT_NE(theLines.back().find(R"("what":"notify","callers":["@","@"],"object":)"), std::string::npos)
         << theLines.back();
+}
+
+// Callers could not be resolved in half a path, nor events known by half a name.
+TEST(LmJournalRecorder, CutsNoPathsAndNoNamesOfEvents)
+{
+    LmJournalSettings theSettings;
+    theSettings.theCallers = 1;
+    theSettings.theLongestString = 16;
+    const LmKeyValueStore theStore;
+    const TestJournal theJournal(theSettings);
+    LmJournalEntry theEntry = {kJournalEvent};
+    theEntry.theObject = &theStore;
+    theEntry.theCode = kEventClassControl;
+    theEntry.theDetail = kEventControlValueFieldChanged;
+    LmWriteJournalEntry(theEntry, nullptr);
+    LmReportDiagnostic("Source/A/RatherLongName.cpp", 7, "a message of more than 16 bytes");
+    StandardErrorCapture::TakeText();
+    const Lines theLines = ReadJournalLines(theJournal.GetPath());
+    const auto has = [&](const char* theText) {
+        return std::any_of(theLines.begin(), theLines.end(), [&](const std::string& theLine) {
+            return theLine.find(theText) != std::string::npos;
+        });
+    };
+    EXPECT_TRUE(has(R"("event":"kEventControlValueFieldChanged")"));
+    EXPECT_TRUE(has(R"("file":"Source/A/RatherLongName.cpp","line":7,"message":"a message of mor")"));
+    EXPECT_TRUE(has(R"(inspectionTests","base":)")) << "the path of the module";
 }
 
 TEST(LmJournalRecorder, WritesOfEventsThatHaveNoName)

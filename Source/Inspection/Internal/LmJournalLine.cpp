@@ -215,6 +215,13 @@ void LmJournalLine::AddString(const char* theField, const char* theBytes)
     AppendString(mText, theBytes, std::strlen(theBytes), mLongestString);
 }
 
+void LmJournalLine::AddWhole(const char* theField, const char* theBytes)
+{
+    BeginField(theField);
+    const std::size_t theLength = std::strlen(theBytes);
+    AppendString(mText, theBytes, theLength, theLength);
+}
+
 void LmJournalLine::AddAddress(const char* theField, std::uintptr_t theAddress)
 {
     BeginField(theField);

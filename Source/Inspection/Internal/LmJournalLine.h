@@ -34,6 +34,7 @@ public:
     void AddBoolean(const char* theField, bool isTrue);
     void AddNull(const char* theField);
     void AddString(const char* theField, const char* theBytes);
+    void AddWhole(const char* theField, const char* theBytes); // what a reader needs uncut
     void AddAddress(const char* theField, std::uintptr_t theAddress);
     void AddValue(const char* theField, const LmValue& theValue);
     void AddPlace(const char* theField, double theX, double theY);

@@ -353,8 +353,8 @@ void LmJournalRecorder::WriteBegin()
     BeginLine("begin", Now(), 0);
     mLine.AddString("journal", "lmbindings");
     mLine.AddNumber("version", std::uint64_t{1});
-    mLine.AddString("library", LM_VERSION_STRING);
-    mLine.AddString("started", mStarted.c_str());
+    mLine.AddWhole("library", LM_VERSION_STRING);
+    mLine.AddWhole("started", mStarted.c_str());
     mLine.AddNumber("file", mFileNumber);
     mLine.AddNumber("strings", std::uint64_t{mSettings.theLongestString});
     mLine.AddNumber("callerLimit", std::uint64_t{mSettings.theCallers});
@@ -404,14 +404,14 @@ void LmJournalRecorder::WriteModules()
         }
         theModule->isWritten = true;
         BeginLine("module", Now(), 0);
-        mLine.AddString("path", theModule->thePath.c_str());
+        mLine.AddWhole("path", theModule->thePath.c_str());
         mLine.AddAddress("base", theModule->theBase);
         mLine.AddAddress("end", theModule->theEnd);
         if (theModule->isFixed) {
             mLine.AddBoolean("fixed", true);
         }
         if (!theModule->theBuild.empty()) {
-            mLine.AddString("build", theModule->theBuild.c_str());
+            mLine.AddWhole("build", theModule->theBuild.c_str());
         }
         WriteLine();
     }
@@ -568,7 +568,7 @@ void LmJournalRecorder::AddEvent(const LmJournalEntry& theEntry)
 {
     const char* const theName = LmEventName(theEntry.theCode, theEntry.theDetail);
     if (theName != nullptr) {
-        mLine.AddString("event", theName);
+        mLine.AddWhole("event", theName);
     } else {
         mLine.AddNull("event");
     }
@@ -593,7 +593,7 @@ void LmJournalRecorder::AddFlush(const LmJournalEntry& theEntry)
 
 void LmJournalRecorder::AddDiagnostic(const LmJournalEntry& theEntry)
 {
-    mLine.AddString("file", theEntry.theFile);
+    mLine.AddWhole("file", theEntry.theFile);
     mLine.AddNumber("line", std::uint64_t{theEntry.theDetail});
     mLine.AddString("message", theEntry.theText);
 }
