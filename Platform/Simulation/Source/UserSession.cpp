@@ -2,15 +2,20 @@
 
 #include <Simulation/UserSession.h>
 
+#include "Events/EventLoop.h"
+
 #include <Presentation/PresenterRegistry.h>
 
 #include <utility>
 
 namespace Host {
 
+UserSession* UserSession::sActing = nullptr;
+
 UserSession::UserSession()
 {
-    InstallEventLoopTimer(GetMainEventLoop(), 0, 0, Turn, this, &mTimer);
+    InstallTimer();
+    SetLoopObserver(GoOnInLoop);
 }
 
 UserSession::~UserSession()
@@ -46,8 +51,25 @@ void UserSession::TakeTurn()
     const Step theStep = std::move(mSteps.front());
     mSteps.pop_front();
     UserSimulator theUser;
+    UserSession* const theOuter = std::exchange(sActing, this);
     theStep(theUser);
+    sActing = theOuter;
     AskForTurn();
+}
+
+// A step that opens an alert, say, does not return before the next steps have answered it. The timer that the
+// step runs in does not fire until then, so another takes over.
+void UserSession::GoOnInLoop()
+{
+    if (sActing != nullptr) {
+        RemoveEventLoopTimer(sActing->mTimer);
+        sActing->InstallTimer();
+    }
+}
+
+void UserSession::InstallTimer()
+{
+    InstallEventLoopTimer(GetMainEventLoop(), 0, 0, Turn, this, &mTimer);
 }
 
 // A loop that leaves events in the queue does not hold the session up: only a queue that changes does.

@@ -2,6 +2,8 @@
 
 #include "ManagerTestSupport.h"
 
+#include <Windows/Windows.h>
+
 #include <map>
 
 namespace {
@@ -76,6 +78,8 @@ const EventName kWindowNames[] = {
     {kEventClassWindow, kEventWindowModified, "Modified"},
     {kEventClassWindow, kEventWindowAttributesChanged, "AttributesChanged"},
     {kEventClassWindow, kEventWindowTitleChanged, "TitleChanged"},
+    {kEventClassWindow, kEventWindowTransitionStarted, "TransitionStarted"},
+    {kEventClassWindow, kEventWindowTransitionCompleted, "TransitionCompleted"},
 };
 
 template <size_t kCount>
@@ -458,6 +462,14 @@ std::string WindowTest::Title(WindowRef theWindow)
     std::string theText = TextOf(theTitle);
     CFRelease(theTitle);
     return theText;
+}
+
+bool WindowTest::IsClosedOff(WindowRef theWindow)
+{
+    Host::WheelAction theAction;
+    theAction.theWindow = Host::IdentifierOf(theWindow);
+    theAction.theLines = 1;
+    return !Person().WheelTurned(theAction);
 }
 
 WindowTest::Windows WindowTest::Order()

@@ -166,6 +166,9 @@ protected:
     // Every window, front to back.
     static Windows Order();
 
+    // Whether another window keeps a person from this one, which is shown.
+    static bool IsClosedOff(WindowRef theWindow);
+
     static Host::PresenterEvents& Person() { return Host::PresenterRegistry::Events(); }
 };
 

@@ -140,4 +140,32 @@ TEST_F(UserSessionTest, LeavesItsStepsUndoneWhenItGoes)
     EXPECT_EQ(mLog, Log());
 }
 
+TEST_F(UserSessionTest, GoesOnInsideOfAModalLoop)
+{
+    const TestProgram theProgram;
+    UserSession theSession;
+    theSession.Then([&](Host::UserSimulator&) {
+        mLog.push_back("runs " + std::to_string(RunAppModalLoopForWindow(theProgram.mWindow.Get())));
+    });
+    theSession.Then([&](Host::UserSimulator&) {
+        mLog.push_back("quits");
+        QuitAppModalLoopForWindow(theProgram.mWindow.Get());
+    });
+    theSession.Then(Noting("afterwards"));
+    RunApplicationEventLoop();
+    EXPECT_EQ(mLog, (Log{"quits", "runs 0", "afterwards"}));
+}
+
+TEST_F(UserSessionTest, QuitsInsideOfAModalLoopAfterTheLastStep)
+{
+    const TestProgram theProgram;
+    UserSession theSession;
+    theSession.Then([&](Host::UserSimulator&) {
+        mLog.push_back("runs " + std::to_string(RunAppModalLoopForWindow(theProgram.mWindow.Get())));
+    });
+    RunApplicationEventLoop();
+    EXPECT_EQ(mLog, Log{"runs " + std::to_string(eventLoopQuitErr)});
+    EXPECT_TRUE(theSession.IsOver());
+}
+
 } // namespace

@@ -465,6 +465,7 @@ enum
 {
     kHICommandOK = 'ok  ',
     kHICommandCancel = 'not!',
+    kHICommandOther = 'othr',
     kHICommandQuit = 'quit',
     kHICommandUndo = 'undo',
     kHICommandRedo = 'redo',
@@ -588,6 +589,25 @@ CARBON_EXPORT void RunApplicationEventLoop(void);
 // Sends kEventAppQuit to the application target. A handler that returns noErr for it keeps the
 // application running; when no application loop runs, nothing else happens.
 CARBON_EXPORT void QuitApplicationEventLoop(void);
+
+// Modal loops. A modal state keeps a person from every window but this one, what hangs from it and modal
+// windows in front of it, for as long as it is shown, and from the menus of the bar. Of several states the
+// newest counts. A window that is shown comes to the front of its layer and is activated. It is retained.
+//
+// windowAppModalStateAlreadyExistsErr when the window has one, windowNoAppModalStateErr when it has none.
+CARBON_EXPORT OSStatus BeginAppModalStateForWindow(WindowRef inWindow);
+CARBON_EXPORT OSStatus EndAppModalStateForWindow(WindowRef inWindow);
+
+// Begins a modal state, takes events from the main queue and sends them to the dispatcher until
+// QuitAppModalLoopForWindow was called for this window, or the window was disposed, and ends the state. Loops
+// may be nested, each with a window of its own: a loop that is quit from an inner one ends after that.
+//
+// noErr; windowWrongStateErr at once when the window is hidden; eventLoopQuitErr when the application quits
+// or somebody calls QuitEventLoop; eventLoopTimedOutErr when there is nothing that the loop could wait for.
+CARBON_EXPORT OSStatus RunAppModalLoopForWindow(WindowRef inWindow);
+
+// windowNoAppModalStateErr when no loop of this window runs.
+CARBON_EXPORT OSStatus QuitAppModalLoopForWindow(WindowRef inWindow);
 
 // The person's event (kEventAttributeUserEvent) that the dispatcher is working on, or null. What a program
 // sends to other targets meanwhile does not become the current event. Not retained for the caller.

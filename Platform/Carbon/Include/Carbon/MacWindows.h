@@ -24,11 +24,12 @@
 // - A handler may dispose any window, the event's own included.
 //
 // Windows stand in layers, front to back: overlay, help, utility, modal (alerts and modal dialogs), floating,
-// toolbar, document (everything else). Order changes only inside of a layer.
+// toolbar, document (everything else), as long as a program does not make layers of its own (see Groups).
+// Order changes only inside of a layer. A sheet is in the layer of its parent.
 //
 // At most one window of activation scope "all" is active: the frontmost that is shown and not collapsed. It
 // changes with showing, hiding, collapsing, closing and reordering. Floating and utility windows are active
-// whenever they are shown; help and toolbar windows never.
+// whenever they are shown; help and toolbar windows never. SetWindowActivationScope changes that.
 
 #include <Carbon/CarbonBase.h>
 #include <Carbon/CarbonEvents.h>
@@ -307,6 +308,227 @@ CARBON_EXPORT OSStatus GetWindowPropertySize(WindowRef window, PropertyCreator c
                                              ByteCount* size);
 CARBON_EXPORT OSStatus RemoveWindowProperty(WindowRef window, PropertyCreator propertyCreator,
                                             PropertyTag propertyTag);
+
+// Placing -----------------------------------------------------------------------------------------------
+
+// What a window is placed by: the screen without its menu bar, or the structure of another window. The screen
+// of a parent is the one that most of it lies on.
+typedef UInt32 WindowPositionMethod;
+enum
+{
+    kWindowCenterOnMainScreen = 1,
+    kWindowCenterOnParentWindow = 2,
+    kWindowCenterOnParentWindowScreen = 3,
+    kWindowCascadeOnMainScreen = 4,
+    kWindowCascadeOnParentWindow = 5,
+    kWindowCascadeOnParentWindowScreen = 6,
+    kWindowAlertPositionOnMainScreen = 7, // a third of the free height is above, two are below
+    kWindowAlertPositionOnParentWindow = 8,
+    kWindowAlertPositionOnParentWindowScreen = 9,
+    kWindowCascadeStartAtParentWindowScreen = 10 // from the parent on
+};
+
+// Moves a window, which may be hidden. A cascade takes the first place, going down and to the right, at which
+// no other window begins, and starts again where the window would leave the screen. No method puts the top
+// left of a window out of the screen.
+//
+// paramErr: an unknown method; a method with a parent but no such window, or the window itself except for its
+// screen.
+CARBON_EXPORT OSStatus RepositionWindow(WindowRef window, WindowRef parentWindow,
+                                        WindowPositionMethod method);
+
+typedef UInt32 WindowTransitionEffect;
+enum
+{
+    kWindowZoomTransitionEffect = 1,
+    kWindowSheetTransitionEffect = 2,
+    kWindowSlideTransitionEffect = 3,
+    kWindowFadeTransitionEffect = 4,
+    kWindowGenieTransitionEffect = 5
+};
+
+typedef UInt32 WindowTransitionAction;
+enum
+{
+    kWindowShowTransitionAction = 1,
+    kWindowHideTransitionAction = 2,
+    kWindowMoveTransitionAction = 3,
+    kWindowResizeTransitionAction = 4
+};
+
+// What ShowWindow, HideWindow and SetWindowBounds do, between kEventWindowTransitionStarted and
+// kEventWindowTransitionCompleted; nothing is seen to move. The rectangle is the new structure, and only for
+// moving and resizing, which go with the slide effect alone. paramErr for what does not go together.
+CARBON_EXPORT OSStatus TransitionWindow(WindowRef inWindow, WindowTransitionEffect inEffect,
+                                        WindowTransitionAction inAction, const Rect* inRect);
+
+// The same for showing and hiding with the sheet effect; the parent stays where it is.
+CARBON_EXPORT OSStatus TransitionWindowAndParent(WindowRef inWindow, WindowRef inParentWindow,
+                                                 WindowTransitionEffect inEffect,
+                                                 WindowTransitionAction inAction, const Rect* inRect);
+
+// Modal windows and sheets ------------------------------------------------------------------------------
+
+// Whom a window keeps a person from while it is shown and not collapsed: nobody, the windows behind it, or
+// one window. Alerts and modal dialogs begin as kWindowModalityAppModal.
+typedef UInt32 WindowModality;
+enum
+{
+    kWindowModalityNone = 0,
+    kWindowModalitySystemModal = 1, // the same as kWindowModalityAppModal
+    kWindowModalityAppModal = 2,
+    kWindowModalityWindowModal = 3
+};
+
+// The third window is the one that is kept out by kWindowModalityWindowModal; the others ignore it. paramErr
+// for an unknown modality, and when that window is missing or the window itself.
+CARBON_EXPORT OSStatus SetWindowModality(WindowRef inWindow, WindowModality inModalKind,
+                                         WindowRef inUnavailableWindow);
+
+// The third parameter may be null.
+CARBON_EXPORT OSStatus GetWindowModality(WindowRef inWindow, WindowModality* outModalKind,
+                                         WindowRef* outUnavailableWindow);
+
+// Shows a sheet on its parent and returns. The sheet hangs from the parent's title bar, in the middle, moves
+// with it, stands right in front of it, and keeps it from the person: its modality is then
+// kWindowModalityWindowModal. The parent is retained until the sheet is hidden or detached. A person who
+// clicks on the parent gets the sheet.
+//
+// paramErr: the window is not of class kSheetWindowClass or kSheetAlertWindowClass, is the parent, or hangs
+// from one already; or the parent has a sheet. A sheet that is disposed leaves its parent by itself.
+CARBON_EXPORT OSStatus ShowSheetWindow(WindowRef inSheet, WindowRef inParentWindow);
+
+// Hides the sheet and lets go of the parent. paramErr when the window hangs from none.
+CARBON_EXPORT OSStatus HideSheetWindow(WindowRef inSheet);
+
+// Lets go of the parent, and leaves the sheet on the screen; it keeps nobody out then.
+CARBON_EXPORT OSStatus DetachSheetWindow(WindowRef inSheet);
+
+// Null and paramErr when the window hangs from none.
+CARBON_EXPORT OSStatus GetSheetWindowParent(WindowRef inSheet, WindowRef* outParentWindow);
+
+// Groups ------------------------------------------------------------------------------------------------
+//
+// Every window is in a group. The platform has one for each layer, and those are in the root group; programs
+// make their own, in the root group or in another. A group of the root group is a layer by its level. Windows
+// of a group that is in such a group share its layer.
+
+typedef struct OpaqueWindowGroupRef* WindowGroupRef;
+
+typedef OptionBits WindowGroupAttributes;
+enum
+{
+    kWindowGroupAttrSelectAsLayer = 1,
+    kWindowGroupAttrMoveTogether = 2,  // moving one window moves all
+    kWindowGroupAttrLayerTogether = 4, // bringing one window to front brings the others, right behind it
+    kWindowGroupAttrSharedActivation = 8,
+    kWindowGroupAttrHideOnCollapse = 16,
+    kWindowGroupAttrFixedLevel = 32
+};
+
+typedef OptionBits WindowGroupContentOptions;
+enum
+{
+    kWindowGroupContentsReturnWindows = 1,
+    kWindowGroupContentsRecurse = 2,
+    kWindowGroupContentsVisible = 4
+};
+
+// A group of the program's own, empty, in the root group at the level of documents, with one reference that
+// belongs to the caller. paramErr for attributes that there are not.
+CARBON_EXPORT OSStatus CreateWindowGroup(WindowGroupAttributes inAttributes, WindowGroupRef* outGroup);
+
+// With the last reference the group goes; its windows and groups come to the group that it was in, or from
+// under the root group to that of their class. The platform's groups stay.
+CARBON_EXPORT OSStatus RetainWindowGroup(WindowGroupRef inGroup);
+CARBON_EXPORT OSStatus ReleaseWindowGroup(WindowGroupRef inGroup);
+CARBON_EXPORT ItemCount GetWindowGroupRetainCount(WindowGroupRef inGroup);
+CARBON_EXPORT Boolean IsValidWindowGroup(WindowGroupRef inGroup);
+
+// The platform's group for a class, or the root group for kAllWindowClasses. Not retained for the caller.
+CARBON_EXPORT WindowGroupRef GetWindowGroupOfClass(WindowClass windowClass);
+
+// The group of a window. A window that comes into a group in a layer further in front goes to the back of
+// that layer, else to its front. windowGroupInvalidErr for the root group.
+CARBON_EXPORT WindowGroupRef GetWindowGroup(WindowRef inWindow);
+CARBON_EXPORT OSStatus SetWindowGroup(WindowRef inWindow, WindowGroupRef inNewGroup);
+CARBON_EXPORT Boolean IsWindowContainedInGroup(WindowRef inWindow, WindowGroupRef inGroup);
+
+// The group that a group of the program's own is in. paramErr when it has windows, or would come to be in
+// itself.
+CARBON_EXPORT OSStatus SetWindowGroupParent(WindowGroupRef inGroup, WindowGroupRef inNewGroup);
+CARBON_EXPORT WindowGroupRef GetWindowGroupParent(WindowGroupRef inGroup);
+
+// For the reader of debugging output.
+CARBON_EXPORT OSStatus SetWindowGroupName(WindowGroupRef inGroup, CFStringRef inName);
+CARBON_EXPORT OSStatus CopyWindowGroupName(WindowGroupRef inGroup, CFStringRef* outName);
+
+// The level of a group in the root group; higher is further in front. paramErr for other groups, and for one
+// of kWindowGroupAttrFixedLevel.
+CARBON_EXPORT OSStatus SetWindowGroupLevel(WindowGroupRef inGroup, SInt32 inLevel);
+CARBON_EXPORT OSStatus GetWindowGroupLevel(WindowGroupRef inGroup, SInt32* outLevel);
+
+CARBON_EXPORT OSStatus ChangeWindowGroupAttributes(WindowGroupRef inGroup,
+                                                   WindowGroupAttributes setTheseAttributes,
+                                                   WindowGroupAttributes clearTheseAttributes);
+CARBON_EXPORT OSStatus GetWindowGroupAttributes(WindowGroupRef inGroup, WindowGroupAttributes* outAttributes);
+
+// The windows of a group, front to back: those in it alone, or with kWindowGroupContentsRecurse those of the
+// groups in it too; with kWindowGroupContentsVisible, those that are shown. Without
+// kWindowGroupContentsReturnWindows it is the groups in it that are counted. Windows are numbered from 1;
+// errWindowNotFound beyond the last.
+CARBON_EXPORT ItemCount CountWindowGroupContents(WindowGroupRef inGroup, WindowGroupContentOptions inOptions);
+CARBON_EXPORT OSStatus GetIndexedWindow(WindowGroupRef inGroup, ItemCount inIndex,
+                                        WindowGroupContentOptions inOptions, WindowRef* outWindow);
+
+// Whether a window is never active, whenever it is shown, or alone of its kind.
+typedef UInt32 WindowActivationScope;
+enum
+{
+    kWindowActivationScopeNone = 0,
+    kWindowActivationScopeIndependent = 1,
+    kWindowActivationScopeAll = 2
+};
+CARBON_EXPORT OSStatus SetWindowActivationScope(WindowRef inWindow, WindowActivationScope inScope);
+CARBON_EXPORT OSStatus GetWindowActivationScope(WindowRef inWindow, WindowActivationScope* outScope);
+
+// The menu of windows -----------------------------------------------------------------------------------
+
+enum
+{
+    kWindowMenuIncludeRotate = 1
+};
+
+// A menu "Window" for the program to insert, with one reference that belongs to the caller: Zoom, Minimize,
+// on demand Cycle Through Windows, Bring All to Front, and the shown windows that have
+// kWindowInWindowMenuAttribute, in the order in which they were made, the active one with a check mark and
+// collapsed ones with a diamond. It is filled when it is opened, or looked into for a command.
+//
+// What its commands do happens only when no handler of the program takes them. paramErr for options that
+// there are not.
+CARBON_EXPORT OSStatus CreateStandardWindowMenu(OptionBits inOptions, MenuRef* outMenu);
+
+// What windows here do not have -------------------------------------------------------------------------
+//
+// Neither icons of their documents, nor toolbars, nor drags. The calls are there because programs make them
+// in passing; they check the window.
+
+CARBON_EXPORT OSStatus SetWindowProxyFSSpec(WindowRef window, const FSSpec* inFile);
+CARBON_EXPORT OSStatus HIWindowSetProxyFSRef(WindowRef inWindow, const FSRef* inRef);
+CARBON_EXPORT OSStatus SetWindowProxyCreatorAndType(WindowRef window, OSType fileCreator, OSType fileType,
+                                                    SInt16 vRefNum);
+CARBON_EXPORT OSStatus RemoveWindowProxy(WindowRef window);
+
+// errUserWantsToDragWindow.
+CARBON_EXPORT OSStatus TrackWindowProxyDrag(WindowRef window, Point startPt);
+
+// paramErr for anything but null.
+typedef struct OpaqueHIToolbarRef* HIToolbarRef;
+CARBON_EXPORT OSStatus SetWindowToolbar(WindowRef inWindow, HIToolbarRef inToolbar);
+
+CARBON_EXPORT OSStatus ShowHideWindowToolbar(WindowRef inWindow, Boolean inShow, Boolean inAnimate);
+CARBON_EXPORT Boolean IsWindowToolbarVisible(WindowRef inWindow);
+CARBON_EXPORT OSStatus SetAutomaticControlDragTrackingEnabledForWindow(WindowRef inWindow, Boolean inTracks);
 
 // Keyboard focus ----------------------------------------------------------------------------------------
 

@@ -23,6 +23,8 @@ enum class ReferenceKind : std::uintptr_t
     kPort = 7,
     kEvent = 8,
     kRegion = 9,
+    kWindowGroup = 10,
+    kDialog = 11,
     kTimer = 12,
 };
 
@@ -93,6 +95,16 @@ public:
     Shared FindNumber(std::uintptr_t theNumber) const
     {
         return theNumber <= Numbered::kLargest ? Find(Numbered::Of(theNumber)) : nullptr;
+    }
+
+    // Calls theAction with each object, in no order. It must not add or remove any.
+    template <class Action>
+    void ForEach(const Action& theAction) const
+    {
+        const std::lock_guard<Mutex> theLock(mMutex);
+        for (const auto& theEntry : mObjects) {
+            theAction(theEntry.second);
+        }
     }
 
     // Forgets a reference and gives its object to the caller, who lets it die outside the table's lock.

@@ -159,23 +159,57 @@ double DeadlineAfter(EventTimeout theTimeout)
 
 // --- The application's loop -------------------------------------------------------------------------
 
-// A running RunApplicationEventLoop.
-struct ApplicationLoop : OnStack<ApplicationLoop>
+// A running RunApplicationEventLoop or RunLoopUntil.
+struct DispatchingLoop : OnStack<DispatchingLoop>
 {
+    explicit DispatchingLoop(bool theIsApplications)
+        : theIsTheApplications(theIsApplications)
+    {
+    }
+
+    const bool theIsTheApplications;
     bool theIsOver = false;
 };
 
-// Takes one event and sends it on; false when the loop was quit.
-bool HandleNextEvent()
+DispatchingLoop* ApplicationLoop()
 {
-    EventRef theEvent = nullptr;
-    if (ReceiveNextEvent(0, nullptr, kEventDurationForever, kEventRemoveFromQueue, &theEvent) != noErr) {
-        return false;
+    DispatchingLoop* theLoop = DispatchingLoop::Innermost();
+    while (theLoop != nullptr && !theLoop->theIsTheApplications) {
+        theLoop = theLoop->Outer();
     }
+    return theLoop;
+}
+
+void Dispatch(EventRef theEvent)
+{
     SendEventToEventTarget(theEvent, GetEventDispatcherTarget());
     ReleaseEvent(theEvent);
-    return true;
 }
+
+// Takes events and sends them on until the loop is over or theIsDone.
+template <class Condition>
+LoopEnd Run(const DispatchingLoop& theLoop, const Condition& theIsDone)
+{
+    while (!theLoop.theIsOver && !theIsDone()) {
+        EventRef theEvent = nullptr;
+        const OSStatus theStatus = RunUntil(kNever, [&] {
+            if (theLoop.theIsOver || theIsDone()) {
+                return true;
+            }
+            theEvent = FirstEventInQueue(0, nullptr, true);
+            return theEvent != nullptr;
+        });
+        if (theStatus != noErr) {
+            return theStatus == eventLoopQuitErr ? LoopEnd::kQuit : LoopEnd::kNothingToWaitFor;
+        }
+        if (theEvent != nullptr) {
+            Dispatch(theEvent);
+        }
+    }
+    return theLoop.theIsOver ? LoopEnd::kQuit : LoopEnd::kDone;
+}
+
+LoopObserver gLoopObserver = nullptr;
 
 // What the reference of the one event loop points at.
 char gMainLoop = 0;
@@ -207,7 +241,7 @@ void AddLoopChore(LoopChore theChore)
 
 bool IsApplicationLoopRunning()
 {
-    return ApplicationLoop::Innermost() != nullptr;
+    return ApplicationLoop() != nullptr;
 }
 
 void AskToQuit()
@@ -221,13 +255,31 @@ void AskToQuit()
 
 bool EndApplicationLoop()
 {
-    ApplicationLoop* const theLoop = ApplicationLoop::Innermost();
+    DispatchingLoop* theLoop = DispatchingLoop::Innermost();
     if (theLoop == nullptr) {
         return false;
     }
-    theLoop->theIsOver = true;
+    const DispatchingLoop* const theLast = ApplicationLoop();
+    const DispatchingLoop* const theEnd = theLast == nullptr ? nullptr : theLast->Outer();
+    for (; theLoop != theEnd; theLoop = theLoop->Outer()) {
+        theLoop->theIsOver = true;
+    }
     QuitEventLoop(GetMainEventLoop());
     return true;
+}
+
+LoopEnd RunLoopUntil(const std::function<bool()>& theIsDone)
+{
+    DispatchingLoop theLoop(false);
+    if (gLoopObserver != nullptr) {
+        gLoopObserver();
+    }
+    return Run(theLoop, theIsDone);
+}
+
+void SetLoopObserver(LoopObserver theObserver)
+{
+    gLoopObserver = theObserver;
 }
 
 } // namespace Host
@@ -290,9 +342,8 @@ OSStatus QuitEventLoop(EventLoopRef inEventLoop)
 void RunApplicationEventLoop(void)
 {
     const EndSignals theSignals(WakeEventLoop);
-    ApplicationLoop theLoop;
-    while (!theLoop.theIsOver && HandleNextEvent()) {
-    }
+    DispatchingLoop theLoop(true);
+    Run(theLoop, [] { return false; });
 }
 
 void QuitApplicationEventLoop(void)

@@ -3,6 +3,8 @@
 #ifndef Events_EventLoop_h
 #define Events_EventLoop_h
 
+#include <functional>
+
 namespace Host {
 
 // Ends the wait of the event loop, or its next one. From any thread.
@@ -21,8 +23,23 @@ bool IsApplicationLoopRunning();
 // and kEventAppQuit to the application when nobody took that.
 void AskToQuit();
 
-// Ends the innermost RunApplicationEventLoop; false when none is running.
+// Ends the innermost RunApplicationEventLoop and all that RunLoopUntil runs inside of it; without one, all
+// that it runs. False when nothing is running.
 bool EndApplicationLoop();
+
+// Takes events from the main queue and sends them to the dispatcher until theIsDone, which every turn asks.
+enum class LoopEnd
+{
+    kDone,
+    kQuit,             // the application quits, or somebody called QuitEventLoop
+    kNothingToWaitFor, // the wait would never end
+};
+LoopEnd RunLoopUntil(const std::function<bool()>& theIsDone);
+
+// Whom RunLoopUntil tells that it begins; null for nobody. A scripted person must go on inside of it,
+// although the step that led there has not returned.
+using LoopObserver = void (*)();
+void SetLoopObserver(LoopObserver theObserver);
 
 } // namespace Host
 

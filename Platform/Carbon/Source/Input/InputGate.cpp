@@ -65,6 +65,15 @@ SharedWindow FindOpenWindow(ObjectId theIdentifier)
     return theIsOpen ? theWindow : nullptr;
 }
 
+// A person cannot act on the window, which may be for a modal one.
+void TurnAwayFrom(ObjectId theIdentifier)
+{
+    if (const SharedWindow theWindow = FindWindow(theIdentifier);
+        theWindow != nullptr && theWindow->TakesPart()) {
+        TurnAway(theWindow);
+    }
+}
+
 // The part of the window at a place; inContent when the pointer has left a window that it was pressed in.
 WindowPartCode PartAt(WindowRef theWindow, PixelPoint thePlace)
 {
@@ -217,6 +226,9 @@ bool InputGate::PointerPressed(const PointerAction& theAction)
     }
     const SharedWindow theWindow = FindOpenWindow(mButtonsDown == 0 ? theAction.theWindow : mPressedWindow);
     mWasTaken = false;
+    if (theWindow == nullptr && mButtonsDown == 0) {
+        TurnAwayFrom(theAction.theWindow);
+    }
     if (theWindow == nullptr || (mButtonsDown & BitOf(theAction.theButton)) != 0) {
         return false;
     }

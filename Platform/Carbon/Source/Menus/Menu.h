@@ -146,6 +146,9 @@ void MenusHaveChanged();
 void ShowMenuBar();
 bool ShowChangedMenuBar();
 
+// Whether a person is kept from the menus of the bar.
+bool IsBarHeld();
+
 // A menu as presenters know it.
 MenuLook LookOfMenu(const SharedMenu& theMenu);
 

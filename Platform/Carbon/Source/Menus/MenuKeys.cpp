@@ -233,7 +233,7 @@ FoundItem FindKey(EventRef theEvent, MenuRef theMenu, MenuEventOptions theOption
 
 bool TakeCommandKey(EventRef theEvent)
 {
-    const FoundItem theFound = FindKey(theEvent, nullptr, 0);
+    const FoundItem theFound = IsBarHeld() ? FoundItem() : FindKey(theEvent, nullptr, 0);
     if (!theFound) {
         return false;
     }

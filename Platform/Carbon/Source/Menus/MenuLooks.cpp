@@ -14,6 +14,8 @@ namespace Host {
 namespace {
 
 bool gHasChanged = false;
+BarHolder gBarHolder = nullptr;
+bool gWasBarHeld = false;   // as the bar was shown last
 std::uint32_t gChanges = 0; // runs over in the end, and is only compared
 
 // Menus that hold menus deeper than this are shown without them; no screen has room for them.
@@ -99,18 +101,29 @@ MenuBarLook LookAtBar()
 {
     MenuBarLook theLook;
     const SharedMenu theRoot = RootMenu();
+    gWasBarHeld = IsBarHeld();
     for (MenuItemIndex theItem = 1; theRoot != nullptr && theItem <= theRoot->Count(); ++theItem) {
         const SharedMenu theMenu = theRoot->Submenu(theItem);
         if (theMenu != nullptr && (theMenu->mAttributes & kMenuAttrHidden) == 0 &&
             !theRoot->Item(theItem)->Is(kMenuItemAttrHidden)) {
             theLook.theMenus.push_back(LookOfMenu(theMenu));
-            theLook.theMenus.back().theIsEnabled &= theRoot->Item(theItem)->IsEnabled();
+            theLook.theMenus.back().theIsEnabled &= theRoot->Item(theItem)->IsEnabled() && !gWasBarHeld;
         }
     }
     return theLook;
 }
 
 } // namespace
+
+void SetBarHolder(BarHolder theHolder)
+{
+    gBarHolder = theHolder;
+}
+
+bool IsBarHeld()
+{
+    return gBarHolder != nullptr && gBarHolder();
+}
 
 MenuLook LookOfMenu(const SharedMenu& theMenu)
 {
@@ -136,7 +149,7 @@ void ShowMenuBar()
 
 bool ShowChangedMenuBar()
 {
-    if (!gHasChanged) {
+    if (!gHasChanged && gWasBarHeld == IsBarHeld()) {
         return false;
     }
     ShowMenuBar();

@@ -181,8 +181,11 @@ std::vector<SharedMenu> ReachableMenus(const SharedMenu& theRoot)
 
 bool IsReachable(const SharedMenu& theMenu)
 {
-    const std::vector<SharedMenu> theMenus =
-        ReachableMenus(TheSession().theIsOn ? FindMenu(TheSession().theRoot) : RootMenu());
+    const SharedMenu theRoot = TheSession().theIsOn ? FindMenu(TheSession().theRoot) : RootMenu();
+    if (theRoot == RootMenu() && IsBarHeld()) {
+        return false;
+    }
+    const std::vector<SharedMenu> theMenus = ReachableMenus(theRoot);
     return std::find(theMenus.begin(), theMenus.end(), theMenu) != theMenus.end();
 }
 
@@ -270,7 +273,8 @@ bool MenuOpenedByPerson(ObjectId theMenu)
 {
     const SharedMenu theFound = FindMenu(theMenu);
     const SharedMenu theRoot = RootMenu();
-    if (theFound == nullptr || theRoot == nullptr || IsIn(TheSession().theOpen, theFound->Reference())) {
+    if (theFound == nullptr || theRoot == nullptr || IsBarHeld() ||
+        IsIn(TheSession().theOpen, theFound->Reference())) {
         return false;
     }
     return DoToMenu(theFound, kEventMenuOpening, [&] { return PullDown(theFound, theRoot); });

@@ -30,6 +30,11 @@ bool MenuClosedByPerson(ObjectId theMenu);
 // Tells a presenter what the menu bar looks like.
 void ReplayMenuLooks(Presenter& thePresenter);
 
+// Answers whether a person is kept from the menus of the bar: they look disabled, and cannot be opened or
+// chosen from, by keys either. Asked each time. Null: never.
+using BarHolder = bool (*)();
+void SetBarHolder(BarHolder theHolder);
+
 // Does what the menus have put off: brings the items of menus up to date that InvalidateMenuEnabling named,
 // and shows the bar when it has changed. The event loop has it called before it waits; the gate may call it
 // after a person's action. Answers whether there was something to do.

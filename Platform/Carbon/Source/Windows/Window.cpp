@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <Presentation/PresenterRegistry.h>
+#include <utility>
 
 namespace Host {
 
@@ -27,27 +28,36 @@ const WindowAttributes kCollapsing = kWindowCollapseBoxAttribute;
 const WindowAttributes kDocumentThings = kBoxes | kCollapsing | kResizing;
 const WindowAttributes kPaletteThings = kBoxes | kResizing;
 
+constexpr WindowModality kOpen = kWindowModalityNone;
+constexpr WindowModality kModal = kWindowModalityAppModal;
+constexpr WindowActivationScope kNever = kWindowActivationScopeNone;
+constexpr WindowActivationScope kAlways = kWindowActivationScopeIndependent;
+constexpr WindowActivationScope kOne = kWindowActivationScopeAll;
+
 const WindowTraits kTraits[] = {
-    // class, shape, layer, title, frame, modal, shares activity, always active, at creation, later
-    {kAlertWindowClass, WindowShape::kAlert, 4, 0, 3, true, true, false, 0, 0},
-    {kMovableAlertWindowClass, WindowShape::kAlert, 4, 22, 0, true, true, false, 0, 0},
-    {kModalWindowClass, WindowShape::kDialog, 4, 0, 3, true, true, false, 0, 0},
-    {kMovableModalWindowClass, WindowShape::kDialog, 4, 22, 0, true, true, false, kResizing, kResizing},
-    {kFloatingWindowClass, WindowShape::kFloating, 3, 16, 0, false, false, true, kPaletteThings,
-     kDocumentThings},
-    {kDocumentWindowClass, WindowShape::kDocument, 1, 22, 0, false, true, false, kDocumentThings,
-     kDocumentThings},
-    {kUtilityWindowClass, WindowShape::kUtility, 5, 16, 0, false, false, true, kPaletteThings,
-     kDocumentThings},
-    {kHelpWindowClass, WindowShape::kHelp, 6, 0, 0, false, false, false, 0, 0},
-    {kSheetWindowClass, WindowShape::kSheet, 1, 0, 0, false, true, false, kResizing, kResizing},
-    {kToolbarWindowClass, WindowShape::kToolbar, 2, 0, 0, false, false, false, 0, 0},
-    {kPlainWindowClass, WindowShape::kPlain, 1, 0, 1, false, true, false, 0, 0},
-    {kOverlayWindowClass, WindowShape::kOverlay, 7, 0, 0, false, false, false, 0, 0},
-    {kSheetAlertWindowClass, WindowShape::kSheet, 1, 0, 0, false, true, false, 0, 0},
-    {kAltPlainWindowClass, WindowShape::kPlain, 1, 0, 1, false, true, false, 0, 0},
-    {kSimpleWindowClass, WindowShape::kPlain, 1, 0, 0, false, true, false, 0, 0},
-    {kDrawerWindowClass, WindowShape::kDrawer, 1, 0, 0, false, true, false, kResizing, kResizing},
+    // class, shape, group, title, frame, modality, scope, attributes at creation, later
+    {kAlertWindowClass, WindowShape::kAlert, StandardGroup::kModal, 0, 3, kModal, kOne, 0, 0},
+    {kMovableAlertWindowClass, WindowShape::kAlert, StandardGroup::kModal, 22, 0, kModal, kOne, 0, 0},
+    {kModalWindowClass, WindowShape::kDialog, StandardGroup::kModal, 0, 3, kModal, kOne, 0, 0},
+    {kMovableModalWindowClass, WindowShape::kDialog, StandardGroup::kModal, 22, 0, kModal, kOne, kResizing,
+     kResizing},
+    {kFloatingWindowClass, WindowShape::kFloating, StandardGroup::kFloating, 16, 0, kOpen, kAlways,
+     kPaletteThings, kDocumentThings},
+    {kDocumentWindowClass, WindowShape::kDocument, StandardGroup::kDocument, 22, 0, kOpen, kOne,
+     kDocumentThings, kDocumentThings},
+    {kUtilityWindowClass, WindowShape::kUtility, StandardGroup::kUtility, 16, 0, kOpen, kAlways,
+     kPaletteThings, kDocumentThings},
+    {kHelpWindowClass, WindowShape::kHelp, StandardGroup::kHelp, 0, 0, kOpen, kNever, 0, 0},
+    {kSheetWindowClass, WindowShape::kSheet, StandardGroup::kDocument, 0, 0, kOpen, kOne, kResizing,
+     kResizing},
+    {kToolbarWindowClass, WindowShape::kToolbar, StandardGroup::kToolbar, 0, 0, kOpen, kNever, 0, 0},
+    {kPlainWindowClass, WindowShape::kPlain, StandardGroup::kDocument, 0, 1, kOpen, kOne, 0, 0},
+    {kOverlayWindowClass, WindowShape::kOverlay, StandardGroup::kOverlay, 0, 0, kOpen, kNever, 0, 0},
+    {kSheetAlertWindowClass, WindowShape::kSheet, StandardGroup::kDocument, 0, 0, kOpen, kOne, 0, 0},
+    {kAltPlainWindowClass, WindowShape::kPlain, StandardGroup::kDocument, 0, 1, kOpen, kOne, 0, 0},
+    {kSimpleWindowClass, WindowShape::kPlain, StandardGroup::kDocument, 0, 0, kOpen, kOne, 0, 0},
+    {kDrawerWindowClass, WindowShape::kDrawer, StandardGroup::kDocument, 0, 0, kOpen, kOne, kResizing,
+     kResizing},
 };
 
 // The event target's way to its window. The target may outlive the window for the rest of a dispatch.
@@ -134,6 +144,8 @@ ObjectId IdentifierOf(WindowRef theReference)
 Window::Window(const WindowTraits& theTraits, WindowAttributes theAttributes, const Rect& theContent)
     : mTraits(theTraits),
       mAttributes(theAttributes),
+      mModality(theTraits.theModality),
+      mScope(theTraits.theScope),
       mContent(theContent)
 {
 }
@@ -149,6 +161,7 @@ OSStatus Window::Begin()
 {
     const OSStatus theStatus = Guarded([this] {
         AnswerForUserFocus();
+        mGroup = GroupOf(mTraits.theGroup);
         mTarget = NewEventTarget(BehaviourOf(weak_from_this()));
         Windows().Add(mIdentifier, shared_from_this());
         AddToOrder(shared_from_this());
@@ -182,6 +195,7 @@ void Window::Close()
     SetVisible(false);
     ActivateAfterHiding(theKeepAlive);
     Tell(kEventWindowClosed);
+    LetGoOfSheets();
     if (mRoot != nullptr) {
         mRoot->Dispose();
     }
@@ -205,6 +219,11 @@ SharedControl Window::EnsureRoot()
 
 // State --------------------------------------------------------------------------------------------------
 
+bool Window::TakesPart() const
+{
+    return mIsVisible && !mIsCollapsed && (mParent == nullptr || mParent->TakesPart());
+}
+
 void Window::SetVisible(bool theIsOn)
 {
     if (mIsVisible == theIsOn) {
@@ -217,6 +236,7 @@ void Window::SetVisible(bool theIsOn)
     }
     mIsVisible = theIsOn;
     Show();
+    ShowSheet();
     Tell(theIsOn ? kEventWindowShown : kEventWindowHidden);
     UpdateUserFocus();
 }
@@ -233,6 +253,7 @@ void Window::SetCollapsed(bool theIsOn)
     }
     mIsCollapsed = theIsOn;
     Show();
+    ShowSheet();
     Tell(theIsOn ? kEventWindowCollapsed : kEventWindowExpanded);
     UpdateUserFocus();
 }
@@ -287,6 +308,89 @@ void Window::SetModified(bool theIsOn)
     theEvent.Set(kEventParamDirectObject, typeWindowRef, Reference());
     theEvent.Set(kEventParamWindowModifiedFlag, typeBoolean, static_cast<Boolean>(theIsOn));
     theEvent.SendTo(mTarget);
+}
+
+// Modality and sheets ------------------------------------------------------------------------------------
+
+bool Window::IsModal() const
+{
+    return mModalStates > 0 || mModality == kWindowModalityAppModal ||
+           mModality == kWindowModalitySystemModal;
+}
+
+void Window::SetModality(WindowModality theModality, const SharedWindow& theKeptOut)
+{
+    mModality = theModality;
+    mKeptOut = theKeptOut;
+    Show();
+}
+
+void Window::HangFrom(const SharedWindow& theParent)
+{
+    theParent->Retain();
+    theParent->mSheet = weak_from_this();
+    mParent = theParent;
+    mModalityOnItsOwn = mModality;
+    SetModality(kWindowModalityWindowModal, theParent);
+    PutSheetsInFrontOf(theParent);
+    theParent->PlaceSheet();
+}
+
+void Window::LetGoOfParent()
+{
+    if (mParent == nullptr) {
+        return;
+    }
+    const SharedWindow theKeepAlive = shared_from_this();
+    const SharedWindow theParent = std::exchange(mParent, nullptr);
+    theParent->mSheet.reset();
+    SetModality(mModalityOnItsOwn, nullptr);
+    if (!mIsClosing && Layer() != theParent->Layer()) {
+        PutIntoLayer(theKeepAlive, true);
+    }
+    theParent->Release();
+}
+
+// The window is closed: what hangs from it stays where it is.
+void Window::LetGoOfSheets()
+{
+    if (const SharedWindow theSheet = Sheet(); theSheet != nullptr) {
+        theSheet->LetGoOfParent();
+    }
+    LetGoOfParent();
+}
+
+// Right below the title bar, in the middle.
+void Window::PlaceSheet()
+{
+    if (const SharedWindow theSheet = Sheet(); theSheet != nullptr) {
+        const Rect theOld = theSheet->Content();
+        const int theLeft = mContent.left + (WidthOf(mContent) - WidthOf(theOld)) / 2;
+        theSheet->SetContent(Moved(theOld, theLeft - theOld.left, mContent.top - theOld.top));
+    }
+}
+
+// A sheet is on the screen as long as its parent is.
+void Window::ShowSheet() const
+{
+    if (const SharedWindow theSheet = Sheet(); theSheet != nullptr) {
+        theSheet->Show();
+        theSheet->ShowSheet();
+    }
+}
+
+bool HangsFrom(const SharedWindow& theWindow, const SharedWindow& theOther)
+{
+    SharedWindow theParent = theWindow;
+    while (theParent != nullptr && theParent != theOther) {
+        theParent = theParent->Parent();
+    }
+    return theParent != nullptr;
+}
+
+SInt32 Window::Layer() const
+{
+    return mParent == nullptr ? mGroup->Layer() : mParent->Layer();
 }
 
 // Bounds -------------------------------------------------------------------------------------------------
@@ -401,6 +505,8 @@ void Window::SetContent(const Rect& theContent, UInt32 theCause, const Rect* the
     OutgoingEvent theTelling(kEventClassWindow, kEventWindowBoundsChanged);
     FillBoundsEvent(theTelling, Reference(), theCause, theStart, theOld, theNew);
     theTelling.SendTo(mTarget, kEventTargetSendToAllHandlers);
+    PlaceSheet();
+    MoveGroupWith(theKeepAlive, theNew.left - theOld.left, theNew.top - theOld.top);
 }
 
 void Window::PlaceContent(const Rect& theContent)
@@ -455,6 +561,7 @@ WindowLook Window::Look() const
 {
     WindowLook theLook;
     theLook.theId = mIdentifier;
+    theLook.theParent = mParent == nullptr ? kNoObject : mParent->Identifier();
     theLook.theShape = mTraits.theShape;
     theLook.theTitle = Utf8Of(mTitle);
     theLook.theContent = PixelsOf(mContent);
@@ -465,7 +572,7 @@ WindowLook Window::Look() const
     theLook.theHasZoomBox = Has(kWindowFullZoomAttribute);
     theLook.theIsResizable = Has(kWindowResizableAttribute);
     theLook.theIsMovable = FrameWidths().top > mTraits.theFrame;
-    theLook.theIsVisible = mIsVisible;
+    theLook.theIsVisible = mIsVisible && (mParent == nullptr || mParent->TakesPart());
     theLook.theIsCollapsed = mIsCollapsed;
     theLook.theIsActive = mIsActive;
     theLook.theIsModified = mIsModified && mIsModifiedKnown;

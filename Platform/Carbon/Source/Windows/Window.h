@@ -4,6 +4,7 @@
 #define Windows_Window_h
 
 #include "Control.h"
+#include "WindowGroups.h"
 #include "Windows.h"
 
 namespace Host {
@@ -13,12 +14,11 @@ struct WindowTraits
 {
     WindowClass theClass;
     WindowShape theShape;
-    int theLayer;                // of the front to back order; higher is further in front
-    int theTitleHeight;          // 0 without a title bar
-    int theFrame;                // at the other sides
-    bool theIsModal;             // keeps the person from the windows behind it
-    bool theSharesActivity;      // at most one of these is active
-    bool theIsAlwaysActive;      // while it is shown
+    StandardGroup theGroup;
+    int theTitleHeight; // 0 without a title bar
+    int theFrame;       // at the other sides
+    WindowModality theModality;
+    WindowActivationScope theScope;
     WindowAttributes theAllowed; // of the attributes that depend on the class
     WindowAttributes theAllowedLater;
 };
@@ -64,8 +64,7 @@ public:
     bool IsVisible() const { return mIsVisible; }
     bool IsCollapsed() const { return mIsCollapsed; }
     bool IsActive() const { return mIsActive; }
-    bool TakesPart() const { return mIsVisible && !mIsCollapsed; } // on the screen
-    bool IsModal() const { return mTraits.theIsModal; }
+    bool TakesPart() const; // on the screen
     void SetVisible(bool theIsOn);
     void SetCollapsed(bool theIsOn);
     void SetActive(bool theIsOn);
@@ -73,6 +72,30 @@ public:
     void SetTitle(Text theTitle);
     bool IsModified() const { return mIsModified; }
     void SetModified(bool theIsOn);
+
+    // Modality. A modal window keeps the person from all windows behind it; one of
+    // kWindowModalityWindowModal, from the one that KeptOut answers.
+    bool IsModal() const;
+    WindowModality Modality() const { return mModality; }
+    SharedWindow KeptOut() const { return mKeptOut.lock(); }
+    void SetModality(WindowModality theModality, const SharedWindow& theKeptOut);
+    int mModalStates = 0; // of BeginAppModalStateForWindow and modal loops
+
+    // Sheets. The window that this one hangs from, and the sheet that hangs from this one; null for none.
+    // A parent is retained.
+    const SharedWindow& Parent() const { return mParent; }
+    SharedWindow Sheet() const { return mSheet.lock(); }
+    void HangFrom(const SharedWindow& theParent);
+    void LetGoOfParent();
+
+    // Order and activation.
+    const SharedGroup& Group() const { return mGroup; }
+    void JoinGroup(const SharedGroup& theGroup) { mGroup = theGroup; }
+    SInt32 Layer() const; // of the front to back order; higher is further in front
+    bool SharesActivity() const { return mScope == kWindowActivationScopeAll; } // at most one is active
+    bool IsAlwaysActive() const { return mScope == kWindowActivationScopeIndependent; } // while shown
+    WindowActivationScope Scope() const { return mScope; }
+    void SetScope(WindowActivationScope theScope) { mScope = theScope; }
 
     // Bounds. The content, in global coordinates. SetContent asks and tells the handlers; theCause is added
     // to the attributes of its events, and theOriginal is where a drag by a person began.
@@ -112,6 +135,9 @@ public:
 private:
     void Close();
     void PlaceContent(const Rect& theContent);
+    void PlaceSheet();
+    void ShowSheet() const;
+    void LetGoOfSheets();
 
     ObjectId mIdentifier = NewObjectId();
     const WindowTraits& mTraits;
@@ -125,10 +151,20 @@ private:
     bool mIsActive = false;
     bool mIsModified = true;
     bool mIsModifiedKnown = false; // the program has said it; until then no screen should claim it
+    WindowModality mModality;
+    WindowActivationScope mScope;
+    SharedGroup mGroup;
+    std::weak_ptr<Window> mKeptOut;
+    WindowModality mModalityOnItsOwn = kWindowModalityNone; // of a sheet, before it was one
+    SharedWindow mParent;
+    std::weak_ptr<Window> mSheet;
     Rect mContent;
     Text mTitle;
     SharedControl mRoot;
 };
+
+// Whether a window is another one, or hangs from it, directly or by the sheets in between.
+bool HangsFrom(const SharedWindow& theWindow, const SharedWindow& theOther);
 
 // The part of a window at a global point that lies in its structure.
 WindowPartCode PartAt(const Window& theWindow, Point thePoint);
@@ -141,6 +177,20 @@ void PutInFront(const SharedWindow& theWindow);
 void PutBehind(const SharedWindow& theWindow, const SharedWindow& theFront); // null: to the back of its layer
 int IndexInOrder(const Window& theWindow);
 SharedWindow ActiveWindow();
+
+// Puts the sheets of a window right in front of it, each in front of the one that it hangs from.
+void PutSheetsInFrontOf(const SharedWindow& theBase);
+
+// The window came to another layer: to the front of it, or to the back.
+void PutIntoLayer(const SharedWindow& theWindow, bool theIsFront);
+
+// The window that a sheet hangs from in the end, and the sheet that hangs from a window in the end; the
+// window itself when there is none.
+SharedWindow BaseOf(const SharedWindow& theWindow);
+SharedWindow TopSheetOf(const SharedWindow& theWindow);
+
+// A window has moved: moves the others of a group whose windows move together.
+void MoveGroupWith(const SharedWindow& theWindow, int theHorizontal, int theVertical);
 
 // Keep the frontmost window that can be active the active one, and those that always are so. They send what
 // that changes, and are called after the window was shown or expanded, hidden, collapsed or closed, or moved

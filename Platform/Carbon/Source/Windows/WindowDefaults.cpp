@@ -5,10 +5,12 @@
 #include "WindowDefaults.h"
 
 #include "Base/Geometry.h"
+#include "Base/Guarded.h"
 #include "ControlTracking.h"
 #include "Events/OutgoingEvent.h"
 #include "Events/PersonActions.h"
 #include "KeyboardFocus.h"
+#include "ModalStates.h"
 
 #include <algorithm>
 #include <Presentation/PresenterRegistry.h>
@@ -141,6 +143,52 @@ OSStatus HandleRequest(const SharedWindow& theWindow, EventRef theEvent)
     }
 }
 
+// Commands ---------------------------------------------------------------------------------------------
+
+OSStatus AskIf(const SharedWindow& theWindow, WindowAttributes theNeeded, UInt32 theKind)
+{
+    return theWindow->Has(theNeeded) ? theWindow->Ask(theKind) : OSStatus{eventNotHandledErr};
+}
+
+// Every window stays where it is among those of the program.
+OSStatus BringAllToFront()
+{
+    return Guarded([] {
+        // A copy: the order changes. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+        const std::vector<SharedWindow> theWindows = AllWindows();
+        for (auto theEntry = theWindows.rbegin(); theEntry != theWindows.rend(); ++theEntry) {
+            if ((*theEntry)->IsVisible() && (*theEntry)->Parent() == nullptr) {
+                PutInFront(*theEntry);
+            }
+        }
+        return OSStatus{noErr};
+    });
+}
+
+OSStatus HandleCommand(const SharedWindow& theWindow, EventRef theEvent)
+{
+    HICommand theCommand{};
+    if (GetEventKind(theEvent) != kEventCommandProcess ||
+        !ReadParameter(theEvent, kEventParamDirectObject, typeHICommand, &theCommand)) {
+        return eventNotHandledErr;
+    }
+    switch (theCommand.commandID) {
+    case kHICommandZoomWindow:
+        return AskIf(theWindow, kWindowFullZoomAttribute, kEventWindowZoom);
+    case kHICommandMinimizeWindow:
+        return AskIf(theWindow, kWindowCollapseBoxAttribute, kEventWindowCollapse);
+    case kHICommandMinimizeAll:
+        return CollapseAllWindows(true);
+    case kHICommandBringAllToFront:
+        return BringAllToFront();
+    case kHICommandRotateWindowsForward:
+        SendBehind(theWindow->Reference(), nullptr);
+        return noErr;
+    default:
+        return eventNotHandledErr;
+    }
+}
+
 bool Ask(const SharedWindow& theWindow, WindowAttributes theNeeded, UInt32 theKind)
 {
     if (theWindow->IsClosing() || !theWindow->Has(theNeeded)) {
@@ -157,7 +205,8 @@ bool Ask(const SharedWindow& theWindow, WindowAttributes theNeeded, UInt32 theKi
 bool ConcernsWindow(OSType theClass)
 {
     return theClass == kEventClassMouse || theClass == kEventClassKeyboard ||
-           theClass == kEventClassTextInput || theClass == kEventClassWindow;
+           theClass == kEventClassTextInput || theClass == kEventClassWindow ||
+           theClass == kEventClassCommand;
 }
 
 OSStatus HandleWindowEvent(const SharedWindow& theWindow, EventRef theEvent)
@@ -170,6 +219,8 @@ OSStatus HandleWindowEvent(const SharedWindow& theWindow, EventRef theEvent)
         return PressKeyInWindow(theWindow, theEvent);
     case kEventClassWindow:
         return HandleRequest(theWindow, theEvent);
+    case kEventClassCommand:
+        return HandleCommand(theWindow, theEvent);
     default:
         return eventNotHandledErr;
     }
@@ -242,6 +293,9 @@ int Limited(int theSize, float theSmallest, float theLargest)
 
 bool MovedByPerson(const SharedWindow& theWindow, const Rect& theContent)
 {
+    if (theWindow->Parent() != nullptr) {
+        return false; // a sheet hangs where it hangs
+    }
     theWindow->mUnzoomed = MakeRect(0, 0, 0, 0);
     return ChangeByHand(theWindow, theContent, kWindowBoundsChangeUserDrag, kEventWindowDragStarted,
                         kEventWindowDragCompleted);
@@ -293,17 +347,66 @@ SharedWindow WindowAt(Point theGlobalPoint)
     return nullptr;
 }
 
-SharedWindow ModalWindowOver(const SharedWindow& theWindow)
+namespace {
+
+// The newest modal state counts: what has an older one is kept out too.
+bool IsKeptOutByState(const SharedWindow& theWindow, const SharedWindow& theState)
+{
+    const SharedWindow theBase = BaseOf(theWindow);
+    const bool theIsNewer =
+        theBase->IsModal() && theBase->mModalStates == 0 && IndexInOrder(*theBase) < IndexInOrder(*theState);
+    return !HangsFrom(theWindow, theState) && !theIsNewer;
+}
+
+// A modal window in front, apart from those that have an older modal state than the window.
+SharedWindow ModalWindowInFrontOf(const SharedWindow& theWindow, bool theIsInState)
 {
     for (const SharedWindow& theOther : AllWindows()) {
         if (theOther == theWindow) {
             break;
         }
-        if (theOther->TakesPart() && theOther->IsModal()) {
+        const bool theIsOlder = theIsInState && theOther->mModalStates > 0;
+        if (theOther->TakesPart() && theOther->IsModal() && !theIsOlder && !HangsFrom(theWindow, theOther)) {
             return theOther;
         }
     }
     return nullptr;
+}
+
+// A sheet, or what else keeps a person from this one window.
+SharedWindow ModalWindowOfItsOwn(const SharedWindow& theWindow)
+{
+    for (const SharedWindow& theOther : AllWindows()) {
+        if (theOther->Modality() == kWindowModalityWindowModal && theOther->KeptOut() == theWindow &&
+            theOther->TakesPart()) {
+            return theOther;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+SharedWindow ModalWindowOver(const SharedWindow& theWindow)
+{
+    const SharedWindow theState = WindowOfModalState();
+    if (theState != nullptr && IsKeptOutByState(theWindow, theState)) {
+        return theState;
+    }
+    const SharedWindow theFront = ModalWindowInFrontOf(theWindow, theState != nullptr);
+    return theFront != nullptr ? theFront : ModalWindowOfItsOwn(theWindow);
+}
+
+void TurnAway(const SharedWindow& theWindow)
+{
+    const SharedWindow theModal = ModalWindowOver(theWindow);
+    if (theModal == nullptr) {
+        return;
+    }
+    const SharedWindow theTop = TopSheetOf(theModal);
+    if (theTop->IsActive() || !ActivatedByPerson(theTop)) {
+        SysBeep(1);
+    }
 }
 
 void ReplayWindowLooks(Presenter& thePresenter)

@@ -380,8 +380,9 @@ void SelectWindow(WindowRef window)
 {
     With(window, [](const SharedWindow& theFound) {
         PutInFront(theFound);
-        if (theFound->TakesPart() && theFound->Traits().theSharesActivity) {
-            MakeActive(theFound);
+        if (const SharedWindow theTop = TopSheetOf(theFound);
+            theTop->TakesPart() && theTop->SharesActivity()) {
+            MakeActive(theTop);
         }
     });
 }
@@ -406,7 +407,7 @@ void SendBehind(WindowRef window, WindowRef behindWindow)
 OSStatus ActivateWindow(WindowRef inWindow, Boolean inActivate)
 {
     return With(inWindow, [=](const SharedWindow& theFound) {
-        if (inActivate && theFound->Traits().theSharesActivity) {
+        if (inActivate && theFound->SharesActivity()) {
             MakeActive(theFound);
         } else if (!inActivate && theFound == ActiveWindow()) {
             MakeActive(nullptr);
@@ -458,8 +459,7 @@ WindowRef Neighbour(WindowRef theWindow, int theDistance)
 
 WindowRef FrontNonFloatingWindow(void)
 {
-    return FirstWindow(
-        0, [](const Window& theOne) { return theOne.IsVisible() && theOne.Traits().theSharesActivity; });
+    return FirstWindow(0, [](const Window& theOne) { return theOne.IsVisible() && theOne.SharesActivity(); });
 }
 
 WindowRef FrontWindow(void)

@@ -30,13 +30,24 @@ size_t FindInOrder(const Window& theWindow)
                                theOrder.begin());
 }
 
-size_t FrontOfLayer(int theLayer)
+// The place of the first window, from the front, for which theTest holds of its layer.
+template <class Test>
+size_t FirstInLayers(Test theTest)
 {
     const Windows& theOrder = Order();
-    return static_cast<size_t>(
-        std::find_if(theOrder.begin(), theOrder.end(),
-                     [&](const auto& theOne) { return theOne->Traits().theLayer <= theLayer; }) -
-        theOrder.begin());
+    return static_cast<size_t>(std::find_if(theOrder.begin(), theOrder.end(),
+                                            [&](const auto& theOne) { return theTest(theOne->Layer()); }) -
+                               theOrder.begin());
+}
+
+size_t FrontOfLayer(SInt32 theLayer)
+{
+    return FirstInLayers([=](SInt32 theOther) { return theOther <= theLayer; });
+}
+
+size_t EndOfLayer(SInt32 theLayer)
+{
+    return FirstInLayers([=](SInt32 theOther) { return theOther < theLayer; });
 }
 
 // The windows from theFirst place to before theEnd get a new look: theirs are the places that have changed.
@@ -80,9 +91,34 @@ void Reorder(const SharedWindow& theWindow, size_t theIndex)
     }
 }
 
+// Puts the others of a group whose windows keep together right behind the one that came to front.
+void BringGroup(const SharedWindow& theWindow)
+{
+    if (!theWindow->Group()->Is(kWindowGroupAttrLayerTogether)) {
+        return;
+    }
+    // A copy, whose order stays. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const Windows theOrder = Order();
+    SharedWindow theLast = theWindow;
+    for (const SharedWindow& theOther : theOrder) {
+        if (theOther != theWindow && theOther->Group() == theWindow->Group() &&
+            theOther->Parent() == nullptr) {
+            Reorder(theOther, FindInOrder(*theLast) + 1);
+            PutSheetsInFrontOf(theOther);
+            theLast = theOther;
+        }
+    }
+}
+
+// Where the window stands, with the sheets in front of it.
+size_t FrontPlaceOf(const SharedWindow& theBase)
+{
+    return FindInOrder(*TopSheetOf(theBase));
+}
+
 bool CanBeActive(const Window& theWindow)
 {
-    return theWindow.Traits().theSharesActivity && theWindow.TakesPart() && !theWindow.IsClosing() &&
+    return theWindow.SharesActivity() && theWindow.TakesPart() && !theWindow.IsClosing() &&
            !theWindow.Has(kWindowNoActivatesAttribute);
 }
 
@@ -137,7 +173,7 @@ const std::vector<SharedWindow>& AllWindows()
 
 void AddToOrder(const SharedWindow& theWindow)
 {
-    Reorder(theWindow, FrontOfLayer(theWindow->Traits().theLayer));
+    Reorder(theWindow, FrontOfLayer(theWindow->Layer()));
 }
 
 void RemoveFromOrder(const SharedWindow& theWindow)
@@ -152,18 +188,59 @@ void RemoveFromOrder(const SharedWindow& theWindow)
 
 void PutInFront(const SharedWindow& theWindow)
 {
-    if (FindInOrder(*theWindow) != FrontOfLayer(theWindow->Traits().theLayer)) {
-        AddToOrder(theWindow);
+    const SharedWindow theBase = BaseOf(theWindow);
+    if (FrontPlaceOf(theBase) != FrontOfLayer(theBase->Layer())) {
+        AddToOrder(theBase);
+        PutSheetsInFrontOf(theBase);
     }
+    BringGroup(theBase);
 }
 
 void PutBehind(const SharedWindow& theWindow, const SharedWindow& theFront)
 {
-    const int theLayer = theWindow->Traits().theLayer;
-    const size_t theLast = FrontOfLayer(theLayer - 1);
+    const SharedWindow theBase = BaseOf(theWindow);
+    const size_t theLast = EndOfLayer(theBase->Layer());
     size_t theIndex = theFront == nullptr ? theLast : FindInOrder(*theFront) + 1;
-    theIndex = std::clamp(theIndex, FrontOfLayer(theLayer), theLast);
-    Reorder(theWindow, theIndex);
+    theIndex = std::clamp(theIndex, FrontOfLayer(theBase->Layer()), theLast);
+    Reorder(theBase, theIndex);
+    PutSheetsInFrontOf(theBase);
+}
+
+void PutSheetsInFrontOf(const SharedWindow& theBase)
+{
+    SharedWindow theParent = theBase;
+    for (SharedWindow theSheet = theBase->Sheet(); theSheet != nullptr; theSheet = theSheet->Sheet()) {
+        const size_t theIndex = FindInOrder(*theParent);
+        if (theIndex == 0 || Order()[theIndex - 1] != theSheet) {
+            Reorder(theSheet, theIndex);
+        }
+        theParent = theSheet;
+    }
+}
+
+void PutIntoLayer(const SharedWindow& theWindow, bool theIsFront)
+{
+    RemoveFromOrder(theWindow);
+    Reorder(theWindow, theIsFront ? FrontOfLayer(theWindow->Layer()) : EndOfLayer(theWindow->Layer()));
+    PutSheetsInFrontOf(BaseOf(theWindow));
+}
+
+SharedWindow BaseOf(const SharedWindow& theWindow)
+{
+    SharedWindow theBase = theWindow;
+    while (theBase->Parent() != nullptr) {
+        theBase = theBase->Parent();
+    }
+    return theBase;
+}
+
+SharedWindow TopSheetOf(const SharedWindow& theWindow)
+{
+    SharedWindow theTop = theWindow;
+    for (SharedWindow theSheet = theTop->Sheet(); theSheet != nullptr; theSheet = theTop->Sheet()) {
+        theTop = theSheet;
+    }
+    return theTop;
 }
 
 int IndexInOrder(const Window& theWindow)
@@ -176,7 +253,7 @@ int IndexInOrder(const Window& theWindow)
 SharedWindow ActiveWindow()
 {
     for (const SharedWindow& theWindow : Order()) {
-        if (theWindow->Traits().theSharesActivity && theWindow->IsActive()) {
+        if (theWindow->SharesActivity() && theWindow->IsActive()) {
             return theWindow;
         }
     }
@@ -202,23 +279,27 @@ void MakeActive(const SharedWindow& theWindow)
 
 void ActivateAfterShowing(const SharedWindow& theWindow)
 {
-    if (!theWindow->TakesPart()) {
+    const SharedWindow theTop = TopSheetOf(theWindow);
+    if (!theTop->TakesPart()) {
         return;
     }
-    if (theWindow->Traits().theIsAlwaysActive) {
-        theWindow->SetActive(true);
-    } else if (ActiveWindow() == nullptr || FirstThatCanBeActive() == theWindow) {
+    if (theTop->IsAlwaysActive()) {
+        theTop->SetActive(true);
+    } else if (ActiveWindow() == nullptr || FirstThatCanBeActive() == theTop) {
         MakeActive(FirstThatCanBeActive());
     }
 }
 
+// A sheet that is active leaves the screen with the window that it hangs from.
 void ActivateAfterHiding(const SharedWindow& theWindow)
 {
-    if (!theWindow->IsActive() || (theWindow->TakesPart() && !theWindow->IsClosing())) {
+    const SharedWindow theTop = TopSheetOf(theWindow);
+    const SharedWindow theLeaving = theTop->IsActive() ? theTop : theWindow;
+    if (!theLeaving->IsActive() || (theLeaving->TakesPart() && !theLeaving->IsClosing())) {
         return;
     }
-    if (theWindow->Traits().theIsAlwaysActive) {
-        theWindow->SetActive(false);
+    if (theLeaving->IsAlwaysActive()) {
+        theLeaving->SetActive(false);
     } else {
         MakeActive(FirstThatCanBeActive());
     }

@@ -30,8 +30,13 @@ const std::vector<SharedWindow>& AllWindows();
 // The topmost shown, expanded window whose structure holds a global point; null over the desktop.
 SharedWindow WindowAt(Point theGlobalPoint);
 
-// The window of modal kind in front that keeps the person from acting on theWindow; null when nothing does.
+// The window that keeps the person from acting on theWindow: one with a modal state, a modal one in front, or
+// a sheet that hangs from it. Null when nothing does.
 SharedWindow ModalWindowOver(const SharedWindow& theWindow);
+
+// A person pressed on a window that another one keeps them from: that one becomes active, or asks for
+// attention when it is so already.
+void TurnAway(const SharedWindow& theWindow);
 
 // What a person asks of a window. Each sends the request that the platform sends for it (kEventWindowClose,
 // kEventWindowCollapse, ...) to the window first and does the work itself only when no handler took it.

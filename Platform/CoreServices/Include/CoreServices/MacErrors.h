@@ -151,6 +151,7 @@ enum
     errInvalidWindowProperty = -5603,
     errWindowPropertyNotFound = -5604,
     errUnrecognizedWindowClass = -5605,
+    errUserWantsToDragWindow = -5607,
     errWindowNotFound = -5610,
     errWindowDoesNotFitOnscreen = -5611,
     windowAttributeImmutableErr = -5612,

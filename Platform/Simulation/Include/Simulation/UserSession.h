@@ -20,7 +20,8 @@ namespace Host {
 // Each step is done when the loop has handled everything that the steps before have led to; the loop may be
 // any (RunApplicationEventLoop, RunCurrentEventLoop, ReceiveNextEvent). After the last step the person asks
 // the application to quit. A step may add further steps; those come last. It may run a nested loop, during
-// which no other step begins. Exceptions must not leave a step.
+// which no other step begins; only a modal loop (RunAppModalLoopForWindow, RunStandardAlert) goes on with the
+// next steps, which are there to end it. Exceptions must not leave a step.
 //
 // The steps that are left when a session goes are not done. A session must not go during one of its own
 // steps. Main thread only.
@@ -45,8 +46,12 @@ public:
 private:
     static void Turn(EventLoopTimerRef theTimer, void* theUserData);
     void TakeTurn();
+    static void GoOnInLoop();
+    void InstallTimer();
     bool IsQueueBeingHandled();
     void AskForTurn();
+
+    static UserSession* sActing; // whose step is being done, innermost; null for none
 
     std::deque<Step> mSteps;
     EventLoopTimerRef mTimer = nullptr; // owned
