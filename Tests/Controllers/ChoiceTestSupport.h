@@ -42,6 +42,26 @@ inline WindowRef MakeChoiceWindow()
     return theWindow;
 }
 
+// A radio button below the one before, whose place is theTop. In a group it need not toggle itself. With the
+// tag 0 it has no identifier.
+inline ControlRef MakeRadioButton(WindowRef theWindow, short* theTop, CFStringRef theTitle, SInt32 theTag,
+                                  SInt32 theValue, bool theTogglesItself)
+{
+    *theTop = static_cast<short>(*theTop + 30);
+    const Rect theBounds = {*theTop, 10, static_cast<short>(*theTop + 20), 200};
+    const ControlID theID = {theTag == 0 ? UInt32{0} : UInt32{'Deli'}, theTag};
+    ControlRef theButton = nullptr;
+    CreateRadioButtonControl(theWindow, &theBounds, theTitle, theValue, theTogglesItself, &theButton);
+    SetControlID(theButton, &theID);
+    return theButton;
+}
+
+// As a person does it.
+inline void ClickRadioButton(ControlRef theButton)
+{
+    HIViewSimulateClick(theButton, kControlRadioButtonPart, 0, nullptr);
+}
+
 // An item of a menu; without a command, it has no tag.
 struct MenuEntry
 {

@@ -28,28 +28,11 @@ protected:
     }
     void TearDown() override { DisposeWindow(mWindow); }
 
-    // A button without identifier has the tag 0 here.
-    ControlRef Make(CFStringRef theTitle, SInt32 theTag, SInt32 theValue = 0)
-    {
-        mTop = static_cast<short>(mTop + 30);
-        const Rect theBounds = {mTop, 20, static_cast<short>(mTop + 20), 200};
-        ControlRef theButton = nullptr;
-        CreateRadioButtonControl(mWindow, &theBounds, theTitle, theValue, false, &theButton);
-        const ControlID theID = {theTag == 0 ? UInt32{0} : UInt32{'Deli'}, theTag};
-        SetControlID(theButton, &theID);
-        return theButton;
-    }
-
     ControlRef Add(CFStringRef theTitle, SInt32 theTag, SInt32 theValue = 0)
     {
-        const ControlRef theButton = Make(theTitle, theTag, theValue);
+        const ControlRef theButton = MakeRadioButton(mWindow, &mTop, theTitle, theTag, theValue, false);
         EmbedControl(theButton, mGroup);
         return theButton;
-    }
-
-    static void Click(ControlRef theButton)
-    {
-        HIViewSimulateClick(theButton, kControlRadioButtonPart, 0, nullptr);
     }
 
     // "2 010": the group's value, and which buttons are on.
@@ -94,7 +77,7 @@ TEST_F(LmChoiceBindingGroupTest, FollowsAClickAndWhatAProgramDoes)
 {
     LmChoiceBinding theChoice(mGroup);
     EXPECT_EQ(Selected(theChoice), "-1 -1 ");
-    Click(mCourier);
+    ClickRadioButton(mCourier);
     EXPECT_EQ(Selected(theChoice), "1 20 Courier");
     SetControl32BitValue(mGroup, 3);
     EXPECT_EQ(Selected(theChoice), "2 30 Pick up");
@@ -112,22 +95,22 @@ TEST_F(LmChoiceBindingGroupTest, FollowsAClickAndWhatAProgramDoes)
 TEST_F(LmChoiceBindingGroupTest, TellsOncePerSelectionAndInThisOrder)
 {
     LmChoiceBinding theChoice(mGroup);
-    Click(mPost);
+    ClickRadioButton(mPost);
     NotificationRecorder theRecorder;
     for (const char* theKey : {"title", "tag", "index", "count", "choices.0"}) {
         theChoice.ObserveKeyPathValue(theKey, &theRecorder);
     }
-    Click(mCourier);
+    ClickRadioButton(mCourier);
     EXPECT_EQ(theRecorder.Take(), (Lines{"changing index", "changed index", "changing tag", "changed tag",
                                          "changing title", "changed title"}));
-    Click(mCourier);
+    ClickRadioButton(mCourier);
     EXPECT_EQ(theRecorder.Take(), Lines());
 }
 
 TEST_F(LmChoiceBindingGroupTest, KeepsTheSelectionWhenButtonsComeAndGo)
 {
     LmChoiceBinding theChoice(mGroup);
-    Click(mCourier);
+    ClickRadioButton(mCourier);
     DisposeControl(mPost);
     EXPECT_EQ(Selected(theChoice), "0 20 Courier");
     EXPECT_EQ(Titles(theChoice), "Courier, Pick up");
@@ -154,7 +137,7 @@ TEST_F(LmChoiceBindingGroupTest, SelectsTheButtonThatComesTurnedOn)
 TEST_F(LmChoiceBindingGroupTest, KeepsTheSelectionWhenButtonsChangePlaces)
 {
     LmChoiceBinding theChoice(mGroup);
-    Click(mCourier);
+    ClickRadioButton(mCourier);
     ControlRef theRoot = nullptr;
     GetRootControl(mWindow, &theRoot);
     EmbedControl(mCourier, theRoot);
@@ -174,7 +157,7 @@ TEST_F(LmChoiceBindingGroupTest, TheTagOfAButtonWithoutIdentifierIsItsFirstPlace
 {
     const ControlRef thePigeon = Add(CFSTR("Pigeon"), 0);
     LmChoiceBinding theChoice(mGroup);
-    Click(thePigeon);
+    ClickRadioButton(thePigeon);
     EXPECT_EQ(Selected(theChoice), "3 3 Pigeon");
     DisposeControl(mPost);
     EXPECT_EQ(Selected(theChoice), "2 3 Pigeon");
@@ -183,7 +166,7 @@ TEST_F(LmChoiceBindingGroupTest, TheTagOfAButtonWithoutIdentifierIsItsFirstPlace
 TEST_F(LmChoiceBindingGroupTest, FollowsTheTitlesOfTheButtons)
 {
     LmChoiceBinding theChoice(mGroup);
-    Click(mCourier);
+    ClickRadioButton(mCourier);
     SetControlTitleWithCFString(mCourier, CFSTR("Bicycle"));
     EXPECT_EQ(Selected(theChoice), "1 20 Bicycle");
     EXPECT_EQ(Titles(theChoice), "Post, Bicycle, Pick up");
@@ -199,7 +182,7 @@ TEST_F(LmChoiceBindingGroupTest, FollowsTheTitlesOfTheButtons)
 TEST_F(LmChoiceBindingGroupTest, TheGroupMayBeDisposedOf)
 {
     LmChoiceBinding theChoice(mGroup);
-    Click(mCourier);
+    ClickRadioButton(mCourier);
     DisposeControl(mGroup);
     EXPECT_EQ(Selected(theChoice), "-1 20 ");
     EXPECT_EQ(Titles(theChoice), "");
@@ -217,7 +200,7 @@ TEST_F(LmChoiceBindingGroupTest, MayBeDestroyedByAnythingThatItTells)
             theChoice->SetKeyPathValue("choices.0", LmValue(CFSTR("Mail"), false));
         }
         if (theChoice != nullptr) {
-            Click(mPickUp);
+            ClickRadioButton(mPickUp);
         }
         EXPECT_EQ(theChoice, nullptr) << theKey;
         SetControlTitleWithCFString(mPost, CFSTR("Post"));

@@ -136,10 +136,7 @@ public:
         }
         theChoice.SetButtons(mButtons);
     }
-    void Click(int theButton) override
-    {
-        HIViewSimulateClick(At(theButton), kControlRadioButtonPart, 0, nullptr);
-    }
+    void Click(int theButton) override { ClickRadioButton(At(theButton)); }
     void Turn(int theButton, bool isOn) override { SetControl32BitValue(At(theButton), isOn ? 1 : 0); }
     void Dispose(int theButton) override
     {

@@ -32,22 +32,10 @@ protected:
 
     ControlRef MakeButton(CFStringRef theTitle, SInt32 theTag, SInt32 theValue = 0)
     {
-        mTop = static_cast<short>(mTop + 30);
-        const Rect theBounds = {mTop, 10, static_cast<short>(mTop + 20), 200};
-        ControlRef theButton = nullptr;
-        EXPECT_EQ(CreateRadioButtonControl(mWindow, &theBounds, theTitle, theValue, true, &theButton), noErr);
-        const ControlID theID = {'Deli', theTag};
-        SetControlID(theButton, &theID);
-        return theButton;
+        return MakeRadioButton(mWindow, &mTop, theTitle, theTag, theValue, true);
     }
 
     std::vector<ControlRef> All() const { return {mPost, mCourier, mPickUp}; }
-
-    // As a person does it.
-    static void Click(ControlRef theButton)
-    {
-        HIViewSimulateClick(theButton, kControlRadioButtonPart, 0, nullptr);
-    }
 
     // "010", which buttons are on.
     static std::string On(const std::vector<ControlRef>& theButtons)
@@ -123,7 +111,7 @@ TEST_F(LmChoiceBindingTest, FollowsAPersonsClicks)
     theChoice.Bind("tag", &mModel, "delivery", nullptr, nullptr);
     EXPECT_EQ(Selected(theChoice), "1 20 Courier");
     EXPECT_EQ(On(All()), "010");
-    Click(mPickUp);
+    ClickRadioButton(mPickUp);
     EXPECT_EQ(Selected(theChoice), "2 30 Pick up");
     EXPECT_EQ(On(All()), "001");
     EXPECT_EQ(Read(mModel, "delivery"), "SInt32 30");
@@ -138,7 +126,7 @@ TEST_F(LmChoiceBindingTest, FollowsButtonsThatDoNotTurnThemselvesOn)
     ControlRef theButton = nullptr;
     CreateRadioButtonControl(mWindow, &theBounds, CFSTR("Pigeon"), 0, false, &theButton);
     const LmChoiceBinding theChoice({mPost, theButton});
-    Click(theButton);
+    ClickRadioButton(theButton);
     EXPECT_EQ(Selected(theChoice), "1 1 Pigeon");
     EXPECT_EQ(On({mPost, theButton}), "01");
 }
@@ -210,10 +198,10 @@ TEST_F(LmChoiceBindingTest, TellsOncePerSelectionAndInThisOrder)
     for (const char* theKey : {"title", "tag", "index", "count", "choices.0"}) {
         theChoice.ObserveKeyPathValue(theKey, &theRecorder);
     }
-    Click(mCourier);
+    ClickRadioButton(mCourier);
     EXPECT_EQ(theRecorder.Take(), (Lines{"changing index", "changed index", "changing tag", "changed tag",
                                          "changing title", "changed title"}));
-    Click(mCourier);
+    ClickRadioButton(mCourier);
     EXPECT_EQ(theRecorder.Take(), Lines());
 }
 
@@ -237,24 +225,24 @@ TEST_F(LmChoiceBindingTest, ChangesTitlesAndNotTheCount)
 TEST_F(LmChoiceBindingTest, KeepsTheSelectionWhenButtonsChangePlaces)
 {
     LmChoiceBinding theChoice(All());
-    Click(mCourier);
+    ClickRadioButton(mCourier);
     theChoice.SetButtons({mCourier, mPickUp, mPost});
     EXPECT_EQ(Selected(theChoice), "0 20 Courier");
     EXPECT_EQ(Read(theChoice, "choices.2"), "String \"Post\"");
     EXPECT_EQ(On(All()), "010");
-    Click(mPost);
+    ClickRadioButton(mPost);
     EXPECT_EQ(Selected(theChoice), "2 10 Post");
 }
 
 TEST_F(LmChoiceBindingTest, KeepsTheSelectionWhenButtonsComeAndGo)
 {
     LmChoiceBinding theChoice(All());
-    Click(mCourier);
+    ClickRadioButton(mCourier);
     theChoice.SetButtons({mCourier});
     EXPECT_EQ(Selected(theChoice), "0 20 Courier");
     EXPECT_EQ(Read(theChoice, "count"), "SInt32 1");
     EXPECT_EQ(Read(theChoice, "choices.1"), "String \"\"");
-    Click(mPost);
+    ClickRadioButton(mPost);
     EXPECT_EQ(Selected(theChoice), "0 20 Courier") << "it is no choice any more";
     theChoice.SetButtons(All());
     EXPECT_EQ(Selected(theChoice), "1 20 Courier");
@@ -264,7 +252,7 @@ TEST_F(LmChoiceBindingTest, KeepsTheSelectionWhenButtonsComeAndGo)
 TEST_F(LmChoiceBindingTest, KeepsTheSelectionWhenButtonsAreDisposedOf)
 {
     LmChoiceBinding theChoice(All());
-    Click(mCourier);
+    ClickRadioButton(mCourier);
     DisposeControl(mPickUp);
     EXPECT_EQ(Selected(theChoice), "1 20 Courier");
     EXPECT_EQ(Read(theChoice, "count"), "SInt32 2");
@@ -301,7 +289,7 @@ TEST_F(LmChoiceBindingTest, AnObserverMaySelectSomethingElse)
     for (const char* theKey : {"index", "tag", "title"}) {
         for (const LmChangeTime theTime : {kAfterChange, kBeforeChange}) {
             LmChoiceBinding theChoice(All());
-            Click(mPost);
+            ClickRadioButton(mPost);
             bool isFirst = true;
             const LmObservation theObservation(
                 &theChoice, theKey,
@@ -311,7 +299,7 @@ TEST_F(LmChoiceBindingTest, AnObserverMaySelectSomethingElse)
                     }
                 },
                 theTime);
-            Click(mCourier);
+            ClickRadioButton(mCourier);
             EXPECT_EQ(Selected(theChoice), "2 30 Pick up") << theKey << ", time " << theTime;
             EXPECT_EQ(On(All()), "001") << theKey << ", time " << theTime;
         }
@@ -321,7 +309,7 @@ TEST_F(LmChoiceBindingTest, AnObserverMaySelectSomethingElse)
 TEST_F(LmChoiceBindingTest, AHandlerOfAButtonMaySelectSomethingElse)
 {
     LmChoiceBinding theChoice(All());
-    Click(mPost);
+    ClickRadioButton(mPost);
     const EventTypeSpec theType = {kEventClassControl, kEventControlValueFieldChanged};
     InstallEventHandler(
         GetControlEventTarget(mPost),
@@ -341,7 +329,7 @@ TEST_F(LmChoiceBindingTest, AnObserverMayReplaceTheButtons)
     const LmObservation theObservation(&theChoice, "index", [&](const LmChange&) {
         theChoice.SetButtons({mCourier, mPost});
     });
-    Click(mCourier);
+    ClickRadioButton(mCourier);
     EXPECT_EQ(Read(theChoice, "count"), "SInt32 2");
     EXPECT_EQ(On(All()), "010");
 }
@@ -353,7 +341,7 @@ TEST_F(LmChoiceBindingTest, MayBeDestroyedByAnythingThatItTells)
         const LmObservation theObservation(theChoice.get(), theKey,
                                            [&](const LmChange&) { theChoice.reset(); });
         const ControlRef theExtra = MakeButton(CFSTR("Pigeon"), 40);
-        Click(mCourier);
+        ClickRadioButton(mCourier);
         if (theChoice != nullptr) {
             theChoice->SetButtons({theExtra, mPost, mCourier, mPickUp});
         }
@@ -377,7 +365,7 @@ TEST_F(LmChoiceBindingTest, MayBeDestroyedWhileItGetsOtherButtons)
 TEST_F(LmChoiceBindingTest, MayBeDestroyedByAButtonThatItTurnsOff)
 {
     auto theChoice = std::make_unique<LmChoiceBinding>(All());
-    Click(mPost);
+    ClickRadioButton(mPost);
     const EventTypeSpec theType = {kEventClassControl, kEventControlValueFieldChanged};
     InstallEventHandler(
         GetControlEventTarget(mPost),
@@ -393,7 +381,7 @@ TEST_F(LmChoiceBindingTest, MayBeDestroyedByAButtonThatItTurnsOff)
 TEST_F(LmChoiceBindingTest, AButtonMayBeDisposedOfWhileItIsTurnedOff)
 {
     LmChoiceBinding theChoice(All());
-    Click(mPost);
+    ClickRadioButton(mPost);
     const EventTypeSpec theType = {kEventClassControl, kEventControlValueFieldChanged};
     InstallEventHandler(
         GetControlEventTarget(mPost),
@@ -412,7 +400,7 @@ TEST_F(LmChoiceBindingTest, LetsTheButtonsGoAtItsEnd)
     {
         const LmChoiceBinding theChoice(All());
     }
-    Click(mPost);
-    Click(mCourier);
+    ClickRadioButton(mPost);
+    ClickRadioButton(mCourier);
     EXPECT_EQ(On(All()), "110");
 }
