@@ -15,7 +15,7 @@ fresh_tree()
     rm -rf "${gTree:?}"/*
     mkdir -p "$gTree"/Source/{Core,Core/Internal,Controllers/Internal,Inspection/Internal,Inspector/Internal} \
         "$gTree"/Platform/{CoreFoundation,CoreServices,Simulation} \
-        "$gTree"/Platform/Carbon/Source/{Base,System,Events,Menus,Windows/ControlKinds,Views,Toolbox,Input} \
+        "$gTree"/Platform/Carbon/Source/{Base,System,Events,Menus,Windows/ControlKinds,Objects,Views,Toolbox,Input} \
         "$gTree/Platform/Common" "$gTree"/Platform/Presentation/{Include/Presentation,Headless,Qt} "$gTree/Examples" \
         "$gTree"/Tools/{Inspect,Inspector}
     printf '%s\n' '#ifndef LmThing_h' '#include <Carbon/Carbon.h>' '#include <vector>' '#endif' \

@@ -5,6 +5,7 @@
 #include "CFAllocatorObject.h"
 #include "CFStringObject.h"
 #include "CFText.h"
+#include "Common/NumberedObjects.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -17,13 +18,32 @@ const Host::TypeOperations* const kTypes[] = {
     &Host::kDateType,      &Host::kDictionaryType,    &Host::kErrorType,    &Host::kNullType,
     &Host::kNumberType,    &Host::kSetType,           &Host::kStringType,   &Host::kURLType,
     &Host::kBundleType,    &Host::kDateFormatterType, &Host::kLocaleType,   &Host::kNumberFormatterType,
-    &Host::kRunLoopType,   &Host::kRunLoopTimerType,  &Host::kTimeZoneType,
+    &Host::kRunLoopType,   &Host::kRunLoopTimerType,  &Host::kTimeZoneType, &Host::kNumberedObjectType,
 };
+
+Host::NumberedObjects gNumberedObjects = {};
+
+// Stands for each object whose reference is a number. It is never freed, so that what counts references looks
+// further only where it has found nothing to count.
+const Host::Object kNumberedObject(Host::kNumberedObjectType, Host::kImmortal);
+
+bool IsNumber(CFTypeRef theObject)
+{
+    return (reinterpret_cast<std::uintptr_t>(theObject) & 1) != 0;
+}
+
+bool IsNumberedObject(CFTypeRef theObject)
+{
+    return IsNumber(theObject) && gNumberedObjects.theRetain != nullptr;
+}
 
 const Host::Object* RequireObject(CFTypeRef theObject, const char* theCaller)
 {
     if (theObject == nullptr) {
         Host::Stop(theCaller, "the object is NULL");
+    }
+    if (IsNumber(theObject)) {
+        return &kNumberedObject;
     }
     return static_cast<const Host::Object*>(theObject);
 }
@@ -40,6 +60,14 @@ void ShowString(CFStringRef theString)
 }
 
 } // namespace
+
+const Host::TypeOperations Host::kNumberedObjectType = {
+    kNumberedObjectTypeID, "HIObject", nullptr, nullptr, nullptr, nullptr, nullptr};
+
+void Host::UseNumberedObjects(const NumberedObjects& theObjects)
+{
+    gNumberedObjects = theObjects;
+}
 
 void Host::Stop(const char* theCaller, const char* theReason)
 {
@@ -68,6 +96,8 @@ CFTypeRef CFRetain(CFTypeRef inObject)
     std::atomic<CFIndex>& theCount = RequireObject(inObject, __func__)->mRetainCount;
     if (theCount.load(std::memory_order_relaxed) != Host::kImmortal) {
         theCount.fetch_add(1, std::memory_order_relaxed);
+    } else if (IsNumberedObject(inObject)) {
+        gNumberedObjects.theRetain(inObject);
     }
     return inObject;
 }
@@ -76,6 +106,9 @@ void CFRelease(CFTypeRef inObject)
 {
     const Host::Object* const theHeader = RequireObject(inObject, __func__);
     if (theHeader->mRetainCount.load(std::memory_order_relaxed) == Host::kImmortal) {
+        if (IsNumberedObject(inObject)) {
+            gNumberedObjects.theRelease(inObject);
+        }
         return;
     }
     // What other threads did with the object happens before it is freed.
@@ -86,7 +119,9 @@ void CFRelease(CFTypeRef inObject)
 
 CFIndex CFGetRetainCount(CFTypeRef inObject)
 {
-    return RequireObject(inObject, __func__)->mRetainCount.load(std::memory_order_relaxed);
+    const Host::Object* const theHeader = RequireObject(inObject, __func__);
+    return IsNumberedObject(inObject) ? gNumberedObjects.theCount(inObject)
+                                      : theHeader->mRetainCount.load(std::memory_order_relaxed);
 }
 
 Boolean CFEqual(CFTypeRef inFirst, CFTypeRef inSecond)
@@ -115,8 +150,8 @@ CFStringRef CFCopyDescription(CFTypeRef inObject)
     if (inObject == nullptr) {
         return nullptr;
     }
-    return Host::NothingWithoutMemory([inObject] {
-        const Host::Object* const theHeader = static_cast<const Host::Object*>(inObject);
+    const Host::Object* const theHeader = RequireObject(inObject, __func__);
+    return Host::NothingWithoutMemory([theHeader] {
         if (theHeader->mType->theCopyDescription == nullptr) {
             return Host::Text().AppendHeader(theHeader).CopyString();
         }

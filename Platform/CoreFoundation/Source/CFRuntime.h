@@ -56,7 +56,8 @@ enum : CFTypeID
     kNumberFormatterTypeID,
     kRunLoopTypeID,
     kRunLoopTimerTypeID,
-    kTimeZoneTypeID
+    kTimeZoneTypeID,
+    kNumberedObjectTypeID
 };
 
 extern const TypeOperations kAllocatorType;
@@ -70,6 +71,7 @@ extern const TypeOperations kDictionaryType;
 extern const TypeOperations kErrorType;
 extern const TypeOperations kLocaleType;
 extern const TypeOperations kNullType;
+extern const TypeOperations kNumberedObjectType;
 extern const TypeOperations kNumberType;
 extern const TypeOperations kNumberFormatterType;
 extern const TypeOperations kRunLoopType;

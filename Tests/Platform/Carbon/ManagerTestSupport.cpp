@@ -47,6 +47,13 @@ const EventName kRequestNames[] = {
     {kEventClassControl, kEventControlGetData, "GetData"},
 };
 
+// What only controls hear that a program looks after itself.
+const EventName kCustomNames[] = {
+    {kEventClassControl, kEventControlInitialize, "Initialize"},
+    {kEventClassControl, kEventControlHitTest, "HitTest"},
+    {kEventClassControl, kEventControlInterceptSubviewClick, "InterceptSubviewClick"},
+};
+
 const EventName kWindowNames[] = {
     {kEventClassWindow, kEventWindowActivated, "Activated"},
     {kEventClassWindow, kEventWindowDeactivated, "Deactivated"},
@@ -154,7 +161,7 @@ std::string NameOf(EventRef theEvent)
 {
     std::string theName;
     if (FindName(kControlNames, theEvent, &theName) || FindName(kRequestNames, theEvent, &theName) ||
-        FindName(kWindowNames, theEvent, &theName)) {
+        FindName(kCustomNames, theEvent, &theName) || FindName(kWindowNames, theEvent, &theName)) {
         return theName;
     }
     return std::to_string(GetEventClass(theEvent)) + "/" + std::to_string(GetEventKind(theEvent));

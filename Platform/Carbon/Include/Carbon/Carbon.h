@@ -14,6 +14,7 @@
 #include <Carbon/Controls.h>
 #include <Carbon/Events.h>
 #include <Carbon/HIGeometry.h>
+#include <Carbon/HIObject.h>
 #include <Carbon/HIView.h>
 #include <Carbon/MacWindows.h>
 #include <Carbon/Menus.h>

@@ -406,8 +406,9 @@ CARBON_EXPORT OSStatus CreateTabsControl(WindowRef window, const Rect* boundsRec
 CARBON_EXPORT OSErr SetTabEnabled(ControlRef inTabControl, SInt16 inTabToHilite, Boolean inEnabled);
 
 // A pane that shows nothing itself. features are those that GetControlFeatures gives: with
-// kControlSupportsEmbedding, other controls can be embedded, and are hidden and shown with it. The procedures
-// that a program can give it to draw and to follow the mouse are not there. A null window is a paramErr.
+// kControlSupportsEmbedding, other controls can be embedded, and are hidden and shown with it. A press
+// reaches it where handlers of kEventControlHitTest give a part; the procedures that a program can give it
+// are not there. A null window is a paramErr.
 CARBON_EXPORT OSStatus CreateUserPaneControl(WindowRef window, const Rect* boundsRect, UInt32 features,
                                              ControlRef* outControl);
 

@@ -28,6 +28,24 @@ typedef ControlKind HIViewKind;
 typedef ControlPartCode HIViewPartCode;
 typedef OptionBits HIViewFeatures;
 
+// The same bits as those of Controls.h. With a view of a program's own, the first three have an effect; the
+// others are hints, which are kept.
+enum
+{
+    kHIViewFeatureAllowsSubviews = kControlSupportsEmbedding,
+    kHIViewFeatureGetsFocusOnClick = kControlGetsFocusOnClick,
+    kHIViewFeatureIgnoresClicks = 1 << 29,
+    kHIViewFeatureSupportsGhosting = 1 << 0,
+    kHIViewFeatureSupportsLiveFeedback = kControlSupportsLiveFeedback,
+    kHIViewFeatureSupportsRadioBehavior = kControlHasRadioBehavior,
+    kHIViewFeatureAutoToggles = kControlAutoToggles,
+    kHIViewFeatureIdlesWithTimer = 1 << 23,
+    kHIViewFeatureInvertsUpDownValueMeaning = 1 << 24,
+    kHIViewFeatureIsOpaque = 1 << 25,
+    kHIViewFeatureDoesNotDraw = 1 << 27,
+    kHIViewFeatureDoesNotUseSpecialParts = 1 << 28
+};
+
 typedef UInt32 HIViewZOrderOp;
 enum
 {
@@ -135,6 +153,16 @@ CARBON_EXPORT OSStatus HIViewGetPartHit(HIViewRef inView, const HIPoint* inPoint
 CARBON_EXPORT OSStatus HIViewGetSubviewHit(HIViewRef inView, const HIPoint* inPoint, Boolean inDeep,
                                            HIViewRef* outView);
 
+// The view inside inView, or itself, that an event of the mouse is for: the frontmost and deepest one at its
+// place. On the way each view that has others at that place is asked with
+// kEventControlInterceptSubviewClick, and is the one when a handler answers noErr. Null when the place is
+// outside. paramErr for an event without a place, and for a view without a window.
+CARBON_EXPORT OSStatus HIViewGetViewForMouseEvent(HIViewRef inView, EventRef inEvent, HIViewRef* outView);
+
+// Presses a view as the mouse does it, with the event of a press in the view's window. What follows is as if
+// the person had pressed there, up to the button's coming up. paramErr for other events.
+CARBON_EXPORT OSStatus HIViewClick(HIViewRef inView, EventRef inEvent);
+
 // State -------------------------------------------------------------------------------------------------
 
 // Values and texts, as the calls of the same name in Controls.h have them, with a status. The setters send
@@ -159,6 +187,11 @@ CARBON_EXPORT OSStatus HIViewGetCommandID(HIViewRef inView, UInt32* outCommandID
 CARBON_EXPORT OSStatus HIViewSetCommandID(HIViewRef inView, UInt32 inCommandID);
 CARBON_EXPORT OSStatus HIViewGetKind(HIViewRef inView, HIViewKind* outViewKind);
 CARBON_EXPORT OSStatus HIViewGetFeatures(HIViewRef inView, HIViewFeatures* outFeatures);
+
+// What a view can do is another from now on: first those of inFeaturesToSet, then not those of
+// inFeaturesToClear. Nothing is sent, and views that are in it stay.
+CARBON_EXPORT OSStatus HIViewChangeFeatures(HIViewRef inView, HIViewFeatures inFeaturesToSet,
+                                            HIViewFeatures inFeaturesToClear);
 
 // Whether a view is so together with all around it. The second answer, which may be null, is the view's own
 // alone.

@@ -26,6 +26,8 @@ enum class ReferenceKind : std::uintptr_t
     kWindowGroup = 10,
     kDialog = 11,
     kTimer = 12,
+    kObject = 13,
+    kObjectClass = 14,
 };
 
 // The opaque references of one kind of object.

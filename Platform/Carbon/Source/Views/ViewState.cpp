@@ -144,6 +144,17 @@ OSStatus HIViewGetFeatures(HIViewRef inView, HIViewFeatures* outFeatures)
     return GetControlFeatures(inView, outFeatures);
 }
 
+OSStatus HIViewChangeFeatures(HIViewRef inView, HIViewFeatures inFeaturesToSet,
+                              HIViewFeatures inFeaturesToClear)
+{
+    const SharedControl theView = Host::FindControl(inView);
+    if (theView == nullptr) {
+        return errUnknownControl;
+    }
+    theView->SetFeatures((theView->Features() | inFeaturesToSet) & ~inFeaturesToClear);
+    return noErr;
+}
+
 Boolean HIViewIsVisible(HIViewRef inView)
 {
     return GetState(inView, ControlState::kVisible, nullptr);

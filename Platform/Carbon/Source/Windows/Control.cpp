@@ -315,6 +315,11 @@ Rect Control::PlaceOf(ControlPartCode thePart) const
     return PartAt(MiddleOf(theBounds)) == thePart ? theBounds : Rect{0, 0, 0, 0};
 }
 
+bool Control::HasPartAt(ControlPartCode thePart, Point thePoint) const
+{
+    return Contains(PlaceOf(thePart), thePoint);
+}
+
 bool Control::IsIndicator(ControlPartCode) const
 {
     return false;
@@ -374,5 +379,7 @@ ControlPartCode Control::FocusPart(bool) const
 void Control::FocusMoved(bool) {}
 
 void Control::EnteredByKey() {}
+
+void Control::Disposed() {}
 
 } // namespace Host

@@ -100,10 +100,16 @@ public:
     ControlRef Reference() const;
     OSType Kind() const { return mKind; }
     UInt32 Features() const { return mFeatures; }
+    void SetFeatures(UInt32 theFeatures) { mFeatures = theFeatures; }
     EventTargetRef Target() const { return mTarget; }
     EventTargetRef TargetAround() const; // the container's, the window's or the application's
     bool IsGone() const { return mIsGone; }
     bool IsGoing() const { return mIsGoing; } // from the start of its disposal
+
+    // What CFRetain and CFRelease count; the last release disposes it. Roots go with their windows.
+    CFIndex Count() const { return mCount; }
+    void Retain() { ++mCount; }
+    void Release();
 
     // Place.
     const std::vector<SharedControl>& SubControls() const { return mSubControls; }
@@ -168,6 +174,9 @@ public:
     // Where a part is, in the window's content; an empty rectangle for parts that the control does not have.
     virtual Rect PlaceOf(ControlPartCode thePart) const;
 
+    // Whether a press that took a part is still on it at this point.
+    virtual bool HasPartAt(ControlPartCode thePart, Point thePoint) const;
+
     // Whether a part is an indicator that a person drags, and where it puts the value.
     virtual bool IsIndicator(ControlPartCode thePart) const;
     virtual SInt32 ValueAt(Point thePoint) const;
@@ -208,11 +217,15 @@ public:
     // A key has brought the focus here.
     virtual void EnteredByKey();
 
+    // It is disposed, and handlers on it are about to go.
+    virtual void Disposed();
+
     virtual const ControlDataTag* FindTag(ResType theTag) const;
     virtual void AddToLook(ControlLook& theLook) const = 0;
 
     // Sets the range at creation, when there is nobody to tell.
     void StartWithRange(const ControlRange& theRange);
+    void StartHidden() { mStates.Set(ControlState::kVisible, false); }
 
     // The program's own name for the control, which need not be the only one of that name.
     const ControlID& ID() const { return mID; }
@@ -251,6 +264,7 @@ private:
     std::weak_ptr<Window> mOwner;
     std::vector<SharedControl> mSubControls; // from back to front
     size_t mOrder = 0;                       // place among those of the parent
+    CFIndex mCount = 1;
     bool mIsGone = false;
     bool mIsGoing = false; // being disposed; handlers are hearing of it
     bool mIsRoot = false;

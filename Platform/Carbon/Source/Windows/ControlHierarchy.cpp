@@ -150,10 +150,18 @@ void Control::Dispose()
     Names().erase({KeyOf(mID), mIdentifier});
     RemoveLayout(*this);
     Controls().Remove(Reference());
+    Disposed();
     DisposeEventTarget(mTarget);
     PresenterRegistry::Current().ControlGone(mIdentifier);
     if (theParent != nullptr && !theParent->mIsGoing) {
         theParent->SubControlsChanged();
+    }
+}
+
+void Control::Release()
+{
+    if (!mIsRoot && !mIsGoing && --mCount == 0) {
+        Dispose();
     }
 }
 

@@ -12,6 +12,15 @@
 
 namespace Host {
 
+Point OriginOf(const Control& theControl)
+{
+    if (!theControl.IsInCompositingWindow()) {
+        return MakePoint(0, 0);
+    }
+    const Rect theBounds = theControl.WindowBounds();
+    return MakePoint(theBounds.left, theBounds.top);
+}
+
 namespace {
 
 // The press that is going on. There is one mouse.
@@ -35,17 +44,6 @@ void CallAction(const SharedControl& theControl, ControlPartCode thePart)
     if (theControl->mAction != nullptr) {
         theControl->mAction(theControl->Reference(), thePart);
     }
-}
-
-// Where the application counts the points of a control from: the content's top left, in a compositing window
-// the control's own.
-Point OriginOf(const Control& theControl)
-{
-    if (!theControl.IsInCompositingWindow()) {
-        return MakePoint(0, 0);
-    }
-    const Rect theBounds = theControl.WindowBounds();
-    return MakePoint(theBounds.left, theBounds.top);
 }
 
 // The part that a press at a point of the window's content would take.
@@ -156,7 +154,9 @@ void Start(const SharedControl& theControl, ControlPartCode thePart, const Press
     theTracking.thePart = thePart;
     theTracking.theClickCount = thePress.theClickCount;
     theTracking.theDraggedValue = theControl->Range().theValue;
-    theTracking.theGrip = GripAt(*theControl, thePress.thePoint);
+    if (theControl->IsIndicator(thePart)) {
+        theTracking.theGrip = GripAt(*theControl, thePress.thePoint);
+    }
     theControl->SetHilite(thePart);
     if (theControl->IsGone()) {
         return;
@@ -253,6 +253,9 @@ void Toggle(const SharedControl& theControl, ControlPartCode thePart)
 
 void PressAndRelease(const SharedControl& theControl, ControlPartCode thePart, UInt32 theModifiers)
 {
+    if (theControl->IsGone()) {
+        return; // a handler that was asked for the part has seen to it
+    }
     if (const std::optional<ControlPartCode> theHit = theControl->TrackInLoop(thePart, theModifiers)) {
         if (*theHit != kControlNoPart && !theControl->IsGone()) {
             Hit(theControl, *theHit, theModifiers, 1);
@@ -288,7 +291,7 @@ void BeginTracking(const SharedControl& theControl, const Press& thePress)
     }
     FocusByClick(theControl);
     const ControlPartCode thePart = PartToTrack(*theControl, thePress);
-    if (thePart == kControlNoPart) {
+    if (thePart == kControlNoPart || theControl->IsGone()) {
         return;
     }
     std::optional<TrackingResult> theResult = TrackByHandler(*theControl, thePress);
@@ -315,7 +318,7 @@ void ContinueTracking(Point theContentPoint, std::optional<SInt32> theExactValue
     if (theControl->IsIndicator(thePart)) {
         DragTo(theControl, theExactValue ? *theExactValue : ValueUnder(*theControl, theContentPoint));
     } else {
-        const bool theIsInside = Contains(theControl->PlaceOf(thePart), theContentPoint);
+        const bool theIsInside = theControl->HasPartAt(thePart, theContentPoint);
         theControl->SetHilite(theIsInside ? thePart : ControlPartCode{kControlNoPart});
     }
 }

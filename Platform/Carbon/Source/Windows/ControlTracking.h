@@ -9,6 +9,10 @@
 
 namespace Host {
 
+// Where the program counts the points of a control from: the content's top left, in a compositing window the
+// control's own.
+Point OriginOf(const Control& theControl);
+
 // A press of the primary button.
 struct Press
 {

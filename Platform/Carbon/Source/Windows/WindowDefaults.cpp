@@ -36,6 +36,8 @@ void SelectByClick(const SharedWindow& theWindow)
     }
 }
 
+} // namespace
+
 Press PressOf(const Window& theWindow, EventRef theEvent, const HIPoint& theGlobalPoint)
 {
     const Rect theStructure = theWindow.Structure();
@@ -49,6 +51,8 @@ Press PressOf(const Window& theWindow, EventRef theEvent, const HIPoint& theGlob
     ReadParameter(theEvent, kEventParamClickCount, typeUInt32, &thePress.theClickCount);
     return thePress;
 }
+
+namespace {
 
 OSStatus PressMouse(const SharedWindow& theWindow, EventRef theEvent, const HIPoint& theGlobalPoint)
 {

@@ -3,6 +3,7 @@
 #ifndef Windows_WindowDefaults_h
 #define Windows_WindowDefaults_h
 
+#include "ControlTracking.h"
 #include "Window.h"
 
 namespace Host {
@@ -14,6 +15,9 @@ OSStatus HandleWindowEvent(const SharedWindow& theWindow, EventRef theEvent);
 
 // Whether it does anything with events of a class.
 bool ConcernsWindow(OSType theClass);
+
+// The press of a mouse event at a global point in a window.
+Press PressOf(const Window& theWindow, EventRef theEvent, const HIPoint& theGlobalPoint);
 
 // Between the bounds that fill the main screen and those before. False when that changed nothing.
 bool Zoom(const SharedWindow& theWindow);

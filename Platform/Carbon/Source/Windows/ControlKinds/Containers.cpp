@@ -19,13 +19,8 @@ void RootControl::AddToLook(ControlLook& theLook) const
 }
 
 UserPane::UserPane(UInt32 theFeatures)
-    : Control(kControlKindUserPane, theFeatures)
+    : CustomView(theFeatures)
 {
-}
-
-void UserPane::AddToLook(ControlLook& theLook) const
-{
-    theLook.theShape = ControlShape::kPane;
 }
 
 GroupBox::GroupBox()

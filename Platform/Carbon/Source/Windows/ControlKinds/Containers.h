@@ -3,7 +3,7 @@
 #ifndef ControlKinds_Containers_h
 #define ControlKinds_Containers_h
 
-#include "Windows/Control.h"
+#include "CustomViews.h"
 
 namespace Host {
 
@@ -16,11 +16,10 @@ public:
 };
 
 // Holds what the program puts into it.
-class UserPane : public Control
+class UserPane : public CustomView
 {
 public:
     explicit UserPane(UInt32 theFeatures);
-    void AddToLook(ControlLook& theLook) const override;
 };
 
 class GroupBox : public Control
