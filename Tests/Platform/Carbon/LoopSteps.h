@@ -10,10 +10,8 @@
 #include <utility>
 #include <vector>
 
-// What happens while a loop runs, one second after another, on a clock that stands still otherwise.
-//
-//     theSteps.Then([&] { QuitAppModalLoopForWindow(mWindow); });
-//     EXPECT_EQ(RunAppModalLoopForWindow(mWindow), noErr);
+// What happens while a loop runs, one second after another, on a clock that stands still otherwise: what is
+// given to Then before the call that runs the loop.
 class LoopSteps
 {
 public:
