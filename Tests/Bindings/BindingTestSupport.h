@@ -3,12 +3,16 @@
 #ifndef BindingTestSupport_h
 #define BindingTestSupport_h
 
+#include "LmJournalHook.h"
 #include "LmKeyValueBinding.h"
 
 #include <Carbon/Carbon.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <utility>
+#include <vector>
 
 // What the tests of the bindings share.
 
@@ -77,6 +81,47 @@ inline OSStatus ConsumeEvent(EventHandlerCallRef, EventRef, void*)
 {
     return noErr;
 }
+
+// The journal ------------------------------------------------------------------------------------------
+
+// Keeps the entries of one kind, and counts those of them of which the journal was told that what they began
+// has ended.
+class KeptEntries : public LmJournalHook
+{
+public:
+    explicit KeptEntries(LmJournalKind theKind)
+        : mKind(theKind)
+    {
+        LmSetJournalHook(this);
+    }
+    ~KeptEntries() { LmSetJournalHook(nullptr); }
+
+    KeptEntries(const KeptEntries&) = delete;
+    KeptEntries& operator=(const KeptEntries&) = delete;
+
+    std::uint64_t Write(const LmJournalEntry& theEntry, const void* theScope) noexcept override
+    {
+        if (theEntry.theKind == mKind) {
+            mEntries.push_back(theEntry);
+            mOpen.push_back(theScope);
+        }
+        return mEntries.size();
+    }
+    void Close(const void* theScope) noexcept override
+    {
+        if (!mOpen.empty() && mOpen.back() == theScope) {
+            mOpen.pop_back();
+            mClosed += 1;
+        }
+    }
+
+    std::vector<LmJournalEntry> mEntries;
+    std::size_t mClosed = 0;
+
+private:
+    LmJournalKind mKind;
+    std::vector<const void*> mOpen;
+};
 
 // Life -------------------------------------------------------------------------------------------------
 

@@ -521,6 +521,19 @@ TEST_F(LmControlBindingTest, ControlEventsOfOtherKindsChangeNothing)
     EXPECT_EQ(GetControl32BitValue(theSlider), 6) << "the update flag is set again";
 }
 
+TEST_F(LmControlBindingTest, TheJournalIsToldOfAnEventAndOfItsEnd)
+{
+    ControlRef theSlider = MakeSlider(5, 0, 10);
+    const LmControlBinding* const theBinding = new LmControlBinding(theSlider);
+    const KeptEntries theEvents(kJournalEvent);
+    SetControl32BitValue(theSlider, 6);
+    ASSERT_EQ(theEvents.mEntries.size(), 1U);
+    EXPECT_EQ(theEvents.mEntries[0].theObject, static_cast<const LmKeyValueStore*>(theBinding));
+    EXPECT_EQ(theEvents.mEntries[0].theCode, UInt32{kEventClassControl});
+    EXPECT_EQ(theEvents.mEntries[0].theDetail, UInt32{kEventControlValueFieldChanged});
+    EXPECT_EQ(theEvents.mClosed, 1U);
+}
+
 TEST_F(LmControlBindingTest, SyncingByHandWritesTheControlAgainAsAnySetKey)
 {
     ControlRef theSlider = MakeSlider(5, 0, 10);

@@ -147,6 +147,17 @@ TEST_F(LmMenuBindingTest, ACommandInAHierarchicalMenuIsFound)
     EXPECT_EQ(TextOf(theBinding->GetKeyPathValue("title")), "Celsius");
 }
 
+TEST_F(LmMenuBindingTest, EveryNumberButZeroIsACommand)
+{
+    AppendMenuItemTextWithCFString(mMenu, CFSTR("First"), 0, 1, nullptr);
+    LmMenuBinding* theBinding = new LmMenuBinding(1);
+    EXPECT_EQ(theBinding->GetMenuCommand(), 1U);
+    EXPECT_EQ(TextOf(theBinding->GetKeyPathValue("title")), "First");
+    EXPECT_NE(std::string(theBinding->GetDebugInfo().GetUTF8()).find("\"First\""), std::string::npos);
+    theBinding->SetKeyPathValue("title", TextValue("Second"));
+    EXPECT_EQ(GetTitle(3), "Second");
+}
+
 TEST_F(LmMenuBindingTest, TheDebugTextShowsCommandAndItemText)
 {
     LmMenuBinding* theBinding = new LmMenuBinding(kHeating);

@@ -1,5 +1,6 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
+#include "BindingTestSupport.h"
 #include "LmPreferenceBinding.h"
 #include "NotificationRecorder.h"
 #include "PreferenceSpy.h"
@@ -493,6 +494,21 @@ TEST_F(LmPreferenceBindingTest, FlushingSynchronisesAndTellsTheResult)
     EXPECT_EQ(PreferenceSpy::TakeCalls(),
               (Lines{"synchronise com.example.app", "synchronise com.example.app"}));
     EXPECT_EQ(TakeDiagnostics(), Lines{});
+}
+
+TEST_F(LmPreferenceBindingTest, TheJournalIsToldWhetherFlushingSucceeded)
+{
+    const KeptEntries theFlushes(kJournalFlush);
+    theBinding->Flush();
+    PreferenceSpy::SetSynchroniseResult(false);
+    theBinding->Flush();
+    PreferenceSpy::TakeCalls();
+    ASSERT_EQ(theFlushes.mEntries.size(), 2U);
+    EXPECT_EQ(theFlushes.mEntries[0].theDetail, 1U);
+    EXPECT_EQ(theFlushes.mEntries[1].theDetail, 0U);
+    for (const LmJournalEntry& theEntry : theFlushes.mEntries) {
+        EXPECT_EQ(theEntry.theCode, 0U);
+    }
 }
 
 TEST_F(LmPreferenceBindingTest, NothingIsSynchronisedUntilTheBindingDies)

@@ -1,15 +1,18 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
 #include "AllocationFailures.h"
+#include "LmJournalHook.h"
 #include "LmKeyValueBinding.h"
 #include "LmValueTransform.h"
 #include "NamedObserver.h"
 
 #include <Carbon/Carbon.h>
 
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <memory>
 #include <new>
+#include <vector>
 
 // What stores, observers and binding objects do when memory runs out: the first, the second, the third...
 // allocation of a call fails, until the call needs no more. A call that throws has changed nothing.
@@ -452,6 +455,53 @@ TEST_P(AllocationFailure, OfDestructionMakesNothingFail)
             EXPECT_FALSE(hasThrown);
             EXPECT_EQ(the.theB.Unbind(kOtherLongName, nullptr), noErr);
         });
+    EXPECT_EQ(TakeReports(), Lines{});
+}
+
+namespace {
+
+// Keeps the records of which the journal says that they are bound.
+class BoundRecords : public LmJournalHook
+{
+public:
+    BoundRecords()
+    {
+        // What is kept later needs no memory.
+        mRecords.reserve(10);
+        LmSetJournalHook(this);
+    }
+    ~BoundRecords() { LmSetJournalHook(nullptr); }
+    BoundRecords(const BoundRecords&) = delete;
+    BoundRecords& operator=(const BoundRecords&) = delete;
+
+    std::uint64_t Write(const LmJournalEntry& theEntry, const void*) noexcept override
+    {
+        if (theEntry.theKind == kJournalBind) {
+            mRecords.push_back(theEntry.theRecord);
+        } else if (theEntry.theKind == kJournalUnbind && mRecords.back() == theEntry.theRecord) {
+            mRecords.pop_back();
+        }
+        return 0;
+    }
+
+    std::vector<const void*> mRecords;
+};
+
+} // namespace
+
+TEST_P(AllocationFailure, OfABindingIsInTheJournalAsItsEnd)
+{
+    struct Scene
+    {
+        LmKeyValueBinding theA;
+        LmKeyValueBinding theB;
+        BoundRecords theRecords;
+    };
+    FailEach<Scene>([](Scene& the) { the.theA.Bind(kLongName, &the.theB, kOtherLongName, nullptr, nullptr); },
+                    [](Scene& the, bool) {
+                        const bool isBound = the.theA.AmObserving(&the.theB, kOtherLongName);
+                        EXPECT_EQ(the.theRecords.mRecords.size(), isBound ? 2U : 0U);
+                    });
     EXPECT_EQ(TakeReports(), Lines{});
 }
 

@@ -296,15 +296,65 @@ TEST(ManyFollowers, OneMoreIsBoundWhollyOrNotAtAllWhenMemoryRunsOut)
     }
 }
 
+TEST(ManyFollowers, APairIsBoundOnceMoreWhollyOrNotAtAllWhenMemoryRunsOut)
+{
+    for (std::size_t theNumber = 1;; ++theNumber) {
+        Followed the(40);
+        LmKeyValueBinding& theFollower = *the.theFollowers[20];
+        AllocationFailures theFailures(theNumber);
+        try {
+            the.theModel.Bind("value", &theFollower, "value", nullptr, nullptr);
+        } catch (const std::bad_alloc&) {
+        }
+        theFailures.Stop();
+        EXPECT_TRUE(the.IsInStep()) << "the first binding of the pair is as it was";
+        the.theFollowers.clear();
+        StandardErrorCapture::TakeText(); // a pair that is bound twice is observed once
+        if (!theFailures.HasFailed()) {
+            break;
+        }
+    }
+}
+
+namespace {
+
+// How many blocks of memory one more follower takes.
+std::size_t CountBlocksOfOneMoreThan(Followed& the)
+{
+    LmKeyValueBinding theNext;
+    AllocationFailures theCount;
+    theNext.Bind("value", &the.theModel, "value", nullptr, nullptr);
+    theCount.Stop();
+    return theCount.GetCount();
+}
+
+} // namespace
+
+TEST(ManyFollowers, TheFirstIndexTakesMemoryForAllThatGoesWithTheLast)
+{
+    Followed theMost(15);
+    const std::size_t theFirst = CountBlocksOfOneMoreThan(theMost);
+    {
+        const Followed theOthers(40);
+        EXPECT_LT(CountBlocksOfOneMoreThan(theMost), theFirst);
+    }
+    EXPECT_EQ(CountBlocksOfOneMoreThan(theMost), theFirst);
+    // Neither is anything left by an index that was not made, for want of memory.
+    for (std::size_t theNumber = 1; theNumber <= theFirst; ++theNumber) {
+        LmKeyValueBinding theNext;
+        AllocationFailures theFailures(theNumber);
+        try {
+            theNext.Bind("value", &theMost.theModel, "value", nullptr, nullptr);
+        } catch (const std::bad_alloc&) {
+        }
+        theFailures.Stop();
+        theNext.UnbindAll();
+        EXPECT_EQ(CountBlocksOfOneMoreThan(theMost), theFirst) << theNumber;
+    }
+}
+
 TEST(ManyFollowers, OnlyMoreThanAFewTakeMemoryForAnIndexAndNoneIsLeft)
 {
-    const auto CountBlocksOfOneMoreThan = [](Followed& the) {
-        LmKeyValueBinding theNext;
-        AllocationFailures theCount;
-        theNext.Bind("value", &the.theModel, "value", nullptr, nullptr);
-        theCount.Stop();
-        return theCount.GetCount();
-    };
     Followed theFew(3);
     Followed theOthers(14);
     EXPECT_EQ(CountBlocksOfOneMoreThan(theFew), CountBlocksOfOneMoreThan(theOthers));

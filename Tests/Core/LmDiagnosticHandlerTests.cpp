@@ -108,7 +108,7 @@ TEST(LmDiagnosticHandler, MayTakeItselfAway)
 
 namespace {
 
-// Keeps the texts of the diagnostics that a journal is told of.
+// Keeps the diagnostics that a journal is told of.
 class Journal : public LmJournalHook
 {
 public:
@@ -120,7 +120,8 @@ public:
 
     std::uint64_t Write(const LmJournalEntry& theEntry, const void*) noexcept override
     {
-        mLines.emplace_back(theEntry.theText);
+        mLines.push_back(std::string(theEntry.theFile) + "|" + std::to_string(theEntry.theDetail) + "|" +
+                         theEntry.theText);
         return 0;
     }
 
@@ -149,6 +150,14 @@ void ReportOneQuietly()
     std::exit(0);
 }
 
+void ReportOneWhereBothAreOff()
+{
+    ::setenv("LM_QUIET", "0", 1);
+    ::setenv("LM_FATAL", "0", 1);
+    LM_ERROR("Too warm");
+    std::exit(0);
+}
+
 // The journal is begun with the first store.
 void MakeTheFirstStore()
 {
@@ -165,7 +174,7 @@ TEST(LmDiagnosticHandler, ReceivesNoTextWhereThereIsNone)
     // No character in any encoding.
     LmReportDiagnostic("Mine.cpp", 7, "%lc", static_cast<std::wint_t>(0x7FFFFFFF));
     EXPECT_EQ(theLog.mLines, Lines{"Mine.cpp|7|"});
-    EXPECT_EQ(theJournal.mLines, Lines{""});
+    EXPECT_EQ(theJournal.mLines, Lines{"Mine.cpp|7|"});
 }
 
 // Each of these is a process of its own. The environment is read at the first diagnostic, and nobody has had
@@ -187,10 +196,24 @@ TEST_F(LmDiagnosticHandlerDeathTest, AQuietOnePrintsNothing)
     EXPECT_EXIT(ReportOneQuietly(), testing::ExitedWithCode(0), "^$");
 }
 
+TEST_F(LmDiagnosticHandlerDeathTest, OneIsPrintedAndTheProgramGoesOnWhereBothAreOff)
+{
+    EXPECT_EXIT(ReportOneWhereBothAreOff(), testing::ExitedWithCode(0), "line [0-9]+: Too warm\n$");
+}
+
 TEST_F(LmDiagnosticHandlerDeathTest, AJournalThatNobodyCanWriteIsSaidToBeNone)
 {
-    ::setenv("LM_JOURNAL", "journal", 1);
-    EXPECT_EXIT(MakeTheFirstStore(), testing::ExitedWithCode(0),
-                "LM_JOURNAL: the library LmInspection is not loaded");
+    for (const char* theVariable : {"LM_JOURNAL", "LM_JOURNAL_SOCKET"}) {
+        ::setenv(theVariable, "journal", 1);
+        EXPECT_EXIT(MakeTheFirstStore(), testing::ExitedWithCode(0),
+                    "LM_JOURNAL: the library LmInspection is not loaded");
+        ::unsetenv(theVariable);
+    }
+}
+
+TEST_F(LmDiagnosticHandlerDeathTest, AJournalWithoutANameIsNotAskedFor)
+{
+    ::setenv("LM_JOURNAL", "", 1);
+    EXPECT_EXIT(MakeTheFirstStore(), testing::ExitedWithCode(0), "^$");
     ::unsetenv("LM_JOURNAL");
 }

@@ -4,11 +4,16 @@
 
 #include "LmKeyValueBinding.h"
 #include "LmKeyValueStore.h"
+#include "LmValueTransform.h"
 #include "StandardErrorCapture.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -111,8 +116,39 @@ public:
         return mEntries.size();
     }
 
+    std::vector<LmJournalEntry> Of(LmJournalKind theKind) const
+    {
+        std::vector<LmJournalEntry> theOnes;
+        std::copy_if(mEntries.begin(), mEntries.end(), std::back_inserter(theOnes),
+                     [theKind](const LmJournalEntry& theEntry) { return theEntry.theKind == theKind; });
+        return theOnes;
+    }
+
     std::vector<LmJournalEntry> mEntries;
 };
+
+// Does something, and passes the value on.
+class Doing : public LmValueTransform
+{
+public:
+    explicit Doing(std::function<void()> theWork)
+        : mWork(std::move(theWork))
+    {
+    }
+    LmValue Apply(const LmValue& theValue) override
+    {
+        mWork();
+        return theValue;
+    }
+
+private:
+    std::function<void()> mWork;
+};
+
+const void* AddressOf(const LmKeyValueStore& theStore)
+{
+    return &theStore;
+}
 
 } // namespace
 
@@ -194,4 +230,116 @@ TEST(LmJournal, LeavesEmptyWhatAKindHasNoUseFor)
         EXPECT_EQ(theKeeper.mEntries[theIndex].theCode, 0U);
         EXPECT_EQ(theKeeper.mEntries[theIndex].theDetail, kDetails[theIndex]);
     }
+}
+
+TEST(LmJournal, TellsOfANotificationWithinASetApartFromTheSet)
+{
+    LmKeyValueStore theStore;
+    struct Repeating : LmKeyValueObserver
+    {
+        explicit Repeating(LmKeyValueStore& theStore)
+            : mStore(theStore)
+        {
+        }
+        void ValueChanged(const LmKeyValueStore*, const LmString& theKeyName) override
+        {
+            if (++mCalls == 1) {
+                mStore.NotifyObservers(theKeyName, false);
+                mStore.NotifyObservers(theKeyName, true);
+            }
+        }
+        LmKeyValueStore& mStore;
+        int mCalls = 0;
+    };
+    Repeating theObserver(theStore);
+    theStore.ObserveKeyPathValue("volume", &theObserver);
+    const Keeper theKeeper;
+    theStore.SetKeyPathValue("volume", LmValue(1));
+    EXPECT_EQ(theObserver.mCalls, 2);
+    const std::vector<LmJournalEntry> theOnes = theKeeper.Of(kJournalNotify);
+    ASSERT_EQ(theOnes.size(), 2U);
+    for (const LmJournalEntry& theEntry : theOnes) {
+        EXPECT_EQ(theEntry.theChange, nullptr);
+        EXPECT_EQ(theEntry.theValue, nullptr);
+    }
+}
+
+TEST(LmJournal, TellsNothingOfATransformThatSwitchedItOn)
+{
+    LmKeyValueBinding theModel;
+    LmKeyValueBinding theView;
+    Keeper theKeeper;
+    LmSetJournalHook(nullptr);
+    const auto theWork = [&] {
+        // While the two are bound, there is no value yet.
+        if (theModel.GetKeyPathValue("volume").IsValid()) {
+            LmSetJournalHook(&theKeeper);
+        }
+    };
+    theView.Bind("value", &theModel, "volume", new Doing(theWork), nullptr);
+    theModel.SetKeyPathValue("volume", LmValue(1));
+    EXPECT_EQ(LmSetJournalHook(nullptr), &theKeeper);
+    EXPECT_TRUE(theKeeper.Of(kJournalTransform).empty());
+    const std::vector<LmJournalEntry> theUpdates = theKeeper.Of(kJournalUpdate);
+    ASSERT_EQ(theUpdates.size(), 2U) << "there, and back to the model, which has the value already";
+    EXPECT_EQ(theUpdates[0].theOther, AddressOf(theModel));
+}
+
+TEST(LmJournal, TellsNothingOfATransformThatDestroyedItsBinding)
+{
+    LmKeyValueBinding theModel;
+    auto theView = std::make_unique<LmKeyValueBinding>();
+    bool isOver = false;
+    theView->Bind("value", &theModel, "volume", new Doing([&] {
+                      if (isOver) {
+                          theView.reset();
+                      }
+                  }),
+                  nullptr);
+    isOver = true;
+    const Keeper theKeeper;
+    theModel.SetKeyPathValue("volume", LmValue(1));
+    EXPECT_EQ(theView, nullptr);
+    EXPECT_TRUE(theKeeper.Of(kJournalTransform).empty());
+    EXPECT_TRUE(theKeeper.Of(kJournalUpdate).empty());
+}
+
+TEST(LmJournal, NamesNoModelThatATransformHasDestroyed)
+{
+    LmKeyValueBinding theView;
+    auto theModel = std::make_unique<LmKeyValueBinding>();
+    theModel->SetKeyPathValue("volume", LmValue(1));
+    const Keeper theKeeper;
+    theView.Bind("value", theModel.get(), "volume", new Doing([&] { theModel.reset(); }), nullptr);
+    const std::vector<LmJournalEntry> theTransforms = theKeeper.Of(kJournalTransform);
+    const std::vector<LmJournalEntry> theUpdates = theKeeper.Of(kJournalUpdate);
+    ASSERT_EQ(theTransforms.size(), 1U);
+    ASSERT_EQ(theUpdates.size(), 1U);
+    EXPECT_EQ(theTransforms[0].theOther, nullptr);
+    EXPECT_EQ(theUpdates[0].theOther, nullptr);
+    EXPECT_EQ(theUpdates[0].theObject, AddressOf(theView));
+}
+
+TEST(LmJournal, AsksNoObjectForItsTextWhileNothingIsTraced)
+{
+    struct Asked : LmKeyValueBinding
+    {
+        LmString GetDebugInfo() const override
+        {
+            mTimes += 1;
+            return "asked";
+        }
+        mutable int mTimes = 0;
+    };
+    Asked theModel;
+    Asked theView;
+    LmKeyValueObserver theObserver;
+    const Keeper theKeeper;
+    theModel.ObserveKeyPathValue("volume", &theObserver);
+    theView.Bind("value", &theModel, "volume", nullptr, nullptr);
+    theModel.SetKeyPathValue("volume", LmValue(1));
+    theView.Unbind("value", &theModel);
+    EXPECT_FALSE(theKeeper.Of(kJournalUnbind).empty());
+    EXPECT_EQ(theModel.mTimes, 0);
+    EXPECT_EQ(theView.mTimes, 0);
 }

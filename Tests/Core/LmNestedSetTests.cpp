@@ -282,6 +282,60 @@ TEST(LmNestedSet, AChainOfKeysOfOneStoreIsNoConcern)
     EXPECT_EQ(NumberOf(theStore, "k1500"), 1500);
 }
 
+namespace {
+
+// Sets a and b in turns, each when told of the other, until a was set a thousand and one times; then other
+// keys, each when told of the one before, and a once more.
+class Straying : public LmKeyValueObserver
+{
+public:
+    Straying(LmKeyValueStore& theStore, long theOthers)
+        : mStore(theStore),
+          mOthers(theOthers)
+    {
+        theStore.ObserveKeyPathValue("*", this);
+        theStore.ObserveKeyPathValue("a", &mNobody);
+        theStore.ObserveKeyPathValue("b", &mNobody);
+        for (long theKey = 0; theKey < theOthers; ++theKey) {
+            theStore.ObserveKeyPathValue(Passing::KeyOf(theKey), &mNobody);
+        }
+    }
+    void ValueChanged(const LmKeyValueStore*, const LmString& theKeyName) override
+    {
+        if (theKeyName == "a") {
+            mRounds += 1;
+            Set(mRounds <= 1000 ? LmString("b") : Passing::KeyOf(0));
+        } else if (theKeyName == "b" || theKeyName == Passing::KeyOf(mOthers - 1)) {
+            Set("a");
+        } else {
+            mOther += 1;
+            Set(Passing::KeyOf(mOther));
+        }
+    }
+
+    long mRounds = 0; // how often a was set
+
+private:
+    void Set(const LmString& theKey) { mStore.SetKeyPathValue(theKey, LmValue(++mLast)); }
+
+    LmKeyValueStore& mStore;
+    LmKeyValueObserver mNobody; // for the key states
+    long mOthers;
+    long mOther = 0;
+    long mLast = 0;
+};
+
+} // namespace
+
+TEST(LmNestedSet, AKeyThatComesBackAfterManyOthersIsCountedToo)
+{
+    NamedBinding theStore("Store");
+    const Straying theObserver(theStore, 63);
+    theStore.SetKeyPathValue("a", LmValue(-1L));
+    EXPECT_EQ(StandardErrorCapture::TakeDiagnostics(), TooDeep("Store.a"));
+    EXPECT_EQ(theObserver.mRounds, 1001);
+}
+
 TEST(LmNestedSet, AnotherKeyIsSetAfterOneWasRefused)
 {
     NamedBinding theStore("Store");

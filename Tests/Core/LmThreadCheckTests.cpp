@@ -1,9 +1,11 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
+#include "LmKeyValueObserver.h"
 #include "LmKeyValueStore.h"
 #include "LmValue.h"
 #include "StandardErrorCapture.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <regex>
 #include <string>
@@ -31,4 +33,40 @@ TEST(LmThreadCheck, TheFirstCallFromAnotherThreadIsReportedAndMadeAllTheSame)
     std::thread([&] { theStore.SetKeyPathValue("volume", LmValue(60)); }).join();
     std::thread([] { LmKeyValueStore(); }).join();
     EXPECT_EQ(StandardErrorCapture::TakeText(), "") << "once is enough";
+}
+
+// What is reported once in a process is tried in processes of their own, before anything was: the framework
+// runs suites of this name first.
+class LmThreadCheckDeathTest : public testing::Test
+{
+protected:
+    // The test framework warns where it cannot count threads, as under emulation.
+    void TearDown() override { StandardErrorCapture::TakeText(); }
+
+    // In such a process: theCall is made from another thread than the first.
+    template <typename Call>
+    [[noreturn]] static void CallFromAnotherThread(const Call& theCall)
+    {
+        LmKeyValueStore theStore;
+        LmKeyValueObserver theObserver;
+        theStore.ObserveKeyPathValue("treble", &theObserver);
+        std::thread([&] { theCall(theStore, theObserver); }).join();
+        std::_Exit(0);
+    }
+};
+
+TEST_F(LmThreadCheckDeathTest, ReportsAnObservationFromAnotherThread)
+{
+    EXPECT_EXIT(CallFromAnotherThread([](LmKeyValueStore& theStore, LmKeyValueObserver& theObserver) {
+                    theStore.ObserveKeyPathValue("volume", &theObserver);
+                }),
+                testing::ExitedWithCode(0), "Called from thread");
+}
+
+TEST_F(LmThreadCheckDeathTest, ReportsTheEndOfAnObservationFromAnotherThread)
+{
+    EXPECT_EXIT(CallFromAnotherThread([](LmKeyValueStore& theStore, LmKeyValueObserver& theObserver) {
+                    theStore.IgnoreKeyPathValue("treble", &theObserver);
+                }),
+                testing::ExitedWithCode(0), "Called from thread");
 }

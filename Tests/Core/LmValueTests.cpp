@@ -815,6 +815,19 @@ TEST(LmValueAllocateValue, ReportsTheKindAskedForBeforeTheOldOneUnlessThatIsUnkn
               (Lines{Diagnostic("Unknown type: 12")[0], Diagnostic("Unknown type: 13")[0]}));
 }
 
+TEST(LmValueAllocateValue, MakesABlockForTheKindsThatHaveOne)
+{
+    for (unsigned theType = kTypeBoolean; theType <= kTypeRect; ++theType) {
+        TestValue theValue;
+        AllocationFailures theCount;
+        const bool isAllocated = theValue.AllocateValue(static_cast<ValueType>(theType));
+        theCount.Stop();
+        EXPECT_TRUE(isAllocated);
+        const bool isWord = theType <= kTypeSInt32 || theType == kTypePointer || theType == kTypeString;
+        EXPECT_EQ(theCount.GetCount(), isWord ? 0U : 1U) << theType;
+    }
+}
+
 TEST(LmValueAllocateValue, SaysWhenThereIsNoMemoryForABlock)
 {
     for (unsigned theType = kTypeBoolean; theType <= kTypeRect; ++theType) {

@@ -3,6 +3,7 @@
 #include "AllocationFailures.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <new>
 
 // The allocators behind the ones that this file replaces: those of AddressSanitizer in a sanitized program,
@@ -24,6 +25,8 @@ thread_local bool gIsCounting = false;
 thread_local size_t gCount = 0;
 thread_local size_t gFailing = 0;
 thread_local bool gHasFailed = false;
+thread_local bool gIsDirty = false;
+thread_local char gDirt = 0;
 
 bool FailsNow()
 {
@@ -91,7 +94,12 @@ void* malloc(size_t theSize)
     if (FailsNow()) {
         return nullptr;
     }
-    return __interceptor_malloc != nullptr ? __interceptor_malloc(theSize) : __libc_malloc(theSize);
+    void* const theBlock =
+        __interceptor_malloc != nullptr ? __interceptor_malloc(theSize) : __libc_malloc(theSize);
+    if (gIsDirty && theBlock != nullptr) {
+        std::memset(theBlock, gDirt, theSize);
+    }
+    return theBlock;
 }
 
 void* calloc(size_t theCount, size_t theSize)
@@ -226,4 +234,15 @@ size_t AllocationFailures::GetCount() const
 bool AllocationFailures::HasFailed() const
 {
     return gIsCounting ? gHasFailed : mHasFailed;
+}
+
+DirtyMemory::DirtyMemory(char theByte)
+{
+    gDirt = theByte;
+    gIsDirty = true;
+}
+
+DirtyMemory::~DirtyMemory()
+{
+    gIsDirty = false;
 }

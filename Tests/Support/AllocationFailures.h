@@ -44,6 +44,16 @@ private:
     bool mHasFailed = false;
 };
 
+// While one lives, every block that malloc gives is full of a byte: what nobody has written reads as that.
+class DirtyMemory
+{
+public:
+    explicit DirtyMemory(char theByte);
+    ~DirtyMemory();
+    DirtyMemory(const DirtyMemory&) = delete;
+    DirtyMemory& operator=(const DirtyMemory&) = delete;
+};
+
 // Calls theAttempt with its first, second, third... allocation failing, until one attempt needs no more
 // allocations than succeed. theAttempt(AllocationFailures&) does the work, calls Stop, and checks what must
 // hold whether or not HasFailed. Returns how many attempts met a failure.

@@ -326,9 +326,10 @@ TEST(LmFromStringTransform, ANulEndsTheTextThatNumbersAreReadFrom)
 
 TEST(LmFromStringTransform, ATextEndsWhereItEndsWhateverWasInTheMemoryBefore)
 {
-    for (std::size_t theLength = 24; theLength < 64; ++theLength) {
-        FromText(std::string(theLength + 1, '9'));
-        EXPECT_EQ(FromText(std::string(theLength - 1, '0') + "7").GetUInt32(), 7U) << theLength;
+    for (const std::size_t theLength : {1U, 7U, 15U, 63U}) {
+        const std::string theText = std::string(theLength - 1, '0') + "7";
+        const DirtyMemory theNines('9');
+        EXPECT_EQ(FromText(theText).GetUInt32(), 7U) << theLength;
     }
 }
 
