@@ -17,6 +17,8 @@
 #include <Simulation/UserSimulator.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <thread>
@@ -602,4 +604,175 @@ TEST_F(LmLiveSurveyTest, LeavesAloneWhatOtherThreadsDo)
     const std::uint64_t theCount = Survey().CountEntries();
     std::thread([] { LmWriteJournalEntry(LmJournalEntry{kJournalDiagnostic}, nullptr); }).join();
     EXPECT_EQ(Survey().CountEntries(), theCount);
+}
+
+// ---- Everything that there is to know of one program
+
+namespace {
+
+// Numbers as they come, so that a text of them can be expected: the first one is 1.
+class Renumbered
+{
+public:
+    std::string operator()(std::uint64_t theNumber)
+    {
+        const auto theFound = mNumbers.emplace(theNumber, mNumbers.size());
+        return theNumber == 0 ? "-" : std::to_string(theFound.first->second);
+    }
+
+private:
+    std::map<std::uint64_t, std::size_t> mNumbers{{0, 0}};
+};
+
+std::string NameOf(std::uint64_t theObject)
+{
+    return theObject == 0 ? "-" : LmGetLiveSurvey()->FindObject(theObject).theName;
+}
+
+Texts ShowObjects()
+{
+    Texts theTexts;
+    for (const LmSurveyedGroup& theGroup : LmGetLiveSurvey()->FindGroups()) {
+        theTexts.push_back(theGroup.theTitle);
+        for (const LmSurveyedObject& theObject : theGroup.theObjects) {
+            theTexts.push_back("  " + theObject.theName + ", " + theObject.theClass);
+            for (const LmSurveyedKey& theKey : LmGetLiveSurvey()->FindKeys(theObject.theNumber)) {
+                std::string theText =
+                    "    " + theKey.theKey + " = " + theKey.theValue + ", " + theKey.theType;
+                theText += theKey.isEditable ? ", typed as " + theKey.theEditText : ", cannot be typed";
+                theTexts.push_back(theText);
+                for (const std::string& theBinding : theKey.theBindings) {
+                    theTexts.push_back("      " + theBinding);
+                }
+            }
+        }
+    }
+    return theTexts;
+}
+
+Texts ShowLinks(std::uint64_t theObject)
+{
+    static const char* const kKinds[] = {"is bound to", "depends on", "observes"};
+    Texts theTexts;
+    for (const LmSurveyedLink& theLink : LmGetLiveSurvey()->FindLinks(theObject)) {
+        theTexts.push_back(NameOf(theLink.theObject) + "." + theLink.theKey + " " +
+                           kKinds[static_cast<std::size_t>(theLink.theKind)] + " " +
+                           NameOf(theLink.theOther) + "." + theLink.theOtherKey + " " + theLink.theTransform);
+    }
+    return theTexts;
+}
+
+// Number, cause, depth, object, key, whether it moved, and the text.
+Texts ShowChanges()
+{
+    Renumbered theNumbers;
+    Texts theTexts;
+    for (const LmSurveyedChange& theChange : LmGetLiveSurvey()->FindChanges(1000)) {
+        const std::string theNumber = theNumbers(theChange.theNumber);
+        theTexts.push_back(theNumber + " of " + theNumbers(theChange.theCause) + ", " +
+                           std::to_string(theChange.theDepth) + " deep, " + NameOf(theChange.theObject) +
+                           "|" + theChange.theKey + (theChange.isMove ? " moved: " : ": ") +
+                           theChange.theText);
+    }
+    return theTexts;
+}
+
+// A radio with what follows it.
+struct Play
+{
+    Play()
+    {
+        LmNameObject(theRadio, "radio");
+        LmNameObject(theMeter, "meter");
+        LmNameObject(theEar, "ear");
+        LmNameObject(theDeck, "deck");
+        theRadio.SetKeyPathValue("loud", LmValue(false));
+        theRadio.SetKeyPathValue("volume", LmValue(40UL));
+        theRadio.SetKeyPathValue("place", LmValue(static_cast<const void*>(nullptr)));
+        theRadio.MakeDependency("volume", "loud");
+        theMeter.Bind("value", &theRadio, "volume", new LmScaleTransform(2), new LmScaleTransform(0.5));
+        theDeck.GetBindings()->Bind("speed", &theRadio, "volume", nullptr, nullptr);
+        theRadio.ObserveKeyPathValue("loud", &theEar);
+        theRadio.ObserveKeyPathValue("volume", &theEar);
+    }
+
+    struct Deck : LmBindable
+    {
+    };
+
+    LmKeyValueBinding theRadio;
+    LmKeyValueBinding theMeter;
+    LmKeyValueObserver theEar;
+    Deck theDeck;
+};
+
+} // namespace
+
+TEST_F(LmLiveSurveyTest, ShowsEveryObjectWithAllItsKeys)
+{
+    const Play thePlay;
+    EXPECT_EQ(ShowObjects(),
+              (Texts{"Models", "  radio, LmKeyValueBinding", "    loud = false, boolean, typed as false",
+                     "    place = null pointer, pointer, cannot be typed",
+                     "    volume = 40, unsigned 32-bit integer, typed as 40",
+                     "      bound to meter.value through LmScaleTransform", "      bound to deck.speed",
+                     "  meter, LmKeyValueBinding", "    value = 80, unsigned 32-bit integer, typed as 80",
+                     "      bound to radio.volume through LmScaleTransform", "  deck, LmKeyValueBinding",
+                     "    speed = 40, unsigned 32-bit integer, typed as 40", "      bound to radio.volume",
+                     "Observers", "  ear, LmKeyValueObserver"}));
+    EXPECT_EQ(ShowLinks(0),
+              (Texts{"radio.volume is bound to meter.value LmScaleTransform",
+                     "radio.volume is bound to deck.speed ",
+                     "meter.value is bound to radio.volume LmScaleTransform",
+                     "deck.speed is bound to radio.volume ", "radio.loud depends on radio.volume ",
+                     "ear. observes radio.loud ", "ear. observes radio.volume "}));
+    EXPECT_EQ(ShowLinks(Survey().FindByName("ear")),
+              (Texts{"ear. observes radio.loud ", "ear. observes radio.volume "}));
+    EXPECT_EQ(ShowLinks(Survey().FindByName("meter")),
+              (Texts{"radio.volume is bound to meter.value LmScaleTransform",
+                     "meter.value is bound to radio.volume LmScaleTransform"}));
+}
+
+TEST_F(LmLiveSurveyTest, TellsEveryChangeWithItsCause)
+{
+    Play thePlay;
+    Survey().SetValue(Survey().FindByName("radio"), "volume", "50");
+    thePlay.theMeter.SetKeyPathValue("value", LmValue(120UL));
+    EXPECT_EQ(ShowChanges(),
+              (Texts{"1 of -, 0 deep, radio|loud moved: radio.loud: not valid -> false",
+                     "2 of -, 0 deep, radio|volume moved: radio.volume: not valid -> 40",
+                     "3 of -, 0 deep, radio|place moved: radio.place: not valid -> null pointer",
+                     "4 of -, 0 deep, meter|value: LmScaleTransform: 40 -> 80",
+                     "5 of 4, 1 deep, meter|value moved: meter.value: not valid -> 80",
+                     "6 of 5, 2 deep, radio|volume: LmScaleTransform: 80 -> 40",
+                     "7 of 6, 3 deep, radio|volume: radio.volume stays: it is 40 already",
+                     "8 of -, 0 deep, deck|speed moved: deck.speed: not valid -> 40",
+                     "9 of 8, 1 deep, radio|volume: radio.volume stays: it is 40 already",
+                     "10 of -, 0 deep, -|: a person set volume in the inspector",
+                     "11 of 10, 1 deep, radio|volume moved: radio.volume: 40 -> 50",
+                     "12 of 11, 2 deep, meter|value: LmScaleTransform: 50 -> 100",
+                     "13 of 12, 3 deep, meter|value moved: meter.value: 80 -> 100",
+                     "14 of 13, 4 deep, radio|volume: LmScaleTransform: 100 -> 50",
+                     "15 of 14, 5 deep, radio|volume: radio.volume stays: it is 50 already",
+                     "16 of 11, 2 deep, deck|speed moved: deck.speed: 40 -> 50",
+                     "17 of 16, 3 deep, radio|volume: radio.volume stays: it is 50 already",
+                     "18 of 10, 1 deep, radio|loud moved: radio.loud is false: it depends on \"volume\"",
+                     "19 of -, 0 deep, meter|value moved: meter.value: 100 -> 120",
+                     "20 of 19, 1 deep, radio|volume: LmScaleTransform: 120 -> 60",
+                     "21 of 20, 2 deep, radio|volume moved: radio.volume: 50 -> 60",
+                     "22 of 21, 3 deep, meter|value: LmScaleTransform: 60 -> 120",
+                     "23 of 22, 4 deep, meter|value: meter.value stays: it is 120 already",
+                     "24 of 21, 3 deep, deck|speed moved: deck.speed: 50 -> 60",
+                     "25 of 24, 4 deep, radio|volume: radio.volume stays: it is 60 already",
+                     "26 of 20, 2 deep, radio|loud moved: radio.loud is false: it depends on \"volume\""}));
+    EXPECT_EQ(Survey().FindReasons(Survey().FindByName("radio"), "loud"),
+              (Texts{"radio.loud is false: it depends on \"volume\"", "radio.volume gets 60 from meter.value",
+                     "LmScaleTransform: 120 -> 60", "meter.value: 100 -> 120",
+                     "it began in the program's own code"}));
+    EXPECT_EQ(Survey().FindReasons(Survey().FindByName("meter"), "value"),
+              (Texts{"meter.value: 100 -> 120", "it began in the program's own code"}));
+    EXPECT_EQ(Survey().FindReasons(Survey().FindByName("deck"), "speed"),
+              (Texts{"deck.speed: 50 -> 60", "deck.speed gets 60 from radio.volume", "radio.volume: 50 -> 60",
+                     "radio.volume gets 60 from meter.value", "LmScaleTransform: 120 -> 60",
+                     "meter.value: 100 -> 120", "it began in the program's own code"}));
 }
