@@ -11,15 +11,18 @@ their cases reach which fault. Then each fault is switched on, and the cases tha
 ones first, until one fails. A case that takes far longer than it did, or takes far more memory, has failed. The build
 has the sanitizers, so a leak and a wrong access count as well.
 
-  --survivors  tries only what survived the last time, and what is new
-  --only PATH  tries only what is in these files
+  --survivors  tries only what survived the last time, and what is new; but not again what cannot be told apart, which
+               takes longest, for nothing notices it
+  --only PATH  tries only what is in these files; can be said several times
   --jobs N     so many at the same time (2)
   --build DIR  works there (Build/mutants)
   --write      writes the figures of the rooms that were tried whole to Documentation/Quality/Mutants.json, and the
                table of Documentation/Testing.md
 
-Survivors that were looked at stand in Tests/Mutants/Judged.txt with the reason why they may stay; the result is 1 when
-there is another one, or when something there is no survivor any more. Results.json in the build folder has each mutant
+Survivors that were looked at stand in Tests/Mutants/Judged.txt with the reason why they may stay: because nothing can be
+told apart, or because what can be is not worth a test. What cannot be told apart is no fault, and is left out of how
+much of a hundred was killed. The result is 1 when there is another survivor, or when something there is no survivor any
+more. Results.json in the build folder has each mutant
 with what became of it. Needs the packages of ./check and python3-clang-14.
 """
 
@@ -28,6 +31,7 @@ import concurrent.futures
 import datetime
 import hashlib
 import json
+import math
 import os
 import pickle
 import re
@@ -82,12 +86,12 @@ PROGRAMS = {
     "randomScripts": "Source/",
 }
 # Built first: what does not compile is in them, or in headers that they include.
-LIBRARIES = ("LmCoreFoundation", "LmCarbon", "LmBindings")
+LIBRARIES = {"LmCoreFoundation": "Platform/CoreFoundation/", "LmCarbon": "Platform/Carbon/", "LmBindings": "Source/"}
 ARGUMENTS = {"randomScripts": ["--scripts", "60"]}
 ARGUMENTS |= {p: [f"{{root}}/Tests/Fuzz/Corpus/{p[5:]}"] for p in PROGRAMS if p.startswith("fuzz.")}
 
 # What is counted of a room.
-COUNTS = ("mutants", "killed", "survived", "judged")
+COUNTS = ("mutants", "killed", "survived", "same", "judged")
 # What is different in the copy: a difference need not be shrunk and shown.
 CHANGES = {"Tests/Model/RandomScripts.cpp": ("    PrintDifference(theProgress.theSeed);\n", "    (void)&PrintDifference;\n")}
 # What has faults is no pleasure to a compiler. Where ccache is used, files are called by their way from the build.
@@ -147,16 +151,20 @@ class Judgements:
     + theLength >= 0
     = Appending nothing changes nothing.
 
+    That is a reason why nobody can tell the two apart: whatever is called, what comes of it and what is printed is the
+    same, however fast it is. `~ ` instead of `= ` begins a reason why it may stay although somebody could.
+
     Where the same line stands in a function more than once, `- @2 theLength > 0` is the second.
     """
 
     def __init__(self, path):
-        self.reasons = {}
-        place, before, open_keys, reason = None, None, [], []
+        self.reasons, self.same = {}, set()
+        place, before, open_keys, reason, mark = None, None, [], [], ""
         for number, line in enumerate([*path.read_text(encoding="utf-8").splitlines(), ""] if path.exists() else [], 1):
             kind, text = line[:2], line[2:].strip()
-            if reason and kind != "= ":
+            if reason and kind != mark:
                 self.reasons |= {key: " ".join(reason) for key in open_keys}
+                self.same.update(open_keys if mark == "= " else [])
                 open_keys, reason = [], []
             if not line.strip() or line.startswith("#"):
                 continue
@@ -165,7 +173,8 @@ class Judgements:
             elif kind == "+ ":
                 match = re.fullmatch(r"(?:@(\d+) )?(.*)", before)
                 open_keys.append((*place, match[2], text, int(match[1] or 1)))
-            elif kind == "= ":
+            elif kind in ("= ", "~ "):
+                mark = kind
                 reason.append(text)
             else:
                 match = re.fullmatch(r"(\S+)(?: (.*))?", line)
@@ -321,7 +330,8 @@ class Copy:
         chosen = {m.path for m in self.mutants if m.path.startswith(self.only)}
         self.programs = [p for p, paths in PROGRAMS.items() if p in self.targets and any(re.match(paths, c) for c in chosen)]
         self.numbers = {m.number: m for m in self.mutants}
-        for targets in (LIBRARIES, self.programs):
+        libraries = [n for n, path in LIBRARIES.items() if any(c.startswith(path) for c in chosen)]
+        for targets in (libraries, self.programs):
             result = self.ninja("-k", "0", "-j", str(self.jobs), *targets)
             if result.returncode != 0:
                 break
@@ -399,6 +409,14 @@ class Runner:
 
     def is_suite(self, program):
         return program not in ARGUMENTS
+
+    def state(self, program):
+        """What is another one when a program, one that it starts, or a library has changed."""
+        state = hashlib.sha256()
+        beside = [p for p in self.paths[program].parent.iterdir() if p.is_file() and os.access(p, os.X_OK)]
+        for path in sorted([*beside, *self.copy.objects.rglob("*.so")]):
+            state.update(path.read_bytes())
+        return state.hexdigest()
 
     def surroundings(self, **more):
         folder = str(self.folder())
@@ -490,6 +508,24 @@ class Cases:
             list(pool.map(self.record_program, self.runner.copy.programs))
 
     def record_program(self, program):
+        """What was recorded of the same program before is good for ever."""
+        kept, state = self.runner.copy.build / f"Cases-{program}", self.runner.state(program)
+        if kept.exists():
+            was, total, notes = pickle.loads(kept.read_bytes())
+            if was == state:
+                self.take(program, total, notes)
+                return
+        total, notes = self.run_program(program)
+        kept.write_bytes(pickle.dumps((state, total, notes)))
+        self.take(program, total, notes)
+
+    def take(self, program, total, notes):
+        self.totals[program] = total
+        for name, seconds, numbers in notes:
+            self.note(program, name, seconds, numbers)
+
+    def run_program(self, program):
+        """How long it takes, and its cases with the seconds and the numbers of each."""
         folder = self.runner.folder()
         reached, cases = folder / "reached", folder / "cases"
         with open(reached, "wb") as stream:
@@ -498,16 +534,15 @@ class Cases:
         how = self.runner.start(
             self.runner.command(program), 600, LM_MUTANTS_REACHED=str(reached), LM_MUTANTS_CASES=str(cases)
         )
-        self.totals[program] = time.monotonic() - started
+        total = time.monotonic() - started
         if how:
             raise SystemExit(f"{self.runner.output()[-3000:]}\n{program} fails without any fault.")
-        if self.runner.is_suite(program):
-            for line in cases.read_text().splitlines():
-                name, milliseconds, numbers = line.split("\t")
-                self.note(program, name, int(milliseconds) / 1000, [int(n) for n in numbers.split()])
-        else:
+        if not self.runner.is_suite(program):
             notes = reached.read_bytes()
-            self.note(program, "", self.totals[program], [n for n in range(len(notes)) if notes[n]])
+            return total, [("", total, [n for n in range(len(notes)) if notes[n]])]
+        lines = [line.split("\t") for line in cases.read_text().splitlines()]
+        return total, [(name, int(milliseconds) / 1000, [int(n) for n in numbers.split()])
+                       for name, milliseconds, numbers in lines]  # fmt: skip
 
     def note(self, program, name, seconds, numbers):
         self.times[program, name] = seconds
@@ -553,13 +588,18 @@ class Trial:
         entries = [{"key": key, **result} for key, result in sorted(self.results.items())]
         self.path.write_text(json.dumps(entries, indent=0))
 
+    def is_open(self, mutant, judged):
+        """Whether it was not killed, and could be."""
+        result = self.results.get(mutant.key())
+        return result is None or (result["end"] == "survived" and mutant.key() not in judged.same)
+
     def try_all(self, mutants, jobs):
         started, done = time.monotonic(), 0
         with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
             for mutant, result in pool.map(lambda m: (m, self.try_one(m)), mutants):
                 self.results[mutant.key()] = result
                 done += 1
-                if done % 200 == 0 or done == len(mutants):
+                if done % 50 == 0 or done == len(mutants):
                     alive = sum(self.results[m.key()]["end"] == "survived" for m in mutants[:done])
                     say(f"{done} of {len(mutants)} tried, {alive} survived, {time.monotonic() - started:.0f} s")
                     self.save()
@@ -594,23 +634,25 @@ def figures(mutants, results, judged):
             counts["killed"] += 1
         else:
             counts["survived"] += 1
-            counts["judged"] += mutant.key() in judged
+            counts["same"] += mutant.key() in judged.same
+            counts["judged"] += mutant.key() in judged.reasons and mutant.key() not in judged.same
     return [{"room": room, **{n: rooms[room][n] for n in COUNTS}} for room in sorted(set(rooms) - open_rooms)]
 
 
 def with_all(rows):
-    """The same with the sum of all, and how much of a hundred was killed."""
+    """The same with the sum of all, and how much of a hundred of what can be told apart was killed."""
     rows = sorted(rows, key=lambda row: row["room"])
     rows = [*rows, {"room": "all", **{n: sum(row[n] for row in rows) for n in COUNTS}, "commit": ""}]
     for row in rows:
-        row["percent"] = round(100 * row["killed"] / row["mutants"], 1) if row["mutants"] else 100.0
+        faults = row["mutants"] - row["same"]
+        row["percent"] = math.floor(1000 * row["killed"] / faults) / 10 if faults else 100.0
     return rows
 
 
 def table(rows):
     lines = [
-        "| room | mutants | killed | survivors | of these judged | killed, % | commit |",
-        "|---|---:|---:|---:|---:|---:|---|",
+        "| room | mutants | killed | survivors | of these the same | judged otherwise | killed, % | commit |",
+        "|---|---:|---:|---:|---:|---:|---:|---|",
     ]
     for row in rows:
         name = row["room"] if row["room"] == "all" else f"`{row['room']}`" if "/" in row["room"] else row["room"]
@@ -625,7 +667,7 @@ def write_figures(rows, command):
     path = ROOT / FIGURES
     path.parent.mkdir(parents=True, exist_ok=True)
     kept = json.loads(path.read_text()) if path.exists() else {"rooms": [], "commit": ""}
-    rooms = {row["room"]: {"commit": kept["commit"], **row} for row in kept["rooms"] if row["room"] != "all"}
+    rooms = {row["room"]: {"commit": kept["commit"], "same": 0, **row} for row in kept["rooms"] if row["room"] != "all"}
     rooms |= {row["room"]: {**row, "commit": commit} for row in rows}
     rows = with_all(rooms.values())
     summary = {
@@ -657,11 +699,13 @@ def report(mutants, results, judged):
 def parse_arguments():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--survivors", action="store_true")
-    parser.add_argument("--only", default="")
+    parser.add_argument("--only", action="append")
     parser.add_argument("--jobs", type=int, default=2)
     parser.add_argument("--build", type=Path, default=ROOT / "Build/mutants")
     parser.add_argument("--write", action="store_true")
-    return parser.parse_args()
+    options = parser.parse_args()
+    options.only = tuple(options.only or [""])
+    return options
 
 
 def main():
@@ -674,6 +718,7 @@ def main():
     copy = Copy(build, options.jobs, options.only)
     copy.make()
     say(f"{len(copy.mutants)} mutants in {len(copy.files)} files; {len(copy.dropped)} more do not compile")
+    judged = Judgements(ROOT / JUDGED)
     with tempfile.TemporaryDirectory(prefix="mutants-") as work:
         runner = Runner(copy, work)
         cases = Cases(runner)
@@ -682,15 +727,14 @@ def main():
         chosen = [m for m in copy.mutants if m.path.startswith(options.only)]
         trial = Trial(runner, cases, build / "Results.json")
         if options.survivors:
-            chosen = [m for m in chosen if trial.results.get(m.key(), {}).get("end") != "killed"]
+            chosen = [m for m in chosen if trial.is_open(m, judged)]
         try:
             trial.try_all(chosen, options.jobs)
         finally:
             runner.end()
             trial.save()
     results = trial.results
-    judged = Judgements(ROOT / JUDGED).reasons
-    new, stale = report([m for m in copy.mutants if m.key() in results], results, judged)
+    new, stale = report([m for m in copy.mutants if m.key() in results], results, judged.reasons)
     rows = figures(copy.mutants, results, judged)
     say(table(with_all(rows)))
     if options.write:

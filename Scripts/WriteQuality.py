@@ -61,9 +61,13 @@ def Tests(figures):
 
 def Mutants(figures):
     rows = [[f"`{row['room']}`" if row["room"] != "all" else "all", Number(row["mutants"]), Number(row["killed"]),
-             Number(row["survived"]), Number(row["judged"]), f"{row['percent']} %", row["commit"]]
+             Number(row["survived"]), Number(row["same"]), Number(row["judged"]), f"{row['percent']} %", row["commit"]]
             for row in figures["rooms"]]
-    return Table(["room", "mutants", "killed", "survivors", "of these judged", "killed, %", "commit"], rows)
+    return ("Survivors that are the same do what the source does: nobody can tell them apart, and they are left out of how\n"
+            "much of a hundred was killed. Each has its reason in [Judged.txt](../Tests/Mutants/Judged.txt), and so have those\n"
+            "that were judged otherwise.\n\n" +
+            Table(["room", "mutants", "killed", "survivors", "of these the same", "judged otherwise", "killed, %",
+                   "commit"], rows))
 
 
 def Coverage(figures):

@@ -94,7 +94,8 @@ Source/Core/LmThing.cpp LmThing::Add
 Source/Core/LmThing.cpp
 - 1
 + 0
-= A reason.
+~ A reason
+~ of another kind.
 """
 
 gFailures = []
@@ -149,10 +150,17 @@ def try_judgements(folder):
         {
             (thing, add, "theCount > 0", "theCount >= 0", 1): "Nothing is added either way.",
             (thing, add, "theCount > 0", "true", 2): "Nothing is added either way.",
-            (thing, "", "1", "0", 1): "A reason.",
+            (thing, "", "1", "0", 1): "A reason of another kind.",
         },
         Mutants.Judgements(path).reasons,
     )
+    expect(
+        "judgements that say that nothing can be told apart",
+        {(thing, add, "theCount > 0", "theCount >= 0", 1), (thing, add, "theCount > 0", "true", 2)},
+        Mutants.Judgements(path).same,
+    )
+    row = {"room": "Source/Core", "mutants": 10, "killed": 7, "survived": 3, "same": 2, "judged": 1}
+    expect("how much was killed", [87.5, 87.5], [r["percent"] for r in Mutants.with_all([row])])
 
 
 with tempfile.TemporaryDirectory() as theFolder:
