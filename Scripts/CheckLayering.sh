@@ -186,7 +186,7 @@ report "The headless presenter stands below the managers" < <(
 )
 report "Presenters know nothing of the managers" < <(
     includes Platform/Presentation/Qt |
-        grep -E '[<"/](Carbon|CoreFoundation|CoreGraphics|CoreServices|Simulation|Base|System|Events|Menus|Windows|Objects|Views|Toolbox|Input)/'
+        grep -E '[<"/](Carbon|CoreFoundation|CoreGraphics|CoreServices|Simulation|Base|System|Events|Menus|Windows|Alerts|Objects|Views|Toolbox|Input)/'
 )
 report "Nothing but tests and examples knows the simulated person" < <(
     includes Source Platform | grep -E '[<"/]Simulation/' | grep -v '^Platform/Simulation/'
@@ -200,6 +200,7 @@ room Events 'Common|Base|System'
 room Menus 'Common|Base|System|Events'
 room Windows 'Common|Base|System|Events|Menus|Windows/ControlKinds'
 room Windows/ControlKinds 'Common|Base|System|Events|Menus|Windows'
+room Alerts 'Common|Base|Events'
 room Objects 'Common|Base|System|Events|Menus|Windows|Windows/ControlKinds'
 room Views 'Common|Base|Events|Windows'
 room Toolbox 'Common|Base|System|Events|Menus|Windows'

@@ -12,6 +12,7 @@
 #include <Carbon/CarbonEventsCore.h>
 #include <Carbon/ControlDefinitions.h>
 #include <Carbon/Controls.h>
+#include <Carbon/Dialogs.h>
 #include <Carbon/Events.h>
 #include <Carbon/HIGeometry.h>
 #include <Carbon/HIObject.h>

@@ -135,11 +135,22 @@ TEST_F(WindowMenu, WhatTheActiveWindowCannotDoIsDisabled)
 
 TEST_F(WindowMenu, HandlersOfTheProgramComeFirst)
 {
-    Watch(mWindow, "window",
+    WindowRef theOther = NewListed("Other");
+    Watch(theOther, "window",
           {{kEventClassCommand, kEventCommandProcess}, {kEventClassCommand, kEventCommandUpdateStatus}},
-          [](EventRef) { return OSStatus{noErr}; });
+          [this](EventRef theEvent) {
+              if (GetEventKind(theEvent) == kEventCommandUpdateStatus) {
+                  DisableMenuItem(mMenu, 2);
+              }
+              return OSStatus{noErr};
+          });
+    EXPECT_EQ(Open()[1], "-Zoom");
     Choose("Minimize");
-    EXPECT_FALSE(IsWindowCollapsed(mWindow));
+    EXPECT_FALSE(IsWindowCollapsed(theOther));
+    WindowRef theThird = NewListed("Third");
+    SelectWindow(theOther);
+    Choose("Third");
+    EXPECT_FALSE(IsWindowActive(theThird));
 }
 
 TEST_F(WindowMenu, CyclesThroughWindows)
