@@ -99,6 +99,39 @@ TEST_P(PresenterSessionWithWindow, TextIsTyped)
     EXPECT_EQ(TextOf(mProgram.mField), "H");
 }
 
+TEST_P(PresenterSessionWithWindow, AlertsAreAnswered)
+{
+    DialogRef theAlert = nullptr;
+    CreateStandardAlert(kAlertNoteAlert, CFSTR("Switch off?"), nullptr, nullptr, &theAlert);
+    const EventLoopTimerProcPtr thePress = [](EventLoopTimerRef, void* theUser) {
+        static_cast<UserSimulator*>(theUser)->Click({FrontWindow(), {'alrt', 1}});
+    };
+    EventLoopTimerRef theTimer = nullptr;
+    InstallEventLoopTimer(GetMainEventLoop(), 0, 0, thePress, &mUser, &theTimer);
+    DialogItemIndex theItem = 0;
+    EXPECT_EQ(RunStandardAlert(theAlert, nullptr, &theItem), noErr);
+    EXPECT_EQ(theItem, kAlertStdAlertOKButton);
+    RemoveEventLoopTimer(theTimer);
+    Turn();
+    EXPECT_TRUE(IsWindowActive(Window()));
+}
+
+TEST_P(PresenterSessionWithWindow, SheetsKeepTheirParentOut)
+{
+    DialogRef theSheet = nullptr;
+    CreateStandardSheet(kAlertNoteAlert, CFSTR("Save?"), nullptr, nullptr, nullptr, &theSheet);
+    ShowSheetWindow(GetDialogWindow(theSheet), Window());
+    Turn();
+    EXPECT_TRUE(IsWindowActive(GetDialogWindow(theSheet)));
+    EXPECT_FALSE(mUser.Click(mProgram.mCheckBox));
+    EXPECT_FALSE(mUser.MoveWindow(Window(), 10, 60));
+    EXPECT_TRUE(mUser.PressKey(kVK_Return));
+    Turn();
+    EXPECT_EQ(GetDialogWindow(theSheet), nullptr);
+    EXPECT_TRUE(IsWindowActive(Window()));
+    EXPECT_TRUE(mUser.Click(mProgram.mCheckBox));
+}
+
 TEST_P(PresenterSessionWithWindow, WindowsAreWorked)
 {
     EXPECT_EQ(After(mUser.MoveWindow(Window(), 150, 120)),

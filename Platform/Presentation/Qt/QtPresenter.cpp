@@ -648,8 +648,9 @@ void QtPresenter::CollectActivation()
         ActivateWindow();
     } else {
         mReports.Add([this, theId](PresenterEvents& theEvents) {
-            if (theId == kNoObject || FindWindowWidget(theId) != nullptr) {
-                theEvents.WindowActivated(theId);
+            const bool theIsThere = theId == kNoObject || FindWindowWidget(theId) != nullptr;
+            if (theIsThere && !theEvents.WindowActivated(theId) && theId != kNoObject) {
+                ActivateWindow(); // a modal window keeps the person from this one
             }
         });
     }

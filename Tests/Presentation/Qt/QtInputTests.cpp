@@ -14,16 +14,19 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QSlider>
 #include <QStyleOptionSlider>
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
+#include <QWindow>
 
 #include "HeadlessPresenter.h"
 #include "PaintCounter.h"
 #include "QtPresenter.h"
 #include "TestMenus.h"
+#include "Windows/Windows.h"
 
 #include <algorithm>
 #include <array>
@@ -474,6 +477,63 @@ TEST_F(QtInputTest, AWindowThatIsClosedGoes)
     const Log theLog = Take();
     EXPECT_EQ(std::count(theLog.begin(), theLog.end(), "closed"), 1);
     EXPECT_EQ(Screen().DescribeScreen(), "Nothing is on the screen.\n");
+}
+
+// Alerts and sheets ------------------------------------------------------------------------------------
+
+TEST_F(QtInputTest, AnAlertIsAnsweredByItsButton)
+{
+    DialogRef theAlert = nullptr;
+    CreateStandardAlert(kAlertNoteAlert, CFSTR("Switch off?"), nullptr, nullptr, &theAlert);
+    const EventLoopTimerProcPtr thePress = [](EventLoopTimerRef, void* thePresenter) {
+        const QWidget* theWidget =
+            static_cast<QtPresenter*>(thePresenter)->FindWindowWidget(Host::IdentifierOf(FrontWindow()));
+        if (theWidget != nullptr) {
+            QTest::mouseClick(theWidget->findChild<QPushButton*>(), Qt::LeftButton);
+        }
+    };
+    EventLoopTimerRef theTimer = nullptr;
+    InstallEventLoopTimer(GetMainEventLoop(), 0.01, 0.01, thePress, mPresenter, &theTimer);
+    DialogItemIndex theItem = 0;
+    EXPECT_EQ(RunStandardAlert(theAlert, nullptr, &theItem), noErr);
+    EXPECT_EQ(theItem, kAlertStdAlertOKButton);
+    RemoveEventLoopTimer(theTimer);
+}
+
+TEST_F(QtInputTest, ASheetStaysInFrontOfItsParentAndKeepsItOut)
+{
+    DialogRef theSheet = nullptr;
+    CreateStandardSheet(kAlertNoteAlert, CFSTR("Save?"), nullptr, nullptr, nullptr, &theSheet);
+    ShowSheetWindow(GetDialogWindow(theSheet), mProgram->mWindow.Get());
+    Turn();
+    QWidget& theWidget = *mPresenter->FindWindowWidget(Host::IdentifierOf(GetDialogWindow(theSheet)));
+    EXPECT_EQ(theWidget.windowHandle()->transientParent(), WindowWidget().windowHandle());
+    mLog.clear();
+    QTest::mouseClick(&Widget('heat'), Qt::LeftButton);
+    EXPECT_EQ(Take(), Log());
+    EXPECT_EQ(GetControl32BitValue(mProgram->mCheckBox), 0);
+    QTest::keyClick(theWidget.focusWidget(), Qt::Key_Return);
+    Turn();
+    EXPECT_EQ(GetDialogWindow(theSheet), nullptr);
+    mLog.clear();
+    QTest::mouseClick(&Widget('heat'), Qt::LeftButton);
+    Turn();
+    EXPECT_EQ(GetControl32BitValue(mProgram->mCheckBox), 1);
+}
+
+TEST_F(QtInputTest, AWindowBehindAModalOneDoesNotStayActiveOnTheDesktop)
+{
+    const TestWindow theDialog(MakeRect(100, 80, 300, 180), CFSTR("Question"), kMovableModalWindowClass,
+                               kWindowNoAttributes);
+    Turn();
+    QWidget& theWidget = *mPresenter->FindWindowWidget(Screen().WindowCalled("Question"));
+    ASSERT_EQ(QApplication::activeWindow(), &theWidget);
+    WindowWidget().activateWindow();
+    for (int theCount = 0; theCount < 5; ++theCount) {
+        RunCurrentEventLoop(0.01);
+    }
+    EXPECT_EQ(QApplication::activeWindow(), &theWidget);
+    EXPECT_TRUE(IsWindowActive(theDialog.Get()));
 }
 
 // Menus ------------------------------------------------------------------------------------------------
