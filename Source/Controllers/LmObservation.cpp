@@ -37,7 +37,7 @@ public:
         if (mTime == kAfterChange) {
             RememberFirst(*theStore, theKeyName);
         } else if (!HasEnded()) {
-            mFunction({theStore, theKeyName, theStore->GetKeyPathValue(theKeyName), LmValue()});
+            Call({theStore, theKeyName, theStore->GetKeyPathValue(theKeyName), LmValue()});
         }
     }
 
@@ -50,11 +50,19 @@ public:
         const LmValue theNewValue = theStore->GetKeyPathValue(theKeyName);
         // Both are copies: the function may change the key again, and come here before it returns.
         const LmValue theOldValue = std::exchange(mLastValues[theKeyName], theNewValue);
-        mFunction({theStore, theKeyName, theOldValue, theNewValue});
+        Call({theStore, theKeyName, theOldValue, theNewValue});
     }
 
 private:
     ~Observer() override = default;
+
+    // A store that makes its values when they are read may have ended this while it did so.
+    void Call(const LmChange& theChange)
+    {
+        if (!HasEnded()) {
+            mFunction(theChange);
+        }
+    }
 
     // Of all keys, it is not known before which ones will change.
     void RememberFirst(const LmKeyValueStore& theStore, const LmString& theKeyName)
@@ -89,9 +97,9 @@ LmObservation::LmObservation(LmObservation&& theOther) noexcept
 
 LmObservation& LmObservation::operator=(LmObservation&& theOther) noexcept
 {
-    if (this != &theOther) {
-        End();
-        mObserver = std::exchange(theOther.mObserver, nullptr);
+    // The old one ends last: its function may own either of these.
+    if (Observer* const theOld = std::exchange(mObserver, std::exchange(theOther.mObserver, nullptr))) {
+        theOld->End();
     }
     return *this;
 }

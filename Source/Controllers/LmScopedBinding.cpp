@@ -175,9 +175,9 @@ LmScopedBinding::LmScopedBinding(LmScopedBinding&& theOther) noexcept
 
 LmScopedBinding& LmScopedBinding::operator=(LmScopedBinding&& theOther) noexcept
 {
-    if (this != &theOther) {
-        End();
-        mLink = std::exchange(theOther.mLink, nullptr);
+    // The old one ends last: its transforms may own either of these.
+    if (Link* const theOld = std::exchange(mLink, std::exchange(theOther.mLink, nullptr))) {
+        theOld->End();
     }
     return *this;
 }

@@ -198,6 +198,61 @@ TEST_F(LmObservationTest, Moves)
     EXPECT_EQ(theLog, (Lines{"two: - > SInt32 2", "four: - > SInt32 4", "three: - > SInt32 3"}));
 }
 
+// What the function of an observation has captured goes with it, and may be the observation that takes its
+// place, or the place itself.
+TEST_F(LmObservationTest, MovesToAndFromWhatItsFunctionOwns)
+{
+    struct Owner
+    {
+        LmObservation theObservation;
+    };
+    auto theOwner = std::make_shared<Owner>();
+    const std::weak_ptr<Owner> theFirst = theOwner;
+    theOwner->theObservation = LmObservation(&theStore, "one", Noting());
+    LmObservation theObservation(&theStore, "two", [theOwner](const LmChange&) {});
+    LmObservation& theOwned = theOwner->theObservation;
+    theOwner.reset();
+    theObservation = std::move(theOwned);
+    EXPECT_TRUE(theFirst.expired());
+    Set("one", 1);
+    EXPECT_EQ(theLog, Lines{"one: - > SInt32 1"});
+
+    theOwner = std::make_shared<Owner>();
+    const std::weak_ptr<Owner> theSecond = theOwner;
+    LmObservation& thePlace = theOwner->theObservation;
+    thePlace = LmObservation(&theStore, "two", [theOwner](const LmChange&) {});
+    theOwner.reset();
+    thePlace = LmObservation();
+    EXPECT_TRUE(theSecond.expired());
+}
+
+TEST_F(LmObservationTest, IsNotCalledWhenReadingTheValueHasEndedIt)
+{
+    class Ender : public LmKeyValueStore
+    {
+    public:
+        LmValue GetKeyValue(const LmString& theKey) const override
+        {
+            if (mEnded != nullptr) {
+                mEnded->End();
+            }
+            return LmKeyValueStore::GetKeyValue(theKey);
+        }
+        LmObservation* mEnded = nullptr;
+    };
+    for (const LmChangeTime theTime : {kBeforeChange, kAfterChange}) {
+        Ender theEnder;
+        theEnder.SetKeyPathValue("one", LmValue(1));
+        int theCalls = 0;
+        LmObservation theObservation(
+            &theEnder, "one", [&](const LmChange&) { theCalls += 1; }, theTime);
+        theEnder.mEnded = &theObservation;
+        theEnder.NotifyObservers("one", theTime == kAfterChange);
+        EXPECT_FALSE(theObservation.IsObserving());
+        EXPECT_EQ(theCalls, 0);
+    }
+}
+
 TEST_F(LmObservationTest, IsSafeWhenTheStoreGoesFirst)
 {
     auto theOther = std::make_unique<LmKeyValueStore>();

@@ -202,6 +202,32 @@ TEST_F(LmScopedBindingTest, Moves)
     EXPECT_EQ(Read(theObject, "other"), "SInt32 1");
 }
 
+TEST_F(LmScopedBindingTest, MovesFromWhatItsTransformOwns)
+{
+    class Owner : public LmValueTransform
+    {
+    public:
+        explicit Owner(bool& theIsGone)
+            : mIsGone(theIsGone)
+        {
+        }
+        ~Owner() override { mIsGone = true; }
+        LmValue Apply(const LmValue& theValue) override { return theValue; }
+        LmScopedBinding mBinding;
+
+    private:
+        bool& mIsGone;
+    };
+    bool isGone = false;
+    auto* const theOwner = new Owner(isGone);
+    theOwner->mBinding = LmScopedBinding(&theObject, "value", &theSource, "volume");
+    LmScopedBinding theBinding = LmScopedBinding::OneWay(&theObject, "other", &theSource, "volume", theOwner);
+    theBinding = std::move(theOwner->mBinding);
+    EXPECT_TRUE(isGone);
+    SetSource(2);
+    EXPECT_EQ(Both(), "SInt32 2, SInt32 2");
+}
+
 TEST_F(LmScopedBindingTest, IsUndoneByTheEndOfEitherSide)
 {
     for (const bool isTwoWay : {false, true}) {
