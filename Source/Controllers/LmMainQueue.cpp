@@ -126,6 +126,7 @@ private:
     {
         {
             const std::lock_guard<std::mutex> theLock(mMutex);
+            mTakesSets = mLine && mLine->IsAttached();
             mLatest.clear();
             mTaken.splice(mTaken.end(), mPosted);
         }
@@ -157,7 +158,7 @@ private:
 
     std::mutex mMutex;
     bool mIsOpen = false;                        // guarded by mMutex, as the next three are
-    bool mTakesSets = false;                     // the queue has a store
+    bool mTakesSets = false;                     // the queue has a store, as far as it is known
     Posts mPosted;                               // what has come since the timer fired
     std::map<LmString, Posts::iterator> mLatest; // where in it the set of a key is that a later one replaces
 

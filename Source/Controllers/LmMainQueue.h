@@ -28,12 +28,13 @@
 //
 // - What is posted is made in the order in which it was posted. Of sets that are posted as the latest of
 //   their key, without another set of that key between them, only the last one is made, in the place of the
-//   first; those that were made already do not count.
+//   first; those that a turn of the loop has begun with do not count.
 // - What is posted while other things are made is made in another turn of the loop, so that a thread that
 //   posts without end does not keep people from using the application.
 // - While a set or a function runs an event loop of its own, what else is posted waits until it returns.
-// - When the queue or the store goes, what was not made yet is dropped, and posters post nothing any more.
-//   They may outlive both, and the threads need not have come to their end.
+// - When the queue goes, what was not made yet is dropped, and posters post nothing any more. When the store
+//   goes, its sets are dropped, and posters post none from the next turn of the loop on; functions are called
+//   as ever. Posters may outlive both, and the threads need not have come to their end.
 // - When memory runs out while a set is made, it is tried again in another turn of the loop, and what comes
 //   after it waits. A function is called once, whatever comes of it. No other exception may leave it, or an
 //   observer.
@@ -58,8 +59,8 @@ public:
     // posted.
     bool Set(const LmString& theKeyPath, const LmValue& theValue) const;
 
-    // The same, and takes the place of a set of this key that was posted as its latest and not made yet. For
-    // values that are worth nothing any more when there is a later one.
+    // The same, and takes the place of a set of this key that was posted as its latest, unless a turn of the
+    // loop has begun with that. For values that are worth nothing any more when there is a later one.
     bool SetLatest(const LmString& theKeyPath, const LmValue& theValue) const;
 
     // Lets theFunction be called on the main thread. What it has captured is destroyed there too, or here

@@ -214,6 +214,11 @@ TEST_F(LmMainQueueTest, DropsSetsOfAStoreThatHasGone)
     theOther.reset();
     TurnOnce();
     EXPECT_EQ(theLog, Lines{"called"});
+    EXPECT_FALSE(theQueue.GetPoster().Set("a", LmValue(1))) << "a thread that posts while it can must end";
+    EXPECT_FALSE(theQueue.GetPoster().SetLatest("a", LmValue(1)));
+    EXPECT_TRUE(theQueue.GetPoster().Call([this] { theLog.push_back("called again"); }));
+    TurnOnce();
+    EXPECT_EQ(theLog, (Lines{"called", "called again"}));
 }
 
 TEST_F(LmMainQueueTest, WithoutAStoreTakesFunctionsAlone)
