@@ -198,7 +198,9 @@ void LmTextFieldBinding::SetControl(ControlRef theControl)
     if (IsEditText(theControl)) {
         InstallHandlers();
     }
-    if (mIsText && ReadShownText()) {
+    mValueBeforeKeys = LmValue();
+    const bool hasState = GetKeyValue(kKeyEditing).IsValid(); // of a field that was there before
+    if (mIsText ? ReadShownText() : hasState && TellState(LmReading::Accept(GetKeyValue(kKeyValue)))) {
         Tell(kKeyEditing, LmValue(false));
     }
 }
@@ -254,6 +256,9 @@ LmValue LmTextFieldBinding::GetKeyValue(const LmString& theKeyName) const
 void LmTextFieldBinding::SetKeyValue(const LmString& theKey, const LmValue& theValue)
 {
     const bool isForField = mIsText && theKey == kKeyValue;
+    if (isForField && mHearsOthers) {
+        mValueBeforeKeys = LmValue();
+    }
     if (!isForField || (mFormatter == nullptr && !HasText(theValue))) {
         LmSettledControlBinding::SetKeyValue(theKey, theValue);
         return;
@@ -313,6 +318,7 @@ bool LmTextFieldBinding::Tell(const char* theKey, const LmValue& theValue)
 
 bool LmTextFieldBinding::TellState(const LmReading& theReading)
 {
+    mIsValid = theReading.IsAccepted();
     return Tell(kKeyProblem, HasText(theReading.theProblem) ? theReading.theProblem : EmptyText()) &&
            Tell(kKeyValid, LmValue(theReading.IsAccepted()));
 }
@@ -324,9 +330,15 @@ bool LmTextFieldBinding::ShowValue(const LmValue& theValue)
     return !theWatch.IsGone() && ShowText(theText);
 }
 
+// A value that the formatter writes may be one that it would not take, out of its range for one.
 bool LmTextFieldBinding::ShowText(const LmValue& theText)
 {
-    return WriteText(theText.IsValid() ? theText : EmptyText()) && TellState(LmReading::Accept(theText));
+    if (!WriteText(theText.IsValid() ? theText : EmptyText())) {
+        return false;
+    }
+    const LmLifeWatch theWatch(this);
+    const LmReading theReading = theText.IsValid() ? Parse(mShownText) : LmReading::Accept(LmValue());
+    return !theWatch.IsGone() && TellState(theReading);
 }
 
 // Takes what stands in the field without anybody having typed it.
@@ -348,11 +360,7 @@ bool LmTextFieldBinding::ReadShownText()
 bool LmTextFieldBinding::Commit()
 {
     const Outcome theOutcome = TakeText();
-    if (theOutcome == kRefused || theOutcome == kGone) {
-        return false;
-    }
-    const LmValue isValid = GetKeyValue(kKeyValid);
-    return isValid.IsBoolean() && isValid.GetBoolean();
+    return theOutcome != kRefused && theOutcome != kGone && mIsValid;
 }
 
 LmTextFieldBinding::Outcome LmTextFieldBinding::TakeText()
@@ -385,6 +393,7 @@ LmTextFieldBinding::Outcome LmTextFieldBinding::Accept(const LmValue& theValue)
         }
         theTaking.Done();
     }
+    mValueBeforeKeys = LmValue();
     return ShowValue(GetKeyValue(kKeyValue)) && Tell(kKeyEditing, LmValue(false)) ? kAccepted : kGone;
 }
 
@@ -402,11 +411,27 @@ void LmTextFieldBinding::NoteTyping()
     }
     const LmLifeWatch theWatch(this);
     const LmReading theReading = Parse(theText);
-    if (theWatch.IsGone() ||
-        (isEachKey && theReading.IsAccepted() && !Tell(kKeyValue, theReading.theValue))) {
+    if (theWatch.IsGone() || (isEachKey && theReading.IsAccepted() && !TakeKeys(theReading.theValue))) {
         return;
     }
     TellState(theReading);
+}
+
+// What Escape gives back is noted with the first of the keys.
+bool LmTextFieldBinding::TakeKeys(const LmValue& theValue)
+{
+    const LmValue theBefore = mValueBeforeKeys.IsValid() ? mValueBeforeKeys : GetKeyValue(kKeyValue);
+    const LmUpdateScope theScope(this, mHearsOthers);
+    mValueBeforeKeys = theBefore;
+    SetKeyPathValue(kKeyValue, theValue);
+    return !theScope.BindingIsGone();
+}
+
+bool LmTextFieldBinding::GiveBackKeys()
+{
+    const LmValue theBefore = mValueBeforeKeys;
+    mValueBeforeKeys = LmValue();
+    return !theBefore.IsValid() || Tell(kKeyValue, theBefore);
 }
 
 void LmTextFieldBinding::Discard()
@@ -418,11 +443,8 @@ void LmTextFieldBinding::Discard()
     if (!WriteText(theShown)) {
         return;
     }
-    // With each keystroke, the value has gone along with what was typed.
-    const bool isShown = (mOptions & kCommitEachKey) == 0 && GetKeyValue(kKeyValue).IsValid()
-                             ? ShowValue(GetKeyValue(kKeyValue))
-                             : ReadShownText();
-    if (isShown) {
+    if (GiveBackKeys() &&
+        (GetKeyValue(kKeyValue).IsValid() ? ShowValue(GetKeyValue(kKeyValue)) : ReadShownText())) {
         Tell(kKeyEditing, LmValue(false));
     }
 }

@@ -41,9 +41,13 @@
 //
 // Escape gives back what was there before, or, where nothing was typed, goes on to the window, where it
 // presses the cancel button. While something is typed, a value that comes from the model is stored, and shown
-// when the person is done or presses Escape: nothing is taken away under his hands.
+// when the person takes back what he typed, by hand or with Escape: nothing is taken away under his hands.
+// What he goes on to type and is accepted takes its place. With kCommitEachKey, Escape also gives back the
+// value that was there before the first key, unless another one has come from the model meanwhile; where
+// there was none, the last one that was taken stays.
 //
 // A value that the formatter cannot write is kept as it is; the field is empty then, and "valid" is false.
+// One that it writes and would not take, because it is out of its range, is shown, and "valid" is false too.
 // Setting one of the other three keys changes nothing in the field.
 //
 // A static text may be given as well; then it shows values through the formatter. Everything else is as
@@ -148,18 +152,23 @@ private:
     LM_HIDDEN Outcome TakeText();
     LM_HIDDEN Outcome Accept(const LmValue& theValue);
 
+    LM_HIDDEN bool TakeKeys(const LmValue& theValue);
+    LM_HIDDEN bool GiveBackKeys();
     LM_HIDDEN void NoteTyping();
     LM_HIDDEN void NoteShown(const LmValue& theText);
     LM_HIDDEN void TakeFocusBack();
 
-    LmSharedFormatter mFormatter;                  // shared, or null
-    const unsigned mOptions;                       // of LmTextFieldOption
-    LmValue mShownText;                            // the text of the field where nothing was typed
-    LmValue mNotedText;                            // the text that was noted last while something was typed
-    EventHandlerRef mFieldHandler = nullptr;       // on the control; owned, as the next two are
-    EventHandlerRef mWindowHandler = nullptr;      // on its window
+    LmSharedFormatter mFormatter;             // shared, or null
+    const unsigned mOptions;                  // of LmTextFieldOption
+    LmValue mShownText;                       // the text of the field where nothing was typed
+    LmValue mNotedText;                       // the text that was noted last while something was typed
+    LmValue mValueBeforeKeys;                 // what "value" was before keystrokes were taken, or invalid
+    EventHandlerRef mFieldHandler = nullptr;  // on the control; owned, as the next two are
+    EventHandlerRef mWindowHandler = nullptr; // on its window
     EventHandlerRef mApplicationHandler = nullptr; // on the application
     bool mIsText = false;                          // the control is a text
+    bool mIsValid = false;                         // what "valid" was told last
+    bool mHearsOthers = true;                      // clear while a keystroke is taken
     bool mTakesText = true;                        // clear while what was typed is being taken
     bool mNotesTyping = true;                      // clear while this object writes into the field
     mutable int mTextReads = 0; // how often "value" reads as the text, for the base class alone

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
+#include <optional>
 #include <Simulation/UserSimulator.h>
 #include <string>
 
@@ -307,6 +308,7 @@ private:
             return true;
         }
         mValue = std::min(theNumber, kMost);
+        mBefore.reset();
         Show();
         return false;
     }
@@ -323,6 +325,7 @@ private:
         }
         const long theNumber = Parse(mText, mProblem);
         if (mIsEachKey && theNumber >= 0) {
+            mBefore = mBefore.value_or(mValue);
             mValue = std::min(theNumber, kMost);
         }
     }
@@ -332,8 +335,8 @@ private:
         if (mText == mShown) {
             return;
         }
-        std::string theProblem;
-        mValue = mIsEachKey ? Parse(mShown, theProblem) : mValue;
+        mValue = mBefore.value_or(mValue);
+        mBefore.reset();
         Show();
     }
 
@@ -343,6 +346,9 @@ private:
     {
         const bool isChange = theNumber != mValue;
         mValue = std::min(theNumber, kMost);
+        if (isChange) {
+            mBefore.reset();
+        }
         if (isChange && mText == mShown) {
             Show();
         }
@@ -421,6 +427,7 @@ private:
     std::string mShown = mText;
     std::string mProblem;
     long mValue = kFirst;
+    std::optional<long> mBefore; // what keystrokes have taken the place of, until somebody else sets it
     bool mIsEditing = false;
     bool mHasFocus = true;
 };

@@ -810,7 +810,81 @@ TEST_F(LmTextFieldBindingTest, EscapeTakesBackWhatKeystrokesHaveSet)
     EXPECT_EQ(State(), "valid");
 }
 
+TEST_F(LmTextFieldBindingTest, EscapeLeavesAValueThatCameBetweenKeystrokes)
+{
+    Bind(kCommitEachKey);
+    Type("5");
+    mModel.GetBindings()->SetKeyPathValue("quantity", LmValue(77));
+    EXPECT_EQ(All(), "5 | 77 | 77");
+    Press(kVK_Escape);
+    EXPECT_EQ(All(), "77 | 77 | 77");
+    EXPECT_EQ(State(), "valid");
+}
+
+TEST_F(LmTextFieldBindingTest, EscapeGivesBackAValueThatTheFieldCannotShow)
+{
+    Bind(kCommitEachKey);
+    mModel.GetBindings()->SetKeyPathValue("quantity", LmValue(CFSTR("many"), false));
+    Type("5");
+    EXPECT_EQ(All(), "5 | 5 | 5");
+    Press(kVK_Escape);
+    EXPECT_EQ(All(), R"( | String "many" | String "many")");
+    EXPECT_EQ(State(), "refused");
+    Type("5");
+    Press(kVK_Return);
+    EXPECT_EQ(All(), "5 | 5 | 5");
+    Type("6");
+    Press(kVK_Escape);
+    EXPECT_EQ(All(), "5 | 5 | 5") << "what was taken is what was there before";
+}
+
+TEST_F(LmTextFieldBindingTest, EscapeShowsTheLastKeystrokeWhereThereWasNoValueBefore)
+{
+    SetText(mField, "");
+    mBinding = new LmTextFieldBinding(mField, mFormatter, kCommitEachKey);
+    SetKeyboardFocus(mWindow, mField, kControlEditTextPart);
+    Type("5x");
+    Press(kVK_Escape);
+    EXPECT_EQ(TextOf(mField), "5");
+    EXPECT_EQ(Number(mBinding->GetKeyPathValue("value")), "5");
+    EXPECT_EQ(State(), "valid");
+}
+
+TEST_F(LmTextFieldBindingTest, RefusesAValueThatItsFormatterWritesAndWouldNotTake)
+{
+    mBinding = new LmTextFieldBinding(mField, mFormatter);
+    mBinding->SetKeyPathValue("value", LmValue(1234567));
+    EXPECT_EQ(TextOf(mField), "1234,567");
+    EXPECT_EQ(State(), "refused: This is no number.");
+    EXPECT_FALSE(mBinding->Commit());
+    mBinding->SetKeyPathValue("value", LmValue(123456));
+    EXPECT_EQ(State(), "valid");
+    EXPECT_TRUE(mBinding->Commit());
+}
+
+TEST_F(LmTextFieldBindingTest, CommitsByWhatStandsInTheFieldAndNotByWhatAKeyWasSetTo)
+{
+    Bind();
+    mBinding->SetKeyPathValue("valid", LmValue(false));
+    EXPECT_TRUE(mBinding->Commit());
+    Type("x");
+    EXPECT_FALSE(mBinding->Commit());
+    mBinding->SetKeyPathValue("valid", LmValue(true));
+    EXPECT_FALSE(mBinding->Commit());
+}
+
 // ---- Life
+
+TEST_F(LmTextFieldBindingTest, LeavesNothingBehindOfAnEditInAFieldThatItLeaves)
+{
+    Bind();
+    Type("x\n");
+    EXPECT_EQ(State(), "refused: This is no number., editing");
+    mBinding->SetControl(nullptr);
+    EXPECT_EQ(State(), "valid");
+    EXPECT_EQ(Number(mBinding->GetKeyPathValue("value")), "1200");
+    delete mBinding;
+}
 
 TEST_F(LmTextFieldBindingTest, IsFoundByItsIdentifier)
 {
