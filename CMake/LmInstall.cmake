@@ -35,7 +35,7 @@ if(TARGET LmCarbonDesktop)
 endif()
 
 if(NOT APPLE)
-  foreach(theFolder CoreFoundation CoreGraphics CoreServices Carbon Presentation Simulation)
+  foreach(theFolder CoreFoundation CoreGraphics CoreServices Drawing Carbon Presentation Simulation)
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/Platform/${theFolder}/Include/"
       DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/LmPlatform
       COMPONENT Development
@@ -52,10 +52,15 @@ endif()
 # What the libraries themselves are linked with; programs need it to be there, and nothing to build with.
 set(LM_PKGCONFIG_PRIVATE_LIBS "")
 set(LM_HAS_LOCALE_DATA TRUE)
+set(LM_HAS_DRAWING TRUE)
 if(NOT APPLE)
   get_target_property(LM_HAS_LOCALE_DATA LmCoreFoundation LM_HAS_LOCALE_DATA)
   if(LM_HAS_LOCALE_DATA)
     set(LM_PKGCONFIG_PRIVATE_LIBS "-licui18n -licuuc")
+  endif()
+  get_target_property(LM_HAS_DRAWING LmDrawing LM_HAS_DRAWING)
+  if(LM_HAS_DRAWING)
+    string(APPEND LM_PKGCONFIG_PRIVATE_LIBS " -lcairo")
   endif()
 endif()
 configure_package_config_file(

@@ -172,6 +172,10 @@ report "CoreFoundation stands below Carbon" < <(
     includes Platform/CoreFoundation Platform/CoreGraphics |
         grep -E '[<"/](Carbon|CoreServices|Presentation|Simulation)/'
 )
+report "Drawing stands on CoreFoundation and Cairo, and nobody else knows Cairo" < <(
+    includes Platform/Drawing | grep -E '[<"/](Carbon|ApplicationServices|CoreServices|Presentation|Simulation)/'
+    includes Source Platform Examples Tools | grep -E '<cairo' | grep -v '^Platform/Drawing/Source/Cairo/'
+)
 report "CoreServices stands between CoreFoundation and Carbon" < <(
     includes Platform/CoreServices | grep -E '[<"/](Carbon|ApplicationServices|Presentation|Simulation)/'
 )

@@ -23,6 +23,10 @@ Platform/Carbon/Source/Input/PresentedManagers.cpp the managers as presenters se
 Platform/CoreFoundation/Source/CFContainer.cpp two callbacks of what holds values: CFArrayTests, CFDictionaryTests
 Platform/CoreFoundation/Source/Formats/ what formatters stand on: CF{NumberFormatter,DateFormatter,Locale,TimeZone}Tests
 Platform/CoreFoundation/Source/CFUnicodeTables.cpp tables alone: CFUnicodeTests, CFStringCompareTests
+Platform/Drawing/Source/Bitmap.cpp the pixels of a context: CGBitmapContextTests
+Platform/Drawing/Source/Cairo/ how contexts draw: CGContextTests, CGContextStateTests
+Platform/Drawing/Source/DrawingTypes.cpp a table alone: CGColorTests
+Platform/Drawing/Source/Outline.cpp the path of a context: CGContextPathTests
 Platform/Presentation/Headless/HeadlessPresenter.cpp nothing but what every presenter owes: PresenterContractTests
 Platform/Presentation/Qt/ Qt's behaviour crosses its files: the contract of presenters, and Tests/Presentation/Qt
 Source/Controllers/Internal/LmCharacters.cpp text as formatters work on it: Lm{Number,Word}FormattersTests

@@ -21,7 +21,7 @@ import sys
 import tempfile
 
 HEADERS = ("CoreFoundation/CoreFoundation.h", "Carbon/Carbon.h")
-HOST_FOLDERS = ("CoreFoundation", "CoreGraphics", "CoreServices", "Carbon")
+HOST_FOLDERS = ("CoreFoundation", "CoreGraphics", "CoreServices", "Drawing", "Carbon")
 # The host's headers bring the C library's. No library is here for the target, and its names are not the host's.
 C_LIBRARY = ("assert", "ctype", "errno", "inttypes", "limits", "locale", "math", "setjmp", "signal", "stdio", "stdlib",
              "string", "sys/types", "time")

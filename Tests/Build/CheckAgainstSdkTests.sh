@@ -28,6 +28,7 @@ made_of_our_own()
         cp -r "$kRoot/Platform/${theFramework%%/*}/Include/${theFramework##*/}" \
             "$kHeaders/${theFramework##*/}.framework/Headers"
     done
+    cp "$kRoot"/Platform/Drawing/Include/CoreGraphics/*.h "$kHeaders/CoreGraphics.framework/Headers"
     cp "$kRoot"/Platform/{CoreFoundation,CoreServices}/Include/*.h "$gSdk/usr/include"
     # What this machine's C library asks for when it is read for 32 bits.
     : >"$gSdk/usr/include/gnu/stubs-32.h"

@@ -9,7 +9,7 @@ kRoot=$1
 kProgram=$kRoot/Tests/Build/Headers/Program.c
 kWarnings=(-fsyntax-only -Wall -Wextra -Wno-multichar -Werror)
 kFolders=()
-for theRoom in CoreFoundation CoreGraphics CoreServices Carbon; do
+for theRoom in CoreFoundation CoreGraphics CoreServices Drawing Carbon; do
     kFolders+=(-isystem "$kRoot/Platform/$theRoom/Include")
 done
 gFailures=0

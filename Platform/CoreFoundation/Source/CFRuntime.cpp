@@ -21,6 +21,21 @@ const Host::TypeOperations* const kTypes[] = {
     &Host::kRunLoopType,   &Host::kRunLoopTimerType,  &Host::kTimeZoneType, &Host::kNumberedObjectType,
 };
 
+const Host::TypeOperations* const* gOtherTypes = nullptr;
+size_t gOtherTypeCount = 0;
+
+// Null for a type that there is not.
+const char* NameOf(CFTypeID theType)
+{
+    for (const Host::TypeOperations* theOperations : kTypes) {
+        if (theOperations->theIdentifier == theType) {
+            return theOperations->theName;
+        }
+    }
+    const CFTypeID theIndex = theType - Host::kFirstOtherTypeID;
+    return theIndex < gOtherTypeCount ? gOtherTypes[theIndex]->theName : nullptr;
+}
+
 Host::NumberedObjects gNumberedObjects = {};
 
 // Stands for each object whose reference is a number. It is never freed, so that what counts references looks
@@ -64,6 +79,12 @@ void ShowString(CFStringRef theString)
 const Host::TypeOperations Host::kNumberedObjectType = {
     kNumberedObjectTypeID, "HIObject", nullptr, nullptr, nullptr, nullptr, nullptr};
 
+void Host::UseOtherTypes(const TypeOperations* const* theTypes, size_t theCount)
+{
+    gOtherTypes = theTypes;
+    gOtherTypeCount = theCount;
+}
+
 void Host::UseNumberedObjects(const NumberedObjects& theObjects)
 {
     gNumberedObjects = theObjects;
@@ -82,13 +103,10 @@ CFTypeID CFGetTypeID(CFTypeRef inObject)
 
 CFStringRef CFCopyTypeIDDescription(CFTypeID inType)
 {
-    for (const Host::TypeOperations* theOperations : kTypes) {
-        if (theOperations->theIdentifier == inType) {
-            return CFStringCreateWithCString(kCFAllocatorDefault, theOperations->theName,
-                                             kCFStringEncodingASCII);
-        }
-    }
-    return nullptr;
+    const char* const theName = NameOf(inType);
+    return theName == nullptr
+               ? nullptr
+               : CFStringCreateWithCString(kCFAllocatorDefault, theName, kCFStringEncodingASCII);
 }
 
 CFTypeRef CFRetain(CFTypeRef inObject)

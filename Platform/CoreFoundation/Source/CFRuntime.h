@@ -57,7 +57,8 @@ enum : CFTypeID
     kRunLoopTypeID,
     kRunLoopTimerTypeID,
     kTimeZoneTypeID,
-    kNumberedObjectTypeID
+    kNumberedObjectTypeID,
+    kFirstOtherTypeID // of the types of rooms above
 };
 
 extern const TypeOperations kAllocatorType;
@@ -80,6 +81,10 @@ extern const TypeOperations kSetType;
 extern const TypeOperations kStringType;
 extern const TypeOperations kTimeZoneType;
 extern const TypeOperations kURLType;
+
+// Says which types there are besides, from kFirstOtherTypeID on. Once, by the room that has them.
+__attribute__((visibility("default"))) void UseOtherTypes(const TypeOperations* const* theTypes,
+                                                          size_t theCount);
 
 // The retain count of an object that is never freed: it shows, and never changes.
 constexpr CFIndex kImmortal = sizeof(CFIndex) == 8 ? static_cast<CFIndex>(0x0FFFFFFFFFFFFFFFLL) : 0x7FFFFFFF;

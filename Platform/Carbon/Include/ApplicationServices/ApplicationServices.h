@@ -3,11 +3,12 @@
 #ifndef ApplicationServices_h
 #define ApplicationServices_h
 
-// What programs know of the screen and of one another, with CoreServices and CoreGraphics.
+// What programs know of the screen and of one another, with drawing, CoreServices and CoreGraphics.
 
 #include <Carbon/Appearance.h>
 #include <Carbon/Processes.h>
 #include <Carbon/Quickdraw.h>
+#include <CoreGraphics/CGBitmapContext.h>
 #include <CoreGraphics/CoreGraphics.h>
 #include <CoreServices/CoreServices.h>
 

@@ -1,0 +1,247 @@
+// LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
+
+#include "Outline.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Host {
+
+namespace {
+
+constexpr double kPi = 3.14159265358979323846;
+constexpr double kFarthest = 500000;
+
+bool IsFinite(CGPoint thePoint)
+{
+    return std::isfinite(thePoint.x) && std::isfinite(thePoint.y);
+}
+
+bool IsFinite(const CGRect& theRect)
+{
+    return IsFinite(theRect.origin) && std::isfinite(theRect.size.width) &&
+           std::isfinite(theRect.size.height);
+}
+
+double Within(double theValue)
+{
+    // Finite transforms and places can still give what is no number.
+    return std::isnan(theValue) ? 0 : std::clamp(theValue, -kFarthest, kFarthest);
+}
+
+Spot Applied(Spot theSpot, const CGAffineTransform& theTransform)
+{
+    const CGAffineTransform& t = theTransform;
+    return {Within(double{t.a} * theSpot.theX + double{t.c} * theSpot.theY + double{t.tx}),
+            Within(double{t.b} * theSpot.theX + double{t.d} * theSpot.theY + double{t.ty})};
+}
+
+Spot SpotOf(CGPoint thePoint)
+{
+    return {double{thePoint.x}, double{thePoint.y}};
+}
+
+Spot Applied(CGPoint thePoint, const CGAffineTransform& theTransform)
+{
+    return Applied(SpotOf(thePoint), theTransform);
+}
+
+Spot Between(Spot theOne, Spot theOther, double thePart)
+{
+    return {theOne.theX + (theOther.theX - theOne.theX) * thePart,
+            theOne.theY + (theOther.theY - theOne.theY) * thePart};
+}
+
+double Distance(Spot theOne, Spot theOther)
+{
+    return std::hypot(theOther.theX - theOne.theX, theOther.theY - theOne.theY);
+}
+
+Spot OnCircle(Spot theCentre, double theRadius, double theAngle)
+{
+    return {theCentre.theX + theRadius * std::cos(theAngle), theCentre.theY + theRadius * std::sin(theAngle)};
+}
+
+// How far an arc turns: a whole circle at most.
+double Turn(double theStart, double theEnd, bool theIsClockwise)
+{
+    const double theTurn = theIsClockwise ? theStart - theEnd : theEnd - theStart;
+    const double theWay = theTurn >= 0 ? std::fmin(theTurn, 2 * kPi) : std::fmod(theTurn, 2 * kPi) + 2 * kPi;
+    return theIsClockwise ? -theWay : theWay;
+}
+
+} // namespace
+
+void Outline::Clear()
+{
+    mSteps.clear();
+    mSpots.clear();
+    mStart = Spot();
+    mCurrent = Spot();
+}
+
+CGRect Outline::Box() const
+{
+    if (mSpots.empty()) {
+        return CGRectNull;
+    }
+    Spot theLow = mSpots.front();
+    Spot theHigh = mSpots.front();
+    for (const Spot& theSpot : mSpots) {
+        theLow = {std::fmin(theLow.theX, theSpot.theX), std::fmin(theLow.theY, theSpot.theY)};
+        theHigh = {std::fmax(theHigh.theX, theSpot.theX), std::fmax(theHigh.theY, theSpot.theY)};
+    }
+    return CGRectMake(static_cast<CGFloat>(theLow.theX), static_cast<CGFloat>(theLow.theY),
+                      static_cast<CGFloat>(theHigh.theX - theLow.theX),
+                      static_cast<CGFloat>(theHigh.theY - theLow.theY));
+}
+
+// Has room for all before it adds anything.
+void Outline::Add(Step theStep, std::initializer_list<Spot> theSpots)
+{
+    mSpots.reserve(mSpots.size() + theSpots.size());
+    mSteps.push_back(theStep);
+    mSpots.insert(mSpots.end(), theSpots);
+    if (theSpots.size() != 0) {
+        mCurrent = mSpots.back();
+    }
+}
+
+void Outline::Move(CGPoint thePoint, const CGAffineTransform& theTransform)
+{
+    if (IsFinite(thePoint)) {
+        Add(Step::kMove, {Applied(thePoint, theTransform)});
+        mStart = mCurrent;
+    }
+}
+
+void Outline::Line(CGPoint thePoint, const CGAffineTransform& theTransform)
+{
+    if (!IsEmpty() && IsFinite(thePoint)) {
+        Add(Step::kLine, {Applied(thePoint, theTransform)});
+    }
+}
+
+void Outline::Curve(CGPoint theFirst, CGPoint theSecond, CGPoint theEnd,
+                    const CGAffineTransform& theTransform)
+{
+    if (!IsEmpty() && IsFinite(theFirst) && IsFinite(theSecond) && IsFinite(theEnd)) {
+        Add(Step::kCurve, {Applied(theFirst, theTransform), Applied(theSecond, theTransform),
+                           Applied(theEnd, theTransform)});
+    }
+}
+
+void Outline::QuadCurve(CGPoint thePull, CGPoint theEnd, const CGAffineTransform& theTransform)
+{
+    if (!IsEmpty() && IsFinite(thePull) && IsFinite(theEnd)) {
+        const Spot theMiddle = Applied(thePull, theTransform);
+        const Spot theLast = Applied(theEnd, theTransform);
+        Add(Step::kCurve,
+            {Between(mCurrent, theMiddle, 2.0 / 3), Between(theLast, theMiddle, 2.0 / 3), theLast});
+    }
+}
+
+void Outline::Close()
+{
+    if (!IsEmpty() && mSteps.back() != Step::kClose) {
+        Add(Step::kClose, {});
+        mCurrent = mStart;
+    }
+}
+
+void Outline::Rectangle(const CGRect& theRect, const CGAffineTransform& theTransform)
+{
+    if (!IsFinite(theRect)) {
+        return;
+    }
+    const CGFloat theRight = theRect.origin.x + theRect.size.width;
+    const CGFloat theTop = theRect.origin.y + theRect.size.height;
+    Move(theRect.origin, theTransform);
+    Line({theRight, theRect.origin.y}, theTransform);
+    Line({theRight, theTop}, theTransform);
+    Line({theRect.origin.x, theTop}, theTransform);
+    Close();
+}
+
+void Outline::Ellipse(const CGRect& theRect, const CGAffineTransform& theTransform)
+{
+    if (!IsFinite(theRect)) {
+        return;
+    }
+    const CGAffineTransform theOval = {
+        theRect.size.width / 2, 0, 0, theRect.size.height / 2, CGRectGetMidX(theRect),
+        CGRectGetMidY(theRect)};
+    const CGAffineTransform theWhole = CGAffineTransformConcat(theOval, theTransform);
+    Move({1, 0}, theWhole);
+    Sweep({0, 0}, 1, 0, 2 * kPi, theWhole);
+    Close();
+}
+
+void Outline::LineOrMove(Spot theSpot, const CGAffineTransform& theTransform)
+{
+    const bool theIsStart = IsEmpty();
+    Add(theIsStart ? Step::kMove : Step::kLine, {Applied(theSpot, theTransform)});
+    mStart = theIsStart ? mCurrent : mStart;
+}
+
+// A curve comes near enough to a quarter of a circle and less.
+void Outline::Sweep(Spot theCentre, double theRadius, double theStart, double theAngle,
+                    const CGAffineTransform& theTransform)
+{
+    const int theCount = std::max(1, static_cast<int>(std::ceil(std::fabs(theAngle) / (kPi / 2) - 1e-6)));
+    const double thePart = theAngle / theCount;
+    const double thePull = 4.0 / 3 * std::tan(thePart / 4) * theRadius;
+    for (int theIndex = 0; theIndex < theCount; ++theIndex) {
+        const double theFrom = theStart + thePart * theIndex;
+        const double theTo = theFrom + thePart;
+        const Spot theFirst = OnCircle(theCentre, theRadius, theFrom);
+        const Spot theLast = OnCircle(theCentre, theRadius, theTo);
+        const Spot theFirstPull = OnCircle(theFirst, thePull, theFrom + kPi / 2);
+        const Spot theLastPull = OnCircle(theLast, -thePull, theTo + kPi / 2);
+        Add(Step::kCurve, {Applied(theFirstPull, theTransform), Applied(theLastPull, theTransform),
+                           Applied(theLast, theTransform)});
+    }
+}
+
+void Outline::Arc(CGPoint theCentre, CGFloat theRadius, double theStart, double theEnd, bool theIsClockwise,
+                  const CGAffineTransform& theTransform)
+{
+    if (!IsFinite(theCentre) || !std::isfinite(theRadius) || theRadius < 0 || !std::isfinite(theStart) ||
+        !std::isfinite(theEnd)) {
+        return;
+    }
+    const Spot theMiddle = SpotOf(theCentre);
+    LineOrMove(OnCircle(theMiddle, double{theRadius}, theStart), theTransform);
+    Sweep(theMiddle, double{theRadius}, theStart, Turn(theStart, theEnd, theIsClockwise), theTransform);
+}
+
+// The circle touches both lines; where they leave no corner, one leads straight to it.
+void Outline::ArcToPoint(CGPoint theCorner, CGPoint theEnd, CGFloat theRadius,
+                         const CGAffineTransform& theTransform)
+{
+    if (IsEmpty() || !IsFinite(theCorner) || !IsFinite(theEnd) || !std::isfinite(theRadius) ||
+        theRadius < 0) {
+        return;
+    }
+    const Spot theTop = SpotOf(theCorner);
+    const Spot theFrom = Applied(mCurrent, CGAffineTransformInvert(theTransform));
+    const Spot theTo = SpotOf(theEnd);
+    const double theFirst = std::atan2(theFrom.theY - theTop.theY, theFrom.theX - theTop.theX);
+    const double theSecond = std::atan2(theTo.theY - theTop.theY, theTo.theX - theTop.theX);
+    const double theOpening = std::remainder(theSecond - theFirst, 2 * kPi);
+    const double theHalf = std::fabs(theOpening) / 2;
+    const bool theIsCorner = Distance(theFrom, theTop) > 0 && Distance(theTo, theTop) > 0 && theHalf > 1e-6 &&
+                             theHalf < kPi / 2 - 1e-6 && theRadius > 0;
+    if (!theIsCorner) {
+        LineOrMove(theTop, theTransform);
+        return;
+    }
+    const double theSide = theOpening > 0 ? 1 : -1;
+    const double theRound = double{theRadius};
+    const Spot theCentre = OnCircle(theTop, theRound / std::sin(theHalf), theFirst + theSide * theHalf);
+    const double theStart = theFirst - theSide * kPi / 2;
+    LineOrMove(OnCircle(theCentre, theRound, theStart), theTransform);
+    Sweep(theCentre, theRound, theStart, -theSide * (kPi - 2 * theHalf), theTransform);
+}
+
+} // namespace Host
