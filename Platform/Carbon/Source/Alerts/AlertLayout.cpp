@@ -18,6 +18,7 @@ constexpr int kButtonHeight = 20;
 constexpr int kButtonGap = 12;
 constexpr int kLeastButton = 70;
 constexpr int kButtonPadding = 30; // left and right of a title together
+constexpr int kLeading = 2;        // what a font may want between lines
 constexpr int kMostLines = 20;     // a longer text is cut off: the buttons must stay on the screen
 
 constexpr size_t kHelp = 3;
@@ -68,7 +69,9 @@ int CountLines(const Text& theText)
 
 int HeightOf(const Text& theText)
 {
-    return CountLines(theText) * Measure(theText.substr(0, 1)).theHeight;
+    const int theLines = CountLines(theText);
+    const int theLine = Measure(theText.substr(0, 1)).theHeight + (theLines > 1 ? kLeading : 0);
+    return theLines * theLine;
 }
 
 int WidthOfButton(const Text& theTitle, size_t theNumber)

@@ -60,9 +60,9 @@ TEST_F(AlertLayout, TheTextsAreAsHighAsTheyNeed)
 {
     EXPECT_EQ(HeightOfMessage("short"), 16);
     EXPECT_EQ(HeightOfMessage(std::string(54, 'm')), 16) << "378 pixels";
-    EXPECT_EQ(HeightOfMessage(std::string(40, 'm') + " " + std::string(30, 'm')), 32);
-    EXPECT_EQ(HeightOfMessage("one\ntwo\rthree"), 48);
-    EXPECT_EQ(HeightOfMessage(std::string(120, 'm')), 48) << "a word of 840 pixels";
+    EXPECT_EQ(HeightOfMessage(std::string(40, 'm') + " " + std::string(30, 'm')), 36);
+    EXPECT_EQ(HeightOfMessage("one\ntwo\rthree"), 54);
+    EXPECT_EQ(HeightOfMessage(std::string(120, 'm')), 54) << "a word of 840 pixels";
     EXPECT_EQ(HeightOfMessage("ends with a blank "), 16);
 }
 
@@ -72,7 +72,7 @@ TEST_F(AlertLayout, ALongTextLeavesTheButtonsOnTheScreen)
     for (int theCount = 0; theCount < 20000; ++theCount) {
         theText += "word ";
     }
-    EXPECT_EQ(HeightOfMessage(theText), 320);
+    EXPECT_EQ(HeightOfMessage(theText), 360);
 }
 
 TEST_F(AlertLayout, WideButtonsMakeTheAlertWider)
