@@ -163,3 +163,15 @@ TEST(LmInspector, IsAllowedByTheEnvironmentAlone)
     EXPECT_TRUE(WIFEXITED(theStatus));
     EXPECT_EQ(WEXITSTATUS(theStatus), 1) << "it is there already";
 }
+
+TEST_F(LmInspectorTest, FindsWhatHasDotsAndBlanksInItsName)
+{
+    LmNameObject(*mRadio, "radio.");
+    mRadio->SetKeyPathValue("v ", LmValue(1UL));
+    mRadio->SetKeyPathValue("station", LmValue(CFSTR("News"), false));
+    EXPECT_EQ(Ask("set radio..v  5"), "radio..v  is set.\n");
+    EXPECT_EQ(mRadio->GetKeyPathValue("v ").GetUInt32(), 5U);
+    EXPECT_EQ(Ask("set radio..station  Late News"), "radio..station is set.\n");
+    EXPECT_EQ(LmGetStdString(mRadio->GetKeyPathValue("station")), " Late News");
+    EXPECT_EQ(Ask("why radio..v"), "There is no radio..v, or more than one; \"objects\" lists them.\n");
+}

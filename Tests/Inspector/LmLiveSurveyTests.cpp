@@ -10,6 +10,7 @@
 #include "LmMenuBinding.h"
 #include "LmNumericalTransforms.h"
 #include "LmPreferenceBinding.h"
+#include "LmValueTransform.h"
 #include "LmWindowBinding.h"
 #include "StandardErrorCapture.h"
 
@@ -33,7 +34,9 @@ class Counter final : public LmJournalHook
 {
 public:
     std::uint64_t Write(const LmJournalEntry&, const void*) noexcept override { return ++mCount; }
+    void Close(const void*) noexcept override { ++mClosed; }
     std::uint64_t mCount = 0;
+    std::uint64_t mClosed = 0;
 };
 
 class LmLiveSurveyTest : public testing::Test
@@ -319,6 +322,13 @@ TEST_F(LmLiveSurveyTest, ShowsWhatIsBindableAsOneObject)
     EXPECT_EQ(KeysOf("radio"), Texts{"volume=40"});
     // That the one observes the other is nobody's business.
     EXPECT_TRUE(Survey().FindLinks(0).empty());
+    // That it observes something else is.
+    LmKeyValueStore theModel;
+    LmNameObject(theModel, "model");
+    theModel.ObserveKeyPathValue("*", &theRadio);
+    theRadio.GetBindings()->ObserveKeyPathValue("volume", &theRadio);
+    EXPECT_EQ(Survey().FindByName("radio"), theGroups[0].theObjects[0].theNumber);
+    EXPECT_EQ(Survey().FindByName("model"), Survey().FindGroups()[0].theObjects[1].theNumber);
 }
 
 TEST_F(LmLiveSurveyTest, NamesThePersonAsTheFirstCause)
@@ -551,6 +561,7 @@ TEST_F(LmLiveSurveyTest, HandsEverythingOnToTheHookThatWasThere)
     LmKeyValueStore theStore;
     theStore.SetKeyPathValue("volume", LmValue(40UL));
     EXPECT_GE(theOther.mCount, 3U);
+    EXPECT_GE(theOther.mClosed, 2U);
     EXPECT_EQ(Survey().FindChanges(1).size(), 1U);
     LmEndInspector();
     const std::uint64_t theCount = theOther.mCount;
@@ -775,4 +786,270 @@ TEST_F(LmLiveSurveyTest, TellsEveryChangeWithItsCause)
               (Texts{"deck.speed: 50 -> 60", "deck.speed gets 60 from radio.volume", "radio.volume: 50 -> 60",
                      "radio.volume gets 60 from meter.value", "LmScaleTransform: 120 -> 60",
                      "meter.value: 100 -> 120", "it began in the program's own code"}));
+}
+
+// ---- Who is found, and with what
+
+namespace {
+
+Texts KeysOfObject(std::uint64_t theObject)
+{
+    Texts theTexts;
+    for (const LmSurveyedKey& theKey : LmGetLiveSurvey()->FindKeys(theObject)) {
+        theTexts.push_back(theKey.theKey + "=" + theKey.theValue);
+        theTexts.insert(theTexts.end(), theKey.theBindings.begin(), theKey.theBindings.end());
+    }
+    return theTexts;
+}
+
+// What happens while it lives is caused by an entry of that kind.
+class Scope
+{
+public:
+    explicit Scope(const LmJournalEntry& theEntry) { LmWriteJournalEntry(theEntry, this); }
+    ~Scope() { LmCloseJournalEntry(this); }
+    Scope(const Scope&) = delete;
+    Scope& operator=(const Scope&) = delete;
+};
+
+// Sets a key of a radio when it is told that one of another store will change.
+class Hasty : public LmKeyValueObserver
+{
+public:
+    explicit Hasty(LmKeyValueStore& theRadio)
+        : mRadio(theRadio)
+    {
+    }
+    void ValueChanging(const LmKeyValueStore*, const LmString&) override
+    {
+        mRadio.SetKeyPathValue("volume", LmValue(++mVolume));
+    }
+
+private:
+    LmKeyValueStore& mRadio;
+    unsigned long mVolume = 40;
+};
+
+// Why the volume of the radio is what it is.
+Texts ReasonsOfRadio()
+{
+    return LmGetLiveSurvey()->FindReasons(LmGetLiveSurvey()->FindByName("radio"), "volume");
+}
+
+} // namespace
+
+TEST(LmSurveyed, IsNothingUntilItIsFound)
+{
+    const LmSurveyedObject theObject;
+    const LmSurveyedKey theKey;
+    const LmSurveyedLink theLink;
+    const LmSurveyedChange theChange;
+    EXPECT_EQ(theObject.theNumber, 0U);
+    EXPECT_FALSE(theKey.isEditable);
+    EXPECT_EQ(theLink.theObject, 0U);
+    EXPECT_EQ(theLink.theOther, 0U);
+    EXPECT_EQ(theChange.theNumber, 0U);
+    EXPECT_EQ(theChange.theCause, 0U);
+    EXPECT_EQ(theChange.theDepth, 0U);
+    EXPECT_EQ(theChange.theObject, 0U);
+    EXPECT_FALSE(theChange.isMove);
+}
+
+TEST_F(LmLiveSurveyTest, KnowsTheUsualKeysOfBindingsThatWereMadeBeforeIt)
+{
+    LmEndInspector();
+    MenuRef theMenu = nullptr;
+    CreateNewMenu(77, 0, &theMenu);
+    AppendMenuItemTextWithCFString(theMenu, CFSTR("Louder"), 0, 'loud', nullptr);
+    InsertMenu(theMenu, 0);
+    const WindowRef theWindow = MakeWindow();
+    const ControlRef theSlider = MakeSlider(theWindow);
+    // These delete themselves.
+    LmKeyValueBinding* const theBindings[] = {new LmControlBinding(theSlider), new LmWindowBinding(theWindow),
+                                              new LmMenuBinding('loud')};
+    LmControlBinding theNone;
+    LmKeyValueBinding theModel;
+    theModel.SetKeyValue("value", LmValue(1UL));
+    LmAllowInspector();
+    for (LmKeyValueBinding* theBinding : theBindings) {
+        theBinding->NotifyObservers("title", true);
+    }
+    EXPECT_EQ(KeysOfObject(Survey().FindByControl(theSlider)),
+              (Texts{"enabled=true", "maximum=100", "minimum=0", "title=\"\"", "value=10", "visible=true"}));
+    EXPECT_EQ(KeysOfObject(Survey().FindByWindow(theWindow)),
+              (Texts{"bounds=(100, 100, 300, 200)", "collapsed=false", "title=\"Radio\"", "visible=true"}));
+    EXPECT_EQ(KeysOf("LmMenuBinding"), (Texts{"enabled=true", "mark=false", "title=\"Louder\""}));
+    theNone.NotifyObservers("value", true);
+    theModel.NotifyObservers("speed", true);
+    EXPECT_EQ(KeysOfObject(Survey().FindGroups().back().theObjects.back().theNumber),
+              Texts{"speed=not valid"});
+    EXPECT_EQ(KeysOfObject(Survey().FindGroups().back().theObjects.front().theNumber),
+              Texts{"value=not valid"});
+    EXPECT_EQ(Survey().FindByControl(nullptr), 0U) << "one that has no control is nobody's";
+    DisposeWindow(theWindow);
+    DeleteMenu(77);
+    DisposeMenu(theMenu);
+}
+
+TEST_F(LmLiveSurveyTest, FindsEachControlsAndEachWindowsOwnBinding)
+{
+    const WindowRef theWindows[] = {MakeWindow(), MakeWindow()};
+    std::vector<ControlRef> theSliders;
+    for (const WindowRef theWindow : theWindows) {
+        new LmWindowBinding(theWindow); // these delete themselves
+        theSliders.push_back(MakeSlider(theWindow));
+        new LmControlBinding(theSliders.back());
+    }
+    EXPECT_LT(Survey().FindByWindow(theWindows[0]), Survey().FindByWindow(theWindows[1]));
+    EXPECT_LT(Survey().FindByControl(theSliders[0]), Survey().FindByControl(theSliders[1]));
+    EXPECT_EQ(Survey().FindControl(Survey().FindByControl(theSliders[0])), theSliders[0]);
+    EXPECT_EQ(Survey().FindControl(Survey().FindByWindow(theWindows[0])), nullptr);
+    EXPECT_EQ(Survey().FindControl(4000000000U), nullptr);
+    DisposeWindow(theWindows[0]);
+    DisposeWindow(theWindows[1]);
+}
+
+TEST_F(LmLiveSurveyTest, FindsNobodyByANameThatSeveralHave)
+{
+    LmKeyValueStore theStore;
+    LmKeyValueBinding theOne;
+    LmKeyValueBinding theOther;
+    theStore.SetKeyPathValue("volume", LmValue(40UL));
+    EXPECT_NE(Survey().FindByName("LmKeyValueStore"), 0U) << "the only one of its class";
+    LmNameObject(theOne, "LmKeyValueStore");
+    EXPECT_EQ(Survey().FindObject(Survey().FindByName("LmKeyValueStore")).theClass, "LmKeyValueBinding");
+    LmNameObject(theOther, "LmKeyValueStore");
+    EXPECT_EQ(Survey().FindByName("LmKeyValueStore"), 0U);
+}
+
+TEST_F(LmLiveSurveyTest, TellsBindingsFromObservationsOfTheSameTwo)
+{
+    LmKeyValueBinding theRadio;
+    LmKeyValueBinding theMeter;
+    LmKeyValueStore theOther;
+    LmNameObject(theRadio, "radio");
+    LmNameObject(theMeter, "meter");
+    LmNameObject(theOther, "other");
+    theRadio.SetKeyPathValue("volume", LmValue(40UL));
+    theMeter.BindTo("volume", &theRadio, "volume", nullptr);
+    theRadio.ObserveKeyPathValue("loud", &theMeter);
+    theOther.ObserveKeyPathValue("volume", &theMeter);
+    const Texts theLinks = {"meter.volume is bound to radio.volume ", "meter. observes radio.loud ",
+                            "meter. observes other.volume "};
+    EXPECT_EQ(ShowLinks(0), theLinks);
+    EXPECT_EQ(KeysOf("radio"), (Texts{"loud=not valid", "volume=40"}));
+    EXPECT_EQ(KeysOfObject(Survey().FindByName("radio")), (Texts{"loud=not valid", "volume=40"}));
+    // One that goes takes nobody else's links along.
+    std::make_unique<LmKeyValueStore>().reset();
+    EXPECT_EQ(ShowLinks(0), theLinks);
+    Unbind(theMeter);
+}
+
+TEST_F(LmLiveSurveyTest, CountsEverything)
+{
+    LmKeyValueStore theStore;
+    const std::uint64_t theFirst = Survey().CountEntries();
+    theStore.SetKeyPathValue("volume", LmValue(40UL));
+    const std::uint64_t theSecond = Survey().CountEntries();
+    EXPECT_GT(theSecond, theFirst);
+    {
+        const LmKeyValueObserver theObserver;
+    }
+    EXPECT_GT(Survey().CountEntries(), theSecond) << "what is destroyed counts too";
+}
+
+TEST_F(LmLiveSurveyTest, HearsAgainAfterAnotherHookWithEachQuestion)
+{
+    void (*const kQuestions[])(std::uint64_t) = {
+        [](std::uint64_t) { Survey().FindChanges(1); }, [](std::uint64_t) { Survey().FindGroups(); },
+        [](std::uint64_t) { Survey().CountEntries(); },
+        [](std::uint64_t theRadio) { Survey().SetValue(theRadio, "volume", "41"); }};
+    for (const auto theQuestion : kQuestions) {
+        LmKeyValueStore theStore;
+        theStore.SetKeyPathValue("volume", LmValue(40UL));
+        const std::uint64_t theRadio = Survey().FindByName("LmKeyValueStore");
+        Counter theOther;
+        LmSetJournalHook(&theOther);
+        theQuestion(theRadio);
+        const std::uint64_t theCount = theOther.mCount;
+        theStore.SetKeyPathValue("volume", LmValue(50UL));
+        EXPECT_GT(theOther.mCount, theCount) << "that hears as well";
+        LmEndInspector();
+        EXPECT_EQ(LmSetJournalHook(nullptr), &theOther);
+        LmAllowInspector();
+    }
+}
+
+TEST_F(LmLiveSurveyTest, NamesEachSortOfCause)
+{
+    LmKeyValueStore theStore;
+    LmKeyValueStore theRadio;
+    LmNameObject(theStore, "store");
+    LmNameObject(theRadio, "radio");
+    const LmString theKey = "key";
+    const LmValue theValue(1UL);
+    LmJournalEntry theEntry = MakeEntry(kJournalEvent, theStore, theKey);
+    theEntry.theCode = kEventClassControl;
+    theEntry.theDetail = kEventControlValueFieldChanged;
+    unsigned long theVolume = 0;
+    const auto ReasonFor = [&](const LmJournalEntry& theCause) {
+        const Scope theScope(theCause);
+        theRadio.SetKeyPathValue("volume", LmValue(++theVolume));
+        const Texts theReasons = ReasonsOfRadio();
+        return theReasons.size() == 3 ? theReasons[1] : std::to_string(theReasons.size()) + " reasons";
+    };
+    EXPECT_EQ(ReasonFor(theEntry), "store is told of kEventControlValueFieldChanged");
+    theEntry.theDetail = 7777;
+    EXPECT_EQ(ReasonFor(theEntry), "store is told of event 7777");
+    EXPECT_EQ(ReasonFor(MakeEntry(kJournalFlush, theStore, theKey)), "store was used");
+    LmJournalEntry theNotify = MakeEntry(kJournalNotify, theStore, theKey);
+    EXPECT_EQ(ReasonFor(theNotify), "store.key is changing from not valid");
+    theNotify.theDetail = 1;
+    EXPECT_EQ(ReasonFor(theNotify), "store.key has changed to not valid");
+    LmJournalEntry theUpdate = MakeEntry(kJournalUpdate, theStore, theKey);
+    theUpdate.theValue = &theValue;
+    theUpdate.theOtherKey = &theKey;
+    EXPECT_EQ(ReasonFor(theUpdate), "store.key gets 1 from nobody.key");
+    LmJournalEntry theBinding = MakeEntry(kJournalBind, theStore, theKey);
+    theBinding.theOther = &theRadio;
+    theBinding.theOtherKey = &theKey;
+    EXPECT_EQ(ReasonFor(theBinding), "store.key is bound to radio.key");
+    theBinding.theKind = kJournalUnbind;
+    EXPECT_EQ(ReasonFor(theBinding), "store was used");
+}
+
+TEST_F(LmLiveSurveyTest, TellsOfWhatHappensBeforeAChangeAndInADestruction)
+{
+    LmKeyValueStore theRadio;
+    LmNameObject(theRadio, "radio");
+    Hasty theObserver(theRadio);
+    auto theStore = std::make_unique<LmKeyValueStore>();
+    LmNameObject(*theStore, "store");
+    theStore->ObserveKeyPathValue("key", &theObserver);
+    theStore->SetKeyPathValue("key", LmValue(7UL));
+    EXPECT_EQ(ReasonsOfRadio(), (Texts{"radio.volume: not valid -> 41", "store.key is about to change to 7",
+                                       "it began in the program's own code"}));
+    // Sets the volume when it dies.
+    class Leaving : public LmValueTransform
+    {
+    public:
+        explicit Leaving(LmKeyValueStore& theRadio)
+            : mRadio(theRadio)
+        {
+        }
+        ~Leaving() override { mRadio.SetKeyPathValue("volume", LmValue(99UL)); }
+        LmValue Apply(const LmValue& theValue) override { return theValue; }
+
+    private:
+        LmKeyValueStore& mRadio;
+    };
+    LmKeyValueBinding theModel;
+    auto theView = std::make_unique<LmKeyValueBinding>();
+    LmNameObject(*theView, "view");
+    theView->Bind("key", &theModel, "key", new Leaving(theRadio), nullptr);
+    theView.reset();
+    EXPECT_EQ(ReasonsOfRadio(), (Texts{"radio.volume: 41 -> 99", "view was used", "view is destroyed",
+                                       "it began in the program's own code"}));
+    theRadio.SetKeyPathValue("volume", LmValue(1UL));
+    EXPECT_EQ(ReasonsOfRadio().size(), 2U) << "what is over causes nothing";
 }

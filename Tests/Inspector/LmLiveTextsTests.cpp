@@ -5,7 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <cstdio>
 #include <limits>
+#include <locale>
 #include <string>
 #include <utility>
 #include <vector>
@@ -125,4 +128,46 @@ TEST(LmLiveTexts, NameEachType)
     EXPECT_STREQ(LmTypeName(kTypeSInt32), "32-bit integer");
     EXPECT_STREQ(LmTypeName(kTypeRect), "rectangle");
     EXPECT_STREQ(LmTypeName(static_cast<ValueType>(99)), "a kind of its own");
+}
+
+TEST(LmLiveTexts, ReadTheLastNumberOfEachRange)
+{
+    const std::pair<ValueType, const char*> kLast[] = {{kTypeUInt32, "4294967295"},
+                                                       {kTypeSInt32, "2147483647"},
+                                                       {kTypeSInt32, "-2147483648"},
+                                                       {kTypeSInt64, "9223372036854775807"},
+                                                       {kTypeUInt64, "18446744073709551615"}};
+    for (const auto& [theType, theText] : kLast) {
+        LmValue theValue;
+        errno = ERANGE; // left behind by somebody else
+        EXPECT_TRUE(LmReadValue(theText, theType, theValue)) << theText;
+        EXPECT_EQ(LmShowValue(theValue), theText);
+    }
+    LmValue theValue;
+    const double theMost = std::numeric_limits<float>::max();
+    char theText[128];
+    std::snprintf(theText, sizeof theText, "(%.17g, %.17g)", -theMost, theMost);
+    EXPECT_TRUE(LmReadValue(theText, kTypePoint, theValue));
+    EXPECT_EQ(static_cast<double>(theValue.GetPoint().x), -theMost);
+    EXPECT_EQ(static_cast<double>(theValue.GetPoint().y), theMost);
+    EXPECT_FALSE(LmReadValue("(1, 2) 3x", kTypePoint, theValue));
+    EXPECT_FALSE(LmReadValue("(1, 2) x", kTypePoint, theValue));
+}
+
+TEST(LmLiveTexts, ReadFullStopsWhateverTheLocaleSays)
+{
+    struct Commas : std::numpunct<char>
+    {
+        char do_decimal_point() const override { return ','; }
+    };
+    const std::locale theOld = std::locale::global(std::locale(std::locale::classic(), new Commas));
+    LmValue theValue;
+    EXPECT_TRUE(LmReadValue("(1.5, 2)", kTypePoint, theValue));
+    EXPECT_EQ(theValue.GetPoint().x, 1.5F);
+    std::locale::global(theOld);
+}
+
+TEST(LmLiveTexts, CutNoStringThatIsJustLongEnough)
+{
+    EXPECT_EQ(LmShowValue(MakeText(std::string(60, 'x').c_str())), "\"" + std::string(60, 'x') + "\"");
 }
