@@ -144,18 +144,14 @@ public:
     {
         try {
             mWork();
-            mIsDone = true;
         } catch (const std::bad_alloc&) {
-            mIsDone = false;
+            return 0;
         }
         return 0;
     }
 
-    bool IsDone() const { return mIsDone; }
-
 private:
     const std::function<void()>& mWork;
-    bool mIsDone = false;
 };
 
 } // namespace
@@ -180,14 +176,13 @@ void LmLiveRecord::Renew()
     }
 }
 
-bool LmLiveRecord::DoQuietly(const std::function<void()>& theWork)
+void LmLiveRecord::DoQuietly(const std::function<void()>& theWork)
 {
     Renew();
     QuietWork theHook(theWork);
     LmSetJournalHook(&theHook);
     LmWriteJournalEntry(LmJournalEntry{kJournalEnd}, nullptr);
     LmSetJournalHook(this);
-    return theHook.IsDone();
 }
 
 void LmLiveRecord::DoBecauseOf(const std::string& theText, const std::function<void()>& theWork)
@@ -350,7 +345,7 @@ void LmLiveRecord::Forget(std::uint64_t theObject)
 {
     mKnown.erase(theObject);
     for (auto theLink = mLinks.begin(); theLink != mLinks.end();) {
-        const auto& [theKind, theOne, theKey, theOther, theOtherKey] = theLink->first;
+        const auto& [theKind, theOne, theKey, theOther, theOtherKey] = *theLink;
         const bool isGone = theOne == theObject || theOther == theObject;
         theLink = isGone ? mLinks.erase(theLink) : std::next(theLink);
     }
@@ -358,10 +353,10 @@ void LmLiveRecord::Forget(std::uint64_t theObject)
 
 // ---- Links
 
-void LmLiveRecord::CountLink(const Link& theLink, bool isMade)
+void LmLiveRecord::NoteLink(const Link& theLink, bool isMade)
 {
     if (isMade) {
-        mLinks[theLink] += 1;
+        mLinks.insert(theLink);
     } else {
         mLinks.erase(theLink);
     }
@@ -398,18 +393,18 @@ void LmLiveRecord::TakeLink(const LmJournalEntry& theEntry, const LmDebugObject&
             NoteOwner(theEntry);
         }
         const std::uint64_t theStore = Meet(theObject, false);
-        CountLink({LmLinkKind::kObserver,
-                   Meet(*theEntry.theOther, false),
-                   {},
-                   theStore,
-                   theEntry.theKey->GetUTF8()},
-                  theKind == kJournalObserve);
+        NoteLink({LmLinkKind::kObserver,
+                  Meet(*theEntry.theOther, false),
+                  {},
+                  theStore,
+                  theEntry.theKey->GetUTF8()},
+                 theKind == kJournalObserve);
     } else if (theKind == kJournalDepend || theKind == kJournalUndepend) {
         const std::uint64_t theStore = Meet(theObject, false);
         MeetKey(theStore, theEntry.theOtherKey);
-        CountLink({LmLinkKind::kDependency, theStore, theEntry.theOtherKey->GetUTF8(), theStore,
-                   theEntry.theKey->GetUTF8()},
-                  theKind == kJournalDepend);
+        NoteLink({LmLinkKind::kDependency, theStore, theEntry.theOtherKey->GetUTF8(), theStore,
+                  theEntry.theKey->GetUTF8()},
+                 theKind == kJournalDepend);
     }
 }
 
@@ -419,10 +414,10 @@ std::vector<LmSurveyedLink> LmLiveRecord::Links() const
     for (const auto& theBinding : mBindings) {
         theLinks.push_back(theBinding.second);
     }
-    for (const auto& theCounted : mLinks) {
+    for (const Link& theLink : mLinks) {
         LmSurveyedLink theFound;
         std::tie(theFound.theKind, theFound.theObject, theFound.theKey, theFound.theOther,
-                 theFound.theOtherKey) = theCounted.first;
+                 theFound.theOtherKey) = theLink;
         theLinks.push_back(std::move(theFound));
     }
     return theLinks;

@@ -14,6 +14,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <thread>
 #include <tuple>
@@ -56,8 +57,8 @@ public:
     // Makes this the hook again when a journal has begun or ended.
     void Renew();
 
-    // Does theWork while the library reports nothing to anybody. False when memory ran out in it.
-    bool DoQuietly(const std::function<void()>& theWork);
+    // Does theWork while the library reports nothing to anybody. Where memory runs out, it ends early.
+    void DoQuietly(const std::function<void()>& theWork);
 
     // What happens in theWork is caused by this. Where memory runs out, it ends early.
     void DoBecauseOf(const std::string& theText, const std::function<void()>& theWork);
@@ -92,7 +93,7 @@ private:
     void TakeDestroyed(const LmJournalEntry& theEntry, const void* theScope);
     void TakeLink(const LmJournalEntry& theEntry, const LmDebugObject& theObject);
     void NoteOwner(const LmJournalEntry& theEntry);
-    void CountLink(const Link& theLink, bool isMade);
+    void NoteLink(const Link& theLink, bool isMade);
     void MeetNewObjects();
     std::uint64_t Meet(const LmDebugObject& theObject, bool withName);
     void MeetKey(std::uint64_t theObject, const LmString* theKey);
@@ -114,7 +115,7 @@ private:
     std::map<std::uint64_t, Object> mKnown;
     std::vector<const LmDebugObject*> mNewObjects;
     std::map<const void*, LmSurveyedLink> mBindings; // by their records
-    std::map<Link, std::size_t> mLinks;              // how often each was made
+    std::set<Link> mLinks;
     std::vector<Frame> mFrames;
     std::vector<Change> mChanges;
     std::deque<LinePointer> mLines;
