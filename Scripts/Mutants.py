@@ -66,15 +66,17 @@ ROOMS = (
 # Whatever else is in Source is a room under its folder's name.
 OTHER_ROOM = r"(Source/\w+)/.*\.(h|cpp)"
 
-# The test programs, and what is tried on them.
+# The library proper, without what has a library of its own.
+LIBRARY = "Source/(?!Inspection/|Inspector/|Controllers/)"
+# The test programs, and what is tried on them: what they are linked with.
 PROGRAMS = {
-    "coreTests": "Source/",
-    "transformsTests": "Source/",
-    "bindingsTests": "Source/",
-    "scenariosTests": "Source/|Platform/Carbon/",
-    "inspectionTests": "Source/",
-    "inspectorTests": "Source/",
-    "controllersTests": "Source/",
+    "coreTests": LIBRARY,
+    "transformsTests": LIBRARY,
+    "bindingsTests": LIBRARY,
+    "scenariosTests": f"{LIBRARY}|Platform/Carbon/",
+    "inspectionTests": f"{LIBRARY}|Source/Inspection/",
+    "inspectorTests": f"{LIBRARY}|Source/Inspect",
+    "controllersTests": f"{LIBRARY}|Source/Controllers/",
     "platform.corefoundationTests": "Platform/CoreFoundation/",
     "platform.carbonTests": "Platform/Carbon/",
     "platform.carbonMemoryTests": "Platform/Carbon/",
@@ -83,7 +85,7 @@ PROGRAMS = {
     "fuzz.PropertyListBinary": "Platform/CoreFoundation/",
     "fuzz.PropertyListOpenStep": "Platform/CoreFoundation/",
     "fuzz.PropertyListXML": "Platform/CoreFoundation/",
-    "randomScripts": "Source/",
+    "randomScripts": LIBRARY,
 }
 # Built first: what does not compile is in them, or in headers that they include.
 LIBRARIES = {"LmCoreFoundation": "Platform/CoreFoundation/", "LmCarbon": "Platform/Carbon/", "LmBindings": "Source/"}
@@ -411,10 +413,13 @@ class Runner:
         return program not in ARGUMENTS
 
     def state(self, program):
-        """What is another one when a program, one that it starts, or a library has changed."""
+        """What is another one when a program, one that it starts, or a library of theirs has changed."""
         state = hashlib.sha256()
-        beside = [p for p in self.paths[program].parent.iterdir() if p.is_file() and os.access(p, os.X_OK)]
-        for path in sorted([*beside, *self.copy.objects.rglob("*.so")]):
+        files = {p for p in self.paths[program].parent.iterdir() if p.is_file() and os.access(p, os.X_OK)}
+        for path in list(files):
+            used = re.findall(rf"=> ({re.escape(str(self.copy.objects))}/\S+)", run(["ldd", str(path)]).stdout)
+            files.update(Path(library).resolve() for library in used)
+        for path in sorted(files):
             state.update(path.read_bytes())
         return state.hexdigest()
 
@@ -724,7 +729,8 @@ def main():
         cases = Cases(runner)
         cases.record(options.jobs)
         say(f"{len(cases.times)} cases of {len(copy.programs)} programs reach {len(cases.reaching)} of them")
-        chosen = [m for m in copy.mutants if m.path.startswith(options.only)]
+        # In the order in which they were asked for.
+        chosen = [m for path in options.only for m in copy.mutants if m.path.startswith(path)]
         trial = Trial(runner, cases, build / "Results.json")
         if options.survivors:
             chosen = [m for m in chosen if trial.is_open(m, judged)]
