@@ -6,7 +6,6 @@
 // Contexts whose pixels are in memory. The first row in memory is the top one.
 
 #include <CoreGraphics/CGContext.h>
-#include <stdint.h>
 
 enum CGImageAlphaInfo
 {
@@ -23,7 +22,7 @@ typedef enum CGImageAlphaInfo CGImageAlphaInfo;
 
 // An alpha info, and the order of the bytes of a pixel, big by default: AlphaFirst means that A, R, G, B
 // follow each other in memory.
-typedef uint32_t CGBitmapInfo;
+typedef unsigned int CGBitmapInfo;
 enum
 {
     kCGBitmapAlphaInfoMask = 0x1F,
