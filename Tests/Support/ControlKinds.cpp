@@ -2,6 +2,59 @@
 
 #include "ControlKinds.h"
 
+namespace {
+
+const ControlButtonContentInfo kNoContent = {kControlContentTextOnly, {0}};
+
+// Puts a new view into a window and shows it there, as a program does.
+OSStatus Show(WindowRef theWindow, HIViewRef* theView)
+{
+    HIViewRef theRoot = HIViewGetRoot(theWindow);
+    OSStatus theStatus = theRoot == nullptr ? OSStatus{memFullErr} : EmbedControl(*theView, theRoot);
+    if (theStatus == noErr) {
+        theStatus = HIViewSetVisible(*theView, true);
+    }
+    if (theStatus != noErr) {
+        DisposeControl(*theView);
+        *theView = nullptr;
+    }
+    return theStatus;
+}
+
+HIRect Fractional(const Rect& theRect)
+{
+    return CGRectMake(theRect.left, theRect.top, static_cast<CGFloat>(theRect.right - theRect.left),
+                      static_cast<CGFloat>(theRect.bottom - theRect.top));
+}
+
+OSStatus MakeImageView(WindowRef theWindow, const Rect* theBounds, HIViewRef* theView)
+{
+    const HIRect thePlace = Fractional(*theBounds);
+    OSStatus theStatus = HIImageViewCreate(nullptr, theView);
+    if (theStatus == noErr) {
+        HIViewSetFrame(*theView, &thePlace);
+        theStatus = Show(theWindow, theView);
+    }
+    return theStatus;
+}
+
+OSStatus MakeComboBox(WindowRef theWindow, const Rect* theBounds, HIViewRef* theView)
+{
+    const HIRect thePlace = Fractional(*theBounds);
+    const OSStatus theStatus = HIComboBoxCreate(&thePlace, CFSTR("Text"), nullptr, nullptr, 0, theView);
+    return theStatus == noErr ? Show(theWindow, theView) : theStatus;
+}
+
+OSStatus MakeSearchField(WindowRef theWindow, const Rect* theBounds, HIViewRef* theView)
+{
+    const HIRect thePlace = Fractional(*theBounds);
+    const OSStatus theStatus =
+        HISearchFieldCreate(&thePlace, kHISearchFieldAttributesCancel, nullptr, CFSTR("What"), theView);
+    return theStatus == noErr ? Show(theWindow, theView) : theStatus;
+}
+
+} // namespace
+
 const std::vector<KindRow>& EveryKind()
 {
     static const std::vector<KindRow> kKinds = {
@@ -102,6 +155,37 @@ const std::vector<KindRow>& EveryKind()
         {"ChasingArrows", kControlKindChasingArrows, CreateChasingArrowsControl, 0, 0, false, false},
         {"Placard", kControlKindPlacard, CreatePlacardControl, 0, 0, true, true},
         {"Separator", kControlKindSeparator, CreateSeparatorControl, 0, 0, false, false},
+        {"BevelButton", kControlKindBevelButton,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateBevelButtonControl(theWindow, theBounds, CFSTR("Title"),
+                                             kControlBevelButtonNormalBevel, kControlBehaviorToggles, nullptr,
+                                             0, 0, 0, theControl);
+         },
+         0, 1, true, false},
+        {"RoundButton", kControlKindRoundButton,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateRoundButtonControl(theWindow, theBounds, kControlRoundButtonNormalSize, nullptr,
+                                             theControl);
+         },
+         0, 1, true, false},
+        {"Icon", kControlKindIcon,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateIconControl(theWindow, theBounds, &kNoContent, false, theControl);
+         },
+         0, 0, true, false},
+        {"Picture", kControlKindPicture,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreatePictureControl(theWindow, theBounds, &kNoContent, false, theControl);
+         },
+         0, 0, true, false},
+        {"ImageWell", kControlKindImageWell,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateImageWellControl(theWindow, theBounds, &kNoContent, theControl);
+         },
+         0, 1, true, false},
+        {"ImageView", kControlKindHIImageView, MakeImageView, 0, 0, false, false, true},
+        {"ComboBox", kControlKindHIComboBox, MakeComboBox, 0, 0, false, false, true},
+        {"SearchField", kControlKindHISearchField, MakeSearchField, 0, 0, false, false, true},
     };
     return kKinds;
 }

@@ -17,6 +17,7 @@ struct KindRow
     SInt32 theMaximum;
     bool theWindowMayBeNull;
     bool theHoldsOthers;
+    bool theIsView = false; // made without a window and hidden; theMaker then puts it into one and shows it
 };
 
 // Every one, for tests of what all kinds owe: those of the managers, of running out of memory, of bindings,

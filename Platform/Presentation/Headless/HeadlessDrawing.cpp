@@ -40,6 +40,12 @@ constexpr ShapeName kControlNames[] = {
     {ControlShape::kDisclosureButton, "disclosure button"},
     {ControlShape::kChasingArrows, "chasing arrows"},
     {ControlShape::kRelevanceBar, "relevance bar"},
+    {ControlShape::kBevelButton, "bevel button"},
+    {ControlShape::kRoundButton, "round button"},
+    {ControlShape::kIcon, "icon"},
+    {ControlShape::kImageWell, "image well"},
+    {ControlShape::kComboBox, "combo box"},
+    {ControlShape::kSearchField, "search field"},
     {ControlShape::kPane, "pane"},
 };
 
@@ -203,6 +209,66 @@ std::string DrawTabs(const ControlLook& theLook)
     return theText;
 }
 
+std::string NameOfPicture(PictureShape thePicture)
+{
+    switch (thePicture) {
+    case PictureShape::kNone:
+        return "";
+    case PictureShape::kFrame:
+        return "picture";
+    case PictureShape::kDocument:
+        return "document";
+    case PictureShape::kFolder:
+        return "folder";
+    case PictureShape::kApplication:
+        return "application";
+    case PictureShape::kDisk:
+        return "disk";
+    case PictureShape::kNote:
+        return "note";
+    case PictureShape::kCaution:
+        return "caution";
+    case PictureShape::kStop:
+        break;
+    }
+    return "stop";
+}
+
+// "<folder>", or nothing.
+std::string DrawPicture(const ControlLook& theLook)
+{
+    const std::string theName = NameOfPicture(theLook.Rare().thePicture);
+    return theName.empty() ? "" : "<" + theName + ">";
+}
+
+// "[ <folder> Open ▾ ]"; "[# Bold #]" while it is on.
+std::string DrawBevel(const ControlLook& theLook)
+{
+    const RareLook& theRareLook = theLook.Rare();
+    const std::string thePicture = DrawPicture(theLook);
+    const std::string theTitle = OneLine(theLook.theTitle);
+    const bool theIsBehind =
+        theRareLook.theTitlePlace == TitlePlace::kLeft || theRareLook.theTitlePlace == TitlePlace::kAbove;
+    std::string theText = theIsBehind ? theTitle : thePicture;
+    theText += thePicture.empty() || theTitle.empty() ? "" : " ";
+    theText += theIsBehind ? thePicture : theTitle;
+    theText += theRareLook.theHasMenu ? " ▾" : "";
+    const bool theIsOn = theRareLook.theIsToggle && theLook.theValue != 0;
+    return theIsOn ? "[# " + theText + " #]" : "[ " + theText + " ]";
+}
+
+// "[⌕ Kitchen        ✕]", and while it is empty what it is for, in brackets.
+std::string DrawSearch(const ControlLook& theLook)
+{
+    const RareLook& theRareLook = theLook.Rare();
+    const bool theIsEmpty = theLook.theText.empty() && !theRareLook.theDescription.empty();
+    const std::string theText =
+        theIsEmpty ? "(" + OneLine(theRareLook.theDescription) + ")" : OneLine(theLook.theText);
+    return std::string("[") + (theRareLook.theHasGlass ? "⌕ " : "") +
+           Aligned(theText, theLook.theAlignment, kFieldLength) +
+           (theRareLook.theHasCancelButton ? "✕]" : "]");
+}
+
 // U+2713 for the check mark, whatever else as it is.
 std::string DrawMark(std::uint32_t theMark)
 {
@@ -290,6 +356,18 @@ std::string DrawControl(const ControlLook& theLook)
         return DrawRelevance(theLook);
     case ControlShape::kSeparator:
         return Repeated("─", kTrackLength);
+    case ControlShape::kBevelButton:
+        return DrawBevel(theLook);
+    case ControlShape::kRoundButton:
+        return "(" + DrawPicture(theLook) + ")";
+    case ControlShape::kIcon:
+        return DrawPicture(theLook);
+    case ControlShape::kImageWell:
+        return (theLook.theValue == 0 ? "[" : "[*") + DrawPicture(theLook) + "]";
+    case ControlShape::kComboBox:
+        return DrawField(theLook) + "▾";
+    case ControlShape::kSearchField:
+        return DrawSearch(theLook);
     case ControlShape::kGroupBox:
     case ControlShape::kPlacard:
     case ControlShape::kRadioGroup:
@@ -326,7 +404,8 @@ std::string StateOfControl(const ControlLook& theLook)
     theText += theLook.theIsEnabled ? "" : ", disabled";
     theText += theLook.theIsLocked ? ", locked" : "";
     theText += theLook.theIsHilited ? ", pressed" : "";
-    return theText;
+    const std::string& theHelp = theLook.Rare().theHelp;
+    return theHelp.empty() ? theText : theText + ", help " + Quoted(theHelp);
 }
 
 std::string NameWindow(const WindowLook& theLook)

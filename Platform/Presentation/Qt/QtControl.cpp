@@ -5,6 +5,7 @@
 #include "QtContent.h"
 
 #include <QSignalBlocker>
+#include <QTextDocument>
 
 #include <algorithm>
 #include <tuple>
@@ -40,7 +41,8 @@ bool IsDrawnAlike(const ControlLook& theOne, const ControlLook& theOther)
 bool IsAsHigh(const ControlLook& theOne, const ControlLook& theOther)
 {
     return theOne.theBounds == theOther.theBounds && theOne.theTitle == theOther.theTitle &&
-           theOne.theTickMarks == theOther.theTickMarks && theOne.theIsDefault == theOther.theIsDefault;
+           theOne.theTickMarks == theOther.theTickMarks && theOne.theIsDefault == theOther.theIsDefault &&
+           theOne.Rare().theDiameter == theOther.Rare().theDiameter;
 }
 
 int Nearer(int theCoordinate)
@@ -121,6 +123,7 @@ void QtControl::Show(const ControlLook& theLook, bool theWindowIsActive)
     mWidget->setFocusPolicy(theLook.theTakesFocus ? Qt::TabFocus : Qt::NoFocus);
     if (theIsOther) {
         ShowNewState();
+        ShowHelp();
     }
     if (theIsMoved) {
         mWidget->setGeometry(PlaceFor(ToQRect(theLook.theBounds) & kRoom));
@@ -140,6 +143,16 @@ void QtControl::ShowNewState()
     mWidget->setAttribute(Qt::WA_UpdatesDisabled, true);
     ShowState(mLook);
     mWidget->setAttribute(Qt::WA_UpdatesDisabled, false);
+}
+
+// Words that look like mark-up are words.
+void QtControl::ShowHelp()
+{
+    const QString theHelp = QString::fromStdString(mLook.Rare().theHelp);
+    const QString theTip = Qt::mightBeRichText(theHelp) ? Qt::convertFromPlainText(theHelp) : theHelp;
+    if (mWidget->toolTip() != theTip) {
+        mWidget->setToolTip(theTip);
+    }
 }
 
 // Screen readers are told of each name that is set, even of one that stays.

@@ -70,6 +70,7 @@ protected:
 
 private:
     void ShowNewState();
+    void ShowHelp();
 
     QtInput& mInput;
     QPointer<QWidget> mWidget;

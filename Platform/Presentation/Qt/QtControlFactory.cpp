@@ -1,6 +1,7 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
 #include "QtButtons.h"
+#include "QtPictures.h"
 #include "QtRanges.h"
 #include "QtTabs.h"
 #include "QtTexts.h"
@@ -120,6 +121,16 @@ std::unique_ptr<QtControl> QtControl::Make(const ControlLook& theLook, QtInput& 
         return MakeKind<QtDisclosure>(theLook, theInput, theContent);
     case ControlShape::kChasingArrows:
         return MakeKind<QtChasingArrows>(theLook, theInput, theContent);
+    case ControlShape::kBevelButton:
+    case ControlShape::kRoundButton:
+        return MakeKind<QtBevelButton>(theLook, theInput, theContent);
+    case ControlShape::kIcon:
+    case ControlShape::kImageWell:
+        return MakeKind<QtPicture>(theLook, theInput, theContent);
+    case ControlShape::kComboBox:
+        return MakeKind<QtComboBox>(theLook, theInput, theContent);
+    case ControlShape::kSearchField:
+        return MakeKind<QtSearchField>(theLook, theInput, theContent);
     case ControlShape::kSeparator:
         return MakeKind<QtSeparator>(theLook, theInput, theContent);
     case ControlShape::kRadioGroup:

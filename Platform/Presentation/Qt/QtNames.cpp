@@ -70,6 +70,8 @@ bool NeedsLabel(ControlShape theShape)
     case ControlShape::kProgressBar:
     case ControlShape::kLittleArrows:
     case ControlShape::kEditText:
+    case ControlShape::kComboBox:
+    case ControlShape::kSearchField:
     case ControlShape::kPopUpButton:
     case ControlShape::kRelevanceBar:
     case ControlShape::kChasingArrows:

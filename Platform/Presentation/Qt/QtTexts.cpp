@@ -2,11 +2,14 @@
 
 #include "QtTexts.h"
 
+#include <QPainter>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QTextCursor>
 #include <QTextOption>
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace Host {
@@ -120,10 +123,25 @@ void QtEditText::ReportEdit()
 // One line ---------------------------------------------------------------------------------------------
 
 QtField::QtField(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
-    : QtEditText(theLook, theInput, new QLineEdit(&theContent)),
-      mEdit(static_cast<QLineEdit&>(Widget()))
+    : QtField(theLook, theInput, new QLineEdit(&theContent))
+{
+}
+
+QtField::QtField(const ControlLook& theLook, QtInput& theInput, QLineEdit* theEdit)
+    : QtField(theLook, theInput, theEdit, *theEdit)
+{
+}
+
+QtField::QtField(const ControlLook& theLook, QtInput& theInput, QWidget* theWidget, QLineEdit& theEdit)
+    : QtEditText(theLook, theInput, theWidget),
+      mEdit(theEdit)
 {
     theInput.Watch(mEdit, QtInput::MouseUse::kBoth);
+    if (theWidget != &mEdit) {
+        // The keys arrive at the widget around, and so does the focus.
+        theInput.Watch(*theWidget, QtInput::MouseUse::kNone);
+        theWidget->installEventFilter(this);
+    }
     connect(&mEdit, &QLineEdit::textEdited, this, &QtField::ReportEdit);
     connect(&mEdit, &QLineEdit::selectionChanged, this, &QtField::ReportSelection);
     connect(&mEdit, &QLineEdit::cursorPositionChanged, this, &QtField::ReportSelection);
@@ -156,6 +174,7 @@ bool QtField::eventFilter(QObject* theObject, QEvent* theEvent)
 
 void QtField::ShowState(const ControlLook& theLook)
 {
+    const QSignalBlocker theBlocker(mEdit); // which may be a part of the widget
     mEdit.setEchoMode(theLook.theIsPassword ? QLineEdit::Password : QLineEdit::Normal);
     mEdit.setReadOnly(theLook.theIsLocked);
     mEdit.setAlignment(AlignmentOf(theLook) | Qt::AlignVCenter);
@@ -190,6 +209,97 @@ void QtField::Select(Selection theSelection)
 void QtField::Insert(const QString& theText)
 {
     theText.isEmpty() ? mEdit.del() : mEdit.insert(theText);
+}
+
+void QtField::ReportPart(ControlPart thePart)
+{
+    const PartPress thePress = {Look().theId, thePart, true, kNoModifiers};
+    Reports().Add([thePress](PresenterEvents& theEvents) {
+        theEvents.PartPressed(thePress);
+        theEvents.PartPressed({thePress.theControl, thePress.thePart, false, kNoModifiers});
+    });
+}
+
+// Combo boxes ------------------------------------------------------------------------------------------
+
+namespace {
+
+class ComboWidget : public QComboBox
+{
+public:
+    explicit ComboWidget(QWidget* theParent)
+        : QComboBox(theParent)
+    {
+        setEditable(true);
+        setInsertPolicy(QComboBox::NoInsert);
+        setCompleter(nullptr);
+    }
+
+    void showPopup() override { mOpen(); }
+
+    std::function<void()> mOpen;
+};
+
+} // namespace
+
+QtComboBox::QtComboBox(const ControlLook& theLook, QtInput& theInput, QComboBox* theBox)
+    : QtField(theLook, theInput, theBox, *theBox->lineEdit())
+{
+    static_cast<ComboWidget*>(theBox)->mOpen = [this] { ReportPart(ControlPart::kMenuButton); };
+}
+
+QtComboBox::QtComboBox(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
+    : QtComboBox(theLook, theInput, new ComboWidget(&theContent))
+{
+}
+
+// Search fields ----------------------------------------------------------------------------------------
+
+namespace {
+
+// For desktops without an icon of that name.
+QIcon DrawnGlass(const QWidget& theWidget)
+{
+    constexpr int kSide = 64;
+    QPixmap thePicture(kSide, kSide);
+    thePicture.fill(Qt::transparent);
+    QPainter thePainter(&thePicture);
+    thePainter.setRenderHint(QPainter::Antialiasing);
+    thePainter.setPen(QPen(theWidget.palette().color(QPalette::PlaceholderText), kSide / 10.0));
+    thePainter.drawEllipse(10, 10, 30, 30);
+    thePainter.drawLine(36, 36, 54, 54);
+    return {thePicture};
+}
+
+} // namespace
+
+QtSearchField::QtSearchField(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
+    : QtField(theLook, theInput, theContent),
+      mField(static_cast<QLineEdit&>(Widget())),
+      mGlass(AddButton(QLineEdit::LeadingPosition, ControlPart::kMenuButton)),
+      mCancelButton(AddButton(QLineEdit::TrailingPosition, ControlPart::kCancelButton))
+{
+    mGlass->setIcon(QIcon::fromTheme(QStringLiteral("edit-find"), DrawnGlass(mField)));
+    mGlass->setText(tr("Search"));
+    mCancelButton->setIcon(mField.style()->standardIcon(QStyle::SP_LineEditClearButton, nullptr, &mField));
+    mCancelButton->setText(tr("Clear"));
+}
+
+QAction* QtSearchField::AddButton(QLineEdit::ActionPosition thePosition, ControlPart thePart)
+{
+    auto* const theAction = new QAction(&mField);
+    connect(theAction, &QAction::triggered, this, [this, thePart] { ReportPart(thePart); });
+    mField.addAction(theAction, thePosition);
+    return theAction;
+}
+
+void QtSearchField::ShowState(const ControlLook& theLook)
+{
+    const RareLook& theRareLook = theLook.Rare();
+    mGlass->setVisible(theRareLook.theHasGlass);
+    mCancelButton->setVisible(theRareLook.theHasCancelButton);
+    mField.setPlaceholderText(QString::fromStdString(theRareLook.theDescription));
+    QtField::ShowState(theLook);
 }
 
 // More lines -------------------------------------------------------------------------------------------

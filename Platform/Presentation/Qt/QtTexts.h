@@ -5,6 +5,8 @@
 
 #include "QtControl.h"
 
+#include <QAction>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -65,6 +67,13 @@ public:
     bool eventFilter(QObject* theObject, QEvent* theEvent) override;
 
 protected:
+    // With a widget that has the field in it.
+    QtField(const ControlLook& theLook, QtInput& theInput, QWidget* theWidget, QLineEdit& theEdit);
+    QtField(const ControlLook& theLook, QtInput& theInput, QLineEdit* theEdit);
+
+    // Reports a press of a part that the widget has drawn in a place of its own.
+    void ReportPart(ControlPart thePart);
+
     void ShowState(const ControlLook& theLook) override;
     QRect PlaceFor(const QRect& theBounds) const override;
     QString Text() const override;
@@ -77,6 +86,31 @@ private:
 
     QLineEdit& mEdit;
     bool mHasLostSelection = false; // which the managers still have
+};
+
+// The desktop's combo box. The list that it shows is a menu of the managers.
+class QtComboBox : public QtField
+{
+public:
+    QtComboBox(const ControlLook& theLook, QtInput& theInput, QComboBox* theBox);
+    QtComboBox(const ControlLook& theLook, QtInput& theInput, QWidget& theContent);
+};
+
+// A field with a glass before the text and a button behind it.
+class QtSearchField : public QtField
+{
+public:
+    QtSearchField(const ControlLook& theLook, QtInput& theInput, QWidget& theContent);
+
+protected:
+    void ShowState(const ControlLook& theLook) override;
+
+private:
+    QAction* AddButton(QLineEdit::ActionPosition thePosition, ControlPart thePart);
+
+    QLineEdit& mField;
+    QAction* mGlass;
+    QAction* mCancelButton;
 };
 
 class QtTextArea : public QtEditText

@@ -355,7 +355,7 @@ UserResult UserSimulator::TypeText(const std::string& theText)
     }
     const Glance theScreen;
     const ControlLook* theField = theScreen.FindControl(theScreen.FocusedControl());
-    if (theField == nullptr || theField->theShape != ControlShape::kEditText) {
+    if (theField == nullptr || !TakesText(theField->theShape)) {
         return Refuse("the keys go to no edit text");
     }
     for (const std::string& theCodePoint : CodePointsOf(theText)) {
@@ -436,6 +436,14 @@ std::string UserSimulator::DescribeControl(const ControlAddress& theAddress) con
 {
     const SharedControl theControl = FindControl(theAddress.Find());
     return theControl == nullptr ? "" : Glance().DescribeControl(theControl->Identifier());
+}
+
+std::string UserSimulator::DescribeHelp(const ControlAddress& theAddress) const
+{
+    const SharedControl theControl = FindControl(theAddress.Find());
+    const bool theIsSeen = theControl != nullptr && theControl->Is(ControlState::kVisible) &&
+                           WhyClosedOff(theControl->Owner()).empty();
+    return theIsSeen ? theControl->Look().Rare().theHelp : std::string();
 }
 
 } // namespace Host

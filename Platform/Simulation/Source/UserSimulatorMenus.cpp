@@ -256,9 +256,13 @@ UserResult UserSimulator::ChooseInPopUp(const ControlAddress& theAddress, const 
     };
     const SharedControl theControl = FindControl(theAddress.Find());
     Point thePoint = {0, 0};
-    const bool theHasMenuPart = theControl != nullptr && PointOfPart(theControl, kControlMenuPart, &thePoint);
+    const auto theHas = [&](ControlPartCode theOne) {
+        return theControl != nullptr && PointOfPart(theControl, theOne, &thePoint);
+    };
     const auto thePart =
-        static_cast<ControlPartCode>(theHasMenuPart ? +kControlMenuPart : +kControlEntireControl);
+        static_cast<ControlPartCode>(theHas(kControlMenuPart)            ? +kControlMenuPart
+                                     : theHas(kHIComboBoxDisclosurePart) ? +kHIComboBoxDisclosurePart
+                                                                         : +kControlEntireControl);
     UserResult theResult = PressAt(theAddress, thePart, theModifiers, theChoose);
     return theResult && !theReason.empty() ? Refuse(theReason) : theResult;
 }

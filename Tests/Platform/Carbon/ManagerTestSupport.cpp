@@ -5,6 +5,7 @@
 #include <Windows/Windows.h>
 
 #include <map>
+#include <Windows/Controls.h>
 
 namespace {
 
@@ -376,6 +377,24 @@ ControlRef EveryControl::Make()
 const std::vector<EventTypeSpec> kWithoutHilite = {{kEventClassControl, kEventControlValueFieldChanged},
                                                    {kEventClassControl, kEventControlHit},
                                                    {kEventClassCommand, kEventCommandProcess}};
+
+Host::ControlLook ControlKindTest::LookOf(ControlRef theControl)
+{
+    class LookReader : public Host::Presenter
+    {
+    public:
+        void ControlLooks(const Host::ControlLook& theLook) override { mLooks.push_back(theLook); }
+        std::vector<Host::ControlLook> mLooks;
+    };
+    LookReader theReader;
+    Host::PresenterRegistry::ReplayLooks(theReader);
+    for (const Host::ControlLook& theLook : theReader.mLooks) {
+        if (theLook.theId == Host::IdentifierOf(theControl)) {
+            return theLook;
+        }
+    }
+    return {};
+}
 
 bool ControlKindTest::Flag(ControlRef theControl, ResType theTag)
 {

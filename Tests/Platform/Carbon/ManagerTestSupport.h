@@ -132,6 +132,9 @@ protected:
     // Reads a flag, turns it over and tries wrong sizes.
     static void CheckFlag(ControlRef theControl, ResType theTag, bool theStart);
 
+    // What a presenter is told that it looks like.
+    static Host::ControlLook LookOf(ControlRef theControl);
+
     // The parts that action procedures were called with.
     static std::vector<int>& Actions();
     static void NoteAction(ControlRef theControl, ControlPartCode thePart);

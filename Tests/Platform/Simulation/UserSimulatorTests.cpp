@@ -570,6 +570,38 @@ TEST_F(UserSimulator, TellsWhatAControlShows)
     EXPECT_EQ(mUser.DescribeControl({mProgram.mWindow.Get(), {'none', 1}}), "");
 }
 
+TEST_F(UserSimulator, ChoosesInAComboBox)
+{
+    const HIRect theBounds = CGRectMake(10, 150, 150, 20);
+    HIViewRef theBox = nullptr;
+    HIComboBoxCreate(&theBounds, nullptr, nullptr, nullptr, 0, &theBox);
+    HIComboBoxAppendTextItem(theBox, CFSTR("Oslo"), nullptr);
+    HIComboBoxAppendTextItem(theBox, CFSTR("Rome"), nullptr);
+    EmbedControl(theBox, HIViewGetRoot(mProgram.mWindow.Get()));
+    HIViewSetVisible(theBox, true);
+    ExpectDone(mUser.ChooseInPopUp(theBox, "Rome"));
+    ExpectDone(mUser.TypeText("!"));
+    EXPECT_EQ(mUser.DescribeControl(theBox).substr(0, 8), "[Rome!  ");
+}
+
+TEST_F(UserSimulator, TellsTheHelpOfAControlThatIsSeen)
+{
+    HMHelpContentRec theHelp = {};
+    theHelp.version = kMacHelpVersion;
+    theHelp.content[kHMMinimumContentIndex].contentType = kHMCFStringContent;
+    theHelp.content[kHMMinimumContentIndex].u.tagCFString = CFSTR("What it is called.");
+    theHelp.content[kHMMaximumContentIndex].contentType = kHMNoContent;
+    EXPECT_EQ(mUser.DescribeHelp(mProgram.mField), "");
+    HMSetControlHelpContent(mProgram.mField, &theHelp);
+    EXPECT_EQ(mUser.DescribeHelp(mProgram.mField), "What it is called.");
+    HideControl(mProgram.mField);
+    EXPECT_EQ(mUser.DescribeHelp(mProgram.mField), "");
+    ShowControl(mProgram.mField);
+    HideWindow(mProgram.mWindow.Get());
+    EXPECT_EQ(mUser.DescribeHelp(mProgram.mField), "");
+    EXPECT_EQ(mUser.DescribeHelp(ControlRef{}), "");
+}
+
 TEST_F(UserSimulator, TellsWhatIsOnTheScreen)
 {
     FocusField();

@@ -11,6 +11,7 @@ namespace {
 using Host::ControlLook;
 
 using Host::ControlShape;
+using Host::PictureShape;
 
 using Host::HeadlessSnapshot;
 
@@ -50,6 +51,24 @@ ControlLook Arrows(bool theIsAnimated)
     ControlLook theLook = Control(3, ControlShape::kChasingArrows);
     theLook.theIsAnimated = theIsAnimated;
     return theLook;
+}
+
+ControlLook Rare(ControlLook theLook, void (*theChange)(Host::RareLook&))
+{
+    Host::RareLook theRare;
+    theChange(theRare);
+    theLook.theRareLook = std::make_shared<Host::RareLook>(theRare);
+    return theLook;
+}
+
+ControlLook Bevel(std::int32_t theValue, void (*theChange)(Host::RareLook&))
+{
+    return Rare(Titled(ControlShape::kBevelButton, "Open", theValue), theChange);
+}
+
+ControlLook Search(const char* theText, void (*theChange)(Host::RareLook&))
+{
+    return Rare(Texted(ControlShape::kSearchField, theText), theChange);
 }
 
 class HeadlessDrawing : public testing::TestWithParam<PictureRow>
@@ -141,6 +160,45 @@ INSTANTIATE_TEST_SUITE_P(
         PictureRow{Control(3, ControlShape::kPlacard), "                                          placard"},
         PictureRow{Control(3, ControlShape::kRadioGroup),
                    "                                          radio group"},
+        PictureRow{Titled(ControlShape::kBevelButton, "Open"),
+                   "[ Open ]                                  bevel button"},
+        PictureRow{Bevel(1, [](Host::RareLook& theRare) { theRare.theIsToggle = true; }),
+                   "[# Open #]                                bevel button"},
+        PictureRow{Bevel(1,
+                         [](Host::RareLook& theRare) {
+                             theRare.thePicture = PictureShape::kFolder;
+                             theRare.theHasMenu = true;
+                         }),
+                   "[ <folder> Open ▾ ]                       bevel button"},
+        PictureRow{Bevel(0,
+                         [](Host::RareLook& theRare) {
+                             theRare.thePicture = PictureShape::kFrame;
+                             theRare.theTitlePlace = Host::TitlePlace::kAbove;
+                         }),
+                   "[ Open <picture> ]                        bevel button"},
+        PictureRow{Rare(Control(3, ControlShape::kRoundButton),
+                        [](Host::RareLook& theRare) { theRare.thePicture = PictureShape::kNote; }),
+                   "(<note>)                                  round button"},
+        PictureRow{Rare(Control(3, ControlShape::kIcon),
+                        [](Host::RareLook& theRare) { theRare.thePicture = PictureShape::kDocument; }),
+                   "<document>                                icon"},
+        PictureRow{Rare(Valued(ControlShape::kImageWell, 1, 0, 1),
+                        [](Host::RareLook& theRare) { theRare.thePicture = PictureShape::kStop; }),
+                   "[*<stop>]                                 image well"},
+        PictureRow{Texted(ControlShape::kComboBox, "Oslo"),
+                   "[Oslo            ]▾                       combo box"},
+        PictureRow{Search("", [](Host::RareLook& theRare) { theRare.theDescription = "Names"; }),
+                   "[(Names)         ]                        search field"},
+        PictureRow{Search("Ada",
+                          [](Host::RareLook& theRare) {
+                              theRare.theDescription = "Names";
+                              theRare.theHasGlass = true;
+                              theRare.theHasCancelButton = true;
+                          }),
+                   "[⌕ Ada             ✕]                     search field"},
+        PictureRow{Rare(Titled(ControlShape::kPushButton, "OK"),
+                        [](Host::RareLook& theRare) { theRare.theHelp = "Does it.\nAt once."; }),
+                   "( OK )                                    push button, help \"Does it. At once.\""},
         PictureRow{Control(3, ControlShape::kPane), "                                          pane"}));
 
 } // namespace

@@ -12,6 +12,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QElapsedTimer>
 #include <QGroupBox>
 #include <QImage>
@@ -233,7 +234,9 @@ INSTANTIATE_TEST_SUITE_P(
                     ControlShape::kEditText, ControlShape::kGroupBox, ControlShape::kPopUpButton,
                     ControlShape::kTabs, ControlShape::kSeparator, ControlShape::kPlacard,
                     ControlShape::kDisclosureTriangle, ControlShape::kDisclosureButton,
-                    ControlShape::kChasingArrows, ControlShape::kRelevanceBar, ControlShape::kPane));
+                    ControlShape::kChasingArrows, ControlShape::kRelevanceBar, ControlShape::kBevelButton,
+                    ControlShape::kRoundButton, ControlShape::kIcon, ControlShape::kImageWell,
+                    ControlShape::kComboBox, ControlShape::kSearchField, ControlShape::kPane));
 
 class QtFocusLooks : public QtLooks, public testing::WithParamInterface<ControlShape>
 {
@@ -262,7 +265,134 @@ INSTANTIATE_TEST_SUITE_P(Shapes, QtFocusLooks,
                                          ControlShape::kScrollBar, ControlShape::kLittleArrows,
                                          ControlShape::kEditText, ControlShape::kPopUpButton,
                                          ControlShape::kTabs, ControlShape::kDisclosureTriangle,
-                                         ControlShape::kDisclosureButton));
+                                         ControlShape::kDisclosureButton, ControlShape::kBevelButton,
+                                         ControlShape::kRoundButton, ControlShape::kComboBox,
+                                         ControlShape::kSearchField));
+
+TEST_F(QtLooks, ShowsPictureMenuAndValueOfABevelButton)
+{
+    ControlLook theLook = Control(ControlShape::kBevelButton, 1);
+    auto& theButton = Shown<QToolButton>(theLook);
+    EXPECT_EQ(theButton.text(), "Salt && Pepper");
+    EXPECT_EQ(theButton.toolButtonStyle(), Qt::ToolButtonTextOnly);
+    EXPECT_FALSE(theButton.isCheckable()) << "its value means nothing";
+    const QImage theOther = theButton.grab().toImage();
+    Host::RareLook theRare;
+    theRare.thePicture = Host::PictureShape::kFolder;
+    theRare.theTitlePlace = Host::TitlePlace::kBelow;
+    theRare.theIsToggle = true;
+    theLook.theRareLook = std::make_shared<Host::RareLook>(theRare);
+    Shown<QToolButton>(theLook);
+    EXPECT_TRUE(theButton.isChecked());
+    EXPECT_FALSE(theButton.icon().isNull());
+    EXPECT_EQ(theButton.toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
+    theRare = Host::RareLook();
+    theRare.theHasMenu = true;
+    theLook.theRareLook = std::make_shared<Host::RareLook>(theRare);
+    Shown<QToolButton>(theLook);
+    EXPECT_NE(theButton.grab().toImage(), theOther) << "an arrow tells of the menu";
+    EXPECT_TRUE(mGate.Take().empty());
+    theButton.click();
+    Turn();
+    EXPECT_EQ(mGate.Take(), (Reports{"pressed 1", "released 1"}));
+}
+
+TEST_F(QtLooks, ARoundButtonIsInTheMiddleOfItsBounds)
+{
+    ControlLook theLook = Control(ControlShape::kRoundButton);
+    theLook.theBounds = {10, 10, 110, 70};
+    Host::RareLook theRare;
+    theRare.theDiameter = 20;
+    theLook.theRareLook = std::make_shared<Host::RareLook>(theRare);
+    auto& theButton = Shown<QToolButton>(theLook);
+    EXPECT_EQ(theButton.geometry(), QRect(50, 30, 20, 20));
+    theRare.theDiameter = 24;
+    theLook.theRareLook = std::make_shared<Host::RareLook>(theRare);
+    Shown<QToolButton>(theLook);
+    EXPECT_EQ(theButton.geometry(), QRect(48, 28, 24, 24));
+}
+
+TEST_F(QtLooks, ShowsPicturesOfTheDesktopAndAFrameForOthers)
+{
+    ControlLook theLook = Control(ControlShape::kIcon);
+    theLook.theBounds = {10, 10, 42, 42};
+    auto& theLabel = Shown<QLabel>(theLook);
+    EXPECT_TRUE(theLabel.pixmap().isNull());
+    QImage theLast;
+    for (const Host::PictureShape thePicture : {Host::PictureShape::kDocument, Host::PictureShape::kFolder,
+                                                Host::PictureShape::kCaution, Host::PictureShape::kFrame}) {
+        Host::RareLook theRare;
+        theRare.thePicture = thePicture;
+        theLook.theRareLook = std::make_shared<Host::RareLook>(theRare);
+        const QImage theImage = Shown<QLabel>(theLook).pixmap().toImage();
+        EXPECT_FALSE(theImage.isNull());
+        EXPECT_NE(theImage, theLast);
+        theLast = theImage;
+    }
+    EXPECT_EQ(theLabel.frameShape(), QFrame::NoFrame);
+    theLook.theShape = ControlShape::kImageWell;
+    EXPECT_EQ(Shown<QLabel>(theLook).frameShape(), QFrame::Panel);
+}
+
+TEST_F(QtLooks, AComboBoxReportsWhatIsTypedAndThatItsListIsWanted)
+{
+    ControlLook theLook = Control(ControlShape::kComboBox);
+    theLook.theText = "Oslo";
+    auto& theBox = Shown<QComboBox>(theLook);
+    EXPECT_EQ(theBox.currentText(), "Oslo");
+    EXPECT_EQ(theBox.count(), 0) << "the list is the managers'";
+    EXPECT_TRUE(mGate.Take().empty());
+    theBox.showPopup();
+    Turn();
+    EXPECT_EQ(mGate.Take(), (Reports{"part pressed 2", "part released 2"}));
+    theBox.lineEdit()->insert("!");
+    Turn();
+    ASSERT_FALSE(mGate.Take().empty());
+}
+
+TEST_F(QtLooks, ASearchFieldHasTheButtonsThatItsLookHas)
+{
+    ControlLook theLook = Control(ControlShape::kSearchField);
+    Host::RareLook theRare;
+    theRare.theDescription = "Names";
+    theLook.theRareLook = std::make_shared<Host::RareLook>(theRare);
+    auto& theField = Shown<QLineEdit>(theLook);
+    EXPECT_EQ(theField.placeholderText(), "Names");
+    ASSERT_EQ(theField.actions().size(), 2);
+    QAction* const theGlass = theField.actions()[0];
+    QAction* const theCancel = theField.actions()[1];
+    EXPECT_FALSE(theGlass->isVisible());
+    EXPECT_FALSE(theCancel->isVisible());
+    theRare.theHasGlass = true;
+    theRare.theHasCancelButton = true;
+    theLook.theRareLook = std::make_shared<Host::RareLook>(theRare);
+    theLook.theText = "Ada";
+    Shown<QLineEdit>(theLook);
+    EXPECT_TRUE(theGlass->isVisible());
+    EXPECT_TRUE(theCancel->isVisible());
+    EXPECT_TRUE(mGate.Take().empty());
+    theGlass->trigger();
+    theCancel->trigger();
+    Turn();
+    EXPECT_EQ(mGate.Take(),
+              (Reports{"part pressed 2", "part released 2", "part pressed 2", "part released 2"}));
+}
+
+TEST_F(QtLooks, HelpIsAToolTipInPlainWords)
+{
+    ControlLook theLook = Control(ControlShape::kPushButton);
+    auto& theButton = Shown<QPushButton>(theLook);
+    EXPECT_EQ(theButton.toolTip(), "");
+    Host::RareLook theRare;
+    theRare.theHelp = "Does it.";
+    theLook.theRareLook = std::make_shared<Host::RareLook>(theRare);
+    EXPECT_EQ(Shown<QPushButton>(theLook).toolTip(), "Does it.");
+    theRare.theHelp = "Makes <b>it</b> bold.";
+    theLook.theRareLook = std::make_shared<Host::RareLook>(theRare);
+    EXPECT_TRUE(Shown<QPushButton>(theLook).toolTip().contains("&lt;b&gt;"));
+    theLook.theRareLook = nullptr;
+    EXPECT_EQ(Shown<QPushButton>(theLook).toolTip(), "");
+}
 
 TEST_F(QtLooks, TabsStandWhereTheManagersThinkTheyDo)
 {

@@ -14,9 +14,14 @@
 #include <Carbon/Controls.h>
 #include <Carbon/Dialogs.h>
 #include <Carbon/Events.h>
+#include <Carbon/HIComboBox.h>
 #include <Carbon/HIGeometry.h>
+#include <Carbon/HIImageViews.h>
 #include <Carbon/HIObject.h>
+#include <Carbon/HISearchField.h>
 #include <Carbon/HIView.h>
+#include <Carbon/Icons.h>
+#include <Carbon/MacHelp.h>
 #include <Carbon/MacWindows.h>
 #include <Carbon/Menus.h>
 #include <Carbon/Processes.h>

@@ -11,10 +11,10 @@
 // identifier, command or reference. The control belongs to its window and goes with it. outControl receives
 // null when the call fails.
 //
-// Push buttons, check boxes, radio buttons, pop-up buttons, scroll bars, placards, static and edit texts can
-// be made without a window, with null for it: the control is in nothing then and is shown nowhere, until
-// EmbedControl puts it into a container, and it is the caller's to dispose of until that. All other kinds
-// need a window.
+// Push buttons, check boxes, radio buttons, pop-up buttons, bevel and round buttons, scroll bars, placards,
+// icons, pictures, image wells, static and edit texts can be made without a window, with null for it: the
+// control is in nothing then and is shown nowhere, until EmbedControl puts it into a container, and it is the
+// caller's to dispose of until that. All other kinds need a window.
 //
 // Results: noErr; paramErr when the bounds or outControl is null, the window is null and the kind needs one,
 // the window is not a window (any more), or a range ends before it starts. A title or text may be null, which
@@ -22,6 +22,8 @@
 
 #include <Carbon/Controls.h>
 #include <Carbon/Menus.h>
+#include <Carbon/Quickdraw.h>
+#include <CoreGraphics/CoreGraphics.h>
 
 // Kinds -------------------------------------------------------------------------------------------------
 
@@ -49,6 +51,14 @@ enum
     kControlKindDisclosureButton = 'disb',
     kControlKindChasingArrows = 'carr',
     kControlKindRelevanceBar = 'relb',
+    kControlKindBevelButton = 'bevl',
+    kControlKindRoundButton = 'rndb',
+    kControlKindIcon = 'icon',
+    kControlKindPicture = 'pict',
+    kControlKindImageWell = 'well',
+    kControlKindHIImageView = 'imag',
+    kControlKindHIComboBox = 'cbbx',
+    kControlKindHISearchField = 'srfd',
     kControlKindUserPane = 'upan' // the root control of a window is one, too
 };
 
@@ -60,6 +70,8 @@ enum
     kControlMenuPart = 2,
     kControlTrianglePart = 4,
     kControlEditTextPart = 5,
+    kControlPicturePart = 6,
+    kControlIconPart = 7,
     kControlButtonPart = 10,
     kControlCheckBoxPart = 11,
     kControlRadioButtonPart = 11,
@@ -67,6 +79,7 @@ enum
     kControlDownButtonPart = 21,
     kControlPageUpPart = 22,
     kControlPageDownPart = 23,
+    kControlImageWellPart = 26,
     kControlRadioGroupPart = 27,
     kControlIndicatorPart = 129 // the thumb of a slider or scroll bar
 };
@@ -127,6 +140,121 @@ enum
     kControlTabDirectionEast = 2,
     kControlTabDirectionWest = 3
 };
+
+typedef UInt16 ControlBevelThickness;
+enum
+{
+    kControlBevelButtonSmallBevel = 0,
+    kControlBevelButtonNormalBevel = 1,
+    kControlBevelButtonLargeBevel = 2
+};
+
+// What a click does to the value of a bevel button: nothing, turn it between 0 and 1, or make it 1. Contents
+// that move when they are pressed look as those that do not.
+typedef UInt16 ControlBevelButtonBehavior;
+typedef UInt16 ControlBevelButtonMenuBehavior;
+enum
+{
+    kControlBehaviorPushbutton = 0,
+    kControlBehaviorToggles = 0x0100,
+    kControlBehaviorSticky = 0x0200,
+    kControlBehaviorOffsetContents = 0x8000,
+    kControlBehaviorSingleValueMenu = 0,     // the item that was chosen has a check mark
+    kControlBehaviorMultiValueMenu = 0x4000, // each item that is chosen gets one, or loses it
+    kControlBehaviorCommandMenu = 0x2000     // no marks
+};
+
+typedef UInt16 ControlBevelButtonMenuPlacement;
+enum
+{
+    kControlBevelButtonMenuOnBottom = 0,
+    kControlBevelButtonMenuOnRight = 1 << 2
+};
+
+typedef SInt16 ControlButtonGraphicAlignment;
+enum
+{
+    kControlBevelButtonAlignSysDirection = -1,
+    kControlBevelButtonAlignCenter = 0,
+    kControlBevelButtonAlignLeft = 1,
+    kControlBevelButtonAlignRight = 2,
+    kControlBevelButtonAlignTop = 3,
+    kControlBevelButtonAlignBottom = 4,
+    kControlBevelButtonAlignTopLeft = 5,
+    kControlBevelButtonAlignBottomLeft = 6,
+    kControlBevelButtonAlignTopRight = 7,
+    kControlBevelButtonAlignBottomRight = 8
+};
+
+typedef SInt16 ControlButtonTextAlignment;
+enum
+{
+    kControlBevelButtonAlignTextSysDirection = 0,
+    kControlBevelButtonAlignTextCenter = 1,
+    kControlBevelButtonAlignTextFlushRight = -1,
+    kControlBevelButtonAlignTextFlushLeft = -2
+};
+
+typedef SInt16 ControlButtonTextPlacement;
+enum
+{
+    kControlBevelButtonPlaceSysDirection = -1,
+    kControlBevelButtonPlaceNormally = 0,
+    kControlBevelButtonPlaceToRightOfGraphic = 1,
+    kControlBevelButtonPlaceToLeftOfGraphic = 2,
+    kControlBevelButtonPlaceBelowGraphic = 3,
+    kControlBevelButtonPlaceAboveGraphic = 4
+};
+
+// Of 20 and of 25 pixels.
+typedef SInt16 ControlRoundButtonSize;
+enum
+{
+    kControlRoundButtonNormalSize = 0,
+    kControlRoundButtonLargeSize = 2
+};
+
+// What a button, an icon, a picture or an image well shows: nothing, or what the member of u that goes with
+// the type names.
+typedef SInt16 ControlContentType;
+enum
+{
+    kControlContentTextOnly = 0,
+    kControlContentIconSuiteRes = 1, // this and the next four: resID
+    kControlContentCIconRes = 2,
+    kControlContentPictRes = 3,
+    kControlContentICONRes = 4,
+    kControlContentAlertIconRes = 5,
+    kControlContentIconSuiteHandle = 129,
+    kControlContentCIconHandle = 130,
+    kControlContentPictHandle = 131,
+    kControlContentIconRef = 132,
+    kControlContentICON = 133,
+    kControlContentCGImageRef = 134
+};
+
+#pragma pack(push, 2)
+
+struct ControlButtonContentInfo
+{
+    ControlContentType contentType;
+    union
+    {
+        SInt16 resID;
+        IconRef iconRef;
+        CGImageRef imageRef;
+        CIconHandle cIconHandle;
+        Handle iconSuite;
+        PicHandle picture;
+        Handle ICONHandle;
+    } u;
+};
+typedef struct ControlButtonContentInfo ControlButtonContentInfo;
+typedef ControlButtonContentInfo* ControlButtonContentInfoPtr;
+typedef ControlButtonContentInfo ControlImageContentInfo;
+typedef ControlImageContentInfo* ControlImageContentInfoPtr;
+
+#pragma pack(pop)
 
 // Data tags ---------------------------------------------------------------------------------------------
 //
@@ -199,6 +327,60 @@ enum
     kControlPopupButtonExtraHeightTag = 'exht',  // SInt16; kept, and never used
     kControlPopupButtonOwnedMenuRefTag = 'omrf', // MenuRef
     kControlPopupButtonCheckCurrentTag = 'chck'  // Boolean; whether the item that is chosen has a check mark
+};
+
+// Icons and images that are set are held by the control, and those that are read are held once more, for the
+// caller; handles stay the application's. An icon that is none, or a type that does not exist, is a paramErr.
+// Icons are drawn as those of the desktop; of everything else an empty frame is shown.
+enum
+{
+    kControlContentTag = 'cont' // ControlButtonContentInfo
+};
+
+// Those of a menu are as a pop-up button's. What is kept has no effect.
+enum
+{
+    kControlBevelButtonContentTag = kControlContentTag,
+    kControlBevelButtonTransformTag = 'tran',     // SInt16; kept
+    kControlBevelButtonTextAlignTag = 'tali',     // ControlButtonTextAlignment
+    kControlBevelButtonTextOffsetTag = 'toff',    // SInt16; kept
+    kControlBevelButtonGraphicAlignTag = 'gali',  // ControlButtonGraphicAlignment; kept
+    kControlBevelButtonGraphicOffsetTag = 'goff', // Point; kept
+    kControlBevelButtonTextPlaceTag = 'tplc',     // ControlButtonTextPlacement
+    kControlBevelButtonMenuValueTag = 'mval',     // SInt16; the item that was chosen, 0 for none
+    kControlBevelButtonMenuRefTag = 'mhnd',       // MenuRef
+    kControlBevelButtonMenuHandleTag = kControlBevelButtonMenuRefTag,
+    kControlBevelButtonOwnedMenuRefTag = 'omrf',     // MenuRef
+    kControlBevelButtonCenterPopupGlyphTag = 'pglc', // Boolean; kept
+    kControlBevelButtonLastMenuTag = 'lmnu',         // SInt16; the identifier of the menu chosen from last
+    kControlBevelButtonMenuDelayTag = 'mdly',        // SInt32; kept: the menu opens at once
+    kControlBevelButtonScaleIconTag = 'scal',        // Boolean; kept
+    kControlBevelButtonKindTag = 'bebk'              // UInt16; kept
+};
+
+enum
+{
+    kControlRoundButtonContentTag = kControlContentTag,
+    kControlRoundButtonSizeTag = 'size' // ControlRoundButtonSize
+};
+
+enum
+{
+    kControlIconTransformTag = 'trfm', // SInt16; kept
+    kControlIconAlignmentTag = 'algn', // SInt16; kept
+    kControlIconContentTag = kControlContentTag
+};
+
+enum
+{
+    kControlPictureHandleTag = 'pich' // PicHandle
+};
+
+enum
+{
+    kControlImageWellContentTag = kControlContentTag,
+    kControlImageWellTransformTag = 'tran',        // SInt16; kept
+    kControlImageWellIsDragDestinationTag = 'drag' // Boolean; kept
 };
 
 // The part of all but the first is the number of a tab, from 1; paramErr where there is no such tab.
@@ -314,6 +496,61 @@ CARBON_EXPORT OSErr SetDisclosureTriangleLastValue(HIViewRef inDisclosureTriangl
 CARBON_EXPORT OSStatus CreateDisclosureButtonControl(WindowRef inWindow, const Rect* inBoundsRect,
                                                      SInt32 inValue, Boolean inAutoToggles,
                                                      ControlRef* outControl);
+
+// A button that can show a picture beside its title, keep its value, and have a menu. What a click does
+// is said with the behavior; a bevel button in a radio group is one of its choices, whatever its
+// behavior. With menuID 0 it has no menu, and with -12345 it comes later, under its tag; other menus are
+// looked for in the menu list, and one that is not there is a paramErr. The range is 0 to 1, and the
+// value 0 at first. The window, title and info may be null. Thicknesses look alike. A thickness that is
+// none is a paramErr.
+//
+// With a menu, a press opens it, and so does the space bar. When an item is chosen the menu value is set,
+// then the menu sends its command, then kEventControlHit is sent with kControlMenuPart, and the control's
+// command.
+CARBON_EXPORT OSStatus CreateBevelButtonControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
+                                                ControlBevelThickness thickness,
+                                                ControlBevelButtonBehavior behavior,
+                                                ControlButtonContentInfoPtr info, MenuID menuID,
+                                                ControlBevelButtonMenuBehavior menuBehavior,
+                                                ControlBevelButtonMenuPlacement menuPlacement,
+                                                ControlRef* outControl);
+
+// Set and get the tags of the same name.
+CARBON_EXPORT OSErr SetBevelButtonContentInfo(ControlRef inButton, ControlButtonContentInfoPtr inContent);
+CARBON_EXPORT OSErr GetBevelButtonContentInfo(ControlRef inButton, ControlButtonContentInfoPtr outContent);
+CARBON_EXPORT OSErr SetBevelButtonTextPlacement(ControlRef inButton, ControlButtonTextPlacement inWhere);
+CARBON_EXPORT OSErr SetBevelButtonTextAlignment(ControlRef inButton, ControlButtonTextAlignment inAlign,
+                                                SInt16 inHOffset);
+CARBON_EXPORT OSErr SetBevelButtonGraphicAlignment(ControlRef inButton, ControlButtonGraphicAlignment inAlign,
+                                                   SInt16 inHOffset, SInt16 inVOffset);
+CARBON_EXPORT OSErr SetBevelButtonMenuValue(ControlRef inButton, MenuItemIndex inValue);
+CARBON_EXPORT OSErr GetBevelButtonMenuValue(ControlRef inButton, MenuItemIndex* outValue);
+CARBON_EXPORT OSErr GetBevelButtonMenuHandle(ControlRef inButton, MenuHandle* outHandle);
+#define GetBevelButtonMenuRef GetBevelButtonMenuHandle
+
+// A round button with an icon, as large as its size says, in the middle of its bounds. It is pressed like a
+// push button. The window and the content may be null; a size that is none is a paramErr.
+CARBON_EXPORT OSStatus CreateRoundButtonControl(WindowRef inWindow, const Rect* inBoundsRect,
+                                                ControlRoundButtonSize inSize,
+                                                ControlButtonContentInfo* inContent, ControlRef* outControl);
+
+// Images ------------------------------------------------------------------------------------------------
+
+// An icon or a picture. A click hits it as it does a button, unless inDontTrack. The window may be null, but
+// not the content.
+CARBON_EXPORT OSStatus CreateIconControl(WindowRef inWindow, const Rect* inBoundsRect,
+                                         const ControlButtonContentInfo* inIconContent, Boolean inDontTrack,
+                                         ControlRef* outControl);
+CARBON_EXPORT OSStatus CreatePictureControl(WindowRef window, const Rect* boundsRect,
+                                            const ControlButtonContentInfo* content, Boolean dontTrack,
+                                            ControlRef* outControl);
+
+// An image in a sunken frame, which can be clicked. The range is 0 to 1; of 1 it looks chosen. The window may
+// be null, but not the content.
+CARBON_EXPORT OSStatus CreateImageWellControl(WindowRef window, const Rect* boundsRect,
+                                              const ControlButtonContentInfo* info, ControlRef* outControl);
+CARBON_EXPORT OSErr SetImageWellContentInfo(ControlRef inButton, ControlButtonContentInfoPtr inContent);
+CARBON_EXPORT OSErr GetImageWellContentInfo(ControlRef inButton, ControlButtonContentInfoPtr outContent);
 
 // Controls with a range ---------------------------------------------------------------------------------
 

@@ -20,6 +20,8 @@ typedef GrafPtr CGrafPtr;
 
 // An area. What is here makes rectangles of it.
 typedef struct OpaqueRgnHandle* RgnHandle;
+typedef struct OpaquePicHandle* PicHandle;
+typedef struct OpaqueCIconHandle* CIconHandle;
 
 // A screen.
 typedef struct OpaqueGDHandle* GDHandle;

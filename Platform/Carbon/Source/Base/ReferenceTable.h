@@ -28,6 +28,7 @@ enum class ReferenceKind : std::uintptr_t
     kTimer = 12,
     kObject = 13,
     kObjectClass = 14,
+    kIcon = 15,
 };
 
 // The opaque references of one kind of object.

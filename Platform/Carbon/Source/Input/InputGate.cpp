@@ -157,9 +157,14 @@ bool KeysAreHeld()
     return theWindow != nullptr && ModalWindowOver(theWindow) != nullptr;
 }
 
-ControlPartCode CodeOf(ControlPart thePart)
+ControlPartCode CodeOf(ControlPart thePart, OSType theKind)
 {
     switch (thePart) {
+    case ControlPart::kMenuButton:
+        return theKind == kControlKindHIComboBox ? ControlPartCode{kHIComboBoxDisclosurePart}
+                                                 : ControlPartCode{kControlMenuPart};
+    case ControlPart::kCancelButton:
+        return kControlSearchFieldCancelPart;
     case ControlPart::kUpButton:
         return kControlUpButtonPart;
     case ControlPart::kDownButton:
@@ -373,7 +378,9 @@ bool InputGate::ControlDragged(const ControlDrag& theDrag)
 bool InputGate::PartPressed(const PartPress& thePress)
 {
     if (thePress.theIsDown) {
-        return PressPart(FindControl(thePress.theControl), CodeOf(thePress.thePart), thePress.theModifiers);
+        const SharedControl theControl = FindControl(thePress.theControl);
+        const OSType theKind = theControl == nullptr ? OSType{0} : theControl->Kind();
+        return PressPart(theControl, CodeOf(thePress.thePart, theKind), thePress.theModifiers);
     }
     if (mTrackedControl == kNoObject || mTrackedControl != thePress.theControl) {
         return false;

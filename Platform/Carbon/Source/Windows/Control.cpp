@@ -6,6 +6,7 @@
 #include "Base/Guarded.h"
 #include "Events/EventTargets.h"
 #include "Events/OutgoingEvent.h"
+#include "HelpTags.h"
 #include "KeyboardFocus.h"
 #include "Layout.h"
 #include "Window.h"
@@ -286,6 +287,7 @@ ControlLook Control::Look() const
     theLook.theTakesFocus = FocusPart(IsFullKeyboardAccessOn()) != kControlFocusNoPart;
     AddPlaceToLook(theLook);
     AddToLook(theLook);
+    AddHelpToLook(*this, theLook);
     return theLook;
 }
 
@@ -355,6 +357,8 @@ bool Control::ChoosesAmong(const Control&) const
 {
     return false;
 }
+
+void Control::PartClicked(ControlPartCode) {}
 
 bool Control::ToggledValue(ControlPartCode, SInt32*) const
 {

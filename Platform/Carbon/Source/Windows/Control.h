@@ -190,6 +190,9 @@ public:
     // alone.
     virtual bool ToggledValue(ControlPartCode thePart, SInt32* theValue) const;
 
+    // What a click on a part does beside that, before it is told of. Handlers may be called.
+    virtual void PartClicked(ControlPartCode thePart);
+
     // A key that arrived at this control while it had the focus; eventNotHandledErr lets the window have it.
     virtual OSStatus PressKey(const KeyPress& theKey);
 
@@ -223,7 +226,7 @@ public:
     virtual const ControlDataTag* FindTag(ResType theTag) const;
     virtual void AddToLook(ControlLook& theLook) const = 0;
 
-    // Sets the range at creation, when there is nobody to tell.
+    // Set the range and hide it at creation, when there is nobody to tell.
     void StartWithRange(const ControlRange& theRange);
     void StartHidden() { mStates.Set(ControlState::kVisible, false); }
 

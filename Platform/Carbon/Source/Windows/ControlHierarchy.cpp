@@ -8,6 +8,7 @@
 #include "Common/NeverDestroyed.h"
 #include "Events/EventTargets.h"
 #include "Events/OutgoingEvent.h"
+#include "HelpTags.h"
 #include "KeyboardFocus.h"
 #include "Layout.h"
 #include "Window.h"
@@ -149,6 +150,7 @@ void Control::Dispose()
     mIsGone = true;
     Names().erase({KeyOf(mID), mIdentifier});
     RemoveLayout(*this);
+    RemoveHelp(*this);
     Controls().Remove(Reference());
     Disposed();
     DisposeEventTarget(mTarget);

@@ -234,6 +234,10 @@ void Hit(const SharedControl& theControl, ControlPartCode thePart, UInt32 theMod
 
 void Toggle(const SharedControl& theControl, ControlPartCode thePart)
 {
+    theControl->PartClicked(thePart);
+    if (theControl->IsGone()) {
+        return;
+    }
     SInt32 theValue = 0;
     const bool theIsToggled =
         (theControl->Features() & kControlAutoToggles) != 0 || GroupAround(*theControl) != nullptr;

@@ -32,8 +32,8 @@ void BeginTracking(const SharedControl& theControl, const Press& thePress);
 void ContinueTracking(Point theContentPoint, std::optional<SInt32> theExactValue);
 void EndTracking(Point theContentPoint, std::optional<SInt32> theExactValue, UInt32 theModifiers);
 
-// The steps of a click, for those who click otherwise: the new value of a control that toggles by itself; the
-// hit and the command; and all of it with the action procedure.
+// The steps of a click, for those who click otherwise: what the control does by itself, its new value for
+// one; the hit and the command; and all of it with the action procedure.
 void Toggle(const SharedControl& theControl, ControlPartCode thePart);
 void Hit(const SharedControl& theControl, ControlPartCode thePart, UInt32 theModifiers, UInt32 theClickCount);
 void PressAndRelease(const SharedControl& theControl, ControlPartCode thePart, UInt32 theModifiers);

@@ -5,5 +5,6 @@
 
 #include <CoreGraphics/CGBase.h>
 #include <CoreGraphics/CGGeometry.h>
+#include <CoreGraphics/CGImage.h>
 
 #endif

@@ -166,6 +166,12 @@ enum class ControlShape
     kDisclosureButton,
     kChasingArrows,
     kRelevanceBar,
+    kBevelButton,
+    kRoundButton,
+    kIcon, // a picture, of whatever sort
+    kImageWell,
+    kComboBox,
+    kSearchField,
     kPane, // the root of a window, and panes that a program fills itself
 };
 
@@ -198,15 +204,59 @@ struct TabLook
     }
 };
 
+// Whether a person types into a control of this shape.
+inline bool TakesText(ControlShape theShape)
+{
+    return theShape == ControlShape::kEditText || theShape == ControlShape::kComboBox ||
+           theShape == ControlShape::kSearchField;
+}
+
+// A picture that every desktop has its own of.
+enum class PictureShape
+{
+    kNone,
+    kFrame, // one that cannot be drawn, and whose place is kept
+    kDocument,
+    kFolder,
+    kApplication,
+    kDisk,
+    kNote,
+    kCaution,
+    kStop,
+};
+
+// Where the title of a button stands that has a picture.
+enum class TitlePlace
+{
+    kRight,
+    kLeft,
+    kBelow,
+    kAbove,
+};
+
 // What few controls have.
 struct RareLook
 {
     std::vector<TabLook> theTabs; // of tabs; the value is the number of the one in front, from 1
     TabEdge theTabEdge = TabEdge::kTop;
+    PictureShape thePicture = PictureShape::kNone;
+    TitlePlace theTitlePlace = TitlePlace::kRight;
+    int theDiameter = 0;             // of a round button, which stands in the middle of its bounds
+    bool theIsToggle = false;        // of a bevel button: its value means something
+    bool theHasMenu = false;         // of a bevel button or a search field
+    bool theHasCancelButton = false; // of a search field
+    bool theHasGlass = false;        // of a search field
+    std::string theDescription;      // of a search field: shown while it is empty
+    std::string theHelp;             // shown when the pointer rests on the control
 
     bool operator==(const RareLook& theOther) const
     {
-        return theTabs == theOther.theTabs && theTabEdge == theOther.theTabEdge;
+        return theTabs == theOther.theTabs && theTabEdge == theOther.theTabEdge &&
+               thePicture == theOther.thePicture && theDiameter == theOther.theDiameter &&
+               theTitlePlace == theOther.theTitlePlace && theIsToggle == theOther.theIsToggle &&
+               theHasMenu == theOther.theHasMenu && theHasCancelButton == theOther.theHasCancelButton &&
+               theHasGlass == theOther.theHasGlass && theDescription == theOther.theDescription &&
+               theHelp == theOther.theHelp;
     }
 };
 
@@ -371,6 +421,8 @@ enum class ControlPart
     kDownButton,
     kPageUp, // of scroll bars: between an arrow and the thumb
     kPageDown,
+    kMenuButton,   // of a combo box or a search field: shows what there is to choose from
+    kCancelButton, // of a search field
 };
 
 struct PartPress

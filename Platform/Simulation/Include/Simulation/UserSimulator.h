@@ -170,6 +170,10 @@ public:
     // What one control shows, on one line; empty for a control that is not there.
     std::string DescribeControl(const ControlAddress& theAddress) const;
 
+    // The help that appears when the pointer rests on a control; empty where none does, and for a control
+    // that a person does not see.
+    std::string DescribeHelp(const ControlAddress& theAddress) const;
+
 private:
     // Chooses from a menu that the press pops up.
     using Choice = std::function<MenuChoice(const PopUpLook&)>;

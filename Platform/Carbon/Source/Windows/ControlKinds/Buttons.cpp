@@ -251,10 +251,7 @@ OSStatus CreateDisclosureTriangleControl(WindowRef inWindow, const Rect* inBound
                                          Boolean inAutoToggles, ControlRef* outControl)
 {
     if (inOrientation > kControlDisclosureTrianglePointLeft) {
-        if (outControl != nullptr) {
-            *outControl = nullptr;
-        }
-        return paramErr;
+        return Host::Refuse(outControl);
     }
     return Host::Create<Host::DisclosureTriangle>(
         {inWindow, inBoundsRect, inTitle, outControl, false, {inInitialValue, 0, 1, 0}},

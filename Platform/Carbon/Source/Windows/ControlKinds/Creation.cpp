@@ -2,6 +2,7 @@
 
 #include "Creation.h"
 
+#include "Base/Geometry.h"
 #include "Base/Guarded.h"
 #include "Windows/Window.h"
 
@@ -21,6 +22,26 @@ OSStatus CheckRequest(const CreationRequest& theRequest)
     }
     const SharedWindow theWindow = FindWindow(theRequest.theWindow);
     return theWindow == nullptr || theWindow->IsClosing() ? OSStatus{paramErr} : OSStatus{noErr};
+}
+
+OSStatus Refuse(ControlRef* theControl)
+{
+    if (theControl != nullptr) {
+        *theControl = nullptr;
+    }
+    return paramErr;
+}
+
+Rect RectOf(const HIRect* theRect)
+{
+    if (theRect == nullptr) {
+        return MakeRect(0, 0, 0, 0);
+    }
+    const double theLeft = double{theRect->origin.x};
+    const double theTop = double{theRect->origin.y};
+    return MakeRect(NearestCoordinate(theLeft), NearestCoordinate(theTop),
+                    NearestCoordinate(theLeft + double{theRect->size.width}),
+                    NearestCoordinate(theTop + double{theRect->size.height}));
 }
 
 void Begin(const SharedControl& theControl, const CreationRequest& theRequest)

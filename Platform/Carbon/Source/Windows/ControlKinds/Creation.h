@@ -19,6 +19,9 @@ struct CreationRequest
     ControlRange theRange = {};
 };
 
+// The whole coordinates that are nearest, of what is not null.
+Rect RectOf(const HIRect* theRect);
+
 // Checks the request and clears the result.
 OSStatus CheckRequest(const CreationRequest& theRequest);
 
@@ -49,6 +52,28 @@ template <class Kind, class... Arguments>
 OSStatus Create(const CreationRequest& theRequest, const Arguments&... theArguments)
 {
     return Make(theRequest, [&] { return std::make_shared<Kind>(theArguments...); });
+}
+
+// Clears the result of a request that is refused before it is made.
+OSStatus Refuse(ControlRef* theControl);
+
+// Makes a view: in no window, and hidden. theBounds may be null, for a place and size to come later.
+template <class Maker>
+OSStatus MakeView(const HIRect* theBounds, HIViewRef* theView, const Maker& theMaker)
+{
+    const Rect thePlace = RectOf(theBounds);
+    return Make({nullptr, &thePlace, nullptr, theView, true}, [&] {
+        auto theNew = theMaker();
+        theNew->StartHidden();
+        return theNew;
+    });
+}
+
+// The control of a class behind a reference, or null.
+template <class Kind>
+std::shared_ptr<Kind> FindKind(ControlRef theReference)
+{
+    return std::dynamic_pointer_cast<Kind>(FindControl(theReference));
 }
 
 } // namespace Host

@@ -5,7 +5,6 @@
 #include "Base/Geometry.h"
 #include "Common/NeverDestroyed.h"
 #include "Creation.h"
-#include "DataTags.h"
 #include "Events/EventLoop.h"
 #include "Texts.h"
 #include "Windows/ControlTracking.h"
@@ -78,6 +77,44 @@ MenuItemIndex NextChoice(const SharedMenu& theMenu, SInt32 theItem, int theStep)
 
 } // namespace
 
+OSErr HeldMenu::Set(MenuRef theMenu, bool theIsOwned)
+{
+    if (theMenu != nullptr && FindMenu(theMenu) == nullptr) {
+        return paramErr;
+    }
+    const MenuHolder theOld = std::exchange(mOwned, MenuHolder(theIsOwned ? theMenu : nullptr));
+    if (theIsOwned) {
+        ReleaseMenu(theMenu); // the caller's count, which is the holder's now
+    }
+    mMenu = theMenu;
+    mCheckedItem = 0;
+    return noErr;
+}
+
+void HeldMenu::Check(SInt32 theItem)
+{
+    const SharedMenu theMenu = Shown();
+    if (theMenu == nullptr) {
+        return;
+    }
+    MenuItem* const theOld = theMenu->Item(mCheckedItem);
+    if (theOld != nullptr && theOld->theMark == checkMark) {
+        theOld->theMark = noMark;
+    }
+    mCheckedItem = static_cast<MenuItemIndex>(std::clamp<SInt32>(theItem, 0, kLargestMenu));
+    MenuItem* const theNew = theMenu->Item(mCheckedItem);
+    if (theNew != nullptr && theNew->theMark == noMark) {
+        theNew->theMark = checkMark;
+    }
+    MenusHaveChanged();
+}
+
+bool FindMenuForCreation(MenuID theNumber, MenuRef* theMenu)
+{
+    *theMenu = theNumber == kMenuComesLater ? nullptr : GetMenuHandle(theNumber);
+    return *theMenu != nullptr || theNumber == kMenuComesLater;
+}
+
 ControlRange RangeOfMenu(const SharedMenu& theMenu, SInt32 theValue)
 {
     return theMenu == nullptr ? ControlRange() : ControlRange{theValue, 1, SInt32{theMenu->Count()}, 0};
@@ -99,19 +136,12 @@ PopUpButton::~PopUpButton()
 
 OSErr PopUpButton::SetMenu(MenuRef theMenu, bool theIsOwned)
 {
-    const SharedMenu theFound = FindMenu(theMenu);
-    if (theMenu != nullptr && theFound == nullptr) {
-        return paramErr;
-    }
     const SharedControl theKeepAlive = shared_from_this();
-    const MenuHolder theOld = std::exchange(mOwnedMenu, MenuHolder(theIsOwned ? theMenu : nullptr));
-    if (theIsOwned) {
-        ReleaseMenu(theMenu); // the caller's count, which is the holder's now
+    const OSErr theStatus = mMenu.Set(theMenu, theIsOwned);
+    if (theStatus == noErr) {
+        SetRange(RangeOfMenu(ShownMenu(), Range().theValue));
     }
-    mMenu = theMenu;
-    mCheckedItem = 0;
-    SetRange(RangeOfMenu(theFound, Range().theValue));
-    return noErr;
+    return theStatus;
 }
 
 // Looks --------------------------------------------------------------------------------------------------
@@ -167,24 +197,6 @@ void PopUpButton::AddToLook(ControlLook& theLook) const
 
 // Choosing -----------------------------------------------------------------------------------------------
 
-// Marks of the program's own stay.
-void PopUpButton::CheckCurrent(Menu& theMenu)
-{
-    if (!mChecksCurrent) {
-        return;
-    }
-    MenuItem* const theOld = theMenu.Item(mCheckedItem);
-    if (theOld != nullptr && theOld->theMark == checkMark) {
-        theOld->theMark = noMark;
-    }
-    mCheckedItem = static_cast<MenuItemIndex>(std::clamp<SInt32>(Range().theValue, 0, kLargestMenu));
-    MenuItem* const theNew = theMenu.Item(mCheckedItem);
-    if (theNew != nullptr && theNew->theMark == noMark) {
-        theNew->theMark = checkMark;
-    }
-    MenusHaveChanged();
-}
-
 // The value is the chosen item when the item's command arrives. Items can have come since the range was set.
 void PopUpButton::TakeChoice(const PopUpChoice& theChoice, UInt32 theModifiers)
 {
@@ -207,7 +219,9 @@ std::optional<ControlPartCode> PopUpButton::TrackInLoop(ControlPartCode, UInt32 
     if (theMenu == nullptr || theWindow == nullptr) {
         return kControlNoPart;
     }
-    CheckCurrent(*theMenu);
+    if (mChecksCurrent) {
+        mMenu.Check(Range().theValue);
+    }
     const Rect thePlace = ShownBounds();
     const Rect& theContent = theWindow->Content();
     const auto theCurrent = static_cast<MenuItemIndex>(std::clamp<SInt32>(Range().theValue, 0, kLargestMenu));
@@ -245,20 +259,6 @@ OSStatus PopUpButton::PressKey(const KeyPress& theKey)
 
 namespace {
 
-template <bool kIsOwned>
-ControlDataTag MenuTag(ResType theTag)
-{
-    ControlDataTag theEntry = {theTag, sizeof(MenuRef), nullptr, nullptr, nullptr};
-    theEntry.theRead = [](const Control& theControl, void* theBuffer) {
-        const SharedMenu theMenu = static_cast<const PopUpButton&>(theControl).ShownMenu();
-        Put(theBuffer, theMenu == nullptr ? MenuRef{} : theMenu->Reference());
-    };
-    theEntry.theWrite = [](Control& theControl, const void* theData, size_t) {
-        return static_cast<PopUpButton&>(theControl).SetMenu(Take<MenuRef>(theData), kIsOwned);
-    };
-    return theEntry;
-}
-
 ControlDataTag MenuIDTag()
 {
     ControlDataTag theEntry = {kControlPopupButtonMenuIDTag, sizeof(MenuID), nullptr, nullptr, nullptr};
@@ -279,8 +279,8 @@ ControlDataTag MenuIDTag()
 const ControlDataTag* PopUpButton::FindTag(ResType theTag) const
 {
     static const ControlDataTag kTags[] = {
-        MenuTag<false>(kControlPopupButtonMenuRefTag),
-        MenuTag<true>(kControlPopupButtonOwnedMenuRefTag),
+        MenuTag<PopUpButton, false>(kControlPopupButtonMenuRefTag),
+        MenuTag<PopUpButton, true>(kControlPopupButtonOwnedMenuRefTag),
         MenuIDTag(),
         NumberTag<PopUpButton, SInt16, &PopUpButton::mExtraHeight>(kControlPopupButtonExtraHeightTag),
         FlagTag<PopUpButton, &PopUpButton::mChecksCurrent>(kControlPopupButtonCheckCurrentTag),
@@ -296,12 +296,9 @@ OSStatus CreatePopupButtonControl(WindowRef window, const Rect* boundsRect, CFSt
                                   Boolean variableWidth, SInt16 titleWidth, SInt16 titleJustification, Style,
                                   ControlRef* outControl)
 {
-    const MenuRef theMenu = menuID == Host::kMenuComesLater ? nullptr : GetMenuHandle(menuID);
-    if (theMenu == nullptr && menuID != Host::kMenuComesLater) {
-        if (outControl != nullptr) {
-            *outControl = nullptr;
-        }
-        return paramErr;
+    MenuRef theMenu = nullptr;
+    if (!Host::FindMenuForCreation(menuID, &theMenu)) {
+        return Host::Refuse(outControl);
     }
     const Host::PopUpStyle theStyle = {variableWidth != 0, titleWidth, titleJustification};
     Host::CreationRequest theRequest = {window, boundsRect, title, outControl, true};

@@ -4,9 +4,40 @@
 #define ControlKinds_PopUps_h
 
 #include "Buttons.h"
+#include "DataTags.h"
 #include "Menus/Menu.h"
 
 namespace Host {
+
+// The menu of a control. It may be gone without the control's doing.
+class HeldMenu
+{
+public:
+    explicit HeldMenu(MenuRef theMenu = nullptr)
+        : mMenu(theMenu)
+    {
+    }
+
+    // Null when there is none, or the one that there was is gone.
+    SharedMenu Shown() const { return FindMenu(mMenu); }
+
+    // One that is owned comes with the caller's count, and is released when another one comes. paramErr for
+    // what is no menu; null takes the menu away. Handlers are not called.
+    OSErr Set(MenuRef theMenu, bool theIsOwned);
+
+    // Moves the check mark from the item that had it, if it still has, to another one; a mark of the
+    // program's own stays.
+    void Check(SInt32 theItem);
+
+private:
+    MenuRef mMenu;
+    MenuHolder mOwned;
+    MenuItemIndex mCheckedItem = 0;
+};
+
+// The menu that a creation call asks for by its number: none for -12345, which is said to come later. False
+// when there is no such menu in the menu list.
+bool FindMenuForCreation(MenuID theNumber, MenuRef* theMenu);
 
 // How a pop-up button shows its title, and whether it is as wide as what is chosen.
 struct PopUpStyle
@@ -27,7 +58,7 @@ public:
     PopUpButton& operator=(const PopUpButton&) = delete;
 
     // Null when it has none, or the one that it had is gone.
-    SharedMenu ShownMenu() const { return FindMenu(mMenu); }
+    SharedMenu ShownMenu() const { return mMenu.Shown(); }
 
     // A menu that is owned is released when the button goes or gets another one. The range becomes that of
     // the items. paramErr for what is no menu; null takes the menu away.
@@ -47,14 +78,27 @@ private:
     int TitleWidth() const;
     Rect ShownBounds() const;
     std::string CurrentText() const;
-    void CheckCurrent(Menu& theMenu);
     void TakeChoice(const PopUpChoice& theChoice, UInt32 theModifiers);
 
     PopUpStyle mStyleOfTitle;
-    MenuRef mMenu = nullptr;
-    MenuHolder mOwnedMenu;
-    MenuItemIndex mCheckedItem = 0;
+    HeldMenu mMenu;
 };
+
+// The tag under which a control has its menu, or, when it is owned, gives it away. Kind has ShownMenu and
+// SetMenu.
+template <class Kind, bool kIsOwned>
+ControlDataTag MenuTag(ResType theTag)
+{
+    ControlDataTag theEntry = {theTag, sizeof(MenuRef), nullptr, nullptr, nullptr};
+    theEntry.theRead = [](const Control& theControl, void* theBuffer) {
+        const SharedMenu theMenu = static_cast<const Kind&>(theControl).ShownMenu();
+        Put(theBuffer, theMenu == nullptr ? MenuRef{} : theMenu->Reference());
+    };
+    theEntry.theWrite = [](Control& theControl, const void* theData, size_t) {
+        return static_cast<Kind&>(theControl).SetMenu(Take<MenuRef>(theData), kIsOwned);
+    };
+    return theEntry;
+}
 
 // The range of a control that chooses from a menu.
 ControlRange RangeOfMenu(const SharedMenu& theMenu, SInt32 theValue);

@@ -112,7 +112,7 @@ void EditText::ReplaceSelection(const Text& theText)
 // False when a handler wants no edit at all; it may also put another text in the place of the new one.
 bool EditText::AskBeforeEdit(size_t theStart, size_t theEnd, Text* theText)
 {
-    if (Kind() != kControlKindEditUnicodeText) {
+    if (Kind() == kControlKindEditText) {
         return true;
     }
     OutgoingEvent theEvent(kEventClassTextField, kEventTextShouldChangeInRange);
@@ -149,7 +149,7 @@ void EditText::Edit(size_t theStart, size_t theEnd, const Text& theText)
     ReplaceSelection(theNew);
     mHasEdits = true;
     Show();
-    if (Kind() == kControlKindEditUnicodeText) {
+    if (Kind() != kControlKindEditText) {
         OutgoingEvent theEvent(kEventClassTextField, kEventTextDidChange);
         theEvent.Set(kEventParamDirectObject, typeControlRef, Reference());
         theEvent.TellAll(Target());

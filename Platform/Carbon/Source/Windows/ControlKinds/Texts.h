@@ -25,8 +25,8 @@ private:
     Text mText;
 };
 
-// An edit text of either sort. Positions count UTF-16 units; the selection runs from its start up to its end,
-// and never reaches past the text.
+// An edit text of either sort, or what is more than that. Positions count UTF-16 units; the selection runs
+// from its start up to its end, and never reaches past the text.
 class EditText : public Control
 {
 public:

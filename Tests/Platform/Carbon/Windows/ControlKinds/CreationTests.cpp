@@ -4,13 +4,24 @@
 
 #include "ManagerTestSupport.h"
 
+#include <algorithm>
+
 namespace {
 
 class Creation : public EveryControl
 {
 };
 
-INSTANTIATE_TEST_SUITE_P(Kinds, Creation, testing::ValuesIn(EveryKind()),
+std::vector<KindRow> KindsMadeInAWindow()
+{
+    std::vector<KindRow> theKinds = EveryKind();
+    theKinds.erase(std::remove_if(theKinds.begin(), theKinds.end(),
+                                  [](const KindRow& theRow) { return theRow.theIsView; }),
+                   theKinds.end());
+    return theKinds;
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, Creation, testing::ValuesIn(KindsMadeInAWindow()),
                          [](const auto& theInfo) { return std::string(theInfo.param.theName); });
 
 } // namespace
@@ -86,4 +97,28 @@ TEST_P(Creation, StandsAloneWithoutAWindowWhereItsKindMay)
     EXPECT_TRUE(IsControlVisible(theControl));
     DisposeControl(theControl);
     EXPECT_FALSE(IsValidControlHandle(theControl));
+}
+
+// Views --------------------------------------------------------------------------------------------------
+
+TEST(ViewCreation, StartsHiddenAndInNoWindow)
+{
+    const HIRect theBounds = CGRectMake(10.4F, 20.6F, 100, 20);
+    HIViewRef theView = nullptr;
+    ASSERT_EQ(HISearchFieldCreate(&theBounds, 0, nullptr, nullptr, &theView), noErr);
+    EXPECT_EQ(GetControlOwner(theView), nullptr);
+    EXPECT_FALSE(IsControlVisible(theView));
+    EXPECT_TRUE(IsControlEnabled(theView));
+    Rect theRect = {};
+    GetControlBounds(theView, &theRect);
+    EXPECT_EQ(Describe(theRect), "10, 21, 110, 41") << "the nearest whole pixels";
+    DisposeControl(theView);
+}
+
+TEST(ViewCreation, NeedsAPlaceForTheResult)
+{
+    const HIRect theBounds = CGRectMake(0, 0, 100, 20);
+    EXPECT_EQ(HIComboBoxCreate(&theBounds, nullptr, nullptr, nullptr, 0, nullptr), paramErr);
+    EXPECT_EQ(HISearchFieldCreate(&theBounds, 0, nullptr, nullptr, nullptr), paramErr);
+    EXPECT_EQ(HIImageViewCreate(nullptr, nullptr), paramErr);
 }

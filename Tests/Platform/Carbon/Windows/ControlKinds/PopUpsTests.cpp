@@ -4,9 +4,6 @@
 
 #include "ManagerTestSupport.h"
 
-#include <Presentation/PresenterRegistry.h>
-#include <Windows/Controls.h>
-
 namespace {
 
 class PopUps : public ControlKindTest
@@ -51,24 +48,6 @@ protected:
                          ResType theTag = kControlPopupButtonMenuRefTag)
     {
         return SetControlData(theControl, 0, theTag, sizeof theMenu, &theMenu);
-    }
-
-    static Host::ControlLook LookOf(ControlRef theControl)
-    {
-        class LookReader : public Host::Presenter
-        {
-        public:
-            void ControlLooks(const Host::ControlLook& theLook) override { mLooks.push_back(theLook); }
-            std::vector<Host::ControlLook> mLooks;
-        };
-        LookReader theReader;
-        Host::PresenterRegistry::ReplayLooks(theReader);
-        for (const Host::ControlLook& theLook : theReader.mLooks) {
-            if (theLook.theId == Host::IdentifierOf(theControl)) {
-                return theLook;
-            }
-        }
-        return {};
     }
 
     // Chooses an item of the menu that pops up, and notes what menu it was.
