@@ -88,6 +88,7 @@ SHARED_LIBRARY LmBindings
 SHARED_LIBRARY LmControllers
 SHARED_LIBRARY LmInspection
 SHARED_LIBRARY LmInspector
+STATIC_LIBRARY GalleryParts
 STATIC_LIBRARY LmTestSupport
 STATIC_LIBRARY ThermostatParts" "$(targets i386 | sort)"
 expect "The flags of a source" "-Wno-deprecated-declarations

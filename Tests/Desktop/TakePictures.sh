@@ -8,7 +8,7 @@ set -u
 kGallery=$1
 kThermostat=$2
 kFolder=$3
-kScreen=1280x960
+kScreen=1600x960
 # shellcheck source=Tests/Desktop/Screen.sh
 . "$(dirname "$0")/Screen.sh"
 
