@@ -190,3 +190,80 @@ TEST_F(LmInspectorDoorTest, LetsWhatIsSetEndTheInspector)
     EXPECT_EQ(LmGetLiveSurvey(), nullptr);
     EXPECT_EQ(Ask("objects"), "ok\nThe inspector is not allowed.\n");
 }
+
+// ---- Those who are slow, or leave
+
+namespace {
+
+// How many seconds have passed, by the clock of the test.
+class Watch
+{
+public:
+    double GetSeconds() const { return GetCurrentEventTime() - mStart; }
+
+private:
+    EventTime mStart = GetCurrentEventTime();
+};
+
+} // namespace
+
+TEST_F(LmInspectorDoorTest, AnswersAtOnce)
+{
+    const Watch theWatch;
+    EXPECT_EQ(Ask("objects"), "ok\nThere are no objects.\n");
+    EXPECT_LT(theWatch.GetSeconds(), 0.5);
+}
+
+TEST_F(LmInspectorDoorTest, WaitsForTheRestOfAQuestion)
+{
+    const int theSlow = Connect();
+    Say(theSlow, "obj");
+    RunCurrentEventLoop(1.5);
+    Say(theSlow, "ects\n");
+    EXPECT_EQ(HearAll(theSlow), "ok\nThere are no objects.\n");
+}
+
+TEST_F(LmInspectorDoorTest, GivesEachTheSameTime)
+{
+    for (int theRound = 0; theRound < 3; ++theRound) {
+        const int theSlow = Connect();
+        RunCurrentEventLoop(1.5);
+        Say(theSlow, "objects\n");
+        EXPECT_EQ(HearAll(theSlow), "ok\nThere are no objects.\n") << theRound;
+        const int theSilent = Connect();
+        RunCurrentEventLoop(1.5);
+        ::close(theSilent);
+        RunCurrentEventLoop(0.3);
+    }
+}
+
+TEST_F(LmInspectorDoorTest, WaitsForNobodyWhoHasLeft)
+{
+    const int theGone = Connect();
+    Say(theGone, "obj");
+    RunCurrentEventLoop(0.3);
+    ::close(theGone);
+    const Watch theWatch;
+    EXPECT_EQ(Ask("objects"), "ok\nThere are no objects.\n");
+    EXPECT_LT(theWatch.GetSeconds(), 1.0);
+}
+
+TEST_F(LmInspectorDoorTest, HandsNobodyTheAnswerOfAnother)
+{
+    LmKeyValueBinding theRadio;
+    LmNameObject(theRadio, "my radio");
+    theRadio.SetKeyPathValue(LmMakeString(std::string(2000000, 'x')), LmValue(1UL));
+    const int theGone = Connect();
+    Say(theGone, "keys my radio\n");
+    RunCurrentEventLoop(0.5);
+    ::close(theGone);
+    const Watch theWatch;
+    EXPECT_EQ(Ask("keys nobody"), "ok\nThere is no nobody, or more than one; \"objects\" lists them.\n");
+    EXPECT_LT(theWatch.GetSeconds(), 1.0);
+    // Who takes nothing is sent away.
+    const int theLazy = Connect();
+    Say(theLazy, "keys my radio\n");
+    RunCurrentEventLoop(5);
+    EXPECT_EQ(Ask("keys nobody"), "ok\nThere is no nobody, or more than one; \"objects\" lists them.\n");
+    ::close(theLazy);
+}
