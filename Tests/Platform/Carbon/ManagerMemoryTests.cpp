@@ -313,6 +313,57 @@ const Call kMenuCalls[] = {
     {"InvalidateMenuEnabling", [](const Things& theThings) { InvalidateMenuEnabling(theThings.mMenu); }},
 };
 
+const Call kAskingCalls[] = {
+    {"RepositionWindow",
+     [](const Things& theThings) {
+         RepositionWindow(theThings.mWindow, nullptr, kWindowCascadeOnMainScreen);
+     }},
+    {"ShowSheetWindow",
+     [](const Things& theThings) {
+         WindowRef theSheet = nullptr;
+         CreateNewWindow(kSheetWindowClass, kWindowNoAttributes, &kBounds, &theSheet);
+         ShowSheetWindow(theSheet, theThings.mWindow);
+         HideSheetWindow(theSheet);
+         DisposeWindow(theSheet);
+     }},
+    {"SetWindowGroup",
+     [](const Things& theThings) {
+         WindowGroupRef theGroup = nullptr;
+         CreateWindowGroup(kWindowGroupAttrLayerTogether | kWindowGroupAttrMoveTogether, &theGroup);
+         SetWindowGroup(theThings.mWindow, theGroup);
+         SetWindowGroup(theThings.mOtherWindow, theGroup);
+         SelectWindow(theThings.mOtherWindow);
+         MoveWindow(theThings.mWindow, 5, 50, false);
+         ReleaseWindowGroup(theGroup);
+     }},
+    {"BeginAppModalStateForWindow",
+     [](const Things& theThings) {
+         BeginAppModalStateForWindow(theThings.mOtherWindow);
+         EndAppModalStateForWindow(theThings.mOtherWindow);
+     }},
+    {"CreateStandardWindowMenu",
+     [](const Things&) {
+         MenuRef theMenu = nullptr;
+         CreateStandardWindowMenu(kWindowMenuIncludeRotate, &theMenu);
+         CountMenuItemsWithCommandID(theMenu, kHICommandZoomWindow);
+         DisposeMenu(theMenu);
+     }},
+    {"CreateStandardAlert",
+     [](const Things&) {
+         DialogRef theAlert = nullptr;
+         CreateStandardAlert(kAlertNoteAlert, CFSTR("Save?"), CFSTR("Now."), nullptr, &theAlert);
+         DisposeDialog(theAlert);
+     }},
+    {"CloseStandardSheet",
+     [](const Things& theThings) {
+         DialogRef theSheet = nullptr;
+         CreateStandardSheet(kAlertNoteAlert, CFSTR("Save?"), nullptr, nullptr,
+                             GetWindowEventTarget(theThings.mWindow), &theSheet);
+         ShowSheetWindow(GetDialogWindow(theSheet), theThings.mWindow);
+         CloseStandardSheet(theSheet, kHICommandOK);
+     }},
+};
+
 class ManagerMemory : public testing::TestWithParam<Call>
 {
 };
@@ -344,6 +395,7 @@ TEST_P(ManagerMemory, NoExceptionLeavesTheCall)
 
 INSTANTIATE_TEST_SUITE_P(Controls, ManagerMemory, testing::ValuesIn(kControlCalls), NameOfCall);
 INSTANTIATE_TEST_SUITE_P(Windows, ManagerMemory, testing::ValuesIn(kWindowCalls), NameOfCall);
+INSTANTIATE_TEST_SUITE_P(Asking, ManagerMemory, testing::ValuesIn(kAskingCalls), NameOfCall);
 INSTANTIATE_TEST_SUITE_P(Menus, ManagerMemory, testing::ValuesIn(kMenuCalls), NameOfCall);
 
 namespace {

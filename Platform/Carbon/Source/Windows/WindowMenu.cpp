@@ -8,6 +8,7 @@
 #include "Window.h"
 
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
 namespace Host {
@@ -18,16 +19,16 @@ namespace {
 constexpr OSType kCreator = 'Wmnu';
 constexpr OSType kWindowTag = 'wind';
 
+bool IsListed(const SharedWindow& theWindow)
+{
+    return theWindow->Has(kWindowInWindowMenuAttribute) && theWindow->IsVisible() && !theWindow->IsClosing();
+}
+
 // The windows of the list, in the order in which they were made.
 std::vector<SharedWindow> ListedWindows()
 {
     std::vector<SharedWindow> theWindows;
-    for (const SharedWindow& theWindow : AllWindows()) {
-        if (theWindow->Has(kWindowInWindowMenuAttribute) && theWindow->IsVisible() &&
-            !theWindow->IsClosing()) {
-            theWindows.push_back(theWindow);
-        }
-    }
+    std::copy_if(AllWindows().begin(), AllWindows().end(), std::back_inserter(theWindows), IsListed);
     std::sort(theWindows.begin(), theWindows.end(),
               [](const SharedWindow& theOne, const SharedWindow& theOther) {
                   return theOne->Identifier() < theOther->Identifier();
@@ -113,7 +114,7 @@ bool CanBeDone(MenuCommand theCommand)
     case kHICommandZoomWindow:
         return theActive != nullptr && theActive->Has(kWindowFullZoomAttribute);
     case kHICommandRotateWindowsForward:
-        return ListedWindows().size() > 1;
+        return std::count_if(AllWindows().begin(), AllWindows().end(), IsListed) > 1;
     default:
         return true;
     }

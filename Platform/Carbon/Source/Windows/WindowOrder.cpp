@@ -3,6 +3,7 @@
 // The order of windows from front to back, and which of them are active.
 
 #include "Base/Geometry.h"
+#include "Base/Guarded.h"
 #include "Common/NeverDestroyed.h"
 #include "Events/OutgoingEvent.h"
 #include "KeyboardFocus.h"
@@ -91,12 +92,9 @@ void Reorder(const SharedWindow& theWindow, size_t theIndex)
     }
 }
 
-// Puts the others of a group whose windows keep together right behind the one that came to front.
-void BringGroup(const SharedWindow& theWindow)
+// Puts the others of the window's group right behind it.
+void PutGroupBehind(const SharedWindow& theWindow)
 {
-    if (!theWindow->Group()->Is(kWindowGroupAttrLayerTogether)) {
-        return;
-    }
     // A copy, whose order stays. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const Windows theOrder = Order();
     SharedWindow theLast = theWindow;
@@ -107,6 +105,17 @@ void BringGroup(const SharedWindow& theWindow)
             PutSheetsInFrontOf(theOther);
             theLast = theOther;
         }
+    }
+}
+
+// The others of a group whose windows keep together come to front with the window. Without memory they stay.
+void BringGroup(const SharedWindow& theWindow)
+{
+    if (theWindow->Group()->Is(kWindowGroupAttrLayerTogether)) {
+        Guarded([&] {
+            PutGroupBehind(theWindow);
+            return OSStatus{noErr};
+        });
     }
 }
 

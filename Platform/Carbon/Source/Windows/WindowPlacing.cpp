@@ -3,6 +3,7 @@
 // Where windows are put by a rule, and transitions.
 
 #include "Base/Geometry.h"
+#include "Base/Guarded.h"
 #include "Window.h"
 
 #include <algorithm>
@@ -204,8 +205,10 @@ OSStatus RepositionWindow(WindowRef window, WindowRef parentWindow, WindowPositi
     if (theMethod == nullptr || !CanBeParent(*theMethod, theWindow, theParent)) {
         return paramErr;
     }
-    const Point thePlace = PlaceFor(*theMethod, theWindow, theParent);
-    return MoveWindowStructure(window, thePlace.h, thePlace.v);
+    return Guarded([&] {
+        const Point thePlace = PlaceFor(*theMethod, theWindow, theParent);
+        return MoveWindowStructure(window, thePlace.h, thePlace.v);
+    });
 }
 
 OSStatus TransitionWindow(WindowRef inWindow, WindowTransitionEffect inEffect,
