@@ -210,7 +210,18 @@ private:
             return theNumber;
         }
         const double theSnapped = theOrigin + theSteps * mStep;
+        if (std::fabs(theSnapped - mHighest) <=
+            Rounding(std::max(std::fabs(theOrigin), std::fabs(mHighest)))) {
+            return mHighest;
+        }
         return theSnapped <= mHighest ? theSnapped : theOrigin + (theSteps - 1) * mStep;
+    }
+
+    // How far from its true place a step may be that is counted from or to a number of such a size; no more
+    // than a small part of a step.
+    [[nodiscard]] double Rounding(double theSize) const
+    {
+        return std::min(4 * std::numeric_limits<double>::epsilon() * theSize, mStep / 8);
     }
 
     static constexpr double kCountable = 4503599627370496.0; // 2 to the 52nd: halves are still told apart

@@ -46,7 +46,8 @@ public:
     // On purpose: a control gives its numbers unsigned. Where the range ends below 2147483648, a kTypeUInt32
     // is therefore read as the signed number that the control shows: 4294967291 is -5.
     //
-    // Doubles are on a step as nearly as doubles can be; where the steps cannot be counted, because the
+    // Doubles are on a step as nearly as doubles can be, and the maximum is on one where only rounding takes
+    // it off: LmRangeTransform(0.0, 0.3, 0.1) makes 0.3. Where the steps cannot be counted, because the
     // number is too large for them, it stays as it is.
     LmValue Apply(const LmValue& theValue) override;
 

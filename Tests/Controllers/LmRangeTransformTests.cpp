@@ -117,10 +117,11 @@ INSTANTIATE_TEST_SUITE_P(
                         "SInt64 9223372036854775806"},
                     Row{0ULL, kHighestUnsigned64, 2, kHighestUnsigned64, "UInt64 18446744073709551614"},
                     Row{0, 1, 0.25, 0.3, "Double 0.25"}, Row{0, 1, 0.25, 0.375, "Double 0.5"},
-                    Row{0, 1, 0.4, 1, "Double 0.8"}, Row{kOpen, -7, 2.5, 0, "Double -7.5"},
-                    Row{0.5, 9, 1.0, 3, "Double 3.5"}, Row{0, 1, -0.25, 0.3, "Double 0.3"},
-                    Row{0, 1, 1e-320, 0.3, "Double 0.3"}, Row{0, kOpen, 0.5, kInfinity, "Double inf"},
-                    Row{0, 1e300, 0.5, 1e299, "Double 1e+299"}));
+                    Row{0.0, 0.3, 0.1, 9, "Double 0.3"}, Row{1.0, 1.7, 0.1, 1.7, "Double 1.7"},
+                    Row{0.0, 0.2999, 0.1, 9, "Double 0.2"}, Row{0, 1, 0.4, 1, "Double 0.8"},
+                    Row{kOpen, -7, 2.5, 0, "Double -7.5"}, Row{0.5, 9, 1.0, 3, "Double 3.5"},
+                    Row{0, 1, -0.25, 0.3, "Double 0.3"}, Row{0, 1, 1e-320, 0.3, "Double 0.3"},
+                    Row{0, kOpen, 0.5, kInfinity, "Double inf"}, Row{0, 1e300, 0.5, 1e299, "Double 1e+299"}));
 
 INSTANTIATE_TEST_SUITE_P(
     TakesNaN, LmRangeTransformTable,
@@ -159,6 +160,22 @@ TEST(LmRangeTransform, FindsTheNearestStepOfEveryRange)
             }
         }
     }
+}
+
+TEST(LmRangeTransform, ReachesAMaximumThatOnlyRoundingTakesOffTheSteps)
+{
+    for (int theLowest = 0; theLowest < 100; ++theLowest) {
+        for (int theHighest = theLowest; theHighest < 100; ++theHighest) {
+            const double theMaximum = theHighest / 100.0;
+            EXPECT_EQ(
+                LimitOnce(new LmRangeTransform(theLowest / 100.0, theMaximum, 0.01), LmValue(9)).GetDouble(),
+                theMaximum)
+                << "from " << theLowest << " hundredths";
+        }
+    }
+    const double theLarge = 2251799813685248.0; // rounding is as large as the steps here
+    EXPECT_EQ(LimitOnce(new LmRangeTransform(0.0, theLarge + 0.5, 1.0), LmValue(1e300)).GetDouble(),
+              theLarge);
 }
 
 TEST(LmRangeTransform, KeepsWhatAControlGivesFromTheModel)
