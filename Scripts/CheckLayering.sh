@@ -160,7 +160,8 @@ report "The headers of Mac OS X 10.4 do not have it" < <(
     lines "(^|[^A-Za-z_])($kNewNames)([^A-Za-z_0-9]|\$)" "${theSourceFiles[@]}"
 )
 report "Source throws nothing" < <(
-    lines '(^|[^A-Za-z_])throw([^A-Za-z_]|$)' "${theSourceFiles[@]}"
+    lines '(^|[^A-Za-z_])throw([^A-Za-z_]|$)' "${theSourceFiles[@]}" |
+        grep -v '^Source/Controllers/Internal/LmCharacters\.h:.*throw std::bad_alloc();$'
 )
 report "Platform knows nothing of Source" < <(
     includes Platform | grep -E '[<"/]Lm[A-Za-z]*\.h[>"]|Source/(Core|Transforms|Bindings|Controllers)/'

@@ -8,12 +8,23 @@
 
 namespace {
 
+CFStringRef CreateText(const std::string& theText, CFStringEncoding theEncoding)
+{
+    return CFStringCreateWithBytes(nullptr, reinterpret_cast<const UInt8*>(theText.data()),
+                                   static_cast<CFIndex>(theText.size()), theEncoding, false);
+}
+
+// The empty text for what is not UTF-8.
 LmValue TextOfUTF8(const std::string& theText)
 {
-    const CFStringRef theString =
-        CFStringCreateWithBytes(nullptr, reinterpret_cast<const UInt8*>(theText.data()),
-                                static_cast<CFIndex>(theText.size()), kCFStringEncodingUTF8, false);
-    return theString == nullptr ? LmTextValue(LmCharacters()) : LmValue(theString, true);
+    CFStringRef theString = CreateText(theText, kCFStringEncodingUTF8);
+    if (theString == nullptr) {
+        // In Latin 1 all bytes are text: where there is memory for that, it is no UTF-8 that is null again.
+        const LmScopedReference<CFStringRef> theBytes(
+            LmRequireMemory(CreateText(theText, kCFStringEncodingISOLatin1)));
+        theString = CreateText(theText, kCFStringEncodingUTF8);
+    }
+    return theString == nullptr ? LmValue(CFSTR(""), false) : LmValue(theString, true);
 }
 
 bool IsDigit(char16_t theCharacter)
@@ -45,7 +56,7 @@ void SkipBlanks(const LmCharacters& theText, std::size_t& ioPosition)
     }
 }
 
-// The text in the form of the pattern; false when it does not have it.
+// The text, of plain characters, in the form of the pattern; false when it does not have it.
 bool ReadPattern(const LmCharacters& thePattern, const LmCharacters& theText, LmCharacters& outForm)
 {
     std::size_t thePosition = 0;
@@ -62,8 +73,11 @@ bool ReadPattern(const LmCharacters& thePattern, const LmCharacters& theText, Lm
             continue;
         }
         theIndex += theKind == u'\\' && theIndex + 1 < thePattern.size() ? 1 : 0;
-        outForm.push_back(thePattern[theIndex]);
-        thePosition += thePosition < theText.size() && theCharacter == Capital(thePattern[theIndex]) ? 1 : 0;
+        const char16_t theLiteral = thePattern[theIndex];
+        const bool isThere = thePosition < theText.size() &&
+                             LmCharacters(1, theCharacter) == LmPlainCharacters({Capital(theLiteral)});
+        outForm.push_back(theLiteral);
+        thePosition += isThere ? 1 : 0;
     }
     SkipBlanks(theText, thePosition);
     return thePosition == theText.size();
@@ -106,11 +120,8 @@ LmValue LmWordFormatter::Format(const LmValue& theValue) const
 }
 
 LmPatternFormatter::LmPatternFormatter(const char* thePattern)
+    : mPattern(LmCharactersOf(TextOfUTF8(thePattern != nullptr ? thePattern : "").GetString()))
 {
-    const LmValue theText = TextOfUTF8(thePattern != nullptr ? thePattern : "");
-    if (theText.IsString()) {
-        mPattern = LmCharactersOf(theText.GetString());
-    }
 }
 
 LmPatternFormatter::~LmPatternFormatter() = default;

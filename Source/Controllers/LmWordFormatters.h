@@ -18,7 +18,8 @@
 class LM_EXPORT LmWordFormatter : public LmFormatter
 {
 public:
-    // The words are UTF-8 and shown as they are; one that is not UTF-8 is the empty one.
+    // The words are UTF-8 and shown as they are; one that is not UTF-8 is the empty one. Throws
+    // std::bad_alloc where memory runs out.
     explicit LmWordFormatter(const std::vector<std::string>& theWords);
     ~LmWordFormatter() override;
 
@@ -36,11 +37,18 @@ private:
 // and makes "AB-1234" of each: letters are capitals, blanks do not matter, and what stands for itself may
 // be left out. Everything else is refused: "The text must look like %@."
 //
+// - What stands for itself takes the next character wherever that is the same: a pattern of a backslash and
+//   "00", which is a 0 and a digit, makes "05" of "5", but refuses "0", whose digit is missing.
+// - Only letters of ASCII match in either case: where a capital letter with an accent stands for itself, the
+//   small one is refused.
+// - Dashes and apostrophes that stand for themselves match each of their kind.
+//
 // Format takes strings that have the form, and gives them as they are read; others give an invalid value.
 class LM_EXPORT LmPatternFormatter : public LmFormatter
 {
 public:
-    // The pattern is UTF-8; one that is not is the empty one, which only the empty text has.
+    // The pattern is UTF-8; one that is not is the empty one, which only the empty text has. Throws
+    // std::bad_alloc where memory runs out.
     explicit LmPatternFormatter(const char* thePattern);
     ~LmPatternFormatter() override;
 

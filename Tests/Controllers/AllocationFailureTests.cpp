@@ -4,6 +4,7 @@
 #include "ChoiceTestSupport.h"
 #include "CountedTransforms.h"
 #include "CountFormatter.h"
+#include "FormatterMemoryTestSupport.h"
 #include "LmChangeGroup.h"
 #include "LmKeyValueStore.h"
 #include "LmMainQueue.h"
@@ -12,6 +13,7 @@
 #include "LmScopedBinding.h"
 #include "LmSettledControlBinding.h"
 #include "LmTextFieldBinding.h"
+#include "LmWordFormatters.h"
 #include "NotificationRecorder.h"
 #include "StandardErrorCapture.h"
 
@@ -75,6 +77,17 @@ TEST(ControllersWithoutMemory, FormattersReadWhatTheyWriteOrNothing)
         EXPECT_TRUE(!theBack.IsValid() || theBack.IsBoolean() || theBack.GetSInt64() == kAmount);
     });
     EXPECT_GT(theFailures, 5U);
+}
+
+// Those of numbers and dates are tried in EnglishAloneWithoutMemoryTests.cpp, for data of locales may end the
+// program where memory runs out.
+TEST(ControllersWithoutMemory, WordAndPatternFormattersAreMadeWholeOrNotAtAll)
+{
+    const std::vector<std::string> kWords = {"Small", "Medium"};
+    FailWhileMaking([&] { return std::make_unique<LmWordFormatter>(kWords); }, LmValue(1), "");
+    FailWhileMaking([] { return std::make_unique<LmWordFormatter>(std::vector<std::string>{"\xFF"}); },
+                    LmValue(0), "");
+    FailWhileMaking([] { return std::make_unique<LmPatternFormatter>("AA-00"); }, TextValue("ab12"), "");
 }
 
 TEST(ControllersWithoutMemory, ObservationIsThereStillWhenItRanOutInAPass)

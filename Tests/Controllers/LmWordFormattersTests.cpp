@@ -5,6 +5,8 @@
 #include "FormatterTestSupport.h"
 
 #include <gtest/gtest.h>
+#include <random>
+#include <string>
 
 TEST(LmWordFormatter, ReadsWordsAndWritesThem)
 {
@@ -71,4 +73,50 @@ TEST(LmPatternFormatter, ReadsWhatItWrites)
         const LmValue theForm = theFormatter.Parse(TextValue(theText).GetString()).theValue;
         EXPECT_EQ(UTF8Of(ThereAndBack(theFormatter, theForm)), UTF8Of(theForm));
     }
+}
+
+TEST(LmPatternFormatter, ReadsWhatItWritesWhateverStandsForItself)
+{
+    const LmPatternFormatter theFormatter("A\xE2\x80\x99"
+                                          "0"); // with a printer's apostrophe
+    for (const char* const theText : {"a5", "A'5",
+                                      "A\xE2\x80\x99"
+                                      "5",
+                                      "A\xCA\xBC"
+                                      "5"}) {
+        EXPECT_EQ(Formatted(theFormatter, TextValue(theText)), "A\xE2\x80\x99"
+                                                               "5")
+            << theText;
+    }
+    // Each character that has a plain one, or is not seen.
+    const std::string kLiterals[] = {
+        u8"\u2212", u8"\u2010", u8"\u2011", u8"\uFE63", u8"\uFF0D", u8"\u2019",    u8"\u02BC", u8"\u00A0",
+        u8"\u2003", u8"\u202F", u8"\u3000", u8"\u200E", u8"\u061C", "-",           "'",        " ",
+        "\\0",      "\\A",      "\\\\",     "b",        u8"\u00E9", u8"\U0001F600"};
+    const std::string kKinds[] = {"0", "A", "X"};
+    std::mt19937 theRandom(20040501);
+    for (int theCount = 0; theCount < 500; ++theCount) {
+        std::string thePattern;
+        std::string theTyped;
+        for (int thePlace = 0; thePlace < 5; ++thePlace) {
+            const std::size_t theKind = theRandom() % std::size(kKinds);
+            thePattern += kLiterals[theRandom() % std::size(kLiterals)] + kKinds[theKind];
+            theTyped += "7qz"[theKind];
+        }
+        const LmPatternFormatter theOne(thePattern.c_str());
+        const LmValue theForm = theOne.Parse(TextValue(theTyped).GetString()).theValue;
+        EXPECT_TRUE(theForm.IsString() || thePattern.find('\\') != std::string::npos) << thePattern;
+        if (theForm.IsString()) {
+            EXPECT_EQ(UTF8Of(ThereAndBack(theOne, theForm)), UTF8Of(theForm)) << thePattern;
+        }
+    }
+}
+
+TEST(LmPatternFormatter, WhatStandsForItselfTakesTheNextCharacterWhereItIsTheSame)
+{
+    const LmPatternFormatter theFormatter("\\00");
+    EXPECT_EQ(Formatted(theFormatter, TextValue("5")), "05");
+    EXPECT_EQ(Formatted(theFormatter, TextValue("0")), "-");
+    EXPECT_EQ(Formatted(theFormatter, TextValue("00")), "00");
+    EXPECT_EQ(Formatted(LmPatternFormatter(u8"\u00C900"), TextValue(u8"\u00E912")), "-");
 }

@@ -7,9 +7,17 @@
 
 namespace {
 
+// An empty text may be null, as is everything where memory has run out: what is null again is meant so.
+LmScopedReference<CFTypeRef> Property(CFNumberFormatterRef theFormatter, CFStringRef theKey)
+{
+    const CFTypeRef theValue = CFNumberFormatterCopyProperty(theFormatter, theKey);
+    return LmScopedReference<CFTypeRef>(
+        theValue != nullptr ? theValue : CFNumberFormatterCopyProperty(theFormatter, theKey));
+}
+
 LmCharacters TextProperty(CFNumberFormatterRef theFormatter, CFStringRef theKey)
 {
-    const LmScopedReference<CFTypeRef> theValue(CFNumberFormatterCopyProperty(theFormatter, theKey));
+    const LmScopedReference<CFTypeRef> theValue = Property(theFormatter, theKey);
     return theValue.Get() != nullptr && CFGetTypeID(theValue.Get()) == CFStringGetTypeID()
                ? LmCharactersOf(static_cast<CFStringRef>(theValue.Get()))
                : LmCharacters();
@@ -18,7 +26,7 @@ LmCharacters TextProperty(CFNumberFormatterRef theFormatter, CFStringRef theKey)
 std::size_t SizeProperty(CFNumberFormatterRef theFormatter, CFStringRef theKey)
 {
     int theNumber = 0;
-    const LmScopedReference<CFTypeRef> theValue(CFNumberFormatterCopyProperty(theFormatter, theKey));
+    const LmScopedReference<CFTypeRef> theValue = Property(theFormatter, theKey);
     if (theValue.Get() != nullptr && CFGetTypeID(theValue.Get()) == CFNumberGetTypeID()) {
         CFNumberGetValue(static_cast<CFNumberRef>(theValue.Get()), kCFNumberIntType, &theNumber);
     }
@@ -46,6 +54,33 @@ bool AppendDigit(std::uint64_t& ioNumber, unsigned theDigit)
     return true;
 }
 
+LmScopedReference<CFStringRef> Written(CFNumberFormatterRef theFormatter, int theNumber)
+{
+    return LmScopedReference<CFStringRef>(LmRequireMemory(
+        CFNumberFormatterCreateStringWithValue(nullptr, theFormatter, kCFNumberIntType, &theNumber)));
+}
+
+void SetCurrency(CFNumberFormatterRef theFormatter, CFStringRef theCode)
+{
+    CFNumberFormatterSetProperty(theFormatter, kCFNumberFormatterCurrencyCode, theCode);
+    if (TextProperty(theFormatter, kCFNumberFormatterCurrencyCode) != LmCharactersOf(theCode)) {
+        // Another than before where there was no memory, the same where the platform does not take it.
+        CFNumberFormatterSetProperty(theFormatter, kCFNumberFormatterCurrencyCode, theCode);
+    }
+}
+
+// 2 where they are not known. The answer is the same without memory, which hardly runs out twice.
+unsigned PlacesOfCurrency(CFNumberFormatterRef theFormatter)
+{
+    SInt32 thePlaces = 2;
+    const LmValue theCode = LmTextValue(TextProperty(theFormatter, kCFNumberFormatterCurrencyCode));
+    const CFStringRef theText = LmRequireMemory(theCode.IsString() ? theCode.GetString() : nullptr);
+    return CFNumberFormatterGetDecimalInfoForCurrencyCode(theText, &thePlaces, nullptr) ||
+                   CFNumberFormatterGetDecimalInfoForCurrencyCode(theText, &thePlaces, nullptr)
+               ? static_cast<unsigned>(std::max<SInt32>(thePlaces, 0))
+               : 2;
+}
+
 } // namespace
 
 LmNumberShape::LmNumberShape(CFLocaleRef theLocale, CFNumberFormatterStyle theStyle,
@@ -56,12 +91,9 @@ LmNumberShape::LmNumberShape(CFLocaleRef theLocale, CFNumberFormatterStyle theSt
       mNegative{u"-", LmCharacters()}
 {
     const LmScopedReference<CFNumberFormatterRef> theFormatter(
-        CFNumberFormatterCreate(nullptr, theLocale, theStyle));
-    if (theFormatter.Get() == nullptr) {
-        return;
-    }
+        LmRequireMemory(CFNumberFormatterCreate(nullptr, theLocale, theStyle)));
     if (IsCurrency() && theCurrencyCode != nullptr && CFStringGetLength(theCurrencyCode) > 0) {
-        CFNumberFormatterSetProperty(theFormatter.Get(), kCFNumberFormatterCurrencyCode, theCurrencyCode);
+        SetCurrency(theFormatter.Get(), theCurrencyCode);
     }
     ReadDigits(theFormatter.Get());
     mDecimalSeparator =
@@ -83,17 +115,10 @@ LmNumberShape::LmNumberShape(CFLocaleRef theLocale, CFNumberFormatterStyle theSt
     mNegative = {TextProperty(theFormatter.Get(), kCFNumberFormatterNegativePrefix),
                  TextProperty(theFormatter.Get(), kCFNumberFormatterNegativeSuffix)};
     MakeReadable();
-    const LmScopedReference<CFTypeRef> theCode(
-        CFNumberFormatterCopyProperty(theFormatter.Get(), kCFNumberFormatterCurrencyCode));
-    SInt32 thePlaces = 2;
-    if (theCode.Get() != nullptr && CFGetTypeID(theCode.Get()) == CFStringGetTypeID() &&
-        CFNumberFormatterGetDecimalInfoForCurrencyCode(static_cast<CFStringRef>(theCode.Get()), &thePlaces,
-                                                       nullptr)) {
-        mCurrencyPlaces = static_cast<unsigned>(std::max<SInt32>(thePlaces, 0));
-    }
+    mCurrencyPlaces = PlacesOfCurrency(theFormatter.Get());
 }
 
-// What the platform had no memory to tell must not make two numbers look the same.
+// What the platform does not tell must not make two numbers look the same.
 void LmNumberShape::MakeReadable()
 {
     if (mDecimalSeparator.empty()) {
@@ -110,30 +135,24 @@ void LmNumberShape::MakeReadable()
 // Those of ASCII stay when the platform has none of one unit each.
 void LmNumberShape::ReadDigits(CFNumberFormatterRef theFormatter)
 {
-    const LmScopedReference<CFNumberFormatterRef> thePlain(CFNumberFormatterCreate(
-        nullptr, CFNumberFormatterGetLocale(theFormatter), kCFNumberFormatterNoStyle));
+    const LmScopedReference<CFNumberFormatterRef> thePlain(LmRequireMemory(CFNumberFormatterCreate(
+        nullptr, CFNumberFormatterGetLocale(theFormatter), kCFNumberFormatterNoStyle)));
     std::array<char16_t, 10> theDigits{};
-    for (int theNumber = 0; theNumber < 10 && thePlain.Get() != nullptr; ++theNumber) {
-        const LmScopedReference<CFStringRef> theText(
-            CFNumberFormatterCreateStringWithValue(nullptr, thePlain.Get(), kCFNumberIntType, &theNumber));
-        if (theText.Get() == nullptr || CFStringGetLength(theText.Get()) != 1) {
+    for (int theNumber = 0; theNumber < 10; ++theNumber) {
+        const LmScopedReference<CFStringRef> theText = Written(thePlain.Get(), theNumber);
+        if (CFStringGetLength(theText.Get()) != 1) {
             return;
         }
         theDigits[static_cast<std::size_t>(theNumber)] = CFStringGetCharacterAtIndex(theText.Get(), 0);
     }
-    if (thePlain.Get() != nullptr) {
-        mDigits = theDigits;
-    }
+    mDigits = theDigits;
 }
 
 // What stands between the digits of a large number. Currencies have one of their own, which is no property
 // before Mac OS X 10.5.
 LmCharacters LmNumberShape::FindSeparator(CFNumberFormatterRef theFormatter) const
 {
-    const int theNumber = 1111111;
-    const LmScopedReference<CFStringRef> theText(
-        CFNumberFormatterCreateStringWithValue(nullptr, theFormatter, kCFNumberIntType, &theNumber));
-    const LmCharacters theWhole = theText.Get() != nullptr ? LmCharactersOf(theText.Get()) : LmCharacters();
+    const LmCharacters theWhole = LmCharactersOf(Written(theFormatter, 1111111).Get());
     LmCharacters theGap;
     bool hasDigit = false;
     for (const char16_t theCharacter : theWhole) {
