@@ -64,7 +64,7 @@ LmNumberFormatter::~LmNumberFormatter() = default;
 
 LmNumberFormatter::Range LmNumberFormatter::SignedRange(std::int64_t theLeast, std::int64_t theGreatest)
 {
-    return {BitsOf(theLeast), BitsOf(theGreatest), false};
+    return {BitsOf(std::min(theLeast, theGreatest)), BitsOf(std::max(theLeast, theGreatest)), false};
 }
 
 LmReading LmNumberFormatter::Parse(CFStringRef theText) const
@@ -130,7 +130,8 @@ LmIntegerFormatter::LmIntegerFormatter(std::int64_t theLeast, std::int64_t theGr
 
 LmUnsignedFormatter::LmUnsignedFormatter(std::uint64_t theLeast, std::uint64_t theGreatest,
                                          CFLocaleRef theLocale)
-    : LmNumberFormatter({theLeast, theGreatest, true}, 0, theLocale, kCFNumberFormatterDecimalStyle, nullptr)
+    : LmNumberFormatter({std::min(theLeast, theGreatest), std::max(theLeast, theGreatest), true}, 0,
+                        theLocale, kCFNumberFormatterDecimalStyle, nullptr)
 {
 }
 

@@ -18,8 +18,9 @@ class LmNumberShape;
 //
 // - What they write they can read, and no digit is lost, over the whole range of 64 bits.
 // - They read a number with its groups or without, with or without the currency or percent sign, with blanks
-//   around it, in digits of the locale or of ASCII. All else is refused: letters behind the number, groups
-//   of another size ("1,5" in English), more places than there are, the empty text.
+//   around it, in digits of the locale or of ASCII. All else is refused: a plus sign, letters behind the
+//   number, groups of another size ("1,5" in English), more places than there are, the empty text.
+// - Bounds that stand the wrong way round are exchanged.
 // - A problem is an English sentence. The application's LmFormatters.strings translates it: its keys are
 //   the sentences, "This is not a number.", "The number must be between %@ and %@." and "The number has
 //   more places than are kept."
@@ -33,7 +34,8 @@ class LmNumberShape;
 // not hold, and what is no number give an invalid value.
 //
 // A formatter keeps nothing of the locale but how numbers look; null is the locale of the person. Cost: some
-// calls of the platform when it is made, none to read or to write, but for a refusal.
+// calls of the platform when it is made, none to read or to write, but for a refusal. Where memory runs out
+// while one is made, std::bad_alloc is thrown.
 class LM_EXPORT LmNumberFormatter : public LmFormatter
 {
 public:

@@ -251,3 +251,11 @@ TEST(LmNumberFormatters, ReadAnyTextOrRefuseIt)
     EXPECT_EQ(Parsed(LmIntegerFormatter(), std::string(100000, '9')).substr(0, 10), "The number");
     EXPECT_EQ(Parsed(LmIntegerFormatter(), std::string(100000, ',')), kNoNumber);
 }
+
+TEST(LmNumberFormatters, BoundsTheWrongWayRoundAreExchanged)
+{
+    EXPECT_EQ(Parsed(LmIntegerFormatter(9, -9), "-5"), "SInt32 -5");
+    EXPECT_EQ(Parsed(LmIntegerFormatter(9, -9), "10"), "The number must be between -9 and 9.");
+    EXPECT_EQ(Parsed(LmUnsignedFormatter(9, 1), "5"), "UInt32 5");
+    EXPECT_EQ(Parsed(LmUnsignedFormatter(9, 1), "0"), "The number must be between 1 and 9.");
+}
