@@ -22,7 +22,11 @@
 // - What is read is what is written for it: a text that leads to another moment than it shows is refused. So
 //   a short style, which writes no seconds, reads whole minutes; a moment between them is written without
 //   its seconds.
-// - Where clocks are put back, an hour comes twice, and the first is meant.
+// - Where clocks are put back, an hour comes twice, and the first is meant, but where the text names the zone
+//   as the long styles of times do. A moment of the second is written as one of the first.
+// - Where clocks are put forward over midnight, the day begins with what they show then; a time that they
+//   never show is refused.
+// - A language whose times are of more parts of the day than its two halves is written with the halves.
 //
 // Cost: calls of the platform's formatter whenever it reads or writes.
 class LM_EXPORT LmDateFormatter : public LmFormatter
@@ -30,6 +34,7 @@ class LM_EXPORT LmDateFormatter : public LmFormatter
 public:
     // The styles are those of CFDateFormatter, none of each included; with none of both, all is refused and
     // invalid. Null for the locale is the person's, null for the zone CFTimeZoneCopyDefault's.
+    // Throws std::bad_alloc where memory runs out.
     explicit LmDateFormatter(CFDateFormatterStyle theDateStyle,
                              CFDateFormatterStyle theTimeStyle = kCFDateFormatterNoStyle,
                              CFLocaleRef theLocale = nullptr, CFTimeZoneRef theTimeZone = nullptr);
@@ -39,9 +44,10 @@ public:
     [[nodiscard]] LmValue Format(const LmValue& theValue) const override;
 
 private:
-    struct Formats;
+    struct LM_HIDDEN Formats;
 
-    const std::unique_ptr<const Formats> mFormats;
+    const bool mIsTime;                            // without a date
+    const std::unique_ptr<const Formats> mFormats; // null where all is refused
 };
 
 #endif

@@ -31,8 +31,9 @@ private:
 
 // More than ten languages, some with digits, groups or directions of their own. A host without the data of
 // all locales writes each in English.
-constexpr const char* kTestLocales[] = {"en_US", "de_DE", "fr_FR", "de_CH", "es_ES", "ru_RU", "ja_JP",
-                                        "hi_IN", "ar_EG", "fa_IR", "sv_SE", "pt_BR", "pl_PL", "he_IL"};
+constexpr const char* kTestLocales[] = {"en_US", "de_DE", "fr_FR", "de_CH", "es_ES",
+                                        "ru_RU", "ja_JP", "hi_IN", "ar_EG", "fa_IR",
+                                        "sv_SE", "pt_BR", "pl_PL", "he_IL", "zh_Hant_TW"};
 
 inline LmValue TextValue(const std::string& theText)
 {

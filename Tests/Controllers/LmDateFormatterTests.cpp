@@ -3,9 +3,11 @@
 #include "LmDateFormatter.h"
 
 #include "FormatterTestSupport.h"
+#include "LmScopedReference.h"
 
 #include <gtest/gtest.h>
 #include <random>
+#include <string>
 
 namespace {
 
@@ -81,6 +83,36 @@ TEST(LmDateFormatter, YearsHaveFourDigits)
     EXPECT_EQ(Formatted(theFormatter, TextValue("1/1/2001")), "-");
 }
 
+TEST(LmDateFormatter, TwoDigitsAreAYearFrom80YearsAgoTo20YearsAhead)
+{
+    const TestLocale theEnglish("en_US");
+    const LmDateFormatter theFormatter(kCFDateFormatterShortStyle, kCFDateFormatterNoStyle, theEnglish,
+                                       GMT());
+    const int theYear = CFAbsoluteTimeGetGregorianDate(CFAbsoluteTimeGetCurrent(), GMT()).year;
+    for (const int theOne : {theYear - 79, theYear, theYear + 19}) {
+        const std::string theWhole = std::to_string(theOne);
+        const std::string theShort = theWhole.substr(theWhole.size() - 2);
+        EXPECT_EQ(
+            Formatted(theFormatter, theFormatter.Parse(TextValue("7/1/" + theShort).GetString()).theValue),
+            "7/1/" + theWhole);
+    }
+}
+
+TEST(LmDateFormatter, NoZoneIsTheDefaultOneOfWhenItWasMade)
+{
+    const TestLocale theEnglish("en_US");
+    const LmScopedReference<CFTimeZoneRef> theOldOne(CFTimeZoneCopyDefault());
+    const LmScopedReference<CFTimeZoneRef> theNewOne(CFTimeZoneCreateWithTimeIntervalFromGMT(nullptr, -7200));
+    CFTimeZoneSetDefault(theNewOne.Get());
+    const LmDateFormatter theDates(kCFDateFormatterShortStyle, kCFDateFormatterNoStyle, theEnglish);
+    const LmDateFormatter theMoments(kCFDateFormatterShortStyle, kCFDateFormatterShortStyle, theEnglish);
+    CFTimeZoneSetDefault(theOldOne.Get());
+    EXPECT_EQ(Parsed(theDates, "1/1/2001"), "SInt64 7200");
+    EXPECT_EQ(Formatted(theDates, LmValue(7199)), "12/31/2000");
+    EXPECT_EQ(Parsed(theMoments, "1/1/2001 12:30 AM"), "SInt64 9000");
+    EXPECT_EQ(Formatted(theMoments, LmValue(9000)), "1/1/2001 12:30 AM");
+}
+
 TEST(LmDateFormatter, WithoutAStyleThereIsNothing)
 {
     const LmDateFormatter theFormatter(kCFDateFormatterNoStyle);
@@ -96,6 +128,11 @@ TEST(LmDateFormatter, ReadsWhatItWritesInEachLanguage)
     std::mt19937 theRandom(20040429);
     for (const char* const theName : kTestLocales) {
         const TestLocale theLocale(theName);
+        const LmDateFormatter theTimes(kCFDateFormatterNoStyle, kCFDateFormatterShortStyle, theLocale);
+        for (long long theTime = 0; theTime < kDay; theTime += 1800) {
+            ASSERT_EQ(Describe(ThereAndBack(theTimes, LmValue(theTime))), Describe(LmValue(theTime)))
+                << theName << " " << Formatted(theTimes, LmValue(theTime));
+        }
         for (const CFDateFormatterStyle theStyle :
              {kCFDateFormatterShortStyle, kCFDateFormatterMediumStyle, kCFDateFormatterLongStyle}) {
             const LmDateFormatter theDates(theStyle, kCFDateFormatterNoStyle, theLocale, GMT());
