@@ -393,7 +393,7 @@ SharedWindow ModalWindowOfItsOwn(const SharedWindow& theWindow)
 
 SharedWindow ModalWindowOver(const SharedWindow& theWindow)
 {
-    const SharedWindow theState = WindowOfModalState();
+    SharedWindow theState = WindowOfModalState();
     if (theState != nullptr && IsKeptOutByState(theWindow, theState)) {
         return theState;
     }

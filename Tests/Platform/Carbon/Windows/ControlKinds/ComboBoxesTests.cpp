@@ -11,7 +11,7 @@ class ComboBoxes : public ControlKindTest
 protected:
     // In the window, shown, from 20, 200 to 220, 220.
     HIViewRef NewBox(OptionBits theAttributes = 0,
-                     std::vector<const char*> theItems = {"Oslo", "Rome", "Riga"})
+                     const std::vector<const char*>& theItems = {"Oslo", "Rome", "Riga"})
     {
         const HIRect theBounds = CGRectMake(20, 200, 200, 20);
         HIViewRef theView = nullptr;
