@@ -8,6 +8,8 @@
 #include "LmConveniences.h"
 #include "LmJournalHook.h"
 
+#include <algorithm>
+
 // The state of an order, apart from any window. Its keys are those of GetBindings():
 //
 //     "name"       what is ordered; empty in a new order
@@ -34,6 +36,12 @@ public:
         Set("status", LmMakeStringValue(""));
         BeginOrder();
         DeriveAmounts();
+        for (const char* theKey : {"price", "quantity", "discount"}) {
+            mObservations.emplace_back(GetBindings(), theKey, [this](const LmChange&) { DeriveAmounts(); });
+        }
+        mObservations.emplace_back(GetBindings(), "delivery", [this](const LmChange& theChange) {
+            Set("delivery", LmValue(std::max(theChange.theNewValue.GetSInt64(), mToday)));
+        });
     }
 
     // Says what was ordered, and begins a new order.
@@ -59,18 +67,6 @@ private:
         theGroup.Set(GetBindings(), "delivery", LmValue(mToday));
     }
 
-    void ValueChanged(const LmKeyValueStore*, const LmString& theKey) override
-    {
-        if (theKey == "price" && HasPrice()) {
-            Set("status", LmMakeStringValue("")); // which was about the price
-        }
-        if (theKey == "price" || theKey == "quantity" || theKey == "discount") {
-            DeriveAmounts();
-        } else if (theKey == "delivery" && Get("delivery").GetSInt64() < mToday) {
-            Set("delivery", LmValue(mToday));
-        }
-    }
-
     void DeriveAmounts()
     {
         const SInt64 thePrice = HasPrice() ? Get("price").GetSInt64() * Get("quantity").GetSInt64() : 0;
@@ -80,9 +76,13 @@ private:
         Set("net", HasPrice() ? LmValue(theNet) : theUnknown);
         Set("tax", HasPrice() ? LmValue(theTax) : theUnknown);
         Set("total", HasPrice() ? LmValue(theNet + theTax) : theUnknown);
+        if (HasPrice()) {
+            Set("status", theUnknown); // which was about the price
+        }
     }
 
     const SInt64 mToday;
+    std::vector<LmObservation> mObservations;
 };
 
 #endif

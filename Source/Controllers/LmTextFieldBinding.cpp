@@ -170,12 +170,17 @@ LmTextFieldBinding::LmTextFieldBinding(WindowRef theWindow, const ControlID& the
 
 LmTextFieldBinding::LmTextFieldBinding(ControlRef theControl, LmSharedFormatter theFormatter,
                                        unsigned theOptions)
-    : mFormatter(std::move(theFormatter)),
-      mOptions(theOptions)
+    : LmTextFieldBinding(Unattached(), std::move(theFormatter), theOptions)
 {
     if (theControl != nullptr) {
         SetControl(theControl);
     }
+}
+
+LmTextFieldBinding::LmTextFieldBinding(Unattached, LmSharedFormatter&& theFormatter, unsigned theOptions)
+    : mFormatter(std::move(theFormatter)),
+      mOptions(theOptions)
+{
 }
 
 LmTextFieldBinding::~LmTextFieldBinding()

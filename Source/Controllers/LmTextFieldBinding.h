@@ -114,6 +114,13 @@ public:
     void SetKeyValue(const LmString& theKey, const LmValue& theValue) override;
 
 private:
+    // A binding that is whole, with nothing that it would hear of, so that the destructor runs where memory
+    // runs out while it is attached.
+    struct Unattached
+    {
+    };
+    LM_HIDDEN LmTextFieldBinding(Unattached, LmSharedFormatter&& theFormatter, unsigned theOptions);
+
     // What became of a typed text.
     enum Outcome
     {
