@@ -36,6 +36,7 @@
 #include <Carbon/HIGeometry.h>
 #include <Carbon/Quickdraw.h>
 #include <CoreFoundation/CoreFoundation.h>
+#include <CoreServices/Files.h>
 #include <CoreServices/MacErrors.h>
 
 // Constants ---------------------------------------------------------------------------------------------
