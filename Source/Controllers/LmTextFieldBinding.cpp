@@ -162,6 +162,11 @@ private:
     bool mIsDone = false;
 };
 
+// Tells one constructor from the others.
+class LmTextFieldBinding::Unattached
+{
+};
+
 LmTextFieldBinding::LmTextFieldBinding(WindowRef theWindow, const ControlID& theID,
                                        LmSharedFormatter theFormatter, unsigned theOptions)
     : LmTextFieldBinding(FindControl(theWindow, theID), std::move(theFormatter), theOptions)
@@ -177,7 +182,8 @@ LmTextFieldBinding::LmTextFieldBinding(ControlRef theControl, LmSharedFormatter 
     }
 }
 
-LmTextFieldBinding::LmTextFieldBinding(Unattached, LmSharedFormatter&& theFormatter, unsigned theOptions)
+LmTextFieldBinding::LmTextFieldBinding(const Unattached&, LmSharedFormatter&& theFormatter,
+                                       unsigned theOptions)
     : mFormatter(std::move(theFormatter)),
       mOptions(theOptions)
 {

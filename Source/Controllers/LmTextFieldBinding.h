@@ -114,13 +114,6 @@ public:
     void SetKeyValue(const LmString& theKey, const LmValue& theValue) override;
 
 private:
-    // A binding that is whole, with nothing that it would hear of, so that the destructor runs where memory
-    // runs out while it is attached.
-    struct Unattached
-    {
-    };
-    LM_HIDDEN LmTextFieldBinding(Unattached, LmSharedFormatter&& theFormatter, unsigned theOptions);
-
     // What became of a typed text.
     enum Outcome
     {
@@ -131,6 +124,12 @@ private:
     };
     class LM_HIDDEN TextReads;
     class LM_HIDDEN Taking;
+    class LM_HIDDEN Unattached;
+
+    // A binding that is whole, with nothing that it would hear of, so that the destructor runs where memory
+    // runs out while it is attached.
+    LM_HIDDEN LmTextFieldBinding(const Unattached& theMark, LmSharedFormatter&& theFormatter,
+                                 unsigned theOptions);
 
     LM_HIDDEN static OSStatus HandleFieldEvent(EventHandlerCallRef theCall, EventRef theEvent,
                                                void* userData);
