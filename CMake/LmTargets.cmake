@@ -49,6 +49,39 @@ function(lm_configure_target theTarget)
   set_target_properties(${theTarget} PROPERTIES CXX_EXTENSIONS OFF)
 endfunction()
 
+# Compiled together, files are headers to GCC, which warns of those whose names have no linkage; and a name of one may
+# hide one of another.
+add_library(LmTogetherOptions INTERFACE)
+target_compile_options(LmTogetherOptions INTERFACE $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-subobject-linkage> -Wno-shadow)
+
+# lm_compile_together(<target>): where LM_COMPILE_TOGETHER asks for it, those files of the target that can be compiled as
+# one are compiled so, several at a time. Much of what a file costs is made once then for all: the headers, and what
+# becomes of their templates. Which files these are is found out when the build is configured. A file that has flags of
+# its own stays alone, and so does one with the property SKIP_UNITY_BUILD_INCLUSION. To be called when the target has all
+# of its files and options.
+function(lm_compile_together theTarget)
+  if(NOT LM_COMPILE_TOGETHER)
+    return()
+  endif()
+  find_package(Python3 REQUIRED COMPONENTS Interpreter)
+  get_target_property(theSources ${theTarget} SOURCES)
+  list(FILTER theSources INCLUDE REGEX "\\.cpp$")
+  # What the build makes is not there yet.
+  list(FILTER theSources EXCLUDE REGEX "^${CMAKE_BINARY_DIR}/")
+  if(NOT theSources)
+    return()
+  endif()
+  execute_process(
+    COMMAND "${Python3_EXECUTABLE}" "${LmBindings_SOURCE_DIR}/Scripts/GroupFiles.py" 12 ${theSources}
+    WORKING_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}"
+    OUTPUT_VARIABLE theGroups OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  foreach(theSource theGroup IN ZIP_LISTS theSources theGroups)
+    set_source_files_properties("${theSource}" PROPERTIES UNITY_GROUP "${theGroup}")
+  endforeach()
+  set_target_properties(${theTarget} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+  target_link_libraries(${theTarget} PRIVATE $<BUILD_INTERFACE:LmTogetherOptions>)
+endfunction()
+
 # lm_configure_library(<target>): an installed shared library with a versioned soname.
 function(lm_configure_library theTarget)
   lm_configure_target(${theTarget})

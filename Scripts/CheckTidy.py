@@ -30,6 +30,8 @@ import sys
 from collections import Counter, defaultdict
 from pathlib import Path
 
+from GroupFiles import DefinedNames
+
 kRoot = Path(__file__).resolve().parent.parent
 kPlaces = ("Source/", "Platform/", "Tools/", "Examples/", "Tests/", "Benchmarks/")
 # GCC and clang know different warnings by name; those that clang does not know are no finding.
@@ -47,8 +49,6 @@ kInOtherBuilds = {
 # A few functions have more paths than can ever be followed. The analyzer gives up on them after so many steps, a
 # fifth or so of its own limit: it takes less than half of the time, and every other function is read to its end.
 kDepth = [f"--extra-arg={theWord}" for theWord in ("-Xclang", "-analyzer-config", "-Xclang", "max-nodes=50000")]
-# Lines that begin with a word, at the outermost level, and name nothing that another file could name too.
-kDefinesNothing = r"(namespace|using|extern|static_assert|TEST|TYPED_TEST|INSTANTIATE_|LM_EXPORT$)"
 
 
 class Unit:
@@ -60,6 +60,8 @@ class Unit:
         theCommand = theEntry["command"]
         self.mFolder = theEntry["directory"]
         self.mObject = re.search(r" -o (\S+) -c ", theCommand).group(1)
+        # The object that the file is compiled into with others.
+        self.mWhole = None
         # clang cannot read what GCC has precompiled, so every file is read as it stands.
         theFlags = re.sub(r" -o \S+ -c \S+$", "", theCommand)
         self.mFlags = re.sub(r" -Winvalid-pch -include \S+cmake_pch\.hxx", "", theFlags)
@@ -74,31 +76,26 @@ class Unit:
         theOther.mObject = None
         return theOther
 
+    def Parts(self):
+        """The same for each file of the project that is compiled here: the build has some compiled as one."""
+        if "/Unity/" not in str(self.mPath):
+            return [self]
+        theFiles = re.findall(r'^#include "([^"]+)"', self.mPath.read_text(), re.M)
+        theParts = [self.For(Path(theFile)) for theFile in theFiles]
+        for thePart in theParts:
+            thePart.mWhole = self.mObject
+        return theParts
+
+    def FindIncluded(self, theIncludes):
+        """What went into the object, or, of a file that has none of its own, what would."""
+        self.mIncluded = theIncludes.get(self.mObject, set()) if self.mObject else self.Includes()
+
     def Includes(self):
         """What the compiler says that the file includes."""
         theCommand = [*shlex.split(self.mFlags), "-M", str(self.mPath)]
         theRun = subprocess.run(theCommand, capture_output=True, text=True, cwd=self.mFolder)
         theFiles = theRun.stdout.replace("\\\n", " ").split()[1:]
         return {os.path.normpath(os.path.join(self.mFolder, theFile)) for theFile in theFiles}
-
-    def Names(self):
-        """What the file defines outside of functions, roughly: files that share such a name are not read as one."""
-        theNames = set()
-        for theLine in self.mPath.read_text().splitlines():
-            if re.match(r"(class|struct|enum|union)\b[^;]*$", theLine):
-                theHead = re.split(r"[:{]", theLine)[0]
-            elif re.match(kDefinesNothing, theLine):
-                continue
-            elif re.match(r"[A-Za-z_].*[^:]$|[A-Za-z_].*;$", theLine):
-                theHead = re.split(r"[(={\[;]", theLine)[0]
-            elif theLine.startswith("#define "):
-                theHead = re.split(r"[ (]", theLine[8:])[0]
-            else:
-                continue
-            theName = re.search(r"[\w:~]+$", theHead.strip())
-            if theName and not re.match(r"(class|struct) \w+;", theLine):
-                theNames.add(theName.group())
-        return theNames
 
     def IsAlone(self):
         """Tests are compiled with the test framework precompiled: one that uses it and forgets to include it would
@@ -124,10 +121,12 @@ class Unit:
 def ReadUnits(theBuild, thePlaces):
     theUnits = {}
     for theEntry in json.loads((theBuild / "compile_commands.json").read_text()):
-        theFile = os.path.relpath(theEntry["file"], kRoot)
         # Only the project's own files: the build also compiles the test framework.
-        if theFile.endswith(".cpp") and theFile.startswith(tuple(kPlaces)):
-            theUnits.setdefault(theFile, Unit(theEntry))
+        if not theEntry["file"].startswith(str(kRoot)):
+            continue
+        for theUnit in Unit(theEntry).Parts():
+            if theUnit.mFile.endswith(".cpp") and theUnit.mFile.startswith(tuple(kPlaces)):
+                theUnits.setdefault(theUnit.mFile, theUnit)
     theUnits.update(OtherUnits(theUnits))
     return [theUnit for theFile, theUnit in theUnits.items() if theFile.startswith(thePlaces)]
 
@@ -165,8 +164,7 @@ def Digest(thePath, theKnown={}):
     return theKnown[thePath]
 
 
-def FindKeys(theUnits, theBuild):
-    theIncludes = ReadIncludes(theBuild)
+def FindKeys(theUnits, theBuild, theIncludes):
     theCommon = [subprocess.run(["clang-tidy-14", "--version"], capture_output=True, text=True).stdout]
     theCommon += [Digest(theFile) for theFile in [kRoot / ".clang-tidy", *sorted(kRoot.glob("*/.clang-tidy")), Path(__file__)]]
     # What is precompiled is in no other list.
@@ -175,7 +173,6 @@ def FindKeys(theUnits, theBuild):
     # A new header may come before another of its name.
     theCommon += sorted(str(theFile) for thePlace in kPlaces for theFile in (kRoot / thePlace).glob("**/*.h"))
     for theUnit in theUnits:
-        theUnit.mIncluded = theIncludes.get(theUnit.mObject, set()) if theUnit.mObject else theUnit.Includes()
         if str(theUnit.mPath) in theUnit.mIncluded and IsBuilt(theBuild, theUnit):
             theParts = theCommon + [theUnit.mFlags] + [f + Digest(f) for f in sorted(theUnit.mIncluded)]
             theUnit.mKey = hashlib.sha256("\n".join(theParts).encode()).hexdigest()
@@ -212,7 +209,7 @@ def MakeGroups(theUnits):
         # of its own, and tests have few headers.
         isMixed = theUnit.mFile.startswith(("Examples/", "Tests/"))
         theKind = (theUnit.mFlags, theUnit.mFile.split("/")[0] if isMixed else theUnit.mPath.parent)
-        theNames = theUnit.Names()
+        theNames = DefinedNames(theUnit.mPath)
         for theGroup in theGroups:
             if theGroup["kind"] == theKind and len(theGroup["units"]) < kMostTogether \
                     and not theNames & theGroup["names"] and not theUnit.IsAlone():
@@ -334,10 +331,16 @@ def Main(theArguments):
     theUnits = ReadUnits(theBuild, tuple(thePlaces) or kPlaces)
     if not theUnits:
         sys.exit(f"{theBuild} names no file of the project")
-    FindKeys(theUnits, theBuild)
+    theIncludes = ReadIncludes(theBuild)
+    theChanged = ChangedFiles() if isChangedOnly else set()
     if isChangedOnly:
-        theChanged = ChangedFiles()
+        # To ask the compiler about a file takes its time, so only those are asked about that may differ.
+        theUnits = [u for u in theUnits if not u.mWhole or theIncludes[u.mWhole] & theChanged or not theIncludes[u.mWhole]]
+    for theUnit in theUnits:
+        theUnit.FindIncluded(theIncludes)
+    if isChangedOnly:
         theUnits = [u for u in theUnits if (u.mIncluded | {str(u.mPath)}) & theChanged]
+    FindKeys(theUnits, theBuild, theIncludes)
     theMarks = theBuild / "Tidy" / "Good"
     theMarks.mkdir(parents=True, exist_ok=True)
     theUnread = [u for u in theUnits if u.mKey is None or not (theMarks / u.mKey).exists()]
