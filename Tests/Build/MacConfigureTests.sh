@@ -78,6 +78,8 @@ expect "What is built" "EXECUTABLE FirstStore
 EXECUTABLE Gallery
 EXECUTABLE OrderForm
 EXECUTABLE OwnModel
+EXECUTABLE Settings
+EXECUTABLE SettingsWithBindings
 EXECUTABLE Thermostat
 EXECUTABLE bindingsTests
 EXECUTABLE controllersTests
@@ -90,6 +92,9 @@ SHARED_LIBRARY LmInspection
 SHARED_LIBRARY LmInspector
 STATIC_LIBRARY GalleryParts
 STATIC_LIBRARY LmTestSupport
+STATIC_LIBRARY SettingsBindings
+STATIC_LIBRARY SettingsByHand
+STATIC_LIBRARY SettingsParts
 STATIC_LIBRARY ThermostatParts" "$(targets i386 | sort)"
 expect "The flags of a source" "-Wno-deprecated-declarations
 -arch i386
@@ -97,7 +102,7 @@ expect "The flags of a source" "-Wno-deprecated-declarations
 -fmacro-prefix-map
 -std=c++17" "$(flags i386 Source/Core/LmString.cpp)"
 expect "The flags of tests in which memory runs out" "" "$(flags i386 Tests/Core/AllocationFailureTests.cpp)"
-for theApplication in Gallery OrderForm Thermostat; do
+for theApplication in Gallery OrderForm Settings Thermostat; do
     expect "The bundle $theApplication" "$theApplication
 org.lmbindings.$theApplication
 APPL" "$(plist i386 $theApplication)"

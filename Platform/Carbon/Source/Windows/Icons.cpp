@@ -6,6 +6,8 @@
 #include "Base/ReferenceTable.h"
 #include "Common/NeverDestroyed.h"
 
+#include <cstring>
+
 namespace Host {
 
 namespace {
@@ -45,6 +47,13 @@ PictureShape PictureOfType(OSType theType)
     }
 }
 
+// Programs have an icon put right into the content of a button, whose fields lie on even addresses, not all on
+// those that a pointer wants.
+void Store(IconRef theIcon, void* theResult)
+{
+    std::memcpy(theResult, &theIcon, sizeof theIcon);
+}
+
 } // namespace
 
 PictureShape PictureOf(IconRef theIcon)
@@ -64,13 +73,13 @@ OSErr GetIconRef(SInt16, OSType creator, OSType iconType, IconRef* theIconRef)
     if (theIconRef == nullptr) {
         return paramErr;
     }
-    *theIconRef = nullptr;
+    Store(nullptr, theIconRef);
     return static_cast<OSErr>(Guarded([&] {
         auto theIcon = std::make_shared<Icon>();
         if (creator == kSystemIconsCreator) {
             theIcon->thePicture = PictureOfType(iconType);
         }
-        *theIconRef = Icons().Add(std::move(theIcon));
+        Store(Icons().Add(std::move(theIcon)), theIconRef);
         return OSStatus{noErr};
     }));
 }

@@ -35,6 +35,22 @@ TEST(Icons, StandForWhatTheDesktopHasAPictureOf)
     EXPECT_EQ(PictureOfType('ttxt', kAlertStopIcon), PictureShape::kDocument) << "another program's";
 }
 
+TEST(Icons, ArePutRightIntoTheContentOfAButton)
+{
+    // A record of this kind has its pointer two bytes behind its beginning.
+    struct Content
+    {
+        UInt64 theFirst;
+        ControlButtonContentInfo theContent;
+    } theRecord = {};
+    ASSERT_NE(reinterpret_cast<uintptr_t>(&theRecord.theContent.u) % alignof(UInt32), 0U);
+    void* theField = &theRecord.theContent.u;
+    EXPECT_EQ(GetIconRef(kOnSystemDisk, kSystemIconsCreator, kAlertStopIcon, static_cast<IconRef*>(theField)),
+              noErr);
+    EXPECT_EQ(PictureOf(theRecord.theContent.u.iconRef), PictureShape::kStop);
+    EXPECT_EQ(ReleaseIconRef(theRecord.theContent.u.iconRef), noErr);
+}
+
 TEST(Icons, LiveAsLongAsSomebodyHoldsThem)
 {
     IconRef theIcon = nullptr;
