@@ -1,7 +1,7 @@
 /* LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE. */
 
-/* The settings of a weather station: a window with tabs, what its controls are called, and what connects them to the
-   preferences. There are two ways to connect them, each in a file of its own: SettingsByHand.c and
+/* The settings of a weather station: a window with tabs, what its controls are called, and what connects them
+   to the preferences. There are two ways to connect them, each in a file of its own: SettingsByHand.c and
    SettingsBindings.cpp. A program has one of them. */
 
 #ifndef Settings_h

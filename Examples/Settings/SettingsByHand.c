@@ -1,7 +1,8 @@
 /* LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE. */
 
-/* What connects the controls to the preferences and to one another, written by hand: values are read into the controls
-   in the beginning, what depends on a control is set anew after each click, and all are written in the end. */
+/* What connects the controls to the preferences and to one another, written by hand: values are read into the
+   controls in the beginning, what depends on a control is set anew after each click, and all are written in the
+   end. */
 
 #include "Settings.h"
 
@@ -62,7 +63,7 @@ static void UpdateWindow(WindowRef theWindow)
     Enable(SettingsControl(theWindow, kCode), isWarning);
 }
 
-/* The preferences ----------------------------------------------------------------------------------------- */
+/* The preferences --------------------------------------------------------------- */
 
 static void LoadNumber(WindowRef theWindow, const NumberSetting* theSetting)
 {
@@ -112,7 +113,7 @@ static void SaveText(WindowRef theWindow, const TextSetting* theSetting)
     CFRelease(theKey);
 }
 
-/* The window ---------------------------------------------------------------------------------------------- */
+/* The window --------------------------------------------------------------- */
 
 static pascal OSStatus DoChange(EventHandlerCallRef theNext, EventRef theEvent, void* theWindow)
 {

@@ -47,8 +47,8 @@ PictureShape PictureOfType(OSType theType)
     }
 }
 
-// Programs have an icon put right into the content of a button, whose fields lie on even addresses, not all on
-// those that a pointer wants.
+// Programs have an icon put right into the content of a button, whose fields lie on even addresses, not all
+// on those that a pointer wants.
 void Store(IconRef theIcon, void* theResult)
 {
     std::memcpy(theResult, &theIcon, sizeof theIcon);
