@@ -63,7 +63,7 @@ static void UpdateWindow(WindowRef theWindow)
     Enable(SettingsControl(theWindow, kCode), isWarning);
 }
 
-/* The preferences --------------------------------------------------------------- */
+/* The preferences ------------------------------------------------------------------------------------- */
 
 static void LoadNumber(WindowRef theWindow, const NumberSetting* theSetting)
 {
@@ -113,7 +113,7 @@ static void SaveText(WindowRef theWindow, const TextSetting* theSetting)
     CFRelease(theKey);
 }
 
-/* The window --------------------------------------------------------------- */
+/* The window ------------------------------------------------------------------------------------------ */
 
 static pascal OSStatus DoChange(EventHandlerCallRef theNext, EventRef theEvent, void* theWindow)
 {

@@ -81,7 +81,7 @@ static ControlButtonContentInfo Icon(OSType theType)
     return theContent;
 }
 
-/* The first page: what is measured --------------------------------------------------------------- */
+/* The first page: what is measured -------------------------------------------------------------------- */
 
 static void AddCities(ControlRef thePane)
 {
@@ -146,7 +146,7 @@ static void AddMeasuring(WindowRef theWindow, ControlRef thePane)
     AddUnits(theWindow, thePane);
 }
 
-/* The second page: how it is shown --------------------------------------------------------------- */
+/* The second page: how it is shown -------------------------------------------------------------------- */
 
 /* Arrows and scroll bars do nothing by themselves while a part of them is held. */
 static void Move(ControlRef theControl, SInt32 theStep)
@@ -248,7 +248,7 @@ static void AddShowing(WindowRef theWindow, ControlRef thePane)
     AddLook(theWindow, thePane);
 }
 
-/* The third page: when it warns --------------------------------------------------------------- */
+/* The third page: when it warns ----------------------------------------------------------------------- */
 
 static void AddWarning(WindowRef theWindow, ControlRef thePane)
 {
@@ -287,7 +287,7 @@ static void AddWarnings(WindowRef theWindow, ControlRef thePane)
     AddDetails(theWindow, thePane);
 }
 
-/* The window --------------------------------------------------------------- */
+/* The window ------------------------------------------------------------------------------------------ */
 
 static ControlRef AddPane(WindowRef theWindow, ControlRef theTabs, SInt32 theNumber)
 {
