@@ -1,8 +1,8 @@
 /* LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE. */
 
 /* What connects the controls to the preferences and to one another, written by hand: values are read into the
-   controls in the beginning, what depends on a control is set anew after each click, and all are written in the
-   end. */
+   controls in the beginning, what depends on a control is set anew after each click, and all are written in
+   the end. */
 
 #include "Settings.h"
 
