@@ -5,6 +5,7 @@
 
 // What programs know of the screen and of one another, with drawing, CoreServices and CoreGraphics.
 
+#include <Carbon/AEDataModel.h>
 #include <Carbon/Appearance.h>
 #include <Carbon/Processes.h>
 #include <Carbon/Quickdraw.h>

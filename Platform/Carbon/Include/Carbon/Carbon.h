@@ -6,6 +6,7 @@
 #define Carbon_h
 
 #include <ApplicationServices/ApplicationServices.h>
+#include <Carbon/AEDataModel.h>
 #include <Carbon/Appearance.h>
 #include <Carbon/CarbonBase.h>
 #include <Carbon/CarbonEvents.h>

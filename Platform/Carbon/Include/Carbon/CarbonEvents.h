@@ -6,6 +6,7 @@
 #ifndef CarbonEvents_h
 #define CarbonEvents_h
 
+#include <Carbon/AEDataModel.h>
 #include <Carbon/CarbonEventsCore.h>
 #include <CoreServices/MacErrors.h>
 
@@ -377,72 +378,52 @@ enum
     kEventParamUnconfirmedText = 'txun'                 // CFStringRef
 };
 
-// Types of parameters, with the data that each stands for.
+// Types of parameters, with the data that each stands for; numbers and texts are in AEDataModel.h.
 enum
 {
-    typeWildCard = '****',               // any
-    typeBoolean = 'bool',                // Boolean
-    typeSInt16 = 'shor',                 // SInt16 (= typeShortInteger)
-    typeUInt16 = 'ushr',                 // UInt16
-    typeSInt32 = 'long',                 // SInt32 (= typeLongInteger)
-    typeUInt32 = 'magn',                 // UInt32
-    typeSInt64 = 'comp',                 // SInt64
-    typeUInt64 = 'ucom',                 // UInt64
-    typeIEEE32BitFloatingPoint = 'sing', // float
-    typeIEEE64BitFloatingPoint = 'doub', // double (= typeFloat)
-    typeChar = 'TEXT',                   // 8-bit characters (= typeText)
-    typeUnicodeText = 'utxt',            // UniChar array
-    typeUTF8Text = 'utf8',               // UTF-8 bytes
-    typeType = 'type',                   // OSType
-    typeEnumeration = 'enum',            // OSType
-    typePtr = 'ptr ',                    // Ptr
-    typeVoidPtr = 'void',                // void*
-    typeCFStringRef = 'cfst',            // CFStringRef
-    typeCFMutableStringRef = 'cfms',     // CFMutableStringRef
-    typeCFArrayRef = 'cfar',             // CFArrayRef
-    typeCFMutableArrayRef = 'cfma',      // CFMutableArrayRef
-    typeCFDictionaryRef = 'cfdc',        // CFDictionaryRef
-    typeCFTypeRef = 'cfty',              // CFTypeRef
-    typeCFRange = 'cfrn',                // CFRange
-    typeCFIndex = 'cfix',                // CFIndex
-    typeEventRef = 'evrf',               // EventRef
-    typeEventTargetRef = 'etrg',         // EventTargetRef
-    typeHICommand = 'hcmd',              // HICommand / HICommandExtended
-    typeControlRef = 'ctrl',             // ControlRef
-    typeControlPartCode = 'cprt',        // ControlPartCode
-    typeControlActionUPP = 'caup',       // ControlActionUPP
-    typeWindowRef = 'wind',              // WindowRef
-    typeWindowPartCode = 'wpar',         // WindowPartCode
-    typeWindowRegionCode = 'wshp',       // WindowRegionCode
-    typeWindowDefPartCode = 'wdpt',      // WindowDefPartCode
-    typeClickActivationResult = 'clac',  // UInt32
-    typeMenuRef = 'menu',                // MenuRef
-    typeMenuItemIndex = 'midx',          // MenuItemIndex
-    typeMenuCommand = 'mcmd',            // MenuCommand
-    typeMenuTrackingMode = 'mtmd',       // UInt32
-    typeMenuEventOptions = 'meop',       // UInt32
-    typeMouseButton = 'mbtn',            // UInt16
-    typeMouseWheelAxis = 'mwax',         // UInt16
-    typeQDPoint = 'QDpt',                // Point
-    typeQDRectangle = 'qdrt',            // Rect
-    typeQDRgnHandle = 'rgnh',            // RgnHandle
-    typeHIPoint = 'hipt',                // HIPoint
-    typeHISize = 'hisz',                 // HISize
-    typeHIRect = 'hirc',                 // HIRect
-    typeHIShapeRef = 'shap',             // HIShapeRef
-    typeCGContextRef = 'cntx',           // CGContextRef
-    typeGrafPtr = 'graf',                // CGrafPtr
-    typeCollection = 'cltn',             // Collection
-    typeOSStatus = 'osst',               // OSStatus
-    typeProcessSerialNumber = 'psn ',    // ProcessSerialNumber
-    typeEventHotKeyID = 'hkid',          // EventHotKeyID
-    typeHIObjectRef = 'hiob',            // HIObjectRef
-    typeComponentInstance = 'cmpi',      // component instance
-    typeIntlWritingCode = 'intl',        // script/language record
-    typeShortInteger = typeSInt16,
-    typeLongInteger = typeSInt32,
-    typeFloat = typeIEEE64BitFloatingPoint,
-    typeText = typeChar
+    typePtr = 'ptr ',                   // Ptr
+    typeVoidPtr = 'void',               // void*
+    typeCFStringRef = 'cfst',           // CFStringRef
+    typeCFMutableStringRef = 'cfms',    // CFMutableStringRef
+    typeCFArrayRef = 'cfar',            // CFArrayRef
+    typeCFMutableArrayRef = 'cfma',     // CFMutableArrayRef
+    typeCFDictionaryRef = 'cfdc',       // CFDictionaryRef
+    typeCFTypeRef = 'cfty',             // CFTypeRef
+    typeCFRange = 'cfrn',               // CFRange
+    typeCFIndex = 'cfix',               // CFIndex
+    typeEventRef = 'evrf',              // EventRef
+    typeEventTargetRef = 'etrg',        // EventTargetRef
+    typeHICommand = 'hcmd',             // HICommand / HICommandExtended
+    typeControlRef = 'ctrl',            // ControlRef
+    typeControlPartCode = 'cprt',       // ControlPartCode
+    typeControlActionUPP = 'caup',      // ControlActionUPP
+    typeWindowRef = 'wind',             // WindowRef
+    typeWindowPartCode = 'wpar',        // WindowPartCode
+    typeWindowRegionCode = 'wshp',      // WindowRegionCode
+    typeWindowDefPartCode = 'wdpt',     // WindowDefPartCode
+    typeClickActivationResult = 'clac', // UInt32
+    typeMenuRef = 'menu',               // MenuRef
+    typeMenuItemIndex = 'midx',         // MenuItemIndex
+    typeMenuCommand = 'mcmd',           // MenuCommand
+    typeMenuTrackingMode = 'mtmd',      // UInt32
+    typeMenuEventOptions = 'meop',      // UInt32
+    typeMouseButton = 'mbtn',           // UInt16
+    typeMouseWheelAxis = 'mwax',        // UInt16
+    typeQDPoint = 'QDpt',               // Point
+    typeQDRectangle = 'qdrt',           // Rect
+    typeQDRgnHandle = 'rgnh',           // RgnHandle
+    typeHIPoint = 'hipt',               // HIPoint
+    typeHISize = 'hisz',                // HISize
+    typeHIRect = 'hirc',                // HIRect
+    typeHIShapeRef = 'shap',            // HIShapeRef
+    typeCGContextRef = 'cntx',          // CGContextRef
+    typeGrafPtr = 'graf',               // CGrafPtr
+    typeCollection = 'cltn',            // Collection
+    typeOSStatus = 'osst',              // OSStatus
+    typeEventHotKeyID = 'hkid',         // EventHotKeyID
+    typeHIObjectRef = 'hiob',           // HIObjectRef
+    typeComponentInstance = 'cmpi',     // component instance
+    typeIntlWritingCode = 'intl'        // script/language record
 };
 
 // Since Mac OS X 10.5.

@@ -14,6 +14,7 @@ namespace Host {
 // another.
 enum class ReferenceKind : std::uintptr_t
 {
+    kDescriptor = 0,
     kWindow = 1,
     kEventTarget = 2,
     kControl = 3,

@@ -75,6 +75,35 @@ enum
     coreFoundationUnknownErr = -4960
 };
 
+// Apple events and descriptors
+enum
+{
+    errAECoercionFail = -1700,
+    errAEDescNotFound = -1701,
+    errAECorruptData = -1702,
+    errAEWrongDataType = -1703,
+    errAENotAEDesc = -1704,
+    errAEBadListItem = -1705,
+    errAENewerVersion = -1706,
+    errAENotAppleEvent = -1707,
+    errAEEventNotHandled = -1708,
+    errAEReplyNotValid = -1709,
+    errAEUnknownSendMode = -1710,
+    errAEWaitCanceled = -1711,
+    errAETimeout = -1712,
+    errAENoUserInteraction = -1713,
+    errAENotASpecialFunction = -1714,
+    errAEParamMissed = -1715,
+    errAEUnknownAddressType = -1716,
+    errAEHandlerNotFound = -1717,
+    errAEReplyNotArrived = -1718,
+    errAEIllegalIndex = -1719,
+    errAENoSuchObject = -1728,
+    errAEDuplicateHandler = -1736,
+    errAEBufferTooSmall = -1741,
+    errAEEventFailed = -10000
+};
+
 // Carbon Event Manager
 enum
 {
