@@ -13,7 +13,7 @@ const char* const kLevel = "level";
 const char* const kEnabled = "enabled";
 const char* const kPage = "page";
 
-const Rect kWindowPlace = {100, 100, 430, 830};
+const Rect kWindowPlace = {100, 100, 466, 830};
 
 void SetName(ControlRef theControl, Gallery::ControlNumber theNumber)
 {
@@ -88,6 +88,7 @@ Gallery::Gallery()
     AddTabs();
     AddDisclosures();
     AddRelevance();
+    AddSegments();
 }
 
 LmControlBinding* Gallery::Bind(ControlRef theControl)
@@ -382,4 +383,21 @@ void Gallery::AddRelevance()
     Bind(thePlate);
     SetName(theBar, kRelevance);
     ShowLevel(theBar);
+}
+
+void Gallery::AddSegments()
+{
+    const HIRect thePlace = CGRectMake(478, 324, 236, 22);
+    const CFStringRef theLabels[] = {CFSTR("List"), CFSTR("Icons"), CFSTR("Columns")};
+    HIViewRef theView = nullptr;
+    HISegmentedViewCreate(&thePlace, &theView);
+    HISegmentedViewSetSegmentCount(theView, 3);
+    for (UInt32 theNumber = 1; theNumber <= 3; ++theNumber) {
+        HISegmentedViewSetSegmentBehavior(theView, theNumber, kHISegmentBehaviorRadio);
+        HISegmentedViewSetSegmentLabel(theView, theNumber, theLabels[theNumber - 1]);
+    }
+    HISegmentedViewSetSegmentValue(theView, 1, 1);
+    Add(mWindow, theView);
+    SetName(theView, kView);
+    Bind(theView);
 }

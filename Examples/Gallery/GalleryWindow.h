@@ -34,6 +34,7 @@ public:
         kRelevance,
         kSlider,
         kSwitch,
+        kView,
     };
     static ControlID Name(ControlNumber theNumber) { return {'gall', theNumber}; }
 
@@ -62,6 +63,7 @@ private:
     void AddWell(ControlRef thePage);
     void AddDisclosures();
     void AddRelevance();
+    void AddSegments();
 
     LmKeyValueBinding mModel;
     WindowRef mWindow = nullptr;

@@ -53,6 +53,20 @@ OSStatus MakeSearchField(WindowRef theWindow, const Rect* theBounds, HIViewRef* 
     return theStatus == noErr ? Show(theWindow, theView) : theStatus;
 }
 
+OSStatus MakeSegments(WindowRef theWindow, const Rect* theBounds, HIViewRef* theView)
+{
+    const HIRect thePlace = Fractional(*theBounds);
+    OSStatus theStatus = HISegmentedViewCreate(&thePlace, theView);
+    if (theStatus == noErr) {
+        HISegmentedViewSetSegmentCount(*theView, 2);
+        HISegmentedViewSetSegmentBehavior(*theView, 1, kHISegmentBehaviorRadio);
+        HISegmentedViewSetSegmentBehavior(*theView, 2, kHISegmentBehaviorRadio);
+        HISegmentedViewSetSegmentLabel(*theView, 1, CFSTR("One"));
+        theStatus = Show(theWindow, theView);
+    }
+    return theStatus;
+}
+
 } // namespace
 
 const std::vector<KindRow>& EveryKind()
@@ -186,6 +200,7 @@ const std::vector<KindRow>& EveryKind()
         {"ImageView", kControlKindHIImageView, MakeImageView, 0, 0, false, false, true},
         {"ComboBox", kControlKindHIComboBox, MakeComboBox, 0, 0, false, false, true},
         {"SearchField", kControlKindHISearchField, MakeSearchField, 0, 0, false, false, true},
+        {"Segments", kHISegmentedViewKind, MakeSegments, 0, 2, false, false, true},
     };
     return kKinds;
 }

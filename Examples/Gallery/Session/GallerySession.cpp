@@ -104,6 +104,8 @@ void GallerySession::WriteRest()
     Click("They ask for more.", Gallery::kMore);
     Do("They drag the slider, and the relevance follows.", Gallery::kRelevance,
        [this](UserSimulator& theUser) { return theUser.DragSlider(At(Gallery::kSlider), 70); });
+    Do("They look at icons.", Gallery::kView,
+       [this](UserSimulator& theUser) { return theUser.ClickPart(At(Gallery::kView), 2); });
     Click("They turn everything off.", Gallery::kSwitch);
     mSession.Then([](UserSimulator& theUser) { std::printf("\n%s", theUser.DescribeScreen().c_str()); });
 }

@@ -46,6 +46,7 @@ constexpr ShapeName kControlNames[] = {
     {ControlShape::kImageWell, "image well"},
     {ControlShape::kComboBox, "combo box"},
     {ControlShape::kSearchField, "search field"},
+    {ControlShape::kSegments, "segments"},
     {ControlShape::kPane, "pane"},
 };
 
@@ -235,10 +236,30 @@ std::string NameOfPicture(PictureShape thePicture)
 }
 
 // "<folder>", or nothing.
+std::string DrawPicture(PictureShape thePicture)
+{
+    const std::string theName = NameOfPicture(thePicture);
+    return theName.empty() ? "" : "<" + theName + ">";
+}
+
 std::string DrawPicture(const ControlLook& theLook)
 {
-    const std::string theName = NameOfPicture(theLook.Rare().thePicture);
-    return theName.empty() ? "" : "<" + theName + ">";
+    return DrawPicture(theLook.Rare().thePicture);
+}
+
+// "[# List #|<folder> Icons|(Tree)]": one that is on, one with an image, and one that is disabled.
+std::string DrawSegments(const ControlLook& theLook)
+{
+    std::string theText;
+    for (const SegmentLook& theSegment : theLook.Rare().theSegments) {
+        const std::string thePicture = DrawPicture(theSegment.thePicture);
+        std::string theOne = OneLine(theSegment.theTitle);
+        theOne = thePicture + (thePicture.empty() || theOne.empty() ? "" : " ") + theOne;
+        theOne = theSegment.theIsEnabled ? theOne : "(" + theOne + ")";
+        theText += theText.empty() ? "" : "|";
+        theText += theSegment.theIsOn ? "# " + theOne + " #" : " " + theOne + " ";
+    }
+    return "[" + theText + "]";
 }
 
 // "[ <folder> Open ▾ ]"; "[# Bold #]" while it is on.
@@ -368,6 +389,8 @@ std::string DrawControl(const ControlLook& theLook)
         return DrawField(theLook) + "▾";
     case ControlShape::kSearchField:
         return DrawSearch(theLook);
+    case ControlShape::kSegments:
+        return DrawSegments(theLook);
     case ControlShape::kGroupBox:
     case ControlShape::kPlacard:
     case ControlShape::kRadioGroup:

@@ -3,6 +3,7 @@
 #include "QtButtons.h"
 #include "QtPictures.h"
 #include "QtRanges.h"
+#include "QtSegments.h"
 #include "QtTabs.h"
 #include "QtTexts.h"
 
@@ -131,6 +132,8 @@ std::unique_ptr<QtControl> QtControl::Make(const ControlLook& theLook, QtInput& 
         return MakeKind<QtComboBox>(theLook, theInput, theContent);
     case ControlShape::kSearchField:
         return MakeKind<QtSearchField>(theLook, theInput, theContent);
+    case ControlShape::kSegments:
+        return MakeKind<QtSegments>(theLook, theInput, theContent);
     case ControlShape::kSeparator:
         return MakeKind<QtSeparator>(theLook, theInput, theContent);
     case ControlShape::kRadioGroup:

@@ -160,6 +160,19 @@ INSTANTIATE_TEST_SUITE_P(
         PictureRow{Control(3, ControlShape::kPlacard), "                                          placard"},
         PictureRow{Control(3, ControlShape::kRadioGroup),
                    "                                          radio group"},
+        PictureRow{Rare(Control(3, ControlShape::kSegments),
+                        [](Host::RareLook& theRare) {
+                            theRare.theSegments.resize(4);
+                            theRare.theSegments[0].theTitle = "List";
+                            theRare.theSegments[0].theIsOn = true;
+                            theRare.theSegments[1].theTitle = "Icons";
+                            theRare.theSegments[1].thePicture = PictureShape::kFolder;
+                            theRare.theSegments[2].theTitle = "Tree";
+                            theRare.theSegments[2].theIsEnabled = false;
+                            theRare.theSegments[3].thePicture = PictureShape::kStop;
+                        }),
+                   "[# List #| <folder> Icons | (Tree) | <stop> ]  segments"},
+        PictureRow{Control(3, ControlShape::kSegments), "[]                                        segments"},
         PictureRow{Titled(ControlShape::kBevelButton, "Open"),
                    "[ Open ]                                  bevel button"},
         PictureRow{Bevel(1, [](Host::RareLook& theRare) { theRare.theIsToggle = true; }),

@@ -69,6 +69,13 @@ std::shared_ptr<const Host::RareLook> Tabs(std::vector<Host::TabLook> theTabs,
     return std::make_shared<Host::RareLook>(theLook);
 }
 
+std::shared_ptr<const Host::RareLook> Segments(std::vector<Host::SegmentLook> theSegments)
+{
+    Host::RareLook theLook;
+    theLook.theSegments = std::move(theSegments);
+    return std::make_shared<Host::RareLook>(theLook);
+}
+
 ControlLook Control(ControlShape theShape, std::int32_t theValue = 0)
 {
     ControlLook theLook;
@@ -81,6 +88,11 @@ ControlLook Control(ControlShape theShape, std::int32_t theValue = 0)
     theLook.theValue = theValue;
     if (theShape == ControlShape::kTabs) {
         theLook.theRareLook = Tabs({{"Salt", true, {10, 10, 80, 36}}, {"& Pepper", true, {80, 10, 170, 36}}});
+    }
+    if (theShape == ControlShape::kSegments) {
+        theLook.theRareLook = Segments(
+            {{"Salt", Host::PictureShape::kNone, true, true, false, true, {10, 10, 80, 30}},
+             {"& Pepper", Host::PictureShape::kFolder, true, false, false, false, {80, 10, 170, 30}}});
     }
     return theLook;
 }
@@ -236,7 +248,8 @@ INSTANTIATE_TEST_SUITE_P(
                     ControlShape::kDisclosureTriangle, ControlShape::kDisclosureButton,
                     ControlShape::kChasingArrows, ControlShape::kRelevanceBar, ControlShape::kBevelButton,
                     ControlShape::kRoundButton, ControlShape::kIcon, ControlShape::kImageWell,
-                    ControlShape::kComboBox, ControlShape::kSearchField, ControlShape::kPane));
+                    ControlShape::kComboBox, ControlShape::kSearchField, ControlShape::kSegments,
+                    ControlShape::kPane));
 
 class QtFocusLooks : public QtLooks, public testing::WithParamInterface<ControlShape>
 {
@@ -267,7 +280,7 @@ INSTANTIATE_TEST_SUITE_P(Shapes, QtFocusLooks,
                                          ControlShape::kTabs, ControlShape::kDisclosureTriangle,
                                          ControlShape::kDisclosureButton, ControlShape::kBevelButton,
                                          ControlShape::kRoundButton, ControlShape::kComboBox,
-                                         ControlShape::kSearchField));
+                                         ControlShape::kSearchField, ControlShape::kSegments));
 
 TEST_F(QtLooks, ShowsPictureMenuAndValueOfABevelButton)
 {
@@ -430,6 +443,48 @@ TEST_F(QtLooks, ATabThatIsPressedByAScreenReaderIsReported)
     Turn();
     EXPECT_EQ(mGate.Take(), (Reports{"pressed 1", "released 1"}));
     EXPECT_EQ(theTabs.currentIndex(), 0) << "the managers did not follow";
+}
+
+TEST_F(QtLooks, SegmentsAreButtonsThatStandWhereTheManagersThinkTheyDo)
+{
+    ControlLook theLook = Control(ControlShape::kSegments);
+    std::vector<Host::SegmentLook> theTwo = theLook.Rare().theSegments;
+    theTwo[1].theIsPressed = true;
+    theTwo[1].theIsEnabled = false;
+    theLook.theRareLook = Segments(theTwo);
+    auto& theRow = Shown<QWidget>(theLook);
+    QList<QToolButton*> theButtons = theRow.findChildren<QToolButton*>();
+    ASSERT_EQ(theButtons.size(), 2);
+    EXPECT_EQ(theButtons[0]->text(), "Salt");
+    EXPECT_TRUE(theButtons[0]->isChecked());
+    EXPECT_TRUE(theButtons[0]->isEnabled());
+    EXPECT_EQ(theButtons[0]->geometry(), QRect(0, 0, 70, 20));
+    EXPECT_EQ(theButtons[1]->text(), "&& Pepper");
+    EXPECT_EQ(theButtons[1]->toolButtonStyle(), Qt::ToolButtonTextBesideIcon);
+    EXPECT_FALSE(theButtons[1]->isChecked());
+    EXPECT_TRUE(theButtons[1]->isDown());
+    EXPECT_FALSE(theButtons[1]->isEnabled());
+    EXPECT_EQ(theButtons[1]->geometry(), QRect(70, 0, 90, 20));
+    theTwo.resize(1);
+    theTwo[0].thePicture = Host::PictureShape::kFolder;
+    theTwo[0].theTitle.clear();
+    theLook.theRareLook = Segments(theTwo);
+    Shown<QWidget>(theLook);
+    theButtons = theRow.findChildren<QToolButton*>();
+    ASSERT_EQ(theButtons.size(), 1);
+    EXPECT_EQ(theButtons[0]->toolButtonStyle(), Qt::ToolButtonIconOnly);
+    EXPECT_FALSE(theButtons[0]->icon().isNull());
+    EXPECT_TRUE(mGate.Take().empty()) << "the person did nothing";
+}
+
+TEST_F(QtLooks, ASegmentThatIsPressedByAScreenReaderIsReported)
+{
+    auto& theRow = Shown<QWidget>(Control(ControlShape::kSegments));
+    QList<QToolButton*> theButtons = theRow.findChildren<QToolButton*>();
+    theButtons[0]->click();
+    Turn();
+    EXPECT_EQ(mGate.Take(), (Reports{"pressed 1", "released 1"}));
+    EXPECT_TRUE(theButtons[0]->isChecked()) << "the managers did not follow";
 }
 
 TEST_F(QtLooks, ShowsWindowsOfAnyPlaceAndLimits)

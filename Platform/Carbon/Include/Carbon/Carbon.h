@@ -20,6 +20,7 @@
 #include <Carbon/HIImageViews.h>
 #include <Carbon/HIObject.h>
 #include <Carbon/HISearchField.h>
+#include <Carbon/HISegmentedView.h>
 #include <Carbon/HIView.h>
 #include <Carbon/Icons.h>
 #include <Carbon/MacHelp.h>

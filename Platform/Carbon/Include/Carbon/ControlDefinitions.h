@@ -253,6 +253,8 @@ typedef struct ControlButtonContentInfo ControlButtonContentInfo;
 typedef ControlButtonContentInfo* ControlButtonContentInfoPtr;
 typedef ControlButtonContentInfo ControlImageContentInfo;
 typedef ControlImageContentInfo* ControlImageContentInfoPtr;
+typedef ControlContentType HIViewImageContentType;
+typedef ControlImageContentInfo HIViewImageContentInfo;
 
 #pragma pack(pop)
 

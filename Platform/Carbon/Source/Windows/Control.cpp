@@ -360,6 +360,11 @@ bool Control::ChoosesAmong(const Control&) const
 
 void Control::PartClicked(ControlPartCode) {}
 
+PartCommand Control::CommandOf(ControlPartCode) const
+{
+    return {mCommand, mTarget};
+}
+
 bool Control::ToggledValue(ControlPartCode, SInt32*) const
 {
     return false;

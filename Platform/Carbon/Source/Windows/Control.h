@@ -81,6 +81,13 @@ struct KeyPress
     Text theText;
 };
 
+// The command that a click on a part sends, 0 for none, and where it starts.
+struct PartCommand
+{
+    UInt32 theCommand;
+    EventTargetRef theTarget;
+};
+
 // A control.
 //
 // Life: the table of references and the control's container each hold one count; whoever sends an event holds
@@ -192,6 +199,9 @@ public:
 
     // What a click on a part does beside that, before it is told of. Handlers may be called.
     virtual void PartClicked(ControlPartCode thePart);
+
+    // The command of a click that no handler has taken: the control's own, from the control upwards.
+    virtual PartCommand CommandOf(ControlPartCode thePart) const;
 
     // A key that arrived at this control while it had the focus; eventNotHandledErr lets the window have it.
     virtual OSStatus PressKey(const KeyPress& theKey);

@@ -199,16 +199,16 @@ bool SendHit(const Control& theControl, ControlPartCode thePart, UInt32 theModif
     return theEvent.SendTo(theControl.Target()) != eventNotHandledErr;
 }
 
-void SendCommand(const Control& theControl, UInt32 theModifiers)
+void SendCommand(const Control& theControl, const PartCommand& thePartCommand, UInt32 theModifiers)
 {
     HICommandExtended theCommand = {};
     theCommand.attributes = kHICommandFromControl;
-    theCommand.commandID = theControl.mCommand;
+    theCommand.commandID = thePartCommand.theCommand;
     theCommand.source.control = theControl.Reference();
     OutgoingEvent theEvent(kEventClassCommand, kEventCommandProcess);
     theEvent.Set(kEventParamDirectObject, typeHICommand, theCommand);
     theEvent.Set(kEventParamKeyModifiers, typeUInt32, theModifiers);
-    theEvent.SendTo(theControl.Target());
+    theEvent.SendTo(thePartCommand.theTarget);
 }
 
 // The container in which a click on a control chooses that one, or null.
@@ -224,8 +224,11 @@ void Hit(const SharedControl& theControl, ControlPartCode thePart, UInt32 theMod
 {
     const SharedControl theGroup = GroupAround(*theControl);
     const bool theIsTaken = SendHit(*theControl, thePart, theModifiers, theClickCount);
-    if (!theIsTaken && !theControl->IsGone() && theControl->mCommand != 0) {
-        SendCommand(*theControl, theModifiers);
+    if (!theIsTaken && !theControl->IsGone()) {
+        const PartCommand theCommand = theControl->CommandOf(thePart);
+        if (theCommand.theCommand != 0) {
+            SendCommand(*theControl, theCommand, theModifiers);
+        }
     }
     if (theGroup != nullptr && !theGroup->IsGone()) {
         Hit(theGroup, kControlRadioGroupPart, theModifiers, theClickCount);

@@ -172,6 +172,7 @@ enum class ControlShape
     kImageWell,
     kComboBox,
     kSearchField,
+    kSegments,
     kPane, // the root of a window, and panes that a program fills itself
 };
 
@@ -234,9 +235,30 @@ enum class TitlePlace
     kAbove,
 };
 
+// One of a row of buttons.
+struct SegmentLook
+{
+    std::string theTitle;
+    PictureShape thePicture = PictureShape::kNone;
+    bool theIsEnabled = true;
+    bool theIsOn = false;
+    bool theIsPressed = false; // right now
+    bool theHasKeys = false;   // the one that keys press, while the control has them
+    PixelRect theBounds;       // in the window's content
+
+    bool operator==(const SegmentLook& theOther) const
+    {
+        return theTitle == theOther.theTitle && thePicture == theOther.thePicture &&
+               theIsEnabled == theOther.theIsEnabled && theIsOn == theOther.theIsOn &&
+               theIsPressed == theOther.theIsPressed && theHasKeys == theOther.theHasKeys &&
+               theBounds == theOther.theBounds;
+    }
+};
+
 // What few controls have.
 struct RareLook
 {
+    std::vector<SegmentLook> theSegments;
     std::vector<TabLook> theTabs; // of tabs; the value is the number of the one in front, from 1
     TabEdge theTabEdge = TabEdge::kTop;
     PictureShape thePicture = PictureShape::kNone;
@@ -251,12 +273,12 @@ struct RareLook
 
     bool operator==(const RareLook& theOther) const
     {
-        return theTabs == theOther.theTabs && theTabEdge == theOther.theTabEdge &&
-               thePicture == theOther.thePicture && theDiameter == theOther.theDiameter &&
-               theTitlePlace == theOther.theTitlePlace && theIsToggle == theOther.theIsToggle &&
-               theHasMenu == theOther.theHasMenu && theHasCancelButton == theOther.theHasCancelButton &&
-               theHasGlass == theOther.theHasGlass && theDescription == theOther.theDescription &&
-               theHelp == theOther.theHelp;
+        return theSegments == theOther.theSegments && theTabs == theOther.theTabs &&
+               theTabEdge == theOther.theTabEdge && thePicture == theOther.thePicture &&
+               theDiameter == theOther.theDiameter && theTitlePlace == theOther.theTitlePlace &&
+               theIsToggle == theOther.theIsToggle && theHasMenu == theOther.theHasMenu &&
+               theHasCancelButton == theOther.theHasCancelButton && theHasGlass == theOther.theHasGlass &&
+               theDescription == theOther.theDescription && theHelp == theOther.theHelp;
     }
 };
 
