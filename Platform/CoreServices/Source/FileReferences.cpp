@@ -1,12 +1,12 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-#include "CFPropertyListSupport.h"
+#include "FileReferences.h"
+
 #include "CFURLObject.h"
 #include "Common/NeverDestroyed.h"
 #include "System/Folders.h"
 
 #include <algorithm>
-#include <CoreServices/Files.h>
 #include <cstring>
 #include <map>
 #include <mutex>
@@ -64,19 +64,8 @@ Paths& ThePaths()
     return sPaths.Get();
 }
 
-// What a call that needs memory answers, a status in every case.
-template <class Body>
-OSErr WithMemory(const Body& theBody)
-{
-    OSErr theStatus = memFullErr;
-    NothingWithoutMemory([&] {
-        theStatus = theBody();
-        return 0;
-    });
-    return theStatus;
-}
+} // namespace
 
-// The path in a reference; none for one that no call has made.
 std::optional<std::string> PathIn(const FSRef* theReference)
 {
     Content theContent = {};
@@ -89,12 +78,15 @@ std::optional<std::string> PathIn(const FSRef* theReference)
     return theIsMarked ? ThePaths().PathOf(theContent.theNumber) : std::nullopt;
 }
 
+namespace {
+
 std::string InCurrentFolder(const std::string& thePath)
 {
     return thePath[0] == '/' ? thePath : CurrentFolder() + "/" + thePath;
 }
 
-// Makes a reference of the path of something that is there.
+} // namespace
+
 OSErr MakeReference(const std::string& thePath, FSRef* theReference, Boolean* theIsFolder)
 {
     const std::optional<FileState> theState = thePath.empty() ? std::nullopt : StateOfFile(thePath);
@@ -111,6 +103,18 @@ OSErr MakeReference(const std::string& thePath, FSRef* theReference, Boolean* th
     return noErr;
 }
 
+std::uint32_t NumberOfPath(const std::string& thePath)
+{
+    return ThePaths().NumberOf(thePath);
+}
+
+std::optional<std::string> PathOfNumber(std::uint32_t theNumber)
+{
+    return ThePaths().PathOf(theNumber);
+}
+
+namespace {
+
 // A name in a folder, in UTF-8; none for what is no name.
 std::optional<std::string> NameOf(const UniChar* theName, UniCharCount theLength)
 {
@@ -124,6 +128,33 @@ std::optional<std::string> NameOf(const UniChar* theName, UniCharCount theLength
 }
 
 } // namespace
+
+OSErr MakeChildPath(const FSRef* theFolder, UniCharCount theLength, const UniChar* theName,
+                    std::string& thePath)
+{
+    if (theName == nullptr && theLength > 0) {
+        return paramErr;
+    }
+    if (theLength == 0) {
+        return errFSMissingName;
+    }
+    if (theLength > 255) {
+        return errFSNameTooLong;
+    }
+    const std::optional<std::string> theParent = PathIn(theFolder);
+    if (!theParent) {
+        return errFSBadFSRef;
+    }
+    if (!IsFolder(*theParent)) {
+        return errFSNotAFolder;
+    }
+    const std::optional<std::string> theBytes = NameOf(theName, theLength);
+    if (!theBytes) {
+        return bdNamErr;
+    }
+    thePath = (*theParent == "/" ? "" : *theParent) + "/" + *theBytes;
+    return noErr;
+}
 
 } // namespace Host
 
@@ -175,26 +206,13 @@ CFURLRef CFURLCreateFromFSRef(CFAllocatorRef, const FSRef* fsRef)
 OSErr FSMakeFSRefUnicode(const FSRef* parentRef, UniCharCount nameLength, const UniChar* name, TextEncoding,
                          FSRef* newRef)
 {
-    if (newRef == nullptr || (name == nullptr && nameLength > 0)) {
+    if (newRef == nullptr) {
         return paramErr;
     }
-    if (nameLength == 0) {
-        return errFSMissingName;
-    }
-    if (nameLength > 255) {
-        return errFSNameTooLong;
-    }
     return WithMemory([&]() -> OSErr {
-        const std::optional<std::string> theFolder = PathIn(parentRef);
-        if (!theFolder) {
-            return errFSBadFSRef;
-        }
-        if (!IsFolder(*theFolder)) {
-            return errFSNotAFolder;
-        }
-        const std::optional<std::string> theName = NameOf(name, nameLength);
-        const std::string theStart = *theFolder == "/" ? "" : *theFolder;
-        return theName ? MakeReference(theStart + "/" + *theName, newRef, nullptr) : OSErr{bdNamErr};
+        std::string thePath;
+        const OSErr theStatus = MakeChildPath(parentRef, nameLength, name, thePath);
+        return theStatus == noErr ? MakeReference(thePath, newRef, nullptr) : theStatus;
     });
 }
 

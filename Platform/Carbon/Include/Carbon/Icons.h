@@ -6,11 +6,7 @@
 // Icons of the system, which the desktop draws as its own.
 
 #include <Carbon/CarbonBase.h>
-
-enum
-{
-    kOnSystemDisk = -32768
-};
+#include <CoreServices/Folders.h>
 
 enum
 {

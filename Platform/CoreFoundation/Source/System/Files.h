@@ -1,7 +1,7 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-#ifndef Files_h
-#define Files_h
+#ifndef System_Files_h
+#define System_Files_h
 
 // What the host asks of the system's files.
 
@@ -56,7 +56,8 @@ private:
     int mDescriptor; // negative when the folder cannot be locked
 };
 
-// Where the user keeps settings; empty when that is nowhere.
+// Where the user is at home, and where settings are kept; empty when that is nowhere.
+std::string HomeFolder();
 std::string SettingsFolder();
 
 // The program's name and the host's, without folder and domain.

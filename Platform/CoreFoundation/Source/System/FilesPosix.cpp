@@ -126,6 +126,8 @@ std::string Environment(const char* theName)
     return theValue == nullptr ? std::string() : std::string(theValue);
 }
 
+} // namespace
+
 std::string HomeFolder()
 {
     std::string theHome = Environment("HOME");
@@ -139,6 +141,8 @@ std::string HomeFolder()
     return theResult == nullptr || theResult->pw_dir == nullptr ? std::string()
                                                                 : std::string(theResult->pw_dir);
 }
+
+namespace {
 
 bool IsFolder(const std::string& thePath)
 {

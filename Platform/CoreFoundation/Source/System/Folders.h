@@ -1,7 +1,7 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-#ifndef Folders_h
-#define Folders_h
+#ifndef System_Folders_h
+#define System_Folders_h
 
 // What the host asks of the system's folders, and of what is in them.
 

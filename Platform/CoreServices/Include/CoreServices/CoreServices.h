@@ -13,6 +13,7 @@
 #include <CoreServices/Endian.h>
 #include <CoreServices/Files.h>
 #include <CoreServices/FixMath.h>
+#include <CoreServices/Folders.h>
 #include <CoreServices/Gestalt.h>
 #include <CoreServices/MacErrors.h>
 #include <CoreServices/MacMemory.h>
