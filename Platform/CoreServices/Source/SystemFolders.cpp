@@ -69,7 +69,7 @@ OSErr FSFindFolder(FSVolumeRefNum vRefNum, OSType folderType, Boolean createFold
         if (theFolder.empty()) {
             return fnfErr;
         }
-        if (createFolder && *theKind != FolderKind::kHome) {
+        if (createFolder) {
             MakeFolders(theFolder);
         }
         Boolean theIsFolder = false;
