@@ -13,7 +13,7 @@ const char* const kLevel = "level";
 const char* const kEnabled = "enabled";
 const char* const kPage = "page";
 
-const Rect kWindowPlace = {100, 100, 466, 830};
+const Rect kWindowPlace = {100, 100, 500, 830};
 
 void SetName(ControlRef theControl, Gallery::ControlNumber theNumber)
 {
@@ -89,6 +89,8 @@ Gallery::Gallery()
     AddDisclosures();
     AddRelevance();
     AddSegments();
+    AddClocks();
+    AddHeader();
 }
 
 LmControlBinding* Gallery::Bind(ControlRef theControl)
@@ -400,4 +402,39 @@ void Gallery::AddSegments()
     Add(mWindow, theView);
     SetName(theView, kView);
     Bind(theView);
+}
+
+// On the day and at the time that everybody sees who opens the gallery.
+void Gallery::AddClocks()
+{
+    const Rect theDatePlace = {358, 478, 380, 588};
+    const Rect theTimePlace = {358, 604, 380, 690};
+    const Rect theArrowPlace = {361, 698, 377, 714};
+    LongDateRec theDate = {};
+    theDate.ld.year = 2024;
+    theDate.ld.month = 2;
+    theDate.ld.day = 28;
+    theDate.ld.hour = 14;
+    theDate.ld.minute = 5;
+    ControlRef theControl = nullptr;
+    CreateClockControl(mWindow, &theDatePlace, kControlClockTypeMonthDayYear, kControlClockIsDisplayOnly,
+                       &theControl);
+    SetControlData(theControl, kControlEntireControl, kControlClockLongDateTag, sizeof theDate, &theDate);
+    Bind(theControl);
+    CreateClockControl(mWindow, &theTimePlace, kControlClockTypeHourMinute, kControlClockNoFlags,
+                       &theControl);
+    SetControlData(theControl, kControlEntireControl, kControlClockLongDateTag, sizeof theDate, &theDate);
+    SetName(theControl, kTime);
+    Bind(theControl);
+    CreatePopupArrowControl(mWindow, &theArrowPlace, kControlPopupArrowOrientationSouth,
+                            kControlPopupArrowSizeNormal, &theControl);
+    Bind(theControl);
+}
+
+void Gallery::AddHeader()
+{
+    const Rect thePlace = {0, 0, 12, 730};
+    ControlRef theControl = nullptr;
+    CreateWindowHeaderControl(mWindow, &thePlace, false, &theControl);
+    Bind(theControl);
 }

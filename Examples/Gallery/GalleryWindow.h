@@ -35,6 +35,7 @@ public:
         kSlider,
         kSwitch,
         kView,
+        kTime,
     };
     static ControlID Name(ControlNumber theNumber) { return {'gall', theNumber}; }
 
@@ -64,6 +65,8 @@ private:
     void AddDisclosures();
     void AddRelevance();
     void AddSegments();
+    void AddClocks();
+    void AddHeader();
 
     LmKeyValueBinding mModel;
     WindowRef mWindow = nullptr;

@@ -53,6 +53,23 @@ OSStatus MakeSearchField(WindowRef theWindow, const Rect* theBounds, HIViewRef* 
     return theStatus == noErr ? Show(theWindow, theView) : theStatus;
 }
 
+// On a day that is not that of the test.
+OSStatus MakeClock(WindowRef theWindow, const Rect* theBounds, ControlRef* theControl)
+{
+    const OSStatus theStatus =
+        CreateClockControl(theWindow, theBounds, kControlClockTypeHourMinuteSecond, 0, theControl);
+    if (theStatus == noErr) {
+        LongDateRec theDate = {};
+        theDate.ld.year = 2024;
+        theDate.ld.month = 2;
+        theDate.ld.day = 28;
+        theDate.ld.hour = 14;
+        SetControlData(*theControl, kControlEntireControl, kControlClockLongDateTag, sizeof theDate,
+                       &theDate);
+    }
+    return theStatus;
+}
+
 OSStatus MakeSegments(WindowRef theWindow, const Rect* theBounds, HIViewRef* theView)
 {
     const HIRect thePlace = Fractional(*theBounds);
@@ -168,6 +185,18 @@ const std::vector<KindRow>& EveryKind()
          0, 100, false, false},
         {"ChasingArrows", kControlKindChasingArrows, CreateChasingArrowsControl, 0, 0, false, false},
         {"Placard", kControlKindPlacard, CreatePlacardControl, 0, 0, true, true},
+        {"WindowHeader", kControlKindWindowHeader,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreateWindowHeaderControl(theWindow, theBounds, false, theControl);
+         },
+         0, 0, false, true},
+        {"PopupArrow", kControlKindPopupArrow,
+         [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {
+             return CreatePopupArrowControl(theWindow, theBounds, kControlPopupArrowOrientationSouth,
+                                            kControlPopupArrowSizeNormal, theControl);
+         },
+         0, 0, true, false},
+        {"Clock", kControlKindClock, MakeClock, 0, 0, false, false},
         {"Separator", kControlKindSeparator, CreateSeparatorControl, 0, 0, false, false},
         {"BevelButton", kControlKindBevelButton,
          [](WindowRef theWindow, const Rect* theBounds, ControlRef* theControl) {

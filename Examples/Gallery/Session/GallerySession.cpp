@@ -106,6 +106,14 @@ void GallerySession::WriteRest()
        [this](UserSimulator& theUser) { return theUser.DragSlider(At(Gallery::kSlider), 70); });
     Do("They look at icons.", Gallery::kView,
        [this](UserSimulator& theUser) { return theUser.ClickPart(At(Gallery::kView), 2); });
+    Do("They put the minutes of the clock on.", Gallery::kTime, [this](UserSimulator& theUser) {
+        theUser.ClickPart(At(Gallery::kTime), kControlClockMinuteMonthPart);
+        return theUser.ClickPart(At(Gallery::kTime), kControlUpButtonPart);
+    });
+    Do("They type an hour.", Gallery::kTime, [](UserSimulator& theUser) {
+        theUser.PressKey(kVK_LeftArrow);
+        return theUser.TypeText("9");
+    });
     Click("They turn everything off.", Gallery::kSwitch);
     mSession.Then([](UserSimulator& theUser) { std::printf("\n%s", theUser.DescribeScreen().c_str()); });
 }

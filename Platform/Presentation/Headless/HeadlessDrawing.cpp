@@ -47,6 +47,9 @@ constexpr ShapeName kControlNames[] = {
     {ControlShape::kComboBox, "combo box"},
     {ControlShape::kSearchField, "search field"},
     {ControlShape::kSegments, "segments"},
+    {ControlShape::kClock, "clock"},
+    {ControlShape::kArrow, "arrow"},
+    {ControlShape::kWindowHeader, "window header"},
     {ControlShape::kPane, "pane"},
 };
 
@@ -290,6 +293,21 @@ std::string DrawSearch(const ControlLook& theLook)
            (theRareLook.theHasCancelButton ? "✕]" : "]");
 }
 
+std::string DrawArrow(const ControlLook& theLook)
+{
+    switch (theLook.Rare().theArrow) {
+    case ArrowDirection::kRight:
+        return "▸";
+    case ArrowDirection::kLeft:
+        return "◂";
+    case ArrowDirection::kUp:
+        return "▴";
+    case ArrowDirection::kDown:
+        break;
+    }
+    return "▾";
+}
+
 // U+2713 for the check mark, whatever else as it is.
 std::string DrawMark(std::uint32_t theMark)
 {
@@ -391,8 +409,13 @@ std::string DrawControl(const ControlLook& theLook)
         return DrawSearch(theLook);
     case ControlShape::kSegments:
         return DrawSegments(theLook);
+    case ControlShape::kClock:
+        return theLook.theIsLocked ? OneLine(theLook.theText) : "[" + OneLine(theLook.theText) + "]▴▾";
+    case ControlShape::kArrow:
+        return DrawArrow(theLook);
     case ControlShape::kGroupBox:
     case ControlShape::kPlacard:
+    case ControlShape::kWindowHeader:
     case ControlShape::kRadioGroup:
     case ControlShape::kPane:
         break;

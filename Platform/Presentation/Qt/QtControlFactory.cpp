@@ -1,6 +1,7 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
 #include "QtButtons.h"
+#include "QtClock.h"
 #include "QtPictures.h"
 #include "QtRanges.h"
 #include "QtSegments.h"
@@ -9,6 +10,9 @@
 
 #include <QFrame>
 #include <QGroupBox>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
 
 namespace Host {
 
@@ -64,6 +68,55 @@ protected:
     }
 };
 
+class ArrowWidget : public QWidget
+{
+public:
+    using QWidget::QWidget;
+
+    ArrowDirection mDirection = ArrowDirection::kRight;
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QStyleOption theOption;
+        theOption.initFrom(this);
+        QPainter thePainter(this);
+        style()->drawPrimitive(Arrow(), &theOption, &thePainter, this);
+    }
+
+private:
+    QStyle::PrimitiveElement Arrow() const
+    {
+        switch (mDirection) {
+        case ArrowDirection::kRight:
+            return QStyle::PE_IndicatorArrowRight;
+        case ArrowDirection::kLeft:
+            return QStyle::PE_IndicatorArrowLeft;
+        case ArrowDirection::kUp:
+            return QStyle::PE_IndicatorArrowUp;
+        case ArrowDirection::kDown:
+            break;
+        }
+        return QStyle::PE_IndicatorArrowDown;
+    }
+};
+
+class QtArrow : public QtControl
+{
+public:
+    QtArrow(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
+        : QtControl(theLook, theInput, new ArrowWidget(&theContent))
+    {
+        theInput.Watch(Widget(), QtInput::MouseUse::kManagers);
+    }
+
+protected:
+    void ShowState(const ControlLook& theLook) override
+    {
+        static_cast<ArrowWidget&>(Widget()).mDirection = theLook.Rare().theArrow;
+    }
+};
+
 // Holds other controls and shows nothing itself.
 class QtPane : public QtControl
 {
@@ -116,6 +169,7 @@ std::unique_ptr<QtControl> QtControl::Make(const ControlLook& theLook, QtInput& 
     case ControlShape::kTabs:
         return MakeKind<QtTabs>(theLook, theInput, theContent);
     case ControlShape::kPlacard:
+    case ControlShape::kWindowHeader:
         return MakeKind<QtPlacard>(theLook, theInput, theContent);
     case ControlShape::kDisclosureTriangle:
     case ControlShape::kDisclosureButton:
@@ -134,6 +188,10 @@ std::unique_ptr<QtControl> QtControl::Make(const ControlLook& theLook, QtInput& 
         return MakeKind<QtSearchField>(theLook, theInput, theContent);
     case ControlShape::kSegments:
         return MakeKind<QtSegments>(theLook, theInput, theContent);
+    case ControlShape::kClock:
+        return MakeKind<QtClock>(theLook, theInput, theContent);
+    case ControlShape::kArrow:
+        return MakeKind<QtArrow>(theLook, theInput, theContent);
     case ControlShape::kSeparator:
         return MakeKind<QtSeparator>(theLook, theInput, theContent);
     case ControlShape::kRadioGroup:

@@ -72,6 +72,7 @@ bool NeedsLabel(ControlShape theShape)
     case ControlShape::kEditText:
     case ControlShape::kComboBox:
     case ControlShape::kSearchField:
+    case ControlShape::kClock:
     case ControlShape::kPopUpButton:
     case ControlShape::kRelevanceBar:
     case ControlShape::kChasingArrows:

@@ -355,7 +355,9 @@ UserResult UserSimulator::TypeText(const std::string& theText)
     }
     const Glance theScreen;
     const ControlLook* theField = theScreen.FindControl(theScreen.FocusedControl());
-    if (theField == nullptr || !TakesText(theField->theShape)) {
+    const bool theTakesKeys =
+        theField != nullptr && (TakesText(theField->theShape) || theField->theShape == ControlShape::kClock);
+    if (!theTakesKeys) {
         return Refuse("the keys go to no edit text");
     }
     for (const std::string& theCodePoint : CodePointsOf(theText)) {

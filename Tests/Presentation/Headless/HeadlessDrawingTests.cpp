@@ -53,6 +53,12 @@ ControlLook Arrows(bool theIsAnimated)
     return theLook;
 }
 
+ControlLook Locked(ControlLook theLook)
+{
+    theLook.theIsLocked = true;
+    return theLook;
+}
+
 ControlLook Rare(ControlLook theLook, void (*theChange)(Host::RareLook&))
 {
     Host::RareLook theRare;
@@ -173,6 +179,21 @@ INSTANTIATE_TEST_SUITE_P(
                         }),
                    "[# List #| <folder> Icons | (Tree) | <stop> ]  segments"},
         PictureRow{Control(3, ControlShape::kSegments), "[]                                        segments"},
+        PictureRow{Texted(ControlShape::kClock, "14:05"), "[14:05]▴▾                                 clock"},
+        PictureRow{Locked(Texted(ControlShape::kClock, "14:05")),
+                   "14:05                                     clock, locked"},
+        PictureRow{Control(3, ControlShape::kArrow), "▸                                         arrow"},
+        PictureRow{Rare(Control(3, ControlShape::kArrow),
+                        [](Host::RareLook& theRare) { theRare.theArrow = Host::ArrowDirection::kLeft; }),
+                   "◂                                         arrow"},
+        PictureRow{Rare(Control(3, ControlShape::kArrow),
+                        [](Host::RareLook& theRare) { theRare.theArrow = Host::ArrowDirection::kUp; }),
+                   "▴                                         arrow"},
+        PictureRow{Rare(Control(3, ControlShape::kArrow),
+                        [](Host::RareLook& theRare) { theRare.theArrow = Host::ArrowDirection::kDown; }),
+                   "▾                                         arrow"},
+        PictureRow{Control(3, ControlShape::kWindowHeader),
+                   "                                          window header"},
         PictureRow{Titled(ControlShape::kBevelButton, "Open"),
                    "[ Open ]                                  bevel button"},
         PictureRow{Bevel(1, [](Host::RareLook& theRare) { theRare.theIsToggle = true; }),

@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDateTimeEdit>
 #include <QElapsedTimer>
 #include <QGroupBox>
 #include <QImage>
@@ -26,6 +27,7 @@
 #include <QScrollBar>
 #include <QSessionManager>
 #include <QSlider>
+#include <QStyleOptionSpinBox>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -88,6 +90,12 @@ ControlLook Control(ControlShape theShape, std::int32_t theValue = 0)
     theLook.theValue = theValue;
     if (theShape == ControlShape::kTabs) {
         theLook.theRareLook = Tabs({{"Salt", true, {10, 10, 80, 36}}, {"& Pepper", true, {80, 10, 170, 36}}});
+    }
+    if (theShape == ControlShape::kClock) {
+        theLook.theText = "14:05";
+        theLook.theRareLook =
+            Segments({{"14", Host::PictureShape::kNone, true, false, false, false, {14, 10, 30, 30}},
+                      {"05", Host::PictureShape::kNone, true, false, false, true, {34, 10, 50, 30}}});
     }
     if (theShape == ControlShape::kSegments) {
         theLook.theRareLook = Segments(
@@ -249,6 +257,7 @@ INSTANTIATE_TEST_SUITE_P(
                     ControlShape::kChasingArrows, ControlShape::kRelevanceBar, ControlShape::kBevelButton,
                     ControlShape::kRoundButton, ControlShape::kIcon, ControlShape::kImageWell,
                     ControlShape::kComboBox, ControlShape::kSearchField, ControlShape::kSegments,
+                    ControlShape::kClock, ControlShape::kArrow, ControlShape::kWindowHeader,
                     ControlShape::kPane));
 
 class QtFocusLooks : public QtLooks, public testing::WithParamInterface<ControlShape>
@@ -272,15 +281,14 @@ TEST_P(QtFocusLooks, ShowWhereTheKeysGo)
     EXPECT_EQ(PictureWithFocusAt(Host::kNoObject), theOther);
 }
 
-INSTANTIATE_TEST_SUITE_P(Shapes, QtFocusLooks,
-                         testing::Values(ControlShape::kPushButton, ControlShape::kCheckBox,
-                                         ControlShape::kRadioButton, ControlShape::kSlider,
-                                         ControlShape::kScrollBar, ControlShape::kLittleArrows,
-                                         ControlShape::kEditText, ControlShape::kPopUpButton,
-                                         ControlShape::kTabs, ControlShape::kDisclosureTriangle,
-                                         ControlShape::kDisclosureButton, ControlShape::kBevelButton,
-                                         ControlShape::kRoundButton, ControlShape::kComboBox,
-                                         ControlShape::kSearchField, ControlShape::kSegments));
+INSTANTIATE_TEST_SUITE_P(
+    Shapes, QtFocusLooks,
+    testing::Values(ControlShape::kPushButton, ControlShape::kCheckBox, ControlShape::kRadioButton,
+                    ControlShape::kSlider, ControlShape::kScrollBar, ControlShape::kLittleArrows,
+                    ControlShape::kEditText, ControlShape::kPopUpButton, ControlShape::kTabs,
+                    ControlShape::kDisclosureTriangle, ControlShape::kDisclosureButton,
+                    ControlShape::kBevelButton, ControlShape::kRoundButton, ControlShape::kComboBox,
+                    ControlShape::kSearchField, ControlShape::kSegments, ControlShape::kClock));
 
 TEST_F(QtLooks, ShowsPictureMenuAndValueOfABevelButton)
 {
@@ -443,6 +451,70 @@ TEST_F(QtLooks, ATabThatIsPressedByAScreenReaderIsReported)
     Turn();
     EXPECT_EQ(mGate.Take(), (Reports{"pressed 1", "released 1"}));
     EXPECT_EQ(theTabs.currentIndex(), 0) << "the managers did not follow";
+}
+
+TEST_F(QtLooks, AClockIsTheDesktopsOwnAndSelectsTheNumberWithTheKeys)
+{
+    ControlLook theLook = Control(ControlShape::kClock);
+    theLook.theTakesFocus = true;
+    auto& theClock = Shown<QDateTimeEdit>(theLook);
+    EXPECT_EQ(theClock.text(), "14:05");
+    EXPECT_EQ(theClock.buttonSymbols(), QAbstractSpinBox::UpDownArrows);
+    const auto& theField = *theClock.findChild<QLineEdit*>();
+    EXPECT_EQ(theField.selectedText(), "");
+    mPresenter.FocusIsAt(kWindow, kControl);
+    Turn();
+    EXPECT_EQ(theField.selectedText(), "05");
+    for (const char* theText : {"14:05:30", "2024-02", "2024-02-29", "1000-01-01", "9999-12-31"}) {
+        theLook.theText = theText;
+        EXPECT_EQ(Shown<QDateTimeEdit>(theLook).text(), theText);
+    }
+    theLook.theIsLocked = true;
+    Shown<QDateTimeEdit>(theLook);
+    EXPECT_TRUE(theClock.isReadOnly());
+    EXPECT_EQ(theClock.buttonSymbols(), QAbstractSpinBox::NoButtons);
+    EXPECT_TRUE(mGate.Take().empty()) << "the person did nothing";
+}
+
+TEST_F(QtLooks, PressesOfANumberAndOfTheArrowsOfAClockAreReported)
+{
+    auto& theClock = Shown<QDateTimeEdit>(Control(ControlShape::kClock));
+    const auto& theField = *theClock.findChild<QLineEdit*>();
+    const auto thePress = [&](QPoint thePlace) {
+        QTest::mouseClick(&theClock, Qt::LeftButton, Qt::NoModifier, thePlace);
+        Turn();
+    };
+    const QPoint theStart = theField.pos() + QPoint(4, theField.height() / 2);
+    thePress(theStart);
+    const Reports theFirst = mGate.Take();
+    EXPECT_EQ(theFirst, (Reports{"pressed 1", "released 1"}));
+    QStyleOptionSpinBox theOption;
+    theOption.initFrom(&theClock);
+    theOption.subControls = QStyle::SC_All;
+    theOption.buttonSymbols = QAbstractSpinBox::UpDownArrows;
+    theOption.frame = true;
+    for (const QStyle::SubControl theArrow : {QStyle::SC_SpinBoxUp, QStyle::SC_SpinBoxDown}) {
+        thePress(
+            theClock.style()->subControlRect(QStyle::CC_SpinBox, &theOption, theArrow, &theClock).center());
+    }
+    EXPECT_EQ(mGate.Take(),
+              (Reports{"part pressed 2", "part released 2", "part pressed 2", "part released 2"}));
+    EXPECT_EQ(theClock.text(), "14:05") << "what that does is up to the managers";
+}
+
+TEST_F(QtLooks, AnArrowPointsWhereItShould)
+{
+    std::vector<QImage> thePictures;
+    ControlLook theLook = Control(ControlShape::kArrow);
+    for (const Host::ArrowDirection theDirection : {Host::ArrowDirection::kRight, Host::ArrowDirection::kLeft,
+                                                    Host::ArrowDirection::kUp, Host::ArrowDirection::kDown}) {
+        Host::RareLook theRare;
+        theRare.theArrow = theDirection;
+        theLook.theRareLook = std::make_shared<Host::RareLook>(theRare);
+        const QImage thePicture = Shown<QWidget>(theLook).grab().toImage();
+        EXPECT_EQ(std::count(thePictures.begin(), thePictures.end(), thePicture), 0);
+        thePictures.push_back(thePicture);
+    }
 }
 
 TEST_F(QtLooks, SegmentsAreButtonsThatStandWhereTheManagersThinkTheyDo)

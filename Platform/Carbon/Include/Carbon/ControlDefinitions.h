@@ -24,6 +24,7 @@
 #include <Carbon/Menus.h>
 #include <Carbon/Quickdraw.h>
 #include <CoreGraphics/CoreGraphics.h>
+#include <CoreServices/DateTimeUtils.h>
 
 // Kinds -------------------------------------------------------------------------------------------------
 
@@ -59,6 +60,9 @@ enum
     kControlKindHIImageView = 'imag',
     kControlKindHIComboBox = 'cbbx',
     kControlKindHISearchField = 'srfd',
+    kControlKindClock = 'clck',
+    kControlKindPopupArrow = 'parr',
+    kControlKindWindowHeader = 'whed',
     kControlKindUserPane = 'upan' // the root control of a window is one, too
 };
 
@@ -121,6 +125,52 @@ enum
     kControlSliderPointsDownOrRight = 0,
     kControlSliderPointsUpOrLeft = 1,
     kControlSliderDoesNotPoint = 2
+};
+
+// What a clock shows. Times have 24 hours, and dates begin with the year.
+typedef UInt16 ControlClockType;
+enum
+{
+    kControlClockTypeHourMinute = 0,
+    kControlClockTypeHourMinuteSecond = 1,
+    kControlClockTypeMonthDayYear = 2,
+    kControlClockTypeMonthYear = 3
+};
+
+// A live clock goes on by itself, and is for display as well.
+typedef UInt32 ControlClockFlags;
+enum
+{
+    kControlClockNoFlags = 0,
+    kControlClockIsDisplayOnly = 1,
+    kControlClockIsLive = 2
+};
+
+// The numbers of a clock that can be pressed.
+enum
+{
+    kControlClockPart = 8, // has the focus
+    kControlClockHourDayPart = 9,
+    kControlClockMinuteMonthPart = 10,
+    kControlClockSecondYearPart = 11,
+    kControlClockAMPMPart = 12 // never: there are 24 hours
+};
+
+// Where an arrow points.
+typedef UInt16 ControlPopupArrowOrientation;
+enum
+{
+    kControlPopupArrowOrientationEast = 0,
+    kControlPopupArrowOrientationWest = 1,
+    kControlPopupArrowOrientationNorth = 2,
+    kControlPopupArrowOrientationSouth = 3
+};
+
+typedef UInt16 ControlPopupArrowSize;
+enum
+{
+    kControlPopupArrowSizeNormal = 0,
+    kControlPopupArrowSizeSmall = 1
 };
 
 typedef UInt16 ControlTabSize;
@@ -284,6 +334,17 @@ enum
 enum
 {
     kControlTriangleLastValueTag = 'last' // SInt16; kept, and never used: a triangle turns at once
+};
+
+enum
+{
+    kControlClockLongDateTag = 'date',    // LongDateRec, in the zone of the system
+    kControlClockAbsoluteTimeTag = 'abst' // CFAbsoluteTime
+};
+
+enum
+{
+    kControlWindowHeaderIsListHeaderTag = 'islh' // Boolean; kept
 };
 
 enum
@@ -597,6 +658,18 @@ CARBON_EXPORT OSStatus CreateLittleArrowsControl(WindowRef window, const Rect* b
                                                  SInt32 minimum, SInt32 maximum, SInt32 increment,
                                                  ControlRef* outControl);
 
+// A time of day or a date, at first that of the system, with arrows to change it. Clicking a number, and the
+// left and right arrow keys, choose which one they change: up and down, which the keys of that name do too,
+// go to the next and the last; behind the greatest comes the smallest. The other numbers stay, but for a day
+// that the month does not have. Digits are typed into the number. Each change by a person is told of with
+// kEventControlHit, whose part is the number or the arrow. The value of the control means nothing; the time
+// is data (kControlClock...Tag), and setting one whose year has not four digits, or that does not exist, is a
+// paramErr. One that is for display takes neither presses nor the focus. A type or flags that do not exist
+// are a paramErr, and so is a null window.
+CARBON_EXPORT OSStatus CreateClockControl(WindowRef window, const Rect* boundsRect,
+                                          ControlClockType clockType, ControlClockFlags clockFlags,
+                                          ControlRef* outControl);
+
 // Texts -------------------------------------------------------------------------------------------------
 
 // A text that a person can only read. style may be null for the usual style, and the window may be null.
@@ -653,6 +726,17 @@ CARBON_EXPORT OSStatus CreateUserPaneControl(WindowRef window, const Rect* bound
 
 // A flat plate behind other controls, which can be embedded in it. The window may be null.
 CARBON_EXPORT OSStatus CreatePlacardControl(WindowRef window, const Rect* boundsRect, ControlRef* outControl);
+
+// A strip below the title of a window; other controls can be embedded in it. isListHeader is kept. A null
+// window is a paramErr.
+CARBON_EXPORT OSStatus CreateWindowHeaderControl(WindowRef window, const Rect* boundsRect,
+                                                 Boolean isListHeader, ControlRef* outControl);
+
+// An arrow, as on a button with a menu. It has no value, and takes neither presses nor the focus. The window
+// may be null. An orientation or size that does not exist is a paramErr.
+CARBON_EXPORT OSStatus CreatePopupArrowControl(WindowRef window, const Rect* boundsRect,
+                                               ControlPopupArrowOrientation orientation,
+                                               ControlPopupArrowSize size, ControlRef* outControl);
 
 // Separators --------------------------------------------------------------------------------------------
 

@@ -10,6 +10,7 @@
 #include <AvailabilityMacros.h>
 #include <ConditionalMacros.h>
 #include <CoreFoundation/CoreFoundation.h>
+#include <CoreServices/DateTimeUtils.h>
 #include <CoreServices/Endian.h>
 #include <CoreServices/Files.h>
 #include <CoreServices/FixMath.h>

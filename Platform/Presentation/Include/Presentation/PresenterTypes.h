@@ -173,6 +173,9 @@ enum class ControlShape
     kComboBox,
     kSearchField,
     kSegments,
+    kClock,
+    kArrow, // points somewhere and does nothing
+    kWindowHeader,
     kPane, // the root of a window, and panes that a program fills itself
 };
 
@@ -255,10 +258,19 @@ struct SegmentLook
     }
 };
 
+enum class ArrowDirection
+{
+    kRight,
+    kLeft,
+    kUp,
+    kDown,
+};
+
 // What few controls have.
 struct RareLook
 {
-    std::vector<SegmentLook> theSegments;
+    std::vector<SegmentLook> theSegments; // of segments, or the numbers of a clock
+    ArrowDirection theArrow = ArrowDirection::kRight;
     std::vector<TabLook> theTabs; // of tabs; the value is the number of the one in front, from 1
     TabEdge theTabEdge = TabEdge::kTop;
     PictureShape thePicture = PictureShape::kNone;
@@ -273,12 +285,13 @@ struct RareLook
 
     bool operator==(const RareLook& theOther) const
     {
-        return theSegments == theOther.theSegments && theTabs == theOther.theTabs &&
-               theTabEdge == theOther.theTabEdge && thePicture == theOther.thePicture &&
-               theDiameter == theOther.theDiameter && theTitlePlace == theOther.theTitlePlace &&
-               theIsToggle == theOther.theIsToggle && theHasMenu == theOther.theHasMenu &&
-               theHasCancelButton == theOther.theHasCancelButton && theHasGlass == theOther.theHasGlass &&
-               theDescription == theOther.theDescription && theHelp == theOther.theHelp;
+        return theSegments == theOther.theSegments && theArrow == theOther.theArrow &&
+               theTabs == theOther.theTabs && theTabEdge == theOther.theTabEdge &&
+               thePicture == theOther.thePicture && theDiameter == theOther.theDiameter &&
+               theTitlePlace == theOther.theTitlePlace && theIsToggle == theOther.theIsToggle &&
+               theHasMenu == theOther.theHasMenu && theHasCancelButton == theOther.theHasCancelButton &&
+               theHasGlass == theOther.theHasGlass && theDescription == theOther.theDescription &&
+               theHelp == theOther.theHelp;
     }
 };
 

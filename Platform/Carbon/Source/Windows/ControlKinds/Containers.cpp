@@ -3,6 +3,7 @@
 #include "Containers.h"
 
 #include "Creation.h"
+#include "DataTags.h"
 
 #include <algorithm>
 
@@ -41,6 +42,24 @@ Placard::Placard()
 void Placard::AddToLook(ControlLook& theLook) const
 {
     theLook.theShape = ControlShape::kPlacard;
+}
+
+WindowHeader::WindowHeader(bool theIsListHeader)
+    : Control(kControlKindWindowHeader, kControlSupportsEmbedding | kControlSupportsDataAccess),
+      mIsListHeader(theIsListHeader)
+{
+}
+
+const ControlDataTag* WindowHeader::FindTag(ResType theTag) const
+{
+    static const ControlDataTag kTags[] = {
+        FlagTag<WindowHeader, &WindowHeader::mIsListHeader>(kControlWindowHeaderIsListHeaderTag)};
+    return FindIn(kTags, theTag, Control::FindTag(theTag));
+}
+
+void WindowHeader::AddToLook(ControlLook& theLook) const
+{
+    theLook.theShape = ControlShape::kWindowHeader;
 }
 
 // Radio groups -------------------------------------------------------------------------------------------
@@ -134,4 +153,10 @@ OSStatus CreateUserPaneControl(WindowRef window, const Rect* boundsRect, UInt32 
 OSStatus CreatePlacardControl(WindowRef window, const Rect* boundsRect, ControlRef* outControl)
 {
     return Host::Create<Host::Placard>({window, boundsRect, nullptr, outControl, true});
+}
+
+OSStatus CreateWindowHeaderControl(WindowRef window, const Rect* boundsRect, Boolean isListHeader,
+                                   ControlRef* outControl)
+{
+    return Host::Create<Host::WindowHeader>({window, boundsRect, nullptr, outControl}, isListHeader != 0);
 }

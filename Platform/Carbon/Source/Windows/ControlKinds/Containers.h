@@ -36,6 +36,16 @@ public:
     void AddToLook(ControlLook& theLook) const override;
 };
 
+class WindowHeader : public Control
+{
+public:
+    explicit WindowHeader(bool theIsListHeader);
+    const ControlDataTag* FindTag(ResType theTag) const override;
+    void AddToLook(ControlLook& theLook) const override;
+
+    bool mIsListHeader;
+};
+
 // Of the radio buttons in it, the one whose place among its controls is its value is on, and no other. Its
 // range follows their number.
 class RadioGroup : public Control

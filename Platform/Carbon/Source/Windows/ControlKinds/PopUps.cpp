@@ -288,6 +288,37 @@ const ControlDataTag* PopUpButton::FindTag(ResType theTag) const
     return FindIn(kTags, theTag, Button::FindTag(theTag));
 }
 
+// Arrows -------------------------------------------------------------------------------------------------
+
+namespace {
+
+// In the order of the orientations.
+const ArrowDirection kArrowDirections[] = {ArrowDirection::kRight, ArrowDirection::kLeft, ArrowDirection::kUp,
+                                           ArrowDirection::kDown};
+
+class PopUpArrow : public Control
+{
+public:
+    explicit PopUpArrow(ArrowDirection theDirection)
+        : Control(kControlKindPopupArrow, 0),
+          mDirection(theDirection)
+    {
+    }
+
+    void AddToLook(ControlLook& theLook) const override
+    {
+        theLook.theShape = ControlShape::kArrow;
+        const auto theRareLook = std::make_shared<RareLook>();
+        theRareLook->theArrow = mDirection;
+        theLook.theRareLook = theRareLook;
+    }
+
+private:
+    ArrowDirection mDirection;
+};
+
+} // namespace
+
 } // namespace Host
 
 // The interface ------------------------------------------------------------------------------------------
@@ -318,4 +349,15 @@ void SetControlPopupMenuHandle(ControlRef control, MenuRef popupMenu)
 {
     SetControlData(control, kControlEntireControl, kControlPopupButtonMenuRefTag, sizeof popupMenu,
                    &popupMenu);
+}
+
+OSStatus CreatePopupArrowControl(WindowRef window, const Rect* boundsRect,
+                                 ControlPopupArrowOrientation orientation, ControlPopupArrowSize size,
+                                 ControlRef* outControl)
+{
+    if (orientation > kControlPopupArrowOrientationSouth || size > kControlPopupArrowSizeSmall) {
+        return Host::Refuse(outControl);
+    }
+    return Host::Create<Host::PopUpArrow>({window, boundsRect, nullptr, outControl, true},
+                                          Host::kArrowDirections[orientation]);
 }

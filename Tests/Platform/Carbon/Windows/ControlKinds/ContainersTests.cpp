@@ -63,6 +63,29 @@ TEST_F(Containers, APlacardHoldsControlsWithOrWithoutAWindow)
     EXPECT_EQ(TestControl(thePlacard, Point{230, 210}), kControlNoPart);
 }
 
+// Window headers -----------------------------------------------------------------------------------------
+
+namespace {
+
+class WindowHeaders : public ControlKindTest
+{
+};
+
+} // namespace
+
+TEST_F(WindowHeaders, HoldControlsAndKeepWhetherTheyAreOfAList)
+{
+    const Rect theBounds = MakeRect(20, 200, 220, 240);
+    for (const bool theIsListHeader : {false, true}) {
+        ControlRef theHeader = nullptr;
+        EXPECT_EQ(CreateWindowHeaderControl(mWindow, &theBounds, theIsListHeader, &theHeader), noErr);
+        EXPECT_EQ(EmbedControl(NewPushButton(), theHeader), noErr);
+        EXPECT_EQ(TestControl(theHeader, Point{230, 210}), kControlNoPart);
+        EXPECT_EQ(LookOf(theHeader).theShape, Host::ControlShape::kWindowHeader);
+        CheckFlag(theHeader, kControlWindowHeaderIsListHeaderTag, theIsListHeader);
+    }
+}
+
 // Radio groups -------------------------------------------------------------------------------------------
 
 namespace {

@@ -350,3 +350,30 @@ TEST_F(PopUps, TheExtraHeightIsKept)
         noErr);
     EXPECT_EQ(theHeight, 5);
 }
+
+// Arrows -------------------------------------------------------------------------------------------------
+
+TEST_F(PopUps, AnArrowPointsAndDoesNothing)
+{
+    const struct
+    {
+        ControlPopupArrowOrientation theOrientation;
+        Host::ArrowDirection theDirection;
+    } kRows[] = {{kControlPopupArrowOrientationEast, Host::ArrowDirection::kRight},
+                 {kControlPopupArrowOrientationWest, Host::ArrowDirection::kLeft},
+                 {kControlPopupArrowOrientationNorth, Host::ArrowDirection::kUp},
+                 {kControlPopupArrowOrientationSouth, Host::ArrowDirection::kDown}};
+    const Rect theBounds = MakeRect(20, 200, 36, 216);
+    ControlRef theArrow = nullptr;
+    for (const auto& theRow : kRows) {
+        EXPECT_EQ(CreatePopupArrowControl(mWindow, &theBounds, theRow.theOrientation,
+                                          kControlPopupArrowSizeSmall, &theArrow),
+                  noErr);
+        EXPECT_EQ(LookOf(theArrow).Rare().theArrow, theRow.theDirection);
+        EXPECT_EQ(TestControl(theArrow, Point{210, 30}), kControlNoPart);
+        EXPECT_EQ(SetKeyboardFocus(mWindow, theArrow, kControlFocusNextPart), errCouldntSetFocus);
+    }
+    EXPECT_EQ(CreatePopupArrowControl(mWindow, &theBounds, 4, 0, &theArrow), paramErr);
+    EXPECT_EQ(theArrow, nullptr);
+    EXPECT_EQ(CreatePopupArrowControl(mWindow, &theBounds, 0, 2, &theArrow), paramErr);
+}
