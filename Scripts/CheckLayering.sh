@@ -177,6 +177,9 @@ report "Drawing stands on CoreFoundation and Cairo, and nobody else knows Cairo"
     includes Platform/Drawing | grep -E '[<"/](Carbon|ApplicationServices|CoreServices|Presentation|Simulation)/'
     includes Source Platform Examples Tools | grep -E '<cairo' | grep -v '^Platform/Drawing/Source/Cairo/'
 )
+report "Nobody but one file of the nibs knows libxml2" < <(
+    includes Source Platform Examples Tools | grep -E '<libxml/' | grep -v '^Platform/Carbon/Source/Nibs/Xml/'
+)
 report "CoreServices stands between CoreFoundation and Carbon" < <(
     includes Platform/CoreServices | grep -E '[<"/](Carbon|ApplicationServices|Presentation|Simulation)/'
 )
@@ -209,6 +212,9 @@ room Windows/ControlKinds 'Common|Base|System|Events|Menus|Windows'
 room Alerts 'Common|Base|Events'
 room Objects 'Common|Base|System|Events|Menus|Windows|Windows/ControlKinds'
 room Views 'Common|Base|Events|Windows'
+room Nibs 'Common|Base|Windows'
+room Nibs/Xml 'Nibs'
+room Nibs/Plain 'Nibs'
 room Toolbox 'Common|Base|System|Events|Menus|Windows'
 room Input 'Common|Base|System|Events|Menus|Windows|Toolbox'
 report "Qt stays in its own presenter and in the inspector's window" < <(

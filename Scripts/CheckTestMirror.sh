@@ -20,6 +20,9 @@ exceptions()
 {
     cat <<'END'
 Platform/Carbon/Source/Input/PresentedManagers.cpp the managers as presenters see them: InputGateTests, LookTests
+Platform/Carbon/Source/Nibs/Nib.cpp what stands in a nib: Nib{Menus,Windows,Controls,ControlKinds}Tests
+Platform/Carbon/Source/Nibs/NibProperties.cpp what every control can have: NibControlsTests
+Platform/Carbon/Source/Nibs/Xml/ how nibs are read: NibsTests
 Platform/CoreFoundation/Source/CFContainer.cpp two callbacks of what holds values: CFArrayTests, CFDictionaryTests
 Platform/CoreFoundation/Source/Formats/ what formatters stand on: CF{NumberFormatter,DateFormatter,Locale,TimeZone}Tests
 Platform/CoreFoundation/Source/CFUnicodeTables.cpp tables alone: CFUnicodeTests, CFStringCompareTests

@@ -22,6 +22,7 @@
 #include <Carbon/HISearchField.h>
 #include <Carbon/HISegmentedView.h>
 #include <Carbon/HIView.h>
+#include <Carbon/IBCarbonRuntime.h>
 #include <Carbon/Icons.h>
 #include <Carbon/MacHelp.h>
 #include <Carbon/MacWindows.h>
