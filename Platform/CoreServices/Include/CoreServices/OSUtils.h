@@ -22,9 +22,9 @@ typedef struct DateTimeRec
     short dayOfWeek;
 } DateTimeRec;
 
-// Both do nothing for NULL. A day or an hour that there is not is counted on: the thirteenth month is the first
-// of the next year, and the day 0 the last of the month before. The day of the week is not looked at. Seconds
-// outside of 1904 to 2040 are taken within 32 bits.
+// Both do nothing for NULL. A day or an hour that there is not is counted on: the thirteenth month is the
+// first of the next year, and the day 0 the last of the month before. The day of the week is not looked at.
+// Seconds outside of 1904 to 2040 are taken within 32 bits.
 CF_EXPORT void SecondsToDate(unsigned long secs, DateTimeRec* d);
 CF_EXPORT void DateToSeconds(const DateTimeRec* d, unsigned long* secs);
 
