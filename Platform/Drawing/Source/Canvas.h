@@ -3,6 +3,7 @@
 #ifndef Canvas_h
 #define Canvas_h
 
+#include "CanDraw.h"
 #include "ColorSpaceObject.h"
 #include "Outline.h"
 
@@ -71,9 +72,6 @@ struct PixelMemory
 
 // Null where there is nothing that draws, and when there is no memory.
 std::unique_ptr<Canvas> MakeCanvas(const PixelMemory& theMemory);
-
-// Whether there is something that draws.
-bool CanDraw();
 
 } // namespace Host
 

@@ -13,6 +13,16 @@ namespace {
 // Column at which the names of controls begin.
 constexpr size_t kPictureWidth = 40;
 
+constexpr std::uint32_t kWhite = 0xFFFFFFFF;
+
+// What of a window can be in a picture, in one direction.
+constexpr int kLargestSide = 4096;
+
+int SideOf(int theStart, int theEnd)
+{
+    return std::clamp(theEnd - theStart, 0, kLargestSide);
+}
+
 template <class Look>
 void SortByOrder(std::vector<const Look*>& theLooks)
 {
@@ -109,6 +119,42 @@ std::vector<const ControlLook*> HeadlessSnapshot::ControlsIn(ObjectId theWindow,
     }
     SortByOrder(theControls);
     return theControls;
+}
+
+Picture HeadlessSnapshot::DrawingOf(ObjectId theWindow) const
+{
+    Picture theGround;
+    const WindowLook* const theLook = FindWindow(theWindow);
+    if (theLook == nullptr) {
+        return theGround;
+    }
+    for (const auto& theEntry : mControls) {
+        const Picture* const theDrawing = theEntry.second.Rare().theDrawing.get();
+        if (theDrawing != nullptr && theEntry.second.theWindow == theWindow) {
+            theGround.theScale = std::max(theGround.theScale, theDrawing->theScale);
+        }
+    }
+    const PixelRect& theContent = theLook->theContent;
+    theGround.theWidth = SideOf(theContent.theLeft, theContent.theRight) * theGround.theScale;
+    theGround.theHeight = SideOf(theContent.theTop, theContent.theBottom) * theGround.theScale;
+    theGround.thePixels.assign(
+        static_cast<size_t>(theGround.theWidth) * static_cast<size_t>(theGround.theHeight), kWhite);
+    DrawBranches(theWindow, kNoObject, theGround);
+    return theGround;
+}
+
+void HeadlessSnapshot::DrawBranches(ObjectId theWindow, ObjectId theParent, Picture& theGround) const
+{
+    for (const ControlLook* theControl : ControlsIn(theWindow, theParent)) {
+        const Picture* const theDrawing = theControl->Rare().theDrawing.get();
+        if (theDrawing != nullptr && theControl->theIsVisible) {
+            DrawOver(*theDrawing,
+                     {theControl->theBounds.theLeft * theGround.theScale,
+                      theControl->theBounds.theTop * theGround.theScale},
+                     theGround);
+        }
+        DrawBranches(theWindow, theControl->theId, theGround);
+    }
 }
 
 std::string HeadlessSnapshot::DescribeScreen() const

@@ -5,6 +5,7 @@
 
 #include <map>
 
+#include <Presentation/Picture.h>
 #include <Presentation/Presenter.h>
 
 namespace Host {
@@ -46,6 +47,10 @@ public:
     // How often the person was asked for attention since the presenter was made.
     int Beeps() const { return mBeeps; }
 
+    // What programs have drawn into the views of a window, over white, one view over the other: the controls
+    // are not in it. As fine as the finest of them; empty for a window that is not there.
+    Picture DrawingOf(ObjectId theWindow) const;
+
     // Telling -----------------------------------------------------------------------------------------
 
     // The whole screen as text, made to be read: the menu bar's titles, then each window from front to back
@@ -60,6 +65,7 @@ public:
     static std::string DescribeMenu(const MenuLook& theMenu);
 
 private:
+    void DrawBranches(ObjectId theWindow, ObjectId theParent, Picture& theGround) const;
     std::string DescribeMenuBar() const;
     std::string DescribeWindow(const WindowLook& theWindow) const;
     std::string DescribeBranches(ObjectId theWindow, ObjectId theParent, const std::string& theIndent) const;

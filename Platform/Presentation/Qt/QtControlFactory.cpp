@@ -14,6 +14,11 @@
 #include <QStyle>
 #include <QStyleOption>
 
+#include <memory>
+#include <utility>
+
+#include <Presentation/Picture.h>
+
 namespace Host {
 
 namespace {
@@ -117,18 +122,51 @@ protected:
     }
 };
 
-// Holds other controls and shows nothing itself.
+// Shows the pixels that a program has drawn, each once where the screen is as fine as they are.
+class DrawnWidget : public QWidget
+{
+public:
+    using QWidget::QWidget;
+
+    void SetPicture(std::shared_ptr<const Picture> thePicture, QPoint thePlace)
+    {
+        mPicture = std::move(thePicture);
+        mPlace = thePlace;
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        if (mPicture == nullptr) {
+            return;
+        }
+        QImage theImage(reinterpret_cast<const uchar*>(mPicture->thePixels.data()), mPicture->theWidth,
+                        mPicture->theHeight, 4 * mPicture->theWidth, QImage::Format_ARGB32_Premultiplied);
+        theImage.setDevicePixelRatio(mPicture->theScale);
+        QPainter(this).drawImage(mPlace - pos(), theImage);
+    }
+
+private:
+    std::shared_ptr<const Picture> mPicture;
+    QPoint mPlace; // in the content; the widget may be a part of the view
+};
+
+// Holds other controls, and shows what its program has drawn.
 class QtPane : public QtControl
 {
 public:
     QtPane(const ControlLook& theLook, QtInput& theInput, QWidget& theContent)
-        : QtControl(theLook, theInput, new QWidget(&theContent))
+        : QtControl(theLook, theInput, new DrawnWidget(&theContent))
     {
         theInput.Watch(Widget(), QtInput::MouseUse::kManagers);
     }
 
 protected:
-    void ShowState(const ControlLook&) override {}
+    void ShowState(const ControlLook& theLook) override
+    {
+        static_cast<DrawnWidget&>(Widget()).SetPicture(theLook.Rare().theDrawing,
+                                                       ToQRect(theLook.theBounds).topLeft());
+    }
 };
 
 template <class Kind>

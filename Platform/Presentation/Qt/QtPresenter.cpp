@@ -18,6 +18,7 @@
 #include <QElapsedTimer>
 #include <QFontMetrics>
 #include <QScreen>
+#include <QtMath>
 
 #include <algorithm>
 #include <tuple>
@@ -179,6 +180,14 @@ std::vector<ScreenLook> QtPresenter::Screens() const
             {ToPixelRect(theScreen->geometry()), ToPixelRect(theScreen->availableGeometry())});
     }
     return theScreens;
+}
+
+// A window that has not been shown yet will be on the main screen.
+int QtPresenter::ScaleOf(ObjectId theWindow) const
+{
+    const QWidget* const theWidget = FindWindowWidget(theWindow);
+    const qreal theRatio = theWidget == nullptr ? qApp->devicePixelRatio() : theWidget->devicePixelRatio();
+    return qCeil(theRatio);
 }
 
 std::string QtPresenter::ClipboardText() const

@@ -46,6 +46,7 @@ public:
     void Stop() override;
     std::vector<ScreenLook> Screens() const override;
     PixelSize MeasureText(const std::string& theText, TextStyle theStyle) const override;
+    int ScaleOf(ObjectId theWindow) const override;
     std::string ClipboardText() const override;
     void SetClipboardText(const std::string& theText) override;
     void WindowLooks(const WindowLook& theLook) override;

@@ -78,6 +78,11 @@ PixelSize Presenter::MeasureText(const std::string& theText, TextStyle theStyle)
     return {theCell.theWidth * CountCodePoints(theText), theCell.theHeight};
 }
 
+int Presenter::ScaleOf(ObjectId) const
+{
+    return 1;
+}
+
 void Presenter::WindowLooks(const WindowLook&) {}
 
 void Presenter::WindowGone(ObjectId) {}

@@ -13,11 +13,20 @@
 #include <Presentation/PresenterRegistry.h>
 
 #include <algorithm>
+#include <fstream>
 #include <utility>
 
 namespace Host {
 
 namespace {
+
+UserResult SavePng(const Picture& thePicture, const std::string& thePath)
+{
+    std::ofstream theFile(thePath, std::ios::binary);
+    theFile << PngOf(thePicture);
+    theFile.close();
+    return theFile ? UserResult::Done() : Refuse("the file \"" + thePath + "\" cannot be written");
+}
 
 std::string Name(const Window& theWindow)
 {
@@ -446,6 +455,22 @@ std::string UserSimulator::DescribeHelp(const ControlAddress& theAddress) const
     const bool theIsSeen = theControl != nullptr && theControl->Is(ControlState::kVisible) &&
                            WhyClosedOff(theControl->Owner()).empty();
     return theIsSeen ? theControl->Look().Rare().theHelp : std::string();
+}
+
+UserResult UserSimulator::SavePicture(const ControlAddress& theAddress, const std::string& thePath) const
+{
+    const SharedControl theControl = FindControl(theAddress.Find());
+    const ControlLook theLook = theControl == nullptr ? ControlLook() : theControl->Look();
+    return theLook.Rare().theDrawing == nullptr ? Refuse("the program has not drawn such a control")
+                                                : SavePng(*theLook.Rare().theDrawing, thePath);
+}
+
+UserResult UserSimulator::SavePicture(WindowRef theWindow, const std::string& thePath) const
+{
+    const SharedWindow theFound = FindWindow(theWindow);
+    return theFound == nullptr || !theFound->IsVisible()
+               ? Refuse("the window is not shown")
+               : SavePng(Glance().DrawingOf(theFound->Identifier()), thePath);
 }
 
 } // namespace Host

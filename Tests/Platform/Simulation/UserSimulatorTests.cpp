@@ -602,6 +602,19 @@ TEST_F(UserSimulator, TellsTheHelpOfAControlThatIsSeen)
     EXPECT_EQ(mUser.DescribeHelp(ControlRef{}), "");
 }
 
+TEST_F(UserSimulator, KeepsNoPictureOfWhatIsNotDrawnNotShownOrHasNoPlace)
+{
+    const std::string thePath = testing::TempDir() + "no-picture.png";
+    EXPECT_EQ(mUser.SavePicture(mProgram.mField, thePath).Reason(),
+              "the program has not drawn such a control");
+    EXPECT_FALSE(mUser.SavePicture(ControlRef{}, thePath));
+    EXPECT_EQ(mUser.SavePicture(mProgram.mWindow.Get(), "/dev/null/picture.png").Reason(),
+              "the file \"/dev/null/picture.png\" cannot be written");
+    HideWindow(mProgram.mWindow.Get());
+    EXPECT_EQ(mUser.SavePicture(mProgram.mWindow.Get(), thePath).Reason(), "the window is not shown");
+    EXPECT_FALSE(mUser.SavePicture(WindowRef{}, thePath));
+}
+
 TEST_F(UserSimulator, TellsWhatIsOnTheScreen)
 {
     FocusField();

@@ -48,6 +48,36 @@ TEST(HeadlessSnapshot, DescribesAControlThatItDoesNotKnowAsNothing)
     EXPECT_EQ(HeadlessSnapshot().DescribeControl(3), "");
 }
 
+// Drawings ---------------------------------------------------------------------------------------------
+
+TEST(HeadlessSnapshot, LaysDrawingsOverEachOtherAsTheViewsAre)
+{
+    const auto theDrawn = [](ObjectId theId, ObjectId theParent, Host::PixelRect theBounds,
+                             Host::Picture theOne) {
+        Host::RareLook theRareLook;
+        theRareLook.theDrawing = std::make_shared<const Host::Picture>(std::move(theOne));
+        ControlLook theLook = Control(theId, ControlShape::kPane, theParent);
+        theLook.theBounds = theBounds;
+        theLook.theRareLook = std::make_shared<const Host::RareLook>(theRareLook);
+        return theLook;
+    };
+    HeadlessSnapshot theSnapshot;
+    WindowLook theWindow = Window(kWindow, "Drawn", 0);
+    theWindow.theContent = {100, 80, 102, 81};
+    theSnapshot.WindowLooks(theWindow);
+    theSnapshot.ControlLooks(
+        theDrawn(kRoot, Host::kNoObject, {0, 0, 2, 1}, {2, 1, 1, {0xFF0000FF, 0xFF0000FF}}));
+    theSnapshot.ControlLooks(
+        theDrawn(4, kRoot, {1, 0, 2, 1}, {2, 2, 2, {0xFFFF0000, 0xFF00FF00, 0xFF000000, 0}}));
+    const Host::Picture theDrawing = theSnapshot.DrawingOf(kWindow);
+    EXPECT_EQ(theDrawing.theScale, 2);
+    EXPECT_EQ(theDrawing.theWidth, 4);
+    EXPECT_EQ(theDrawing.thePixels,
+              (std::vector<std::uint32_t>{0xFF0000FF, 0xFF0000FF, 0xFFFF0000, 0xFF00FF00, 0xFF0000FF,
+                                          0xFF0000FF, 0xFF000000, 0xFF0000FF}));
+    EXPECT_TRUE(theSnapshot.DrawingOf(99).thePixels.empty());
+}
+
 // The whole screen -------------------------------------------------------------------------------------
 
 TEST(HeadlessSnapshot, SaysSoWhenNothingIsOnTheScreen)

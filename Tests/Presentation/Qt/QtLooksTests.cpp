@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
+#include <Presentation/Picture.h>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -32,6 +33,7 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
+#include <QtMath>
 #include <QToolButton>
 #include <utility>
 
@@ -180,6 +182,27 @@ TEST_F(QtLooks, TurnsArrowsOnlyWhileTheyAreAnimated)
     theLook.theIsVisible = false;
     Shown<QWidget>(theLook);
     EXPECT_FALSE(theTimer.isActive());
+}
+
+TEST_F(QtLooks, ShowsTheVeryPixelsThatAProgramHasDrawn)
+{
+    Host::RareLook theRareLook;
+    theRareLook.theDrawing =
+        std::make_shared<const Host::Picture>(Host::Picture{2, 1, 1, {0xFFFF0000, 0xFF00FF00}});
+    ControlLook theLook = Control(ControlShape::kPane);
+    theLook.theRareLook = std::make_shared<const Host::RareLook>(theRareLook);
+    QImage theImage = Shown<QWidget>(theLook).grab().toImage();
+    const QColor theGround = theImage.pixelColor(2, 0);
+    EXPECT_EQ(theImage.pixelColor(0, 0), QColor(255, 0, 0));
+    EXPECT_EQ(theImage.pixelColor(1, 0), QColor(0, 255, 0));
+    EXPECT_EQ(theImage.pixelColor(0, 1), theGround);
+    theRareLook.theDrawing = std::make_shared<const Host::Picture>(
+        Host::Picture{4, 2, 2, std::vector<std::uint32_t>(8, 0xFF0000FF)});
+    theLook.theRareLook = std::make_shared<const Host::RareLook>(theRareLook);
+    theImage = Shown<QWidget>(theLook).grab().toImage();
+    EXPECT_EQ(theImage.pixelColor(1, 0), QColor(0, 0, 255));
+    EXPECT_EQ(theImage.pixelColor(2, 0), theGround);
+    EXPECT_EQ(mPresenter.ScaleOf(kWindow), qCeil(WindowWidget().devicePixelRatio()));
 }
 
 TEST_F(QtLooks, MakesAControlOfAnotherShapeAnew)

@@ -251,6 +251,11 @@ CARBON_EXPORT void ShowControl(ControlRef theControl);
 CARBON_EXPORT void HideControl(ControlRef theControl);
 CARBON_EXPORT Boolean IsControlVisible(ControlRef inControl);
 
+// Has a control and all in it drawn by the program, as far as it draws them, now; all controls of a window.
+CARBON_EXPORT void Draw1Control(ControlRef theControl);
+#define DrawOneControl(theControl) Draw1Control(theControl)
+CARBON_EXPORT void DrawControls(WindowRef theWindow);
+
 // Draws a part as pressed (1 to 253), none (0), or makes the control disabled (254) or inactive (255), which
 // 0 to 253 take back. kEventControlHiliteChanged tells of parts, the events above of the rest.
 CARBON_EXPORT void HiliteControl(ControlRef theControl, ControlPartCode hiliteState);

@@ -335,10 +335,31 @@ CARBON_EXPORT Boolean HIViewIsLayoutActive(HIViewRef inView);
 
 // Display -----------------------------------------------------------------------------------------------
 
-// Has a view shown once more as it is. Every change is shown by itself, so this is for programs that say it
-// anyway.
+// Views of the program's own classes, user panes and the root of a window are drawn by handlers of
+// kEventControlDraw, if there are any. They are given, beside the control, a context whose origin is at the
+// top left of the view, with y growing downwards (kEventParamCGContextRef), and the part that must be drawn
+// (kEventParamRgnHandle), outside of which nothing is drawn; what was in it is gone. What they have drawn is
+// shown, whatever they answer, behind the views in this one. Other views draw themselves, and marks on them
+// mean nothing.
+//
+// A view must be drawn as a whole when it is new, shown, enabled, active, highlighted, named, sized or valued
+// otherwise than before. Everything else is for the program to mark. What is marked is collected as one
+// rectangle, and drawn once before the event loop waits, when the view can be seen.
+
+// Marks a view, or a part of it in its own coordinates, or takes the mark away; that of a part only when
+// nothing else is marked. A hidden view is not marked. Views in it are not touched.
 CARBON_EXPORT OSStatus HIViewSetNeedsDisplay(HIViewRef inView, Boolean inNeedsDisplay);
 CARBON_EXPORT OSStatus HIViewSetNeedsDisplayInRect(HIViewRef inView, const HIRect* inRect,
                                                    Boolean inNeedsDisplay);
+CARBON_EXPORT OSStatus HIViewSetNeedsDisplayInRegion(HIViewRef inView, RgnHandle inRegion,
+                                                     Boolean inNeedsDisplay);
+CARBON_EXPORT Boolean HIViewGetNeedsDisplay(HIViewRef inView);
+
+// A view whose drawing is disabled is never drawn, and cannot be marked. Enabling it marks nothing.
+CARBON_EXPORT OSStatus HIViewSetDrawingEnabled(HIViewRef inView, Boolean inEnabled);
+CARBON_EXPORT Boolean HIViewIsDrawingEnabled(HIViewRef inView);
+
+// Draws what is marked in a view and in all that it holds, now.
+CARBON_EXPORT OSStatus HIViewRender(HIViewRef inView);
 
 #endif

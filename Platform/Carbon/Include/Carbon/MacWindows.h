@@ -509,6 +509,9 @@ enum
 // there are not.
 CARBON_EXPORT OSStatus CreateStandardWindowMenu(OptionBits inOptions, MenuRef* outMenu);
 
+// Draws what is marked in the views of a window, now; see HIView.h.
+CARBON_EXPORT OSStatus HIWindowFlush(WindowRef inWindow);
+
 // What windows here do not have -------------------------------------------------------------------------
 //
 // Neither icons of their documents, nor toolbars, nor drags. The calls are there because programs make them

@@ -108,6 +108,8 @@ private:
 
 std::array<LoopChore, 3> gChores = {}; // the focus, the menus, and the buttons that show menus
 
+LoopChore gLastChore = nullptr;
+
 // False when there was nothing to do.
 bool DoChoresOnce()
 {
@@ -145,6 +147,14 @@ OSStatus RunUntil(double theDeadline, const Condition& theIsDone)
         }
         if (theIsDone()) {
             return noErr;
+        }
+        if (gLastChore != nullptr && gLastChore()) {
+            if (theRun.IsQuit()) {
+                return eventLoopQuitErr;
+            }
+            if (theIsDone()) {
+                return noErr;
+            }
         }
         if (CurrentClock().Now() >= theDeadline || !Wait(std::min(theDeadline, NextTimerTime()))) {
             return eventLoopTimedOutErr;
@@ -237,6 +247,11 @@ void AddLoopChore(LoopChore theChore)
             return;
         }
     }
+}
+
+void SetLastChore(LoopChore theChore)
+{
+    gLastChore = theChore;
 }
 
 bool IsApplicationLoopRunning()

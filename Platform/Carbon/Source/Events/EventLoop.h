@@ -16,6 +16,10 @@ void WakeEventLoop();
 using LoopChore = bool (*)();
 void AddLoopChore(LoopChore theChore);
 
+// What is done when there is nothing else to do, before a loop waits. It answers whether there was something
+// to do. The views that programs draw have it.
+void SetLastChore(LoopChore theChore);
+
 // Whether RunApplicationEventLoop is running.
 bool IsApplicationLoopRunning();
 

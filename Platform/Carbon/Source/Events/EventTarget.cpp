@@ -114,11 +114,15 @@ bool EventTarget::ActsOn(OSType theClass) const
            (mBehaviour.theConcerns == nullptr || mBehaviour.theConcerns(theClass));
 }
 
+bool EventTarget::HasHandlerOf(const EventTypeSpec& theType) const
+{
+    return std::any_of(mHandlers.begin(), mHandlers.end(),
+                       [&](const auto& theHandler) { return theHandler->Wants(theType); });
+}
+
 bool EventTarget::Awaits(const EventTypeSpec& theType) const
 {
-    return ActsOn(theType.eventClass) ||
-           std::any_of(mHandlers.begin(), mHandlers.end(),
-                       [&](const auto& theHandler) { return theHandler->Wants(theType); });
+    return ActsOn(theType.eventClass) || HasHandlerOf(theType);
 }
 
 void EventTarget::Install(std::shared_ptr<EventHandler> theHandler)

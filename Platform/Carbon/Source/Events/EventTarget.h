@@ -86,6 +86,9 @@ public:
     // Whether the object itself may do something with events of a class.
     bool ActsOn(OSType theClass) const;
 
+    // Whether a handler would be asked about an event of a type.
+    bool HasHandlerOf(const EventTypeSpec& theType) const;
+
     // Whether the object or a handler would be asked about an event of a type.
     bool Awaits(const EventTypeSpec& theType) const;
 

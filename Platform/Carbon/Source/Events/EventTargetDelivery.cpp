@@ -277,6 +277,12 @@ OSStatus SendEvent(const SharedEvent& theEvent, EventTargetRef theTarget, Option
     return theDelivery->Run(*theEvent);
 }
 
+bool HasHandler(EventTargetRef theTarget, const EventTypeSpec& theType)
+{
+    const std::shared_ptr<EventTarget> theFound = FindEventTarget(theTarget);
+    return theFound != nullptr && theFound->HasHandlerOf(theType);
+}
+
 bool IsAwaited(EventTargetRef theTarget, const EventTypeSpec& theType)
 {
     std::shared_ptr<EventTarget> theNext = FindEventTarget(theTarget);

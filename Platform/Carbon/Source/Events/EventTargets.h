@@ -35,6 +35,9 @@ OSStatus SendEvent(const std::shared_ptr<Event>& theEvent, EventTargetRef theTar
 // event need not be made.
 bool IsAwaited(EventTargetRef theTarget, const EventTypeSpec& theType);
 
+// Whether a target has a handler of a type of its own.
+bool HasHandler(EventTargetRef theTarget, const EventTypeSpec& theType);
+
 // Makes the event target of a control, window or menu; each manager makes one for each of its objects,
 // and disposes it with the object.
 EventTargetRef NewEventTarget(EventTargetBehaviour theBehaviour);

@@ -37,16 +37,6 @@ OSStatus SetState(HIViewRef theReference, ControlState theState, bool theIsOn)
     return theView == nullptr ? OSStatus{errUnknownControl} : theView->Set(theState, theIsOn);
 }
 
-OSStatus ShowAgain(HIViewRef theReference)
-{
-    const SharedControl theView = Host::FindControl(theReference);
-    if (theView == nullptr) {
-        return errUnknownControl;
-    }
-    theView->Show();
-    return noErr;
-}
-
 } // namespace
 
 SInt32 HIViewGetValue(HIViewRef inView)
@@ -242,14 +232,4 @@ OSStatus HIViewAdvanceFocus(HIViewRef inRootForFocus, EventModifiers inModifiers
     const SharedWindow theWindow = theView->Owner();
     return theWindow == nullptr ? OSStatus{errCouldntSetFocus}
                                 : AdvanceFocus(theWindow, (inModifiers & shiftKey) != 0);
-}
-
-OSStatus HIViewSetNeedsDisplay(HIViewRef inView, Boolean)
-{
-    return ShowAgain(inView);
-}
-
-OSStatus HIViewSetNeedsDisplayInRect(HIViewRef inView, const HIRect* inRect, Boolean)
-{
-    return inRect == nullptr ? OSStatus{paramErr} : ShowAgain(inView);
 }

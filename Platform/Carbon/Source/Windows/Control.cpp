@@ -135,7 +135,7 @@ OSStatus Control::Set(ControlState theState, bool theIsOn)
         ReleaseFocusInside(*this);
     }
     for (const SharedControl& theControl : theChanged) {
-        theControl->Show();
+        theControl->ShowChange();
     }
     for (const SharedControl& theControl : theChanged) {
         if (!theControl->mIsGone) {
@@ -184,6 +184,9 @@ void Control::SetBounds(const Rect& theBounds)
     mBounds = theBounds;
     ShowAll();
     if ((BoundsAttributes(theOld, theBounds) & kControlBoundsChangeSizeChanged) != 0) {
+        if (mIsDrawnByProgram) {
+            Changed();
+        }
         SendBoundsChange(*this, kEventControlInvalidateForSizeChange, theOld);
     }
     if (!mIsGone) {
@@ -200,7 +203,7 @@ void Control::SetTitle(Text theTitle)
         return;
     }
     mTitle = std::move(theTitle);
-    Show();
+    ShowChange();
     Tell(kEventClassControl, kEventControlTitleChanged);
 }
 
@@ -211,7 +214,7 @@ void Control::SetHilite(ControlPartCode thePart)
     }
     const ControlPartCode theOld = mHilite;
     mHilite = thePart;
-    Show();
+    ShowChange();
     OutgoingEvent theEvent(kEventClassControl, kEventControlHiliteChanged);
     theEvent.Set(kEventParamDirectObject, typeControlRef, Reference());
     theEvent.Set(kEventParamControlPreviousPart, typeControlPartCode, theOld);
@@ -256,6 +259,14 @@ void Control::ShowAll() const
             Replay(PresenterRegistry::Current());
             return OSStatus{noErr};
         });
+    }
+}
+
+void Control::ShowChange()
+{
+    Show();
+    if (mIsDrawnByProgram) {
+        Changed();
     }
 }
 
@@ -390,5 +401,7 @@ void Control::FocusMoved(bool) {}
 void Control::EnteredByKey() {}
 
 void Control::Disposed() {}
+
+void Control::Changed() {}
 
 } // namespace Host

@@ -166,9 +166,11 @@ public:
     void Tell(OSType theClass, UInt32 theKind);
     OSStatus Ask(OSType theClass, UInt32 theKind);
 
-    // Tells the presenter what the control looks like; with its sub-controls in the second form.
+    // Tells the presenter what the control looks like; with its sub-controls in the second form, and after a
+    // change of what is in its bounds in the third.
     void Show() const;
     void ShowAll() const;
+    void ShowChange();
     void Replay(Presenter& thePresenter) const;
     ControlLook Look() const;
 
@@ -257,6 +259,12 @@ public:
 
     // A state of its own, whatever is around it.
     bool OwnState(ControlState theState) const { return mStates.Has(theState); }
+
+protected:
+    // What is in the bounds of one that its program draws is no longer what is shown.
+    virtual void Changed();
+
+    bool mIsDrawnByProgram = false; // so that all others need not be asked at each change
 
 private:
     void AddPlaceToLook(ControlLook& theLook) const;

@@ -120,6 +120,9 @@ void Control::Begin(const SharedWindow& theOwner, const Rect& theBounds, const T
         Controls().Remove(Reference());
         throw std::bad_alloc();
     }
+    if (mIsDrawnByProgram) {
+        Changed();
+    }
 }
 
 void Control::BeginAsRoot(const SharedWindow& theOwner, const Rect& theBounds)

@@ -65,6 +65,10 @@ public:
     // machine: 7 by 16 pixels for each code point (6 by 13 for kSmall).
     virtual PixelSize MeasureText(const std::string& theText, TextStyle theStyle) const;
 
+    // How many pixels of the screen, in one direction, are one of a window: what programs draw is drawn as
+    // fine. Always 1 by default.
+    virtual int ScaleOf(ObjectId theWindow) const;
+
     // What it looks like -------------------------------------------------------------------------------
 
     // The window now looks like this. A change of the order of windows arrives as one look for each window

@@ -266,12 +266,15 @@ enum class ArrowDirection
     kDown,
 };
 
+struct Picture;
+
 // What few controls have.
 struct RareLook
 {
     std::vector<SegmentLook> theSegments; // of segments, or the numbers of a clock
     ArrowDirection theArrow = ArrowDirection::kRight;
-    std::vector<TabLook> theTabs; // of tabs; the value is the number of the one in front, from 1
+    std::shared_ptr<const Picture> theDrawing; // of a pane that its program draws; another one each time
+    std::vector<TabLook> theTabs;              // of tabs; the value is the number of the one in front, from 1
     TabEdge theTabEdge = TabEdge::kTop;
     PictureShape thePicture = PictureShape::kNone;
     TitlePlace theTitlePlace = TitlePlace::kRight;
@@ -286,12 +289,12 @@ struct RareLook
     bool operator==(const RareLook& theOther) const
     {
         return theSegments == theOther.theSegments && theArrow == theOther.theArrow &&
-               theTabs == theOther.theTabs && theTabEdge == theOther.theTabEdge &&
-               thePicture == theOther.thePicture && theDiameter == theOther.theDiameter &&
-               theTitlePlace == theOther.theTitlePlace && theIsToggle == theOther.theIsToggle &&
-               theHasMenu == theOther.theHasMenu && theHasCancelButton == theOther.theHasCancelButton &&
-               theHasGlass == theOther.theHasGlass && theDescription == theOther.theDescription &&
-               theHelp == theOther.theHelp;
+               theDrawing == theOther.theDrawing && theTabs == theOther.theTabs &&
+               theTabEdge == theOther.theTabEdge && thePicture == theOther.thePicture &&
+               theDiameter == theOther.theDiameter && theTitlePlace == theOther.theTitlePlace &&
+               theIsToggle == theOther.theIsToggle && theHasMenu == theOther.theHasMenu &&
+               theHasCancelButton == theOther.theHasCancelButton && theHasGlass == theOther.theHasGlass &&
+               theDescription == theOther.theDescription && theHelp == theOther.theHelp;
     }
 };
 

@@ -174,6 +174,12 @@ public:
     // that a person does not see.
     std::string DescribeHelp(const ControlAddress& theAddress) const;
 
+    // Writes what the program has drawn into a view, or into all views of a window, as a PNG file. Refused
+    // for a view that the program has not drawn, for a window that is not shown, and when the file cannot be
+    // written.
+    UserResult SavePicture(const ControlAddress& theAddress, const std::string& thePath) const;
+    UserResult SavePicture(WindowRef theWindow, const std::string& thePath) const;
+
 private:
     // Chooses from a menu that the press pops up.
     using Choice = std::function<MenuChoice(const PopUpLook&)>;

@@ -10,13 +10,8 @@
 namespace Host {
 
 RootControl::RootControl()
-    : Control(kControlKindUserPane, kControlSupportsEmbedding)
+    : DrawnView(kControlKindUserPane, kControlSupportsEmbedding)
 {
-}
-
-void RootControl::AddToLook(ControlLook& theLook) const
-{
-    theLook.theShape = ControlShape::kPane;
 }
 
 UserPane::UserPane(UInt32 theFeatures)

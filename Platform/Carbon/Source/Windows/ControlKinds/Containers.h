@@ -8,11 +8,10 @@
 namespace Host {
 
 // Holds all controls of a window and goes with it.
-class RootControl : public Control
+class RootControl : public DrawnView
 {
 public:
     RootControl();
-    void AddToLook(ControlLook& theLook) const override;
 };
 
 // Holds what the program puts into it.

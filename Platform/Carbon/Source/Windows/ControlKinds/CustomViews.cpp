@@ -9,7 +9,7 @@
 namespace Host {
 
 CustomView::CustomView(UInt32 theFeatures)
-    : Control(kControlKindUserPane, theFeatures)
+    : DrawnView(kControlKindUserPane, theFeatures)
 {
 }
 
@@ -33,11 +33,6 @@ ControlPartCode CustomView::PartAt(Point thePoint) const
 bool CustomView::HasPartAt(ControlPartCode thePart, Point thePoint) const
 {
     return Contains(WindowBounds(), thePoint) && PartAt(thePoint) == thePart;
-}
-
-void CustomView::AddToLook(ControlLook& theLook) const
-{
-    theLook.theShape = ControlShape::kPane;
 }
 
 } // namespace Host

@@ -3,19 +3,18 @@
 #ifndef ControlKinds_CustomViews_h
 #define ControlKinds_CustomViews_h
 
-#include "Windows/Control.h"
+#include "Windows/DrawnView.h"
 
 namespace Host {
 
 // A view that is what its program makes of it: where it can be pressed is for handlers of
 // kEventControlHitTest to say, and nowhere without them. These may dispose it.
-class CustomView : public Control
+class CustomView : public DrawnView
 {
 public:
     explicit CustomView(UInt32 theFeatures);
     ControlPartCode PartAt(Point thePoint) const override;
     bool HasPartAt(ControlPartCode thePart, Point thePoint) const override;
-    void AddToLook(ControlLook& theLook) const override;
 };
 
 } // namespace Host
