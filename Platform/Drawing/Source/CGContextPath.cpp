@@ -3,6 +3,7 @@
 // The path of a context.
 
 #include "ContextObject.h"
+#include "PathObject.h"
 
 using namespace Host;
 
@@ -93,6 +94,15 @@ void CGContextAddArcToPoint(CGContextRef c, CGFloat x1, CGFloat y1, CGFloat x2, 
     ChangePath(c, [=](Outline& thePath, const CGAffineTransform& t) {
         thePath.ArcToPoint({x1, y1}, {x2, y2}, radius, t);
     });
+}
+
+void CGContextAddPath(CGContextRef c, CGPathRef path)
+{
+    const CGPath* const theAdded = Checked(path, kPathType);
+    if (theAdded != nullptr) {
+        ChangePath(
+            c, [&](Outline& thePath, const CGAffineTransform& t) { thePath.Append(theAdded->mOutline, t); });
+    }
 }
 
 bool CGContextIsPathEmpty(CGContextRef c)

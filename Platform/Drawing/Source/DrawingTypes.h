@@ -12,12 +12,14 @@ enum : CFTypeID
 {
     kColorSpaceTypeID = kFirstOtherTypeID,
     kColorTypeID,
-    kContextTypeID
+    kContextTypeID,
+    kPathTypeID
 };
 
 extern const TypeOperations kColorSpaceType;
 extern const TypeOperations kColorType;
 extern const TypeOperations kContextType;
+extern const TypeOperations kPathType;
 
 // The object behind a reference that may be null or of another type: null then.
 template <class Object>

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Host {
 
@@ -71,6 +72,127 @@ double Turn(double theStart, double theEnd, bool theIsClockwise)
 }
 
 } // namespace
+
+namespace {
+
+// Pieces of a curve that are as good as straight for who asks whether a place is inside.
+constexpr int kPieces = 32;
+
+Spot OnCurve(const Spot* theSpots, Spot theStart, double thePart)
+{
+    const Spot theFirst = Between(theStart, theSpots[0], thePart);
+    const Spot theMiddle = Between(theSpots[0], theSpots[1], thePart);
+    const Spot theLast = Between(theSpots[1], theSpots[2], thePart);
+    return Between(Between(theFirst, theMiddle, thePart), Between(theMiddle, theLast, thePart), thePart);
+}
+
+// Counts how often lines go around a place: those that cross the way from it to the right.
+class Winding
+{
+public:
+    explicit Winding(Spot theSpot)
+        : mSpot(theSpot)
+    {
+    }
+
+    void MoveTo(Spot theSpot)
+    {
+        LineTo(mStart);
+        mStart = theSpot;
+        mCurrent = theSpot;
+    }
+
+    void LineTo(Spot theSpot)
+    {
+        const bool theWasBelow = mCurrent.theY <= mSpot.theY;
+        const bool theIsBelow = theSpot.theY <= mSpot.theY;
+        if (theWasBelow != theIsBelow && CrossingOf(theSpot) > mSpot.theX) {
+            mCount += theIsBelow ? -1 : 1;
+            ++mCrossings;
+        }
+        mCurrent = theSpot;
+    }
+
+    void CurveTo(const Spot* theSpots)
+    {
+        const Spot theStart = mCurrent;
+        for (int thePiece = 1; thePiece <= kPieces; ++thePiece) {
+            LineTo(OnCurve(theSpots, theStart, static_cast<double>(thePiece) / kPieces));
+        }
+    }
+
+    void Close() { LineTo(mStart); }
+
+    bool IsInside(bool theIsEvenOdd) const { return theIsEvenOdd ? mCrossings % 2 != 0 : mCount != 0; }
+
+private:
+    double CrossingOf(Spot theSpot) const
+    {
+        const double thePart = (mSpot.theY - mCurrent.theY) / (theSpot.theY - mCurrent.theY);
+        return Between(mCurrent, theSpot, thePart).theX;
+    }
+
+    Spot mSpot;
+    Spot mStart;
+    Spot mCurrent;
+    int mCount = 0;
+    int mCrossings = 0;
+};
+
+} // namespace
+
+bool operator==(const Outline& theOne, const Outline& theOther)
+{
+    return theOne.Steps() == theOther.Steps() &&
+           std::equal(theOne.Spots().begin(), theOne.Spots().end(), theOther.Spots().begin(),
+                      theOther.Spots().end(), [](Spot theFirst, Spot theSecond) {
+                          return theFirst.theX == theSecond.theX && theFirst.theY == theSecond.theY;
+                      });
+}
+
+bool Outline::Contains(Spot theSpot, bool theIsEvenOdd) const
+{
+    if (!std::isfinite(theSpot.theX) || !std::isfinite(theSpot.theY)) {
+        return false;
+    }
+    Winding theWinding(theSpot);
+    const Spot* theNext = mSpots.data();
+    for (const Step theStep : mSteps) {
+        switch (theStep) {
+        case Step::kMove:
+            theWinding.MoveTo(theNext[0]);
+            theNext += 1;
+            break;
+        case Step::kLine:
+            theWinding.LineTo(theNext[0]);
+            theNext += 1;
+            break;
+        case Step::kCurve:
+            theWinding.CurveTo(theNext);
+            theNext += 3;
+            break;
+        case Step::kClose:
+            theWinding.Close();
+            break;
+        }
+    }
+    theWinding.Close();
+    return theWinding.IsInside(theIsEvenOdd);
+}
+
+void Outline::Append(const Outline& theOther, const CGAffineTransform& theTransform)
+{
+    Outline theWhole = *this;
+    theWhole.mSteps.insert(theWhole.mSteps.end(), theOther.mSteps.begin(), theOther.mSteps.end());
+    for (const Spot theSpot : theOther.mSpots) {
+        theWhole.mSpots.push_back(Applied(theSpot, theTransform));
+    }
+    if (!theOther.IsEmpty()) {
+        theWhole.mStart = Applied(theOther.mStart, theTransform);
+        theWhole.mCurrent = Applied(theOther.mCurrent, theTransform);
+    }
+    *this = std::move(theWhole);
+}
 
 void Outline::Clear()
 {

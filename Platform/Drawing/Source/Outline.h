@@ -40,6 +40,12 @@ public:
     // Around all places, those that pull included. The null rectangle for an empty outline.
     CGRect Box() const;
 
+    // Whether filling it paints a place. Curves are followed in straight pieces.
+    bool Contains(Spot theSpot, bool theIsEvenOdd) const;
+
+    // Adds all of another one, or of this one.
+    void Append(const Outline& theOther, const CGAffineTransform& theTransform);
+
     void Move(CGPoint thePoint, const CGAffineTransform& theTransform);
 
     // Each starts where the last one ended, and adds nothing to an empty outline.
@@ -71,6 +77,8 @@ private:
     Spot mStart; // of the part that is being drawn
     Spot mCurrent;
 };
+
+bool operator==(const Outline& theOne, const Outline& theOther);
 
 } // namespace Host
 

@@ -56,7 +56,7 @@ TEST(CGColor, AColourIsAnObject)
         EXPECT_TRUE(CFEqual(theText, theName));
         CFRelease(theText);
     }
-    EXPECT_EQ(CFCopyTypeIDDescription(CGContextGetTypeID() + 1), nullptr);
+    EXPECT_EQ(CFCopyTypeIDDescription(CGPathGetTypeID() + 1), nullptr);
     CGColorRelease(theColor);
 }
 

@@ -176,3 +176,27 @@ TEST_F(CGContextPath, NothingHasNoPath)
     EXPECT_EQ(CGContextGetPathCurrentPoint(nullptr).x, 0);
     EXPECT_TRUE(CGRectIsNull(CGContextGetPathBoundingBox(nullptr)));
 }
+
+TEST_F(CGContextPath, APathIsAddedInTheCoordinatesOfTheMoment)
+{
+    const CGMutablePathRef thePath = CGPathCreateMutable();
+    CGPathAddRect(thePath, nullptr, CGRectMake(0, 0, 3, 2));
+    CGContextMoveToPoint(mContext, 9, 9);
+    CGContextTranslateCTM(mContext, 4, 1);
+    CGContextAddPath(mContext, thePath);
+    CGContextAddPath(mContext, nullptr);
+    ExpectBox(0, 0, 5, 8);
+    CGContextFillPath(mContext);
+    EXPECT_EQ(Picture(), "\n"
+                         "..........\n"
+                         "..........\n"
+                         "..........\n"
+                         "..........\n"
+                         "..........\n"
+                         "..........\n"
+                         "..........\n"
+                         "....###...\n"
+                         "....###...\n"
+                         "..........\n");
+    CGPathRelease(thePath);
+}

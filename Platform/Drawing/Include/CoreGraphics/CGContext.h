@@ -18,6 +18,7 @@
 
 #include <CoreGraphics/CGAffineTransform.h>
 #include <CoreGraphics/CGColor.h>
+#include <CoreGraphics/CGPath.h>
 
 typedef struct CGContext* CGContextRef;
 
@@ -156,6 +157,9 @@ CG_EXPORT void CGContextAddArc(CGContextRef c, CGFloat x, CGFloat y, CGFloat rad
 // Rounds the corner that the current point, (x1, y1) and (x2, y2) make.
 CG_EXPORT void CGContextAddArcToPoint(CGContextRef c, CGFloat x1, CGFloat y1, CGFloat x2, CGFloat y2,
                                       CGFloat radius);
+
+// All of a path, in the coordinates of the moment.
+CG_EXPORT void CGContextAddPath(CGContextRef c, CGPathRef path);
 
 // In the coordinates of the moment. Without a path the point is zero, and the box is the null rectangle.
 CG_EXPORT bool CGContextIsPathEmpty(CGContextRef c);
