@@ -216,7 +216,7 @@ room Nibs 'Common|Base|Windows'
 room Nibs/Xml 'Nibs'
 room Nibs/Plain 'Nibs'
 room Toolbox 'Common|Base|System|Events|Menus|Windows'
-room Input 'Common|Base|System|Events|Menus|Windows|Toolbox'
+room Input 'Common|Base|System|Events|AppleEvents|Menus|Windows|Toolbox'
 report "Qt stays in its own presenter and in the inspector's window" < <(
     includes Source Platform Examples Tools | grep -E '[<"]Q[A-Za-z]' |
         grep -vE '^(Platform/Presentation/Qt|Tools/Inspector)/'

@@ -42,6 +42,21 @@ bool PresenterEvents::WasTaken() const
     return false;
 }
 
+bool PresenterEvents::OpenAsked(const std::vector<std::string>&)
+{
+    return false;
+}
+
+bool PresenterEvents::PrintAsked(const std::vector<std::string>&)
+{
+    return false;
+}
+
+bool PresenterEvents::ReopenAsked()
+{
+    return false;
+}
+
 double PresenterEvents::FireTimers()
 {
     return -1;

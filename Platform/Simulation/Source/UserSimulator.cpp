@@ -235,6 +235,23 @@ void Drag(ObjectId theControl, DragPhase thePhase, SInt32 theValue)
     PresenterRegistry::Events().ControlDragged({theControl, thePhase, theValue, kNoModifiers});
 }
 
+// Hands files to the program, all of which must be there.
+UserResult HandOver(const std::vector<std::string>& theFiles,
+                    bool (PresenterEvents::*theRequest)(const std::vector<std::string>& theFiles))
+{
+    for (const std::string& theFile : theFiles) {
+        FSRef theReference;
+        if (FSPathMakeRef(reinterpret_cast<const UInt8*>(theFile.c_str()), &theReference, nullptr) != noErr) {
+            return Refuse("there is no file " + Quoted(theFile));
+        }
+    }
+    if (theFiles.empty()) {
+        return Refuse("no file is named");
+    }
+    (PresenterRegistry::Events().*theRequest)(theFiles);
+    return UserResult::Done();
+}
+
 } // namespace
 
 // Results ----------------------------------------------------------------------------------------------
@@ -434,6 +451,24 @@ UserResult UserSimulator::ExpandWindow(WindowRef theWindow)
 UserResult UserSimulator::ActivateWindow(WindowRef theWindow)
 {
     return UseFrame(theWindow, kTitleBar, [](ObjectId) {});
+}
+
+// Files ------------------------------------------------------------------------------------------------
+
+UserResult UserSimulator::OpenFiles(const std::vector<std::string>& theFiles)
+{
+    return HandOver(theFiles, &PresenterEvents::OpenAsked);
+}
+
+UserResult UserSimulator::PrintFiles(const std::vector<std::string>& theFiles)
+{
+    return HandOver(theFiles, &PresenterEvents::PrintAsked);
+}
+
+UserResult UserSimulator::StartAgain()
+{
+    PresenterRegistry::Events().ReopenAsked();
+    return UserResult::Done();
 }
 
 // Looking ----------------------------------------------------------------------------------------------

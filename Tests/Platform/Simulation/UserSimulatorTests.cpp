@@ -4,6 +4,9 @@
 
 namespace {
 
+// The Apple events that a handler has got.
+std::vector<OSType> gAsked;
+
 using UserSimulator = UserSimulatorTest;
 
 using Host::UserResult;
@@ -336,7 +339,7 @@ TEST_F(UserSimulator, ClosesAWindow)
     ExpectRefusal((Take(), mUser.CloseWindow(theWindow)), "the window is gone");
 }
 
-TEST_F(UserSimulator, PressesTheCloseBoxBeforeTheWindowIsAskedToClose)
+TEST_F(UserSimulator, PressesTheCloseBoxBeforeTheWindowIgAskedToClose)
 {
     Consume("close");
     ExpectDone(mUser.CloseWindow(mProgram.mWindow.Get()));
@@ -613,6 +616,27 @@ TEST_F(UserSimulator, KeepsNoPictureOfWhatIsNotDrawnNotShownOrHasNoPlace)
     HideWindow(mProgram.mWindow.Get());
     EXPECT_EQ(mUser.SavePicture(mProgram.mWindow.Get(), thePath).Reason(), "the window is not shown");
     EXPECT_FALSE(mUser.SavePicture(WindowRef{}, thePath));
+}
+
+TEST_F(UserSimulator, OpensAndPrintsFilesAndStartsTheProgramAgain)
+{
+    const AEEventHandlerUPP theHandler = [](const AppleEvent* theEvent, AppleEvent*, SRefCon) -> OSErr {
+        OSType theIdentifier = 0;
+        AEGetAttributePtr(theEvent, keyEventIDAttr, typeType, nullptr, &theIdentifier, sizeof theIdentifier,
+                          nullptr);
+        gAsked.push_back(theIdentifier);
+        return noErr;
+    };
+    AEInstallEventHandler(kCoreEventClass, typeWildCard, theHandler, SRefCon{}, false);
+    gAsked.clear();
+    ExpectDone(mUser.OpenFiles({"/tmp", "/"}));
+    ExpectDone(mUser.PrintFiles({"/tmp"}));
+    ExpectDone(mUser.StartAgain());
+    EXPECT_EQ(gAsked, (std::vector<OSType>{kAEOpenDocuments, kAEPrintDocuments, kAEReopenApplication}));
+    ExpectRefusal(mUser.OpenFiles({"/tmp", "/absent"}), "there is no file \"/absent\"");
+    ExpectRefusal(mUser.PrintFiles({}), "no file is named");
+    EXPECT_EQ(gAsked.size(), 3u);
+    AERemoveEventHandler(kCoreEventClass, typeWildCard, theHandler, false);
 }
 
 TEST_F(UserSimulator, TellsWhatIsOnTheScreen)

@@ -7,6 +7,7 @@
 
 #include <Carbon/AEDataModel.h>
 #include <Carbon/Appearance.h>
+#include <Carbon/AppleEvents.h>
 #include <Carbon/Processes.h>
 #include <Carbon/Quickdraw.h>
 #include <CoreGraphics/CGBitmapContext.h>

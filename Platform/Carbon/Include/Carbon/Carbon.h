@@ -7,7 +7,9 @@
 
 #include <ApplicationServices/ApplicationServices.h>
 #include <Carbon/AEDataModel.h>
+#include <Carbon/AEInteraction.h>
 #include <Carbon/Appearance.h>
+#include <Carbon/AppleEvents.h>
 #include <Carbon/CarbonBase.h>
 #include <Carbon/CarbonEvents.h>
 #include <Carbon/CarbonEventsCore.h>

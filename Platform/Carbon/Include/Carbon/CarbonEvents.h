@@ -67,7 +67,7 @@ enum
     kEventGetSelectedText = kEventTextInputGetSelectedText
 };
 
-// kEventClassAppleEvent
+// kEventClassAppleEvent. What the desktop asks of the program, see AppleEvents.h.
 enum
 {
     kEventAppleEvent = 1,
@@ -368,6 +368,8 @@ enum
     kEventParamParentMenu = 'mprm',                     // MenuRef
     kEventParamParentMenuItem = 'mpri',                 // MenuItemIndex
     kEventParamProcessID = 'psn ',                      // ProcessSerialNumber
+    kEventParamAEEventClass = 'evcl',                   // OSType
+    kEventParamAEEventID = 'evti',                      // OSType
     kEventParamLaunchRefCon = 'lref',                   // RefCon
     kEventParamLaunchErr = 'err ',                      // OSStatus
     kEventParamSystemUIMode = 'uimd',                   // UInt32
@@ -562,8 +564,9 @@ CARBON_EXPORT OSStatus ProcessHICommand(const HICommand* inCommand);
 
 // Takes events from the main queue and sends them to the dispatcher until the application quits: the
 // default handler of kEventAppQuit, present while the loop runs, ends it. So does the command
-// kHICommandQuit when nobody else handles it. The end of the session (SIGTERM, SIGINT, SIGHUP, the desktop's
-// wish) comes as that command; a second signal ends the process at once. A signal that is ignored, or that
+// kHICommandQuit when nobody else handles it, by the Apple event kAEQuitApplication. The program is told what
+// it was started for before anything else, see AppleEvents.h. The end of the session (SIGTERM, SIGINT,
+// SIGHUP, the desktop's wish) comes as that command; a second signal ends the process at once. A signal that is ignored, or that
 // the program handles itself, stays what it is, and all are as before when this returns.
 CARBON_EXPORT void RunApplicationEventLoop(void);
 

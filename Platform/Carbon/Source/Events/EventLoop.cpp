@@ -219,6 +219,8 @@ LoopEnd Run(const DispatchingLoop& theLoop, const Condition& theIsDone)
     return theLoop.theIsOver ? LoopEnd::kQuit : LoopEnd::kDone;
 }
 
+AppleEventCalls gAppleEventCalls;
+
 LoopObserver gLoopObserver = nullptr;
 
 // What the reference of the one event loop points at.
@@ -257,6 +259,16 @@ void SetLastChore(LoopChore theChore)
 bool IsApplicationLoopRunning()
 {
     return ApplicationLoop() != nullptr;
+}
+
+void UseAppleEvents(const AppleEventCalls& theCalls)
+{
+    gAppleEventCalls = theCalls;
+}
+
+const AppleEventCalls& TheAppleEventCalls()
+{
+    return gAppleEventCalls;
 }
 
 void AskToQuit()
@@ -358,6 +370,7 @@ void RunApplicationEventLoop(void)
 {
     const EndSignals theSignals(WakeEventLoop);
     DispatchingLoop theLoop(true);
+    gAppleEventCalls.theTellStart();
     Run(theLoop, [] { return false; });
 }
 

@@ -3,6 +3,7 @@
 #ifndef Events_EventLoop_h
 #define Events_EventLoop_h
 
+#include <Carbon/Carbon.h>
 #include <functional>
 
 namespace Host {
@@ -22,6 +23,17 @@ void SetLastChore(LoopChore theChore);
 
 // Whether RunApplicationEventLoop is running.
 bool IsApplicationLoopRunning();
+
+// What the loop leaves to the Apple events: to tell the program what it was started for, to call the handler
+// of a kEventAppleEvent, and to quit by an Apple event.
+struct AppleEventCalls
+{
+    void (*theTellStart)() = nullptr;
+    OSStatus (*theProcess)(EventRef theEvent) = nullptr;
+    void (*theQuit)() = nullptr;
+};
+void UseAppleEvents(const AppleEventCalls& theCalls);
+const AppleEventCalls& TheAppleEventCalls();
 
 // Asks the application to quit, as a person does by the quit command: sends kHICommandQuit to the user focus,
 // and kEventAppQuit to the application when nobody took that.

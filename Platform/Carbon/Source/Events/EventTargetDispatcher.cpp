@@ -32,8 +32,14 @@ OSStatus HandleCommandEvent(EventRef theEvent, UInt32 theKind)
         theCommand.commandID != kHICommandQuit) {
         return eventNotHandledErr;
     }
-    QuitApplicationEventLoop();
+    TheAppleEventCalls().theQuit();
     return noErr;
+}
+
+OSStatus HandleAppleEvent(EventRef theEvent)
+{
+    return IsApplicationLoopRunning() ? TheAppleEventCalls().theProcess(theEvent)
+                                      : OSStatus(eventNotHandledErr);
 }
 
 // What a key types: the text that came with the event, else its single character.
@@ -79,7 +85,7 @@ OSStatus HandleKeyboardEvent(EventRef theEvent, UInt32 theKind)
 bool ConcernsApplication(OSType theClass)
 {
     return theClass == kEventClassApplication || theClass == kEventClassCommand ||
-           theClass == kEventClassKeyboard;
+           theClass == kEventClassKeyboard || theClass == kEventClassAppleEvent;
 }
 
 OSStatus HandleByApplication(EventRef theEvent)
@@ -92,6 +98,8 @@ OSStatus HandleByApplication(EventRef theEvent)
         return HandleCommandEvent(theEvent, theKind);
     case kEventClassKeyboard:
         return HandleKeyboardEvent(theEvent, theKind);
+    case kEventClassAppleEvent:
+        return HandleAppleEvent(theEvent);
     default:
         return eventNotHandledErr;
     }

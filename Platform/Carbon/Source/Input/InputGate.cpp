@@ -2,6 +2,7 @@
 
 #include "InputGate.h"
 
+#include "AppleEvents/DesktopRequests.h"
 #include "Events/EventLoop.h"
 #include "Events/EventLoopTimers.h"
 #include "Events/EventTargets.h"
@@ -525,6 +526,21 @@ bool InputGate::MenuChosen(const MenuChoice& theChoice, std::uint32_t theModifie
 bool InputGate::MenuClosed(ObjectId theMenu)
 {
     return MenuClosedByPerson(theMenu);
+}
+
+bool InputGate::OpenAsked(const std::vector<std::string>& theFiles)
+{
+    return AskWithFiles(kAEOpenDocuments, theFiles);
+}
+
+bool InputGate::PrintAsked(const std::vector<std::string>& theFiles)
+{
+    return AskWithFiles(kAEPrintDocuments, theFiles);
+}
+
+bool InputGate::ReopenAsked()
+{
+    return AskFor(kAEReopenApplication);
 }
 
 bool InputGate::QuitAsked()

@@ -47,6 +47,9 @@ public:
     bool MenuChosen(const MenuChoice& theChoice, std::uint32_t theModifiers) override;
     bool MenuClosed(ObjectId theMenu) override;
 
+    bool OpenAsked(const std::vector<std::string>& theFiles) override;
+    bool PrintAsked(const std::vector<std::string>& theFiles) override;
+    bool ReopenAsked() override;
     bool QuitAsked() override;
     double FireTimers() override;
 

@@ -79,6 +79,13 @@ public:
     virtual bool MenuChosen(const MenuChoice& theChoice, std::uint32_t theModifiers) = 0;
     virtual bool MenuClosed(ObjectId theMenu) = 0;
 
+    // The desktop asks the application to open or print files, which are named by path or by a file URL, or
+    // to come to the front again, as when it is started once more. Dropped when no file is there; the
+    // defaults drop everything.
+    virtual bool OpenAsked(const std::vector<std::string>& theFiles);
+    virtual bool PrintAsked(const std::vector<std::string>& theFiles);
+    virtual bool ReopenAsked();
+
     // The desktop asks the application to quit; it reaches the application as the quit command does.
     virtual bool QuitAsked() = 0;
 

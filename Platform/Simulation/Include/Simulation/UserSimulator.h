@@ -139,6 +139,16 @@ public:
     // Clicks the title bar, which makes the window the active one. Refused when it has no title bar.
     UserResult ActivateWindow(WindowRef theWindow);
 
+    // Files --------------------------------------------------------------------------------------------
+
+    // Opens or prints files with the program, on the desktop: by double-click or by dropping them on it. They
+    // are named by path. Refused when one is not there.
+    UserResult OpenFiles(const std::vector<std::string>& theFiles);
+    UserResult PrintFiles(const std::vector<std::string>& theFiles);
+
+    // Starts the program although it runs, as a click on its icon does.
+    UserResult StartAgain();
+
     // Menus --------------------------------------------------------------------------------------------
 
     // A menu is named by its title; the first of that name counts, menus of the bar before their submenus,

@@ -1,12 +1,9 @@
 // LmBindings — Copyright (c) 2026 The LmBindings authors. MIT licence, see LICENSE.
 
-#include "DescriptorTestSupport.h"
+#include "AppleEventTestSupport.h"
 
 #include <cmath>
-#include <cstdio>
-#include <fstream>
 #include <limits>
-#include <unistd.h>
 
 namespace {
 
@@ -36,37 +33,6 @@ std::string UnitBytes(const std::u16string& theText)
 {
     return std::string(reinterpret_cast<const char*>(theText.data()), theText.size() * 2);
 }
-
-// A file that is gone at the end.
-class TestFile
-{
-public:
-    TestFile()
-    {
-        char theName[] = "/tmp/a bXXXXXX";
-        close(mkstemp(theName));
-        mPath = theName;
-    }
-    ~TestFile() { std::remove(mPath.c_str()); }
-    TestFile(const TestFile&) = delete;
-    TestFile& operator=(const TestFile&) = delete;
-
-    const std::string& Path() const { return mPath; }
-
-    std::string Reference() const
-    {
-        FSRef theReference = {};
-        EXPECT_EQ(FSPathMakeRef(reinterpret_cast<const UInt8*>(mPath.c_str()), &theReference, nullptr),
-                  noErr);
-        return BytesOfValue(theReference);
-    }
-
-    // The path as a URL has it.
-    std::string URL() const { return "/tmp/a%20b" + mPath.substr(8); }
-
-private:
-    std::string mPath;
-};
 
 } // namespace
 
