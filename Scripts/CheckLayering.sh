@@ -194,7 +194,7 @@ report "The headless presenter stands below the managers" < <(
 )
 report "Presenters know nothing of the managers" < <(
     includes Platform/Presentation/Qt |
-        grep -E '[<"/](Carbon|CoreFoundation|CoreGraphics|CoreServices|Simulation|Base|System|Events|AppleEvents|Menus|Windows|Alerts|Objects|Views|Toolbox|Input)/'
+        grep -E '[<"/](Carbon|CoreFoundation|CoreGraphics|CoreServices|Simulation|Base|System|Events|AppleEvents|Menus|Windows|Alerts|Objects|Views|Toolbox|Nibs|Input)/'
 )
 report "Nothing but tests and examples knows the simulated person" < <(
     includes Source Platform | grep -E '[<"/]Simulation/' | grep -v '^Platform/Simulation/'

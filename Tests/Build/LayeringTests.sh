@@ -15,7 +15,7 @@ fresh_tree()
     rm -rf "${gTree:?}"/*
     mkdir -p "$gTree"/Source/{Core,Core/Internal,Controllers/Internal,Inspection/Internal,Inspector/Internal} \
         "$gTree"/Platform/{CoreFoundation,CoreServices,Simulation} \
-        "$gTree"/Platform/Carbon/Source/{Base,System,Events,Menus,Windows/ControlKinds,Alerts,Objects,Views,Toolbox,Input} \
+        "$gTree"/Platform/Carbon/Source/{Base,System,Events,Menus,Windows/ControlKinds,AppleEvents,Alerts,Objects,Views,Toolbox,Nibs/{Xml,Plain},Input} \
         "$gTree/Platform/Common" "$gTree"/Platform/Presentation/{Include/Presentation,Headless,Qt} "$gTree/Examples" \
         "$gTree"/Tools/{Inspect,Inspector}
     printf '%s\n' '#ifndef LmThing_h' '#include <Carbon/Carbon.h>' '#include <vector>' '#endif' \
@@ -124,6 +124,9 @@ breaks Platform/Carbon/Source/Windows/Window.cpp '#include "Toolbox/Cursors.h"'
 breaks Platform/Carbon/Source/Windows/Window.cpp '#include "Views/Views.h"'
 breaks Platform/Carbon/Source/Toolbox/Cursors.cpp '#include "Input/Gate.h"'
 breaks Platform/Carbon/Source/Alerts/Alert.cpp '#include "Windows/Window.h"'
+breaks Platform/Carbon/Source/Nibs/Nib.cpp '#include <libxml/parser.h>'
+breaks Platform/Carbon/Source/Nibs/Nib.h '#include "Toolbox/Cursors.h"'
+breaks Platform/Carbon/Source/Nibs/Xml/Reader.cpp '#include "Windows/Window.h"'
 breaks Platform/Presentation/Include/Presentation/Presenter.h '#include <Carbon/Carbon.h>'
 breaks Platform/Presentation/Include/Presentation/Presenter.h '#include <QString>'
 breaks Platform/Carbon/Source/Base/Table.h '#include "Events/Loop.h"'

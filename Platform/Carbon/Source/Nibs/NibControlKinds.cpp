@@ -437,6 +437,26 @@ OSStatus MakeChasingArrows(const NibMaking& theMaking, ControlRef* theControl)
     return CreateChasingArrowsControl(theMaking.theWindow, &theMaking.theBounds, theControl);
 }
 
+OSStatus MakeClock(const NibMaking& theMaking, ControlRef* theControl)
+{
+    const NibObject& theObject = theMaking.theObject;
+    const UInt32 theFlags =
+        (theObject.Flag("isEditable", true) ? UInt32{kControlClockNoFlags}
+                                            : UInt32{kControlClockIsDisplayOnly}) |
+        (theObject.Flag("isLive") ? UInt32{kControlClockIsLive} : UInt32{kControlClockNoFlags});
+    return CreateClockControl(theMaking.theWindow, &theMaking.theBounds,
+                              static_cast<ControlClockType>(theObject.Number("clockType")),
+                              static_cast<ControlClockFlags>(theFlags), theControl);
+}
+
+OSStatus MakePopupArrow(const NibMaking& theMaking, ControlRef* theControl)
+{
+    return CreatePopupArrowControl(
+        theMaking.theWindow, &theMaking.theBounds,
+        static_cast<ControlPopupArrowOrientation>(theMaking.theObject.Number("orientation")),
+        static_cast<ControlPopupArrowSize>(theMaking.theObject.Number("size")), theControl);
+}
+
 OptionBits ComboBoxAttributes(const NibObject& theObject)
 {
     const auto theBit = [&](const char* theName, bool theDefault, OptionBits theBits) {
@@ -554,6 +574,7 @@ const std::unordered_map<std::string, NibMaker>& Makers()
         {"IBCarbonButton", MakePushButton},
         {"IBCarbonChasingArrows", MakeChasingArrows},
         {"IBCarbonCheckBox", MakeCheckBox},
+        {"IBCarbonClockDate", MakeClock},
         {"IBCarbonComboBox", MakeComboBox},
         {"IBCarbonCustom", MakeOwnView},
         {"IBCarbonEditText", MakeEditText},
@@ -564,6 +585,7 @@ const std::unordered_map<std::string, NibMaker>& Makers()
         {"IBCarbonImageWell", MakeImageWell},
         {"IBCarbonLittleArrows", MakeLittleArrows},
         {"IBCarbonPicture", MakePicture},
+        {"IBCarbonPopupArrow", MakePopupArrow},
         {"IBCarbonPopupButton", MakePopUp},
         {"IBCarbonProgressBar", MakeProgressBar},
         {"IBCarbonRadioButton", MakeRadioButton},
