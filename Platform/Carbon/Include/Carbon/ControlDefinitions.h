@@ -717,10 +717,88 @@ CARBON_EXPORT OSStatus CreateTabsControl(WindowRef window, const Rect* boundsRec
 // Sets kControlTabEnabledFlagTag of the tab of this number.
 CARBON_EXPORT OSErr SetTabEnabled(ControlRef inTabControl, SInt16 inTabToHilite, Boolean inEnabled);
 
+// What a program can do in a user pane by procedures, which are given as data (kControlUserPane...ProcTag). A
+// handler of the event that goes with a procedure is asked before it, and the procedure only when no handler
+// has taken the event. Each may dispose the pane.
+//
+// HitTest gives the part at a point that is counted as the control's own are, 0 for none. Tracking is called
+// with a press of a part, if the pane has kControlHandlesTracking: it follows the press by itself and gives
+// the part that was hit, 0 for none. Activate is called after the pane or what it stands in becomes active or
+// inactive, if it has kControlWantsActivate. Focus is called with kControlFocusNextPart when the pane is to
+// get the focus, and with kControlFocusNoPart when it is to lose it, if it has kControlSupportsFocus; with 0
+// it refuses the focus. KeyDown is called with each key while the pane has the focus, and gives 0 for one
+// that it does not want; the character is in the encoding of the system, 0 for a key that types nothing.
+typedef ControlPartCode (*ControlUserPaneHitTestProcPtr)(ControlRef control, Point where);
+typedef ControlUserPaneHitTestProcPtr ControlUserPaneHitTestUPP;
+typedef ControlPartCode (*ControlUserPaneTrackingProcPtr)(ControlRef control, Point startPt,
+                                                          ControlActionUPP actionProc);
+typedef ControlUserPaneTrackingProcPtr ControlUserPaneTrackingUPP;
+typedef ControlPartCode (*ControlUserPaneKeyDownProcPtr)(ControlRef control, SInt16 keyCode, SInt16 charCode,
+                                                         SInt16 modifiers);
+typedef ControlUserPaneKeyDownProcPtr ControlUserPaneKeyDownUPP;
+typedef void (*ControlUserPaneActivateProcPtr)(ControlRef control, Boolean activating);
+typedef ControlUserPaneActivateProcPtr ControlUserPaneActivateUPP;
+typedef ControlPartCode (*ControlUserPaneFocusProcPtr)(ControlRef control, ControlFocusPart action);
+typedef ControlUserPaneFocusProcPtr ControlUserPaneFocusUPP;
+
+CARBON_INLINE ControlUserPaneHitTestUPP
+NewControlUserPaneHitTestUPP(ControlUserPaneHitTestProcPtr userRoutine)
+{
+    return userRoutine;
+}
+CARBON_INLINE void DisposeControlUserPaneHitTestUPP(ControlUserPaneHitTestUPP userUPP)
+{
+    (void)userUPP;
+}
+CARBON_INLINE ControlUserPaneTrackingUPP
+NewControlUserPaneTrackingUPP(ControlUserPaneTrackingProcPtr userRoutine)
+{
+    return userRoutine;
+}
+CARBON_INLINE void DisposeControlUserPaneTrackingUPP(ControlUserPaneTrackingUPP userUPP)
+{
+    (void)userUPP;
+}
+CARBON_INLINE ControlUserPaneKeyDownUPP
+NewControlUserPaneKeyDownUPP(ControlUserPaneKeyDownProcPtr userRoutine)
+{
+    return userRoutine;
+}
+CARBON_INLINE void DisposeControlUserPaneKeyDownUPP(ControlUserPaneKeyDownUPP userUPP)
+{
+    (void)userUPP;
+}
+CARBON_INLINE ControlUserPaneActivateUPP
+NewControlUserPaneActivateUPP(ControlUserPaneActivateProcPtr userRoutine)
+{
+    return userRoutine;
+}
+CARBON_INLINE void DisposeControlUserPaneActivateUPP(ControlUserPaneActivateUPP userUPP)
+{
+    (void)userUPP;
+}
+CARBON_INLINE ControlUserPaneFocusUPP NewControlUserPaneFocusUPP(ControlUserPaneFocusProcPtr userRoutine)
+{
+    return userRoutine;
+}
+CARBON_INLINE void DisposeControlUserPaneFocusUPP(ControlUserPaneFocusUPP userUPP)
+{
+    (void)userUPP;
+}
+
+enum
+{
+    kControlUserPaneHitTestProcTag = 'hitt',  // ControlUserPaneHitTestUPP; each may be null
+    kControlUserPaneTrackingProcTag = 'trak', // ControlUserPaneTrackingUPP
+    kControlUserPaneKeyDownProcTag = 'keyd',  // ControlUserPaneKeyDownUPP
+    kControlUserPaneActivateProcTag = 'acti', // ControlUserPaneActivateUPP
+    kControlUserPaneFocusProcTag = 'foci'     // ControlUserPaneFocusUPP
+};
+
 // A pane that shows nothing itself. features are those that GetControlFeatures gives: with
 // kControlSupportsEmbedding, other controls can be embedded, and are hidden and shown with it. A press
-// reaches it where handlers of kEventControlHitTest give a part; the procedures that a program can give it
-// are not there. A null window is a paramErr.
+// reaches it where handlers of kEventControlHitTest or its procedure give a part. A null window is a
+// paramErr.
 CARBON_EXPORT OSStatus CreateUserPaneControl(WindowRef window, const Rect* boundsRect, UInt32 features,
                                              ControlRef* outControl);
 

@@ -137,6 +137,7 @@ enum
 {
     kControlSupportsEmbedding = 1 << 1,
     kControlSupportsFocus = 1 << 2,
+    kControlWantsActivate = 1 << 4,
     kControlHandlesTracking = 1 << 5,
     kControlSupportsDataAccess = 1 << 6,
     kControlGetsFocusOnClick = 1 << 8,

@@ -139,6 +139,9 @@ OSStatus Control::Set(ControlState theState, bool theIsOn)
     }
     for (const SharedControl& theControl : theChanged) {
         if (!theControl->mIsGone) {
+            theControl->StateChanged(theState, theIsOn);
+        }
+        if (!theControl->mIsGone) {
             theControl->Tell(kEventClassControl, KindOfChange(theState, theIsOn));
         }
     }
@@ -395,6 +398,18 @@ ControlPartCode Control::FocusPart(bool) const
 {
     return kControlFocusNoPart;
 }
+
+std::optional<ControlPartCode> Control::TrackByProcedure(Point)
+{
+    return std::nullopt;
+}
+
+ControlPartCode Control::AnswerFocus(ControlPartCode thePart)
+{
+    return thePart;
+}
+
+void Control::StateChanged(ControlState, bool) {}
 
 void Control::FocusMoved(bool) {}
 

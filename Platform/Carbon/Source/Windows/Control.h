@@ -195,6 +195,9 @@ public:
     // part when none was. Nothing for a control whose press is followed event by event.
     virtual std::optional<ControlPartCode> TrackInLoop(ControlPartCode thePart, UInt32 theModifiers);
 
+    // The same by a procedure of the program, which is told where in the content it begins.
+    virtual std::optional<ControlPartCode> TrackByProcedure(Point theContentPoint);
+
     // What a click on a part turns the value into before it is told of; gives false when it leaves the value
     // alone.
     virtual bool ToggledValue(ControlPartCode thePart, SInt32* theValue) const;
@@ -225,6 +228,13 @@ public:
 
     // Whether a click on a control in this one is a choice among them all, of which this one is told too.
     virtual bool ChoosesAmong(const Control& theSubControl) const;
+
+    // The part that takes the focus when no handler has said so, kControlFocusNoPart to refuse it. thePart is
+    // kControlFocusNoPart when the control is to lose the focus, and the answer means nothing.
+    virtual ControlPartCode AnswerFocus(ControlPartCode thePart);
+
+    // A state that it has with everything around it is another. Called before the handlers are told.
+    virtual void StateChanged(ControlState theState, bool theIsOn);
 
     // The focus came or went. Called after the handlers were asked and before they are told.
     virtual void FocusMoved(bool theHasFocus);

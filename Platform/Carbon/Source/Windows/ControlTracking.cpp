@@ -103,7 +103,10 @@ std::optional<TrackingResult> TrackByHandler(const Control& theControl, const Pr
 // Shows the part pressed for as long as the control follows the press by itself.
 std::optional<TrackingResult> TrackInLoop(Control& theControl, ControlPartCode thePart, const Press& thePress)
 {
-    const std::optional<ControlPartCode> thePartHit = theControl.TrackInLoop(thePart, thePress.theModifiers);
+    std::optional<ControlPartCode> thePartHit = theControl.TrackByProcedure(thePress.thePoint);
+    if (!thePartHit && !theControl.IsGone()) {
+        thePartHit = theControl.TrackInLoop(thePart, thePress.theModifiers);
+    }
     return thePartHit ? std::optional<TrackingResult>({*thePartHit, thePress.theModifiers}) : std::nullopt;
 }
 

@@ -33,6 +33,9 @@ ControlPartCode AskForFocus(const SharedControl& theControl, ControlPartCode the
     if (theAnswer == noErr) {
         theEvent.Read(kEventParamControlPart, typeControlPartCode, &thePart);
     }
+    if (theAnswer == eventNotHandledErr && !theControl->IsGone()) {
+        return theControl->AnswerFocus(thePart);
+    }
     return theAnswer == noErr || theAnswer == eventNotHandledErr ? thePart
                                                                  : ControlPartCode{kControlFocusNoPart};
 }

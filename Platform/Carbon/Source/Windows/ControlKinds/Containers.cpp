@@ -2,8 +2,10 @@
 
 #include "Containers.h"
 
+#include "Base/Geometry.h"
 #include "Creation.h"
 #include "DataTags.h"
+#include "Windows/ControlTracking.h"
 
 #include <algorithm>
 
@@ -18,6 +20,80 @@ UserPane::UserPane(UInt32 theFeatures)
     : CustomView(theFeatures)
 {
 }
+
+// User panes ---------------------------------------------------------------------------------------------
+
+ControlPartCode UserPane::UnhandledPartAt(Point thePoint) const
+{
+    return mHitTest == nullptr ? ControlPartCode{kControlNoPart} : mHitTest(Reference(), thePoint);
+}
+
+std::optional<ControlPartCode> UserPane::TrackByProcedure(Point theContentPoint)
+{
+    if (mTracking == nullptr || !Has(kControlHandlesTracking)) {
+        return std::nullopt;
+    }
+    const SharedControl theKeepAlive = shared_from_this();
+    const Point theOrigin = OriginOf(*this);
+    return mTracking(Reference(), MakePoint(theContentPoint.h - theOrigin.h, theContentPoint.v - theOrigin.v),
+                     mAction);
+}
+
+OSStatus UserPane::PressKey(const KeyPress& theKey)
+{
+    if (mKeyDown == nullptr) {
+        return eventNotHandledErr;
+    }
+    const SharedControl theKeepAlive = shared_from_this();
+    const std::string theBytes = BytesOf(theKey.theText);
+    const auto theCharacter = theBytes.empty() ? '\0' : theBytes.front();
+    const ControlPartCode thePart =
+        mKeyDown(Reference(), static_cast<SInt16>(theKey.theCode), static_cast<unsigned char>(theCharacter),
+                 static_cast<SInt16>(theKey.theModifiers));
+    return thePart == kControlNoPart ? OSStatus{eventNotHandledErr} : OSStatus{noErr};
+}
+
+// It has one part for the focus, whatever its program makes of it.
+ControlPartCode UserPane::FocusPart(bool) const
+{
+    return mFocus != nullptr && Has(kControlSupportsFocus) ? ControlPartCode{1}
+                                                           : ControlPartCode{kControlFocusNoPart};
+}
+
+ControlPartCode UserPane::AnswerFocus(ControlPartCode thePart)
+{
+    if (mFocus == nullptr || !Has(kControlSupportsFocus)) {
+        return thePart;
+    }
+    const SharedControl theKeepAlive = shared_from_this();
+    const bool theComes = thePart != kControlFocusNoPart;
+    const ControlPartCode theAnswer = mFocus(Reference(), theComes ? ControlFocusPart{kControlFocusNextPart}
+                                                                   : ControlFocusPart{kControlFocusNoPart});
+    return theAnswer == kControlFocusNoPart ? theAnswer : thePart;
+}
+
+void UserPane::StateChanged(ControlState theState, bool theIsOn)
+{
+    if (theState == ControlState::kActive && mActivate != nullptr && Has(kControlWantsActivate)) {
+        const SharedControl theKeepAlive = shared_from_this();
+        mActivate(Reference(), theIsOn);
+    }
+}
+
+const ControlDataTag* UserPane::FindTag(ResType theTag) const
+{
+    static const ControlDataTag kTags[] = {
+        NumberTag<UserPane, ControlUserPaneHitTestUPP, &UserPane::mHitTest>(kControlUserPaneHitTestProcTag),
+        NumberTag<UserPane, ControlUserPaneTrackingUPP, &UserPane::mTracking>(
+            kControlUserPaneTrackingProcTag),
+        NumberTag<UserPane, ControlUserPaneKeyDownUPP, &UserPane::mKeyDown>(kControlUserPaneKeyDownProcTag),
+        NumberTag<UserPane, ControlUserPaneActivateUPP, &UserPane::mActivate>(
+            kControlUserPaneActivateProcTag),
+        NumberTag<UserPane, ControlUserPaneFocusUPP, &UserPane::mFocus>(kControlUserPaneFocusProcTag)};
+    return FindIn(kTags, theTag, CustomView::FindTag(theTag));
+}
+
+// Boxes --------------------------------------------------------------------------------------------------
 
 GroupBox::GroupBox()
     : Control(kControlKindGroupBox, kControlSupportsEmbedding)

@@ -14,11 +14,28 @@ public:
     RootControl();
 };
 
-// Holds what the program puts into it.
+// Holds what the program puts into it, and does what the program's procedures do.
 class UserPane : public CustomView
 {
 public:
     explicit UserPane(UInt32 theFeatures);
+    ControlPartCode UnhandledPartAt(Point thePoint) const override;
+    std::optional<ControlPartCode> TrackByProcedure(Point theContentPoint) override;
+    OSStatus PressKey(const KeyPress& theKey) override;
+    ControlPartCode FocusPart(bool theIsFullAccess) const override;
+    ControlPartCode AnswerFocus(ControlPartCode thePart) override;
+    void StateChanged(ControlState theState, bool theIsOn) override;
+    const ControlDataTag* FindTag(ResType theTag) const override;
+
+    // Null where the program has given none.
+    ControlUserPaneHitTestUPP mHitTest = nullptr;
+    ControlUserPaneTrackingUPP mTracking = nullptr;
+    ControlUserPaneKeyDownUPP mKeyDown = nullptr;
+    ControlUserPaneActivateUPP mActivate = nullptr;
+    ControlUserPaneFocusUPP mFocus = nullptr;
+
+private:
+    bool Has(UInt32 theFeature) const { return (Features() & theFeature) != 0; }
 };
 
 class GroupBox : public Control

@@ -20,14 +20,22 @@ ControlPartCode CustomView::PartAt(Point thePoint) const
         return thePart;
     }
     const Point theOrigin = OriginOf(*this);
+    const Point theOwnPoint = MakePoint(thePoint.h - theOrigin.h, thePoint.v - theOrigin.v);
     OutgoingEvent theEvent(kEventClassControl, kEventControlHitTest);
     theEvent.Set(kEventParamDirectObject, typeControlRef, Reference());
-    theEvent.Set(kEventParamMouseLocation, typeQDPoint,
-                 MakePoint(thePoint.h - theOrigin.h, thePoint.v - theOrigin.v));
-    if (theEvent.SendTo(Target(), kEventTargetDontPropagate) == noErr) {
+    theEvent.Set(kEventParamMouseLocation, typeQDPoint, theOwnPoint);
+    const OSStatus theAnswer = theEvent.SendTo(Target(), kEventTargetDontPropagate);
+    if (theAnswer == noErr) {
         theEvent.Read(kEventParamControlPart, typeControlPartCode, &thePart);
+    } else if (theAnswer == eventNotHandledErr && !IsGone()) {
+        thePart = UnhandledPartAt(theOwnPoint);
     }
     return thePart;
+}
+
+ControlPartCode CustomView::UnhandledPartAt(Point) const
+{
+    return kControlNoPart;
 }
 
 bool CustomView::HasPartAt(ControlPartCode thePart, Point thePoint) const

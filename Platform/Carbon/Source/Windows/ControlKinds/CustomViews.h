@@ -15,6 +15,9 @@ public:
     explicit CustomView(UInt32 theFeatures);
     ControlPartCode PartAt(Point thePoint) const override;
     bool HasPartAt(ControlPartCode thePart, Point thePoint) const override;
+
+    // The part at a point that is counted as the view's own, where no handler has said which.
+    virtual ControlPartCode UnhandledPartAt(Point thePoint) const;
 };
 
 } // namespace Host

@@ -240,3 +240,250 @@ TEST_F(RadioGroups, AHandlerMayDisposeTheGroupWhileItChanges)
     EXPECT_FALSE(IsValidControlHandle(mGroup));
     EXPECT_FALSE(IsValidControlHandle(mButtons[2]));
 }
+
+// Procedures of user panes -------------------------------------------------------------------------------
+
+namespace {
+
+class PaneProcedures : public ControlKindTest
+{
+protected:
+    PaneProcedures()
+    {
+        Calls().clear();
+        sIsDisposing = false;
+        sAnswer = 3;
+    }
+
+    // From 20, 200 to 120, 300.
+    ControlRef NewPane(UInt32 theFeatures = 0)
+    {
+        const Rect theBounds = MakeRect(20, 200, 120, 300);
+        ControlRef thePane = nullptr;
+        EXPECT_EQ(CreateUserPaneControl(mWindow, &theBounds, theFeatures, &thePane), noErr);
+        return thePane;
+    }
+
+    template <class Procedure>
+    static void Give(ControlRef thePane, ResType theTag, Procedure theProcedure)
+    {
+        EXPECT_EQ(SetControlData(thePane, 0, theTag, sizeof theProcedure, &theProcedure), noErr);
+    }
+
+    static void GiveAll(ControlRef thePane)
+    {
+        Give(thePane, kControlUserPaneHitTestProcTag, NewControlUserPaneHitTestUPP(HitTest));
+        Give(thePane, kControlUserPaneTrackingProcTag, NewControlUserPaneTrackingUPP(Track));
+        Give(thePane, kControlUserPaneKeyDownProcTag, NewControlUserPaneKeyDownUPP(KeyDown));
+        Give(thePane, kControlUserPaneActivateProcTag, NewControlUserPaneActivateUPP(Activate));
+        Give(thePane, kControlUserPaneFocusProcTag, NewControlUserPaneFocusUPP(TakeFocus));
+    }
+
+    static Log& Calls()
+    {
+        static Log sCalls;
+        return sCalls;
+    }
+
+    static Log TakeCalls() { return std::exchange(Calls(), Log()); }
+
+    static ControlPartCode Note(ControlRef thePane, const std::string& theCall)
+    {
+        Calls().push_back(theCall);
+        if (sIsDisposing) {
+            DisposeControl(thePane);
+        }
+        return sAnswer;
+    }
+
+    static ControlPartCode HitTest(ControlRef thePane, Point where)
+    {
+        return Note(thePane, "hit test " + std::to_string(where.h) + ", " + std::to_string(where.v));
+    }
+
+    static ControlPartCode Track(ControlRef thePane, Point startPt, ControlActionUPP actionProc)
+    {
+        return Note(thePane, "track " + std::to_string(startPt.h) + ", " + std::to_string(startPt.v) +
+                                 (actionProc == nullptr ? "" : " with an action"));
+    }
+
+    static ControlPartCode KeyDown(ControlRef thePane, SInt16 keyCode, SInt16 charCode, SInt16 modifiers)
+    {
+        return Note(thePane, "key " + std::to_string(keyCode) + ", " + std::to_string(charCode) + ", " +
+                                 std::to_string(modifiers));
+    }
+
+    static void Activate(ControlRef thePane, Boolean activating)
+    {
+        Note(thePane, activating != 0 ? "activate" : "deactivate");
+    }
+
+    static ControlPartCode TakeFocus(ControlRef thePane, ControlFocusPart action)
+    {
+        return Note(thePane, "focus " + std::to_string(action));
+    }
+
+    OSErr GiveKeys(ControlRef theControl)
+    {
+        return SetKeyboardFocus(mWindow, theControl, kControlFocusNextPart);
+    }
+
+    static bool sIsDisposing;
+    static ControlPartCode sAnswer;
+};
+
+bool PaneProcedures::sIsDisposing = false;
+ControlPartCode PaneProcedures::sAnswer = 3;
+
+} // namespace
+
+TEST_F(PaneProcedures, AreDataThatCanBeReadAndTakenAway)
+{
+    ControlRef thePane = NewPane();
+    ControlUserPaneHitTestUPP theProcedure = HitTest;
+    Size theSize = 0;
+    const auto theRead = [&] {
+        EXPECT_EQ(GetControlData(thePane, 0, kControlUserPaneHitTestProcTag, sizeof theProcedure,
+                                 &theProcedure, &theSize),
+                  noErr);
+        return theProcedure;
+    };
+    EXPECT_EQ(theRead(), nullptr);
+    EXPECT_EQ(theSize, Size{sizeof theProcedure});
+    Give(thePane, kControlUserPaneHitTestProcTag, NewControlUserPaneHitTestUPP(HitTest));
+    EXPECT_EQ(theRead(), &HitTest);
+    EXPECT_EQ(TestControl(thePane, Point{210, 30}), 3);
+    Give(thePane, kControlUserPaneHitTestProcTag, ControlUserPaneHitTestUPP{nullptr});
+    EXPECT_EQ(TestControl(thePane, Point{210, 30}), kControlNoPart);
+    EXPECT_EQ(SetControlData(thePane, 0, kControlUserPaneHitTestProcTag, 1, &theProcedure),
+              errDataSizeMismatch);
+}
+
+TEST_F(PaneProcedures, AHandlerIsAskedBeforeThem)
+{
+    ControlRef thePane = NewPane();
+    GiveAll(thePane);
+    EXPECT_EQ(TestControl(thePane, Point{210, 30}), 3);
+    EXPECT_EQ(TakeCalls(), Log{"hit test 30, 210"});
+    Watch(thePane, "pane", {{kEventClassControl, kEventControlHitTest}}, [](EventRef) { return noErr; });
+    EXPECT_EQ(TestControl(thePane, Point{210, 30}), kControlNoPart);
+    EXPECT_EQ(TakeCalls(), Log());
+}
+
+TEST_F(PaneProcedures, APressIsFollowedByTheOneForTracking)
+{
+    ControlRef thePane = NewPane(kControlHandlesTracking);
+    GiveAll(thePane);
+    SetControlAction(thePane, NoteAction);
+    Watch(thePane, "pane", {{kEventClassControl, kEventControlHit}});
+    Mouse(kEventMouseDown, 30, 210);
+    EXPECT_EQ(TakeCalls(), (Log{"hit test 30, 210", "track 30, 210 with an action"}));
+    EXPECT_EQ(TakeLog(), Log{"pane: Hit"});
+    sAnswer = 0;
+    Mouse(kEventMouseDown, 30, 210);
+    EXPECT_EQ(TakeCalls(), Log{"hit test 30, 210"}) << "no part is pressed";
+    EXPECT_EQ(TakeLog(), Log());
+
+    ControlRef theOther = NewPane();
+    DisposeControl(thePane);
+    GiveAll(theOther);
+    sAnswer = 3;
+    Mouse(kEventMouseDown, 30, 210);
+    EXPECT_EQ(TakeCalls(), Log{"hit test 30, 210"}) << "it does not track by itself";
+    Mouse(kEventMouseUp, 30, 210);
+}
+
+TEST_F(PaneProcedures, TheFocusComesAndGoesWithThem)
+{
+    ControlRef thePane = NewPane(kControlSupportsFocus);
+    ControlRef theField = NewFieldAt(200, 200);
+    EXPECT_EQ(GiveKeys(thePane), errCouldntSetFocus) << "without a procedure";
+    GiveAll(thePane);
+    EXPECT_EQ(GiveKeys(thePane), noErr);
+    EXPECT_EQ(Focus(), thePane);
+    SetFocus(theField);
+    EXPECT_EQ(TakeCalls(), (Log{"focus -1", "focus 0"}));
+    sAnswer = 0;
+    EXPECT_EQ(GiveKeys(thePane), errCouldntSetFocus);
+    EXPECT_NE(Focus(), thePane) << "the pane refused";
+    EXPECT_EQ(TakeCalls(), Log{"focus -1"});
+    ControlRef theOther = NewPane();
+    GiveAll(theOther);
+    EXPECT_EQ(GiveKeys(theOther), errCouldntSetFocus) << "it does not support the focus";
+    EXPECT_EQ(TakeCalls(), Log());
+}
+
+TEST_F(PaneProcedures, KeysArriveWithCodeCharacterAndModifiers)
+{
+    ControlRef thePane = NewPane(kControlSupportsFocus);
+    GiveAll(thePane);
+    GiveKeys(thePane);
+    TakeCalls();
+    EXPECT_EQ(Key(0, "a", shiftKey), noErr);
+    EXPECT_EQ(Key(kVK_F1), noErr);
+    TestEvent theUmlaut(kEventClassKeyboard, kEventRawKeyDown, kEventAttributeUserEvent);
+    const UniChar theCharacter = 0xF6;
+    theUmlaut.Set(kEventParamKeyCode, typeUInt32, UInt32{41});
+    SetEventParameter(theUmlaut.Get(), kEventParamKeyUnicodes, typeUnicodeText, sizeof theCharacter,
+                      &theCharacter);
+    EXPECT_EQ(SendEventToEventTarget(theUmlaut.Get(), GetUserFocusEventTarget()), noErr);
+    EXPECT_EQ(TakeCalls(), (Log{"key 0, 97, 512", "key 122, 0, 0", "key 41, 154, 0"}));
+    sAnswer = 0;
+    EXPECT_EQ(Key(0, "a"), eventNotHandledErr);
+}
+
+TEST_F(PaneProcedures, TheyHearWhenThePaneBecomesActiveOrInactive)
+{
+    ControlRef theOuter = NewPane(kControlSupportsEmbedding);
+    ControlRef thePane = NewPane(kControlWantsActivate);
+    ControlRef theOther = NewPane();
+    GiveAll(thePane);
+    GiveAll(theOther);
+    EmbedControl(thePane, theOuter);
+    TakeCalls();
+    DeactivateControl(theOuter);
+    EXPECT_EQ(TakeCalls(), Log{"deactivate"});
+    ActivateControl(theOuter);
+    DisableControl(thePane);
+    EnableControl(thePane);
+    EXPECT_EQ(TakeCalls(), Log{"activate"});
+}
+
+TEST_F(PaneProcedures, EachMayDisposeThePane)
+{
+    const UInt32 theFeatures = kControlSupportsFocus | kControlHandlesTracking | kControlWantsActivate;
+    const auto theNew = [&](ResType theTag, auto theProcedure) {
+        ControlRef thePane = NewPane(theFeatures);
+        Give(thePane, theTag, theProcedure);
+        return thePane;
+    };
+    ControlRef thePane = theNew(kControlUserPaneHitTestProcTag, HitTest);
+    sIsDisposing = true;
+    Mouse(kEventMouseDown, 30, 210);
+    EXPECT_FALSE(IsValidControlHandle(thePane));
+
+    thePane = theNew(kControlUserPaneFocusProcTag, TakeFocus);
+    EXPECT_EQ(GiveKeys(thePane), errCouldntSetFocus);
+    EXPECT_FALSE(IsValidControlHandle(thePane));
+
+    thePane = theNew(kControlUserPaneActivateProcTag, Activate);
+    DeactivateControl(thePane);
+    EXPECT_FALSE(IsValidControlHandle(thePane));
+
+    thePane = theNew(kControlUserPaneFocusProcTag, TakeFocus);
+    Give(thePane, kControlUserPaneKeyDownProcTag, NewControlUserPaneKeyDownUPP(KeyDown));
+    sIsDisposing = false;
+    EXPECT_EQ(GiveKeys(thePane), noErr);
+    sIsDisposing = true;
+    Key(0, "a");
+    EXPECT_FALSE(IsValidControlHandle(thePane));
+
+    thePane = theNew(kControlUserPaneTrackingProcTag, Track);
+    Watch(thePane, "pane", {{kEventClassControl, kEventControlHitTest}}, [](EventRef theEvent) {
+        const ControlPartCode thePart = 1;
+        SetEventParameter(theEvent, kEventParamControlPart, typeControlPartCode, sizeof thePart, &thePart);
+        return OSStatus{noErr};
+    });
+    Mouse(kEventMouseDown, 30, 210);
+    EXPECT_FALSE(IsValidControlHandle(thePane));
+}
