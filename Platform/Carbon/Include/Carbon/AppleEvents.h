@@ -91,8 +91,8 @@ CARBON_EXPORT OSErr InvokeAEEventHandlerUPP(const AppleEvent* theAppleEvent, App
 // any. An event goes to the handler of its class and identifier, else of its class, else of its identifier,
 // else of any event; those for the system come after all of the program's.
 //
-// Without a handler kAEQuitApplication ends the application's event loop as QuitApplicationEventLoop does, and
-// kAEOpenApplication and kAEReopenApplication are good. Everything else is errAEEventNotHandled.
+// Without a handler kAEQuitApplication ends the application's event loop as QuitApplicationEventLoop does,
+// and kAEOpenApplication and kAEReopenApplication are good. Everything else is errAEEventNotHandled.
 CARBON_EXPORT OSErr AEInstallEventHandler(AEEventClass theAEEventClass, AEEventID theAEEventID,
                                           AEEventHandlerUPP handler, SRefCon handlerRefcon,
                                           Boolean isSysHandler);
