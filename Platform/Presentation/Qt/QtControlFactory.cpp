@@ -141,7 +141,8 @@ protected:
             return;
         }
         QImage theImage(reinterpret_cast<const uchar*>(mPicture->thePixels.data()), mPicture->theWidth,
-                        mPicture->theHeight, 4 * mPicture->theWidth, QImage::Format_ARGB32_Premultiplied);
+                        mPicture->theHeight, qsizetype{4} * mPicture->theWidth,
+                        QImage::Format_ARGB32_Premultiplied);
         theImage.setDevicePixelRatio(mPicture->theScale);
         QPainter(this).drawImage(mPlace - pos(), theImage);
     }

@@ -35,7 +35,7 @@ protected:
         return thePane;
     }
 
-    void DrawWith(ControlRef theView, const std::string& theName, Drawing theDrawing = nullptr)
+    void DrawWith(ControlRef theView, const std::string& theName, const Drawing& theDrawing = nullptr)
     {
         mDraws.push_back(std::make_unique<EventWatch>(
             GetControlEventTarget(theView), theName, mUnnoted, std::vector<EventTypeSpec>{DrawEvent()},
