@@ -566,8 +566,8 @@ CARBON_EXPORT OSStatus ProcessHICommand(const HICommand* inCommand);
 // default handler of kEventAppQuit, present while the loop runs, ends it. So does the command
 // kHICommandQuit when nobody else handles it, by the Apple event kAEQuitApplication. The program is told what
 // it was started for before anything else, see AppleEvents.h. The end of the session (SIGTERM, SIGINT,
-// SIGHUP, the desktop's wish) comes as that command; a second signal ends the process at once. A signal that is ignored, or that
-// the program handles itself, stays what it is, and all are as before when this returns.
+// SIGHUP, the desktop's wish) comes as that command; a second signal ends the process at once. A signal that
+// is ignored, or that the program handles itself, stays what it is, and all are as before when this returns.
 CARBON_EXPORT void RunApplicationEventLoop(void);
 
 // Sends kEventAppQuit to the application target. A handler that returns noErr for it keeps the
