@@ -39,7 +39,9 @@ def main():
     base = [compiler, f"--target={target}-apple-macosx10.7", "-fsyntax-only", *flags]
 
     def parse(entry):
-        command = base + flags_of(entry["command"]) + [entry["file"]]
+        # The compiler of C++ takes every file for one in C++.
+        language = ["-x", "c"] if entry["file"].endswith(".c") else []
+        command = base + flags_of(entry["command"]) + language + [entry["file"]]
         return subprocess.run(command, cwd=build, capture_output=True, text=True, check=False)
 
     with open(os.path.join(build, "compile_commands.json"), encoding="utf-8") as file:

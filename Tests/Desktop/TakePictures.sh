@@ -12,7 +12,7 @@ kScreen=1600x960
 # shellcheck source=Tests/Desktop/Screen.sh
 . "$(dirname "$0")/Screen.sh"
 
-kContentHeight=330
+kContentHeight=400
 # Of the frame that the window manager draws.
 kTitleHeight=24
 # The left edges of the frames of the fields, in the content.

@@ -39,6 +39,13 @@
 
 namespace {
 
+// At a point of the window, however many pixels of the picture that is.
+QColor ColourAt(const QImage& thePicture, int theX, int theY)
+{
+    const int theScale = qRound(thePicture.devicePixelRatio());
+    return thePicture.pixelColor(theX * theScale, theY * theScale);
+}
+
 using Host::ControlLook;
 using Host::ControlShape;
 using Host::MenuBarLook;
@@ -192,16 +199,16 @@ TEST_F(QtLooks, ShowsTheVeryPixelsThatAProgramHasDrawn)
     ControlLook theLook = Control(ControlShape::kPane);
     theLook.theRareLook = std::make_shared<const Host::RareLook>(theRareLook);
     QImage theImage = Shown<QWidget>(theLook).grab().toImage();
-    const QColor theGround = theImage.pixelColor(2, 0);
-    EXPECT_EQ(theImage.pixelColor(0, 0), QColor(255, 0, 0));
-    EXPECT_EQ(theImage.pixelColor(1, 0), QColor(0, 255, 0));
-    EXPECT_EQ(theImage.pixelColor(0, 1), theGround);
+    const QColor theGround = ColourAt(theImage, 2, 0);
+    EXPECT_EQ(ColourAt(theImage, 0, 0), QColor(255, 0, 0));
+    EXPECT_EQ(ColourAt(theImage, 1, 0), QColor(0, 255, 0));
+    EXPECT_EQ(ColourAt(theImage, 0, 1), theGround);
     theRareLook.theDrawing = std::make_shared<const Host::Picture>(
         Host::Picture{4, 2, 2, std::vector<std::uint32_t>(8, 0xFF0000FF)});
     theLook.theRareLook = std::make_shared<const Host::RareLook>(theRareLook);
     theImage = Shown<QWidget>(theLook).grab().toImage();
-    EXPECT_EQ(theImage.pixelColor(1, 0), QColor(0, 0, 255));
-    EXPECT_EQ(theImage.pixelColor(2, 0), theGround);
+    EXPECT_EQ(ColourAt(theImage, 1, 0), QColor(0, 0, 255));
+    EXPECT_EQ(ColourAt(theImage, 2, 0), theGround);
     EXPECT_EQ(mPresenter.ScaleOf(kWindow), qCeil(WindowWidget().devicePixelRatio()));
 }
 

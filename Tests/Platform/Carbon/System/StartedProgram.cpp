@@ -41,7 +41,8 @@ int main()
     RunApplicationEventLoop();
     // What it was started for is said once.
     const EventLoopTimerUPP theEnd = [](EventLoopTimerRef, void*) { QuitApplicationEventLoop(); };
-    InstallEventLoopTimer(GetMainEventLoop(), 0, 0, theEnd, nullptr, nullptr);
+    EventLoopTimerRef theTimer = nullptr;
+    InstallEventLoopTimer(GetMainEventLoop(), 0, 0, theEnd, nullptr, &theTimer);
     RunApplicationEventLoop();
     return 0;
 }
