@@ -36,6 +36,23 @@ std::vector<std::weak_ptr<DrawnView>>& Waiting()
     return sWaiting.Get();
 }
 
+// A view that goes stays in the row, and what it had in memory with it, until others need its place.
+void MakeRoomAmongWaiting()
+{
+    std::vector<std::weak_ptr<DrawnView>>& theWaiting = Waiting();
+    if (theWaiting.size() < theWaiting.capacity()) {
+        return;
+    }
+    theWaiting.erase(
+        std::remove_if(theWaiting.begin(), theWaiting.end(),
+                       [](const std::weak_ptr<DrawnView>& theView) { return theView.expired(); }),
+        theWaiting.end());
+    // Where few have gone there is to be room for more, lest they be looked through again with each new one.
+    if (theWaiting.size() >= theWaiting.capacity() / 2) {
+        theWaiting.reserve(theWaiting.capacity() * 2 + 1);
+    }
+}
+
 // Takes out the views that theIsWanted, those that hold others before them.
 template <class Condition>
 std::vector<SharedView> TakeWaiting(const Condition& theIsWanted)
@@ -229,6 +246,7 @@ void DrawnView::Mark(const CGRect& thePart)
     Guarded([&] {
         if (!mIsWaiting) {
             SetLastChore(DrawAllWaiting);
+            MakeRoomAmongWaiting();
             Waiting().push_back(std::static_pointer_cast<DrawnView>(shared_from_this()));
             mIsWaiting = true;
         }
