@@ -30,7 +30,8 @@ import sys
 from collections import Counter, defaultdict
 from pathlib import Path
 
-from GroupFiles import DefinedNames
+sys.dont_write_bytecode = True
+from GroupFiles import DefinedNames  # noqa: E402
 
 kRoot = Path(__file__).resolve().parent.parent
 kPlaces = ("Source/", "Platform/", "Tools/", "Examples/", "Tests/", "Benchmarks/")
