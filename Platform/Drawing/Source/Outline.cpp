@@ -58,9 +58,33 @@ double Distance(Spot theOne, Spot theOther)
     return std::hypot(theOther.theX - theOne.theX, theOther.theY - theOne.theY);
 }
 
+// Angles are turned into coordinates, and back, as exactly as coordinates are kept: in 32-bit programs, where
+// the functions for doubles set the processor's rounding in ways that emulators do not know, with those for
+// floats.
+double Sine(double theAngle)
+{
+    return double{std::sin(static_cast<CGFloat>(theAngle))};
+}
+
+double Cosine(double theAngle)
+{
+    return double{std::cos(static_cast<CGFloat>(theAngle))};
+}
+
+double Tangent(double theAngle)
+{
+    return double{std::tan(static_cast<CGFloat>(theAngle))};
+}
+
+double DirectionOf(Spot theSpot, Spot theFrom)
+{
+    return double{std::atan2(static_cast<CGFloat>(theSpot.theY - theFrom.theY),
+                             static_cast<CGFloat>(theSpot.theX - theFrom.theX))};
+}
+
 Spot OnCircle(Spot theCentre, double theRadius, double theAngle)
 {
-    return {theCentre.theX + theRadius * std::cos(theAngle), theCentre.theY + theRadius * std::sin(theAngle)};
+    return {theCentre.theX + theRadius * Cosine(theAngle), theCentre.theY + theRadius * Sine(theAngle)};
 }
 
 // How far an arc turns: a whole circle at most.
@@ -312,7 +336,7 @@ void Outline::Sweep(Spot theCentre, double theRadius, double theStart, double th
 {
     const int theCount = std::max(1, static_cast<int>(std::ceil(std::fabs(theAngle) / (kPi / 2) - 1e-6)));
     const double thePart = theAngle / theCount;
-    const double thePull = 4.0 / 3 * std::tan(thePart / 4) * theRadius;
+    const double thePull = 4.0 / 3 * Tangent(thePart / 4) * theRadius;
     for (int theIndex = 0; theIndex < theCount; ++theIndex) {
         const double theFrom = theStart + thePart * theIndex;
         const double theTo = theFrom + thePart;
@@ -348,8 +372,8 @@ void Outline::ArcToPoint(CGPoint theCorner, CGPoint theEnd, CGFloat theRadius,
     const Spot theTop = SpotOf(theCorner);
     const Spot theFrom = Applied(mCurrent, CGAffineTransformInvert(theTransform));
     const Spot theTo = SpotOf(theEnd);
-    const double theFirst = std::atan2(theFrom.theY - theTop.theY, theFrom.theX - theTop.theX);
-    const double theSecond = std::atan2(theTo.theY - theTop.theY, theTo.theX - theTop.theX);
+    const double theFirst = DirectionOf(theFrom, theTop);
+    const double theSecond = DirectionOf(theTo, theTop);
     const double theOpening = std::remainder(theSecond - theFirst, 2 * kPi);
     const double theHalf = std::fabs(theOpening) / 2;
     const bool theIsCorner = Distance(theFrom, theTop) > 0 && Distance(theTo, theTop) > 0 && theHalf > 1e-6 &&
@@ -360,7 +384,7 @@ void Outline::ArcToPoint(CGPoint theCorner, CGPoint theEnd, CGFloat theRadius,
     }
     const double theSide = theOpening > 0 ? 1 : -1;
     const double theRound = double{theRadius};
-    const Spot theCentre = OnCircle(theTop, theRound / std::sin(theHalf), theFirst + theSide * theHalf);
+    const Spot theCentre = OnCircle(theTop, theRound / Sine(theHalf), theFirst + theSide * theHalf);
     const double theStart = theFirst - theSide * kPi / 2;
     LineOrMove(OnCircle(theCentre, theRound, theStart), theTransform);
     Sweep(theCentre, theRound, theStart, -theSide * (kPi - 2 * theHalf), theTransform);
