@@ -256,9 +256,10 @@ std::string DrawSegments(const ControlLook& theLook)
     std::string theText;
     for (const SegmentLook& theSegment : theLook.Rare().theSegments) {
         const std::string thePicture = DrawPicture(theSegment.thePicture);
-        std::string theOne = OneLine(theSegment.theTitle);
-        theOne = thePicture + (thePicture.empty() || theOne.empty() ? "" : " ") + theOne;
-        theOne = theSegment.theIsEnabled ? theOne : "(" + theOne + ")";
+        const std::string theTitle = OneLine(theSegment.theTitle);
+        const std::string theContent =
+            thePicture + (thePicture.empty() || theTitle.empty() ? "" : " ") + theTitle;
+        const std::string theOne = theSegment.theIsEnabled ? theContent : "(" + theContent + ")";
         theText += theText.empty() ? "" : "|";
         theText += theSegment.theIsOn ? "# " + theOne + " #" : " " + theOne + " ";
     }

@@ -134,6 +134,7 @@ TEST(Descriptors, AnInventedOneIsRecognised)
 TEST(Descriptors, EachThreadMayHaveItsOwn)
 {
     std::vector<std::thread> theThreads;
+    theThreads.reserve(4);
     for (int theThread = 0; theThread < 4; ++theThread) {
         theThreads.emplace_back([] {
             for (int theRound = 0; theRound < 100; ++theRound) {

@@ -440,6 +440,7 @@ TEST_F(PaneProcedures, TheyHearWhenThePaneBecomesActiveOrInactive)
     GiveAll(thePane);
     GiveAll(theOther);
     EmbedControl(thePane, theOuter);
+    EmbedControl(theOther, theOuter);
     TakeCalls();
     DeactivateControl(theOuter);
     EXPECT_EQ(TakeCalls(), Log{"deactivate"});
