@@ -250,18 +250,23 @@ std::string DrawPicture(const ControlLook& theLook)
     return DrawPicture(theLook.Rare().thePicture);
 }
 
+std::string DrawSegment(const SegmentLook& theSegment)
+{
+    const std::string thePicture = DrawPicture(theSegment.thePicture);
+    const std::string theTitle = OneLine(theSegment.theTitle);
+    const std::string theContent =
+        thePicture + (thePicture.empty() || theTitle.empty() ? "" : " ") + theTitle;
+    const std::string theOne = theSegment.theIsEnabled ? theContent : "(" + theContent + ")";
+    return theSegment.theIsOn ? "# " + theOne + " #" : " " + theOne + " ";
+}
+
 // "[# List #|<folder> Icons|(Tree)]": one that is on, one with an image, and one that is disabled.
 std::string DrawSegments(const ControlLook& theLook)
 {
     std::string theText;
     for (const SegmentLook& theSegment : theLook.Rare().theSegments) {
-        const std::string thePicture = DrawPicture(theSegment.thePicture);
-        const std::string theTitle = OneLine(theSegment.theTitle);
-        const std::string theContent =
-            thePicture + (thePicture.empty() || theTitle.empty() ? "" : " ") + theTitle;
-        const std::string theOne = theSegment.theIsEnabled ? theContent : "(" + theContent + ")";
         theText += theText.empty() ? "" : "|";
-        theText += theSegment.theIsOn ? "# " + theOne + " #" : " " + theOne + " ";
+        theText += DrawSegment(theSegment);
     }
     return "[" + theText + "]";
 }
