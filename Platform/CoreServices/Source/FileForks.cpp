@@ -139,6 +139,22 @@ OSErr MoveTo(OpenFile& theFile, UInt16 theMode, SInt64 theOffset)
     return theStatus == noErr ? theFile.SetPosition(thePosition) : theStatus;
 }
 
+// A number of an open file; where it cannot be had, theResult stays as it is.
+OSErr TellNumber(FSIORefNum theNumber, OSErr (OpenFile::*theAsk)(std::int64_t&) const, SInt64* theResult)
+{
+    if (theResult == nullptr) {
+        return paramErr;
+    }
+    return WithFork(theNumber, [&](Fork& theFork) {
+        std::int64_t theAnswer = 0;
+        const OSErr theStatus = (theFork.theFile.*theAsk)(theAnswer);
+        if (theStatus == noErr) {
+            *theResult = theAnswer;
+        }
+        return theStatus;
+    });
+}
+
 } // namespace
 
 } // namespace Host
@@ -211,15 +227,7 @@ OSErr FSWriteFork(FSIORefNum forkRefNum, UInt16 positionMode, SInt64 positionOff
 
 OSErr FSGetForkPosition(FSIORefNum forkRefNum, SInt64* position)
 {
-    if (position == nullptr) {
-        return paramErr;
-    }
-    return WithFork(forkRefNum, [&](Fork& theFork) {
-        std::int64_t thePosition = 0;
-        const OSErr theStatus = theFork.theFile.GetPosition(thePosition);
-        *position = theStatus == noErr ? thePosition : *position;
-        return theStatus;
-    });
+    return TellNumber(forkRefNum, &OpenFile::GetPosition, position);
 }
 
 OSErr FSSetForkPosition(FSIORefNum forkRefNum, UInt16 positionMode, SInt64 positionOffset)
@@ -230,15 +238,7 @@ OSErr FSSetForkPosition(FSIORefNum forkRefNum, UInt16 positionMode, SInt64 posit
 
 OSErr FSGetForkSize(FSIORefNum forkRefNum, SInt64* forkSize)
 {
-    if (forkSize == nullptr) {
-        return paramErr;
-    }
-    return WithFork(forkRefNum, [&](Fork& theFork) {
-        std::int64_t theLength = 0;
-        const OSErr theStatus = theFork.theFile.GetLength(theLength);
-        *forkSize = theStatus == noErr ? theLength : *forkSize;
-        return theStatus;
-    });
+    return TellNumber(forkRefNum, &OpenFile::GetLength, forkSize);
 }
 
 OSErr FSSetForkSize(FSIORefNum forkRefNum, UInt16 positionMode, SInt64 positionOffset)
